@@ -1,0 +1,31 @@
+# How every target of the project is compiled, and the two shapes that targets have:
+# a room (one static library per folder of src/) and a test program (one per folder of tests/).
+
+add_library(kalvex_flags INTERFACE)
+target_compile_options(kalvex_flags INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Wold-style-cast -Werror
+  # A product and a sum are two roundings, always: one point and an array of points must agree.
+  -ffp-contract=off)
+if(KALVEX_SANITIZE)
+  target_compile_options(kalvex_flags INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(kalvex_flags INTERFACE -fsanitize=address,undefined)
+endif()
+
+# kalvex_room(NAME SOURCES file... [USES library...])
+function(kalvex_room NAME)
+  cmake_parse_arguments(ROOM "" "" "SOURCES;USES" ${ARGN})
+  add_library(kalvex_${NAME} STATIC ${ROOM_SOURCES})
+  target_include_directories(kalvex_${NAME} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  target_link_libraries(kalvex_${NAME} PUBLIC ${ROOM_USES} PRIVATE kalvex_flags)
+endfunction()
+
+# kalvex_test(NAME SOURCES file... [USES library...]): a GoogleTest program with CTest entries.
+function(kalvex_test NAME)
+  cmake_parse_arguments(TEST "" "" "SOURCES;USES" ${ARGN})
+  add_executable(${NAME}_tests ${TEST_SOURCES})
+  target_include_directories(${NAME}_tests PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+  target_link_libraries(${NAME}_tests PRIVATE ${TEST_USES} GTest::gtest_main kalvex_flags)
+  gtest_discover_tests(${NAME}_tests TEST_PREFIX ${NAME}. DISCOVERY_TIMEOUT 60
+                       PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+endfunction()

@@ -1,0 +1,19 @@
+// Conversions between UTF-8 and UTF-16 that accept any bytes.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace kalvex {
+
+/// UTF-16 of a UTF-8 text. Each byte that does not belong to a well-formed sequence (stray or
+/// missing continuation, overlong form, surrogate, beyond U+10FFFF) becomes one U+FFFD.
+std::u16string ToUtf16(std::string_view utf8);
+
+/// UTF-8 of a UTF-16 text. A surrogate without its partner becomes U+FFFD.
+std::string ToUtf8(std::u16string_view utf16);
+
+/// UTF-16 of an ASCII text, character by character.
+std::u16string Widen(std::string_view ascii);
+
+}  // namespace kalvex

@@ -1,0 +1,58 @@
+// Compiling an expression and evaluating it: once, over an array of x, or over the rows of a grid.
+// All of them run the same program on the same kernels, so their results agree bit for bit.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include "expr/eval_error.h"
+
+namespace kalvex {
+
+struct Program;
+
+/// One compiled expression. Copies share the program, which is never changed once made.
+struct CompiledExpression {
+    std::shared_ptr<const Program> program;  ///< null: nothing compiled
+};
+
+/// Compiles a normalised text that passed CheckExpression. Any other text gives an expression
+/// whose value is not-a-number; nothing is reported.
+CompiledExpression CompileExpression(std::u16string_view text);
+
+/// Releases the program; the expression is then like a new one.
+void FreeExpression(CompiledExpression& expression);
+
+/// Value at one point. Sets EvalError to the first failing primitive's code or leaves it alone;
+/// the value is then meaningless. An expression that was never compiled is not-a-number.
+double EvaluateExpression(const CompiledExpression& expression, double x, double y = 0.0);
+
+struct EvaluationResult {
+    double value = 0.0;      ///< UndefinedValue where a primitive failed
+    std::int32_t error = 0;  ///< the code of EvalError; 0: a good point
+};
+
+/// One record per x, in order, at y = 0.
+std::vector<EvaluationResult> EvaluateAt(const CompiledExpression& expression,
+                                         std::span<const double> xs);
+
+/// The same into two arrays of xs.size() elements, at the given y. Allocates nothing for each
+/// point.
+void EvaluateInto(const CompiledExpression& expression, std::span<const double> xs, double y,
+                  std::span<double> values, std::span<std::int32_t> errors);
+
+/// An expression prepared for many rows over the same abscissas: what depends on x alone is
+/// computed once, what depends on y alone once per row.
+struct GridRows;
+
+/// Prepares the rows over these abscissas (copied).
+std::shared_ptr<GridRows> PrepareGridRows(const CompiledExpression& expression,
+                                          std::span<const double> xs);
+
+/// Values G(x, y) over all abscissas of the preparation; 1e30 where a primitive failed.
+void EvaluateGridRow(GridRows& rows, double y, std::span<double> values);
+
+}  // namespace kalvex

@@ -1,0 +1,22 @@
+// Plays drawing records with QPainter. Needs a QGuiApplication for texts.
+#pragma once
+
+#include <QImage>
+
+#include "graph/draw_list.h"
+
+class QPainter;
+
+namespace kalvex {
+
+/// Draws all records; coordinates are logical pixels of the painter's device.
+void PlayDrawList(QPainter& painter, const DrawList& list);
+
+/// The picture on white, at a device pixel ratio (the image is list.width * ratio pixels wide and
+/// carries the ratio). Format RGB32. A size of 0 or below gives a null image.
+QImage PaintPicture(const DrawList& list, double devicePixelRatio = 1.0);
+
+/// The text-measuring function that belongs to this painter's fonts.
+MeasureText PainterTextMeasure();
+
+}  // namespace kalvex

@@ -1,0 +1,121 @@
+#include "resources/strings.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+#include "base/encoding.h"
+
+namespace kalvex {
+namespace {
+
+struct Entry {
+    StringId id;
+    std::u16string_view text;
+};
+
+constexpr Entry kTable[] = {
+    {StringId::Title, u"Kalvex"},
+    {StringId::PictureAlbumClass, u"HTCAlbumClass"},
+    {StringId::MustChooseFunction,
+     u"You must choose function!\n\nTo select the double-tap the function name"},
+    {StringId::Error, u"Error!"},
+    {StringId::ParametricNeedsTwo,
+     u"You have entered only one equation, while the parametric type requires two!"},
+    {StringId::ErrorInFunction, u"Error in %d function:\n%s\n%s"},
+    {StringId::ErrorFormat, u"Error %s"},
+    {StringId::EmptyString, u"Empty string"},
+    {StringId::TooManyClosing, u"Too many closing brackets"},
+    {StringId::UnevenBrackets, u"Various number of opening and closing brackets"},
+    {StringId::BadBeginning, u"Expression can not begin with the characters: *,/,^)"},
+    {StringId::NextTwoCharacters, u"Next two characters"},
+    {StringId::SignBeforeClosing, u"Before the closing bracket may be a sign"},
+    {StringId::SignAfterOpening,
+     u"After opening the brackets can not be a sign or closing bracket"},
+    {StringId::NameWithoutBracket, u"After the names of the functions should be '('"},
+    {StringId::Success, u"Sucsses!"},
+    {StringId::UnknownLexeme, u"There is an unknown lexeme"},
+    {StringId::WrongNumberOfCommas, u"Wrong number of commas"},
+    {StringId::CommaPlacement, u"Check the placement of commas"},
+    {StringId::Select, u"Select"},
+    {StringId::Unselect, u"Unselect"},
+    {StringId::DivisionByZero, u"Division by 0 not allowed"},
+    {StringId::LogarithmOfNegative, u"The logarithm of a negative argument is not specified"},
+    {StringId::AcosDomain, u"acos is defined on the interval [-1,1]"},
+    {StringId::AsinDomain, u"asin is defined on the interval [-1,1]"},
+    {StringId::FractionalPower, u"Fractional degree is defined only on nonnegative numbers"},
+    {StringId::CiAtZero, u"The function Ci is not defined at zero"},
+    {StringId::ChiAtZero, u"The function Chi is not defined at zero"},
+    {StringId::PsiDomain, u"The function Psi is not defined in the negative integers"},
+    {StringId::EiDomain, u"The function Ei is defined only on nonnegative numbers"},
+    {StringId::BetaDomain, u"Beta function of a negative argument is not specified"},
+    {StringId::BesselDomain,
+     u"Bessel function is not defined in the negative numbers of the second argument and the "
+     u"first non-integer"},
+    {StringId::ModifiedBesselDomain,
+     u"Modified Bessel function is not defined in non-positive numbers of the second argument "
+     u"and negative first"},
+    {StringId::HyperDomain, u"Hypergeometric function is defined on the interval [-1,1]"},
+    {StringId::ChebDomain,
+     u"Cheb first argument should be either 1 or 2, the second must be an integer, the third "
+     u"should be in the range [-1, 1]"},
+    {StringId::HiDomain, u"Hi first argument should be an integer non-negative number"},
+    {StringId::LagDomain, u"Lag first argument should be a positive integer"},
+    {StringId::LegDomain,
+     u"First argument Leg must be a positive integer, the second should be from the interval "
+     u"[-1, 1]"},
+    {StringId::ErrorInFile, u"Error in file!"},
+    {StringId::ManyLines,
+     u"The file %s has very many lines, the construction schedule can take a very long time. "
+     u"Continue?"},
+    {StringId::NoExtrapolation, u"When linear interpolation, extrapolation is impossible"},
+    {StringId::ApproxType, u"Approx. type"},
+    {StringId::TooManyTerms,
+     u"In function %d:\nThe number of terms to use in the approximating polynomial, must be at "
+     u"least 1 and it must less than the number of input points."},
+    {StringId::Warning, u"Warning!"},
+    {StringId::TestTitle, u"Test"},
+    {StringId::UnknownCodeText, u"RegOpenKeyEx"},
+    {StringId::UnknownCodeTitle, u"батарея %d"},
+    {StringId::EvalErrorTitle, u"%s error"},
+    {StringId::RegistryErrorText,
+     u"Restart the program. If the error appears again, reinstall the program."},
+    {StringId::RegistryErrorTitle, u"Registry error"},
+    {StringId::SaveIntoRegistryFailed, u"Error save value into registry!"},
+    {StringId::PictureSavedText, u"Save"},
+    {StringId::PictureSavedCaption, u"Info"},
+};
+
+}  // namespace
+
+std::u16string_view Text(StringId id) {
+    const auto* const entry =
+        std::find_if(std::begin(kTable), std::end(kTable),
+                     [id](const Entry& candidate) { return candidate.id == id; });
+    return entry == std::end(kTable) ? std::u16string_view{} : entry->text;
+}
+
+std::u16string FillIn(std::u16string_view format,
+                      std::initializer_list<std::u16string_view> texts) {
+    std::u16string out;
+    const auto* next = texts.begin();
+    for (std::size_t i = 0; i < format.size(); ++i) {
+        const bool place = format[i] == u'%' && i + 1 < format.size();
+        if (!place) {
+            out.push_back(format[i]);
+        } else if (format[++i] == u'%') {
+            out.push_back(u'%');
+        } else if (next != texts.end()) {
+            out.append(*next++);
+        }
+    }
+    return out;
+}
+
+std::u16string NumberText(std::int64_t number) {
+    std::array<char, 24> digits{};
+    const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), number);
+    return Widen({digits.data(), result.ptr});
+}
+
+}  // namespace kalvex

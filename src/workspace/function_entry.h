@@ -1,0 +1,92 @@
+// The shared records: one function line, its samples and points, the nine lines together.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "expr/evaluator.h"
+
+namespace kalvex {
+
+/// Stored codes. None (0) means that no type was set yet.
+enum class EquationType : std::int32_t {
+    None = 0,
+    Polar = 1,
+    Decart = 2,
+    Parametric = 3,
+    File = 4,
+    Implicit = 5
+};
+
+/// One plotted sample.
+struct CurveSample {
+    std::int32_t column = 0;  ///< logical pixels; (0, 0) marks an unplotted sample
+    std::int32_t row = 0;
+    double x = 0.0;  ///< world coordinates
+    double y = 0.0;
+    double parameter = 0.0;   ///< angle (radians) or t; 0 for the other types
+    std::int32_t status = 0;  ///< EvalError code of the sample, 0 when it is good
+};
+
+/// A row of a point table; the layout of a sample, of which only x and y are read from the file.
+using PointRecord = CurveSample;
+
+/// One function line. Compiled forms: index 0 is the expression (of `Parametric`: X), 1 is Y.
+struct FunctionEntry {
+    std::int32_t type = 0;    ///< an EquationType as stored; other numbers are kept, never drawn
+    std::int32_t color = 0;   ///< 1..9, index into the colour table
+    std::int32_t approx = 0;  ///< approximation method 0..12
+    std::u16string text;      ///< the line as typed; of a File its name without the path
+    std::u16string workingText;
+    std::u16string yText;
+    std::array<CompiledExpression, 2> compiled;
+    std::vector<CurveSample> samples;
+    std::uint8_t selected = 0;
+    std::vector<PointRecord> points;
+    std::int32_t approx_val = 1;
+    std::int32_t approx_val2 = 0;
+    double beta1 = 1.0;
+    double beta2 = 0.0;
+};
+
+inline constexpr int kSlotCount = 9;
+
+using FunctionList = std::array<FunctionEntry, kSlotCount>;
+
+/// What stands in the nine edit lines, by slot.
+using EditorLines = std::array<std::u16string, kSlotCount>;
+
+struct Rgb {
+    std::uint8_t red = 0;
+    std::uint8_t green = 0;
+    std::uint8_t blue = 0;
+    friend bool operator==(const Rgb&, const Rgb&) = default;
+};
+
+struct NamedColor {
+    std::u16string_view name;  ///< the menu word
+    Rgb rgb;
+};
+
+/// Indexed by `color` - 1.
+inline constexpr std::array<NamedColor, 9> kColorTable = {{
+    {u"Red", {255, 0, 0}},
+    {u"Orange", {255, 165, 0}},
+    {u"Violet", {138, 43, 226}},
+    {u"Green", {50, 205, 50}},
+    {u"Blue", {0, 0, 255}},
+    {u"Magenta", {255, 0, 255}},
+    {u"Cyan", {0, 255, 255}},
+    {u"Black", {0, 0, 0}},
+    // KEEP: the ninth word is "Great" and the colour a dark grey; settings and menus rely on it.
+    {u"Great", {105, 105, 105}},
+}};
+
+/// The colour of an index 1..9; black for any other index.
+constexpr Rgb ColorOf(std::int32_t color) {
+    return color >= 1 && color <= 9 ? kColorTable[static_cast<std::size_t>(color - 1)].rgb : Rgb{};
+}
+
+}  // namespace kalvex

@@ -1,0 +1,36 @@
+// Loading and storing of all settings in the registry's own spellings, order and encodings.
+#pragma once
+
+#include <string_view>
+
+#include "base/message_box.h"
+#include "workspace/registry.h"
+#include "workspace/workspace.h"
+
+namespace kalvex {
+
+/// Makes all keys with their defaults when the store is empty and fills the lines with examples.
+/// Returns whether it did (a first start); false also when the store cannot be written.
+bool CreateDefaultKeys(const Registry& registry);
+
+/// The three loading steps of the start, in the program's order of calls. A value that cannot be
+/// read gets its default; loading always goes on. `LoadSettings` reads the options and the view,
+/// `LoadFunctionSettings` colours, types and approximation, `LoadFunctionTexts` the lines (and
+/// clears every `selected`).
+void LoadFunctionTexts(const Registry& registry, Workspace& workspace, const ShowMessage& show);
+void LoadFunctionSettings(const Registry& registry, Workspace& workspace, const ShowMessage& show);
+void LoadSettings(const Registry& registry, Workspace& workspace, const ShowMessage& show);
+
+/// Stores bounds, factors and the parameter range; stops at the first failure.
+bool StoreView(const Registry& registry, const ViewWindow& view, const Options& options);
+
+/// Stores colour, type and approximation of slots 1 to 9; stops at the first failure.
+bool StoreFunctionSettings(const Registry& registry, const FunctionList& functions);
+
+/// Stores one line's text under `equ` (cut to 50 UTF-16 units). Slot index 0..8.
+bool StoreFunctionText(const Registry& registry, int slot, std::u16string_view text);
+
+/// Stores one number of the main key. 1 on success, 0 on failure.
+std::int32_t StoreOption(const Registry& registry, std::string_view name, std::int32_t value);
+
+}  // namespace kalvex
