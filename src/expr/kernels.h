@@ -1,0 +1,78 @@
+// The array operations behind the evaluator: one table of kernels for each instruction set, chosen
+// once at the start by what the processor has. Within one table every lane is computed
+// independently of its neighbours, so one point and many points agree bit for bit; the tables with
+// fused multiply-add (AVX2 and AVX-512) agree with each other too.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "expr/names.h"
+
+namespace kalvex {
+
+/// All arrays that kernels touch are padded to a multiple of this many elements.
+inline constexpr std::size_t kPaddedLanes = 8;
+
+/// Operations of a program. Functions of the language follow from `Function` on, in the order of
+/// their numbers.
+enum class OpCode : std::uint8_t {
+    Add,
+    Subtract,
+    Multiply,
+    Divide,
+    Power,
+    IntegerPower,        ///< a ^ immediate, |immediate| <= kLargestIntegerPower
+    SquareRoot,          ///< a ^ 0.5
+    MultiplyAdd,         ///< a * b + c in two roundings
+    MultiplySubtract,    ///< a * b - c
+    SubtractMultiplied,  ///< c - a * b
+    Function = 16,
+};
+
+inline constexpr std::size_t kOpCodeCount = 16 + kFunctionNames.size();
+
+constexpr OpCode FunctionOp(FunctionNumber number) {
+    return static_cast<OpCode>(static_cast<int>(OpCode::Function) + static_cast<int>(number));
+}
+
+/// Exponents up to this magnitude are computed as products.
+inline constexpr int kLargestIntegerPower = 1024;
+
+/// An operand: an array, or one value for all lanes when `values` is null.
+struct Source {
+    const double* values = nullptr;
+    double scalar = 0.0;
+};
+
+struct KernelCall {
+    double* out = nullptr;           ///< may be one of the operands' arrays
+    const Source* in = nullptr;      ///< as many as the operation has operands
+    std::size_t count = 0;           ///< a multiple of kPaddedLanes
+    std::int32_t* errors = nullptr;  ///< first failure of each lane; kernels fill zeros only
+    int immediate = 0;
+};
+
+/// Computes all lanes; true when a lane failed its domain test (its code is then in `errors`, its
+/// value is meaningless).
+using Kernel = bool (*)(const KernelCall&);
+
+struct KernelTable {
+    const char* name = "";
+    Kernel kernels[kOpCodeCount] = {};  ///< null: a function without an array form
+};
+
+/// The tables that this processor can run, best first; never empty.
+struct KernelTables {
+    const KernelTable* tables[3] = {};
+    std::size_t count = 0;
+};
+KernelTables AvailableKernelTables();
+
+/// The best table of this processor.
+const KernelTable& ActiveKernels();
+
+/// Computes a function without an array form lane by lane. Lanes that failed before are skipped.
+bool RunLaneByLane(FunctionNumber function, const KernelCall& call);
+
+}  // namespace kalvex

@@ -1,0 +1,74 @@
+// A program: the tree flattened into a list of array operations in evaluation order.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include "expr/syntax_tree.h"
+
+namespace kalvex {
+
+/// Where an operand's values come from. Arrays and scalars are the program's inputs: array 0 is x
+/// and scalar 0 is y; further ones hold sub-expressions computed beforehand.
+enum class OperandKind : std::uint8_t { Register, Array, Scalar, Constant };
+
+struct Operand {
+    OperandKind kind = OperandKind::Constant;
+    std::uint16_t index = 0;
+    double value = 0.0;  ///< of a constant
+};
+
+struct Instruction {
+    OpCode op = OpCode::Add;
+    std::uint8_t operandCount = 0;
+    std::uint16_t target = 0;  ///< register that receives the result
+    int immediate = 0;
+    std::array<Operand, kMostOperands> operands = {};
+};
+
+struct InstructionList {
+    std::vector<Instruction> code;
+    Operand result;
+    int registerCount = 0;
+};
+
+/// Programs that need more registers are refused by the compiler. A checked text needs at most
+/// about 64: only a left operand that can fail is held while the rest of its run is computed, and
+/// it costs four of the 255 tokens.
+inline constexpr int kMostRegisters = 128;
+
+/// A compiled expression. The tree stays for hoisting.
+struct Program {
+    SyntaxTree tree;
+    InstructionList instructions;
+};
+
+/// An operand that stands for a node in place of the node's own code.
+struct Replacement {
+    NodeIndex node = 0;
+    Operand operand;
+};
+
+/// Flattens the sub-tree at a node. Nodes with a replacement are taken as inputs.
+InstructionList Flatten(const SyntaxTree& tree, NodeIndex root,
+                        std::span<const Replacement> replacements);
+
+/// The inputs of a run. Arrays are readable up to the next multiple of kPaddedLanes.
+struct ProgramInputs {
+    std::span<const double* const> arrays;
+    std::span<const double> scalars;
+};
+
+/// Runs the instructions over inputs of any length. `values` and `errors` have `count` elements;
+/// where a primitive failed, the value is UndefinedValue beside its code. Allocates nothing.
+void RunInstructions(const InstructionList& list, const KernelTable& kernels,
+                     const ProgramInputs& inputs, std::size_t count, double* values,
+                     std::int32_t* errors);
+
+/// A program for a normalised text over a given kernel table (CompileExpression uses the best).
+std::shared_ptr<const Program> CompileProgram(std::u16string_view text, const KernelTable& kernels);
+
+}  // namespace kalvex

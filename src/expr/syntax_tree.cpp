@@ -1,0 +1,136 @@
+// Every node knows what flattening and hoisting ask of it: whether it can fail, which variables it
+// depends on, how many registers it needs. The register count follows Sethi and Ullman ("The
+// generation of optimal code for arithmetic expressions", J. ACM 17, 1970), with the restriction
+// that an operand that can fail is never evaluated after its right neighbour: the first failing
+// primitive decides the error code.
+#include "expr/syntax_tree.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kalvex {
+namespace {
+
+bool OperationCanFail(OpCode op, std::span<const Node* const> operands) {
+    switch (op) {
+        case OpCode::Add:
+        case OpCode::Subtract:
+        case OpCode::Multiply:
+        case OpCode::IntegerPower:
+            return false;
+        case OpCode::Divide:
+            return operands[1]->kind != NodeKind::Constant || operands[1]->value == 0.0;
+        default:
+            break;
+    }
+    constexpr FunctionNumber kTotal[] = {
+        FunctionNumber::Sin, FunctionNumber::Cos,  FunctionNumber::Tg,  FunctionNumber::Sh,
+        FunctionNumber::Ch,  FunctionNumber::Th,   FunctionNumber::Exp, FunctionNumber::Atg,
+        FunctionNumber::Int, FunctionNumber::Frac, FunctionNumber::Abs, FunctionNumber::Gamma,
+        FunctionNumber::Erf};
+    return std::none_of(std::begin(kTotal), std::end(kTotal),
+                        [op](FunctionNumber total) { return FunctionOp(total) == op; });
+}
+
+/// Registers for operands evaluated one after the other, each result held in a register.
+int RegistersInOrder(std::span<const Node* const> operands) {
+    int held = 0;
+    int most = 0;
+    for (const Node* operand : operands) {
+        most = std::max(most, held + operand->registers);
+        if (operand->kind == NodeKind::Operation) ++held;
+    }
+    return std::max(most, 1);
+}
+
+int RegistersFor(std::span<const Node* const> operands) {
+    const int inOrder = RegistersInOrder(operands);
+    if (operands.size() != 2 || operands[0]->canFail) return inOrder;
+    const Node* const swapped[] = {operands[1], operands[0]};
+    return std::min(inOrder, RegistersInOrder(swapped));
+}
+
+/// Result of an operation over constants; false when it fails (then it stays an operation).
+bool Fold(const SyntaxTree& tree, const Node& node, std::span<const Node* const> operands,
+          double& value) {
+    Source sources[kMostOperands];
+    for (std::size_t i = 0; i < operands.size(); ++i)
+        sources[i] = {nullptr, operands[i]->value};
+    double out[kPaddedLanes];
+    std::int32_t errors[kPaddedLanes] = {};
+    const KernelCall call{out, sources, kPaddedLanes, errors, node.immediate};
+    const Kernel kernel = tree.kernels->kernels[static_cast<std::size_t>(node.op)];
+    const bool failed =
+        kernel != nullptr
+            ? kernel(call)
+            : RunLaneByLane(static_cast<FunctionNumber>(static_cast<int>(node.op) -
+                                                        static_cast<int>(OpCode::Function)),
+                            call);
+    value = out[0];
+    return !failed;
+}
+
+/// A power whose exponent is known: by its value it is a product, a square root or neither.
+void SpecialisePower(Node& node, const Node& exponent) {
+    if (exponent.kind != NodeKind::Constant) return;
+    const double n = exponent.value;
+    if (n == 0.5) {
+        node.op = OpCode::SquareRoot;
+        node.operandCount = 1;
+    } else if (n == std::floor(n) && std::fabs(n) <= kLargestIntegerPower) {
+        node.op = OpCode::IntegerPower;
+        node.operandCount = 1;
+        node.immediate = static_cast<int>(n);
+    }
+}
+
+NodeIndex Append(SyntaxTree& tree, const Node& node) {
+    tree.nodes.push_back(node);
+    return static_cast<NodeIndex>(tree.nodes.size() - 1);
+}
+
+}  // namespace
+
+NodeIndex AddConstant(SyntaxTree& tree, double value) {
+    Node node;
+    node.value = value;
+    return Append(tree, node);
+}
+
+NodeIndex AddVariable(SyntaxTree& tree, NodeKind variable) {
+    Node node;
+    node.kind = variable;
+    node.usesX = variable == NodeKind::X;
+    node.usesY = variable == NodeKind::Y;
+    return Append(tree, node);
+}
+
+NodeIndex AddOperation(SyntaxTree& tree, OpCode op, std::span<const NodeIndex> operands) {
+    Node node;
+    node.kind = NodeKind::Operation;
+    node.op = op;
+    node.operandCount = static_cast<std::uint8_t>(operands.size());
+    std::copy(operands.begin(), operands.end(), node.operands.begin());
+    if (op == OpCode::Power) {
+        SpecialisePower(node, tree.nodes[static_cast<std::size_t>(operands[1])]);
+    }
+
+    const Node* inputs[kMostOperands];
+    bool allConstant = true;
+    for (std::size_t i = 0; i < node.operandCount; ++i) {
+        const Node& input = tree.nodes[static_cast<std::size_t>(node.operands[i])];
+        inputs[i] = &input;
+        node.usesX |= input.usesX;
+        node.usesY |= input.usesY;
+        node.canFail |= input.canFail;
+        allConstant &= input.kind == NodeKind::Constant;
+    }
+    const std::span<const Node* const> inputSpan(inputs, node.operandCount);
+    double value = 0.0;
+    if (allConstant && Fold(tree, node, inputSpan, value)) return AddConstant(tree, value);
+    node.canFail |= OperationCanFail(node.op, inputSpan);
+    node.registers = static_cast<std::int16_t>(RegistersFor(inputSpan));
+    return Append(tree, node);
+}
+
+}  // namespace kalvex
