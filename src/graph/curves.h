@@ -1,0 +1,60 @@
+// Sampling of one function into its sample cache, and the lines through the samples.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "graph/draw_list.h"
+#include "graph/viewport.h"
+#include "workspace/function_entry.h"
+
+namespace kalvex {
+
+/// Samples first .. first + count - 1 of a cache.
+struct SampleRun {
+    std::size_t first = 0;
+    std::size_t count = 0;
+    friend bool operator==(const SampleRun&, const SampleRun&) = default;
+};
+
+/// The unbroken runs of a curve y(x), those of fewer than two samples left out. A run ends where
+/// the row jumps by more than five client heights and at an unplotted sample (pixel (0, 0)); the
+/// last sample before a break belongs to no run.
+std::vector<SampleRun> PolylineRuns(std::span<const CurveSample> samples,
+                                    std::int32_t clientHeight);
+
+/// Draws the runs of a sampled curve y(x). Pieces that touch a sample whose pixel position is
+/// not-a-number are left out: its cached pixel is only what the conversion makes of it, and a line
+/// there would show something that the function does not do.
+void DrawRuns(std::span<const CurveSample> samples, const Viewport& viewport, const Pen& pen,
+              DrawList& list);
+
+/// Draws the lines between neighbours where both are `joined` (index of the first); lines of no
+/// length and such that touch a not-a-number position are left out.
+void DrawJoined(std::span<const CurveSample> samples, std::span<const std::uint8_t> joined,
+                const Viewport& viewport, const Pen& pen, DrawList& list);
+
+/// Whether a world point has a pixel position, that is, one that is a number.
+bool HasPosition(const ViewWindow& view, double x, double y);
+
+/// y = f(x): one sample per pixel column. Plotted samples have a defined value and a defined right
+/// neighbour; the others have pixel (0, 0).
+std::vector<CurveSample> SampleDecart(const CompiledExpression& expression,
+                                      const Viewport& viewport);
+
+/// Refills the entry's cache and draws it.
+void PlotDecart(FunctionEntry& entry, const Viewport& viewport, const Pen& pen, DrawList& list);
+
+/// r = f(angle) in steps of two degrees; `maxAngle` in turns, bounded to 1000. The last sample is
+/// unplotted but has its world point, angle and status.
+void PlotPolar(FunctionEntry& entry, const Viewport& viewport, double maxAngle, const Pen& pen,
+               DrawList& list);
+
+/// x = X(t), y = Y(t): as many samples as the picture is wide. The last one as for Polar. The
+/// status is X's code or, when that is 0, Y's.
+void PlotParametric(FunctionEntry& entry, const Viewport& viewport, double minParam,
+                    double maxParam, const Pen& pen, DrawList& list);
+
+}  // namespace kalvex

@@ -1,0 +1,93 @@
+// White picture, background layers, curves in slot order, names: later records paint over earlier
+// ones. The trace cursor follows the plotting, so the last function that places it decides.
+#include "graph/graph.h"
+
+#include <algorithm>
+
+#include "graph/axes.h"
+#include "graph/coordinates.h"
+#include "graph/curves.h"
+#include "graph/grid.h"
+#include "graph/implicit.h"
+#include "graph/legend.h"
+
+namespace kalvex {
+namespace {
+
+void DrawBackground(const Viewport& viewport, const Options& options, const MeasureText& measure,
+                    DrawList& list) {
+    DrawGrid(viewport, options.Setka, list);
+    if (options.Axex != 0) DrawAxes(viewport, list);
+    if (options.Coord != 0) DrawCoordinates(viewport, measure, list);
+}
+
+/// Puts the trace cursor on the middle sample.
+void PlaceCursor(GraphState& state, const FunctionEntry& entry) {
+    if (state.traceActive) return;
+    const std::size_t middle = entry.samples.size() / 2;
+    state.trace.index = static_cast<std::int32_t>(middle);
+    state.trace.pixel = {};
+    state.trace.status = 0;
+    if (entry.samples.empty()) return;
+    const CurveSample& sample = entry.samples[middle];
+    state.trace.pixel = {sample.column, sample.row};
+    state.trace.status = sample.status;
+}
+
+void PlotImplicit(GraphState& state, FunctionEntry& entry, const ImplicitProgress& progress,
+                  DrawList& list) {
+    entry.samples.clear();
+    PixelRunsRecord pixels =
+        ImplicitPixels(entry.compiled[0], state.viewport, ColorOf(entry.color), progress);
+    if (!pixels.runs.empty()) list.records.emplace_back(std::move(pixels));
+    if (state.traceActive) return;
+    // KEEP: the width is used for both coordinates.
+    state.trace.pixel = {state.viewport.ClientWidth / 2, state.viewport.ClientWidth / 2};
+}
+
+void PlotFunction(GraphState& state, FunctionEntry& entry, const Options& options,
+                  const ImplicitProgress& progress, DrawList& list) {
+    const Viewport& viewport = state.viewport;
+    const Pen pen{ColorOf(entry.color), std::clamp(options.Wight, 1, 64)};
+    switch (static_cast<EquationType>(entry.type)) {
+        case EquationType::Polar:
+            PlotPolar(entry, viewport, options.MaxAngle, pen, list);
+            break;
+        case EquationType::Decart:
+            PlotDecart(entry, viewport, pen, list);
+            PlaceCursor(state, entry);
+            break;
+        case EquationType::Parametric:
+            PlotParametric(entry, viewport, options.MinParam, options.MaxParam, pen, list);
+            PlaceCursor(state, entry);
+            break;
+        case EquationType::Implicit:
+            PlotImplicit(state, entry, progress, list);
+            break;
+        default:
+            break;
+    }
+}
+
+}  // namespace
+
+DrawList DrawGraph(GraphState& state, FunctionList& functions, const Options& options,
+                   const MeasureText& measure, const ImplicitProgress& progress) {
+    Viewport& viewport = state.viewport;
+    LayoutViewport(viewport, viewport.ClientWidth, viewport.ClientHeight);
+    DrawList list;
+    list.width = viewport.ClientWidth;
+    list.height = viewport.ClientHeight;
+    DrawBackground(viewport, options, measure, list);
+    for (FunctionEntry& entry : functions)
+        if (IsDrawn(entry)) PlotFunction(state, entry, options, progress, list);
+    for (int slot = 0; slot < kSlotCount && !state.trace.function; ++slot) {
+        const FunctionEntry& entry = functions[static_cast<std::size_t>(slot)];
+        if (IsDrawn(entry) && entry.type != static_cast<std::int32_t>(EquationType::Implicit))
+            state.trace.function = slot;
+    }
+    if (options.Label != 0) DrawLegend(viewport, functions, options.TextSize, measure, list);
+    return list;
+}
+
+}  // namespace kalvex

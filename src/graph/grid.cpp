@@ -1,0 +1,132 @@
+// Rectangular: the marks of both axes, each pixel once (the line through the origin belongs to
+// both directions). Polar: ring k meets the picture only when k lies between the least and the
+// greatest value of sqrt((dx/ScaleX)^2 + (dy/ScaleY)^2) over the picture; the larger rings would
+// paint it white, as it is already, and the smaller ones miss it.
+#include "graph/grid.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "base/truncate.h"
+#include "graph/axis_marks.h"
+
+namespace kalvex {
+namespace {
+
+/// Pixels of the grid lines across one axis, in no particular order, none twice.
+std::vector<std::int32_t> GridPixels(AxisLadder ladder, std::int32_t end) {
+    ladder.units = GridStep(ladder.scale);
+    std::vector<std::int32_t> pixels;
+    for (const AxisMark& mark : MarksTowardZero(ladder, 0.0, end))
+        pixels.push_back(mark.pixel);
+    const std::size_t before = pixels.size();
+    for (const AxisMark& mark : MarksAwayFromZero(ladder, 0.0, end))
+        if (before == 0 || mark.pixel != pixels.front()) pixels.push_back(mark.pixel);
+    return pixels;
+}
+
+/// Distance in whole pixels from the origin to the farthest corner of the picture.
+double FarthestCorner(const Viewport& viewport) {
+    const ViewWindow& view = viewport.view;
+    const double dx =
+        std::max(std::fabs(view.OriginX), std::fabs(view.OriginX - viewport.ClientWidth));
+    const double dy =
+        std::max(std::fabs(view.OriginY), std::fabs(view.OriginY - viewport.ClientHeight));
+    const double squared = dx * dx + dy * dy;
+    // Up to here the truncated square is exact in a double; beyond, hypot cannot overflow.
+    if (squared < 9007199254740992.0) return std::trunc(std::sqrt(std::trunc(squared)));
+    return std::trunc(std::hypot(dx, dy));
+}
+
+/// Least and greatest distance from a point to an interval.
+struct Reach {
+    double least;
+    double greatest;
+};
+
+Reach ReachOf(double origin, double end) {
+    // Truncating a ring's box moves its outline by less than two pixels.
+    const double low = -2.0 - origin;
+    const double high = end + 2.0 - origin;
+    const double least = low > 0.0 ? low : high < 0.0 ? -high : 0.0;
+    return {least, std::max(std::fabs(low), std::fabs(high))};
+}
+
+/// Rings k that may meet the picture, as whole numbers first <= k <= last.
+struct RingRange {
+    double first;
+    double last;
+};
+
+RingRange RingsOnPicture(const Viewport& viewport) {
+    const ViewWindow& view = viewport.view;
+    const double scaleX = std::fabs(view.ScaleX);
+    const double scaleY = std::fabs(view.ScaleY);
+    const double spacing = std::trunc(std::max(scaleX, scaleY));
+    if (spacing < 1.0) return {1.0, 0.0};
+    const double count = std::trunc(FarthestCorner(viewport) / spacing);
+    const Reach x = ReachOf(view.OriginX, viewport.ClientWidth);
+    const Reach y = ReachOf(view.OriginY, viewport.ClientHeight);
+    const double least = std::hypot(x.least / scaleX, y.least / scaleY);
+    const double greatest = std::hypot(x.greatest / scaleX, y.greatest / scaleY);
+    return {std::max(1.0, std::floor(least)), std::min(count, std::ceil(greatest))};
+}
+
+bool FitsPixels(double value) {
+    return std::fabs(value) < 2147483647.0;
+}
+
+EllipseRecord Ring(double left, double top, double right, double bottom) {
+    EllipseRecord ring;
+    ring.pen = {kGridColor, 1};
+    ring.filled = true;
+    ring.fill = {255, 255, 255};
+    ring.left = TruncateToInt32(left);
+    ring.top = TruncateToInt32(top);
+    ring.right = TruncateToInt32(right);
+    ring.bottom = TruncateToInt32(bottom);
+    return ring;
+}
+
+}  // namespace
+
+void DrawRectangularGrid(const Viewport& viewport, DrawList& list) {
+    if (!HasUsableMapping(viewport.view)) return;
+    SegmentsRecord lines{{kGridColor, 1}, {}};
+    for (const std::int32_t x : GridPixels(LadderX(viewport.view), viewport.ClientWidth))
+        lines.segments.push_back({{x, 0}, {x, viewport.ClientHeight}});
+    for (const std::int32_t y : GridPixels(LadderY(viewport.view), viewport.ClientHeight))
+        lines.segments.push_back({{0, y}, {viewport.ClientWidth, y}});
+    if (!lines.segments.empty()) list.records.emplace_back(std::move(lines));
+}
+
+void DrawPolarGrid(const Viewport& viewport, DrawList& list) {
+    const ViewWindow& view = viewport.view;
+    if (!HasUsableMapping(view) || viewport.ClientWidth <= 0 || viewport.ClientHeight <= 0) return;
+    const RingRange range = RingsOnPicture(viewport);
+    if (!(range.last >= range.first)) return;
+    // A very flat ring system far from its centre can have millions of rings on a few pixels. What
+    // is left of it is grey either way, so it is thinned to a few rings per pixel.
+    const double limit = 4.0 * (static_cast<double>(viewport.ClientWidth) + viewport.ClientHeight);
+    const double stride = std::max(1.0, std::ceil((range.last - range.first + 1.0) / limit));
+    const double scaleX = std::fabs(view.ScaleX);
+    const double scaleY = std::fabs(view.ScaleY);
+    for (double k = range.last; k >= range.first; k -= stride) {
+        const double left = view.OriginX - k * scaleX;
+        const double top = view.OriginY - k * scaleY;
+        const double right = view.OriginX + k * scaleX;
+        const double bottom = view.OriginY + k * scaleY;
+        // KEEP: from the outside in and filled, so that each ring covers the inside of the larger.
+        if (FitsPixels(left) && FitsPixels(top) && FitsPixels(right) && FitsPixels(bottom))
+            list.records.emplace_back(Ring(left, top, right, bottom));
+        if (k - stride == k) break;
+    }
+}
+
+void DrawGrid(const Viewport& viewport, int kind, DrawList& list) {
+    if (kind == 1) DrawRectangularGrid(viewport, list);
+    if (kind == 2) DrawPolarGrid(viewport, list);
+}
+
+}  // namespace kalvex

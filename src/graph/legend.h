@@ -1,0 +1,19 @@
+// The function names over the curves.
+#pragma once
+
+#include "graph/draw_list.h"
+#include "graph/viewport.h"
+#include "workspace/function_entry.h"
+
+namespace kalvex {
+
+/// One line per drawn function from (5, 5) down, in its colour, " (r)" behind a `Polar` text; a
+/// `File` shows the part behind the last slash or backslash. A text is cut to as many characters
+/// as the picture is wide, more cannot be seen. The size is clamped to 1..200 pixels.
+void DrawLegend(const Viewport& viewport, const FunctionList& functions, std::int32_t textSize,
+                const MeasureText& measure, DrawList& list);
+
+/// Whether a slot is drawn: selected and of a known type.
+bool IsDrawn(const FunctionEntry& entry);
+
+}  // namespace kalvex

@@ -1,0 +1,44 @@
+// One sample every two degrees. A sample is plotted when it and the next one are defined; then the
+// line between them is drawn, however far apart they lie.
+#include <algorithm>
+#include <cmath>
+
+#include "base/truncate.h"
+#include "graph/curves.h"
+
+namespace kalvex {
+namespace {
+
+constexpr double kTwoDegrees = 0.03490658503988659;
+constexpr std::int32_t kMaxSamples = 180'000;  ///< a thousand turns
+
+}  // namespace
+
+void PlotPolar(FunctionEntry& entry, const Viewport& viewport, double maxAngle, const Pen& pen,
+               DrawList& list) {
+    const ViewWindow& view = viewport.view;
+    const auto count =
+        static_cast<std::size_t>(std::clamp(TruncateToInt32(maxAngle * 180.0), 0, kMaxSamples));
+    std::vector<double> angles(count);
+    for (std::size_t i = 0; i < count; ++i)
+        angles[i] = static_cast<double>(i) * kTwoDegrees;
+    std::vector<double> radii(count);
+    std::vector<std::int32_t> codes(count);
+    EvaluateInto(entry.compiled[0], angles, 0.0, radii, codes);
+
+    std::vector<CurveSample> samples(count);
+    std::vector<std::uint8_t> joined(count);
+    for (std::size_t i = 0; i < count; ++i) {
+        const double x = radii[i] * std::cos(angles[i]);
+        const double y = radii[i] * std::sin(angles[i]);
+        samples[i] = {0, 0, x, y, angles[i], codes[i]};
+        joined[i] = i + 1 < count && radii[i] != UndefinedValue && radii[i + 1] != UndefinedValue;
+        if (joined[i] == 0) continue;
+        samples[i].column = WorldToScreenX(view, x);
+        samples[i].row = WorldToScreenY(view, y);
+    }
+    entry.samples = std::move(samples);
+    DrawJoined(entry.samples, joined, viewport, pen, list);
+}
+
+}  // namespace kalvex

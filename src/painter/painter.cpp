@@ -1,0 +1,138 @@
+// One function per kind of record. Nothing is smoothed but texts, so that a pixel is what the
+// records say. Polylines are played as separate lines: the general stroker, which a wide polyline
+// or round caps would need, is several to many times slower; square caps close the joints.
+#include "painter/painter.h"
+
+#include <QPaintEngine>
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+
+#include "painter/ellipse.h"
+#include "painter/line_clip.h"
+#include "painter/text_font.h"
+
+namespace kalvex {
+namespace {
+
+QColor ColorOfRgb(const Rgb& color) {
+    return QColor(color.red, color.green, color.blue);
+}
+
+/// What is played and where.
+struct Stage {
+    QPainter& painter;
+    const DrawList& list;
+    QRectF bounds;
+    const EllipseRecord* outerEllipse = nullptr;  ///< the record before, when it is an ellipse
+};
+
+void DrawLines(Stage& stage, const Pen& pen, const std::vector<QLineF>& lines) {
+    if (lines.empty()) return;
+    stage.painter.setPen(
+        QPen(ColorOfRgb(pen.color), std::max(pen.width, 1), Qt::SolidLine, Qt::SquareCap));
+    stage.painter.drawLines(lines.data(), static_cast<int>(lines.size()));
+}
+
+void Play(Stage& stage, const SegmentsRecord& record) {
+    std::vector<QLineF> lines;
+    lines.reserve(record.segments.size());
+    for (const Segment& segment : record.segments)
+        if (const auto line = ClipSegment(segment, stage.bounds)) lines.push_back(*line);
+    DrawLines(stage, record.pen, lines);
+}
+
+void Play(Stage& stage, const PolylineRecord& record) {
+    std::vector<QLineF> lines;
+    lines.reserve(record.points.size());
+    for (std::size_t i = 1; i < record.points.size(); ++i)
+        if (const auto line = ClipSegment({record.points[i - 1], record.points[i]}, stage.bounds))
+            lines.push_back(*line);
+    DrawLines(stage, record.pen, lines);
+}
+
+void Play(Stage& stage, const EllipseRecord& record) {
+    const bool covered = stage.outerEllipse != nullptr && IsFilledBy(record, *stage.outerEllipse);
+    DrawEllipse(stage.painter, stage.list, record, record.filled && !covered);
+}
+
+/// The image behind a painter when its pixels can be written directly: plain 32-bit rows, scaled
+/// by a whole number, nothing shifted or clipped. 0: they cannot.
+struct DirectImage {
+    QImage* image = nullptr;
+    int ratio = 0;
+};
+
+DirectImage DirectImageOf(const QPainter& painter) {
+    auto* const image = dynamic_cast<QImage*>(painter.device());
+    if (image == nullptr || image->format() != QImage::Format_RGB32 || !image->isDetached() ||
+        painter.hasClipping())
+        return {};
+    const QTransform transform = painter.deviceTransform();
+    const int ratio = static_cast<int>(std::clamp(transform.m11(), 0.0, 64.0));
+    if (ratio < 1 || transform != QTransform::fromScale(ratio, ratio)) return {};
+    return {image, ratio};
+}
+
+void WriteRun(const DirectImage& target, const PixelRun& run, QRgb color) {
+    const std::int64_t ratio = target.ratio;
+    const std::int64_t width = target.image->width();
+    const std::int64_t left = std::clamp<std::int64_t>(run.column * ratio, 0, width);
+    const std::int64_t right =
+        std::clamp<std::int64_t>((std::int64_t{run.column} + run.length) * ratio, 0, width);
+    const std::int64_t top = std::max<std::int64_t>(run.row * ratio, 0);
+    const std::int64_t bottom =
+        std::min<std::int64_t>((run.row + std::int64_t{1}) * ratio, target.image->height());
+    for (std::int64_t y = top; y < bottom; ++y) {
+        auto* const row = reinterpret_cast<QRgb*>(target.image->scanLine(static_cast<int>(y)));
+        std::fill(row + left, row + std::max(left, right), color);
+    }
+}
+
+void Play(Stage& stage, const PixelRunsRecord& record) {
+    const QColor color = ColorOfRgb(record.color);
+    const DirectImage target = DirectImageOf(stage.painter);
+    for (const PixelRun& run : record.runs) {
+        if (target.image != nullptr)
+            WriteRun(target, run, color.rgb());
+        else
+            stage.painter.fillRect(QRect(run.column, run.row, run.length, 1), color);
+    }
+}
+
+void Play(Stage& stage, const TextRecord& record) {
+    if (!stage.bounds.contains(QPointF(record.x, record.y))) return;
+    stage.painter.setFont(PictureFont(record.height));
+    stage.painter.setPen(ColorOfRgb(record.color));
+    const int baseline = record.y + stage.painter.fontMetrics().ascent();
+    stage.painter.drawText(QPoint(record.x, baseline), QString::fromStdU16String(record.text));
+}
+
+}  // namespace
+
+void PlayDrawList(QPainter& painter, const DrawList& list) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    Stage stage{painter, list, DrawableBounds(list)};
+    for (const DrawRecord& record : list.records) {
+        std::visit([&](const auto& one) { Play(stage, one); }, record);
+        stage.outerEllipse = std::get_if<EllipseRecord>(&record);
+    }
+    painter.restore();
+}
+
+QImage PaintPicture(const DrawList& list, double devicePixelRatio) {
+    if (list.width <= 0 || list.height <= 0) return {};
+    const bool usable = std::isfinite(devicePixelRatio) && devicePixelRatio > 0.0;
+    const double ratio = usable ? std::clamp(devicePixelRatio, 0.125, 16.0) : 1.0;
+    QImage picture(static_cast<int>(std::lround(list.width * ratio)),
+                   static_cast<int>(std::lround(list.height * ratio)), QImage::Format_RGB32);
+    if (picture.isNull()) return picture;
+    picture.setDevicePixelRatio(ratio);
+    picture.fill(Qt::white);
+    QPainter painter(&picture);
+    PlayDrawList(painter, list);
+    return picture;
+}
+
+}  // namespace kalvex

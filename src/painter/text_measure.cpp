@@ -1,0 +1,33 @@
+// Fonts are looked up once per height and kept by the measuring function itself, because finding a
+// font costs more than measuring a text.
+#include <QFontMetrics>
+#include <QString>
+#include <algorithm>
+#include <map>
+#include <memory>
+
+#include "painter/painter.h"
+#include "painter/text_font.h"
+
+namespace kalvex {
+
+QFont PictureFont(int height) {
+    QFont font(QStringLiteral("Sans Serif"));
+    font.setStyleHint(QFont::SansSerif);
+    font.setWeight(QFont::Normal);
+    font.setPixelSize(std::max(height, 1));
+    return font;
+}
+
+MeasureText PainterTextMeasure() {
+    const auto fonts = std::make_shared<std::map<std::int32_t, QFontMetrics>>();
+    return [fonts](std::u16string_view text, std::int32_t height) -> TextExtent {
+        auto found = fonts->find(height);
+        if (found == fonts->end())
+            found = fonts->emplace(height, QFontMetrics(PictureFont(height))).first;
+        const auto shown = QStringView(text.data(), static_cast<qsizetype>(text.size()));
+        return {found->second.horizontalAdvance(shown.toString()), found->second.height()};
+    };
+}
+
+}  // namespace kalvex
