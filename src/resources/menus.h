@@ -1,0 +1,33 @@
+// The menus as plain tables. Words are exact, blanks and spelling included.
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "resources/command_ids.h"
+
+namespace kalvex {
+
+/// A command, a submenu (it has children) or a separator (neither number nor text).
+struct MenuEntry {
+    CommandId id = CommandId::None;
+    std::u16string_view text;  ///< lives as long as the program
+    std::vector<MenuEntry> children;
+};
+
+using Menu = std::vector<MenuEntry>;
+
+/// Menu of the main window's "Menu" soft key. It holds "Approx. type" always; whether that shows
+/// is a matter of the focused line.
+Menu MainMenu();
+
+/// Menu of the graph window.
+Menu GraphMenu();
+
+/// Popup of a held pen in full-screen mode.
+Menu FullScreenPopup();
+
+/// False for a command that opens a dialog which this version does not have; it is shown disabled.
+bool HasDialog(CommandId id);
+
+}  // namespace kalvex
