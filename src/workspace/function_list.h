@@ -20,7 +20,8 @@ void UnselectAll(FunctionList& functions);
 bool AnySelected(const FunctionList& functions);
 
 /// Prepares all nine lines for drawing, in slot order: texts, normalising, checking, compiling,
-/// storing the line. Messages go to `show`; the first failure ends it with false.
+/// storing the line as typed under `equ`. Messages go to `show`; the first failure ends it with
+/// false, silently when the line could not be stored. Slots after a failed one stay as they were.
 bool PrepareFunctions(FunctionList& functions, const EditorLines& lines, const Registry& registry,
                       const ShowMessage& show);
 

@@ -1,6 +1,7 @@
 // The display settings. Field names are the registry value names, spelling included.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 
 namespace kalvex {
@@ -21,5 +22,15 @@ struct Options {
     double MinParam = 0.0;        ///< parameter range of Parametric curves
     double MaxParam = 6.283185307179586;
 };
+
+/// `Wight` as it may be drawn. The store keeps any number; 1 to 64 is what a pen can have.
+constexpr std::int32_t PenWidthOf(const Options& options) {
+    return std::clamp<std::int32_t>(options.Wight, 1, 64);
+}
+
+/// `TextSize` as it may be drawn, 4 to 200 pixels.
+constexpr std::int32_t TextHeightOf(const Options& options) {
+    return std::clamp<std::int32_t>(options.TextSize, 4, 200);
+}
 
 }  // namespace kalvex

@@ -26,8 +26,20 @@ struct Registry {
         writeNumber;
     std::function<bool(std::string_view key, std::string_view name, std::u16string_view value)>
         writeText;
-    /// Whether nothing at all was ever stored (a first start).
+    /// Whether no value of any key is stored (a first start).
     std::function<bool()> isEmpty;
+    /// Optional pair: writes between `begin` and `commit` reach the store together at `commit`,
+    /// which is false when they could not (none of them is stored then). Pairs may nest; the
+    /// outermost `commit` stores. A registry without them stores each write at once.
+    std::function<void()> begin = {};
+    std::function<bool()> commit = {};
 };
+
+/// Runs `writes` as one batch. What it wrote before it failed is stored all the same, as it would
+/// be without a batch. True when both `writes` and the store succeeded.
+bool WriteTogether(const Registry& registry, const std::function<bool()>& writes);
+
+/// A value name as names are compared: ASCII letters in lower case.
+std::string FoldedName(std::string_view name);
 
 }  // namespace kalvex

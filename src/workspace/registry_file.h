@@ -1,4 +1,4 @@
-// The settings store of a desktop: an INI file through QSettings.
+// The settings store of a desktop: an INI file.
 #pragma once
 
 #include <string>

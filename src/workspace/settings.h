@@ -16,7 +16,10 @@ bool CreateDefaultKeys(const Registry& registry);
 /// The three loading steps of the start, in the program's order of calls. A value that cannot be
 /// read gets its default; loading always goes on. `LoadSettings` reads the options and the view,
 /// `LoadFunctionSettings` colours, types and approximation, `LoadFunctionTexts` the lines (and
-/// clears every `selected`).
+/// clears every `selected`). Numbers are taken as stored (`type`, `color`, `approx`, `Wight`,
+/// `TextSize` and `MaxAngle` may hold anything; whoever uses them bounds them), but for flags, of
+/// which any number but 0 is 1, and `Setka`, of which any number but 0, 1, 2 is 1. Bounds of an
+/// axis that are equal or not finite become -10..10.
 void LoadFunctionTexts(const Registry& registry, Workspace& workspace, const ShowMessage& show);
 void LoadFunctionSettings(const Registry& registry, Workspace& workspace, const ShowMessage& show);
 void LoadSettings(const Registry& registry, Workspace& workspace, const ShowMessage& show);

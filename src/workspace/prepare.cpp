@@ -1,0 +1,96 @@
+// A line on its way to the graph: the text is copied, a selected line's expressions are normalised,
+// checked and compiled one after the other, and the line goes to the store. The first thing that
+// fails ends everything, so an entry may keep the compiled form of an earlier Draw.
+#include "expr/checker.h"
+#include "expr/normaliser.h"
+#include "resources/strings.h"
+#include "workspace/function_list.h"
+#include "workspace/settings.h"
+
+namespace kalvex {
+namespace {
+
+void ShowError(const ShowMessage& show, std::u16string text) {
+    show({std::u16string(Text(StringId::Error)), std::move(text), MessageIcon::Stop,
+          MessageButtons::Ok});
+}
+
+bool CheckAndCompile(const FunctionEntry& entry, int slot, std::u16string_view expression,
+                     CheckMode mode, CompiledExpression& compiled, const ShowMessage& show) {
+    const CheckResult result = CheckExpression(expression, mode);
+    if (result.code < 0) {
+        ShowError(show, FillIn(Text(StringId::ErrorInFunction),
+                               {NumberText(slot + 1), entry.text, result.message}));
+        return false;
+    }
+    compiled = CompileExpression(expression);
+    return true;
+}
+
+bool CompileExplicit(const FunctionEntry& entry, int slot, std::u16string& expression,
+                     CompiledExpression& compiled, const ShowMessage& show) {
+    NormaliseExplicit(expression, show);
+    return CheckAndCompile(entry, slot, expression, CheckMode::OneVariable, compiled, show);
+}
+
+bool CompileImplicit(FunctionEntry& entry, int slot, const ShowMessage& show) {
+    NormaliseImplicit(entry.workingText);
+    return CheckAndCompile(entry, slot, entry.workingText, CheckMode::TwoVariables,
+                           entry.compiled[0], show);
+}
+
+// KEEP: Y comes first; when both halves are wrong, its message is the one that is shown.
+bool CompileParametric(FunctionEntry& entry, int slot, const ShowMessage& show) {
+    const std::size_t split = entry.text.find(u';');
+    if (split == entry.text.npos) {
+        ShowError(show, std::u16string(Text(StringId::ParametricNeedsTwo)));
+        return false;
+    }
+    entry.workingText = entry.text.substr(0, split);
+    entry.yText = entry.text.substr(split + 1);
+    return CompileExplicit(entry, slot, entry.yText, entry.compiled[1], show) &&
+           CompileExplicit(entry, slot, entry.workingText, entry.compiled[0], show);
+}
+
+bool CompileSelected(FunctionEntry& entry, int slot, const ShowMessage& show) {
+    switch (static_cast<EquationType>(entry.type)) {
+        case EquationType::Polar:
+        case EquationType::Decart:
+            return CompileExplicit(entry, slot, entry.workingText, entry.compiled[0], show);
+        case EquationType::Parametric:
+            return CompileParametric(entry, slot, show);
+        case EquationType::Implicit:
+            return CompileImplicit(entry, slot, show);
+        default:
+            return true;
+    }
+}
+
+}  // namespace
+
+bool PrepareFunction(FunctionEntry& entry, int slot, std::u16string_view line,
+                     const ShowMessage& show) {
+    entry.text = line;
+    entry.workingText = line;
+    if (entry.selected == 1 && !CompileSelected(entry, slot, show)) return false;
+    if (entry.type == static_cast<std::int32_t>(EquationType::File)) {
+        // Paths of a desktop have slashes; a name never holds either sign.
+        const std::size_t last = entry.workingText.find_last_of(u"\\/");
+        if (last != entry.workingText.npos) entry.text = entry.workingText.substr(last + 1);
+    }
+    return true;
+}
+
+bool PrepareFunctions(FunctionList& functions, const EditorLines& lines, const Registry& registry,
+                      const ShowMessage& show) {
+    for (int slot = 0; slot < kSlotCount; ++slot) {
+        const auto index = static_cast<std::size_t>(slot);
+        if (!PrepareFunction(functions[index], slot, lines[index], show) ||
+            !StoreFunctionText(registry, slot, lines[index])) {
+            return false;
+        }
+    }
+    return true;
+}
+
+}  // namespace kalvex

@@ -1,0 +1,183 @@
+#include <gtest/gtest.h>
+
+#include "workspace/defaults.h"
+#include "workspace/faulty_registry.h"
+#include "workspace/function_list.h"
+
+namespace kalvex {
+namespace {
+
+struct LineCase {
+    std::int32_t type;
+    std::uint8_t selected;
+    std::u16string_view line;
+    bool prepared;
+    std::u16string_view text;
+    std::u16string_view working;
+    std::u16string_view y;
+    std::u16string_view message;  ///< of the last box; empty: none
+};
+
+const LineCase kLines[] = {
+    {2, 0, u"", true, u"", u"", u"", u""},
+    {2, 1, u"", false, u"", u"", u"", u"Error in 4 function:\n\nEmpty string"},
+    {2, 0, u"2x+", true, u"2x+", u"2x+", u"", u""},
+    {2, 1, u"2x", true, u"2x", u"2*x", u"", u""},
+    {1, 1, u"-x", true, u"-x", u"0-x", u"", u""},
+    {2, 1, u"2q", false, u"2q", u"2*q", u"",
+     u"Error in 4 function:\n2q\nThere is an unknown lexeme"},
+    {3, 1, u"sin(x);cos(x)", true, u"sin(x);cos(x)", u"sin(x)", u"cos(x)", u""},
+    {3, 1, u"2x;3x", true, u"2x;3x", u"2*x", u"3*x", u""},
+    {3, 1, u"a;b;c", false, u"a;b;c", u"a", u"b;c",
+     u"Error in 4 function:\na;b;c\nThere is an unknown lexeme"},
+    // KEEP: Y is looked at first and X stays as typed when it fails.
+    {3, 1, u"2q;", false, u"2q;", u"2q", u"", u"Error in 4 function:\n2q;\nEmpty string"},
+    {3, 1, u"2x;2q", false, u"2x;2q", u"2x", u"2*q",
+     u"Error in 4 function:\n2x;2q\nThere is an unknown lexeme"},
+    {3, 1, u";x", false, u";x", u"", u"x", u"Error in 4 function:\n;x\nEmpty string"},
+    {3, 1, u"sin(x)", false, u"sin(x)", u"sin(x)", u"",
+     u"You have entered only one equation, while the parametric type requires two!"},
+    {3, 1, u"", false, u"", u"", u"",
+     u"You have entered only one equation, while the parametric type requires two!"},
+    {3, 0, u"sin(x)", true, u"sin(x)", u"sin(x)", u"", u""},
+    {5, 1, u"x^2+y^2-1", true, u"x^2+y^2-1", u"x*0+x^2+y^2-1", u"", u""},
+    {5, 0, u"x^2+y^2-1", true, u"x^2+y^2-1", u"x^2+y^2-1", u"", u""},
+    {2, 1, u"y", false, u"y", u"y", u"", u"Error in 4 function:\ny\nThere is an unknown lexeme"},
+    {4, 1, u"\\My Documents\\data.txt", true, u"data.txt", u"\\My Documents\\data.txt", u"", u""},
+    {4, 0, u"\\My Documents\\data.txt", true, u"data.txt", u"\\My Documents\\data.txt", u"", u""},
+    {4, 1, u"/home/a b/data.txt", true, u"data.txt", u"/home/a b/data.txt", u"", u""},
+    {4, 1, u"data.txt", true, u"data.txt", u"data.txt", u"", u""},
+    {4, 1, u"folder/", true, u"", u"folder/", u"", u""},
+    {4, 1, u"", true, u"", u"", u"", u""},
+    {0, 1, u"2q", true, u"2q", u"2q", u"", u""},
+    {77, 1, u"2q", true, u"2q", u"2q", u"", u""},
+};
+
+TEST(PrepareFunction, TreatsEachTypeItsWay) {
+    for (const LineCase& row : kLines) {
+        FunctionEntry entry;
+        entry.type = row.type;
+        entry.selected = row.selected;
+        ShownBoxes shown;
+        const std::string line(row.line.begin(), row.line.end());
+        EXPECT_EQ(PrepareFunction(entry, 3, row.line, shown.show), row.prepared) << line;
+        EXPECT_EQ(entry.text, row.text) << line;
+        EXPECT_EQ(entry.workingText, row.working) << line;
+        EXPECT_EQ(entry.yText, row.y) << line;
+        const bool compiles = row.prepared && row.selected == 1 &&
+                              (row.type == 1 || row.type == 2 || row.type == 3 || row.type == 5);
+        EXPECT_EQ(entry.compiled[0].program != nullptr, compiles) << line;
+        if (row.message.empty()) {
+            EXPECT_TRUE(shown.boxes->empty()) << line;
+            continue;
+        }
+        ASSERT_EQ(shown.boxes->size(), 1u) << line;
+        EXPECT_EQ(shown.boxes->back().text, row.message) << line;
+        EXPECT_EQ(shown.boxes->back().caption, u"Error!");
+        EXPECT_EQ(shown.boxes->back().icon, MessageIcon::Stop);
+    }
+}
+
+TEST(PrepareFunction, CompilesBothHalves) {
+    FunctionEntry entry;
+    entry.type = 3;
+    entry.selected = 1;
+    ASSERT_TRUE(PrepareFunction(entry, 0, u"2x;3x", ShownBoxes().show));
+    EXPECT_EQ(EvaluateExpression(entry.compiled[0], 2), 4);
+    EXPECT_EQ(EvaluateExpression(entry.compiled[1], 2), 6);
+}
+
+TEST(PrepareFunction, KeepsTheOlderFormUntilCompiledAgain) {
+    FunctionEntry entry;
+    entry.type = 2;
+    entry.selected = 1;
+    ASSERT_TRUE(PrepareFunction(entry, 0, u"2x", ShownBoxes().show));
+    EXPECT_FALSE(PrepareFunction(entry, 0, u"3q", ShownBoxes().show));
+    EXPECT_EQ(EvaluateExpression(entry.compiled[0], 2), 4);
+    entry.selected = 0;
+    EXPECT_TRUE(PrepareFunction(entry, 0, u"5x", ShownBoxes().show));
+    EXPECT_EQ(EvaluateExpression(entry.compiled[0], 2), 4);
+    entry.selected = 1;
+    EXPECT_TRUE(PrepareFunction(entry, 0, u"5x", ShownBoxes().show));
+    EXPECT_EQ(EvaluateExpression(entry.compiled[0], 2), 10);
+}
+
+TEST(PrepareFunction, ShowsTheTestBoxOfYBeforeThatOfX) {
+    FunctionEntry entry;
+    entry.type = 3;
+    entry.selected = 1;
+    ShownBoxes shown;
+    EXPECT_TRUE(PrepareFunction(entry, 0, u"(x)2;(x)3", shown.show));
+    ASSERT_EQ(shown.boxes->size(), 2u);
+    EXPECT_EQ(shown.boxes->at(0).text, u"(x)*3");
+    EXPECT_EQ(shown.boxes->at(1).text, u"(x)*2");
+}
+
+TEST(PrepareFunctions, StoresEveryLineAsTyped) {
+    FunctionList functions = DefaultWorkspace().functions;
+    EditorLines lines;
+    for (std::size_t i = 0; i < 9; ++i)
+        lines[i] = std::u16string(i, u'x');
+    functions[8].type = 4;
+    functions[8].selected = 1;
+    lines[8] = u"\\My Documents\\data.txt";
+    const FaultyRegistry faulty = MakeFilledRegistry();
+    ShownBoxes shown;
+    EXPECT_TRUE(PrepareFunctions(functions, lines, faulty.registry, shown.show));
+    for (std::size_t i = 0; i < 9; ++i) {
+        EXPECT_EQ(faulty.registry.readText(std::to_string(i + 1), "equ"), lines[i]) << i;
+    }
+    EXPECT_EQ(functions[8].text, u"data.txt");
+    EXPECT_TRUE(shown.boxes->empty());
+}
+
+TEST(PrepareFunctions, StopsAtTheFirstBadLine) {
+    FunctionList functions = DefaultWorkspace().functions;
+    const EditorLines lines = {u"x", u"2q", u"3q", u"x"};
+    for (FunctionEntry& entry : functions)
+        entry.selected = 1;
+    functions[0].text = u"old";
+    functions[2].text = u"old";
+    const FaultyRegistry faulty = MakeFilledRegistry();
+    ShownBoxes shown;
+    EXPECT_FALSE(PrepareFunctions(functions, lines, faulty.registry, shown.show));
+    ASSERT_EQ(shown.boxes->size(), 1u);
+    EXPECT_EQ(shown.boxes->front().text, u"Error in 2 function:\n2q\nThere is an unknown lexeme");
+    EXPECT_EQ(*faulty.log, (std::vector<std::string>{"open 1/", "writeText 1/equ"}));
+    EXPECT_EQ(functions[0].text, u"x");
+    EXPECT_EQ(functions[2].text, u"old");
+}
+
+TEST(PrepareFunctions, EndsSilentlyWhenALineCannotBeStored) {
+    for (int slot = 1; slot <= 9; ++slot) {
+        for (const char* operation : {"open ", "writeText "}) {
+            FunctionList functions = DefaultWorkspace().functions;
+            functions[8].selected = 1;  // empty: would show a box
+            const FaultyRegistry faulty = MakeFilledRegistry();
+            const std::string key = std::to_string(slot) + "/";
+            const bool opening = operation == std::string("open ");
+            *faulty.fails = Exactly(operation + key + (opening ? "" : "equ"));
+            ShownBoxes shown;
+            EXPECT_FALSE(PrepareFunctions(functions, {}, faulty.registry, shown.show));
+            EXPECT_EQ(shown.boxes->size(), slot == 9 ? 1u : 0u) << slot;
+            functions[8].selected = 0;
+            EXPECT_FALSE(PrepareFunctions(functions, {}, faulty.registry, shown.show)) << slot;
+            EXPECT_EQ(shown.boxes->size(), slot == 9 ? 1u : 0u) << slot;
+        }
+    }
+}
+
+TEST(PrepareFunctions, TakesLinesOfAnyLength) {
+    FunctionList functions = DefaultWorkspace().functions;
+    functions[0].selected = 1;
+    EditorLines lines;
+    lines[0] = std::u16string(100000, u'(');
+    lines[1] = std::u16string(100000, u';');
+    const FaultyRegistry faulty = MakeFilledRegistry();
+    ShownBoxes shown;
+    EXPECT_FALSE(PrepareFunctions(functions, lines, faulty.registry, shown.show));
+    EXPECT_EQ(shown.boxes->size(), 1u);
+}
+
+}  // namespace
+}  // namespace kalvex
