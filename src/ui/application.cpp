@@ -1,0 +1,121 @@
+// The editor lives as long as the program; the graph window is made by the first Draw and kept.
+// Only one of the two is visible. Whatever ends the program (a command, a closed window, the end
+// of the session, a signal) comes through EndApplication, which works once.
+#include "ui/application.h"
+
+#include <QApplication>
+
+#include "resources/strings.h"
+#include "ui/draw_flow.h"
+#include "ui/graph_canvas.h"
+#include "ui/picture_export.h"
+#include "workspace/settings.h"
+
+namespace kalvex {
+namespace {
+
+/// Stores bounds, factors and the parameter range of an open graph.
+void StoreOpenView(Application& application, const ShowMessage& show) {
+    if (!application.viewUnsaved) return;
+    application.viewUnsaved = false;
+    Workspace& workspace = application.workspace;
+    workspace.view = application.graph.viewport.view;
+    if (StoreView(application.registry, workspace.view, workspace.options)) return;
+    show({std::u16string(Text(StringId::Error)),
+          std::u16string(Text(StringId::SaveIntoRegistryFailed)), MessageIcon::None,
+          MessageButtons::Ok});
+}
+
+GraphActions ActionsOfGraph(Application& application) {
+    GraphActions actions;
+    actions.graphTable = [&application] { ReturnToTable(application); };
+    actions.exit = [&application] { ExitApplication(application); };
+    actions.picture = [&application] {
+        ExportPicture(application.graphWindow->Canvas().Picture(), application.workspace.options,
+                      application.registry, application.pictureFolder, application.show);
+    };
+    return actions;
+}
+
+}  // namespace
+
+void LoadWorkspace(Application& application) {
+    const Registry& registry = application.registry;
+    Workspace& workspace = application.workspace;
+    const bool firstStart = CreateDefaultKeys(registry);
+    LoadFunctionTexts(registry, workspace, application.show);
+    LoadFunctionSettings(registry, workspace, application.show);
+    LoadSettings(registry, workspace, application.show);
+    if (firstStart) workspace.functions[0].selected = 1;
+    application.graph.viewport.view = workspace.view;
+    SaveAsPrevious(application.graph.viewport);
+}
+
+void StartApplication(Application& application) {
+    LoadWorkspace(application);
+    application.windowState = LoadWindowState(application.windowStatePath);
+    EditorActions actions;
+    actions.draw = [&application] { DrawFunctions(application); };
+    actions.exit = [&application] { ExitApplication(application); };
+    application.editor = std::make_unique<EditorWindow>(application.workspace, std::move(actions));
+    ApplyWindowState(*application.editor, application.windowState);
+    application.editor->FocusLine(0);
+    application.editor->show();
+}
+
+void DrawFunctions(Application& application) {
+    if (!RunDrawFlow(application.workspace, application.registry, application.show)) return;
+    application.graph.trace = {};
+    application.graph.traceActive = false;
+    application.viewUnsaved = true;
+    if (!application.graphWindow) {
+        application.graphWindow = std::make_unique<GraphWindow>(
+            application.graph, application.workspace, ActionsOfGraph(application));
+    }
+    TakeWindowPlace(*application.editor, *application.graphWindow);
+    application.graphWindow->Canvas().ScheduleRedraw();
+}
+
+void ReturnToTable(Application& application) {
+    StoreOpenView(application, application.show);
+    if (application.ended) return;
+    TakeWindowPlace(*application.graphWindow, *application.editor);
+}
+
+void ExitApplication(Application& application) {
+    EndApplication(application, application.show);
+    application.quit();
+}
+
+void EndApplication(Application& application, const ShowMessage& show) {
+    if (application.ended) return;
+    application.ended = true;
+    StoreOpenView(application, show);
+    StoreFunctionSettings(application.registry, application.workspace.functions);
+    if (const QWidget* const window = VisibleWindow(application)) {
+        RememberWindow(*window, application.windowState);
+        SaveWindowState(application.windowStatePath, application.windowState);
+    }
+    ReleaseInstance(application.instance);
+}
+
+QWidget* VisibleWindow(const Application& application) {
+    if (application.graphWindow && application.graphWindow->isVisible()) {
+        return application.graphWindow.get();
+    }
+    return application.editor.get();
+}
+
+void RaiseWindow(const Application& application) {
+    QWidget* const window = VisibleWindow(application);
+    if (window == nullptr) return;
+    if (window->isMinimized()) window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
+    window->raise();
+    window->activateWindow();
+    if (QWidget* const box = QApplication::activeModalWidget()) {
+        box->raise();
+        box->activateWindow();
+    }
+}
+
+}  // namespace kalvex

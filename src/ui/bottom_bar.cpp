@@ -1,0 +1,51 @@
+// Both buttons share the width; a thin line sets the bar apart from what stands above it. A flat
+// button of some styles draws nothing until it is pressed, which is what a soft key looks like.
+#include "ui/bottom_bar.h"
+
+#include <QHBoxLayout>
+#include <QMenu>
+#include <QPainter>
+
+#include "ui/touch.h"
+
+namespace kalvex {
+namespace {
+
+QPushButton* AddKey(const QString& text, const char* name, QWidget* bar) {
+    auto* const button = new QPushButton(text, bar);
+    button->setObjectName(name);
+    button->setFlat(true);
+    button->setFocusPolicy(Qt::NoFocus);
+    button->setMinimumSize(kTouchTarget * 2, kTouchTarget);
+    button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    QFont font = button->font();
+    font.setPointSizeF(font.pointSizeF() * 1.2);
+    font.setWeight(QFont::DemiBold);
+    button->setFont(font);
+    bar->layout()->addWidget(button);
+    return button;
+}
+
+}  // namespace
+
+BottomBar::BottomBar(const QString& actionText, QWidget* parent) : QWidget(parent) {
+    setFixedHeight(kBottomBarHeight);
+    auto* const row = new QHBoxLayout(this);
+    row->setContentsMargins(4, 5, 4, 4);
+    row->setSpacing(4);
+    menu = AddKey("Menu", "menuKey", this);
+    action = AddKey(actionText, "actionKey", this);
+}
+
+void BottomBar::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setPen(palette().color(QPalette::Mid));
+    painter.drawLine(0, 0, width(), 0);
+}
+
+void PopUpAbove(QMenu& menu, const QWidget& button) {
+    const QPoint corner = button.mapToGlobal(QPoint(0, 0));
+    menu.popup(corner - QPoint(0, menu.sizeHint().height()));
+}
+
+}  // namespace kalvex

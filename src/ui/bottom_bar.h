@@ -1,0 +1,32 @@
+// The bar at the foot of every window: two large flat buttons, the soft keys.
+#pragma once
+
+#include <QPushButton>
+#include <QString>
+#include <QWidget>
+
+class QMenu;
+
+namespace kalvex {
+
+/// "Menu" to the left, the window's action to the right. Neither takes the keyboard focus, so the
+/// line being edited stays the current one.
+class BottomBar final : public QWidget {
+  public:
+    BottomBar(const QString& actionText, QWidget* parent);
+
+    QPushButton* menuButton() const { return menu; }
+    QPushButton* actionButton() const { return action; }
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    QPushButton* menu;
+    QPushButton* action;
+};
+
+/// Shows a menu above a button of the bar.
+void PopUpAbove(QMenu& menu, const QWidget& button);
+
+}  // namespace kalvex

@@ -1,0 +1,16 @@
+// Readable colours on any background.
+#pragma once
+
+#include <QColor>
+
+namespace kalvex {
+
+/// Contrast ratio of two opaque colours, 1 (equal) to 21 (black on white). Relative luminance as
+/// the Web Content Accessibility Guidelines define it.
+double ContrastRatio(const QColor& first, const QColor& second);
+
+/// The colour nearest to `color` on its way to black or white (whichever is farther from the
+/// background) whose contrast reaches `ratio`; black or white itself when none does.
+QColor ReadableColor(const QColor& color, const QColor& background, double ratio);
+
+}  // namespace kalvex

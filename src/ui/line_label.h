@@ -1,0 +1,38 @@
+// The label in front of an editor line.
+#pragma once
+
+#include <QColor>
+#include <QLabel>
+#include <functional>
+#include <optional>
+
+namespace kalvex {
+
+/// Shows the type of a line in its colour; a selected one on a dark ground with a check mark and
+/// a heavier face. `text()` is the plain label.
+class LineLabel final : public QLabel {
+  public:
+    explicit LineLabel(QWidget* parent);
+
+    /// `color` is absent when labels are not coloured.
+    void Show(const QString& label, std::optional<QColor> color, bool isSelected);
+
+    bool selected() const { return isSelectedLine; }
+    /// Ground and text as painted, for the present palette.
+    QColor Ground() const;
+    QColor TextColor() const;
+
+    std::function<void()> toggled;  ///< double click or tap
+    std::function<void()> picked;   ///< single click
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+  private:
+    std::optional<QColor> lineColor;
+    bool isSelectedLine = false;
+};
+
+}  // namespace kalvex

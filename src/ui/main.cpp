@@ -1,0 +1,44 @@
+// The program: state here, work elsewhere. Windows come and go while it runs, so the event loop
+// ends only when somebody says so.
+#include <QApplication>
+
+#include "ui/application.h"
+#include "ui/message_window.h"
+#include "ui/picture_export.h"
+#include "ui/terminate_signal.h"
+#include "ui/touch_style.h"
+#include "workspace/registry_file.h"
+
+int main(int argc, char** argv) {
+    using namespace kalvex;
+    QApplication qt(argc, argv);
+    QApplication::setApplicationName("kalvex");
+    QApplication::setApplicationDisplayName("Kalvex");
+    QGuiApplication::setDesktopFileName("kalvex");
+    QApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setStyle(new TouchStyle);
+
+    Application application;
+    const QString folder = DefaultInstanceFolder();
+    if (CheckInstance(RealInstanceSteps(application.instance, folder)) == InstanceAnswer::End) {
+        return 0;
+    }
+    application.registry = OpenRegistryFile(DefaultRegistryPath());
+    application.show = ShowMessageWindow;
+    application.quit = [] { QCoreApplication::exit(0); };
+    application.pictureFolder = DefaultPictureFolder();
+    application.windowStatePath = DefaultWindowStatePath();
+
+    // At the end of a session nobody is there to answer a box.
+    const auto end = [&application] { EndApplication(application, WriteMessageLine); };
+    const auto watch = WatchTerminateSignal([end] {
+        end();
+        QCoreApplication::exit(0);
+    });
+    QObject::connect(&qt, &QGuiApplication::commitDataRequest, &qt, end, Qt::DirectConnection);
+    QObject::connect(&qt, &QCoreApplication::aboutToQuit, &qt, end);
+
+    StartApplication(application);
+    ListenForStarts(application.instance, folder, [&application] { RaiseWindow(application); });
+    return QApplication::exec();
+}

@@ -1,0 +1,20 @@
+// Menus on the screen from the tables.
+#pragma once
+
+#include <functional>
+
+#include "resources/menus.h"
+#include "workspace/menu_state.h"
+
+class QMenu;
+
+namespace kalvex {
+
+using StateOfEntry = std::function<MenuItemState(const MenuEntry&)>;
+
+/// Appends the entries of a table, submenus included. Every command carries its number as its
+/// action's data; choosing it calls `run` with the number.
+void FillMenu(QMenu& menu, const Menu& entries, const StateOfEntry& stateOf,
+              const std::function<void(CommandId)>& run);
+
+}  // namespace kalvex

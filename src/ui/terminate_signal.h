@@ -1,0 +1,15 @@
+// The operating system's request to end, brought into the event loop.
+#pragma once
+
+#include <QObject>
+#include <functional>
+#include <memory>
+
+namespace kalvex {
+
+/// Runs `ended` in the event loop when the process is asked to end (SIGTERM, SIGINT, SIGHUP), as
+/// long as the returned object lives. One object at a time. Null where signals do not exist or
+/// cannot be caught.
+std::unique_ptr<QObject> WatchTerminateSignal(std::function<void()> ended);
+
+}  // namespace kalvex

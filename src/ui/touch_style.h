@@ -1,0 +1,15 @@
+// The system's style with rows that a finger can hit.
+#pragma once
+
+#include <QProxyStyle>
+
+namespace kalvex {
+
+/// Menu rows are at least as tall as a touch target; everything else is the system's own.
+class TouchStyle final : public QProxyStyle {
+  public:
+    QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                           const QWidget* widget) const override;
+};
+
+}  // namespace kalvex

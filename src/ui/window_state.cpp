@@ -1,0 +1,71 @@
+// Three values in an INI file. A damaged file gives the defaults: a size is taken only when it is
+// a usable one.
+#include "ui/window_state.h"
+
+#include <QScreen>
+#include <QSettings>
+#include <QStandardPaths>
+#include <QWidget>
+
+namespace kalvex {
+namespace {
+
+constexpr int kSmallest = 100;
+constexpr int kLargest = 16384;
+
+bool IsUsable(QSize size) {
+    return size.width() >= kSmallest && size.height() >= kSmallest && size.width() <= kLargest &&
+           size.height() <= kLargest;
+}
+
+}  // namespace
+
+QString DefaultWindowStatePath() {
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+           "/kalvex/window.ini";
+}
+
+WindowState LoadWindowState(const QString& path) {
+    const QSettings file(path, QSettings::IniFormat);
+    WindowState state;
+    const QSize size(file.value("width").toInt(), file.value("height").toInt());
+    if (IsUsable(size)) state.size = size;
+    state.maximised = file.value("maximised").toInt() == 1;
+    state.folder = file.value("folder").toString();
+    return state;
+}
+
+void SaveWindowState(const QString& path, const WindowState& state) {
+    QSettings file(path, QSettings::IniFormat);
+    file.setValue("width", state.size.width());
+    file.setValue("height", state.size.height());
+    file.setValue("maximised", state.maximised ? 1 : 0);
+    file.setValue("folder", state.folder);
+    file.sync();
+}
+
+void ApplyWindowState(QWidget& window, const WindowState& state) {
+    window.resize(state.size.boundedTo(window.screen()->availableGeometry().size()));
+    if (state.maximised) window.setWindowState(window.windowState() | Qt::WindowMaximized);
+}
+
+void RememberWindow(const QWidget& window, WindowState& state) {
+    state.maximised = window.isMaximized();
+    if (!window.isMaximized() && !window.isFullScreen()) state.size = window.size();
+}
+
+void TakeWindowPlace(QWidget& last, QWidget& next) {
+    if (last.isMaximized()) {
+        next.setGeometry(last.normalGeometry());
+        next.setWindowState(Qt::WindowMaximized);
+    } else {
+        next.setWindowState(Qt::WindowNoState);
+        next.setGeometry(last.geometry());
+    }
+    next.show();
+    next.raise();
+    next.activateWindow();
+    last.hide();
+}
+
+}  // namespace kalvex

@@ -1,0 +1,35 @@
+// What the desktop remembers between two runs beside the settings: it is comfort, not state, so it
+// has a file of its own and nothing is ever reported when it cannot be read or written.
+#pragma once
+
+#include <QSize>
+#include <QString>
+
+class QWidget;
+
+namespace kalvex {
+
+inline constexpr QSize kDefaultWindowSize{480, 640};
+
+struct WindowState {
+    QSize size = kDefaultWindowSize;  ///< logical pixels
+    bool maximised = false;
+    QString folder;  ///< last folder of a file dialog; empty: none yet
+};
+
+/// kalvex/window.ini beside the settings.
+QString DefaultWindowStatePath();
+
+WindowState LoadWindowState(const QString& path);
+void SaveWindowState(const QString& path, const WindowState& state);
+
+/// Gives a window the remembered size, never more than its screen has.
+void ApplyWindowState(QWidget& window, const WindowState& state);
+
+/// Keeps a window's present size; of a maximised window only that it is maximised.
+void RememberWindow(const QWidget& window, WindowState& state);
+
+/// Puts `next` where `last` stands, in the same state; `last` disappears.
+void TakeWindowPlace(QWidget& last, QWidget& next);
+
+}  // namespace kalvex
