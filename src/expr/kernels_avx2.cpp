@@ -27,6 +27,8 @@ struct Simd {
     static double ProductError(double a, double b, double product) {
         return __builtin_fma(a, b, -product);
     }
+    static Vec MultiplyAdd(Vec a, Vec b, Vec c) { return _mm256_fmadd_pd(a, b, c); }
+    static double MultiplyAdd(double a, double b, double c) { return __builtin_fma(a, b, c); }
     static Vec Pow(Vec x, Vec y) { return Sleef_finz_powd4_u10avx2(x, y); }
     static Vec Sin(Vec x) { return Sleef_finz_sind4_u10avx2(x); }
     static Vec Cos(Vec x) { return Sleef_finz_cosd4_u10avx2(x); }

@@ -62,6 +62,10 @@ struct Simd {
         const T lowB = b - highB;
         return ((highA * highB - product) + highA * lowB + lowA * highB) + lowA * lowB;
     }
+    template <typename T>
+    static T MultiplyAdd(T a, T b, T c) {
+        return a * b + c;
+    }
     static Vec Pow(Vec x, Vec y) { return KALVEX_SLEEF(pow, x, y); }
     static Vec Sin(Vec x) { return KALVEX_SLEEF(sin, x); }
     static Vec Cos(Vec x) { return KALVEX_SLEEF(cos, x); }

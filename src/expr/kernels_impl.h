@@ -1,14 +1,16 @@
 // The kernels themselves, written once over a small vector type `Simd` that each including file
 // defines for its instruction set (inside an unnamed namespace, as everything here: the same
 // function compiled for different processors must never be merged by the linker; for the same
-// reason nothing from the standard library is called).
+// reason no function of the standard library is called).
 //
 // A domain test is made for the whole vector; only when a lane fails are the codes written.
 //
-// Integral powers are products in double-double arithmetic: Dekker's product and fast sum (T. J.
-// Dekker, "A floating-point technique for extending the available precision", Numer. Math. 18,
-// 1971), left-to-right binary powering, result rounded once: within 0.51 units in the last place.
+// Integral powers are products whose rounding errors are carried along (T. J. Dekker, "A
+// floating-point technique for extending the available precision", Numer. Math. 18, 1971), by
+// left-to-right binary powering, rounded once at the end: within 0.51 units in the last place.
 // Results near the ends of the range, zeros and infinities go to the general power.
+
+#include <utility>
 
 namespace kalvex {
 namespace {
@@ -127,7 +129,9 @@ inline double FusedMultiplyAdd(double a, double b, double c) {
     return __builtin_fma(a, b, c);
 }
 
-/// High and low part of a number of twice the precision.
+/// A number of twice the precision: the sum of its parts. The low part is not kept below half a
+/// unit of the high one: it only collects the rounding errors of a few products, and their own
+/// errors are of second order.
 template <typename T>
 struct DoubleDouble {
     T high;
@@ -135,23 +139,23 @@ struct DoubleDouble {
 };
 
 template <typename T>
-inline DoubleDouble<T> Renormalise(T high, T low) {
-    const T sum = high + low;
-    return {sum, low - (sum - high)};
+inline DoubleDouble<T> Squared(T a) {
+    const T product = a * a;
+    return {product, Simd::ProductError(a, a, product)};
 }
 
 template <typename T>
 inline DoubleDouble<T> Squared(DoubleDouble<T> a) {
     const T product = a.high * a.high;
-    const T error = Simd::ProductError(a.high, a.high, product) + 2.0 * (a.high * a.low);
-    return Renormalise(product, error);
+    const T error = Simd::ProductError(a.high, a.high, product);
+    return {product, Simd::MultiplyAdd(a.high + a.high, a.low, error)};
 }
 
 template <typename T>
 inline DoubleDouble<T> Times(DoubleDouble<T> a, T b) {
     const T product = a.high * b;
-    const T error = Simd::ProductError(a.high, b, product) + a.low * b;
-    return Renormalise(product, error);
+    const T error = Simd::ProductError(a.high, b, product);
+    return {product, Simd::MultiplyAdd(a.low, b, error)};
 }
 
 /// 1 / a to double precision: one Newton step whose residual sees both parts.
@@ -159,8 +163,8 @@ template <typename T>
 inline T Reciprocal(DoubleDouble<T> a) {
     const T quotient = 1.0 / a.high;
     const T product = quotient * a.high;
-    const T residual =
-        ((1.0 - product) - Simd::ProductError(quotient, a.high, product)) - quotient * a.low;
+    const T error = Simd::ProductError(quotient, a.high, product);
+    const T residual = ((1.0 - product) - error) - quotient * a.low;
     return quotient + quotient * residual;
 }
 
@@ -177,16 +181,18 @@ inline T SinglyRoundedPower(T x, int n) {
     return 1.0 / x;
 }
 
+/// x to an integral power of magnitude 2 or more.
 template <typename T>
 inline T ProductPower(T x, int n) {
     const unsigned magnitude = n < 0 ? 0u - static_cast<unsigned>(n) : static_cast<unsigned>(n);
-    DoubleDouble<T> power{x, T{}};
     int bit = 30 - __builtin_clz(magnitude);
-    for (; bit >= 0; --bit) {
-        power = Squared(power);
+    DoubleDouble<T> power = Squared(x);
+    for (;;) {
         if ((magnitude >> bit) & 1u) power = Times(power, x);
+        if (--bit < 0) break;
+        power = Squared(power);
     }
-    return n < 0 ? Reciprocal(power) : power.high;
+    return n < 0 ? Reciprocal(power) : power.high + power.low;
 }
 
 /// Inside these magnitudes no intermediate product or rounding error under- or overflows.
@@ -211,16 +217,28 @@ inline double LanePower(double x, double y, double general) {
     return safe ? power : general;
 }
 
+/// The exponents of ordinary polynomials are compiled in: their products are straight code.
 template <int n>
 bool FixedPowerKernel(const KernelCall& call) {
     return Unary(call, [](Vec x) { return SafePower(x, ProductPower(x, n), n); });
 }
 
+constexpr int kFirstFixedPower = 3;
+constexpr int kLastFixedPower = 20;
+
+template <int... offsets>
+constexpr Kernel FixedPower(int n, std::integer_sequence<int, offsets...>) {
+    constexpr Kernel kKernels[] = {FixedPowerKernel<kFirstFixedPower + offsets>...};
+    return kKernels[n - kFirstFixedPower];
+}
+
 bool IntegerPowerKernel(const KernelCall& call) {
     const int n = call.immediate;
     if (n == 2) return Unary(call, [](Vec x) { return x * x; });
-    if (n == 3) return FixedPowerKernel<3>(call);
-    if (n == 4) return FixedPowerKernel<4>(call);
+    if (n >= kFirstFixedPower && n <= kLastFixedPower) {
+        return FixedPower(
+            n, std::make_integer_sequence<int, kLastFixedPower - kFirstFixedPower + 1>{})(call);
+    }
     if (IsSinglyRounded(n)) return Unary(call, [n](Vec x) { return SinglyRoundedPower(x, n); });
     return Unary(call, [n](Vec x) { return SafePower(x, ProductPower(x, n), n); });
 }
