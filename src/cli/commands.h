@@ -1,0 +1,33 @@
+// The subcommands. Each function adds one to the command line; when it is the one that was asked
+// for, parsing runs it and leaves its result in `status`. Arguments that do not fit are thrown as
+// CLI::ParseError.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "cli/exit_status.h"
+
+namespace CLI {
+class App;
+}
+
+namespace kalvex {
+
+void AddNormaliseCommand(CLI::App& tool, ExitStatus& status);
+void AddCheckCommand(CLI::App& tool, ExitStatus& status);
+void AddEvalCommand(CLI::App& tool, ExitStatus& status);
+void AddSamplesCommand(CLI::App& tool, ExitStatus& status);
+void AddDrawCommand(CLI::App& tool, ExitStatus& status);
+
+/// Adds a subcommand with what all of them share: its --version.
+CLI::App* AddCommand(CLI::App& tool, const std::string& name, const std::string& purpose);
+
+/// Adds the optional TEXT; without it the texts come from standard input. `text` must outlive the
+/// parsing.
+void AddTextArgument(CLI::App& command, std::optional<std::string>& text);
+
+/// Ends parsing with "OPTION: MESSAGE" and the status of wrong usage.
+[[noreturn]] void WrongUsage(const std::string& option, const std::string& message);
+
+}  // namespace kalvex

@@ -1,0 +1,36 @@
+// The tool's two ends: texts come in from an argument or standard input, lines and messages go out.
+// Everything is UTF-8, whatever the locale.
+#pragma once
+
+#include <functional>
+#include <istream>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "base/message_box.h"
+#include "cli/exit_status.h"
+
+namespace kalvex {
+
+/// What is done with one text; says how it went.
+using HandleText = std::function<ExitStatus(const std::u16string& text)>;
+
+/// Hands over the argument or, without one, each line of the input in turn: without its line feed,
+/// otherwise as it stands. Goes on after a failure and returns the gravest status.
+ExitStatus ForEachText(const std::optional<std::string>& argument, std::istream& input,
+                       const HandleText& handle);
+
+/// Writes to standard output. False once anything could not be written.
+bool WriteOut(std::string_view text);
+
+/// Empties the buffer of standard output; NotWritten when not everything reached its target.
+ExitStatus FinishOutput();
+
+/// A message box as one line: the caption, ": ", the text with each line break written as \n.
+std::string MessageLine(const MessageBox& box);
+
+/// Shows a box as its line on standard error.
+MessageAnswer ShowOnStandardError(const MessageBox& box);
+
+}  // namespace kalvex

@@ -1,0 +1,79 @@
+// draw: paints up to nine lines into a picture file, with the fonts and the painter of the windows
+// but without a window system.
+#include <CLI/CLI.hpp>
+#include <QGuiApplication>
+#include <QString>
+#include <algorithm>
+#include <cctype>
+#include <cstdio>
+#include <memory>
+
+#include "cli/commands.h"
+#include "cli/console.h"
+#include "cli/view_options.h"
+#include "painter/painter.h"
+#include "painter/picture_file.h"
+
+namespace kalvex {
+namespace {
+
+struct Arguments {
+    std::string picture;
+    std::vector<std::string> lines;
+};
+
+using WritePicture = bool (*)(const QString& path, const QImage& picture);
+
+WritePicture WriterFor(const std::string& path) {
+    const std::size_t dot = path.rfind('.');
+    std::string extension = dot == std::string::npos ? "" : path.substr(dot);
+    std::transform(extension.begin(), extension.end(), extension.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    if (extension == ".bmp") return WriteBitmap;
+    if (extension == ".png") return WritePng;
+    WrongUsage("-o", "a name that ends in .bmp or .png expected");
+}
+
+/// Qt remarks on the locale and the session's folders on standard error. The picture depends on
+/// neither, and that stream is for what concerns the user; only what ends the program passes.
+void DropRemarks(QtMsgType type, const QMessageLogContext&, const QString& message) {
+    if (type != QtFatalMsg) return;
+    const std::string line = message.toStdString() + '\n';
+    std::fputs(line.c_str(), stderr);
+}
+
+ExitStatus Run(ViewOptions& view, const Arguments& arguments) {
+    const WritePicture write = WriterFor(arguments.picture);
+    FunctionList functions;
+    if (!PrepareLines(functions, arguments.lines)) return ExitStatus::Rejected;
+
+    qInstallMessageHandler(DropRemarks);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    int count = 1;
+    std::string name = "kalvex-cli";
+    char* names[] = {name.data(), nullptr};
+    const QGuiApplication application(count, names);
+    const DrawList list = DrawOffScreen(view, functions, PainterTextMeasure());
+    if (write(QString::fromStdString(arguments.picture), PaintPicture(list)))
+        return ExitStatus::Done;
+    const std::string message = "The picture could not be written: " + arguments.picture + '\n';
+    std::fputs(message.c_str(), stderr);
+    return ExitStatus::NotWritten;
+}
+
+}  // namespace
+
+void AddDrawCommand(CLI::App& tool, ExitStatus& status) {
+    CLI::App* command = AddCommand(tool, "draw", "Draw up to nine lines into a picture file.");
+    const std::shared_ptr<ViewOptions> view = AddViewOptions(*command);
+    const auto arguments = std::make_shared<Arguments>();
+    command->add_option("-o", arguments->picture, "The picture: .bmp or .png.")
+        ->required()
+        ->type_name("PICTURE");
+    command->add_option("LINE", arguments->lines, "TYPE[,KEY=VALUE]...:TEXT")
+        ->required()
+        ->allow_extra_args();
+    command->callback([view, arguments, &status] { status = Run(*view, *arguments); });
+}
+
+}  // namespace kalvex

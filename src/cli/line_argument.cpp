@@ -1,0 +1,78 @@
+// The part before the first ":" is split at its commas; everything behind it is the line, so that a
+// line may hold commas, equal signs and further colons.
+#include "cli/line_argument.h"
+
+#include <limits>
+#include <optional>
+
+#include "base/encoding.h"
+#include "cli/number_argument.h"
+
+namespace kalvex {
+namespace {
+
+std::optional<EquationType> ParseType(std::string_view word) {
+    if (word == "polar") return EquationType::Polar;
+    if (word == "decart") return EquationType::Decart;
+    if (word == "parametric") return EquationType::Parametric;
+    if (word == "implicit") return EquationType::Implicit;
+    return std::nullopt;
+}
+
+std::optional<std::int64_t> ParseColor(std::string_view value) {
+    for (std::size_t i = 0; i < kColorTable.size(); ++i) {
+        if (value == ToUtf8(kColorTable[i].name)) return static_cast<std::int64_t>(i + 1);
+    }
+    return ParseWhole(value, 1, static_cast<std::int64_t>(kColorTable.size()));
+}
+
+template <typename Field, typename Value>
+bool Store(Field& field, const std::optional<Value>& value) {
+    if (value) field = static_cast<Field>(*value);
+    return value.has_value();
+}
+
+bool ApplyKey(FunctionEntry& entry, std::string_view key, std::string_view value) {
+    constexpr std::int64_t kFirst = std::numeric_limits<std::int32_t>::min();
+    constexpr std::int64_t kLast = std::numeric_limits<std::int32_t>::max();
+    if (key == "color") return Store(entry.color, ParseColor(value));
+    if (key == "approx") return Store(entry.approx, ParseWhole(value, 0, 12));
+    if (key == "approx_val") return Store(entry.approx_val, ParseWhole(value, kFirst, kLast));
+    if (key == "approx_val2") return Store(entry.approx_val2, ParseWhole(value, kFirst, kLast));
+    if (key == "beta1") return Store(entry.beta1, ParseNumber(value));
+    if (key == "beta2") return Store(entry.beta2, ParseNumber(value));
+    return false;
+}
+
+}  // namespace
+
+LineArgument ParseLineArgument(std::string_view argument, std::int32_t defaultColor) {
+    LineArgument result;
+    const std::size_t colon = argument.find(':');
+    if (colon == std::string_view::npos) {
+        result.error = "TYPE:TEXT expected, got " + std::string(argument);
+        return result;
+    }
+    const std::vector<std::string_view> head = Split(argument.substr(0, colon), ',');
+    const std::optional<EquationType> type = ParseType(head[0]);
+    if (!type) {
+        result.error =
+            "polar, decart, parametric or implicit expected, got " + std::string(head[0]);
+        return result;
+    }
+    result.entry.type = static_cast<std::int32_t>(*type);
+    result.entry.color = defaultColor;
+    result.entry.selected = 1;
+    for (std::size_t i = 1; i < head.size(); ++i) {
+        const std::size_t equals = head[i].find('=');
+        if (equals == std::string_view::npos ||
+            !ApplyKey(result.entry, head[i].substr(0, equals), head[i].substr(equals + 1))) {
+            result.error = "no such setting: " + std::string(head[i]);
+            return result;
+        }
+    }
+    result.line = ToUtf16(argument.substr(colon + 1));
+    return result;
+}
+
+}  // namespace kalvex

@@ -1,0 +1,21 @@
+// A function line as an argument: TYPE[,KEY=VALUE]...:TEXT
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "workspace/function_entry.h"
+
+namespace kalvex {
+
+struct LineArgument {
+    FunctionEntry entry;  ///< type, colour, approximation settings; selected
+    std::u16string line;  ///< the text behind the first ":", as it would be typed
+    std::string error;    ///< why the argument is none; empty when it is good
+};
+
+/// Types: polar, decart, parametric, implicit. Keys: color (1 to 9 or a colour's menu word), approx
+/// (0 to 12), approx_val, approx_val2, beta1, beta2. The colour is `defaultColor` when not given.
+LineArgument ParseLineArgument(std::string_view argument, std::int32_t defaultColor);
+
+}  // namespace kalvex

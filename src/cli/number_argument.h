@@ -1,0 +1,25 @@
+// Numbers inside arguments. All of them want the whole text and follow no locale.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace kalvex {
+
+/// A decimal number, or one of the words inf, -inf, nan.
+std::optional<double> ParseNumber(std::string_view text);
+
+/// Exactly `count` numbers separated by commas.
+std::optional<std::vector<double>> ParseNumbers(std::string_view text, std::size_t count);
+
+/// Decimal digits with an optional sign, first <= value <= last. Magnitudes up to 2^53.
+std::optional<std::int64_t> ParseWhole(std::string_view text, std::int64_t first,
+                                       std::int64_t last);
+
+/// The parts of a text between the separators; one part more than there are separators.
+std::vector<std::string_view> Split(std::string_view text, char separator);
+
+}  // namespace kalvex

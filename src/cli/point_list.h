@@ -1,0 +1,36 @@
+// The points at which a text is evaluated: single ones first, then an even range.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "graph/viewport.h"
+
+namespace kalvex {
+
+struct EvenRange {
+    double first = 0.0;
+    double last = 0.0;
+    std::int64_t count = 0;
+};
+
+struct PointList {
+    std::vector<WorldPoint> single;
+    std::optional<EvenRange> range;
+};
+
+/// "X" or "X,Y" (y is 0 when left out); a y only where one is allowed.
+std::optional<WorldPoint> ParsePoint(std::string_view text, bool withY);
+
+/// "A,B,N" with N of at least 1.
+std::optional<EvenRange> ParseRange(std::string_view text);
+
+/// How many points there are.
+std::int64_t CountOf(const PointList& points);
+
+/// Point 0 .. CountOf - 1. Point i of the range is A + i*(B-A)/(N-1); a range of one point is A.
+WorldPoint PointAt(const PointList& points, std::int64_t index);
+
+}  // namespace kalvex

@@ -1,0 +1,35 @@
+// Runs the built tool as a user's shell would, but without a shell.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace kalvex {
+
+struct ToolRun {
+    int status = -1;  ///< exit status; 128 + signal when a signal ended it; -1: it did not start
+    std::string out;
+    std::string err;
+};
+
+/// Runs the tool with these arguments and this standard input to its end. `environment` holds
+/// further NAME=VALUE settings. `outPath`: a file that standard output goes to instead.
+ToolRun RunTool(const std::vector<std::string>& arguments, const std::string& input = "",
+                const std::vector<std::string>& environment = {}, const std::string& outPath = "");
+
+/// A fresh folder for one test, removed when the test is over.
+class TemporaryFolder final {
+  public:
+    TemporaryFolder();
+    ~TemporaryFolder();
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+    std::string PathOf(const std::string& name) const { return path_ + '/' + name; }
+
+  private:
+    std::string path_;
+};
+
+std::string ReadFile(const std::string& path);
+
+}  // namespace kalvex

@@ -1,0 +1,238 @@
+// The tool as its users meet it: arguments and standard input in, lines and exit status out.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "cli/tool_run.h"
+
+namespace kalvex {
+namespace {
+
+using Arguments = std::vector<std::string>;
+
+std::string Joined(const Arguments& arguments) {
+    std::string text = "kalvex-cli";
+    for (const std::string& argument : arguments)
+        text += " [" + argument.substr(0, 60) + "]";
+    return text;
+}
+
+struct OutputRow {
+    Arguments arguments;
+    std::string input;
+    int status;
+    std::string out;
+    std::string err;
+};
+
+void Expect(const OutputRow& row, const Arguments& environment = {}) {
+    const ToolRun run = RunTool(row.arguments, row.input, environment);
+    EXPECT_EQ(run.status, row.status) << Joined(row.arguments);
+    EXPECT_EQ(run.out, row.out) << Joined(row.arguments);
+    EXPECT_EQ(run.err, row.err) << Joined(row.arguments);
+}
+
+const OutputRow kNormalise[] = {
+    {{"normalise", "2x"}, "", 0, "2*x\n", ""},
+    {{"normalise", "--", "-x"}, "", 0, "0-x\n", ""},
+    {{"normalise", "-1+x"}, "", 0, "0-1+x\n", ""},
+    {{"normalise", ""}, "ignored\n", 0, "\n", ""},
+    {{"normalise", "--implicit", "xy"}, "", 0, "x*0+x*y\n", ""},
+    {{"normalise", "--implicit", ""}, "", 0, "\n", ""},
+    {{"normalise"}, "2x\n\n3x", 0, "2*x\n\n3*x\n", ""},
+    {{"normalise"}, "", 0, "", ""},
+};
+
+const OutputRow kCheck[] = {
+    {{"check", "sin(x)"}, "", 0, "0\tSucsses!\n", ""},
+    {{"check", ""}, "", 1, "-11\tEmpty string\n", ""},
+    {{"check", "y+1"}, "", 1, "-6\tThere is an unknown lexeme\n", ""},
+    {{"check", "--implicit", "y+1"}, "", 0, "0\tSucsses!\n", ""},
+    {{"check", "2x"}, "", 0, "0\tSucsses!\n", ""},
+    {{"check", "--as-is", "2x"}, "", 1, "-6\tThere is an unknown lexeme\n", ""},
+    {{"check"}, "x\n\nx", 1, "0\tSucsses!\n-11\tEmpty string\n0\tSucsses!\n", ""},
+};
+
+const OutputRow kEval[] = {
+    {{"eval", "x^2", "--at", "3", "--at", "-1.5"}, "", 0, "3\t9\t0\n-1.5\t2.25\t0\n", ""},
+    {{"eval", "x+1"}, "", 0, "0\t1\t0\n", ""},
+    {{"eval", "1/x", "--range", "-1,1,3"}, "", 0, "-1\t-1\t0\n0\t1e+30\t1\n1\t1\t0\n", ""},
+    {{"eval", "--range=-1,1,2", "--at", "5", "--", "-x"},
+     "",
+     0,
+     "5\t-5\t0\n-1\t1\t0\n1\t-1\t0\n",
+     ""},
+    {{"eval", "x", "--range", "2,9,1"}, "", 0, "2\t2\t0\n", ""},
+    {{"eval", "--implicit", "--at", "-1,2", "--at", "3", "x*y"},
+     "",
+     0,
+     "-1\t2\t-2\t0\n3\t0\t0\t0\n",
+     ""},
+    {{"eval", ""}, "", 1, "", "Error!: Error Empty string\n"},
+    {{"eval"}, "x\n\nx+1\n", 1, "0\t0\t0\n0\t1\t0\n", "Error!: Error Empty string\n"},
+};
+
+TEST(Tool, Normalises) {
+    for (const OutputRow& row : kNormalise)
+        Expect(row);
+}
+
+TEST(Tool, ShowsABoxAsOneLine) {
+    Expect({{"normalise", "(x)2"}, "", 0, "(x)*2\n", "Test: (x)*2\n"});
+}
+
+TEST(Tool, Checks) {
+    for (const OutputRow& row : kCheck)
+        Expect(row);
+}
+
+TEST(Tool, Evaluates) {
+    for (const OutputRow& row : kEval)
+        Expect(row);
+}
+
+// A locale with a decimal comma changes nothing, neither does one without UTF-8. Where the system
+// lacks such a locale the C locale stands in.
+TEST(Tool, FollowsNoLocale) {
+    for (const char* locale : {"LC_ALL=de_DE.UTF-8", "LC_ALL=C", "LC_ALL=de_DE.ISO-8859-1"}) {
+        Expect({{"eval", "x/2", "--at", "0.5"}, "", 0, "0.5\t0.25\t0\n", ""}, {locale});
+        Expect({{"normalise", "\xd1\x8f"}, "", 0, "\xd1\x8f\n", ""}, {locale});
+    }
+}
+
+TEST(Tool, AnswersWrongUsageWithTwo) {
+    const Arguments rows[] = {
+        {},
+        {"unknown"},
+        {"normalise", "-x"},
+        {"normalise", "a", "b"},
+        {"normalise", "--bogus"},
+        {"check", "--at", "1", "x"},
+        {"eval", "x", "--at", "a"},
+        {"eval", "x", "--at", "1,2"},
+        {"eval", "x", "--at"},
+        {"eval", "x", "--range", "1,2"},
+        {"eval", "x", "--range", "1,2,0"},
+        {"eval", "x", "--range", "1,2,1.5"},
+        {"samples"},
+        {"samples", "x^2"},
+        {"samples", "decart:x", "decart:x"},
+        {"samples", "file:points.txt"},
+        {"samples", "--size", "0x10", "decart:x"},
+        {"samples", "--size", "16385x10", "decart:x"},
+        {"samples", "--size", "10", "decart:x"},
+        {"samples", "--window", "1,2,3", "decart:x"},
+        {"samples", "--quick", "init", "decart:x"},
+        {"samples", "--quick", "Init", "--window", "1,2,3,4", "decart:x"},
+        {"samples", "--max-angle", "5", "polar:1"},
+        {"samples", "--grid-kind", "square", "decart:x"},
+        {"draw", "decart:x"},
+        {"draw", "-o", "picture.png"},
+        {"draw", "-o", "picture.gif", "decart:x"},
+        {"draw", "-o", "png", "decart:x"},
+        {"draw", "-o", "a.png", "decart:1", "decart:2", "decart:3", "decart:4", "decart:5",
+         "decart:6", "decart:7", "decart:8", "decart:9", "decart:10"},
+    };
+    for (const Arguments& row : rows) {
+        const ToolRun run = RunTool(row, "x\n");
+        EXPECT_EQ(run.status, 2) << Joined(row);
+        EXPECT_EQ(run.out, "") << Joined(row);
+        EXPECT_NE(run.err, "") << Joined(row);
+    }
+}
+
+TEST(Tool, ExplainsItself) {
+    for (const char* command : {"", "normalise", "check", "eval", "samples", "draw"}) {
+        for (const char* option : {"--help", "--version"}) {
+            Arguments arguments = {option};
+            if (*command != '\0') arguments.insert(arguments.begin(), command);
+            const ToolRun run = RunTool(arguments);
+            EXPECT_EQ(run.status, 0) << Joined(arguments);
+            EXPECT_NE(run.out, "") << Joined(arguments);
+            EXPECT_EQ(run.err, "") << Joined(arguments);
+        }
+    }
+}
+
+TEST(Tool, SurvivesAnyInput) {
+    std::string garbage;
+    for (int i = 0; i < 4096; ++i)
+        garbage += static_cast<char>(i * 7 + i / 256);
+    const std::string million(1000000, 'x');
+    const std::string brackets(1000000, '(');
+    for (const Arguments& arguments :
+         {Arguments{"normalise"}, Arguments{"normalise", "--implicit"}, Arguments{"check"},
+          Arguments{"check", "--implicit"}, Arguments{"check", "--as-is"}, Arguments{"eval"},
+          Arguments{"eval", "--implicit"}}) {
+        const int expected = arguments[0] == "normalise" ? 0 : 1;
+        for (const std::string& input : {garbage, million + '\n', brackets + '\n'})
+            EXPECT_EQ(RunTool(arguments, input).status, expected) << Joined(arguments);
+    }
+}
+
+TEST(Tool, NoticesThatItsOutputIsLost) {
+    EXPECT_EQ(RunTool({"eval", "x", "--range", "0,1,9007199254740992"}, "", {}, "/dev/full").status,
+              3);
+    EXPECT_EQ(RunTool({"normalise", "x"}, "", {}, "/dev/full").status, 3);
+}
+
+TEST(Tool, PrintsTheSamplesOfALine) {
+    Expect({{"samples", "--size", "3x5", "decart:x"},
+            "",
+            0,
+            "0\t5\t-10\t-10\t0\t0\n1\t2\t0\t0\t0\t0\n3\t0\t10\t10\t0\t0\n",
+            ""});
+    const ToolRun polar = RunTool({"samples", "--max-angle", "2", "polar:1"});
+    EXPECT_EQ(std::count(polar.out.begin(), polar.out.end(), '\n'), 360);
+    Expect({{"samples", "--size", "20x20", "implicit:x*y-1"}, "", 0, "", ""});
+    Expect({{"samples", "decart:x+*"},
+            "",
+            1,
+            "",
+            "Error!: Error in 1 function:\\nx+*\\nNext two characters\n"});
+    Expect(
+        {{"samples", "parametric:x"},
+         "",
+         1,
+         "",
+         "Error!: You have entered only one equation, while the parametric type requires two!\n"});
+}
+
+TEST(Tool, PrintsSamplesOfExtremeWindows) {
+    for (const char* window : {"-1e300,1e300,-1e300,1e300", "1e-300,2e-300,0,1", "1,1,1,1",
+                               "10,-10,10,-10", "-inf,inf,nan,nan"}) {
+        const ToolRun run = RunTool({"samples", "--window", window, "decart:x^2"});
+        EXPECT_EQ(run.status, 0) << window;
+        EXPECT_EQ(std::count(run.out.begin(), run.out.end(), '\n'), 240) << window;
+    }
+}
+
+TEST(Tool, DrawsPictures) {
+    const TemporaryFolder folder;
+    const std::string png = folder.PathOf("a.png");
+    Expect({{"draw", "-o", png, "decart:x^2", "polar,color=Blue:5"}, "", 0, "", ""});
+    EXPECT_EQ(ReadFile(png).substr(0, 4), "\x89PNG");
+    const std::string bitmap = folder.PathOf("b.BMP");
+    Expect({{"draw", "--size", "30x20", "-o", bitmap, "implicit:x-y"}, "", 0, "", ""},
+           {"LC_ALL=C"});
+    EXPECT_EQ(ReadFile(bitmap).substr(0, 2), "BM");
+    for (const char* name : {"missing/a.png", "missing/a.bmp"}) {
+        const ToolRun run = RunTool({"draw", "-o", folder.PathOf(name), "decart:x"});
+        EXPECT_EQ(run.status, 3) << name;
+        EXPECT_NE(run.err, "") << name;
+    }
+}
+
+TEST(Tool, WritesNoPictureOfARejectedLine) {
+    const TemporaryFolder folder;
+    const std::string png = folder.PathOf("a.png");
+    Expect({{"draw", "-o", png, "decart:x", "decart:"},
+            "",
+            1,
+            "",
+            "Error!: Error in 2 function:\\n\\nEmpty string\n"});
+    EXPECT_EQ(ReadFile(png), "");
+}
+
+}  // namespace
+}  // namespace kalvex
