@@ -1,0 +1,74 @@
+// What the graph tests share: laid-out viewports, compiled entries, a text measure of fixed widths
+// and the records of one kind.
+#pragma once
+
+#include <limits>
+#include <string_view>
+#include <utility>
+#include <variant>
+#include <vector>
+
+#include "graph/draw_list.h"
+#include "graph/graph.h"
+#include "graph/viewport.h"
+#include "workspace/function_entry.h"
+
+namespace kalvex::fixtures {
+
+inline Viewport MakeViewport(double xmin, double xmax, double ymin, double ymax,
+                             std::int32_t width = 240, std::int32_t height = 268) {
+    Viewport viewport;
+    viewport.view.Xmin = xmin;
+    viewport.view.Xmax = xmax;
+    viewport.view.Ymin = ymin;
+    viewport.view.Ymax = ymax;
+    LayoutViewport(viewport, width, height);
+    return viewport;
+}
+
+inline FunctionEntry MakeEntry(EquationType type, std::u16string_view text,
+                               std::u16string_view yText = {}) {
+    FunctionEntry entry;
+    entry.type = static_cast<std::int32_t>(type);
+    entry.color = 1;
+    entry.selected = 1;
+    entry.text = text;
+    if (!text.empty()) entry.compiled[0] = CompileExpression(text);
+    if (!yText.empty()) entry.compiled[1] = CompileExpression(yText);
+    return entry;
+}
+
+/// Six pixels per character, one and a half lines high.
+inline TextExtent MeasureFixed(std::u16string_view text, std::int32_t height) {
+    return {static_cast<std::int32_t>(text.size()) * 6, height + height / 2};
+}
+
+template <typename Record>
+std::vector<Record> RecordsOf(const DrawList& list) {
+    std::vector<Record> found;
+    for (const DrawRecord& record : list.records)
+        if (const auto* one = std::get_if<Record>(&record)) found.push_back(*one);
+    return found;
+}
+
+struct Size {
+    std::int32_t width;
+    std::int32_t height;
+};
+
+inline constexpr Size kExtremeSizes[] = {{0, 0}, {1, 1}, {1, 500}, {240, 268}, {1920, 1080}};
+
+/// Bounds of one axis that no dialog would let pass, and some that it would.
+inline const std::vector<std::pair<double, double>>& ExtremeBounds() {
+    constexpr double kInfinity = std::numeric_limits<double>::infinity();
+    constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+    static const std::vector<std::pair<double, double>> bounds = {
+        {-1e300, 1e300}, {1.0, 1.0 + 2.3e-16}, {1e-300, 2e-300},   {-1e-300, 1e-300},
+        {5.0, 5.0},      {10.0, -10.0},        {-10.0, kInfinity}, {-kInfinity, kInfinity},
+        {kNan, 1.0},     {-1e308, 1e308},      {1e300, 2e300},     {1e9, 1e9 + 300.0},
+        {-1e9, 1e-3},    {-1e15, 1e15},        {4e5, 4e5 + 1e-5},
+    };
+    return bounds;
+}
+
+}  // namespace kalvex::fixtures

@@ -1,0 +1,167 @@
+#include "graph/graph.h"
+
+#include <gtest/gtest.h>
+
+#include "graph/graph_fixtures.h"
+
+namespace kalvex {
+namespace {
+
+using fixtures::MakeEntry;
+using fixtures::MakeViewport;
+using fixtures::RecordsOf;
+
+Options PlainOptions() {
+    Options options;
+    options.Axex = options.Setka = options.Coord = options.Label = 0;
+    return options;
+}
+
+GraphState StateOf(const Viewport& viewport) {
+    GraphState state;
+    state.viewport = viewport;
+    return state;
+}
+
+DrawList Draw(GraphState& state, FunctionList& functions, const Options& options) {
+    return DrawGraph(state, functions, options, fixtures::MeasureFixed, {});
+}
+
+TEST(Graph, DrawsItsLayersInOrder) {
+    GraphState state = StateOf(MakeViewport(-10, 10, -10, 10));
+    FunctionList functions;
+    functions[2] = MakeEntry(EquationType::Decart, u"x");
+    Options options;
+    const DrawList list = Draw(state, functions, options);
+    EXPECT_EQ(list.width, 240);
+    EXPECT_EQ(list.height, 268);
+    ASSERT_GE(list.records.size(), 5u);
+    EXPECT_EQ(std::get<SegmentsRecord>(list.records[0]).pen.color, (Rgb{130, 130, 130}));
+    EXPECT_EQ(std::get<SegmentsRecord>(list.records[1]).pen.color, Rgb{});
+    EXPECT_EQ(std::get<TextRecord>(list.records[2]).height, 10);
+    const std::size_t count = list.records.size();
+    EXPECT_TRUE(std::holds_alternative<PolylineRecord>(list.records[count - 2]));
+    EXPECT_EQ(std::get<TextRecord>(list.records[count - 1]).text, u"x");
+}
+
+TEST(Graph, SwitchesEachLayer) {
+    FunctionList functions;
+    const auto count = [&](const Options& options) {
+        GraphState state = StateOf(MakeViewport(-10, 10, -10, 10));
+        return Draw(state, functions, options).records.size();
+    };
+    Options options = PlainOptions();
+    EXPECT_EQ(count(options), 0u);
+    options.Setka = 1;
+    EXPECT_EQ(count(options), 1u);
+    options.Setka = 2;
+    EXPECT_EQ(count(options), 13u);
+    options.Setka = 3;
+    EXPECT_EQ(count(options), 0u);
+    options.Axex = 1;
+    EXPECT_EQ(count(options), 1u);
+    options.Coord = 1;
+    EXPECT_GT(count(options), 10u);
+}
+
+TEST(Graph, DrawsSelectedSlotsInOrderAndLeavesTheOthersAlone) {
+    GraphState state = StateOf(MakeViewport(-10, 10, -10, 10));
+    FunctionList functions;
+    functions[0] = MakeEntry(EquationType::Decart, u"x");
+    functions[0].selected = 0;
+    functions[0].samples.resize(3);
+    functions[1] = MakeEntry(EquationType::None, u"x");
+    functions[1].type = 77;
+    functions[2] = MakeEntry(EquationType::Decart, u"x");
+    functions[2].color = 5;
+    functions[4] = MakeEntry(EquationType::Decart, u"2*x");
+    functions[4].color = 4;
+    Options options = PlainOptions();
+    options.Wight = 3;
+    const auto lines = RecordsOf<PolylineRecord>(Draw(state, functions, options));
+    ASSERT_EQ(lines.size(), 2u);
+    EXPECT_EQ(lines[0].pen.color, (Rgb{0, 0, 255}));
+    EXPECT_EQ(lines[0].pen.width, 3);
+    EXPECT_EQ(lines[1].pen.color, (Rgb{50, 205, 50}));
+    EXPECT_EQ(functions[0].samples.size(), 3u);
+    EXPECT_TRUE(functions[1].samples.empty());
+    EXPECT_EQ(state.trace.function, 2);
+}
+
+TEST(Graph, ChoosesTheFirstFunctionThatIsNotImplicit) {
+    GraphState state = StateOf(MakeViewport(-10, 10, -10, 10));
+    FunctionList functions;
+    functions[0] = MakeEntry(EquationType::Implicit, u"x*0+x-y");
+    functions[0].samples.resize(5);
+    Draw(state, functions, PlainOptions());
+    EXPECT_FALSE(state.trace.function.has_value());
+    EXPECT_TRUE(functions[0].samples.empty()) << "an implicit curve keeps no samples";
+    EXPECT_EQ(state.trace.pixel, (PixelPoint{120, 120})) << "the width for both";
+    functions[5] = MakeEntry(EquationType::Polar, u"x");
+    functions[6] = MakeEntry(EquationType::Decart, u"x");
+    Draw(state, functions, PlainOptions());
+    EXPECT_EQ(state.trace.function, 5);
+    functions[1] = MakeEntry(EquationType::Decart, u"x");
+    Draw(state, functions, PlainOptions());
+    EXPECT_EQ(state.trace.function, 5) << "a chosen function stays";
+}
+
+TEST(Graph, PlacesTheCursorOnTheMiddleSample) {
+    GraphState state = StateOf(MakeViewport(-10, 10, -10, 10));
+    FunctionList functions;
+    functions[0] = MakeEntry(EquationType::Decart, u"1/(x-x)");
+    Draw(state, functions, PlainOptions());
+    EXPECT_EQ(state.trace.index, 120);
+    EXPECT_EQ(state.trace.pixel, PixelPoint{});
+    EXPECT_NE(state.trace.status, 0);
+    functions[0] = MakeEntry(EquationType::Decart, u"x");
+    state.traceActive = true;
+    Draw(state, functions, PlainOptions());
+    EXPECT_NE(state.trace.status, 0) << "trace keeps its cursor";
+    state.traceActive = false;
+    Draw(state, functions, PlainOptions());
+    EXPECT_EQ(state.trace.status, 0);
+    EXPECT_EQ(state.trace.pixel,
+              (PixelPoint{functions[0].samples[120].column, functions[0].samples[120].row}));
+}
+
+TEST(Graph, DrawsImplicitCurvesOnePixelWide) {
+    GraphState state = StateOf(MakeViewport(-10, 10, -10, 10));
+    FunctionList functions;
+    functions[0] = MakeEntry(EquationType::Implicit, u"x*0+x^2+y^2-4");
+    Options options = PlainOptions();
+    options.Wight = 9;
+    const DrawList list = Draw(state, functions, options);
+    ASSERT_EQ(list.records.size(), 1u);
+    EXPECT_EQ(std::get<PixelRunsRecord>(list.records[0]).color, (Rgb{255, 0, 0}));
+}
+
+TEST(Graph, ClampsThePenWidth) {
+    const struct {
+        std::int32_t Wight, width;
+    } rows[] = {{INT32_MIN, 1}, {0, 1}, {64, 64}, {INT32_MAX, 64}};
+    for (const auto& row : rows) {
+        GraphState state = StateOf(MakeViewport(-10, 10, -10, 10));
+        FunctionList functions;
+        functions[0] = MakeEntry(EquationType::Decart, u"x");
+        Options options = PlainOptions();
+        options.Wight = row.Wight;
+        const auto lines = RecordsOf<PolylineRecord>(Draw(state, functions, options));
+        EXPECT_EQ(lines.at(0).pen.width, row.width);
+    }
+}
+
+TEST(Graph, SurvivesEverySize) {
+    for (const auto& size : {fixtures::Size{0, 0}, {-5, -5}, {1, 1}, {1, 500}, {500, 1}}) {
+        GraphState state = StateOf(MakeViewport(-10, 10, -10, 10, size.width, size.height));
+        FunctionList functions;
+        functions[0] = MakeEntry(EquationType::Decart, u"x");
+        functions[1] = MakeEntry(EquationType::Parametric, u"x", u"x");
+        functions[2] = MakeEntry(EquationType::Implicit, u"x*0+x-y");
+        functions[3] = MakeEntry(EquationType::Polar, u"x");
+        EXPECT_EQ(Draw(state, functions, Options{}).width, size.width);
+    }
+}
+
+}  // namespace
+}  // namespace kalvex

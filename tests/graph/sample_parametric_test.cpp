@@ -1,0 +1,65 @@
+#include <gtest/gtest.h>
+
+#include "graph/curves.h"
+#include "graph/graph_fixtures.h"
+
+namespace kalvex {
+namespace {
+
+using fixtures::MakeEntry;
+using fixtures::MakeViewport;
+
+TEST(SampleParametric, EndsOneStepShortOfTheMaximum) {
+    FunctionEntry entry = MakeEntry(EquationType::Parametric, u"x", u"2*x");
+    DrawList list;
+    const Viewport viewport = MakeViewport(-10, 10, -10, 10);
+    PlotParametric(entry, viewport, 0.0, 240.0, Pen{}, list);
+    ASSERT_EQ(entry.samples.size(), 240u);
+    EXPECT_EQ(entry.samples[0].parameter, 0.0);
+    EXPECT_EQ(entry.samples[239].parameter, 239.0);
+    EXPECT_EQ(entry.samples[239].y, 478.0);
+    EXPECT_EQ(entry.samples[239].column, 0) << "the last one is unplotted";
+    EXPECT_EQ(entry.samples[238].column, WorldToScreenX(viewport.view, 238.0));
+    EXPECT_EQ(fixtures::RecordsOf<SegmentsRecord>(list)[0].segments.size(), 239u)
+        << "no jump threshold";
+}
+
+TEST(SampleParametric, DrawsNothingOverAnEmptyRange) {
+    FunctionEntry entry = MakeEntry(EquationType::Parametric, u"x", u"x^2");
+    DrawList list;
+    PlotParametric(entry, MakeViewport(-10, 10, -10, 10), 2.0, 2.0, Pen{}, list);
+    EXPECT_EQ(entry.samples.size(), 240u);
+    EXPECT_TRUE(list.records.empty());
+}
+
+TEST(SampleParametric, TakesTheStatusOfXFirst) {
+    const struct {
+        const char16_t* x;
+        const char16_t* y;
+        const char16_t* like;
+    } rows[] = {{u"ln(0-1)", u"1/0", u"ln(0-1)"}, {u"x", u"1/0", u"1/0"}, {u"1/0", u"x", u"1/0"}};
+    for (const auto& row : rows) {
+        FunctionEntry entry = MakeEntry(EquationType::Parametric, row.x, row.y);
+        DrawList list;
+        PlotParametric(entry, MakeViewport(-10, 10, -10, 10), 0.0, 1.0, Pen{}, list);
+        const std::vector<double> at{0.5};
+        EXPECT_EQ(entry.samples[5].status, EvaluateAt(CompileExpression(row.like), at)[0].error);
+        EXPECT_NE(entry.samples[5].status, 0);
+        EXPECT_EQ(entry.samples[5].column, 0);
+        EXPECT_TRUE(list.records.empty());
+    }
+}
+
+TEST(SampleParametric, SurvivesEveryWindowAndRange) {
+    for (const auto& [low, high] : fixtures::ExtremeBounds())
+        for (const auto& size : fixtures::kExtremeSizes) {
+            FunctionEntry entry = MakeEntry(EquationType::Parametric, u"x", u"1/x");
+            DrawList list;
+            PlotParametric(entry, MakeViewport(low, high, low, high, size.width, size.height), low,
+                           high, Pen{}, list);
+            EXPECT_EQ(entry.samples.size(), static_cast<std::size_t>(size.width));
+        }
+}
+
+}  // namespace
+}  // namespace kalvex
