@@ -25,6 +25,8 @@ class GraphCanvas final : public QWidget {
     const DrawList& Picture() const { return list; }
     /// How many pictures were computed so far.
     int RedrawCount() const { return redrawCount; }
+    /// Columns that the progress bar covers at the moment; 0 while nothing is being computed.
+    int ProgressColumns() const { return progress.empty() ? 0 : progress.back().lastColumn + 1; }
 
   protected:
     void paintEvent(QPaintEvent* event) override;

@@ -14,7 +14,8 @@ namespace kalvex {
 namespace {
 
 constexpr double kTextContrast = 4.5;  // the guidelines' bound for ordinary text
-constexpr double kRimBelow = 3.0;      // their bound for large text: below it a rim helps
+constexpr double kRimBelow =
+    2.4;  // below it the thin strokes of the letters fade; a rim keeps them together
 constexpr int kMarkWidth = 18;
 constexpr int kMargin = 6;
 
@@ -85,7 +86,7 @@ void LineLabel::paintEvent(QPaintEvent*) {
     shape.addText(width() - kMargin - metrics.horizontalAdvance(shown),
                   (height() + metrics.ascent() - metrics.descent()) / 2.0, face, shown);
     if (ContrastRatio(TextColor(), Ground()) < kRimBelow) {
-        painter.strokePath(shape, QPen(ReadableColor(TextColor(), Ground(), kTextContrast), 1.6));
+        painter.strokePath(shape, QPen(ReadableColor(TextColor(), Ground(), kTextContrast), 1.0));
     }
     painter.fillPath(shape, TextColor());
 }

@@ -6,6 +6,7 @@
 #include <QSettings>
 #include <QStandardPaths>
 #include <QWidget>
+#include <QWindow>
 
 namespace kalvex {
 namespace {
@@ -61,6 +62,9 @@ void TakeWindowPlace(QWidget& last, QWidget& next) {
     } else {
         next.setWindowState(Qt::WindowNoState);
         next.setGeometry(last.geometry());
+        // A window that stood there before counts as unmoved: only the native one takes the same
+        // place as a wish, without which the window manager would choose another.
+        if (next.windowHandle() != nullptr) next.windowHandle()->setGeometry(last.geometry());
     }
     next.show();
     next.raise();

@@ -1,0 +1,195 @@
+#include "ui/application.h"
+
+#include <QMessageBox>
+#include <QTimer>
+
+#include "ui/message_window.h"
+#include "window_fixture.h"
+
+using namespace kalvex;
+
+namespace {
+
+std::size_t CountOf(const TestProgram& program, const std::string& operation) {
+    return static_cast<std::size_t>(
+        std::count(program.store.log->begin(), program.store.log->end(), operation));
+}
+
+}  // namespace
+
+class ApplicationTest final : public QObject {
+    Q_OBJECT
+  private slots:
+    void FirstStart() {
+        TestProgram program;
+        program.store.store->keys.clear();
+        program.Start();
+        QVERIFY(program.shown.boxes->empty());
+        for (int number = 1; number <= 9; ++number) {
+            QCOMPARE(int{program.Entry(number).selected}, number == 1 ? 1 : 0);
+        }
+        program.OpenGraph();  // a newcomer presses Draw at once
+        QVERIFY(program.shown.boxes->empty());
+    }
+    void LaterStart() {
+        TestProgram program;
+        program.Start();
+        for (int number = 1; number <= 9; ++number)
+            QVERIFY(!program.Entry(number).selected);
+    }
+    void LoadsTextsThenFunctionsThenSettings() {
+        TestProgram program;
+        program.Start();
+        const auto place = [&program](const char* operation) {
+            const auto& log = *program.store.log;
+            return std::find(log.begin(), log.end(), operation) - log.begin();
+        };
+        QVERIFY(place("readText 1/equ") < place("readText 9/equ"));
+        QVERIFY(place("readText 9/equ") < place("readNumber 1/Color"));
+        QVERIFY(place("readNumber 9/type") < place("readNumber /Axex"));
+        QVERIFY(place("readNumber /Axex") < place("readText /xmin"));
+        QVERIFY(place("readText /MaxParam") < static_cast<long>(program.store.log->size()));
+    }
+    void ADamagedStoreIsReportedOnce() {
+        TestProgram program;
+        program.store.store->keys["1"].clear();
+        program.store.store->keys.erase("2");
+        program.store.store->keys.erase("3");
+        program.Start();
+        QCOMPARE(program.shown.boxes->size(), std::size_t{1});
+        QVERIFY(program.LastBox().caption == u"Registry error");
+        QVERIFY(program.Editor().isVisible());
+    }
+    void GraphTableStoresTheView() {
+        TestProgram program;
+        program.Start();
+        program.Entry(1).selected = 1;
+        program.OpenGraph();
+        program.application.graph.viewport.view.Xmin = -2.5;
+        program.Graph().Run(CommandId::GraphTable);
+        QVERIFY(program.store.registry.readText("", "Xmin") == u"-2.500000");
+        QVERIFY(program.Editor().isVisible() && !program.Graph().isVisible());
+        QVERIFY(program.shown.boxes->empty());
+        QCOMPARE(program.quits, 0);
+        program.OpenGraph();
+        QCOMPARE(program.application.graph.viewport.view.Xmin, -2.5);
+    }
+    void TheClosedGraphReturnsToTheTable() {
+        TestProgram program;
+        program.Start();
+        program.Entry(1).selected = 1;
+        program.OpenGraph();
+        program.Graph().close();
+        QVERIFY(program.Editor().isVisible() && !program.Graph().isVisible());
+        QCOMPARE(CountOf(program, "writeText /Xmin"), std::size_t{1});
+        QCOMPARE(program.quits, 0);
+    }
+    void AFailingViewIsReported() {
+        for (const bool exit : {false, true}) {
+            TestProgram program;
+            program.Start();
+            program.Entry(1).selected = 1;
+            program.OpenGraph();
+            *program.store.fails = Exactly("writeText /Ymax");
+            program.Graph().Run(exit ? CommandId::GraphExit : CommandId::GraphTable);
+            QCOMPARE(program.shown.boxes->size(), std::size_t{1});
+            QVERIFY(program.LastBox().text == u"Error save value into registry!");
+            QVERIFY(program.LastBox().caption == u"Error!");
+            QVERIFY(program.LastBox().icon == MessageIcon::None);
+            QCOMPARE(program.quits, exit ? 1 : 0);
+            QVERIFY(exit || program.Editor().isVisible());
+        }
+    }
+    void ExitOfTheGraphStoresEverythingOnce() {
+        TestProgram program;
+        program.Start();
+        program.Entry(1).selected = 1;
+        program.OpenGraph();
+        program.store.log->clear();
+        program.Entry(4).color = 7;
+        program.Graph().Run(CommandId::GraphExit);
+        EndApplication(program.application, program.shown.show);  // as aboutToQuit does
+        QCOMPARE(program.quits, 1);
+        QCOMPARE(CountOf(program, "writeText /Xmin"), std::size_t{1});
+        QCOMPARE(CountOf(program, "writeNumber 4/color"), std::size_t{1});
+        QCOMPARE(program.store.registry.readNumber("4", "Color").value_or(0), 7);
+    }
+    void ExitAndTheCloseButtonOfTheEditor() {
+        for (const bool close : {false, true}) {
+            TestProgram program;
+            program.Start();
+            program.store.log->clear();
+            program.Entry(2).type = 5;
+            if (close) {
+                program.Editor().close();
+            } else {
+                program.Editor().Run(CommandId::Exit);
+            }
+            QCOMPARE(program.quits, 1);
+            QCOMPARE(program.store.registry.readNumber("2", "type").value_or(0), 5);
+            QCOMPARE(CountOf(program, "writeText /Xmin"), std::size_t{0});
+            QCOMPARE(LoadWindowState(program.application.windowStatePath).size,
+                     program.Editor().size());
+        }
+    }
+    void AFailingExitOfTheEditorIsSilent() {
+        TestProgram program;
+        program.Start();
+        *program.store.fails = FromNth("write", 0);
+        program.Editor().Run(CommandId::Exit);
+        QVERIFY(program.shown.boxes->empty());
+        QCOMPARE(program.quits, 1);
+    }
+    void TheSizeIsRemembered() {
+        TestProgram program;
+        SaveWindowState(program.application.windowStatePath, {QSize(500, 600), false, "/f"});
+        program.Start();
+        QCOMPARE(program.Editor().size(), QSize(500, 600));
+        program.Entry(1).selected = 1;
+        program.OpenGraph();
+        program.Graph().resize(555, 565);
+        EndApplication(program.application, program.shown.show);
+        const WindowState state = LoadWindowState(program.application.windowStatePath);
+        QCOMPARE(state.size, QSize(555, 565));
+        QCOMPARE(state.folder, QString("/f"));
+    }
+    void MessageWindows() {
+        const std::pair<MessageIcon, QMessageBox::Icon> icons[] = {
+            {MessageIcon::None, QMessageBox::NoIcon},
+            {MessageIcon::Stop, QMessageBox::Critical},
+            {MessageIcon::Exclamation, QMessageBox::Warning},
+            {MessageIcon::Information, QMessageBox::Information}};
+        for (const auto& [icon, expected] : icons) {
+            QMessageBox::Icon seen = QMessageBox::Question;
+            QTimer::singleShot(0, this, [&seen] {
+                auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+                QVERIFY(box != nullptr);
+                seen = box->icon();
+                QCOMPARE(box->windowTitle(), QString("Error!"));
+                QCOMPARE(box->text(), QString("<b>1 & 2"));
+                QVERIFY(box->textFormat() == Qt::PlainText);
+                QTest::keyClick(box, Qt::Key_Return);
+            });
+            QVERIFY(ShowMessageWindow({u"Error!", u"<b>1 & 2", icon, MessageButtons::Ok}) ==
+                    MessageAnswer::Ok);
+            QCOMPARE(seen, expected);
+        }
+        const std::pair<QMessageBox::StandardButton, MessageAnswer> answers[] = {
+            {QMessageBox::Yes, MessageAnswer::Yes}, {QMessageBox::No, MessageAnswer::No}};
+        for (const auto& [button, answer] : answers) {
+            QTimer::singleShot(0, this, [pressed = button] {
+                auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+                QTest::mouseClick(box->button(pressed), Qt::LeftButton);
+            });
+            QVERIFY(ShowMessageWindow({u"a", u"b", MessageIcon::Stop, MessageButtons::YesNo}) ==
+                    answer);
+        }
+        QTimer::singleShot(
+            0, this, [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
+        QVERIFY(ShowMessageWindow({u"a", u"b", MessageIcon::Stop, MessageButtons::YesNo}) ==
+                MessageAnswer::No);
+    }
+};
+
+QTEST_MAIN(ApplicationTest)
+#include "application_test.moc"

@@ -1,0 +1,128 @@
+#include "ui/editor_commands.h"
+
+#include <QTest>
+
+using namespace kalvex;
+
+namespace {
+
+struct Bench {
+    Workspace workspace;
+    int shows = 0;
+    int draws = 0;
+    int exits = 0;
+    EditorState state{workspace, {}, false, {}, {}, {}};
+
+    Bench() {
+        state.showLines = [this] { ++shows; };
+        state.draw = [this] { ++draws; };
+        state.exit = [this] { ++exits; };
+    }
+    bool Run(int slot, CommandId command) {
+        state.slot = slot;
+        return RunCommand(state, command);
+    }
+};
+
+}  // namespace
+
+class EditorCommandsTest final : public QObject {
+    Q_OBJECT
+  private slots:
+    void Colours() {
+        Bench bench;
+        for (int number = 32777; number <= 32785; ++number) {
+            QVERIFY(bench.Run(3, static_cast<CommandId>(number)));
+            QCOMPARE(bench.workspace.functions[3].color, number - 32776);
+        }
+        QCOMPARE(bench.shows, 9);
+    }
+    void Types() {
+        const std::pair<int, int> rows[] = {{32787, 1}, {32788, 2}, {32789, 3}, {32932, 5}};
+        Bench bench;
+        for (const auto& [number, type] : rows) {
+            QVERIFY(bench.Run(8, static_cast<CommandId>(number)));
+            QCOMPARE(bench.workspace.functions[8].type, type);
+        }
+    }
+    void MethodsWithoutADialog() {
+        for (int code = 0; code < 13; ++code) {
+            Bench bench;
+            bench.workspace.functions[0].approx = 77;
+            const bool dialog = code == 0 || code == 3 || code == 10;
+            QCOMPARE(bench.Run(0, static_cast<CommandId>(32919 + code)), !dialog);
+            QCOMPARE(bench.workspace.functions[0].approx, dialog ? 77 : code);
+        }
+    }
+    void SelectToggles() {
+        Bench bench;
+        bench.Run(2, CommandId::Select);
+        QCOMPARE(int{bench.workspace.functions[2].selected}, 1);
+        bench.Run(2, CommandId::Select);
+        QCOMPARE(int{bench.workspace.functions[2].selected}, 0);
+    }
+    void UnselectAllNeedsNoLine() {
+        Bench bench;
+        for (FunctionEntry& entry : bench.workspace.functions)
+            entry.selected = 1;
+        QVERIFY(RunCommand(bench.state, CommandId::UnselectAll));
+        for (const FunctionEntry& entry : bench.workspace.functions)
+            QVERIFY(!entry.selected);
+    }
+    void DeleteEmptiesTheLineOnly() {
+        Bench bench;
+        bench.workspace.lines[4] = u"x^2";
+        bench.workspace.functions[4].selected = 1;
+        bench.workspace.functions[4].color = 6;
+        bench.Run(4, CommandId::Delete);
+        QVERIFY(bench.workspace.lines[4].empty());
+        QCOMPARE(int{bench.workspace.functions[4].selected}, 1);
+        QCOMPARE(bench.workspace.functions[4].color, 6);
+    }
+    void WithoutALineNothingChanges() {
+        Bench bench;
+        bench.workspace.lines.fill(u"x");
+        for (const CommandId command : {CommandId::Red, CommandId::Polar, CommandId::Select,
+                                        CommandId::Delete, CommandId::BSplines}) {
+            QVERIFY(RunCommand(bench.state, command));
+        }
+        for (const FunctionEntry& entry : bench.workspace.functions) {
+            QCOMPARE(entry.color, 0);
+            QCOMPARE(entry.type, 0);
+            QCOMPARE(entry.approx, 0);
+            QVERIFY(!entry.selected);
+        }
+        for (const std::u16string& line : bench.workspace.lines)
+            QVERIFY(line == u"x");
+        QCOMPARE(bench.shows, 0);
+        QVERIFY(bench.Run(9, CommandId::Red));
+        QVERIFY(bench.Run(-1, CommandId::Red));
+    }
+    void DrawExitAndStrangers() {
+        Bench bench;
+        QVERIFY(RunCommand(bench.state, CommandId::Draw));
+        QVERIFY(RunCommand(bench.state, CommandId::Exit));
+        QCOMPARE(bench.draws, 1);
+        QCOMPARE(bench.exits, 1);
+        for (const CommandId command : {CommandId::None, CommandId::GraphTable, CommandId::Options,
+                                        CommandId::Help, CommandId::File, CommandId::InsertSin}) {
+            QVERIFY(!bench.Run(0, command));
+        }
+    }
+    void MenuFlag() {
+        const std::pair<CommandId, bool> rows[] = {{CommandId::Select, false},
+                                                   {CommandId::Draw, false},
+                                                   {CommandId::Great, false},
+                                                   {CommandId::Polar, true},
+                                                   {CommandId::UnselectAll, true}};
+        for (const auto& [command, open] : rows) {
+            Bench bench;
+            bench.state.menuOpen = true;
+            bench.Run(0, command);
+            QCOMPARE(bench.state.menuOpen, open);
+        }
+    }
+};
+
+QTEST_APPLESS_MAIN(EditorCommandsTest)
+#include "editor_commands_test.moc"

@@ -1,0 +1,217 @@
+#include "ui/graph_window.h"
+
+#include <QPaintEvent>
+
+#include "painter/painter.h"
+#include "ui/touch.h"
+#include "window_fixture.h"
+
+using namespace kalvex;
+
+namespace {
+
+/// Notes how long the progress bar is at each paint of the canvas.
+class PaintWatch final : public QObject {
+  public:
+    explicit PaintWatch(GraphCanvas& watched) : canvas(watched) { canvas.installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint) bars.push_back(canvas.ProgressColumns());
+        return false;
+    }
+    GraphCanvas& canvas;
+    std::vector<int> bars;
+};
+
+void StartWith(TestProgram& program, int type, const char* text) {
+    program.Start();
+    program.ClearLines();
+    program.Entry(1).type = type;
+    program.Entry(1).selected = 1;
+    program.Editor().ShowLines();
+    program.Line(1)->setText(text);
+}
+
+}  // namespace
+
+class GraphWindowTest final : public QObject {
+    Q_OBJECT
+  private slots:
+    void TakesTheEditorsPlace() {
+        TestProgram program;
+        StartWith(program, 2, "x^2");
+        const QRect place = program.Editor().geometry();
+        program.Click(program.Editor(), "actionKey");
+        QTRY_VERIFY(program.application.graphWindow && program.Canvas().RedrawCount() > 0);
+        QVERIFY(!program.Editor().isVisible());
+        QCOMPARE(program.Graph().geometry(), place);
+        QCOMPARE(program.Graph().windowTitle(), QString("Kalvex"));
+        const Viewport& viewport = program.application.graph.viewport;
+        QCOMPARE(viewport.ClientWidth, program.Canvas().width());
+        QCOMPARE(viewport.ClientHeight, program.Canvas().height());
+        QCOMPARE(program.Canvas().Picture().width, place.width());
+        QCOMPARE(program.Canvas().Picture().height, place.height() - kBottomBarHeight);
+        QVERIFY(program.Canvas().accessibleDescription().contains("Y(x)=x^2"));
+    }
+    void ShowsThePictureAsComputed() {
+        TestProgram program;
+        StartWith(program, 2, "3sin(x)");
+        program.OpenGraph();
+        const QImage expected = PaintPicture(program.Canvas().Picture());
+        const QImage shown =
+            program.Canvas().grab().toImage().convertToFormat(QImage::Format_RGB32);
+        QCOMPARE(shown.size(), expected.size());
+        for (int y = 0; y < shown.height(); ++y) {
+            for (int x = 0; x < shown.width(); ++x)
+                QCOMPARE(shown.pixel(x, y), expected.pixel(x, y));
+        }
+    }
+    void PaintingDoesNotCompute() {
+        TestProgram program;
+        StartWith(program, 2, "x");
+        program.OpenGraph();
+        QTest::qWait(30);
+        const int count = program.Canvas().RedrawCount();
+        for (int i = 0; i < 5; ++i) {
+            program.Canvas().repaint();
+            QTest::qWait(5);
+        }
+        QCOMPARE(program.Canvas().RedrawCount(), count);
+    }
+    void MenuEntries() {
+        TestProgram program;
+        StartWith(program, 2, "x");
+        program.OpenGraph();
+        program.Click(program.Graph(), "menuKey");
+        QMenu* const menu = OpenedMenu(program.Graph(), "graphMenu");
+        QVERIFY(menu != nullptr);
+        for (const CommandId command :
+             {CommandId::GraphTable, CommandId::Picture, CommandId::GraphExit}) {
+            QVERIFY(ActionOf(*menu, command)->isEnabled());
+        }
+        for (const CommandId command :
+             {CommandId::FullScreen, CommandId::ViewWindowDialog, CommandId::Options,
+              CommandId::Calculator, CommandId::ZoomBox, CommandId::Help, CommandId::About}) {
+            QVERIFY(!ActionOf(*menu, command)->isEnabled());
+        }
+        QCOMPARE(ActionOf(*menu, CommandId::FullScreen)->text(), QString("Full Screen (#)"));
+        QAction* const table = ActionOf(*menu, CommandId::GraphTable);
+        QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(table).center());
+        QVERIFY(program.Editor().isVisible());
+        QVERIFY(!program.Graph().isVisible());
+        QVERIFY(!program.Graph().findChild<QPushButton*>("actionKey")->isEnabled());
+    }
+    void DraggingPans() {
+        TestProgram program;
+        StartWith(program, 2, "x");
+        program.OpenGraph();
+        const ViewWindow before = program.application.graph.viewport.view;
+        const ViewWindow saved = program.application.graph.viewport.PreviousWindow;
+        GraphCanvas& canvas = program.Canvas();
+        const int count = canvas.RedrawCount();
+        QTest::mousePress(&canvas, Qt::LeftButton, {}, QPoint(100, 100));
+        for (const QPoint point : {QPoint(110, 95), QPoint(130, 120), QPoint(148, 149)}) {
+            QTest::mouseMove(&canvas, point);
+        }
+        QTest::mouseRelease(&canvas, Qt::LeftButton, {}, QPoint(148, 149));
+        QTRY_VERIFY(canvas.RedrawCount() > count);
+        const ViewWindow after = program.application.graph.viewport.view;
+        const double width = 20.0 / canvas.width();
+        const double height = 20.0 / canvas.height();
+        QVERIFY(std::abs(after.Xmin - (before.Xmin - 48 * width)) < 1e-9);
+        QVERIFY(std::abs(after.Xmax - (before.Xmax - 48 * width)) < 1e-9);
+        QVERIFY(std::abs(after.Ymin - (before.Ymin + 49 * height)) < 1e-9);
+        QVERIFY(std::abs(after.Ymax - (before.Ymax + 49 * height)) < 1e-9);
+        QCOMPARE(program.application.graph.viewport.PreviousWindow.Xmin, saved.Xmin);
+        const int settled = canvas.RedrawCount();
+        QTest::mouseMove(&canvas, QPoint(10, 10));
+        QTest::mousePress(&canvas, Qt::RightButton, {}, QPoint(100, 100));
+        QTest::mouseMove(&canvas, QPoint(50, 50));
+        QTest::qWait(20);
+        QCOMPARE(canvas.RedrawCount(), settled);
+        QCOMPARE(program.application.graph.viewport.view.Xmin, after.Xmin);
+    }
+    void WaitingDragsMakeOneComputation() {
+        TestProgram program;
+        StartWith(program, 2, "x");
+        program.OpenGraph();
+        QTest::qWait(30);
+        GraphCanvas& canvas = program.Canvas();
+        const int count = canvas.RedrawCount();
+        const double xmin = program.application.graph.viewport.view.Xmin;
+        const auto send = [&canvas](QEvent::Type type, int x, Qt::MouseButton button) {
+            QMouseEvent event(type, QPointF(x, 50), canvas.mapToGlobal(QPointF(x, 50)), button,
+                              Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(&canvas, &event);
+        };
+        send(QEvent::MouseButtonPress, 50, Qt::LeftButton);
+        for (int x = 51; x <= 80; ++x)
+            send(QEvent::MouseMove, x, Qt::NoButton);
+        QTRY_VERIFY(canvas.RedrawCount() > count);
+        QTest::qWait(30);
+        QCOMPARE(canvas.RedrawCount(), count + 1);
+        const double moved = xmin - program.application.graph.viewport.view.Xmin;
+        QVERIFY(std::abs(moved - 30 * 20.0 / canvas.width()) < 1e-9);
+    }
+    void ResizingKeepsTheBounds() {
+        TestProgram program;
+        StartWith(program, 2, "x");
+        program.OpenGraph();
+        const int count = program.Canvas().RedrawCount();
+        program.Graph().resize(620, 555);
+        QTRY_VERIFY(program.Canvas().RedrawCount() > count);
+        const Viewport& viewport = program.application.graph.viewport;
+        QCOMPARE(viewport.ClientWidth, 620);
+        QCOMPARE(viewport.ClientHeight, 555 - kBottomBarHeight);
+        QCOMPARE(viewport.view.Xmin, -10.0);
+        QCOMPARE(viewport.view.Ymax, 10.0);
+        QCOMPARE(viewport.view.ScaleX, 31.0);
+        QTRY_COMPARE(program.Canvas().Picture().width, 620);
+    }
+    void TheProgressBarGrowsAndLeavesNoTrace() {
+        TestProgram program;
+        StartWith(program, 5, "J(0.3,abs(x*y)+1)-5");
+        program.application.workspace.options.Label = 0;
+        program.application.workspace.options.Coord = 0;
+        program.application.workspace.options.Axex = 0;
+        program.application.workspace.options.Setka = 0;
+        program.Editor().Run(CommandId::Draw);
+        PaintWatch watch(program.Canvas());
+        QTRY_VERIFY_WITH_TIMEOUT(program.Canvas().RedrawCount() > 0, 60000);
+        QTRY_VERIFY(!watch.bars.empty() && watch.bars.back() == 0);
+        QCOMPARE(watch.bars.front(), 0);  // the window stands before the work begins
+        std::vector<int> grown;
+        for (const int bar : watch.bars) {
+            if (bar > 0) grown.push_back(bar);
+        }
+        QVERIFY2(grown.size() >= 3, qPrintable(QString::number(grown.size())));
+        QVERIFY(std::is_sorted(grown.begin(), grown.end()));
+        QVERIFY(grown.front() < grown.back() && grown.back() <= program.Canvas().width());
+        const QImage picture = PaintPicture(program.Canvas().Picture());
+        for (int x = 0; x < picture.width(); ++x)
+            QCOMPARE(picture.pixel(x, 1), 0xffffffffU);
+    }
+    void StrangeBoundsDoNoHarm() {
+        const double infinity = std::numeric_limits<double>::infinity();
+        const double bounds[][2] = {{1e300, -1e300}, {0, 0},  {1e-300, 2e-300},
+                                    {-infinity, 1},  {5, -5}, {std::nan(""), 3}};
+        TestProgram program;
+        StartWith(program, 2, "x");
+        program.OpenGraph();
+        GraphCanvas& canvas = program.Canvas();
+        for (const auto& pair : bounds) {
+            ViewWindow& view = program.application.graph.viewport.view;
+            view.Xmin = view.Ymin = pair[0];
+            view.Xmax = view.Ymax = pair[1];
+            const int count = canvas.RedrawCount();
+            canvas.ScheduleRedraw();
+            QTRY_VERIFY(canvas.RedrawCount() > count);
+            QTest::mousePress(&canvas, Qt::LeftButton, {}, QPoint(10, 10));
+            QTest::mouseMove(&canvas, QPoint(60, 70));
+            QTest::mouseRelease(&canvas, Qt::LeftButton, {}, QPoint(60, 70));
+            QTest::qWait(5);
+        }
+    }
+};
+
+QTEST_MAIN(GraphWindowTest)
+#include "graph_window_test.moc"

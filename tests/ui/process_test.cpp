@@ -1,0 +1,81 @@
+// The program itself, as processes of their own.
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <QLocalSocket>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+#include <csignal>
+
+namespace {
+
+struct Home {
+    QTemporaryDir folder;
+
+    QString Path(const char* name) const { return folder.filePath(name); }
+    void Start(QProcess& process) const {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        for (const char* const name : {"HOME", "XDG_CONFIG_HOME", "XDG_RUNTIME_DIR"}) {
+            environment.insert(name, folder.path());
+        }
+        environment.insert("QT_QPA_PLATFORM", "offscreen");
+        process.setProcessEnvironment(environment);
+        process.start(KALVEX_PROGRAM, QStringList());
+    }
+    /// Whether the window stands, seen from outside.
+    bool IsFound() const {
+        QLocalSocket socket;
+        socket.connectToServer(Path("_Kalvex_"));
+        return socket.waitForConnected(100);
+    }
+};
+
+}  // namespace
+
+class ProcessTest final : public QObject {
+    Q_OBJECT
+  private slots:
+    void SecondStartAndTerminate() {
+        const Home home;
+        QProcess first;
+        home.Start(first);
+        QVERIFY(first.waitForStarted());
+        QTRY_VERIFY_WITH_TIMEOUT(home.IsFound(), 20000);
+        QVERIFY(QFileInfo::exists(home.Path("kalvex/kalvex.ini")));
+
+        QProcess second;
+        home.Start(second);
+        QVERIFY(second.waitForFinished(20000));
+        QCOMPARE(second.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(second.exitCode(), 0);
+        QCOMPARE(second.readAllStandardError(), QByteArray());
+        QCOMPARE(first.state(), QProcess::Running);
+
+        QVERIFY(!QFileInfo::exists(home.Path("kalvex/window.ini")));
+        QCOMPARE(kill(static_cast<pid_t>(first.processId()), SIGTERM), 0);
+        QVERIFY(first.waitForFinished(20000));
+        QCOMPARE(first.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(first.exitCode(), 0);
+        QVERIFY(QFileInfo::exists(home.Path("kalvex/window.ini")));
+        QVERIFY(!QFileInfo::exists(home.Path("_Kalvex_.lock")));
+    }
+    void ACrashLeavesNothingBehind() {
+        const Home home;
+        QProcess first;
+        home.Start(first);
+        QTRY_VERIFY_WITH_TIMEOUT(home.IsFound(), 20000);
+        first.kill();
+        QVERIFY(first.waitForFinished(20000));
+        QVERIFY(QFileInfo::exists(home.Path("_Kalvex_.lock")));
+        QProcess second;
+        home.Start(second);
+        QTRY_VERIFY_WITH_TIMEOUT(home.IsFound(), 20000);
+        QCOMPARE(second.state(), QProcess::Running);
+        second.terminate();
+        QVERIFY(second.waitForFinished(20000));
+        QCOMPARE(second.exitCode(), 0);
+    }
+};
+
+QTEST_MAIN(ProcessTest)
+#include "process_test.moc"

@@ -1,0 +1,54 @@
+#include "ui/window_state.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QWidget>
+
+using namespace kalvex;
+
+class WindowStateTest final : public QObject {
+    Q_OBJECT
+  private slots:
+    void RoundTrip() {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath("kalvex/window.ini");
+        SaveWindowState(path, {QSize(711, 522), true, "/home/of/µ"});
+        const WindowState state = LoadWindowState(path);
+        QCOMPARE(state.size, QSize(711, 522));
+        QVERIFY(state.maximised);
+        QCOMPARE(state.folder, QString("/home/of/µ"));
+    }
+    void DamagedOrMissing() {
+        const QTemporaryDir folder;
+        QCOMPARE(LoadWindowState(folder.filePath("none.ini")).size, QSize(480, 640));
+        for (const char* const content : {"width=-5\nheight=640\n", "width=zebra\nheight=\n",
+                                          "width=999999999\nheight=640\n", "\xff\xfe[[[", ""}) {
+            QFile file(folder.filePath("window.ini"));
+            QVERIFY(file.open(QIODevice::WriteOnly));
+            file.write(content);
+            file.close();
+            QCOMPARE(LoadWindowState(file.fileName()).size, QSize(480, 640));
+        }
+    }
+    void NeverLargerThanTheScreen() {
+        QWidget window;
+        ApplyWindowState(window, {QSize(9000, 9000), false, {}});
+        QVERIFY(window.width() <= window.screen()->availableGeometry().width());
+    }
+    void NextWindowTakesThePlace() {
+        QWidget last;
+        QWidget next;
+        last.setGeometry(30, 40, 333, 444);
+        last.show();
+        TakeWindowPlace(last, next);
+        QCOMPARE(next.geometry(), QRect(30, 40, 333, 444));
+        QVERIFY(next.isVisible() && !last.isVisible());
+        next.resize(500, 501);
+        TakeWindowPlace(next, last);
+        QCOMPARE(last.size(), QSize(500, 501));
+    }
+};
+
+QTEST_MAIN(WindowStateTest)
+#include "window_state_test.moc"
