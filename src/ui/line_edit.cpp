@@ -48,6 +48,7 @@ QFont LineFont(const QFont& system) {
 
 LineEdit::LineEdit(QWidget* parent) : QLineEdit(parent) {
     setFont(LineFont(font()));
+    setTextMargins(4, 0, 4, 0);
     setValidator(new BlankFilter(this));
     setInputMethodHints(Qt::ImhNoAutoUppercase | Qt::ImhNoPredictiveText);
     beep = [] { QApplication::beep(); };

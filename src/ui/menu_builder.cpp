@@ -1,6 +1,6 @@
 // The words of the tables are exact, so an ampersand in one must stay one: it is doubled here.
-// Entries that are alternatives of each other are all checkable, so that the mark of the current
-// one has its column even while none is set.
+// Only the entry that carries the mark is checkable: some styles draw an empty box for the others,
+// which would look as if several of them could be chosen together.
 #include "ui/menu_builder.h"
 
 #include <QMenu>
@@ -12,12 +12,6 @@ namespace {
 
 QString MenuWord(std::u16string_view text) {
     return ToQString(text).replace("&", "&&");
-}
-
-bool IsAlternative(CommandId id) {
-    const bool type = id >= CommandId::Polar && id <= CommandId::Parametric;
-    return (id >= CommandId::Red && id <= CommandId::Great) || type || id == CommandId::File ||
-           (id >= CommandId::LeastSquares && id <= CommandId::Implicit);
 }
 
 }  // namespace
@@ -43,8 +37,8 @@ void FillMenu(QMenu& menu, const Menu& entries, const StateOfEntry& stateOf,
         }
         action->setData(static_cast<int>(entry.id));
         action->setEnabled(state.enabled);
-        action->setCheckable(IsAlternative(entry.id));
-        action->setChecked(state.checked && action->isCheckable());
+        action->setCheckable(state.checked);
+        action->setChecked(state.checked);
     }
 }
 

@@ -4,6 +4,7 @@
 
 #include "ui/contrast.h"
 #include "ui/touch.h"
+#include "ui/touch_style.h"
 #include "window_fixture.h"
 
 using namespace kalvex;
@@ -56,6 +57,19 @@ class EditorWindowTest final : public QObject {
         program.Entry(1).selected = 0;
         program.Editor().ShowLines();
         QCOMPARE(program.Label(1)->TextColor(), program.Label(1)->palette().windowText().color());
+    }
+    void LabelColoursInADarkTheme() {
+        TestProgram program;
+        program.Start();
+        program.Editor().setPalette(QPalette(QColor(50, 50, 50)));
+        for (int color = 1; color <= 9; ++color) {
+            program.Entry(1).color = color;
+            program.Entry(1).selected = 1;
+            program.Editor().ShowLines();
+            const LineLabel& label = *program.Label(1);
+            QVERIFY(label.Ground() == QColor(Qt::white));
+            QVERIFY(ContrastRatio(label.TextColor(), label.Ground()) >= 4.5);
+        }
     }
     void SelectionIsMoreThanColour() {
         TestProgram program;
@@ -144,7 +158,6 @@ class EditorWindowTest final : public QObject {
         QCOMPARE(program.Editor().FocusedSlot().value_or(-1), 3);
         QAction* const select = ActionOf(*menu, CommandId::Select);
         QCOMPARE(select->text(), QString("Select"));
-        QVERIFY(menu->actionGeometry(select).height() >= 20);
         QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(select).center());
         QCOMPARE(int{program.Entry(4).selected}, 1);
         QVERIFY(program.Line(4)->hasFocus());
@@ -215,6 +228,13 @@ class EditorWindowTest final : public QObject {
             ReturnToTable(program.application);
             QVERIFY(QTest::qWaitForWindowActive(&program.Editor()));
         }
+    }
+    void MenuRowsAreLargeEnough() {
+        QMenu menu;
+        QAction* const row = menu.addAction("Red");
+        TouchStyle style;
+        menu.setStyle(&style);
+        QVERIFY(menu.actionGeometry(row).height() >= kTouchTarget);
     }
     void KeysAreLargeEnough() {
         TestProgram program;
