@@ -29,10 +29,13 @@ void PlotPolar(FunctionEntry& entry, const Viewport& viewport, double maxAngle, 
     std::vector<CurveSample> samples(count);
     std::vector<std::uint8_t> joined(count);
     for (std::size_t i = 0; i < count; ++i) {
-        const double x = radii[i] * std::cos(angles[i]);
-        const double y = radii[i] * std::sin(angles[i]);
+        // An undefined radius leaves both coordinates undefined, so that whoever reads the cache
+        // sees it in either of them.
+        const bool defined = radii[i] != UndefinedValue;
+        const double x = defined ? radii[i] * std::cos(angles[i]) : UndefinedValue;
+        const double y = defined ? radii[i] * std::sin(angles[i]) : UndefinedValue;
         samples[i] = {0, 0, x, y, angles[i], codes[i]};
-        joined[i] = i + 1 < count && radii[i] != UndefinedValue && radii[i + 1] != UndefinedValue;
+        joined[i] = i + 1 < count && defined && radii[i + 1] != UndefinedValue;
         if (joined[i] == 0) continue;
         samples[i].column = WorldToScreenX(view, x);
         samples[i].row = WorldToScreenY(view, y);
