@@ -87,8 +87,8 @@ constexpr std::array<Function, 12> kFunctions = {{
     {u"ch", [](double v) { return std::cosh(v); }},
     {u"atg", [](double v) { return std::atan(v); }},
     {u"abs", [](double v) { return std::fabs(v); }},
-    {u"int", [](double v) { return std::trunc(v); }},
-    {u"frac", [](double v) { return v - std::trunc(v); }},
+    {u"int", [](double v) { return std::floor(v); }},
+    {u"frac", [](double v) { return v - std::floor(v); }},
 }};
 
 /// Level by level: the operator, what it does first and what it does in the rest of its run.
