@@ -49,7 +49,7 @@ struct Simd {
 }  // namespace
 }  // namespace kalvex
 
-#include "expr/kernels_impl.h"
+#include "expr/kernels_impl.inc"
 
 namespace kalvex {
 

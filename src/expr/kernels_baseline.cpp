@@ -86,7 +86,7 @@ struct Simd {
 }  // namespace
 }  // namespace kalvex
 
-#include "expr/kernels_impl.h"
+#include "expr/kernels_impl.inc"
 
 namespace kalvex {
 

@@ -28,7 +28,7 @@ bool Write(MemoryStore& store, std::string_view key, std::string_view name, Memo
 
 }  // namespace
 
-Registry OpenRegistryMemory(std::shared_ptr<MemoryStore> store) {
+Registry OpenRegistryMemory(const std::shared_ptr<MemoryStore>& store) {
     Registry registry;
     registry.open = [store](std::string_view key) {
         return store->keys.contains(std::string(key));
