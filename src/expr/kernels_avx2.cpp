@@ -5,6 +5,8 @@
 
 #include "expr/kernel_tables.h"
 
+#define KALVEX_SLEEF(name, ...) Sleef_finz_##name##d4_u10avx2(__VA_ARGS__)
+
 namespace kalvex {
 namespace {
 
@@ -29,21 +31,7 @@ struct Simd {
     }
     static Vec MultiplyAdd(Vec a, Vec b, Vec c) { return _mm256_fmadd_pd(a, b, c); }
     static double MultiplyAdd(double a, double b, double c) { return __builtin_fma(a, b, c); }
-    static Vec Pow(Vec x, Vec y) { return Sleef_finz_powd4_u10avx2(x, y); }
-    static Vec Sin(Vec x) { return Sleef_finz_sind4_u10avx2(x); }
-    static Vec Cos(Vec x) { return Sleef_finz_cosd4_u10avx2(x); }
-    static Vec Tan(Vec x) { return Sleef_finz_tand4_u10avx2(x); }
-    static Vec Log(Vec x) { return Sleef_finz_logd4_u10avx2(x); }
-    static Vec Log10(Vec x) { return Sleef_finz_log10d4_u10avx2(x); }
-    static Vec Sinh(Vec x) { return Sleef_finz_sinhd4_u10avx2(x); }
-    static Vec Cosh(Vec x) { return Sleef_finz_coshd4_u10avx2(x); }
-    static Vec Tanh(Vec x) { return Sleef_finz_tanhd4_u10avx2(x); }
-    static Vec Exp(Vec x) { return Sleef_finz_expd4_u10avx2(x); }
-    static Vec Acos(Vec x) { return Sleef_finz_acosd4_u10avx2(x); }
-    static Vec Asin(Vec x) { return Sleef_finz_asind4_u10avx2(x); }
-    static Vec Atan(Vec x) { return Sleef_finz_atand4_u10avx2(x); }
-    static Vec Gamma(Vec x) { return Sleef_finz_tgammad4_u10avx2(x); }
-    static Vec Erf(Vec x) { return Sleef_finz_erfd4_u10avx2(x); }
+#include "expr/kernels_elementary.inc"
 };
 
 }  // namespace

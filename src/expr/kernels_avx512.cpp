@@ -5,6 +5,8 @@
 
 #include "expr/kernel_tables.h"
 
+#define KALVEX_SLEEF(name, ...) Sleef_finz_##name##d8_u10avx512f(__VA_ARGS__)
+
 namespace kalvex {
 namespace {
 
@@ -29,21 +31,7 @@ struct Simd {
     }
     static Vec MultiplyAdd(Vec a, Vec b, Vec c) { return _mm512_fmadd_pd(a, b, c); }
     static double MultiplyAdd(double a, double b, double c) { return __builtin_fma(a, b, c); }
-    static Vec Pow(Vec x, Vec y) { return Sleef_finz_powd8_u10avx512f(x, y); }
-    static Vec Sin(Vec x) { return Sleef_finz_sind8_u10avx512f(x); }
-    static Vec Cos(Vec x) { return Sleef_finz_cosd8_u10avx512f(x); }
-    static Vec Tan(Vec x) { return Sleef_finz_tand8_u10avx512f(x); }
-    static Vec Log(Vec x) { return Sleef_finz_logd8_u10avx512f(x); }
-    static Vec Log10(Vec x) { return Sleef_finz_log10d8_u10avx512f(x); }
-    static Vec Sinh(Vec x) { return Sleef_finz_sinhd8_u10avx512f(x); }
-    static Vec Cosh(Vec x) { return Sleef_finz_coshd8_u10avx512f(x); }
-    static Vec Tanh(Vec x) { return Sleef_finz_tanhd8_u10avx512f(x); }
-    static Vec Exp(Vec x) { return Sleef_finz_expd8_u10avx512f(x); }
-    static Vec Acos(Vec x) { return Sleef_finz_acosd8_u10avx512f(x); }
-    static Vec Asin(Vec x) { return Sleef_finz_asind8_u10avx512f(x); }
-    static Vec Atan(Vec x) { return Sleef_finz_atand8_u10avx512f(x); }
-    static Vec Gamma(Vec x) { return Sleef_finz_tgammad8_u10avx512f(x); }
-    static Vec Erf(Vec x) { return Sleef_finz_erfd8_u10avx512f(x); }
+#include "expr/kernels_elementary.inc"
 };
 
 }  // namespace

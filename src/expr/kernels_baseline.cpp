@@ -66,21 +66,7 @@ struct Simd {
     static T MultiplyAdd(T a, T b, T c) {
         return a * b + c;
     }
-    static Vec Pow(Vec x, Vec y) { return KALVEX_SLEEF(pow, x, y); }
-    static Vec Sin(Vec x) { return KALVEX_SLEEF(sin, x); }
-    static Vec Cos(Vec x) { return KALVEX_SLEEF(cos, x); }
-    static Vec Tan(Vec x) { return KALVEX_SLEEF(tan, x); }
-    static Vec Log(Vec x) { return KALVEX_SLEEF(log, x); }
-    static Vec Log10(Vec x) { return KALVEX_SLEEF(log10, x); }
-    static Vec Sinh(Vec x) { return KALVEX_SLEEF(sinh, x); }
-    static Vec Cosh(Vec x) { return KALVEX_SLEEF(cosh, x); }
-    static Vec Tanh(Vec x) { return KALVEX_SLEEF(tanh, x); }
-    static Vec Exp(Vec x) { return KALVEX_SLEEF(exp, x); }
-    static Vec Acos(Vec x) { return KALVEX_SLEEF(acos, x); }
-    static Vec Asin(Vec x) { return KALVEX_SLEEF(asin, x); }
-    static Vec Atan(Vec x) { return KALVEX_SLEEF(atan, x); }
-    static Vec Gamma(Vec x) { return KALVEX_SLEEF(tgamma, x); }
-    static Vec Erf(Vec x) { return KALVEX_SLEEF(erf, x); }
+#include "expr/kernels_elementary.inc"
 };
 
 }  // namespace
