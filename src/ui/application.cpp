@@ -14,6 +14,13 @@
 namespace kalvex {
 namespace {
 
+/// Settings first, then what was typed since the last Draw; the first failure ends it silently.
+void StoreFunctions(const Application& application) {
+    const Workspace& workspace = application.workspace;
+    if (!StoreFunctionSettings(application.registry, workspace.functions)) return;
+    StoreFunctionTexts(application.registry, workspace.lines);
+}
+
 /// Stores bounds, factors and the parameter range of an open graph.
 void StoreOpenView(Application& application, const ShowMessage& show) {
     if (!application.viewUnsaved) return;
@@ -91,7 +98,7 @@ void EndApplication(Application& application, const ShowMessage& show) {
     if (application.ended) return;
     application.ended = true;
     StoreOpenView(application, show);
-    StoreFunctionSettings(application.registry, application.workspace.functions);
+    StoreFunctions(application);
     if (const QWidget* const window = VisibleWindow(application)) {
         RememberWindow(*window, application.windowState);
         SaveWindowState(application.windowStatePath, application.windowState);

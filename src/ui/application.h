@@ -50,7 +50,9 @@ void ReturnToTable(Application& application);
 /// `Exit` of both windows: stores everything and ends the event loop.
 void ExitApplication(Application& application);
 
-/// Stores what is not stored yet, once; closes the mutex. `show` gets the failures.
+/// Stores what is not stored yet, once: the view of an open graph, the function settings, the lines
+/// as they stand in the editor; closes the mutex. `show` gets a failure of the view, the others
+/// are silent.
 void EndApplication(Application& application, const ShowMessage& show);
 
 /// The window that the user sees at the moment.

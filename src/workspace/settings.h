@@ -33,6 +33,9 @@ bool StoreFunctionSettings(const Registry& registry, const FunctionList& functio
 /// Stores one line's text under `equ` (cut to 50 UTF-16 units). Slot index 0..8.
 bool StoreFunctionText(const Registry& registry, int slot, std::u16string_view text);
 
+/// Stores the texts of slots 1 to 9; stops at the first failure.
+bool StoreFunctionTexts(const Registry& registry, const EditorLines& lines);
+
 /// Stores one number of the main key. 1 on success, 0 on failure.
 std::int32_t StoreOption(const Registry& registry, std::string_view name, std::int32_t value);
 

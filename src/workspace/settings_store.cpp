@@ -133,6 +133,16 @@ bool StoreFunctionText(const Registry& registry, int slot, std::u16string_view t
     return registry.open(key) && WriteFixed(registry, key, "equ", text);
 }
 
+bool StoreFunctionTexts(const Registry& registry, const EditorLines& lines) {
+    return WriteTogether(registry, [&] {
+        for (int slot = 0; slot < kSlotCount; ++slot) {
+            const auto index = static_cast<std::size_t>(slot);
+            if (!StoreFunctionText(registry, slot, lines[index])) return false;
+        }
+        return true;
+    });
+}
+
 std::int32_t StoreOption(const Registry& registry, std::string_view name, std::int32_t value) {
     return registry.open("") && registry.writeNumber("", name, value) ? 1 : 0;
 }

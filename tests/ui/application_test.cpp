@@ -120,6 +120,7 @@ class ApplicationTest final : public QObject {
             program.Start();
             program.store.log->clear();
             program.Entry(2).type = 5;
+            program.Line(3)->setText("7x");
             if (close) {
                 program.Editor().close();
             } else {
@@ -127,9 +128,44 @@ class ApplicationTest final : public QObject {
             }
             QCOMPARE(program.quits, 1);
             QCOMPARE(program.store.registry.readNumber("2", "type").value_or(0), 5);
+            QVERIFY(program.store.registry.readText("3", "equ") == u"7x");
             QCOMPARE(CountOf(program, "writeText /Xmin"), std::size_t{0});
             QCOMPARE(LoadWindowState(program.application.windowStatePath).size,
                      program.Editor().size());
+        }
+    }
+    void TypedLinesSurvive() {
+        TestProgram program;
+        program.Start();
+        program.Entry(1).selected = 1;
+        program.OpenGraph();
+        program.Line(9)->setText("never drawn(");
+        program.store.log->clear();
+        program.Graph().Run(CommandId::GraphExit);
+        QVERIFY(program.store.registry.readText("9", "equ") == u"neverdrawn(");
+        const auto& log = *program.store.log;
+        const auto place = [&log](const char* operation) {
+            return std::find(log.begin(), log.end(), operation) - log.begin();
+        };
+        QVERIFY(place("writeText /MaxParam") < place("writeText 9/beta2"));
+        QVERIFY(place("writeText 9/beta2") < place("writeText 1/equ"));
+        QVERIFY(place("writeText 1/equ") < place("writeText 9/equ"));
+    }
+    void LinesAreStoredUntilTheFirstFailure() {
+        const std::pair<const char*, std::size_t> cases[] = {
+            {"writeText 9/beta2", 0}, {"open 1/", 0}, {"writeText 3/equ", 3}};
+        for (const auto& [failing, stored] : cases) {
+            TestProgram program;
+            program.Start();
+            program.store.log->clear();
+            *program.store.fails = Exactly(failing);
+            program.Editor().Run(CommandId::Exit);
+            std::size_t lines = 0;
+            for (const std::string& operation : *program.store.log)
+                lines += operation.ends_with("/equ") ? 1 : 0;
+            QCOMPARE(lines, stored);
+            QVERIFY(program.shown.boxes->empty());
+            QCOMPARE(program.quits, 1);
         }
     }
     void AFailingExitOfTheEditorIsSilent() {

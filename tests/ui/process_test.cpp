@@ -1,5 +1,6 @@
 // The program itself, as processes of their own.
 #include <QElapsedTimer>
+#include <QFile>
 #include <QFileInfo>
 #include <QLocalSocket>
 #include <QProcess>
@@ -21,6 +22,16 @@ struct Home {
         environment.insert("QT_QPA_PLATFORM", "offscreen");
         process.setProcessEnvironment(environment);
         process.start(KALVEX_PROGRAM, QStringList());
+    }
+    QByteArray Settings() const {
+        QFile file(Path("kalvex/kalvex.ini"));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+    void ReplaceInSettings(const char* before, const char* after) const {
+        QByteArray bytes = Settings();
+        QVERIFY(bytes.contains(before));
+        QFile file(Path("kalvex/kalvex.ini"));
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes.replace(before, after)) > 0);
     }
     /// Whether the window stands, seen from outside.
     bool IsFound() const {
@@ -52,11 +63,13 @@ class ProcessTest final : public QObject {
         QCOMPARE(first.state(), QProcess::Running);
 
         QVERIFY(!QFileInfo::exists(home.Path("kalvex/window.ini")));
+        home.ReplaceInSettings("equ=Gamma(x)", "equ=elsewhere");
         QCOMPARE(kill(static_cast<pid_t>(first.processId()), SIGTERM), 0);
         QVERIFY(first.waitForFinished(20000));
         QCOMPARE(first.exitStatus(), QProcess::NormalExit);
         QCOMPARE(first.exitCode(), 0);
         QVERIFY(QFileInfo::exists(home.Path("kalvex/window.ini")));
+        QVERIFY(home.Settings().contains("equ=Gamma(x)\n"));  // as it stands in the editor
         QVERIFY(!QFileInfo::exists(home.Path("_Kalvex_.lock")));
     }
     void ACrashLeavesNothingBehind() {

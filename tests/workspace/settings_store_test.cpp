@@ -123,6 +123,24 @@ TEST(StoreFunctionText, CutsToTheFixedSize) {
     }
 }
 
+TEST(StoreFunctionTexts, StoresLineAfterLineUntilOneFails) {
+    EditorLines lines;
+    for (std::size_t i = 0; i < 9; ++i)
+        lines[i] = std::u16string(i + 1, u'x');
+    for (int n = 0; n <= 18; ++n) {
+        const FaultyRegistry faulty = MakeFilledRegistry();
+        *faulty.fails = FromNth("", n);
+        EXPECT_EQ(StoreFunctionTexts(faulty.registry, lines), n == 18) << n;
+        EXPECT_EQ(static_cast<int>(faulty.log->size()), std::min(n + 1, 18)) << n;
+        for (int slot = 1; slot <= 9; ++slot) {
+            const auto& stored = faulty.store->keys[std::to_string(slot)]["equ"];
+            EXPECT_EQ(std::get<std::u16string>(stored) == lines[static_cast<std::size_t>(slot - 1)],
+                      2 * slot <= n)
+                << n << " " << slot;
+        }
+    }
+}
+
 struct RealCase {
     double value;
     std::u16string stored;
