@@ -13,7 +13,7 @@ int main(int argc, char** argv) {
     using namespace kalvex;
     QApplication qt(argc, argv);
     QApplication::setApplicationName("kalvex");
-    QApplication::setApplicationDisplayName("Kalvex");
+    // No display name: the caption of every message box would end in it.
     QGuiApplication::setDesktopFileName("kalvex");
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setStyle(new TouchStyle);

@@ -1,11 +1,14 @@
 // A record in, a modal QMessageBox out. Texts are plain: a function line with "<" in it must not
-// be taken for markup. The box has no parent text format or detail; its buttons are at least as
-// high as a finger.
+// be taken for markup. A function line may be a single word of any length: it gets places where it
+// may be broken, invisible ones, and a very long one loses its middle, so that what follows it and
+// the buttons stay on the screen. Buttons are at least as high as a finger.
 #include "ui/message_window.h"
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QGridLayout>
 #include <QMessageBox>
+#include <QSpacerItem>
 #include <cstdio>
 
 #include "base/encoding.h"
@@ -29,13 +32,48 @@ QMessageBox::Icon IconOf(MessageIcon icon) {
     return QMessageBox::NoIcon;
 }
 
+constexpr qsizetype kLongestLine = 400;
+constexpr qsizetype kLongestWord = 20;
+constexpr int kLeastWidth = 280;  // the caption needs some room, however short the text is
+
+/// One line of a text as a box can show it; a line of ordinary words stays as it is.
+QString ShowableLine(QString line) {
+    if (line.size() > kLongestLine) {
+        line = line.left(kLongestLine / 2) + QChar(0x2026) + line.right(kLongestLine / 2);
+    }
+    QString shown;
+    qsizetype word = 0;
+    for (qsizetype i = 0; i < line.size(); ++i) {
+        word = line.at(i).isSpace() ? 0 : word + 1;
+        if (word > kLongestWord && !line.at(i).isLowSurrogate()) {
+            shown += QChar(0x200B);
+            word = 1;
+        }
+        shown += line.at(i);
+    }
+    return shown;
+}
+
+void WidenBox(QMessageBox& window) {
+    auto* const grid = qobject_cast<QGridLayout*>(window.layout());
+    if (grid == nullptr) return;
+    grid->addItem(new QSpacerItem(kLeastWidth, 0), grid->rowCount(), 0, 1, grid->columnCount());
+}
+
 }  // namespace
+
+QString ShowableText(const QString& text) {
+    QStringList lines = text.split('\n');
+    for (QString& line : lines)
+        line = ShowableLine(line);
+    return lines.join('\n');
+}
 
 MessageAnswer ShowMessageWindow(const MessageBox& box) {
     QMessageBox window(QApplication::activeWindow());
     window.setWindowTitle(ToQString(box.caption));
     window.setTextFormat(Qt::PlainText);
-    window.setText(ToQString(box.text));
+    window.setText(ShowableText(ToQString(box.text)));
     window.setIcon(IconOf(box.icon));
     const bool question = box.buttons == MessageButtons::YesNo;
     window.setStandardButtons(question ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok);
@@ -43,6 +81,7 @@ MessageAnswer ShowMessageWindow(const MessageBox& box) {
     for (QAbstractButton* const button : window.buttons()) {
         button->setMinimumSize(kTouchTarget * 2, kTouchTarget);
     }
+    WidenBox(window);
     const int answer = window.exec();
     if (!question) return MessageAnswer::Ok;
     return answer == QMessageBox::Yes ? MessageAnswer::Yes : MessageAnswer::No;

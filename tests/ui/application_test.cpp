@@ -1,6 +1,7 @@
 #include "ui/application.h"
 
 #include <QMessageBox>
+#include <QScreen>
 #include <QTimer>
 
 #include "ui/message_window.h"
@@ -204,6 +205,7 @@ class ApplicationTest final : public QObject {
                 QCOMPARE(box->windowTitle(), QString("Error!"));
                 QCOMPARE(box->text(), QString("<b>1 & 2"));
                 QVERIFY(box->textFormat() == Qt::PlainText);
+                QVERIFY(box->width() >= 280);
                 QTest::keyClick(box, Qt::Key_Return);
             });
             QVERIFY(ShowMessageWindow({u"Error!", u"<b>1 & 2", icon, MessageButtons::Ok}) ==
@@ -224,6 +226,32 @@ class ApplicationTest final : public QObject {
             0, this, [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
         QVERIFY(ShowMessageWindow({u"a", u"b", MessageIcon::Stop, MessageButtons::YesNo}) ==
                 MessageAnswer::No);
+    }
+    void LongTextsStayOnTheScreen() {
+        const QString zero = QChar(0x200B);
+        const QString word(20, 'x');
+        const QString smile = QString::fromUcs4(U"\U0001F600", 1);
+        const std::pair<QString, QString> cases[] = {
+            {"", ""},
+            {"Error in 1 function:\nx\nEmpty string", "Error in 1 function:\nx\nEmpty string"},
+            {word, word},
+            {word + "y", word + zero + "y"},
+            {word + "\n" + word + word + "y z", word + "\n" + word + zero + word + zero + "y z"},
+            {QString(19, 'x') + smile, QString(19, 'x') + smile},
+            {QString(200, ' ') + "b" + QString(200, ' '),
+             QString(200, ' ') + QChar(0x2026) + QString(200, ' ')},
+        };
+        for (const auto& [text, shown] : cases)
+            QCOMPARE(ShowableText(text), shown);
+        const std::u16string line(30000, u'x');
+        QTimer::singleShot(0, this, [] {
+            const QWidget* const box = QApplication::activeModalWidget();
+            QVERIFY(box->width() <= box->screen()->availableGeometry().width());
+            QVERIFY(box->height() <= box->screen()->availableGeometry().height());
+            QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Return);
+        });
+        ShowMessageWindow(
+            {u"Error!", u"Error in 1 function:\n" + line, MessageIcon::Stop, MessageButtons::Ok});
     }
 };
 
