@@ -53,6 +53,7 @@ void LoadWorkspace(Application& application) {
     LoadFunctionTexts(registry, workspace, application.show);
     LoadFunctionSettings(registry, workspace, application.show);
     LoadSettings(registry, workspace, application.show);
+    CreateMissingKeys(registry, workspace);
     if (firstStart) workspace.functions[0].selected = 1;
     application.graph.viewport.view = workspace.view;
     SaveAsPrevious(application.graph.viewport);

@@ -35,7 +35,8 @@ struct Application {
 };
 
 /// The settings of the first start are made when there are none, then texts, function settings
-/// and general settings are loaded. Line 1 is selected on a first start.
+/// and general settings are loaded; keys that a damaged store lacks are made. Line 1 is selected on
+/// a first start.
 void LoadWorkspace(Application& application);
 
 /// Loads everything and shows the editor with the focus in line 1.

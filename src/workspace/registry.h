@@ -26,7 +26,7 @@ struct Registry {
         writeNumber;
     std::function<bool(std::string_view key, std::string_view name, std::u16string_view value)>
         writeText;
-    /// Whether no value of any key is stored (a first start).
+    /// Whether nothing at all is stored (a first start).
     std::function<bool()> isEmpty;
     /// Optional pair: writes between `begin` and `commit` reach the store together at `commit`,
     /// which is false when they could not (none of them is stored then). Pairs may nest; the

@@ -53,7 +53,7 @@ std::string SectionOf(std::string_view key) {
 
 FileStamp StampOf(const QString& file) {
     const QFileInfo info(file);
-    return {info.exists(), info.size(), info.lastModified()};
+    return {info.exists(), info.isFile() ? info.size() : 0, info.lastModified()};
 }
 
 void Refresh(FileStore& store) {
@@ -162,7 +162,8 @@ Registry OpenRegistryFile(const std::string& path) {
     };
     registry.isEmpty = [store] {
         Refresh(*store);
-        return store->ini.values.empty();
+        // A file with bytes but without a value is a damaged store, not a new one.
+        return store->ini.values.empty() && store->stamp.size == 0;
     };
     registry.begin = [store] {
         Refresh(*store);

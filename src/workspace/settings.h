@@ -13,6 +13,10 @@ namespace kalvex {
 /// Returns whether it did (a first start); false also when the store cannot be written.
 bool CreateDefaultKeys(const Registry& registry);
 
+/// Makes every key that cannot be opened, with what the workspace holds, so that a damaged store is
+/// whole again at the next start and until then does not refuse every store. Fails silently.
+void CreateMissingKeys(const Registry& registry, const Workspace& workspace);
+
 /// The three loading steps of the start, in the program's order of calls. A value that cannot be
 /// read gets its default; loading always goes on. `LoadSettings` reads the options and the view,
 /// `LoadFunctionSettings` colours, types and approximation, `LoadFunctionTexts` the lines (and

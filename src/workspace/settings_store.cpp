@@ -89,18 +89,31 @@ bool WriteEntry(const Registry& registry, std::string_view key, const FunctionEn
            WriteReals(registry, key, {{"beta1", entry.beta1}, {"beta2", entry.beta2}});
 }
 
+bool CreateMainKey(const Registry& registry, const Workspace& workspace) {
+    return registry.create("") && WriteOptions(registry, workspace.options) &&
+           WriteView(registry, workspace.view, workspace.options);
+}
+
+bool CreateFunctionKey(const Registry& registry, const Workspace& workspace, int slot) {
+    const auto index = static_cast<std::size_t>(slot);
+    const std::string key = SlotKey(slot);
+    return registry.create(key) && WriteFixed(registry, key, "equ", workspace.lines[index]) &&
+           WriteEntry(registry, key, workspace.functions[index]);
+}
+
 bool WriteEverything(const Registry& registry, const Workspace& workspace) {
-    if (!registry.create("") || !WriteOptions(registry, workspace.options) ||
-        !WriteView(registry, workspace.view, workspace.options)) {
-        return false;
-    }
+    if (!CreateMainKey(registry, workspace)) return false;
     for (int slot = 0; slot < kSlotCount; ++slot) {
-        const auto index = static_cast<std::size_t>(slot);
-        const std::string key = SlotKey(slot);
-        if (!registry.create(key) || !WriteFixed(registry, key, "equ", workspace.lines[index]) ||
-            !WriteEntry(registry, key, workspace.functions[index])) {
-            return false;
-        }
+        if (!CreateFunctionKey(registry, workspace, slot)) return false;
+    }
+    return true;
+}
+
+bool WriteMissing(const Registry& registry, const Workspace& workspace) {
+    if (!registry.open("") && !CreateMainKey(registry, workspace)) return false;
+    for (int slot = 0; slot < kSlotCount; ++slot) {
+        if (registry.open(SlotKey(slot))) continue;
+        if (!CreateFunctionKey(registry, workspace, slot)) return false;
     }
     return true;
 }
@@ -110,6 +123,10 @@ bool WriteEverything(const Registry& registry, const Workspace& workspace) {
 bool CreateDefaultKeys(const Registry& registry) {
     if (!registry.isEmpty()) return false;
     return WriteTogether(registry, [&] { return WriteEverything(registry, ExampleWorkspace()); });
+}
+
+void CreateMissingKeys(const Registry& registry, const Workspace& workspace) {
+    WriteTogether(registry, [&] { return WriteMissing(registry, workspace); });
 }
 
 bool StoreView(const Registry& registry, const ViewWindow& view, const Options& options) {

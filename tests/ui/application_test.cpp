@@ -60,6 +60,10 @@ class ApplicationTest final : public QObject {
         QCOMPARE(program.shown.boxes->size(), std::size_t{1});
         QVERIFY(program.LastBox().caption == u"Registry error");
         QVERIFY(program.Editor().isVisible());
+        program.Line(1)->setText("x");
+        program.Entry(1).selected = 1;
+        program.OpenGraph();  // what was missing is there again
+        QCOMPARE(program.shown.boxes->size(), std::size_t{1});
     }
     void GraphTableStoresTheView() {
         TestProgram program;

@@ -189,6 +189,26 @@ TEST_F(RegistryFile, FailsWhereNoFileCanBe) {
     }
 }
 
+TEST_F(RegistryFile, IsDamagedNotNewWhenNothingInItCanBeRead) {
+    for (const std::string& content :
+         {std::string("\xff\xfe\x01[[["), std::string("\n"), std::string(3000, '\x9C')}) {
+        Write(content);
+        const Registry registry = Open();
+        EXPECT_FALSE(registry.isEmpty()) << content;
+        EXPECT_FALSE(CreateDefaultKeys(registry));
+        Workspace workspace;
+        ShownBoxes shown;
+        LoadFunctionTexts(registry, workspace, shown.show);
+        LoadFunctionSettings(registry, workspace, shown.show);
+        LoadSettings(registry, workspace, shown.show);
+        EXPECT_EQ(shown.boxes->size(), 1u);
+        CreateMissingKeys(registry, workspace);
+        EXPECT_TRUE(StoreFunctionSettings(registry, workspace.functions));
+        EXPECT_EQ(Open().readText("9", "equ"), u"");
+        EXPECT_EQ(Open().readNumber("9", "color"), 9);
+    }
+}
+
 /// Files may not grow beyond a size while this lives: what a full disk looks like.
 class FullDisk final {
   public:
@@ -254,12 +274,6 @@ TEST_F(RegistryFile, TakesWhatCanBeReadOfADamagedFile) {
         EXPECT_EQ(Open().readNumber("", "Axex"), 0) << content;
         EXPECT_EQ(Open().readNumber("", "Wight"), 2) << content;
     }
-}
-
-TEST_F(RegistryFile, StartsAnewOnRubbish) {
-    Write(std::string(3000, '\x9C'));
-    EXPECT_TRUE(CreateDefaultKeys(Open()));
-    EXPECT_EQ(Open().readNumber("", "Axex"), 1);
 }
 
 TEST(DefaultRegistryPath, EndsAsItMust) {

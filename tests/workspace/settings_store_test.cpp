@@ -183,6 +183,34 @@ TEST(CreateDefaultKeys, MakesEverythingOnce) {
     EXPECT_EQ(faulty.registry.readNumber("", "Wight"), 2);
 }
 
+TEST(CreateMissingKeys, MakesWhatADamagedStoreLacks) {
+    const FaultyRegistry faulty = MakeFilledRegistry();
+    faulty.registry.writeNumber("7", "color", 3);
+    faulty.store->keys["5"].erase("type");  // the key is there: the value stays missing
+    for (const char* const key : {"", "2", "9"})
+        faulty.store->keys.erase(key);
+    Workspace workspace = DefaultWorkspace();
+    workspace.lines[8] = u"x+1";
+    workspace.functions[1].color = 6;
+    workspace.options.Wight = 4;
+    CreateMissingKeys(faulty.registry, workspace);
+    EXPECT_EQ(faulty.store->keys.size(), 10u);
+    EXPECT_EQ(faulty.store->keys[""].size(), 20u);
+    EXPECT_EQ(faulty.store->keys["2"].size(), 8u);
+    EXPECT_EQ(faulty.registry.readNumber("", "Wight"), 4);
+    EXPECT_EQ(faulty.registry.readNumber("2", "color"), 6);
+    EXPECT_EQ(faulty.registry.readText("9", "equ"), u"x+1");
+    EXPECT_EQ(faulty.registry.readNumber("7", "color"), 3);
+    EXPECT_EQ(faulty.registry.readNumber("5", "type"), std::nullopt);
+}
+
+TEST(CreateMissingKeys, StopsAtTheFirstFailure) {
+    const FaultyRegistry faulty = MakeFaultyRegistry();
+    *faulty.fails = Exactly("writeNumber 1/type");
+    CreateMissingKeys(faulty.registry, DefaultWorkspace());
+    EXPECT_EQ(faulty.log->back(), "writeNumber 1/type");
+}
+
 TEST(CreateDefaultKeys, LeavesNothingForTheLoaderToReport) {
     const FaultyRegistry faulty = MakeFilledRegistry();
     Workspace workspace;
