@@ -29,11 +29,12 @@ double ContrastRatio(const QColor& first, const QColor& second) {
     return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
 }
 
+bool IsDark(const QColor& ground) {
+    return ContrastRatio(Qt::white, ground) > ContrastRatio(Qt::black, ground);
+}
+
 QColor ReadableColor(const QColor& color, const QColor& background, double ratio) {
-    const QColor black(0, 0, 0);
-    const QColor white(255, 255, 255);
-    const bool darkGround = ContrastRatio(white, background) > ContrastRatio(black, background);
-    const QColor end = darkGround ? white : black;
+    const QColor end = IsDark(background) ? Qt::white : Qt::black;
     for (int step = 0; step < 32; ++step) {
         const QColor candidate(Blend(color.red(), end.red(), step),
                                Blend(color.green(), end.green(), step),

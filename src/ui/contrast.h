@@ -13,4 +13,7 @@ double ContrastRatio(const QColor& first, const QColor& second);
 /// background) whose contrast reaches `ratio`; black or white itself when none does.
 QColor ReadableColor(const QColor& color, const QColor& background, double ratio);
 
+/// Whether light text reads better on a ground than dark text.
+bool IsDark(const QColor& ground);
+
 }  // namespace kalvex

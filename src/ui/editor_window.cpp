@@ -64,7 +64,6 @@ void EditorWindow::AddRow(int slot) {
     row.edit->setProperty("controlId", kFirstEditId + slot);
     row.hint = new QLabel(this);
     row.hint->setObjectName("hint" + number);
-    row.hint->setForegroundRole(QPalette::PlaceholderText);
     QFont small = row.hint->font();
     small.setPointSizeF(small.pointSizeF() * 0.85);
     row.hint->setFont(small);

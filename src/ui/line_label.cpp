@@ -14,8 +14,11 @@ namespace kalvex {
 namespace {
 
 constexpr double kTextContrast = 4.5;  // the guidelines' bound for ordinary text
-constexpr double kRimBelow =
-    2.4;  // below it the thin strokes of the letters fade; a rim keeps them together
+// Below it, the guidelines' bound for large text, the strokes of the letters fade; a rim keeps them
+// together. Half of its width shows. A light rim around dark letters needs more of it.
+constexpr double kRimBelow = 3.0;
+constexpr double kRimOnLight = 1.0;
+constexpr double kRimOnDark = 2.4;
 constexpr int kMarkWidth = 18;
 constexpr int kMargin = 6;
 
@@ -86,7 +89,8 @@ void LineLabel::paintEvent(QPaintEvent*) {
     shape.addText(width() - kMargin - metrics.horizontalAdvance(shown),
                   (height() + metrics.ascent() - metrics.descent()) / 2.0, face, shown);
     if (ContrastRatio(TextColor(), Ground()) < kRimBelow) {
-        painter.strokePath(shape, QPen(ReadableColor(TextColor(), Ground(), kTextContrast), 1.0));
+        const QColor rim = ReadableColor(TextColor(), Ground(), kTextContrast);
+        painter.strokePath(shape, QPen(rim, IsDark(Ground()) ? kRimOnDark : kRimOnLight));
     }
     painter.fillPath(shape, TextColor());
 }

@@ -14,6 +14,10 @@ namespace {
 constexpr int kSmallest = 100;
 constexpr int kLargest = 16384;
 
+// What a window manager may add around a window; the true frame is known only once it is shown.
+constexpr int kFrameBorder = 6;
+constexpr int kFrameTitle = 36;
+
 bool IsUsable(QSize size) {
     return size.width() >= kSmallest && size.height() >= kSmallest && size.width() <= kLargest &&
            size.height() <= kLargest;
@@ -46,8 +50,11 @@ void SaveWindowState(const QString& path, const WindowState& state) {
 }
 
 void ApplyWindowState(QWidget& window, const WindowState& state) {
-    window.resize(state.size.boundedTo(window.screen()->availableGeometry().size()));
-    if (state.maximised) window.setWindowState(window.windowState() | Qt::WindowMaximized);
+    const QSize room = window.screen()->availableGeometry().size();
+    window.resize(state.size.boundedTo(room));
+    const bool fits = state.size.width() + 2 * kFrameBorder <= room.width() &&
+                      state.size.height() + kFrameTitle + kFrameBorder <= room.height();
+    if (state.maximised || !fits) window.setWindowState(window.windowState() | Qt::WindowMaximized);
 }
 
 void RememberWindow(const QWidget& window, WindowState& state) {

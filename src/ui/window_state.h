@@ -23,7 +23,8 @@ QString DefaultWindowStatePath();
 WindowState LoadWindowState(const QString& path);
 void SaveWindowState(const QString& path, const WindowState& state);
 
-/// Gives a window the remembered size, never more than its screen has.
+/// Gives a window the remembered size. Where that does not fit the screen together with a frame,
+/// the window is maximised.
 void ApplyWindowState(QWidget& window, const WindowState& state);
 
 /// Keeps a window's present size; of a maximised window only that it is maximised.

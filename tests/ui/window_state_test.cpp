@@ -32,9 +32,19 @@ class WindowStateTest final : public QObject {
         }
     }
     void NeverLargerThanTheScreen() {
-        QWidget window;
-        ApplyWindowState(window, {QSize(9000, 9000), false, {}});
-        QVERIFY(window.width() <= window.screen()->availableGeometry().width());
+        const QSize room = QWidget().screen()->availableGeometry().size();
+        const std::pair<QSize, bool> cases[] = {{QSize(9000, 9000), true},
+                                                {room, true},
+                                                {QSize(480, room.height() - 20), true},
+                                                {QSize(room.width(), 480), true},
+                                                {QSize(480, room.height() - 80), false},
+                                                {QSize(480, 640), false}};
+        for (const auto& [size, maximised] : cases) {
+            QWidget window;
+            ApplyWindowState(window, {size, false, {}});
+            QVERIFY(window.width() <= room.width() && window.height() <= room.height());
+            QCOMPARE(window.isMaximized(), maximised);
+        }
     }
     void NextWindowTakesThePlace() {
         QWidget last;
