@@ -54,6 +54,7 @@ void LoadWorkspace(Application& application) {
     LoadFunctionSettings(registry, workspace, application.show);
     LoadSettings(registry, workspace, application.show);
     CreateMissingKeys(registry, workspace);
+    application.loaded = true;
     if (firstStart) workspace.functions[0].selected = 1;
     application.graph.viewport.view = workspace.view;
     SaveAsPrevious(application.graph.viewport);
@@ -61,6 +62,7 @@ void LoadWorkspace(Application& application) {
 
 void StartApplication(Application& application) {
     LoadWorkspace(application);
+    if (application.ended) return;
     application.windowState = LoadWindowState(application.windowStatePath);
     EditorActions actions;
     actions.draw = [&application] { DrawFunctions(application); };
@@ -99,7 +101,7 @@ void EndApplication(Application& application, const ShowMessage& show) {
     if (application.ended) return;
     application.ended = true;
     StoreOpenView(application, show);
-    StoreFunctions(application);
+    if (application.loaded) StoreFunctions(application);
     if (const QWidget* const window = VisibleWindow(application)) {
         RememberWindow(*window, application.windowState);
         SaveWindowState(application.windowStatePath, application.windowState);

@@ -30,6 +30,7 @@ struct Application {
     WindowState windowState;
     std::unique_ptr<EditorWindow> editor;
     std::unique_ptr<GraphWindow> graphWindow;
+    bool loaded = false;       ///< the workspace holds what the store has
     bool viewUnsaved = false;  ///< the graph window is open and its bounds are not stored yet
     bool ended = false;        ///< everything has been stored for the last time
 };
@@ -39,7 +40,8 @@ struct Application {
 /// a first start.
 void LoadWorkspace(Application& application);
 
-/// Loads everything and shows the editor with the focus in line 1.
+/// Loads everything and shows the editor with the focus in line 1; no editor when the program was
+/// ended while a message of the loading was on the screen.
 void StartApplication(Application& application);
 
 /// The Draw flow and, when it succeeds, the graph window in the editor's place.

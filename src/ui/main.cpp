@@ -39,6 +39,7 @@ int main(int argc, char** argv) {
     QObject::connect(&qt, &QCoreApplication::aboutToQuit, &qt, end);
 
     StartApplication(application);
+    if (application.ended) return 0;  // an end that came before the event loop would be forgotten
     ListenForStarts(application.instance, folder, [&application] { RaiseWindow(application); });
     return QApplication::exec();
 }

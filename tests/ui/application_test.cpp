@@ -65,6 +65,21 @@ class ApplicationTest final : public QObject {
         program.OpenGraph();  // what was missing is there again
         QCOMPARE(program.shown.boxes->size(), std::size_t{1});
     }
+    void AnEndDuringTheLoadingLosesNothing() {
+        for (const char* const missing : {"Color", "type", "beta2"}) {
+            TestProgram program;
+            program.store.store->keys["2"].erase(FoldedName(missing));
+            program.application.show = [&program](const MessageBox& box) {
+                EndApplication(program.application, program.shown.show);
+                return program.shown.show(box);
+            };
+            const auto before = program.store.store->keys;
+            StartApplication(program.application);
+            QCOMPARE(program.shown.boxes->size(), std::size_t{1});
+            QVERIFY(program.application.ended && program.application.editor == nullptr);
+            QVERIFY(program.store.store->keys == before);
+        }
+    }
     void GraphTableStoresTheView() {
         TestProgram program;
         program.Start();

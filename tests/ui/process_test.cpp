@@ -1,4 +1,5 @@
 // The program itself, as processes of their own.
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
@@ -70,6 +71,22 @@ class ProcessTest final : public QObject {
         QCOMPARE(first.exitCode(), 0);
         QVERIFY(QFileInfo::exists(home.Path("kalvex/window.ini")));
         QVERIFY(home.Settings().contains("equ=Gamma(x)\n"));  // as it stands in the editor
+        QVERIFY(!QFileInfo::exists(home.Path("_Kalvex_.lock")));
+    }
+    void TerminatedWhileAMessageOfTheStartIsUp() {
+        const Home home;
+        QVERIFY(QDir(home.folder.path()).mkpath("kalvex"));
+        QFile settings(home.Path("kalvex/kalvex.ini"));
+        QVERIFY(settings.open(QIODevice::WriteOnly) && settings.write("rubbish") > 0);
+        settings.close();
+        QProcess process;
+        home.Start(process);
+        QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(home.Path("_Kalvex_.lock")), 20000);
+        QTest::qWait(1000);
+        QVERIFY(!home.IsFound());  // the window does not stand yet
+        process.terminate();
+        QVERIFY(process.waitForFinished(20000));
+        QCOMPARE(process.exitStatus(), QProcess::NormalExit);
         QVERIFY(!QFileInfo::exists(home.Path("_Kalvex_.lock")));
     }
     void ACrashLeavesNothingBehind() {
