@@ -96,7 +96,8 @@ template <typename Size>
 std::vector<Label> FittingLabels(AxisLadder ladder, std::int32_t end, double sign,
                                  const Size& size) {
     const double step = GridStep(ladder.scale);
-    for (double decade = 1.0; decade * step * ladder.scale < end; decade *= 10.0) {
+    // The grid's own step is tried even when it is wider than the picture: one mark may be there.
+    for (double decade = 1.0; decade == 1.0 || decade * step * ladder.scale < end; decade *= 10.0) {
         for (const double digit : {1.0, 2.0, 5.0}) {
             ladder.units = step * decade * digit;
             std::vector<Label> labels = LabelsAt(ladder, end, sign);

@@ -67,12 +67,27 @@ TEST(Coordinates, StayInThePictureWhenTheAxisLeavesIt) {
     EXPECT_EQ(CountOf(NumbersOf(MakeViewport(5, 25, -10, 10)), u"0"), 1u);
 }
 
+TEST(Coordinates, StandAtASingleMark) {
+    const struct {
+        double low, high;
+        std::u16string_view text;
+    } rows[] = {{0.5, 1.3, u"1"}, {3.9, 4.1, u"4"}, {-7.01, -6.98, u"-7"}, {1.3, 0.5, u"1"}};
+    for (const auto& row : rows) {
+        const auto acrossX = NumbersOf(MakeViewport(row.low, row.high, -1e-3, 1e-3));
+        EXPECT_EQ(CountOf(acrossX, row.text), 1u) << row.low;
+        const auto acrossY = NumbersOf(MakeViewport(-1e-3, 1e-3, row.low, row.high));
+        EXPECT_EQ(CountOf(acrossY, row.text), 1u) << row.low;
+    }
+}
+
 TEST(Coordinates, FollowAMirroredAxis) {
     const auto numbers = NumbersOf(MakeViewport(10, -10, -10, 10));
-    for (const TextRecord& one : numbers)
-        if (one.text == u"-8" && one.y > 134 && one.y < 140) {
-            EXPECT_GT(one.x, 120);
-        }
+    const auto isBelowX = [](const TextRecord& one) {
+        return one.text == u"-8" && one.y > 134 && one.y < 140;
+    };
+    const auto found = std::find_if(numbers.begin(), numbers.end(), isBelowX);
+    ASSERT_NE(found, numbers.end());
+    EXPECT_GT(found->x, 120);
 }
 
 TEST(Coordinates, SurviveEveryWindow) {
