@@ -92,6 +92,7 @@ void AppendRow(const Rows& rows, std::int32_t row, std::vector<PixelRun>& runs) 
         const std::size_t end = std::min(first + kStretch, width);
         if (end == first + kStretch && !HasCrossing(rows, first)) continue;
         for (std::size_t i = first; i < end; ++i) {
+            // KEEP: values as they come, the marker of an undefined one too, and 0 is a crossing.
             if (rows.edge[i + 1] * rows.edge[i] <= 0.0 || rows.above[i] * rows.below[i] <= 0.0) {
                 AppendPixel(runs, row, static_cast<std::int32_t>(i));
             }

@@ -54,6 +54,10 @@ TEST(Axes, AreNotDrawnAtPositionZeroButTheirTicksAre) {
     EXPECT_FALSE(Contains(segments, {{0, 0}, {0, 268}}));
     EXPECT_TRUE(Contains(segments, {{0, 120}, {1, 120}}));
     EXPECT_TRUE(Contains(segments, {{0, 134}, {240, 134}}));
+    const auto below = AxesOf(MakeViewport(-10, 10, -20, 0));
+    EXPECT_FALSE(Contains(below, {{0, 0}, {240, 0}}));
+    EXPECT_TRUE(Contains(below, {{108, 0}, {108, -1}}));
+    EXPECT_TRUE(Contains(below, {{120, 0}, {120, 268}}));
 }
 
 TEST(Axes, ShareATickPerPixelInAHugeWindow) {

@@ -106,6 +106,21 @@ TEST(Graph, ChoosesTheFirstFunctionThatIsNotImplicit) {
     EXPECT_EQ(state.trace.function, 5) << "a chosen function stays";
 }
 
+TEST(Graph, LeavesTheCursorOfAnActiveTraceAlone) {
+    for (const EquationType type :
+         {EquationType::Decart, EquationType::Parametric, EquationType::Implicit}) {
+        GraphState state = StateOf(MakeViewport(-10, 10, -10, 10));
+        state.traceActive = true;
+        state.trace.index = 7;
+        state.trace.pixel = {3, 4};
+        FunctionList functions;
+        functions[0] = MakeEntry(type, u"x", u"x");
+        Draw(state, functions, PlainOptions());
+        EXPECT_EQ(state.trace.index, 7) << static_cast<int>(type);
+        EXPECT_EQ(state.trace.pixel, (PixelPoint{3, 4})) << static_cast<int>(type);
+    }
+}
+
 TEST(Graph, PlacesTheCursorOnTheMiddleSample) {
     GraphState state = StateOf(MakeViewport(-10, 10, -10, 10));
     FunctionList functions;
@@ -144,10 +159,16 @@ TEST(Graph, ClampsThePenWidth) {
         GraphState state = StateOf(MakeViewport(-10, 10, -10, 10));
         FunctionList functions;
         functions[0] = MakeEntry(EquationType::Decart, u"x");
+        functions[1] = MakeEntry(EquationType::Polar, u"x");
+        functions[2] = MakeEntry(EquationType::Parametric, u"x", u"x");
         Options options = PlainOptions();
         options.Wight = row.Wight;
-        const auto lines = RecordsOf<PolylineRecord>(Draw(state, functions, options));
-        EXPECT_EQ(lines.at(0).pen.width, row.width);
+        const DrawList list = Draw(state, functions, options);
+        EXPECT_EQ(RecordsOf<PolylineRecord>(list).at(0).pen.width, row.width);
+        const auto segments = RecordsOf<SegmentsRecord>(list);
+        ASSERT_EQ(segments.size(), 2u);
+        EXPECT_EQ(segments[0].pen.width, row.width);
+        EXPECT_EQ(segments[1].pen.width, row.width);
     }
 }
 
