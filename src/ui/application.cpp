@@ -74,6 +74,7 @@ void StartApplication(Application& application) {
 }
 
 void DrawFunctions(Application& application) {
+    if (application.graphWindow && application.graphWindow->Canvas().IsComputing()) return;
     if (!RunDrawFlow(application.workspace, application.registry, application.show)) return;
     application.graph.trace = {};
     application.graph.traceActive = false;
@@ -100,6 +101,7 @@ void ExitApplication(Application& application) {
 void EndApplication(Application& application, const ShowMessage& show) {
     if (application.ended) return;
     application.ended = true;
+    if (application.graphWindow) application.graphWindow->Canvas().Stop();
     StoreOpenView(application, show);
     if (application.loaded) StoreFunctions(application);
     if (const QWidget* const window = VisibleWindow(application)) {

@@ -1,14 +1,17 @@
 // A timer of no length runs after all waiting input, so drags and resizes that arrive while a slow
 // picture is being computed end in one more computation, not in many. The first computation waits
 // for the first paint: the window stands, white, and the progress bar of an implicit curve is seen
-// growing on it. The bar is painted over the old picture with repaint(), which handles no other
-// event, so nothing can start a second computation inside the first.
+// growing on it. Between two steps of the bar waiting events are handled behind a gate that holds
+// all input back, so the window repaints and a key can stop the computation, but nothing changes
+// what is being drawn and no second computation starts inside the first.
 #include "ui/graph_canvas.h"
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <utility>
 
 #include "painter/painter.h"
+#include "ui/input_gate.h"
 #include "ui/qt_text.h"
 #include "workspace/function_list.h"
 
@@ -30,34 +33,48 @@ GraphCanvas::GraphCanvas(GraphState& shownGraph, Workspace& shown, QWidget* pare
     connect(&redrawTimer, &QTimer::timeout, this, &GraphCanvas::Redraw);
 }
 
+GraphCanvas::~GraphCanvas() = default;
+
+void GraphCanvas::Stop() {
+    if (gate) gate->Stop();
+}
+
 void GraphCanvas::ScheduleRedraw() {
     if (shownOnce) redrawTimer.start();
 }
 
 void GraphCanvas::Redraw() {
+    if (gate) {
+        redrawAgain = true;
+        return;
+    }
+    gate = std::make_unique<InputGate>();
     LayoutViewport(graph.viewport, width(), height());
     progress.clear();
     sinceProgress.start();
     list = DrawGraph(graph, workspace.functions, workspace.options, PainterTextMeasure(),
-                     [this](const ProgressStretch& stretch) {
-                         ShowProgress(stretch);
-                         return true;
-                     });
+                     [this](const ProgressStretch& stretch) { return ShowProgress(stretch); });
+    const bool stopped = gate->Stopped();
+    gate.reset();
     progress.clear();
     image = PaintPicture(list, devicePixelRatioF());
     ++redrawCount;
-    Describe();
+    Describe(stopped);
     update();
+    if (std::exchange(redrawAgain, false)) redrawTimer.start();
 }
 
-void GraphCanvas::ShowProgress(const ProgressStretch& stretch) {
+bool GraphCanvas::ShowProgress(const ProgressStretch& stretch) {
     progress.push_back(stretch);
-    if (sinceProgress.elapsed() < kProgressInterval) return;
-    repaint(0, 0, width(), kProgressRows);
-    sinceProgress.start();
+    if (sinceProgress.elapsed() >= kProgressInterval) {
+        repaint(0, 0, width(), kProgressRows);
+        gate->Poll();
+        sinceProgress.start();
+    }
+    return !gate->Stopped();
 }
 
-void GraphCanvas::Describe() {
+void GraphCanvas::Describe(bool stopped) {
     QStringList drawn;
     for (const FunctionEntry& entry : workspace.functions) {
         if (entry.selected != 1) continue;
@@ -69,7 +86,7 @@ void GraphCanvas::Describe() {
                                .arg(view.Xmax)
                                .arg(view.Ymin)
                                .arg(view.Ymax);
-    setAccessibleDescription(drawn.join("; ") + ". " + bounds);
+    setAccessibleDescription(drawn.join("; ") + ". " + bounds + (stopped ? ". Stopped" : ""));
 }
 
 void GraphCanvas::paintEvent(QPaintEvent*) {

@@ -5,6 +5,7 @@
 #include <QImage>
 #include <QTimer>
 #include <QWidget>
+#include <memory>
 #include <vector>
 
 #include "graph/graph.h"
@@ -12,17 +13,25 @@
 
 namespace kalvex {
 
+class InputGate;
+
 /// Keeps the last computed picture and paints from it; computes a new one only after something
-/// that it shows has changed. Dragging with the left button or the pen pans.
+/// that it shows has changed. A slow computation can be stopped (Escape, or any command); the
+/// picture then has what was computed until then. Dragging with the left button or the pen pans.
 class GraphCanvas final : public QWidget {
   public:
     GraphCanvas(GraphState& shownGraph, Workspace& shown, QWidget* parent);
+    ~GraphCanvas() override;
 
     /// Computes the picture anew as soon as the events that wait have been handled. Any number of
     /// calls until then make one computation.
     void ScheduleRedraw();
     /// The last computed picture; empty before the first.
     const DrawList& Picture() const { return list; }
+    /// Whether a picture is being computed: what it shows must not be changed then.
+    bool IsComputing() const { return gate != nullptr; }
+    /// Ends a computation soon; nothing when there is none.
+    void Stop();
     /// How many pictures were computed so far.
     int RedrawCount() const { return redrawCount; }
     /// Columns that the progress bar covers at the moment; 0 while nothing is being computed.
@@ -37,8 +46,8 @@ class GraphCanvas final : public QWidget {
 
   private:
     void Redraw();
-    void ShowProgress(const ProgressStretch& stretch);
-    void Describe();
+    bool ShowProgress(const ProgressStretch& stretch);
+    void Describe(bool stopped);
 
     GraphState& graph;
     Workspace& workspace;
@@ -46,6 +55,8 @@ class GraphCanvas final : public QWidget {
     QImage image;
     QTimer redrawTimer;
     bool shownOnce = false;
+    std::unique_ptr<InputGate> gate;  ///< while a picture is being computed
+    bool redrawAgain = false;
     bool dragging = false;
     QPoint last;
     int redrawCount = 0;

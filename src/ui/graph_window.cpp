@@ -47,7 +47,14 @@ GraphWindow::GraphWindow(GraphState& graph, Workspace& workspace, GraphActions g
     connect(bar->menuButton(), &QPushButton::clicked, this, &GraphWindow::OpenMenu);
     pictureTimer.setSingleShot(true);
     pictureTimer.setInterval(kPictureDelay);
-    connect(&pictureTimer, &QTimer::timeout, this, [this] { actions.picture(); });
+    connect(&pictureTimer, &QTimer::timeout, this, [this] {
+        // Its message box could not be answered while the gate is closed.
+        if (canvas->IsComputing()) {
+            pictureTimer.start();
+        } else {
+            actions.picture();
+        }
+    });
     const auto add = [this](const QKeySequence& keys, auto&& run) {
         connect(new QShortcut(keys, this), &QShortcut::activated, this, run);
     };

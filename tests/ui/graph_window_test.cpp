@@ -31,6 +31,38 @@ void StartWith(TestProgram& program, int type, const char* text) {
     program.Line(1)->setText(text);
 }
 
+/// An implicit curve that takes long enough for anything to happen meanwhile.
+std::string SlowCurve() {
+    std::string text = "x*y";
+    for (int i = 0; i < 14; ++i)
+        text = "Ci(Gamma(erf(" + text + ")+2))";
+    return text;
+}
+
+/// Does something once, in the middle of a computation.
+class InTheMiddle final : public QObject {
+  public:
+    InTheMiddle(TestProgram& program, std::function<void()> run) : action(std::move(run)) {
+        connect(&timer, &QTimer::timeout, this, [this, &program] {
+            if (!program.application.graphWindow || !program.Canvas().IsComputing()) return;
+            if (program.Canvas().ProgressColumns() == 0) return;
+            timer.stop();
+            action();
+            done = true;
+        });
+        timer.start(5);
+    }
+    bool done = false;
+
+  private:
+    QTimer timer;
+    std::function<void()> action;
+};
+
+bool WasStopped(TestProgram& program) {
+    return program.Canvas().accessibleDescription().endsWith("Stopped");
+}
+
 }  // namespace
 
 class GraphWindowTest final : public QObject {
@@ -210,6 +242,51 @@ class GraphWindowTest final : public QObject {
             QTest::mouseRelease(&canvas, Qt::LeftButton, {}, QPoint(60, 70));
             QTest::qWait(5);
         }
+    }
+    void AKeyStopsASlowCurve() {
+        const std::pair<Qt::Key, bool> cases[] = {{Qt::Key_Escape, true}, {Qt::Key_F5, false}};
+        for (const auto& [key, stays] : cases) {
+            TestProgram program;
+            StartWith(program, 5, SlowCurve().c_str());
+            const InTheMiddle middle(program, [&program, pressed = key] {
+                QTest::keyClick(program.Graph().windowHandle(), pressed);
+                QVERIFY(program.Canvas().IsComputing() && program.Graph().isVisible());
+            });
+            program.OpenGraph();
+            QVERIFY(middle.done && WasStopped(program));
+            QVERIFY(!program.Canvas().IsComputing());
+            QTRY_COMPARE(program.Graph().isVisible(), stays);
+            QCOMPARE(program.Canvas().RedrawCount(), 1);
+        }
+    }
+    void InputWaitsForASlowCurve() {
+        TestProgram program;
+        StartWith(program, 5, "Ci(Gamma(erf(Ci(Gamma(erf(x*y)+2)))+2))");
+        const double before = program.application.graph.viewport.view.Xmin;
+        const InTheMiddle middle(program, [&] {
+            QWindow* const window = program.Graph().windowHandle();
+            QTest::mousePress(window, Qt::LeftButton, {}, QPoint(50, 50));
+            QTest::mouseMove(window, QPoint(60, 50));
+            QTest::mouseMove(window, QPoint(90, 50));
+            QTest::mouseRelease(window, Qt::LeftButton, {}, QPoint(90, 50));
+            program.Graph().Run(CommandId::Picture);
+            program.Canvas().ScheduleRedraw();
+            QCOMPARE(program.application.graph.viewport.view.Xmin, before);
+        });
+        program.OpenGraph();
+        QVERIFY(middle.done && !WasStopped(program));
+        QTRY_VERIFY(program.application.graph.viewport.view.Xmin < before);
+        QTRY_VERIFY(program.Canvas().RedrawCount() >= 2);
+        QTRY_COMPARE(program.shown.boxes->size(), std::size_t{1});
+        QVERIFY(program.LastBox().text == u"Save");
+    }
+    void TheEndOfTheProgramStopsASlowCurve() {
+        TestProgram program;
+        StartWith(program, 5, SlowCurve().c_str());
+        const InTheMiddle middle(
+            program, [&program] { EndApplication(program.application, program.shown.show); });
+        program.OpenGraph();
+        QVERIFY(middle.done && WasStopped(program));
     }
 };
 

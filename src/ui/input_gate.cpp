@@ -1,0 +1,78 @@
+// Input comes to the native window first, so that is where the filter of the application takes it
+// away; a key command comes to its QShortcut. A resize is held as well: the picture that is being
+// computed has the old size. Of moves that follow each other only the last is kept.
+#include "ui/input_gate.h"
+
+#include <QCoreApplication>
+#include <QShortcutEvent>
+
+namespace kalvex {
+namespace {
+
+bool IsInput(QEvent::Type type) {
+    switch (type) {
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonRelease:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::MouseMove:
+        case QEvent::Wheel:
+        case QEvent::TouchBegin:
+        case QEvent::TouchUpdate:
+        case QEvent::TouchEnd:
+        case QEvent::TouchCancel:
+        case QEvent::TabletPress:
+        case QEvent::TabletMove:
+        case QEvent::TabletRelease:
+        case QEvent::NativeGesture:
+        case QEvent::KeyPress:
+        case QEvent::KeyRelease:
+        case QEvent::Close:
+        case QEvent::Resize:
+            return true;
+        default:
+            return false;
+    }
+}
+
+bool IsEscape(const QEvent& event) {
+    return event.type() == QEvent::Shortcut &&
+           static_cast<const QShortcutEvent&>(event).key() == QKeySequence(Qt::Key_Escape);
+}
+
+}  // namespace
+
+InputGate::InputGate() {
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+InputGate::~InputGate() {
+    QCoreApplication::instance()->removeEventFilter(this);
+    for (HeldEvent& one : held) {
+        if (one.receiver) QCoreApplication::postEvent(one.receiver, one.event.release());
+    }
+}
+
+void InputGate::Poll() {
+    QCoreApplication::processEvents();
+}
+
+bool InputGate::eventFilter(QObject* receiver, QEvent* event) {
+    const QEvent::Type type = event->type();
+    const bool command = type == QEvent::Shortcut;
+    if (!command && !(receiver->isWindowType() && IsInput(type))) return false;
+    if (command || type == QEvent::Close) stopped = true;
+    if (type == QEvent::Close) event->ignore();
+    if (!IsEscape(*event)) Hold(receiver, *event);
+    return true;
+}
+
+void InputGate::Hold(QObject* receiver, const QEvent& event) {
+    std::unique_ptr<QEvent> copy(event.clone());
+    const bool replaces = event.type() == QEvent::MouseMove && !held.empty() &&
+                          held.back().receiver == receiver &&
+                          held.back().event->type() == QEvent::MouseMove;
+    if (replaces) held.pop_back();
+    held.push_back({receiver, std::move(copy)});
+}
+
+}  // namespace kalvex

@@ -1,0 +1,41 @@
+// Keeps the program answering while something slow is being computed on its only thread.
+#pragma once
+
+#include <QEvent>
+#include <QObject>
+#include <QPointer>
+#include <memory>
+#include <vector>
+
+namespace kalvex {
+
+/// While it lives, Poll handles waiting events (painting, signals, other programs), but no input
+/// reaches a window: it is held and handed on, in its order, when the gate goes. Escape, any other
+/// key command and closing a window ask the computation to stop; Escape does nothing more.
+class InputGate final : public QObject {
+  public:
+    InputGate();
+    ~InputGate() override;
+    InputGate(const InputGate&) = delete;
+    InputGate& operator=(const InputGate&) = delete;
+
+    void Poll();
+    void Stop() { stopped = true; }
+    bool Stopped() const { return stopped; }
+
+  protected:
+    bool eventFilter(QObject* receiver, QEvent* event) override;
+
+  private:
+    struct HeldEvent {
+        QPointer<QObject> receiver;
+        std::unique_ptr<QEvent> event;
+    };
+
+    void Hold(QObject* receiver, const QEvent& event);
+
+    std::vector<HeldEvent> held;
+    bool stopped = false;
+};
+
+}  // namespace kalvex
