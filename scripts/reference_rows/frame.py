@@ -1,0 +1,104 @@
+"""What all families of reference rows share: points to sample and the making of one row."""
+import math
+import random
+
+import mpmath
+from mpmath import mp
+
+LARGEST = mpmath.mpf(1.7976931348623157e308) * (1 + mpmath.mpf(2) ** -54)
+
+
+def generator(name):
+    """A random generator of its own for each table, the same in every run."""
+    return random.Random(name)
+
+
+def linear(rng, low, high, count):
+    """Random points, evenly between the bounds."""
+    return [rng.uniform(low, high) for _ in range(count)]
+
+
+def logarithmic(rng, low, high, count):
+    """Random points between two positive bounds, evenly by magnitude."""
+    return [math.exp(rng.uniform(math.log(low), math.log(high))) for _ in range(count)]
+
+
+def around(*points):
+    """Each point, its neighbours and points on both sides of it at falling distances."""
+    found = []
+    for point in points:
+        found += [point, math.nextafter(point, math.inf), math.nextafter(point, -math.inf)]
+        for distance in (1e-12, 1e-8, 1e-5, 1e-3, 0.02):
+            step = distance * (abs(point) or 1)
+            found += [point - step, point + step]
+    return found
+
+
+def positive_edges():
+    """Ends of the range of doubles."""
+    return [5e-324, 2.2250738585072014e-308, 1e-300, 1e-160, 1e-100, 1e-30, 1e-20, 1e-10]
+
+
+def evaluate(f, arguments, digits=50):
+    """f of the arguments at rising precisions until two of them agree."""
+    before = None
+    while digits < 3000:
+        with mp.workdps(digits):
+            value = mpmath.re(mpmath.mpmathify(f(*[mpmath.mpf(a) for a in arguments])))
+            if before is not None:
+                if value == before or abs(value - before) <= abs(value) * mpmath.mpf(10) ** -36:
+                    return value, digits
+        before = value
+        digits = digits * 3 // 2
+    raise ArithmeticError(f'no agreement at {arguments}')
+
+
+def condition_number(f, arguments, value, digits):
+    """|x f'/f| for the last argument, by a central difference."""
+    x = arguments[-1]
+    if x == 0 or value == 0:
+        return mpmath.mpf(0)
+    with mp.workdps(digits + 25):
+        centre = mpmath.mpf(x)
+        step = abs(centre) * mpmath.mpf(10) ** -20
+        fixed = [mpmath.mpf(a) for a in arguments[:-1]]
+        rise = f(*fixed, centre + step) - f(*fixed, centre - step)
+        return abs(centre * mpmath.re(rise) / (2 * step) / value)
+
+
+def row(f, *arguments, condition=None, digits=50):
+    """One line of a table. f takes mpmath numbers; condition, if given, is a number or a function
+    of the same arguments that returns |x f'/f|."""
+    arguments = [float(a) for a in arguments]
+    value, used = evaluate(f, arguments, digits)
+    if mpmath.isnan(value):
+        raise ArithmeticError(f'not a number at {arguments}')
+    written = ['%.17g' % a for a in arguments]
+    if abs(value) >= LARGEST:
+        return '\t'.join(written + ['-inf' if value < 0 else 'inf', '0', '0'])
+    if condition is None:
+        condition = condition_number(f, arguments, value, used)
+    elif callable(condition):
+        with mp.workdps(used):
+            condition = abs(condition(*[mpmath.mpf(a) for a in arguments]))
+    with mp.workdps(used):
+        high = nearest(value)
+        low = float(value - mpmath.mpf(high))
+    number = mpmath.nstr(mpmath.mpf(condition), 3, min_fixed=0, max_fixed=0)
+    return '\t'.join(written + [high.hex(), low.hex(), number])
+
+
+def nearest(value):
+    """The double next to the value, denormal ones rounded once only."""
+    if value == 0:
+        return 0.0
+    exponent = max(int(mpmath.floor(mpmath.log(abs(value), 2))) - 60, -1074)
+    scaled = mpmath.ldexp(value, -exponent)
+    if exponent == -1074:
+        return math.ldexp(float(mpmath.nint(scaled)), -1074)
+    return float(value)
+
+
+def rows(f, points, **options):
+    """One row for each point, a number or a tuple of arguments."""
+    return [row(f, *(p if isinstance(p, tuple) else (p,)), **options) for p in points]
