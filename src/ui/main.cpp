@@ -7,6 +7,7 @@
 #include "ui/picture_export.h"
 #include "ui/terminate_signal.h"
 #include "ui/touch_style.h"
+#include "workspace/function_list.h"
 #include "workspace/registry_file.h"
 
 int main(int argc, char** argv) {
@@ -41,5 +42,7 @@ int main(int argc, char** argv) {
     StartApplication(application);
     if (application.ended) return 0;  // an end that came before the event loop would be forgotten
     ListenForStarts(application.instance, folder, [&application] { RaiseWindow(application); });
-    return QApplication::exec();
+    const int result = QApplication::exec();
+    ReleaseFunctions(application.workspace.functions);
+    return result;
 }
