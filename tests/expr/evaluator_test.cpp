@@ -350,6 +350,28 @@ TEST(Power, IsRoundedWellForIntegralExponents) {
     }
 }
 
+// Bases whose powers lie inside, just beyond and far beyond the range of a double.
+TEST(Power, KeepsItsSenseAtTheEndsOfTheRange) {
+    for (const int n : {-100, -21, -20, -7, -3, -2, -1, 2, 3, 4, 5, 7, 8, 16, 20, 21, 60, 1024}) {
+        const std::u16string text =
+            n < 0 ? u"x^(0-" + Widen(std::to_string(-n)) + u")" : u"x^" + Widen(std::to_string(n));
+        const CompiledExpression expression = CompileExpression(text);
+        for (const double exponent : {-3000.0, -1500.0, -1080.0, -1060.0, -1010.0, -910.0, 890.0,
+                                      910.0, 1010.0, 1030.0, 1080.0, 1500.0, 3000.0}) {
+            const double magnitude = std::exp2(exponent / n) * 1.0000001;
+            for (const double x : {magnitude, -magnitude}) {
+                const double exact = std::pow(x, n);
+                const double value = EvaluateExpression(expression, x);
+                const double unit = 2.0 * std::numeric_limits<double>::denorm_min();
+                const double bound = std::isinf(exact) ? 0.0 : std::fabs(exact) * 3e-16 + unit;
+                EXPECT_TRUE(value == exact || std::fabs(value - exact) <= bound)
+                    << x << " ^ " << n << " = " << value << ", not " << exact;
+                EXPECT_EQ(std::signbit(value), std::signbit(exact)) << x << " ^ " << n;
+            }
+        }
+    }
+}
+
 TEST(EvaluateAt, StoresTheMarkerAndTheCode) {
     const double xs[] = {-1.0, 0.0, 1.0};
     const auto results = EvaluateAt(CompileExpression(u"1/x"), xs);
