@@ -13,8 +13,8 @@
 namespace kalvex {
 namespace {
 
-/// Points per block: 2 KiB an array, so a handful of registers fits the first-level cache.
-constexpr std::size_t kBlock = 256;
+/// Points per block: 4 KiB an array, so a handful of registers fits the first-level cache.
+constexpr std::size_t kBlock = 512;
 
 constexpr std::size_t PaddedCount(std::size_t count) {
     return (count + kPaddedLanes - 1) / kPaddedLanes * kPaddedLanes;
@@ -89,18 +89,18 @@ void PadTail(const double* from, std::size_t count, double* padded) {
 
 }  // namespace
 
-void RunInstructions(const InstructionList& list, const KernelTable& kernels,
+bool RunInstructions(const InstructionList& list, const KernelTable& kernels,
                      const ProgramInputs& inputs, std::size_t count, double* values,
                      std::int32_t* errors) {
     alignas(64) double registers[kMostRegisters * kBlock];
-    std::fill_n(errors, count, 0);
+    bool anyFailed = false;
     BlockRun run{list, kernels, inputs, 0, 0, registers, kBlock, nullptr};
     for (; run.offset < count; run.offset += kBlock) {
         const std::size_t wanted = std::min(kBlock, count - run.offset);
         run.count = PaddedCount(wanted);
         if (run.count == wanted) {
             run.errors = errors + run.offset;
-            RunBlock(run, values + run.offset);
+            anyFailed |= RunBlock(run, values + run.offset);
             continue;
         }
         double paddedValues[kBlock];
@@ -108,9 +108,11 @@ void RunInstructions(const InstructionList& list, const KernelTable& kernels,
         run.errors = paddedErrors;
         if (RunBlock(run, paddedValues)) {
             std::copy_n(paddedErrors, wanted, errors + run.offset);
+            anyFailed = true;
         }
         std::copy_n(paddedValues, wanted, values + run.offset);
     }
+    return anyFailed;
 }
 
 double EvaluateExpression(const CompiledExpression& expression, double x, double y) {
@@ -138,9 +140,9 @@ double EvaluateExpression(const CompiledExpression& expression, double x, double
 void EvaluateInto(const CompiledExpression& expression, std::span<const double> xs, double y,
                   std::span<double> values, std::span<std::int32_t> errors) {
     if (xs.empty()) return;
+    std::fill_n(errors.begin(), xs.size(), 0);
     if (!expression.program) {
         std::fill_n(values.begin(), xs.size(), kNotANumber);
-        std::fill_n(errors.begin(), xs.size(), 0);
         return;
     }
     const Program& program = *expression.program;

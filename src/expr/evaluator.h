@@ -52,7 +52,12 @@ struct GridRows;
 std::shared_ptr<GridRows> PrepareGridRows(const CompiledExpression& expression,
                                           std::span<const double> xs);
 
-/// Values G(x, y) over all abscissas of the preparation; 1e30 where a primitive failed.
+/// Values G(x, y) over all abscissas of the preparation; 1e30 where a primitive failed. A zero may
+/// have the other sign than at a single point. `values` may be longer; with a length of the next
+/// multiple of 8 no value is copied.
 void EvaluateGridRow(GridRows& rows, double y, std::span<double> values);
+
+/// Whether a[i] * b[i] <= 0 for some i below `count`: a sign change between two rows of values.
+bool HasSignChange(const double* a, const double* b, std::size_t count);
 
 }  // namespace kalvex

@@ -1,7 +1,9 @@
 // Rows of a grid. The tree is cut at the largest sub-trees that depend on one variable alone:
 // those of x are computed once for all rows, those of y once per row, and only the rest runs over
-// every point. Nothing is regrouped, so each value has the bits of a point-by-point evaluation.
+// every point. Nothing is regrouped, so each value has the bits of a point-by-point evaluation (but
+// for the sign of a zero, see WithoutZeroTerm).
 #include <algorithm>
+#include <cmath>
 
 #include "expr/evaluator.h"
 #include "expr/program.h"
@@ -41,6 +43,22 @@ void FindParts(const SyntaxTree& tree, NodeIndex index, Cut& cut) {
     }
 }
 
+/// The node whose values are those of the root. Texts of two variables begin with "x*0+", which is
+/// a sum with zero (of either sign) wherever x is finite; it need not be added to every point.
+NodeIndex WithoutZeroTerm(const SyntaxTree& tree, std::span<const double> xs) {
+    const Node& root = tree.nodes[static_cast<std::size_t>(tree.root)];
+    if (root.kind != NodeKind::Operation || root.op != OpCode::Add) return tree.root;
+    const Node& term = tree.nodes[static_cast<std::size_t>(root.operands[0])];
+    if (term.kind != NodeKind::Operation || term.op != OpCode::Multiply) return tree.root;
+    const Node& left = tree.nodes[static_cast<std::size_t>(term.operands[0])];
+    const Node& right = tree.nodes[static_cast<std::size_t>(term.operands[1])];
+    const bool isZero =
+        left.kind == NodeKind::X && right.kind == NodeKind::Constant && right.value == 0.0;
+    const bool finite =
+        std::all_of(xs.begin(), xs.end(), [](double x) { return std::isfinite(x); });
+    return isZero && finite ? root.operands[1] : tree.root;
+}
+
 std::size_t Padded(std::size_t count) {
     return (count + kPaddedLanes - 1) / kPaddedLanes * kPaddedLanes;
 }
@@ -51,12 +69,13 @@ void AddColumnPart(GridRows& rows, NodeIndex part) {
     const InstructionList list = Flatten(tree, part, {});
     std::vector<double> values(rows.columns[0].size());
     const double* const arrays[] = {rows.columns[0].data()};
-    RunInstructions(list, *tree.kernels, {arrays, {}}, values.size(), values.data(),
-                    rows.errors.data());
-    for (std::size_t i = 0; i < values.size(); ++i) {
-        if (rows.errors[i] == 0) continue;
-        rows.columnFailed[i] = 1;
+    if (RunInstructions(list, *tree.kernels, {arrays, {}}, values.size(), values.data(),
+                        rows.errors.data())) {
+        for (std::size_t i = 0; i < values.size(); ++i) {
+            if (rows.errors[i] != 0) rows.columnFailed[i] = 1;
+        }
         rows.anyColumnFailed = true;
+        std::fill(rows.errors.begin(), rows.errors.end(), 0);
     }
     rows.columns.push_back(std::move(values));
 }
@@ -89,8 +108,9 @@ std::shared_ptr<GridRows> PrepareGridRows(const CompiledExpression& expression,
     rows->columns.push_back(std::move(x));
 
     const SyntaxTree& tree = rows->program->tree;
+    const NodeIndex root = WithoutZeroTerm(tree, xs);
     Cut cut;
-    FindParts(tree, tree.root, cut);
+    FindParts(tree, root, cut);
     std::vector<Replacement> replacements;
     for (const NodeIndex part : cut.columnParts) {
         AddColumnPart(*rows, part);
@@ -105,7 +125,7 @@ std::shared_ptr<GridRows> PrepareGridRows(const CompiledExpression& expression,
     rows->scalars.resize(rows->rowParts.size() + 1);
     for (const auto& column : rows->columns)
         rows->columnPointers.push_back(column.data());
-    rows->body = Flatten(tree, tree.root, replacements);
+    rows->body = Flatten(tree, root, replacements);
     return rows;
 }
 
@@ -115,11 +135,19 @@ void EvaluateGridRow(GridRows& rows, double y, std::span<double> values) {
         std::fill_n(values.begin(), rows.count, UndefinedValue);
         return;
     }
-    RunInstructions(rows.body, *rows.program->tree.kernels, {rows.columnPointers, rows.scalars},
-                    rows.count, values.data(), rows.errors.data());
+    const std::size_t padded = Padded(rows.count);
+    if (RunInstructions(rows.body, *rows.program->tree.kernels, {rows.columnPointers, rows.scalars},
+                        values.size() >= padded ? padded : rows.count, values.data(),
+                        rows.errors.data())) {
+        std::fill(rows.errors.begin(), rows.errors.end(), 0);
+    }
     for (std::size_t i = 0; rows.anyColumnFailed && i < rows.count; ++i) {
         if (rows.columnFailed[i] != 0) values[i] = UndefinedValue;
     }
+}
+
+bool HasSignChange(const double* a, const double* b, std::size_t count) {
+    return ActiveKernels().anyProductNotPositive(a, b, count);
 }
 
 }  // namespace kalvex

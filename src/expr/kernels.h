@@ -59,6 +59,8 @@ using Kernel = bool (*)(const KernelCall&);
 
 struct KernelTable {
     const char* name = "";
+    /// Whether a[i] * b[i] <= 0 for some i; not-a-number is not.
+    bool (*anyProductNotPositive)(const double* a, const double* b, std::size_t count) = nullptr;
     Kernel kernels[kOpCodeCount] = {};  ///< null: a function without an array form
 };
 

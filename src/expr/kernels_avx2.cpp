@@ -13,6 +13,7 @@ namespace {
 struct Simd {
     using Vec = __m256d;
     static constexpr std::size_t kLanes = 4;
+    static constexpr bool kMultiplyAddIsFused = true;
 
     static Vec Load(const double* from) { return _mm256_loadu_pd(from); }
     static void Store(double* to, Vec value) { _mm256_storeu_pd(to, value); }
@@ -31,6 +32,15 @@ struct Simd {
     }
     static Vec MultiplyAdd(Vec a, Vec b, Vec c) { return _mm256_fmadd_pd(a, b, c); }
     static double MultiplyAdd(double a, double b, double c) { return __builtin_fma(a, b, c); }
+    // high + low; high alone where low is zero (high has the sign then) or not finite (overflow).
+    static Vec Corrected(Vec high, Vec low) {
+        const Vec nonzero = _mm256_cmp_pd(low, Set(0.0), _CMP_NEQ_OQ);
+        const Vec finite = _mm256_cmp_pd(Abs(low), Set(__builtin_inf()), _CMP_LT_OQ);
+        return _mm256_blendv_pd(high, high + low, _mm256_and_pd(nonzero, finite));
+    }
+    static double Corrected(double high, double low) {
+        return low != 0.0 && __builtin_isfinite(low) ? high + low : high;
+    }
 #include "expr/kernels_elementary.inc"
 };
 

@@ -13,6 +13,7 @@ namespace {
 struct Simd {
     using Vec = __m512d;
     static constexpr std::size_t kLanes = 8;
+    static constexpr bool kMultiplyAddIsFused = true;
 
     static Vec Load(const double* from) { return _mm512_loadu_pd(from); }
     static void Store(double* to, Vec value) { _mm512_storeu_pd(to, value); }
@@ -31,6 +32,15 @@ struct Simd {
     }
     static Vec MultiplyAdd(Vec a, Vec b, Vec c) { return _mm512_fmadd_pd(a, b, c); }
     static double MultiplyAdd(double a, double b, double c) { return __builtin_fma(a, b, c); }
+    // high + low; high alone where low is zero (high has the sign then) or not finite (overflow).
+    static Vec Corrected(Vec high, Vec low) {
+        constexpr int kZeroOrNotFinite = 0x9F;
+        const __mmask8 useless = _mm512_fpclass_pd_mask(low, kZeroOrNotFinite);
+        return _mm512_mask_add_pd(high, _knot_mask8(useless), high, low);
+    }
+    static double Corrected(double high, double low) {
+        return low != 0.0 && __builtin_isfinite(low) ? high + low : high;
+    }
 #include "expr/kernels_elementary.inc"
 };
 

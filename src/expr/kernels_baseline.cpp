@@ -18,6 +18,7 @@ namespace {
 struct Simd {
     using Vec = double __attribute__((vector_size(16)));
     static constexpr std::size_t kLanes = 2;
+    static constexpr bool kMultiplyAddIsFused = false;
 
     static Vec Load(const double* from) {
         Vec value;
@@ -65,6 +66,13 @@ struct Simd {
     template <typename T>
     static T MultiplyAdd(T a, T b, T c) {
         return a * b + c;
+    }
+    // high + low; high alone where low is zero (high has the sign then) or not finite (overflow).
+    static Vec Corrected(Vec high, Vec low) {
+        return ByLane([](double h, double l) { return Corrected(h, l); }, high, low);
+    }
+    static double Corrected(double high, double low) {
+        return low != 0.0 && __builtin_isfinite(low) ? high + low : high;
     }
 #include "expr/kernels_elementary.inc"
 };

@@ -62,9 +62,11 @@ struct ProgramInputs {
     std::span<const double> scalars;
 };
 
-/// Runs the instructions over inputs of any length. `values` and `errors` have `count` elements;
-/// where a primitive failed, the value is UndefinedValue beside its code. Allocates nothing.
-void RunInstructions(const InstructionList& list, const KernelTable& kernels,
+/// Runs the instructions over inputs of any length. `values` and `errors` have `count` elements,
+/// the errors zeros; where a primitive failed, the value is UndefinedValue and its code beside it.
+/// Returns whether one failed. Allocates nothing. A count that is a multiple of kPaddedLanes saves
+/// a copy of the last elements.
+bool RunInstructions(const InstructionList& list, const KernelTable& kernels,
                      const ProgramInputs& inputs, std::size_t count, double* values,
                      std::int32_t* errors);
 

@@ -70,11 +70,16 @@ bool Fold(const SyntaxTree& tree, const Node& node, std::span<const Node* const>
     return !failed;
 }
 
-/// A power whose exponent is known: by its value it is a product, a square root or neither.
-void SpecialisePower(Node& node, const Node& exponent) {
+/// A power whose exponent is known: by its value it is a product, a square root or neither. The
+/// square of a variable is written as the product that it is, because products merge with sums.
+void SpecialisePower(Node& node, const Node& base, const Node& exponent) {
     if (exponent.kind != NodeKind::Constant) return;
     const double n = exponent.value;
-    if (n == 0.5) {
+    const bool isVariable = base.kind == NodeKind::X || base.kind == NodeKind::Y;
+    if (n == 2.0 && isVariable) {
+        node.op = OpCode::Multiply;
+        node.operands[1] = node.operands[0];
+    } else if (n == 0.5) {
         node.op = OpCode::SquareRoot;
         node.operandCount = 1;
     } else if (n == std::floor(n) && std::fabs(n) <= kLargestIntegerPower) {
@@ -112,7 +117,8 @@ NodeIndex AddOperation(SyntaxTree& tree, OpCode op, std::span<const NodeIndex> o
     node.operandCount = static_cast<std::uint8_t>(operands.size());
     std::copy(operands.begin(), operands.end(), node.operands.begin());
     if (op == OpCode::Power) {
-        SpecialisePower(node, tree.nodes[static_cast<std::size_t>(operands[1])]);
+        SpecialisePower(node, tree.nodes[static_cast<std::size_t>(operands[0])],
+                        tree.nodes[static_cast<std::size_t>(operands[1])]);
     }
 
     const Node* inputs[kMostOperands];

@@ -6,7 +6,6 @@
 #include "graph/implicit.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace kalvex {
 namespace {
@@ -39,41 +38,20 @@ Rows MakeRows(const CompiledExpression& expression, const Viewport& viewport) {
     Rows rows;
     rows.edges = PrepareGridRows(expression, edges);
     rows.middles = PrepareGridRows(expression, middles);
-    rows.edge.resize(width + 1);
-    rows.above.resize(width);
-    rows.below.resize(width);
+    constexpr std::size_t kSpare = 8;  // rows of a little more room are evaluated without a copy
+    rows.edge.resize(width + 1 + kSpare);
+    rows.above.resize(width + kSpare);
+    rows.below.resize(width + kSpare);
     return rows;
 }
 
 /// Columns looked at together; most stretches of a picture hold no pixel of the curve.
-constexpr std::size_t kStretch = 32;
+constexpr std::size_t kStretch = 64;
 
-/// Two values that are computed at once, on every processor.
-using Lanes = double __attribute__((vector_size(16)));
-constexpr std::size_t kLanes = 2;
-
-Lanes ProductOf(const double* a, const double* b) {
-    Lanes left;
-    Lanes right;
-    std::memcpy(&left, a, sizeof left);
-    std::memcpy(&right, b, sizeof right);
-    return left * right;
-}
-
-/// Whether a pixel of the columns first .. first + kStretch - 1 is set.
-bool HasCrossing(const Rows& rows, std::size_t first) {
+bool HasPixel(const Rows& rows, std::size_t first, std::size_t count) {
     const double* const edge = rows.edge.data() + first;
-    const double* const above = rows.above.data() + first;
-    const double* const below = rows.below.data() + first;
-    auto crossings = Lanes{} != Lanes{};
-    for (std::size_t i = 0; i < kStretch; i += kLanes) {
-        crossings |= ProductOf(edge + i + 1, edge + i) <= Lanes{};
-        crossings |= ProductOf(above + i, below + i) <= Lanes{};
-    }
-    std::int64_t any = 0;
-    for (std::size_t lane = 0; lane < kLanes; ++lane)
-        any |= crossings[lane];
-    return any != 0;
+    return HasSignChange(edge + 1, edge, count) ||
+           HasSignChange(rows.above.data() + first, rows.below.data() + first, count);
 }
 
 void AppendPixel(std::vector<PixelRun>& runs, std::int32_t row, std::int32_t column) {
@@ -86,13 +64,12 @@ void AppendPixel(std::vector<PixelRun>& runs, std::int32_t row, std::int32_t col
     }
 }
 
-void AppendRow(const Rows& rows, std::int32_t row, std::vector<PixelRun>& runs) {
-    const std::size_t width = rows.above.size();
+void AppendRow(const Rows& rows, std::size_t width, std::int32_t row, std::vector<PixelRun>& runs) {
+    if (!HasPixel(rows, 0, width)) return;
     for (std::size_t first = 0; first < width; first += kStretch) {
         const std::size_t end = std::min(first + kStretch, width);
-        if (end == first + kStretch && !HasCrossing(rows, first)) continue;
+        if (!HasPixel(rows, first, end - first)) continue;
         for (std::size_t i = first; i < end; ++i) {
-            // KEEP: values as they come, the marker of an undefined one too, and 0 is a crossing.
             if (rows.edge[i + 1] * rows.edge[i] <= 0.0 || rows.above[i] * rows.below[i] <= 0.0) {
                 AppendPixel(runs, row, static_cast<std::int32_t>(i));
             }
@@ -124,7 +101,7 @@ PixelRunsRecord ImplicitPixels(const CompiledExpression& expression, const Viewp
         const double y = view.Ymax - row * hy;
         EvaluateGridRow(*rows.edges, y, rows.edge);
         EvaluateGridRow(*rows.middles, y - hy / 2.0, rows.below);
-        AppendRow(rows, row, record.runs);
+        AppendRow(rows, static_cast<std::size_t>(width), row, record.runs);
         rows.above.swap(rows.below);
         const ProgressStretch stretch = StretchOfRow(row, width, height, color);
         if (stretch.lastColumn < stretch.firstColumn || !progress) continue;

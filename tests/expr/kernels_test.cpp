@@ -141,5 +141,36 @@ TEST(KernelTables, StayCloseToTheCLibrary) {
     }
 }
 
+TEST(Divide, ByANumberHasTheBitsOfADivision) {
+    const KernelTables available = AvailableKernelTables();
+    testing_support::Generator generator(17);
+    std::uniform_real_distribution<double> mantissa(1.0, 2.0);
+    std::uniform_int_distribution<int> exponent(-450, 450);
+    for (int i = 0; i < 2000; ++i) {
+        const double divisor = i == 0   ? 3.0
+                               : i == 1 ? std::nextafter(2.0, 1.0)
+                                        : std::ldexp(mantissa(generator), exponent(generator) / 2);
+        std::vector<double> xs = {0.0, -0.0, kInfinity, -kInfinity, kNan, 5e-324, 1e308};
+        for (int k = 0; k < 200; ++k) {
+            const double x = std::ldexp(mantissa(generator), exponent(generator));
+            xs.push_back(k % 2 == 0 ? x : -x);
+            xs.push_back(std::nextafter(divisor * (1.0 + k), kInfinity));
+        }
+        std::vector<double> out(xs.size() / kPaddedLanes * kPaddedLanes);
+        std::vector<std::int32_t> errors(out.size());
+        const Source sources[] = {{xs.data(), 0.0}, {nullptr, divisor}};
+        for (std::size_t t = 0; t < available.count; ++t) {
+            const auto op = static_cast<std::size_t>(OpCode::Divide);
+            EXPECT_FALSE(available.tables[t]->kernels[op](
+                {out.data(), sources, out.size(), errors.data(), 0}));
+            for (std::size_t k = 0; k < out.size(); ++k) {
+                const double expected = xs[k] / divisor;
+                ASSERT_TRUE(std::memcmp(&out[k], &expected, 8) == 0 || std::isnan(expected))
+                    << xs[k] << " / " << divisor;
+            }
+        }
+    }
+}
+
 }  // namespace
 }  // namespace kalvex
