@@ -22,11 +22,15 @@ enum class OpCode : std::uint8_t {
     Multiply,
     Divide,
     Power,
-    IntegerPower,        ///< a ^ immediate, |immediate| <= kLargestIntegerPower
-    SquareRoot,          ///< a ^ 0.5
-    MultiplyAdd,         ///< a * b + c in two roundings
-    MultiplySubtract,    ///< a * b - c
-    SubtractMultiplied,  ///< c - a * b
+    IntegerPower,            ///< a ^ immediate, |immediate| <= kLargestIntegerPower
+    SquareRoot,              ///< a ^ 0.5
+    MultiplyAdd,             ///< a * b + c in two roundings
+    MultiplySubtract,        ///< a * b - c
+    SubtractMultiplied,      ///< c - a * b
+    MultiplyAddPlus,         ///< (a * b + c) + d, each rounded; d is one number
+    MultiplySubtractPlus,    ///< (a * b - c) + d
+    SubtractMultipliedPlus,  ///< (c - a * b) + d
+    PowerTerm,               ///< b * a ^ immediate + c: a and c arrays, b one number
     Function = 16,
 };
 
@@ -38,6 +42,10 @@ constexpr OpCode FunctionOp(FunctionNumber number) {
 
 /// Exponents up to this magnitude are computed as products.
 inline constexpr int kLargestIntegerPower = 1024;
+
+/// Exponents whose products are compiled in; the only ones of PowerTerm.
+inline constexpr int kFirstFixedPower = 3;
+inline constexpr int kLastFixedPower = 20;
 
 /// An operand: an array, or one value for all lanes when `values` is null.
 struct Source {

@@ -1,6 +1,8 @@
 // Post-order flattening with registers taken like a stack: an operation's result goes to the
 // lowest register that is free once its operands are consumed. A product that feeds the very next
-// sum or difference is merged into it; the merged operation still rounds twice.
+// sum or difference is merged into it, a number added to that is merged too, and so is a power that
+// is a factor of the product: one pass instead of two or three. Merged operations round as often as
+// their parts.
 #include "expr/program.h"
 
 #include <algorithm>
@@ -49,6 +51,88 @@ bool MergeProduct(Flattener& flattener, Instruction& sum) {
     return true;
 }
 
+/// Whether an operand is the result of the instruction computed last.
+bool IsLastResult(const Flattener& flattener, const Operand& operand) {
+    const std::vector<Instruction>& code = flattener.list.code;
+    return operand.kind == OperandKind::Register && !code.empty() &&
+           code.back().target == operand.index;
+}
+
+bool IsArray(const Operand& operand) {
+    return operand.kind == OperandKind::Register || operand.kind == OperandKind::Array;
+}
+
+bool HasFixedPower(const Instruction& instruction) {
+    return instruction.op == OpCode::IntegerPower && instruction.immediate >= kFirstFixedPower &&
+           instruction.immediate <= kLastFixedPower && IsArray(instruction.operands[0]);
+}
+
+/// factor * power + rest, where the power is the instruction computed last.
+void TakePower(Flattener& flattener, Instruction& sum, double factor, const Operand& rest) {
+    const Instruction power = flattener.list.code.back();
+    sum.op = OpCode::PowerTerm;
+    sum.operandCount = 3;
+    sum.immediate = power.immediate;
+    sum.operands = {power.operands[0], {OperandKind::Constant, 0, factor}, rest, {}};
+    flattener.list.code.pop_back();
+}
+
+/// Merges a power computed last into the term k * power + rest or rest - k * power, or into the sum
+/// power + rest. (A product with a negated factor is the negated product, exactly.)
+bool MergePower(Flattener& flattener, Instruction& sum) {
+    if (flattener.list.code.empty() || !HasFixedPower(flattener.list.code.back())) return false;
+    if (sum.op == OpCode::Add) {
+        const bool left = IsLastResult(flattener, sum.operands[0]);
+        const Operand rest = sum.operands[left ? 1 : 0];
+        if (!IsArray(rest) || (!left && !IsLastResult(flattener, sum.operands[1]))) return false;
+        if (IsLastResult(flattener, rest)) return false;
+        TakePower(flattener, sum, 1.0, rest);
+        return true;
+    }
+    const bool isSum = sum.op == OpCode::MultiplyAdd;
+    if (!isSum && sum.op != OpCode::SubtractMultiplied) return false;
+    const bool left = sum.operands[0].kind == OperandKind::Constant;
+    const Operand& factor = sum.operands[left ? 0 : 1];
+    const Operand& power = sum.operands[left ? 1 : 0];
+    const Operand rest = sum.operands[2];
+    if (factor.kind != OperandKind::Constant || !IsLastResult(flattener, power)) return false;
+    if (!IsArray(rest) || IsLastResult(flattener, rest)) return false;
+    TakePower(flattener, sum, isSum ? factor.value : -factor.value, rest);
+    return true;
+}
+
+OpCode WithAddend(OpCode op) {
+    switch (op) {
+        case OpCode::MultiplyAdd:
+            return OpCode::MultiplyAddPlus;
+        case OpCode::MultiplySubtract:
+            return OpCode::MultiplySubtractPlus;
+        case OpCode::SubtractMultiplied:
+            return OpCode::SubtractMultipliedPlus;
+        default:
+            return op;
+    }
+}
+
+/// Merges a number that is added to a merged product, or subtracted from it.
+bool MergeAddend(Flattener& flattener, Instruction& sum) {
+    if (sum.op != OpCode::Add && sum.op != OpCode::Subtract) return false;
+    const bool numberIsRight = sum.operands[1].kind == OperandKind::Constant;
+    const Operand number = sum.operands[numberIsRight ? 1 : 0];
+    if (number.kind != OperandKind::Constant) return false;
+    if (!numberIsRight && sum.op == OpCode::Subtract) return false;
+    if (!IsLastResult(flattener, sum.operands[numberIsRight ? 0 : 1])) return false;
+    const Instruction product = flattener.list.code.back();
+    if (WithAddend(product.op) == product.op) return false;
+    const double addend = sum.op == OpCode::Add ? number.value : -number.value;
+    sum = product;
+    sum.op = WithAddend(product.op);
+    sum.operandCount = 4;
+    sum.operands[3] = {OperandKind::Constant, 0, addend};
+    flattener.list.code.pop_back();
+    return true;
+}
+
 Operand Emit(Flattener& flattener, NodeIndex index);
 
 /// Whether the right operand is evaluated first: only where no error code depends on it.
@@ -77,7 +161,10 @@ Operand EmitOperation(Flattener& flattener, const Node& node) {
     instruction.operandCount = node.operandCount;
     instruction.immediate = node.immediate;
     EmitOperands(flattener, node, instruction);
-    MergeProduct(flattener, instruction);
+    if (!MergeAddend(flattener, instruction)) {
+        MergeProduct(flattener, instruction);
+        MergePower(flattener, instruction);
+    }
     instruction.target = static_cast<std::uint16_t>(firstFree);
     flattener.used = firstFree + 1;
     flattener.list.registerCount = std::max(flattener.list.registerCount, flattener.used);

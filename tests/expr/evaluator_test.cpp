@@ -372,6 +372,49 @@ TEST(Power, KeepsItsSenseAtTheEndsOfTheRange) {
     }
 }
 
+TEST(MergedOperations, RoundLikeTheirParts) {
+    const auto power = [](double x, int n) {
+        return EvaluateExpression(CompileExpression(u"x^y"), x, n);
+    };
+    const struct {
+        std::u16string_view text;
+        double (*expected)(double x, double cube, double fifth);
+    } rows[] = {
+        {u"x^3-3*x+1", [](double x, double c, double) { return (c - 3 * x) + 1; }},
+        {u"x^3-3*x-1", [](double x, double c, double) { return c - (3 * x + 1); }},
+        {u"1+x*x-0.1", [](double x, double, double) { return 1 + (x * x - 0.1); }},
+        {u"0.1+(x*x-0.3)", [](double x, double, double) { return 0.1 + (x * x - 0.3); }},
+        {u"(x-0.1*x)+0.7", [](double x, double, double) { return (x - 0.1 * x) + 0.7; }},
+        {u"(0.1*x+x)-0.7", [](double x, double, double) { return (0.1 * x + x) - 0.7; }},
+        {u"0.7-(0.1*x+x)", [](double x, double, double) { return 0.7 - (0.1 * x + x); }},
+        {u"0.3*x^3+x", [](double x, double c, double) { return 0.3 * c + x; }},
+        {u"x+0.3*x^3", [](double x, double c, double) { return x + 0.3 * c; }},
+        {u"x-0.3*x^3", [](double x, double c, double) { return x - 0.3 * c; }},
+        {u"0.3*x^3-x", [](double x, double c, double) { return 0.3 * c - x; }},
+        {u"x^3*0.3+x", [](double x, double c, double) { return c * 0.3 + x; }},
+        {u"x^3+x", [](double x, double c, double) { return c + x; }},
+        {u"x+x^3", [](double x, double c, double) { return x + c; }},
+        {u"x^3-x", [](double x, double c, double) { return c - x; }},
+        {u"x-x^3", [](double x, double c, double) { return x - c; }},
+        {u"x^3+x^3", [](double, double c, double) { return c + c; }},
+        {u"x^3*x+x^5", [](double x, double c, double f) { return c * x + f; }},
+        {u"0.1*x^5+0.3*x^3+0.7*x",
+         [](double x, double c, double f) { return 0.1 * f + (0.3 * c + 0.7 * x); }},
+        {u"x^3+5", [](double, double c, double) { return c + 5; }},
+        {u"2*x^3-7", [](double, double c, double) { return 2 * c - 7; }},
+        {u"x*x^3+x^3", [](double x, double c, double) { return x * c + c; }},
+    };
+    for (const auto& row : rows) {
+        const CompiledExpression expression = CompileExpression(row.text);
+        for (int i = -50; i <= 50; ++i) {
+            const double x = 0.37 * i;
+            const double expected = row.expected(x, power(x, 3), power(x, 5));
+            ASSERT_TRUE(SameDouble(EvaluateExpression(expression, x), expected))
+                << ToUtf8(row.text) << " at " << x;
+        }
+    }
+}
+
 TEST(EvaluateAt, StoresTheMarkerAndTheCode) {
     const double xs[] = {-1.0, 0.0, 1.0};
     const auto results = EvaluateAt(CompileExpression(u"1/x"), xs);
