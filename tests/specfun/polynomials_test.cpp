@@ -1,0 +1,154 @@
+// Closed forms and identities of the orthogonal polynomials (DLMF chapter 18), exact where both
+// sides are representable.
+#include <gtest/gtest.h>
+
+#include <cfloat>
+#include <cmath>
+#include <functional>
+#include <limits>
+#include <string>
+
+#include "specfun/specfun.h"
+
+namespace kalvex::specfun {
+namespace {
+
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+
+struct Row {
+    const char* call;
+    double value;
+    double expected;
+    double bound;  // in units in the last place
+};
+
+double Ulps(double value, double expected) {
+    if (value == expected) return 0;
+    const double unit = std::nextafter(std::fabs(expected), kInfinity) - std::fabs(expected);
+    return std::fabs(value - expected) / unit;
+}
+
+void ExpectRows(const Row* begin, const Row* end) {
+    for (const Row* row = begin; row != end; ++row) {
+        EXPECT_LE(Ulps(row->value, row->expected), row->bound)
+            << row->call << " = " << row->value << ", expected " << row->expected;
+    }
+}
+
+TEST(Polynomials, LowDegreesAreExact) {
+    const Row rows[] = {
+        {"T(0,0.3)", Chebyshev(1, 0, 0.3), 1, 0},
+        {"T(1,0.3)", Chebyshev(1, 1, 0.3), 0.3, 0},
+        {"T(2,0.75)", Chebyshev(1, 2, 0.75), 0.125, 0},
+        {"T(3,0.5)", Chebyshev(1, 3, 0.5), -1, 0},
+        {"U(1,0.3)", Chebyshev(2, 1, 0.3), 0.6, 0},
+        {"U(2,0.5)", Chebyshev(2, 2, 0.5), 0, 0},
+        {"U(3,0.75)", Chebyshev(2, 3, 0.75), 0.375, 0},
+        {"H(0,-7)", Hermite(0, -7), 1, 0},
+        {"H(1,-7)", Hermite(1, -7), -14, 0},
+        {"H(5,1)", Hermite(5, 1), -8, 0},
+        {"H(6,0)", Hermite(6, 0), -120, 0},
+        {"L(0,5)", Laguerre(0, 5), 1, 0},
+        {"L(1,5)", Laguerre(1, 5), -4, 0},
+        {"L(2,-2)", Laguerre(2, -2), 7, 0},
+        {"L(4,0)", Laguerre(4, 0), 1, 0},
+        {"P(1,-0.3)", Legendre(1, -0.3), -0.3, 0},
+        {"P(2,0.5)", Legendre(2, 0.5), -0.125, 0},
+        {"P(4,0)", Legendre(4, 0), 0.375, 0},
+    };
+    ExpectRows(std::begin(rows), std::end(rows));
+}
+
+TEST(Polynomials, EndsAndMiddle) {
+    for (const double n : {1.0, 2.0, 7.0, 50.0, 333.0, 1000.0, 99999.0}) {
+        const double sign = std::fmod(n, 2) == 0 ? 1 : -1;
+        EXPECT_EQ(Chebyshev(1, n, 1), 1);
+        EXPECT_EQ(Chebyshev(1, n, -1), sign);
+        EXPECT_EQ(Chebyshev(2, n, 1), n + 1);
+        EXPECT_EQ(Chebyshev(2, n, -1), sign * (n + 1));
+        EXPECT_EQ(Legendre(n, 1), 1);
+        EXPECT_EQ(Legendre(n, -1), sign);
+        EXPECT_EQ(Laguerre(n, 0), 1);
+        EXPECT_EQ(Laguerre(n, DBL_TRUE_MIN), 1);
+    }
+}
+
+// P(n,1-h) = 1 - n(n+1)/2 h (1 - ...), L(n,h) = 1 - n h + n(n-1)/4 h^2: a plain recurrence of high
+// degree loses digits here.
+TEST(Polynomials, NearTheSpecialPoints) {
+    const double h = 0x1p-50;
+    for (const double n : {20.0, 100.0, 1000.0}) {
+        EXPECT_LE(Ulps(Legendre(n, 1 - h), 1 - n * (n + 1) / 2 * h), 1) << n;
+        EXPECT_LE(Ulps(Laguerre(n, h), 1 - n * h), 1) << n;
+        EXPECT_LE(Ulps(Chebyshev(1, n, 1 - h), 1 - n * n * h), 1) << n;
+    }
+}
+
+// Odd polynomials are linear at tiny arguments, down to the denormal ones.
+TEST(Polynomials, OddDegreesAtTinyArguments) {
+    for (const double x : {1e-30, -1e-200, 0x1p-1060}) {
+        const Row rows[] = {
+            {"T(7)", Chebyshev(1, 7, x), -7 * x, 0}, {"T(9)", Chebyshev(1, 9, x), 9 * x, 0},
+            {"U(5)", Chebyshev(2, 5, x), 6 * x, 0},  {"H(3)", Hermite(3, x), -12 * x, 0},
+            {"H(5)", Hermite(5, x), 120 * x, 0},     {"P(3)", Legendre(3, x), -1.5 * x, 0},
+            {"P(5)", Legendre(5, x), 1.875 * x, 1},  {"H(4)", Hermite(4, x), 12, 0},
+            {"P(4)", Legendre(4, x), 0.375, 0},      {"T(6)", Chebyshev(1, 6, x), -1, 0},
+        };
+        ExpectRows(std::begin(rows), std::end(rows));
+    }
+}
+
+// T(n)^2 + (1-x^2) U(n-1)^2 = 1 and T(mn) = T(m) of T(n).
+TEST(Polynomials, ChebyshevIdentities) {
+    for (const double x : {-0.99, -0.5, -1e-5, 0.1, 0.7071, 0.9999999}) {
+        for (const double n : {1.0, 2.0, 5.0, 31.0, 64.0, 1000.0, 99998.0}) {
+            const double t = Chebyshev(1, n, x);
+            const double u = Chebyshev(2, n - 1, x);
+            EXPECT_NEAR(t * t + (1 - x) * (1 + x) * u * u, 1, 1e-14) << n << " " << x;
+        }
+        EXPECT_NEAR(Chebyshev(1, 3, Chebyshev(1, 4, x)), Chebyshev(1, 12, x), 1e-14) << x;
+    }
+}
+
+// H(2m,x) = (-4)^m m! L^(-1/2)(m,x^2) leads to H(2,x) = -2 + 4 x^2; the scale of what is summed
+// passes the range although the value does not.
+TEST(Polynomials, ValuesNearTheEndOfTheRange) {
+    EXPECT_TRUE(std::isfinite(Hermite(260, 0.25)));
+    EXPECT_TRUE(std::isfinite(Hermite(275, 1e-30)));  // 1e-30 times a slope beyond 1e308
+    EXPECT_GT(std::fabs(Hermite(275, 1e-30)), 1e280);
+    EXPECT_NEAR(Laguerre(2, 1e150) / 5e299, 1, 1e-15);
+    EXPECT_EQ(Hermite(1, 8e307), 1.6e308);
+}
+
+std::string ErrorOf(const std::function<double()>& call) {
+    try {
+        return "value " + std::to_string(call());
+    } catch (const ap::ap_error& error) {
+        return error.msg;
+    }
+}
+
+TEST(Polynomials, Errors) {
+    const struct {
+        std::function<double()> call;
+        const char* message;
+    } rows[] = {
+        {[] { return Chebyshev(3, 1, 0); }, "Domain error in Chebyshev"},
+        {[] { return Chebyshev(1, 1.5, 0); }, "Domain error in Chebyshev"},
+        {[] { return Chebyshev(2, 100001, 0); }, "Chebyshev: the degree is too large"},
+        {[] { return Chebyshev(1, 1000, 1e5); }, "Overflow in Chebyshev"},
+        {[] { return Hermite(-1, 0); }, "Domain error in Hermite"},
+        {[] { return Hermite(1e5, 3); }, "Overflow in Hermite"},
+        {[] { return Hermite(300, 0); }, "Overflow in Hermite"},
+        {[] { return Hermite(1, kInfinity); }, "Overflow in Hermite"},
+        {[] { return Laguerre(0.5, 0); }, "Domain error in Laguerre"},
+        {[] { return Laguerre(1000, 1e5); }, "Overflow in Laguerre"},
+        {[] { return Laguerre(2, -kInfinity); }, "Overflow in Laguerre"},
+        {[] { return Legendre(100001, 0.5); }, "Legendre: the degree is too large"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(ErrorOf(row.call), row.message);
+}
+
+}  // namespace
+}  // namespace kalvex::specfun
