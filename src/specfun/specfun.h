@@ -72,25 +72,33 @@ double FresnelC(double x);
 double AiryAi(double x);
 double AiryBi(double x);
 
-/// Bessel function of the first kind, integral orders up to MaxOrder in magnitude, all x;
-/// J(-n,x) = J(n,-x) = (-1)^n J(n,x). Orders 0 and 1 from the library; above them upward recurrence
-/// for |x| >= n, else backward recurrence or the power series (the library's own continued
-/// fraction fails for |x| above some 50). Error 1e-12. Orders that are not integral: no routine.
+/// Bessel functions of real order up to MaxOrder in magnitude; beyond it they throw. All are
+/// computed with 64 bits of precision, so that the result is right to the last place but for
+/// rounding: error below 1 unit in the last place of the modulus (J and Y) or value, times 1 plus
+/// the condition number.
+///
+/// First kind. All x for integral orders, x from 0 for others, else it throws "Domain error in
+/// BesselJV"; negative orders that are not integral throw "Overflow in BesselJV" at 0 and where
+/// the value overflows. Power series while x^2/4 <= order + 1 (DLMF 10.2.2), Neumann series by
+/// downward recurrence for small x (Goldstein and Thaler), else upward recurrence from
+/// the confluent functions of an order within 1/2 of 0 (Temme 1975), with the Wronskian for
+/// orders above x.
 double BesselJ(double order, double x);
 
-/// Bessel function of the second kind, integral orders as in J, x above 0, else it throws
-/// "Domain error in BesselY". Forward recurrence from orders 0 and 1; minus (even reflected
-/// orders: plus or minus) infinity where it overflows. Orders that are not integral: no routine.
+/// Second kind. x above 0, else it throws "Domain error in BesselY". Methods as for J. Minus
+/// infinity (negative orders: plus or minus) where it overflows.
 double BesselY(double order, double x);
 
-/// Modified Bessel function of the second kind, integral orders as in J, x above 0, else it throws
-/// "Domain error in BesselKN"; "Overflow in BesselKN" where the value overflows. Even in the
-/// order. Forward recurrence from orders 0 and 1, hence 0 for every order beyond x = 740 where
-/// those vanish. Error 1e-13. Orders that are not integral: no routine.
+/// Modified, second kind. x above 0, else it throws "Domain error in BesselKN"; "Overflow in
+/// BesselKN" where the value overflows. Even in the order. Temme's series up to x = 2, his
+/// confluent recurrence beyond, then upward recurrence; above order 1000 the uniform expansion
+/// (DLMF 10.41.4).
 double BesselK(double order, double x);
 
-/// Modified Bessel function of the first kind, orders -1, 0 and 1, all x. Other orders: no
-/// routine.
+/// Modified, first kind. All x for integral orders, else order and x from 0, else it throws
+/// "Domain error in BesselIV"; "Overflow in BesselIV" where the value overflows. Power series up
+/// to x = 20 or x^2/4 = order + 1, beyond it the Wronskian with K; above order 1000 the
+/// uniform expansion (DLMF 10.41.3).
 double BesselI(double order, double x);
 
 /// Gauss hypergeometric function: no routine, throws always.
