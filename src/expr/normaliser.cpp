@@ -71,6 +71,10 @@ std::u16string InsertZeros(std::u16string_view text) {
     return result;
 }
 
+/// A text with more products behind ")" has more tokens than the checker takes; it is rejected
+/// whatever they are, and nobody has to answer thousands of boxes first.
+constexpr std::size_t kMostBoxes = 255;
+
 bool BeginsWithSign(std::u16string_view text) {
     return !text.empty() && (text.front() == u'-' || text.front() == u'+');
 }
@@ -81,8 +85,9 @@ void NormaliseExplicit(std::u16string& text, const ShowMessage& show) {
     if (text.empty()) return;
     // KEEP: users know the product behind ")" by this box; it shows the minus signs of the later
     // steps still as typed.
-    const auto showTest = [&show](const std::u16string& front, std::u16string_view rest) {
-        if (!show) return;
+    std::size_t shown = 0;
+    const auto showTest = [&](const std::u16string& front, std::u16string_view rest) {
+        if (!show || ++shown > kMostBoxes) return;
         MessageBox box;
         box.caption = Text(StringId::TestTitle);
         box.text = front;

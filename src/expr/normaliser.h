@@ -10,7 +10,8 @@ namespace kalvex {
 
 /// For functions of x alone (`Decart`, `Polar`, both halves of `Parametric`, the calculator).
 /// Works in place, never fails; a text that it cannot make valid is left to the checker. Each "*"
-/// inserted behind ")" shows a box "Test" with the whole text as rewritten so far.
+/// inserted behind ")" shows a box "Test" with the whole text as rewritten so far, up to 255 boxes
+/// (a text with that many products has too many tokens to be accepted).
 void NormaliseExplicit(std::u16string& text, const ShowMessage& show);
 
 /// For functions of x and y: knows products of the two variables, shows no box, and prefixes

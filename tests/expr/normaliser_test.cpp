@@ -158,5 +158,18 @@ TEST(Normaliser, IsLinearInTheLength) {
     EXPECT_EQ(text.size(), 1000004U);
 }
 
+TEST(NormaliseExplicit, ShowsAtMost255Boxes) {
+    std::u16string text = u"(x)";
+    for (int i = 0; i < 300; ++i)
+        text += u"(x)";
+    int boxes = 0;
+    NormaliseExplicit(text, [&boxes](const MessageBox&) {
+        ++boxes;
+        return MessageAnswer::Ok;
+    });
+    EXPECT_EQ(boxes, 255);
+    EXPECT_EQ(text.size(), 3u * 301u + 300u);
+}
+
 }  // namespace
 }  // namespace kalvex
