@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::size_t kPoints = 1920;
 
-std::string Polynomial() {
+std::string PowerSum() {
     std::string text = "x^19";
     for (int power = 18; power >= 0; --power) {
         text += "+" + std::to_string(power + 2);
@@ -27,9 +27,31 @@ std::string Polynomial() {
     return text;
 }
 
-std::vector<std::string> Texts() {
-    return {"x^3-3*x+1", "sin(x)/x", "exp(0-x^2)*cos(5*x)", Polynomial(),
-            "abs(frac(x)-0.5)*int(x)"};
+std::string Horner() {
+    std::string text = "2";
+    for (int coefficient = 3; coefficient <= 21; ++coefficient) {
+        text = "(" + text + ")*x+" + std::to_string(coefficient);
+    }
+    return text;
+}
+
+struct Row {
+    std::string name;
+    std::string text;
+};
+
+std::vector<Row> Rows() {
+    return {{"x^3-3*x+1", "x^3-3*x+1"},
+            {"abs(frac(x)-0.5)*int(x)", "abs(frac(x)-0.5)*int(x)"},
+            {"power sum of 20 terms", PowerSum()},
+            {"Horner, degree 19", Horner()},
+            {"x^2-4", "x^2-4"},
+            {"(x^2-1)/(x^2+1)", "(x^2-1)/(x^2+1)"},
+            {"sin(x)/x", "sin(x)/x"},
+            {"exp(0-x^2)*cos(5*x)", "exp(0-x^2)*cos(5*x)"},
+            {"ln(abs(x)+1)+atg(x)", "ln(abs(x)+1)+atg(x)"},
+            {"sin(x^2)+cos(3*x)*sh(x/4)", "sin(x^2)+cos(3*x)*sh(x/4)"},
+            {"exp(sin(x))", "exp(sin(x))"}};
 }
 
 std::vector<double> Abscissas() {
@@ -51,6 +73,9 @@ void Prepare(mu::Parser& parser, double& x, const std::string& text) {
     parser.DefineVar("x", &x);
     parser.DefineFun("frac", Fraction);
     parser.DefineFun("int", Whole);
+    // The language's own names for what muParser has under others.
+    parser.DefineFun("atg", static_cast<double (*)(double)>(std::atan));
+    parser.DefineFun("sh", static_cast<double (*)(double)>(std::sinh));
     parser.SetExpr(text);
 }
 
@@ -123,12 +148,10 @@ void RequireEqualValues(const std::string& text) {
 
 int main(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
-    for (const std::string& text : kalvex::Texts()) {
-        kalvex::RequireEqualValues(text);
-        const std::string name = text.size() > 30 ? "polynomial of 20 terms" : text;
-        const auto add = [&](const char* method,
-                             void (*run)(benchmark::State&, const std::string&)) {
-            benchmark::RegisterBenchmark((name + " / " + method).c_str(), run, text);
+    for (const kalvex::Row& row : kalvex::Rows()) {
+        kalvex::RequireEqualValues(row.text);
+        const auto add = [&row](const char* method, auto run) {
+            benchmark::RegisterBenchmark((row.name + " / " + method).c_str(), run, row.text);
         };
         add("blocks", kalvex::BlocksBench);
         add("records", kalvex::RecordsBench);
