@@ -34,8 +34,10 @@ double Gamma(double x);
 /// Digamma, Gamma'(x)/Gamma(x). Throws "Singularity in Psi(x)" at 0 and the negative integers.
 double Psi(double x);
 
-/// Gamma(a) Gamma(b) / Gamma(a + b). All a, b; throws "Overflow in Beta" at poles. For positive
-/// arguments with a + b above 170: quotients of the Stirling series. Error 3e-13.
+/// Gamma(a) Gamma(b) / Gamma(a + b). All a, b; throws "Overflow in Beta" at poles, infinite where
+/// 1/a or 1/b overflows. Positive arguments: Stirling's series (DLMF 5.11.1) for all three gamma
+/// functions at once, shifted above 10, the exponent in double-double arithmetic; error 2 ulp times
+/// 1 + condition number, 1 us. A negative argument: the library, error 3e-13.
 double Beta(double a, double b);
 
 /// exp(-x^2) times the integral of exp(t^2) over 0..x. Odd in x.
@@ -44,6 +46,9 @@ double DawsonF(double x);
 /// Exponential integral, the principal value of the integral of exp(t)/t over -infinity..x. Minus
 /// infinity at 0; -E1(-x) below it; above 700 the asymptotic series (plus infinity beyond 716).
 double Ei(double x);
+
+/// Logarithmic integral, Ei(ln x), for x above 0, else it throws. Minus infinity at 1.
+double Li(double x);
 
 /// Integral of sin(t)/t over 0..x. Odd in x.
 double Si(double x);

@@ -1,0 +1,29 @@
+"""The beta function."""
+import mpmath
+
+from .frame import around, generator, linear, logarithmic, rows
+
+
+def beta(a, b):
+    """By logarithms of gamma functions: the caller raises the precision until the value is sure."""
+    return mpmath.exp(mpmath.loggamma(a) + mpmath.loggamma(b) - mpmath.loggamma(a + b))
+
+
+def slope(a, b):
+    """The condition number b B'/B for the last argument."""
+    return b * (mpmath.digamma(b) - mpmath.digamma(a + b))
+
+
+def rows_Beta():
+    rng = generator('Beta')
+    edges = [1e-308, 1e-200, 1e-30, 1e-10, 0.5, 1.0, 2.0, 7.25, 10.0, 50.5, 170.0, 400.0, 1e10, 1e30]
+    points = [(a, b) for a in edges for b in edges]
+    points += list(zip(linear(rng, 0, 12, 60), linear(rng, 0, 12, 60)))
+    points += list(zip(linear(rng, 0, 300, 60), linear(rng, 0, 300, 60)))
+    points += list(zip(logarithmic(rng, 1e-6, 500, 60), logarithmic(rng, 1e-6, 1e6, 60)))
+    points += list(zip(logarithmic(rng, 1e-22, 1e3, 40), logarithmic(rng, 1e-22, 1e22, 40)))
+    points += [(2.0**-64, 5.0), (5e-324, 5e-324), (1e-320, 3.0), (3.0, 1e-320), (1e-308, 1e-308)]
+    points += [(3.3, b) for b in around(6.7, 10.0, 13.2)] + [(b, 0.01) for b in around(10.0)]
+    points += [(500.0, 520.0), (530.0, 530.0), (535.0, 536.5), (1e3, 1e3)]
+    far = [(2.0, 1e150), (1.0, 1e308)]
+    return rows(beta, points, condition=slope, digits=90) + rows(beta, far, condition=slope, digits=700)
