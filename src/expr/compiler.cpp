@@ -103,13 +103,7 @@ Parsed ParseCall(Parser& parser, std::u16string_view name) {
     const auto arguments = InBrackets(parser, [&parser] { return ParseArguments(parser); });
     if (!arguments || static_cast<int>(arguments->size()) != function->arity) return std::nullopt;
     const auto number = static_cast<FunctionNumber>(function - kFunctionNames.begin());
-    if (number != FunctionNumber::Li) {
-        return AddOperation(parser.tree, FunctionOp(number), *arguments);
-    }
-    // The logarithmic integral has no primitive of its own: it is Ei of ln, with their domains.
-    const NodeIndex logarithm =
-        AddOperation(parser.tree, FunctionOp(FunctionNumber::Ln), *arguments);
-    return AddOperation(parser.tree, FunctionOp(FunctionNumber::Ei), {&logarithm, 1});
+    return AddOperation(parser.tree, FunctionOp(number), *arguments);
 }
 
 /// A number: its text starts with one that is not zero, or with the digit 0, or is one as a whole

@@ -28,6 +28,13 @@ bool PsiFails(Arguments a) {
 bool EiFails(Arguments a) {
     return a[0] <= 0.0;
 }
+// The logarithmic integral is Ei of ln, with the domains of both: first that of the logarithm.
+bool IsNotPositive(Arguments a) {
+    return a[0] <= 0.0;
+}
+bool LiFails(Arguments a) {
+    return a[0] <= 1.0;
+}
 bool BetaFails(Arguments a) {
     return a[0] <= 0.0 || a[1] <= 0.0;
 }
@@ -68,6 +75,8 @@ struct LaneFunction {
     std::int32_t code;  ///< for a failed domain test and for an error object
     bool (*fails)(Arguments);
     double (*compute)(Arguments);
+    std::int32_t earlierCode = 0;  ///< of a domain test that comes before, if there is one
+    bool (*failsEarlier)(Arguments) = NeverFails;
 };
 
 constexpr LaneFunction kLaneFunctions[] = {
@@ -82,6 +91,8 @@ constexpr LaneFunction kLaneFunctions[] = {
     {FunctionNumber::Cf, 1, 0, NeverFails, [](Arguments a) { return specfun::FresnelC(a[0]); }},
     {FunctionNumber::Ai, 1, 0, NeverFails, [](Arguments a) { return specfun::AiryAi(a[0]); }},
     {FunctionNumber::Bi, 1, 0, NeverFails, [](Arguments a) { return specfun::AiryBi(a[0]); }},
+    {FunctionNumber::Li, 1, 10, LiFails, [](Arguments a) { return specfun::Li(a[0]); }, 3,
+     IsNotPositive},
     {FunctionNumber::Beta, 2, 11, BetaFails, [](Arguments a) { return specfun::Beta(a[0], a[1]); }},
     {FunctionNumber::J, 2, 12, JFails, [](Arguments a) { return specfun::BesselJ(a[0], a[1]); }},
     {FunctionNumber::Y, 2, 13, YFails, [](Arguments a) { return specfun::BesselY(a[0], a[1]); }},
@@ -110,6 +121,7 @@ const LaneFunction* Find(FunctionNumber number) {
 }
 
 std::int32_t ComputeLane(const LaneFunction& function, Arguments arguments, double& value) {
+    if (function.failsEarlier(arguments)) return function.earlierCode;
     if (function.fails(arguments)) return function.code;
     try {
         value = function.compute(arguments);

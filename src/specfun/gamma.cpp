@@ -1,4 +1,4 @@
-// Gamma and psi. The library's gamma function is not-a-number where it should overflow or vanish.
+// Gamma function. The library's gamma function is not-a-number where it should overflow or vanish.
 #include <cmath>
 #include <limits>
 
@@ -26,11 +26,6 @@ double Gamma(double x) {
     if (IsPole(x)) return -kInfinity;
     const bool negative = std::fmod(std::floor(x), 2.0) != 0;
     return negative ? -0.0 : 0.0;
-}
-
-double Psi(double x) {
-    if (IsPole(x)) throw ap::ap_error{"Singularity in Psi(x)"};
-    return FromLibrary([x] { return alglib::psi(x); });
 }
 
 }  // namespace kalvex::specfun
