@@ -38,20 +38,23 @@ double Finite(Extended value, const char* message) {
     return result;
 }
 
+/// a times b; zero whenever a is, b may be infinite.
+Extended Part(Extended a, Extended b) {
+    return a == 0 ? 0 : a * b;
+}
+
 /// J of the order -order, order > 0 not integral, x > 0.
 Extended ReflectedJ(double order, double x) {
     const auto [cosine, sine] = CosineSinePi(order);
-    Extended value = -sine * OscillatingY(order, x);
-    if (cosine != 0) value += cosine * OscillatingJ(order, x);
-    return value;
+    const auto [j, y] = Oscillating(order, x);
+    return Part(cosine, j) - sine * y;
 }
 
 /// Y of the order -order, order > 0, x > 0.
 Extended ReflectedY(double order, double x) {
     const auto [cosine, sine] = CosineSinePi(order);
-    Extended value = sine == 0 ? 0 : sine * OscillatingJ(order, x);
-    if (cosine != 0) value += cosine * OscillatingY(order, x);
-    return value;
+    const auto [j, y] = Oscillating(order, x);
+    return Part(sine, j) + Part(cosine, y);
 }
 
 }  // namespace

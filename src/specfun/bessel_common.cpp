@@ -1,7 +1,7 @@
-// The power series of J and I (DLMF 10.2.2, 10.25.2) with its factor by a product up to order 1000
-// and Stirling's series above; the ratio of neighbouring orders by Olver's algorithm: the
-// recurrence upward tells how far to go for the truncation not to matter, downward from there it
-// is stable. Taylor coefficients of 1/Gamma by scripts/make-bessel-coefficients.
+// The power series of J and I (DLMF 10.2.2, 10.25.2), its factor by a product; the ratio of
+// neighbouring orders by Olver's algorithm: the recurrence upward tells how far to go for the
+// truncation not to matter, downward from there it is stable. Taylor coefficients of 1/Gamma by
+// scripts/make-bessel-coefficients.
 #include "specfun/bessel_common.h"
 
 #include <cmath>
@@ -44,14 +44,55 @@ Extended Polynomial(const Extended (&coefficients)[count], Extended t) {
     return sum;
 }
 
-/// Beyond this order Stirling's series with two terms has all digits.
-constexpr double kStirlingOrder = 1000;
+/// 1/(2k)! and 1/(2k+1)! with alternating signs.
+constexpr Extended kCosine[] = {
+    1.00000000000000000000000L,     -5.00000000000000000000000e-1L,
+    4.16666666666666666666667e-2L,  -1.38888888888888888888889e-3L,
+    2.48015873015873015873016e-5L,  -2.75573192239858906525573e-7L,
+    2.08767569878680989792101e-9L,  -1.14707455977297247138517e-11L,
+    4.77947733238738529743821e-14L, -1.56192069685862264622164e-16L,
+    4.11031762331216485847799e-19L, -8.89679139245057328674890e-22L,
+};
+constexpr Extended kSine[] = {
+    1.00000000000000000000000L,     -1.66666666666666666666667e-1L,
+    8.33333333333333333333333e-3L,  -1.98412698412698412698413e-4L,
+    2.75573192239858906525573e-6L,  -2.50521083854417187750521e-8L,
+    1.60590438368216145993924e-10L, -7.64716373181981647590113e-13L,
+    2.81145725434552076319895e-15L, -8.22063524662432971695598e-18L,
+    1.95729410633912612308476e-20L, -3.86817017063068403771691e-23L,
+};
 
-Extended StirlingFactor(Extended order, Extended x) {
-    const Extended square = order * order;
-    const Extended exponent =
-        order * (std::log(x / (2 * order)) + 1) - (Extended{1} / 12 - 1 / (360 * square)) / order;
-    return std::exp(exponent) / std::sqrt(2 * kPi * order);
+/// pi/2 in parts of 33 bits and the rest.
+constexpr Extended kHalfPi1 = 0x1921fb544p-32L;
+constexpr Extended kHalfPi2 = 0x10b4611a6p-66L;
+constexpr Extended kHalfPi3 = 2.02226624879595073239968e-21L;
+
+/// The nearest whole number, |x| < 2^62; quicker than the library's.
+Extended Nearest(Extended x) {
+    constexpr Extended kShift = 0x1.8p63L;
+    return (x + kShift) - kShift;
+}
+
+/// For |angle| up to a little more than pi/4.
+CosineSine NearZero(Extended angle) {
+    const Extended square = angle * angle;
+    return {Polynomial(kCosine, square), angle * Polynomial(kSine, square)};
+}
+
+/// Turned by whole quarter turns.
+CosineSine Turned(CosineSine point, Extended quarters) {
+    const auto [c, s] = point;
+    switch (TruncateToInt32(static_cast<double>(quarters - 4 * Nearest(quarters / 4)))) {
+        case 1:
+            return {-s, c};
+        case 2:
+        case -2:
+            return {-c, -s};
+        case -1:
+            return {s, -c};
+        default:
+            return {c, s};
+    }
 }
 
 }  // namespace
@@ -62,23 +103,25 @@ SplitOrder Split(double order) {
 }
 
 CosineSine CosineSinePi(Extended t) {
-    const Extended halves = std::nearbyint(2 * t);
-    const Extended angle = kPi * (t - halves / 2);
-    const Extended c = std::cos(angle);
-    const Extended s = std::sin(angle);
-    switch (TruncateToInt32(static_cast<double>(std::fmod(halves, Extended{4})))) {
-        case 1:
-        case -3:
-            return {-s, c};
-        case 2:
-        case -2:
-            return {-c, -s};
-        case 3:
-        case -1:
-            return {s, -c};
-        default:
-            return {c, s};
+    const Extended halves = Nearest(2 * t);
+    return Turned(NearZero(kPi * (t - halves / 2)), halves);
+}
+
+CosineSine CosineSineOf(Extended x) {
+    // The quarter turns times the leading parts of pi/2 are exact up to here.
+    constexpr Extended kReducible = 0x1p30L;
+    if (std::fabs(x) > kReducible) return {std::cos(x), std::sin(x)};
+    const Extended quarters = Nearest(x * (2 / kPi));
+    return Turned(NearZero(((x - quarters * kHalfPi1) - quarters * kHalfPi2) - quarters * kHalfPi3),
+                  quarters);
+}
+
+Extended IntegerPower(Extended x, int n) {
+    Extended result = 1;
+    for (Extended power = x; n > 0; n /= 2, power *= power) {
+        if (n % 2 != 0) result *= power;
     }
+    return result;
 }
 
 ReciprocalGamma ReciprocalGammaParts(Extended part) {
@@ -87,15 +130,15 @@ ReciprocalGamma ReciprocalGammaParts(Extended part) {
 }
 
 Extended LeadingFactor(double order, Extended x) {
-    if (order > kStirlingOrder) return StirlingFactor(order, x);
+    if (order > 1000) return 0;
     const auto [whole, part] = Split(order);
     const auto [even, odd] = ReciprocalGammaParts(part);
     Extended gamma = 1;
     for (int k = 1; k <= whole; ++k)
         gamma *= k + part;
     const Extended half = x / 2;
-    const Extended power = order == 0 ? 1 : order == 1 ? half : std::pow(half, Extended{order});
-    return power / gamma * (even + part * odd);
+    const Extended power = IntegerPower(half, whole) / gamma * (even + part * odd);
+    return part == 0 ? power : power * std::exp(part * std::log(half));
 }
 
 Extended PowerSeries(Extended order, Extended q) {

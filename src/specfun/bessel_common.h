@@ -29,8 +29,14 @@ struct CosineSine {
     Extended sine;
 };
 
-/// cos(pi t) and sin(pi t); exact at the multiples of 1/2.
+/// cos(pi t) and sin(pi t); exact at the multiples of 1/2. |t| up to MaxOrder.
 CosineSine CosineSinePi(Extended t);
+
+/// cos(x) and sin(x) with an absolute error below 2^-62. All finite x.
+CosineSine CosineSineOf(Extended x);
+
+/// x^n, n >= 0.
+Extended IntegerPower(Extended x, int n);
 
 /// 1/Gamma(1 + part) = even + part odd and 1/Gamma(1 - part) = even - part odd, |part| <= 1/2.
 struct ReciprocalGamma {
@@ -39,8 +45,8 @@ struct ReciprocalGamma {
 };
 ReciprocalGamma ReciprocalGammaParts(Extended part);
 
-/// (x/2)^order / Gamma(order + 1), the leading factor of the power series of J and I. order >= 0,
-/// x > 0; zero where it underflows.
+/// (x/2)^order / Gamma(order + 1), the leading factor of the power series of J and I, for order >=
+/// 0 and x up to 20 or x^2/4 up to order + 1. Zero where it underflows, so for orders above 1000.
 Extended LeadingFactor(double order, Extended x);
 
 /// The sum over k of q^k / (k! (order+1)...(order+k)), the rest of the power series: of I for

@@ -25,67 +25,56 @@ constexpr Extended kPi = std::numbers::pi_v<Extended>;
 /// Sums over the J(part + k) of the recurrence downward, all but for the same factor.
 struct NeumannSums {
     OrderPair j;      ///< orders part and part + 1
-    Extended wanted;  ///< order part + wantedSteps
+    Extended higher;  ///< order part + wantedSteps
     Extended norm;    ///< (x/2)^part / Gamma(1 + part)
     Extended second;  ///< the expansion of J(-part) from its second term on, over (x/2)^-2part
                       ///< 2 part Gamma(part + 1) / Gamma(1 - part)
     Extended slope;   ///< the same with J' for J
 };
 
-/// How far above part the recurrence must start: the solution that grows with the order has
-/// outgrown the largest of the wanted values by the precision.
-int StartSteps(Extended part, Extended x, int from) {
-    constexpr Extended kEnough = 0x1p66L;
-    const Extended scale = 2 / x;
-    Extended before = 0;
-    Extended current = 1;
-    int k = from + 1;
-    for (; current < kEnough; ++k) {
-        const Extended next = scale * (part + k) * current - before;
-        before = current;
-        current = next;
-    }
-    return k;
+/// The step above part at which to start. From the highest of the wanted values on, but not below
+/// the turning point at x, J falls by more than 2^66 to there; for x up to 20.
+int StartSteps(Extended x, int steps) {
+    const double argument = static_cast<double>(x);
+    const int from = std::max(steps, TruncateToInt32(argument));
+    return from + (argument < 0.1 ? 12 : TruncateToInt32(22 + 1.25 * argument));
 }
 
-/// Adds the even step k = 2m > 0 to the sums. They run as nested products: each coefficient is
-/// the one below times a rational factor of m.
-void AddEven(NeumannSums& sums, Extended part, int k, Extended value, Extended slope) {
-    const Extended m = k / 2;
-    const Extended weight = part + k;
-    const Extended grow = m + 1;
-    sums.norm = weight * value + (part + m) / grow * sums.norm;
-    const Extended factor = -(part + m) * (2 * part + m) / (grow * (grow - part));
-    sums.second = weight * value + factor * sums.second;
-    sums.slope = weight * slope + factor * sums.slope;
-}
-
-NeumannSums RecurDownward(Extended part, Extended x, int wantedSteps) {
-    const int from = std::max(wantedSteps, TruncateToInt32(static_cast<double>(x)));
+/// The sums for J alone or for both. The series run as nested products over the even steps 2m:
+/// each coefficient is the one below times a rational factor of m.
+template <bool withY>
+NeumannSums RecurDownward(Extended part, Extended x, int steps) {
     const Extended scale = 2 / x;
     NeumannSums sums{};
+    Extended norm = 0;
+    Extended second = 0;
+    Extended slope = 0;
     Extended above = 0;
-    Extended value = 0x1p-16000L;
-    for (int k = StartSteps(part, x, from); k > 0; --k) {
-        if (k == wantedSteps) sums.wanted = value;
-        const Extended below = scale * (part + k) * value - above;
-        if (k % 2 == 0) AddEven(sums, part, k, value, (below - above) / 2);
-        above = value;
-        value = below;
+    Extended value = 0x1p-16000L;  // of the step 2m
+    for (int m = (StartSteps(x, steps) + 1) / 2; m > 0; --m) {
+        const Extended weight = part + 2 * m;
+        const Extended middle = scale * weight * value - above;
+        if (2 * m == steps) sums.higher = value;
+        if (2 * m - 1 == steps) sums.higher = middle;
+        const Extended grow = m + 1;
+        norm *= (part + m) / grow;
+        norm += weight * value;
+        if constexpr (withY) {
+            const Extended factor = -(part + m) * (2 * part + m) / (grow * (grow - part));
+            second = weight * value + factor * second;
+            slope = weight * (middle - above) / 2 + factor * slope;
+        }
+        above = middle;
+        value = scale * (weight - 1) * middle - value;
     }
     sums.j = {value, above};
-    if (wantedSteps == 0) sums.wanted = value;
-    // The terms k = 0 have the coefficients 1 of the norm, and are left out of the other two, where
+    if (steps == 0) sums.higher = value;
+    // The terms m = 0 have the coefficient 1 in the norm, and are left out of the other two, where
     // m = 1 has the coefficient -1/(1 - part).
-    sums.norm += value;
-    sums.second /= part - 1;
-    sums.slope /= part - 1;
+    sums.norm = norm + value;
+    sums.second = second / (part - 1);
+    sums.slope = slope / (part - 1);
     return sums;
-}
-
-/// (e^t - 1)/t.
-Extended RelativeExponential(Extended t) {
-    return t == 0 ? 1 : std::expm1(t) / t;
 }
 
 struct Complex {
@@ -111,7 +100,7 @@ struct ConfluentResult {
 
 /// Temme's recurrence for z = -i x. The solution falls like exp(-2 sqrt(2 n z)).
 ConfluentResult Confluent(Extended part, Extended x) {
-    const int last = x > 1e6L ? 4 : 6 + TruncateToInt32(static_cast<double>(480 / x));
+    const int last = x > 1e6L ? 4 : 6 + TruncateToInt32(static_cast<double>(440 / x));
     Complex above{0, 0};
     Complex value{1, 0};
     Complex sum{1, 0};
@@ -142,32 +131,44 @@ void Multiply(OrderPair& pair, Extended factor) {
 
 }  // namespace
 
-LowOrders LowOrdersNear(Extended part, Extended x, int wantedSteps, Extended* wanted) {
-    const NeumannSums sums = RecurDownward(part, x, wantedSteps);
+LowOrders LowOrdersNear(Extended part, Extended x, int steps) {
+    const NeumannSums sums = RecurDownward<true>(part, x, steps);
     const auto [even, odd] = ReciprocalGammaParts(part);
     const Extended reciprocal = even + part * odd;  // 1/Gamma(1 + part)
     const Extended logarithm = std::log(x / 2);
-    const Extended factor = (part == 0 ? 1 : std::exp(part * logarithm)) * reciprocal / sums.norm;
+    const Extended exponent = part * logarithm;
+    // (x/2)^part, and that less 1.
+    const bool flat = std::fabs(exponent) < 0.5L;
+    const Extended leading = flat ? 0 : std::exp(exponent);
+    const Extended rise = part == 0 ? 0 : flat ? std::expm1(exponent) : leading - 1;
+    const Extended scale = flat ? 1 + rise : leading;
+    const Extended factor = scale * reciprocal / sums.norm;
     LowOrders result;
     result.j = sums.j;
     Multiply(result.j, factor);
-    if (wanted != nullptr) {
-        *wanted = sums.wanted * factor;
-        return result;
-    }
-    // power = (x/2)^-2part Gamma(1+part)/Gamma(1-part), and bracket = (cos - power)/sin (pi part).
+    result.higherJ = sums.higher * factor;
+    // power = (x/2)^-2part Gamma(1+part)/Gamma(1-part), bracket = (cos - power)/sin (pi part).
     const Extended quotient = (even - part * odd) / reciprocal;
-    const Extended t = -2 * part * logarithm;
-    const Extended power = quotient * (part == 0 ? 1 : std::exp(t));
-    const Extended sine = part == 0 ? 1 / kPi : part / std::sin(kPi * part);
+    const Extended square = 1 / (scale * scale);
+    const Extended power = quotient * square;
+    const auto [cosine, sine] = CosineSinePi(part);
+    const Extended perSine = part == 0 ? 1 / kPi : part / sine;
+    // ((x/2)^-2part - 1) / (-2 part)
+    const Extended relative = exponent == 0 ? logarithm : rise / part * (1 + rise / 2) * square;
     const Extended bracket =
-        -std::tan(kPi * part / 2) +
-        2 * sine * (quotient * RelativeExponential(t) * logarithm + odd / reciprocal);
-    const Extended series = 2 * sine * power * factor;
+        -sine / (1 + cosine) + 2 * perSine * (quotient * relative + odd / reciprocal);
+    const Extended series = 2 * perSine * power * factor;
     result.y.at = bracket * result.j.at - series * sums.second;
-    result.y.next = bracket * result.j.next - 2 * sine / x * power * result.j.at -
+    result.y.next = bracket * result.j.next - 2 * perSine / x * power * result.j.at -
                     series * (3 * part / x * sums.second - sums.slope);
     return result;
+}
+
+Extended HigherJNear(Extended part, Extended x, int steps) {
+    const NeumannSums sums = RecurDownward<false>(part, x, steps);
+    const auto [even, odd] = ReciprocalGammaParts(part);
+    const Extended factor = (even + part * odd) * sums.higher / sums.norm;
+    return part == 0 ? factor : factor * std::exp(part * std::log(x / 2));
 }
 
 LowOrders LowOrdersFar(Extended part, Extended x) {
@@ -175,14 +176,13 @@ LowOrders LowOrdersFar(Extended part, Extended x) {
     const Extended size =
         std::sqrt(2 / (kPi * x)) / (sum.real * sum.real + sum.imaginary * sum.imaginary);
     const CosineSine rest = CosineSinePi(part / 2 + Extended{0.25});
-    const Extended c = std::cos(x);
-    const Extended s = std::sin(x);
+    const auto [c, s] = CosineSineOf(x);
     const Complex phase{c * rest.cosine + s * rest.sine, s * rest.cosine - c * rest.sine};
     const Complex at = {size * (phase.real * sum.real + phase.imaginary * sum.imaginary),
                         size * (phase.imaginary * sum.real - phase.real * sum.imaginary)};
     const Complex ratio{(part + Extended{0.5} - quotient.real) / x, -1 - quotient.imaginary / x};
     const Complex next = Times(at, ratio);
-    return {{at.real, next.real}, {at.imaginary, next.imaginary}};
+    return {{at.real, next.real}, {at.imaginary, next.imaginary}, 0};
 }
 
 }  // namespace kalvex::specfun

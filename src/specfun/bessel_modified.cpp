@@ -1,7 +1,8 @@
 // K by recurrence upward, stable always, from an order within 1/2 of 0; there Temme's series
 // (1975) for x up to 2 and his recurrence of confluent hypergeometric functions beyond. I by its
 // power series, all of whose terms are positive, or for larger x by the Wronskian with K and the
-// ratio of two neighbouring I: a sum of positive terms too. Orders above 1000 by the uniform
+// ratio of two neighbouring I, a sum of positive terms too, or for x large against the order by
+// Hankel's expansion (DLMF 10.40.1) and a short recurrence upward. Orders above 1000 by the uniform
 // expansions for large order (Debye; DLMF 10.41). The exponential is applied last.
 #include "specfun/bessel_modified.h"
 
@@ -14,23 +15,32 @@ namespace kalvex::specfun {
 namespace {
 
 constexpr Extended kPi = std::numbers::pi_v<Extended>;
+/// Up to this x the series for K; beyond it the exponential is carried apart.
+constexpr Extended kSeriesEnd = 2.5;
 constexpr Extended kNegligible = 0x1p-68L;
 
-/// sinh(t)/t.
-Extended RelativeSine(Extended t) {
-    return t == 0 ? 1 : std::sinh(t) / t;
+/// sinh(t)/t, where power = exp(t).
+Extended RelativeSine(Extended t, Extended power) {
+    if (std::fabs(t) > 0.3L) return (power - 1 / power) / (2 * t);
+    Extended sum = 1;
+    for (int k = 14; k > 0; k -= 2)
+        sum = 1 + sum * t * t / (k * (k + 1));
+    return sum;
 }
 
-/// K at the orders part and part + 1 for x <= 2.
+/// K at the orders part and part + 1 for x <= kSeriesEnd.
 OrderPair SeriesK(Extended part, Extended x) {
     const auto [even, odd] = ReciprocalGammaParts(part);
     const Extended logarithm = std::log(2 / x);
     const Extended t = part * logarithm;
     const Extended power = part == 0 ? 1 : std::exp(t);
-    const Extended sine = part == 0 ? 1 : part * kPi / std::sin(part * kPi);
-    Extended f = sine * (even * RelativeSine(t) * logarithm - odd * std::cosh(t));
-    Extended p = power / (2 * (even + part * odd));
-    Extended q = 1 / (2 * power * (even - part * odd));
+    const Extended up = even + part * odd;
+    const Extended down = even - part * odd;
+    // 1/(up down) is pi part / sin(pi part).
+    Extended f =
+        (even * RelativeSine(t, power) * logarithm - odd * (power + 1 / power) / 2) / (up * down);
+    Extended p = power / (2 * up);
+    Extended q = 1 / (2 * power * down);
     const Extended quarter = x * x / 4;
     Extended factor = 1;
     OrderPair sum{f, p};
@@ -69,7 +79,7 @@ OrderPair ConfluentK(Extended part, Extended x) {
 /// K exp(x) at the order and the next for x > 2, without the exponential below.
 OrderPair ScaledK(double order, Extended x) {
     const SplitOrder split = Split(order);
-    OrderPair pair = x <= 2 ? SeriesK(split.part, x) : ConfluentK(split.part, x);
+    OrderPair pair = x <= kSeriesEnd ? SeriesK(split.part, x) : ConfluentK(split.part, x);
     const Extended scale = 2 / x;
     for (int k = 1; k <= split.whole && std::isfinite(pair.next); ++k) {
         const Extended above = scale * (split.part + k) * pair.next + pair.at;
@@ -96,6 +106,33 @@ Extended Uniform(Extended order, Extended x, int sign) {
     return std::exp(sign * order * eta) * std::sqrt(p) * (1 + r * (u1 + r * (u2 + r * u3)));
 }
 
+/// I exp(-x) by the expansion for large argument; |order| <= 3/2, x > 25.
+Extended HankelI(Extended order, Extended x) {
+    const Extended scale = 1 / (2 * x);
+    Extended sum = 1;
+    Extended term = 1;
+    for (int k = 1; std::fabs(term) > kNegligible; ++k) {
+        const Extended half = k - Extended{0.5};
+        term *= (half - order) * (half + order) / k * scale;
+        sum += term;
+    }
+    return sum / std::sqrt(2 * kPi * x);
+}
+
+/// I exp(-x) for order^2 <= 4 x: upward the recurrence loses a factor exp(order^2 / x) at most.
+Extended UpwardI(SplitOrder order, Extended x) {
+    Extended at = HankelI(order.part, x);
+    if (order.whole == 0) return at;
+    Extended next = HankelI(order.part + 1, x);
+    const Extended scale = 2 / x;
+    for (int k = 1; k < order.whole; ++k) {
+        const Extended above = at - scale * (order.part + k) * next;
+        at = next;
+        next = above;
+    }
+    return next;
+}
+
 /// The product of a scaled value and exp(x), in two steps that do not overflow before it does.
 Extended Unscale(Extended value, Extended x) {
     const Extended half = std::exp(x / 2);
@@ -107,7 +144,7 @@ Extended Unscale(Extended value, Extended x) {
 Extended ModifiedK(double order, Extended x) {
     if (order > kUniformOrder) return std::sqrt(kPi / (2 * order)) * Uniform(order, x, -1);
     const Extended value = ScaledK(order, x).at;
-    return x > 2 ? Unscale(value, -x) : value;
+    return x > kSeriesEnd ? Unscale(value, -x) : value;
 }
 
 Extended ModifiedI(double order, Extended x) {
@@ -119,6 +156,7 @@ Extended ModifiedI(double order, Extended x) {
     if (order > kUniformOrder) return Uniform(order, x, 1) / std::sqrt(2 * kPi * order);
     // Beyond, the value overflows for every order of this branch.
     if (x > 11000) return std::numeric_limits<Extended>::infinity();
+    if (x > 25 && order * order <= 4 * x) return Unscale(UpwardI(Split(order), x), x);
     const OrderPair k = ScaledK(order, x);
     return Unscale(1 / (x * (k.next + RatioOfVanishing(order, x, -1) * k.at)), x);
 }

@@ -5,23 +5,33 @@
 
 namespace kalvex::specfun {
 
-/// J of the order; zero where even the extended format underflows.
-Extended OscillatingJ(double order, Extended x);
+/// Both functions at one order.
+struct OscillatingPair {
+    Extended j;  ///< zero where even the extended format underflows
+    Extended y;  ///< minus infinity where even the extended format overflows
+};
 
-/// Y of the order; minus infinity where even the extended format overflows.
+/// One of them alone; quicker.
+Extended OscillatingJ(double order, Extended x);
 Extended OscillatingY(double order, Extended x);
 
-/// J and Y of an order in -1/2..1/2 and of the next.
+/// Both; where J underflows beyond use it may be zero.
+OscillatingPair Oscillating(double order, Extended x);
+
+/// J and Y of an order in -1/2..1/2 and of the next, and J some steps of the order higher.
 struct LowOrders {
     OrderPair j;
     OrderPair y;
+    Extended higherJ;
 };
 
-/// The same by Neumann series: x up to some 25, best below 8. Where wanted is not null and
-/// wantedSteps >= 0, it receives J of the order part + wantedSteps as well.
-LowOrders LowOrdersNear(Extended part, Extended x, int wantedSteps, Extended* wanted);
+/// By Neumann series; x up to 20.
+LowOrders LowOrdersNear(Extended part, Extended x, int steps);
 
-/// The same by the confluent hypergeometric recurrence: x from 5.
+/// The member higherJ of it alone.
+Extended HigherJNear(Extended part, Extended x, int steps);
+
+/// J and Y by the confluent hypergeometric recurrence, higherJ is 0; x from 5.
 LowOrders LowOrdersFar(Extended part, Extended x);
 
 }  // namespace kalvex::specfun
