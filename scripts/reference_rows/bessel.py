@@ -1,0 +1,171 @@
+"""Bessel functions: J and Y (also of negative orders), I and K."""
+import math
+
+import mpmath
+from mpmath import mp
+
+from .frame import around, generator, linear, logarithmic, row
+
+NEAR_WHOLE = (1e-3, 1e-5, 1e-7, 1e-10, 1e-13)
+
+
+def order_of(order):
+    """Orders this small differ from 0 in no digit of the value."""
+    return mpmath.mpf(0) if abs(order) < 1e-60 else order
+
+
+def bessel_j(order, x):
+    return mpmath.besselj(order_of(order), x)
+
+
+def bessel_y(order, x):
+    return mpmath.bessely(order_of(order), x)
+
+
+def bessel_i(order, x):
+    """The power series, all of whose terms are positive."""
+    order = order_of(order)
+    quarter = x * x / 4
+    total = term = mpmath.mpf(1)
+    k = 0
+    while term > total * mp.eps:
+        k += 1
+        term *= quarter / (k * (order + k))
+        total += term
+    return total * (x / 2) ** order * mpmath.rgamma(order + 1)
+
+
+def bessel_k(order, x):
+    """The integral of exp(-x cosh t) cosh(order t) over t from 0 by the trapezoidal rule, which
+    converges faster than any power of the step for it."""
+    peak = mpmath.asinh(order / x)
+    width = 1 / mpmath.sqrt(mpmath.hypot(order, x))
+    step = min(mpmath.mpf(3) / mp.dps, width * 3 / mpmath.sqrt(2 * mp.dps))
+    with mp.extradps(10):
+        turn, grow = mpmath.exp(step), mpmath.exp(order * step)
+        total = mpmath.exp(-x) / 2
+        t, e, power = mpmath.mpf(0), mpmath.mpf(1), mpmath.mpf(1)
+        while True:
+            t += step
+            e *= turn
+            power *= grow
+            term = mpmath.exp(-x * (e + 1 / e) / 2) * (power + 1 / power) / 2
+            total += term
+            if t > peak and term < total * mp.eps:
+                return total * step
+
+
+def slope(f):
+    """|x f'/f| by the neighbouring orders."""
+
+    def condition(order, x):
+        value = f(order, x)
+        if value == 0:
+            return mpmath.mpf(0)
+        return x * (f(order - 1, x) - f(order + 1, x)) / (2 * value)
+
+    return condition
+
+
+def i_slope(order, x):
+    with mp.workdps(20):
+        return order + x * bessel_i(order + 1, x) / bessel_i(order, x)
+
+
+def k_slope(order, x):
+    with mp.workdps(20):
+        return x * (bessel_k(abs(order - 1), x) + bessel_k(order + 1, x)) / (2 * bessel_k(order, x))
+
+
+def orders(rng, count):
+    """Whole, half-integral, generic, tiny, nearly whole and large orders."""
+    found = [0, 1, 2, 5, 0.5, 1.5, 20.5, 1e-10, 1e-300, 1e-17, 0.25, 1 / 3, 50, 100.5, 1000, 999.5]
+    for _ in range(count):
+        found += [rng.randrange(60), rng.randrange(60) + 0.5, rng.uniform(0, 3),
+                  rng.uniform(3, 60), rng.randrange(1, 40) + rng.choice((-1, 1)) * rng.choice(NEAR_WHOLE),
+                  rng.uniform(0.4999, 0.5001), rng.uniform(60, 1000)]
+    return found
+
+
+def arguments(rng, order, far):
+    """Arguments small, moderate, near the order, near the end of the power series, far."""
+    order = abs(order)
+    end = 2 * math.sqrt(order + 1)
+    return [rng.choice(logarithmic(rng, 1e-300, 1e-3, 1)), rng.choice(logarithmic(rng, 1e-3, 30, 1)),
+            rng.uniform(0, 60), max(order, 0.1) * rng.uniform(0.9, 1.1),
+            end * (1 + rng.choice((-1, 1)) * rng.choice((0, 1e-15, 1e-6, 0.05))),
+            logarithmic(rng, 30, far, 1)[0]]
+
+
+def points(rng, count, far, negative):
+    found = []
+    for order in orders(rng, count):
+        chosen = rng.sample(arguments(rng, order, far), 4)
+        for x in chosen:
+            found.append((-order if negative and rng.random() < 0.25 else order, x))
+    return found
+
+
+def seams(places):
+    """Both sides of the places where one method takes over from another."""
+    return [(order, x) for place in places for order in (0, 1, 2.25, 7.5, 3 - 1e-10)
+            for x in around(place)[:5]]
+
+
+def near_zeros(rng, zeros, count):
+    """Close to the zeros of order whole and half-integral, and at the extrema between."""
+    found = []
+    for _ in range(count):
+        order = rng.choice((0, 1, 2, 5, 20, 0.5, 3.5, 2.7))
+        index = rng.randrange(1, 12)
+        with mp.workdps(20):
+            zero = float(zeros(order, index))
+            extremum = float(zeros(order, index, 1))
+        found += [(order, zero), (order, zero * (1 + rng.choice((-1, 1)) * 1e-6)), (order, extremum)]
+    return found
+
+
+TURNING = [(n, n * f) for n in (8, 31, 100, 256.5, 1000)
+           for f in (0.9, 0.99, 1 - 1e-6, 1, 1 + 1e-6, 1.01, 1.1)]
+
+
+def rows_J():
+    rng = generator('J')
+    chosen = points(rng, 12, 1500, True) + seams((11, 18)) + TURNING
+    chosen += near_zeros(rng, mpmath.besseljzero, 12)
+    chosen += [(n, x) for n in (0, 3, 2.3, 1000, -0.7) for x in logarithmic(rng, 1500, 1e300, 6)]
+    chosen += [(n, -x) for n in (0, 1, 2, 7, -3) for x in (1e-10, 0.7, 8.5, 30, 1e5)]
+    chosen += [(n, 0) for n in (0, 1, 0.5, 2.25, -3)]
+    chosen += [(5, 200), (2, 1e-10), (5, 5e-324), (-0.5, 5e-324), (-1.5, 1e-300), (-2.5, 1e-200),
+               (1, 5e-324), (0.25, 5e-324), (150.5, 0.5), (1000, 500), (1000, 330)]
+    condition = slope(bessel_j)
+    return [row(bessel_j, n, x, condition=condition if x != 0 else 0) for n, x in chosen]
+
+
+def rows_Y():
+    rng = generator('Y')
+    chosen = points(rng, 12, 1500, True) + seams((11,)) + TURNING
+    chosen += near_zeros(rng, mpmath.besselyzero, 12)
+    chosen += [(n, x) for n in (0, 3, 2.3, 1000, -0.7) for x in logarithmic(rng, 1500, 1e300, 6)]
+    chosen += [(n, x) for n in (0, 1, 5) for x in linear(rng, 7.5, 8.5, 5)]
+    chosen += [(1, 5e-324), (0, 5e-324), (0.5, 5e-324), (-0.5, 5e-324), (150.5, 0.5), (1000, 500)]
+    condition = slope(bessel_y)
+    return [row(bessel_y, n, x, condition=condition) for n, x in chosen]
+
+
+def rows_I():
+    rng = generator('I')
+    chosen = points(rng, 12, 700, False) + seams((20, 25)) + TURNING
+    chosen += [(n, x) for n in (0, 1, 10, 20.5, 50) for x in around(max(25, n * n / 4))[:9]]
+    chosen += [(n, x) for n in (0, 2.3, 100, 1000) for x in (700, 712, 713.5, 714, 720, 1200)]
+    chosen += [(100.5, 720), (1, 5e-324), (0.25, 5e-324), (0, 1e-300), (1, 1e-310), (1000, 300)]
+    return [row(bessel_i, n, x, condition=i_slope) for n, x in chosen]
+
+
+def rows_K():
+    rng = generator('K')
+    chosen = points(rng, 10, 700, False) + seams((2.5,)) + TURNING
+    chosen += [(n, x) for n in (0, 2.3, 100, 1000) for x in (650, 700, 705, 740, 745, 750, 1200)]
+    chosen += [(n, x) for n in (0, 1, 31, 32) for x in linear(rng, 8, 10, 3)]
+    chosen += [(0, 5e-324), (0.5, 5e-324), (0.9, 5e-324), (1, 1e-300), (1, 5e-324), (2, 1e-200)]
+    return [row(bessel_k, n, x, condition=k_slope, digits=40) for n, x in chosen]
