@@ -1,5 +1,6 @@
-// Compiling an expression and evaluating it: once, over an array of x, or over the rows of a grid.
-// All of them run the same program on the same kernels, so their results agree bit for bit.
+// Compiling an expression and evaluating it, once or over an array of x (over a grid of points:
+// grid_evaluator.h). All of them run the same program on the same kernels, so their results agree
+// bit for bit.
 #pragma once
 
 #include <cstdint>
@@ -43,21 +44,5 @@ std::vector<EvaluationResult> EvaluateAt(const CompiledExpression& expression,
 /// point.
 void EvaluateInto(const CompiledExpression& expression, std::span<const double> xs, double y,
                   std::span<double> values, std::span<std::int32_t> errors);
-
-/// An expression prepared for many rows over the same abscissas: what depends on x alone is
-/// computed once, what depends on y alone once per row.
-struct GridRows;
-
-/// Prepares the rows over these abscissas (copied).
-std::shared_ptr<GridRows> PrepareGridRows(const CompiledExpression& expression,
-                                          std::span<const double> xs);
-
-/// Values G(x, y) over all abscissas of the preparation; 1e30 where a primitive failed. A zero may
-/// have the other sign than at a single point. `values` may be longer; with a length of the next
-/// multiple of 8 no value is copied.
-void EvaluateGridRow(GridRows& rows, double y, std::span<double> values);
-
-/// Whether a[i] * b[i] <= 0 for some i below `count`: a sign change between two rows of values.
-bool HasSignChange(const double* a, const double* b, std::size_t count);
 
 }  // namespace kalvex

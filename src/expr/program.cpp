@@ -15,6 +15,7 @@ struct Flattener {
     std::span<const Replacement> replacements;
     InstructionList list;
     int used = 0;  ///< registers that hold results
+    bool yIsArray = false;
 };
 
 const Node& NodeAt(const Flattener& flattener, NodeIndex index) {
@@ -181,7 +182,7 @@ Operand Emit(Flattener& flattener, NodeIndex index) {
         case NodeKind::X:
             return {OperandKind::Array, 0, 0.0};
         case NodeKind::Y:
-            return {OperandKind::Scalar, 0, 0.0};
+            return {flattener.yIsArray ? OperandKind::Array : OperandKind::Scalar, 0, 0.0};
         case NodeKind::Operation:
             return EmitOperation(flattener, node);
         case NodeKind::Constant:
@@ -194,7 +195,14 @@ Operand Emit(Flattener& flattener, NodeIndex index) {
 
 InstructionList Flatten(const SyntaxTree& tree, NodeIndex root,
                         std::span<const Replacement> replacements) {
-    Flattener flattener{tree, replacements, {}, 0};
+    Flattener flattener{tree, replacements, {}};
+    flattener.list.result = Emit(flattener, root);
+    return std::move(flattener.list);
+}
+
+InstructionList FlattenOverY(const SyntaxTree& tree, NodeIndex root) {
+    Flattener flattener{tree, {}, {}};
+    flattener.yIsArray = true;
     flattener.list.result = Emit(flattener, root);
     return std::move(flattener.list);
 }

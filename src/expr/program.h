@@ -56,6 +56,9 @@ struct Replacement {
 InstructionList Flatten(const SyntaxTree& tree, NodeIndex root,
                         std::span<const Replacement> replacements);
 
+/// The same for a sub-tree of y alone, with y as array 0.
+InstructionList FlattenOverY(const SyntaxTree& tree, NodeIndex root);
+
 /// The inputs of a run. Arrays are readable up to the next multiple of kPaddedLanes.
 struct ProgramInputs {
     std::span<const double* const> arrays;

@@ -1,19 +1,34 @@
 // The sign is tested on a half-step staggered grid: a pixel's left and right edge middles lie on
 // its own row, the upper and lower ones half a step above and below. The right middle of a pixel
-// is the left one of the next, the lower the upper one of the next row, so a picture row needs
-// 2 W + 1 values: one row of W + 1 edge middles and one of W lower middles. Both rows keep their
-// abscissas through the picture, so what depends on x alone is computed once.
+// is the left one of the next, the lower the upper one of the next row, so a picture needs two
+// grids of values: W + 1 edge middles by H rows, and W middles by H + 1 rows between them.
+//
+// The picture is worked through in bands of rows. A tile of columns in a band where bounds of all
+// values prove that none changes sign holds no pixel and is not evaluated; the others are, and are
+// searched in stretches before any pixel is looked at. What is set is what the plain method sets.
 #include "graph/implicit.h"
 
 #include <algorithm>
+#include <cmath>
+
+#include "expr/grid_evaluator.h"
 
 namespace kalvex {
 namespace {
 
-/// One picture's abscissas and rows in work.
+constexpr std::size_t kBandRows = 32;
+
+/// Neighbouring columns that have to be evaluated.
+struct Span {
+    std::size_t first = 0;
+    std::size_t count = 0;
+};
+
+/// One picture's grids and the rows in work.
 struct Rows {
-    std::shared_ptr<GridRows> edges;    ///< Xmin - hx/2, then x_i + hx/2
-    std::shared_ptr<GridRows> middles;  ///< x_i
+    std::size_t width = 0;
+    std::shared_ptr<Grid> edges;    ///< Xmin - hx/2, then x_i + hx/2; at y_j
+    std::shared_ptr<Grid> middles;  ///< x_i; at Ymax + hy/2, then y_j - hy/2
     std::vector<double> edge;
     std::vector<double> above;
     std::vector<double> below;
@@ -27,31 +42,63 @@ double StepOf(double low, double high, std::int32_t pixels) {
 Rows MakeRows(const CompiledExpression& expression, const Viewport& viewport) {
     const ViewWindow& view = viewport.view;
     const auto width = static_cast<std::size_t>(viewport.ClientWidth);
+    const auto height = static_cast<std::size_t>(viewport.ClientHeight);
     const double hx = StepOf(view.Xmin, view.Xmax, viewport.ClientWidth);
-    std::vector<double> edges(width + 1);
-    std::vector<double> middles(width);
-    edges[0] = view.Xmin - hx / 2.0;
+    const double hy = StepOf(view.Ymin, view.Ymax, viewport.ClientHeight);
+    std::vector<double> edgeX(width + 1, view.Xmin - hx / 2.0);
+    std::vector<double> middleX(width);
     for (std::size_t i = 0; i < width; ++i) {
-        middles[i] = view.Xmin + static_cast<double>(i) * hx;
-        edges[i + 1] = middles[i] + hx / 2.0;
+        middleX[i] = view.Xmin + static_cast<double>(i) * hx;
+        edgeX[i + 1] = middleX[i] + hx / 2.0;
     }
+    std::vector<double> rowY(height);
+    std::vector<double> betweenY(height + 1, view.Ymax + hy / 2.0);
+    for (std::size_t j = 0; j < height; ++j) {
+        rowY[j] = view.Ymax - static_cast<double>(j) * hy;
+        betweenY[j + 1] = rowY[j] - hy / 2.0;
+    }
+    constexpr std::size_t kSpare = 16;  // rows are evaluated a little beyond their end
     Rows rows;
-    rows.edges = PrepareGridRows(expression, edges);
-    rows.middles = PrepareGridRows(expression, middles);
-    constexpr std::size_t kSpare = 8;  // rows of a little more room are evaluated without a copy
-    rows.edge.resize(width + 1 + kSpare);
+    rows.width = width;
+    rows.edges = PrepareGrid(expression, edgeX, rowY);
+    rows.middles = PrepareGrid(expression, middleX, betweenY);
+    rows.edge.resize(width + kSpare);
     rows.above.resize(width + kSpare);
     rows.below.resize(width + kSpare);
     return rows;
 }
 
-/// Columns looked at together; most stretches of a picture hold no pixel of the curve.
+/// Whether the product of any two such values is above 0. (Tiny ones could underflow to 0.)
+bool HasOneSign(const std::optional<Bounds>& bounds) {
+    constexpr double kNoUnderflow = 1e-150;
+    return bounds && (bounds->low > kNoUnderflow || bounds->high < -kNoUnderflow);
+}
+
+std::vector<Span> SpansToEvaluate(const Rows& rows, std::size_t firstRow, std::size_t count) {
+    const auto edges = GridTileBounds(*rows.edges, firstRow, count);
+    const auto middles = GridTileBounds(*rows.middles, firstRow, count + 1);
+    std::vector<Span> spans;
+    for (std::size_t first = 0; first < rows.width; first += kTileColumns) {
+        const std::size_t tile = first / kTileColumns;
+        if (HasOneSign(edges[tile]) && HasOneSign(middles[tile])) continue;
+        const std::size_t columns = std::min(kTileColumns, rows.width - first);
+        if (!spans.empty() && spans.back().first + spans.back().count == first) {
+            spans.back().count += columns;
+        } else {
+            spans.push_back({first, columns});
+        }
+    }
+    return spans;
+}
+
+/// Columns looked at together; most stretches of a row hold no pixel of the curve.
 constexpr std::size_t kStretch = 64;
 
-bool HasPixel(const Rows& rows, std::size_t first, std::size_t count) {
-    const double* const edge = rows.edge.data() + first;
-    return HasSignChange(edge + 1, edge, count) ||
-           HasSignChange(rows.above.data() + first, rows.below.data() + first, count);
+bool HasPixel(const Rows& rows, const Span& span) {
+    const double* const edge = rows.edge.data() + span.first;
+    return HasSignChange(edge + 1, edge, span.count) ||
+           HasSignChange(rows.above.data() + span.first, rows.below.data() + span.first,
+                         span.count);
 }
 
 void AppendPixel(std::vector<PixelRun>& runs, std::int32_t row, std::int32_t column) {
@@ -64,17 +111,37 @@ void AppendPixel(std::vector<PixelRun>& runs, std::int32_t row, std::int32_t col
     }
 }
 
-void AppendRow(const Rows& rows, std::size_t width, std::int32_t row, std::vector<PixelRun>& runs) {
-    if (!HasPixel(rows, 0, width)) return;
-    for (std::size_t first = 0; first < width; first += kStretch) {
-        const std::size_t end = std::min(first + kStretch, width);
-        if (!HasPixel(rows, first, end - first)) continue;
-        for (std::size_t i = first; i < end; ++i) {
+void AppendSpan(const Rows& rows, const Span& span, std::int32_t row, std::vector<PixelRun>& runs) {
+    if (!HasPixel(rows, span)) return;
+    const std::size_t end = span.first + span.count;
+    for (std::size_t first = span.first; first < end; first += kStretch) {
+        const Span stretch{first, std::min(kStretch, end - first)};
+        if (!HasPixel(rows, stretch)) continue;
+        for (std::size_t i = first; i < first + stretch.count; ++i) {
+            // KEEP: a product of exactly 0 is a crossing, and an undefined value counts as 1e30.
             if (rows.edge[i + 1] * rows.edge[i] <= 0.0 || rows.above[i] * rows.below[i] <= 0.0) {
                 AppendPixel(runs, row, static_cast<std::int32_t>(i));
             }
         }
     }
+}
+
+void AppendRow(Rows& rows, const std::vector<Span>& spans, std::size_t row,
+               std::vector<PixelRun>& runs) {
+    for (const Span& span : spans) {
+        EvaluateGridRow(*rows.edges, row, span.first, span.count + 1,
+                        rows.edge.data() + span.first);
+        EvaluateGridRow(*rows.middles, row + 1, span.first, span.count,
+                        rows.below.data() + span.first);
+        AppendSpan(rows, span, static_cast<std::int32_t>(row), runs);
+    }
+    rows.above.swap(rows.below);
+}
+
+/// Reports a row's stretch of the progress bar; false stops the picture.
+bool Report(const ProgressStretch& stretch, const ImplicitProgress& progress) {
+    if (!progress || stretch.lastColumn < stretch.firstColumn) return true;
+    return progress(stretch);
 }
 
 }  // namespace
@@ -93,19 +160,20 @@ PixelRunsRecord ImplicitPixels(const CompiledExpression& expression, const Viewp
     const std::int32_t width = viewport.ClientWidth;
     const std::int32_t height = viewport.ClientHeight;
     if (width <= 0 || height <= 0) return record;
-    const ViewWindow& view = viewport.view;
-    const double hy = StepOf(view.Ymin, view.Ymax, height);
     Rows rows = MakeRows(expression, viewport);
-    EvaluateGridRow(*rows.middles, view.Ymax + hy / 2.0, rows.above);
-    for (std::int32_t row = 0; row < height; ++row) {
-        const double y = view.Ymax - row * hy;
-        EvaluateGridRow(*rows.edges, y, rows.edge);
-        EvaluateGridRow(*rows.middles, y - hy / 2.0, rows.below);
-        AppendRow(rows, static_cast<std::size_t>(width), row, record.runs);
-        rows.above.swap(rows.below);
-        const ProgressStretch stretch = StretchOfRow(row, width, height, color);
-        if (stretch.lastColumn < stretch.firstColumn || !progress) continue;
-        if (!progress(stretch)) break;
+    const auto rowCount = static_cast<std::size_t>(height);
+    for (std::size_t first = 0; first < rowCount; first += kBandRows) {
+        const std::size_t end = std::min(first + kBandRows, rowCount);
+        const std::vector<Span> spans = SpansToEvaluate(rows, first, end - first);
+        for (const Span& span : spans) {
+            EvaluateGridRow(*rows.middles, first, span.first, span.count,
+                            rows.above.data() + span.first);
+        }
+        for (std::size_t row = first; row < end; ++row) {
+            AppendRow(rows, spans, row, record.runs);
+            const auto j = static_cast<std::int32_t>(row);
+            if (!Report(StretchOfRow(j, width, height, color), progress)) return record;
+        }
     }
     return record;
 }

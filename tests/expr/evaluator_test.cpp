@@ -372,6 +372,19 @@ TEST(Power, KeepsItsSenseAtTheEndsOfTheRange) {
     }
 }
 
+TEST(Hyperbolic, GoOnUntilTheirOwnOverflow) {
+    const double infinity = std::numeric_limits<double>::infinity();
+    for (const double x : {709.5, 709.8, 710.4, 710.47}) {
+        EXPECT_NEAR(Evaluate(u"sh(x)", x).value, std::sinh(x), 1e-12 * std::sinh(x));
+        EXPECT_NEAR(Evaluate(u"ch(x)", -x).value, std::cosh(x), 1e-12 * std::cosh(x));
+        EXPECT_EQ(Evaluate(u"sh(x)", -x).value, -Evaluate(u"sh(x)", x).value);
+    }
+    EXPECT_EQ(Evaluate(u"sh(x)", -710.5).value, -infinity);
+    EXPECT_EQ(Evaluate(u"ch(x)", 710.5).value, infinity);
+    EXPECT_EQ(Evaluate(u"sh(x)", infinity).value, infinity);
+    EXPECT_TRUE(std::isnan(Evaluate(u"sh(x)", kNan).value));
+}
+
 TEST(MergedOperations, RoundLikeTheirParts) {
     const auto power = [](double x, int n) {
         return EvaluateExpression(CompileExpression(u"x^y"), x, n);

@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
+#include "base/encoding.h"
+#include "expr/random_expression.h"
 #include "graph/graph_fixtures.h"
 
 namespace kalvex {
@@ -80,6 +84,8 @@ TEST(Implicit, HasThePixelsOfThePlainMethod) {
         MakeViewport(-1e300, 1e300, -1e200, 1e200, 16, 16),
         MakeViewport(2, 2, -1, 1, 12, 12),
         MakeViewport(-10, 10, -10, 10, 2, 300),
+        MakeViewport(-10, 10, -10, 10, 200, 90),
+        MakeViewport(-1e-200, 1e-200, -1e-170, 2e-170, 140, 40),
     };
     for (const auto* text : texts) {
         const CompiledExpression expression = CompileExpression(text);
@@ -89,6 +95,26 @@ TEST(Implicit, HasThePixelsOfThePlainMethod) {
             EXPECT_EQ(MaskOf(record, viewport), PlainImplicitPixels(expression, viewport))
                 << testing::PrintToString(std::u16string(text)) << ' ' << viewport.view.Xmin << ' '
                 << viewport.ClientWidth;
+        }
+    }
+}
+
+// Pictures of several tiles and bands, so that some are left out.
+TEST(Implicit, HasThePixelsOfThePlainMethodForRandomExpressions) {
+    testing_support::Generator generator(2718);
+    const Viewport views[] = {
+        MakeViewport(-10, 10, -10, 10, 150, 70),
+        MakeViewport(-0.75, 2.25, 1, 7, 130, 66),
+        MakeViewport(-1e160, 1e160, -1e150, 1e155, 70, 40),
+    };
+    for (int i = 0; i < 120; ++i) {
+        const std::string text = i % 2 == 0 ? testing_support::RandomArithmetic(generator, 3, true)
+                                            : testing_support::RandomExpression(generator, 3, true);
+        const CompiledExpression expression = CompileExpression(u"x*0+" + Widen(text));
+        for (const Viewport& viewport : views) {
+            const PixelRunsRecord record = ImplicitPixels(expression, viewport, {}, {});
+            ASSERT_EQ(MaskOf(record, viewport), PlainImplicitPixels(expression, viewport))
+                << text << ' ' << viewport.view.Xmin;
         }
     }
 }

@@ -1,0 +1,164 @@
+// The tree is cut at the largest sub-trees that depend on one variable alone: those of x are
+// computed once for all rows, those of y once for all columns, and only the rest runs over every
+// point. Nothing is regrouped, so each value has the bits of a point-by-point evaluation (but for
+// the sign of a zero, see WithoutZeroTerm).
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "expr/grid.h"
+
+namespace kalvex {
+namespace {
+
+struct Cut {
+    std::vector<NodeIndex> columnParts;
+    std::vector<NodeIndex> rowParts;
+};
+
+void FindParts(const SyntaxTree& tree, NodeIndex index, Cut& cut) {
+    const Node& node = tree.nodes[static_cast<std::size_t>(index)];
+    if (node.kind != NodeKind::Operation) return;
+    if (node.usesX && !node.usesY) {
+        cut.columnParts.push_back(index);
+    } else if (!node.usesX) {
+        cut.rowParts.push_back(index);
+    } else {
+        for (std::size_t i = 0; i < node.operandCount; ++i)
+            FindParts(tree, node.operands[i], cut);
+    }
+}
+
+/// The node whose values are those of the root. Texts of two variables begin with "x*0+", which is
+/// a sum with zero (of either sign) wherever x is finite; it need not be added to every point.
+NodeIndex WithoutZeroTerm(const SyntaxTree& tree, std::span<const double> xs) {
+    const Node& root = tree.nodes[static_cast<std::size_t>(tree.root)];
+    if (root.kind != NodeKind::Operation || root.op != OpCode::Add) return tree.root;
+    const Node& term = tree.nodes[static_cast<std::size_t>(root.operands[0])];
+    if (term.kind != NodeKind::Operation || term.op != OpCode::Multiply) return tree.root;
+    const Node& left = tree.nodes[static_cast<std::size_t>(term.operands[0])];
+    const Node& right = tree.nodes[static_cast<std::size_t>(term.operands[1])];
+    const bool isZero =
+        left.kind == NodeKind::X && right.kind == NodeKind::Constant && right.value == 0.0;
+    const bool finite = std::ranges::all_of(xs, [](double x) { return std::isfinite(x); });
+    return isZero && finite ? root.operands[1] : tree.root;
+}
+
+/// Rows begin anywhere and are evaluated up to the next multiple of eight: a little spare room at
+/// the end of each array keeps that inside it.
+std::size_t WithSpare(std::size_t count) {
+    return count + 2 * kPaddedLanes;
+}
+
+std::vector<double> Copied(std::span<const double> values) {
+    std::vector<double> copy(values.begin(), values.end());
+    copy.resize(WithSpare(copy.size()), values.empty() ? 0.0 : values.back());
+    return copy;
+}
+
+/// Computes a part over one axis, whose values are given, as a further array beside them; marks
+/// where it failed and returns whether it did.
+bool AddPart(const InstructionList& list, const KernelTable& kernels,
+             std::vector<std::vector<double>>& axis, std::vector<std::uint8_t>& failedAt) {
+    std::vector<double> values(axis[0].size());
+    std::vector<std::int32_t> errors(axis[0].size());
+    const double* const arrays[] = {axis[0].data()};
+    const bool failed =
+        RunInstructions(list, kernels, {arrays, {}}, values.size(), values.data(), errors.data());
+    for (std::size_t i = 0; failed && i < values.size(); ++i) {
+        if (errors[i] != 0) failedAt[i] = 1;
+    }
+    axis.push_back(std::move(values));
+    return failed;
+}
+
+/// Bounds of an array by tile; not-a-number where it holds one.
+std::vector<Bounds> TileBounds(const std::vector<double>& values, std::size_t count) {
+    std::vector<Bounds> tiles;
+    for (std::size_t first = 0; first < count; first += kTileColumns) {
+        const std::size_t end = std::min(first + kTileColumns + 1, count);
+        Bounds bounds{values[first], values[first]};
+        for (std::size_t i = first; i < end; ++i) {
+            bounds.low = std::min(bounds.low, values[i]);
+            bounds.high = std::max(bounds.high, values[i]);
+            if (!std::isnan(values[i])) continue;
+            bounds = {values[i], values[i]};
+            break;
+        }
+        tiles.push_back(bounds);
+    }
+    return tiles;
+}
+
+/// Computes the parts of one variable and returns what stands for them in the body.
+std::vector<Replacement> AddParts(Grid& grid, const Cut& cut) {
+    const SyntaxTree& tree = grid.program->tree;
+    std::vector<Replacement> replacements;
+    for (const NodeIndex part : cut.columnParts) {
+        grid.anyColumnFailed |=
+            AddPart(Flatten(tree, part, {}), *tree.kernels, grid.columns, grid.columnFailed);
+        const auto index = static_cast<std::uint16_t>(grid.columns.size() - 1);
+        replacements.push_back({part, {OperandKind::Array, index, 0.0}});
+    }
+    for (const NodeIndex part : cut.rowParts) {
+        AddPart(FlattenOverY(tree, part), *tree.kernels, grid.rows, grid.rowFailed);
+        const auto index = static_cast<std::uint16_t>(grid.rows.size() - 1);
+        replacements.push_back({part, {OperandKind::Scalar, index, 0.0}});
+    }
+    return replacements;
+}
+
+}  // namespace
+
+std::shared_ptr<Grid> PrepareGrid(const CompiledExpression& expression, std::span<const double> xs,
+                                  std::span<const double> ys) {
+    auto grid = std::make_shared<Grid>();
+    grid->program = expression.program ? expression.program : CompileExpression(u"").program;
+    grid->columnCount = xs.size();
+    grid->rowCount = ys.size();
+    grid->columns.push_back(Copied(xs));
+    grid->rows.push_back(Copied(ys));
+    grid->columnFailed.resize(grid->columns[0].size());
+    grid->rowFailed.resize(grid->rows[0].size());
+    grid->errors.resize(grid->columns[0].size());
+
+    const SyntaxTree& tree = grid->program->tree;
+    const NodeIndex root = WithoutZeroTerm(tree, xs);
+    Cut cut;
+    FindParts(tree, root, cut);
+    const std::vector<Replacement> replacements = AddParts(*grid, cut);
+    grid->body = Flatten(tree, root, replacements);
+    for (const auto& column : grid->columns) {
+        grid->columnBounds.push_back(TileBounds(column, grid->columnCount));
+    }
+    grid->scalars.resize(grid->rows.size());
+    grid->arrays.resize(grid->columns.size());
+    return grid;
+}
+
+void EvaluateGridRow(Grid& grid, std::size_t row, std::size_t firstColumn, std::size_t count,
+                     double* values) {
+    if (grid.rowFailed[row] != 0) {
+        std::fill_n(values, count, UndefinedValue);
+        return;
+    }
+    for (std::size_t i = 0; i < grid.rows.size(); ++i)
+        grid.scalars[i] = grid.rows[i][row];
+    for (std::size_t i = 0; i < grid.columns.size(); ++i) {
+        grid.arrays[i] = grid.columns[i].data() + firstColumn;
+    }
+    const std::size_t padded = (count + kPaddedLanes - 1) / kPaddedLanes * kPaddedLanes;
+    if (RunInstructions(grid.body, *grid.program->tree.kernels, {grid.arrays, grid.scalars}, padded,
+                        values, grid.errors.data())) {
+        std::fill_n(grid.errors.begin(), padded, 0);
+    }
+    for (std::size_t i = 0; grid.anyColumnFailed && i < count; ++i) {
+        if (grid.columnFailed[firstColumn + i] != 0) values[i] = UndefinedValue;
+    }
+}
+
+bool HasSignChange(const double* a, const double* b, std::size_t count) {
+    return ActiveKernels().anyProductNotPositive(a, b, count);
+}
+
+}  // namespace kalvex

@@ -1,0 +1,46 @@
+// An expression of x and y over the points of a grid: every abscissa with every ordinate. What
+// depends on x alone is computed once per abscissa, what depends on y alone once per ordinate, and
+// bounds of all values of a rectangle can be had without computing them.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <span>
+#include <vector>
+
+#include "expr/evaluator.h"
+
+namespace kalvex {
+
+struct Grid;
+
+/// Prepares the grid of these abscissas and ordinates (copied).
+std::shared_ptr<Grid> PrepareGrid(const CompiledExpression& expression, std::span<const double> xs,
+                                  std::span<const double> ys);
+
+/// Values G(x, y) of `count` neighbouring abscissas from `firstColumn` on at one ordinate, both by
+/// index; 1e30 where a primitive failed. The bits are those of a single point, but for the sign of
+/// a zero. `values` must have room for the next multiple of 8 elements.
+void EvaluateGridRow(Grid& grid, std::size_t row, std::size_t firstColumn, std::size_t count,
+                     double* values);
+
+/// Bounds of computed values, both included.
+struct Bounds {
+    double low = 0.0;
+    double high = 0.0;
+};
+
+/// Abscissas of one tile; a tile's bounds take in the first abscissa of the next tile too.
+inline constexpr std::size_t kTileColumns = 64;
+
+/// Bounds of the values at `rowCount` ordinates from `firstRow` on, for each tile of abscissas in
+/// order; nothing for a tile where they cannot be told: a primitive may fail there, a value may be
+/// not-a-number, or the expression holds a function that is not bounded here.
+std::vector<std::optional<Bounds>> GridTileBounds(const Grid& grid, std::size_t firstRow,
+                                                  std::size_t rowCount);
+
+/// Whether a[i] * b[i] <= 0 for some i below `count`: a sign change between two rows of values.
+bool HasSignChange(const double* a, const double* b, std::size_t count);
+
+}  // namespace kalvex
