@@ -117,7 +117,14 @@ double BesselK(double order, double x);
 /// uniform expansion (DLMF 10.41.3).
 double BesselI(double order, double x);
 
-/// Gauss hypergeometric function: no routine, throws always.
+/// Gauss hypergeometric function, -1 < x < 1, else "Domain error in Hypergeometric2F1". A negative
+/// integral a or b ends the series, before an integral c = 0, -1, ... divides by zero; otherwise
+/// such a c throws "Overflow in Hypergeometric2F1", as do values beyond the range and the rare
+/// parameters (some hundreds, of mixed sign) for which every method loses too many digits. Power
+/// series, directly or in Euler's or Pfaff's form (DLMF 15.8.1), each judged by its own error
+/// estimate; near x = 1 the solutions there (15.10.13); else Taylor steps of the differential
+/// equation; double-double arithmetic. Error 0.5 ulp times 1 + condition number; 1 to 4 us for
+/// moderate parameters, 30 us near x = 1, some 100 us for parameters of several hundreds.
 double Hypergeometric2F1(double a, double b, double c, double x);
 
 /// Chebyshev polynomial of kind 1 (T) or 2 (U), integral degrees up to MaxOrder in magnitude, all x

@@ -1,0 +1,44 @@
+// The pieces that the Gauss hypergeometric function is put together from, at twice the precision.
+// Internal to the special functions.
+#pragma once
+
+#include "specfun/double_double.h"
+
+namespace kalvex::specfun {
+
+struct HypergeometricParameters {
+    DoubleDouble a;
+    DoubleDouble b;
+    DoubleDouble c;
+};
+
+/// A solution of the hypergeometric equation at a point z.
+struct HypergeometricPoint {
+    DoubleDouble value;
+    DoubleDouble slope;     // z times the derivative
+    double error = 0;       // estimate of the absolute error
+    bool failed = false;    // overflow, too many terms or a division by zero
+    bool singular = false;  // c met 0 before the series came to its end
+};
+
+/// The power series in z. Stops when the rest is below `tolerance` times the value and slope.
+HypergeometricPoint SumHypergeometric(const HypergeometricParameters& p, DoubleDouble z,
+                                      double tolerance);
+
+/// The solution known at `from` followed to `to` by Taylor steps of the
+/// equation; both between -1 and 1, of the same sign and not 0.
+HypergeometricPoint FollowHypergeometric(const HypergeometricParameters& p,
+                                         HypergeometricPoint start, double from, double to);
+
+/// The function at x from the power series where it does not cancel, and steps from there; x
+/// between -1 and 1, not 0.
+HypergeometricPoint HypergeometricByParts(const HypergeometricParameters& p, double x);
+
+/// How many digits, as a natural logarithm, the power series in z is likely to lose.
+double ExpectedLoss(const HypergeometricParameters& p, double z);
+
+/// The function at 1/2 < x < 1 by the two solutions at 1, matched to the function at a point
+/// between.
+HypergeometricPoint HypergeometricNearOne(const HypergeometricParameters& p, double x);
+
+}  // namespace kalvex::specfun

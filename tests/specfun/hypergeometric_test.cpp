@@ -1,0 +1,142 @@
+// Closed forms (DLMF 15.4), transformations and contiguous relations (15.5) of the Gauss
+// hypergeometric function.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <functional>
+#include <limits>
+#include <string>
+
+#include "specfun/specfun.h"
+
+namespace kalvex::specfun {
+namespace {
+
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+
+const double kPlaces[] = {-0.999999, -0.9, -0.5, -0.31, -0.1, -1e-9, 1e-300, 1e-5,
+                          0.2,       0.5,  0.7,  0.89,  0.91, 0.97,  0.999,  1 - 1e-9};
+
+double Ulps(double value, double expected) {
+    if (value == expected) return 0;
+    const double unit = std::nextafter(std::fabs(expected), kInfinity) - std::fabs(expected);
+    return std::fabs(value - expected) / unit;
+}
+
+TEST(Hypergeometric, ClosedForms) {
+    const struct {
+        double a;
+        double b;
+        double c;
+        std::function<double(double)> expected;
+    } rows[] = {
+        {1, 1, 2, [](double x) { return -std::log1p(-x) / x; }},
+        {1, 1, 1, [](double x) { return 1 / (1 - x); }},
+        {3, 0.7, 0.7, [](double x) { return 1 / ((1 - x) * (1 - x) * (1 - x)); }},
+        {0, 5, -3, [](double) { return 1.0; }},
+        {-1, 1, 2, [](double x) { return 1 - x / 2; }},
+        {-2, 1, 1, [](double x) { return (1 - x) * (1 - x); }},
+        {1.5, 2, 1, [](double x) { return (1 + x / 2) / std::pow(1 - x, 2.5); }},
+    };
+    for (const auto& row : rows) {
+        for (const double x : kPlaces) {
+            EXPECT_LE(Ulps(Hypergeometric2F1(row.a, row.b, row.c, x), row.expected(x)), 6)
+                << row.a << " " << row.b << " " << row.c << " " << x;
+        }
+    }
+}
+
+TEST(Hypergeometric, ClosedFormsOfSquares) {
+    for (const double root : {0.015625, 0.25, 0.625, 0.875, 0.9375, 0.984375}) {
+        const double z = root * root;  // exact
+        EXPECT_LE(Ulps(Hypergeometric2F1(0.5, 1, 1.5, z), std::atanh(root) / root), 4) << root;
+        EXPECT_LE(Ulps(Hypergeometric2F1(0.5, 1, 1.5, -z), std::atan(root) / root), 3) << root;
+        EXPECT_LE(Ulps(Hypergeometric2F1(0.5, 0.5, 1.5, z), std::asin(root) / root), 4) << root;
+        EXPECT_LE(Ulps(Hypergeometric2F1(0.5, 0.5, 1.5, -z), std::asinh(root) / root), 4) << root;
+        EXPECT_LE(Ulps(Hypergeometric2F1(0.5, 0.5, 1, z), 2 / M_PI * std::comp_ellint_1(root)), 6)
+            << root;
+    }
+}
+
+// (c-a-b) F = (c-a) F(a-1) - b (1-x) F(b+1) (DLMF 15.5.13), across all the methods.
+TEST(Hypergeometric, ContiguousRelation) {
+    const double parameters[][3] = {{0.5, 0.75, 2.125}, {1, 1, 2},        {3.5, -2.25, 1.5},
+                                    {10, 12.5, 5.25},   {-7.5, -3.5, 2},  {0.25, 0.5, 0.75},
+                                    {40, 0.5, 80},      {-20.5, 30, 2.5}, {1, 2, 3 + 0x1p-40}};
+    for (const auto& p : parameters) {
+        for (const double x : kPlaces) {
+            const double a = p[0];
+            const double b = p[1];
+            const double c = p[2];
+            const double left = (c - a - b) * Hypergeometric2F1(a, b, c, x);
+            const double first = (c - a) * Hypergeometric2F1(a - 1, b, c, x);
+            const double second = b * (1 - x) * Hypergeometric2F1(a, b + 1, c, x);
+            const double size = std::fabs(left) + std::fabs(first) + std::fabs(second);
+            EXPECT_NEAR((left - first + second) / size, 0, 1e-15)
+                << a << " " << b << " " << c << " " << x;
+        }
+    }
+}
+
+TEST(Hypergeometric, SymmetricInItsFirstTwo) {
+    for (const double x : kPlaces) {
+        for (const double a : {0.5, -3.0, 7.25, 30.0}) {
+            EXPECT_LE(Ulps(Hypergeometric2F1(a, 1.3, 2.7, x), Hypergeometric2F1(1.3, a, 2.7, x)), 2)
+                << a << " " << x;
+        }
+    }
+}
+
+// F(-n,n+1;1;(1-t)/2) is the Legendre polynomial; the power series loses every digit from
+// degree 50 on.
+TEST(Hypergeometric, LegendreOfHighDegree) {
+    for (const double n : {5.0, 20.0, 50.0, 100.0, 300.0}) {
+        for (const double t : {-0.75, -0.3125, 0.125, 0.6875, 0.96875}) {
+            EXPECT_NEAR(Hypergeometric2F1(-n, n + 1, 1, (1 - t) / 2), Legendre(n, t), 1e-15)
+                << n << " " << t;
+        }
+    }
+}
+
+// The finite sum may end before c meets 0; integral differences c-a-b need no special case.
+TEST(Hypergeometric, FiniteSums) {
+    EXPECT_EQ(Hypergeometric2F1(-2, 3, -4, 0.5), 1 + 0.75 + 0.25);
+    EXPECT_EQ(Hypergeometric2F1(-2, 1, -2, 0.5), 1 + 0.5 + 0.25);
+    EXPECT_EQ(Hypergeometric2F1(4, -1, 2, 0.25), 0.5);
+    EXPECT_EQ(Hypergeometric2F1(7, 0, -1, 0.25), 1);
+    EXPECT_EQ(Hypergeometric2F1(0.3, 0.4, 0.5, 0), 1);
+}
+
+// F(a,b;c;1) by Gauss for c-a-b above 0, growth (1-x)^(c-a-b) below it.
+TEST(Hypergeometric, AtTheEnd) {
+    const double last = 1 - 0x1p-53;
+    EXPECT_NEAR(Hypergeometric2F1(0.5, 0.5, 2.5, last), std::tgamma(2.5) * std::tgamma(1.5), 1e-14);
+    EXPECT_NEAR(Hypergeometric2F1(1, 2, 2.5, last) / (0x1p26 * std::sqrt(2)),
+                std::tgamma(2.5) * std::tgamma(0.5), 1e-7);
+    EXPECT_LE(Ulps(Hypergeometric2F1(1, 1, 2, last), 53 * M_LN2 / last), 2);
+}
+
+std::string ErrorOf(const std::function<double()>& call) {
+    try {
+        return "value " + std::to_string(call());
+    } catch (const ap::ap_error& error) {
+        return error.msg;
+    }
+}
+
+TEST(Hypergeometric, Errors) {
+    const char overflow[] = "Overflow in Hypergeometric2F1";
+    const double last = 1 - 0x1p-53;
+    EXPECT_EQ(ErrorOf([] { return Hypergeometric2F1(1, 2, 0, 0.5); }), overflow);
+    EXPECT_EQ(ErrorOf([] { return Hypergeometric2F1(1, 2, -3, 0.5); }), overflow);
+    EXPECT_EQ(ErrorOf([] { return Hypergeometric2F1(-5, 2, -4, 0.5); }), overflow);
+    EXPECT_EQ(ErrorOf([] { return Hypergeometric2F1(-1.5, 2, -4, -0.5); }), overflow);
+    EXPECT_EQ(ErrorOf([=] { return Hypergeometric2F1(30, 30, 1, last); }), overflow);
+    EXPECT_EQ(ErrorOf([] { return Hypergeometric2F1(kInfinity, 2, 1, 0.5); }), overflow);
+    EXPECT_EQ(ErrorOf([] { return Hypergeometric2F1(1, 2, 3, 1); }),
+              "Domain error in Hypergeometric2F1");
+    EXPECT_TRUE(std::isnan(Hypergeometric2F1(1, 2, 3, std::nan(""))));
+}
+
+}  // namespace
+}  // namespace kalvex::specfun
