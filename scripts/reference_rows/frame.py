@@ -20,7 +20,8 @@ def linear(rng, low, high, count):
 
 def logarithmic(rng, low, high, count):
     """Random points between two positive bounds, evenly by magnitude."""
-    return [math.exp(rng.uniform(math.log(low), math.log(high))) for _ in range(count)]
+    draw = lambda: math.exp(rng.uniform(math.log(low), math.log(high))) * rng.uniform(0.9, 1)
+    return [max(low, draw()) for _ in range(count)]
 
 
 def around(*points):
@@ -37,6 +38,11 @@ def around(*points):
 def positive_edges():
     """Ends of the range of doubles."""
     return [5e-324, 2.2250738585072014e-308, 1e-300, 1e-160, 1e-100, 1e-30, 1e-20, 1e-10]
+
+
+def both_signs(points):
+    """The points and every third of them with the other sign."""
+    return points + [-p for p in points[::3]]
 
 
 def evaluate(f, arguments, digits=50):
@@ -84,8 +90,7 @@ def row(f, *arguments, condition=None, digits=50):
     with mp.workdps(used):
         high = nearest(value)
         low = float(value - mpmath.mpf(high))
-    number = mpmath.nstr(mpmath.mpf(condition), 3, min_fixed=0, max_fixed=0)
-    return '\t'.join(written + [high.hex(), low.hex(), number])
+    return '\t'.join(written + [high.hex(), low.hex(), '%.3g' % float(condition)])
 
 
 def nearest(value):
