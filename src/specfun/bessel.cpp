@@ -39,7 +39,7 @@ double Finite(Extended value, const char* message) {
 }
 
 /// a times b; zero whenever a is, b may be infinite.
-Extended Part(Extended a, Extended b) {
+Extended Weighted(Extended a, Extended b) {
     return a == 0 ? 0 : a * b;
 }
 
@@ -47,14 +47,14 @@ Extended Part(Extended a, Extended b) {
 Extended ReflectedJ(double order, double x) {
     const auto [cosine, sine] = CosineSinePi(order);
     const auto [j, y] = Oscillating(order, x);
-    return Part(cosine, j) - sine * y;
+    return Weighted(cosine, j) - sine * y;
 }
 
 /// Y of the order -order, order > 0, x > 0.
 Extended ReflectedY(double order, double x) {
     const auto [cosine, sine] = CosineSinePi(order);
     const auto [j, y] = Oscillating(order, x);
-    return Part(sine, j) + Part(cosine, y);
+    return Weighted(sine, j) + Weighted(cosine, y);
 }
 
 }  // namespace

@@ -89,32 +89,32 @@ double AiryAi(double x);
 double AiryBi(double x);
 
 /// Bessel functions of real order up to MaxOrder in magnitude; beyond it they throw. All are
-/// computed with 64 bits of precision, so that the result is right to the last place but for
-/// rounding: error below 1 unit in the last place of the modulus (J and Y) or value, times 1 plus
-/// the condition number.
+/// computed with 64 bits of precision and rounded once: n below 0.6 for orders to 1000, above
+/// slowly growing. Near the zeros of J and Y the error is that small against their modulus.
 ///
 /// First kind. All x for integral orders, x from 0 for others, else it throws "Domain error in
 /// BesselJV"; negative orders that are not integral throw "Overflow in BesselJV" at 0 and where
-/// the value overflows. Power series while x^2/4 <= order + 1 (DLMF 10.2.2), Neumann series by
-/// downward recurrence for small x (Goldstein and Thaler), else upward recurrence from
-/// the confluent functions of an order within 1/2 of 0 (Temme 1975), with the Wronskian for
-/// orders above x.
+/// the value overflows. Power series while x^2/4 <= order + 1 (DLMF 10.2.2); up to x = 18 (11 for
+/// negative orders) Neumann series by downward recurrence (Goldstein and Thaler 1959); beyond,
+/// Temme's confluent recurrence (1975) for an order within 1/2 of 0 and recurrence upward, with
+/// the Wronskian for orders above x.
 double BesselJ(double order, double x);
 
-/// Second kind. x above 0, else it throws "Domain error in BesselY". Methods as for J. Minus
-/// infinity (negative orders: plus or minus) where it overflows.
+/// Second kind. x above 0, else it throws "Domain error in BesselY". Neumann series up to x = 11,
+/// beyond it the confluent recurrence, then upward. Minus infinity (negative orders: plus or
+/// minus) where it overflows.
 double BesselY(double order, double x);
 
 /// Modified, second kind. x above 0, else it throws "Domain error in BesselKN"; "Overflow in
-/// BesselKN" where the value overflows. Even in the order. Temme's series up to x = 2, his
+/// BesselKN" where the value overflows. Even in the order. Temme's series up to x = 2.5, his
 /// confluent recurrence beyond, then upward recurrence; above order 1000 the uniform expansion
 /// (DLMF 10.41.4).
 double BesselK(double order, double x);
 
 /// Modified, first kind. All x for integral orders, else order and x from 0, else it throws
 /// "Domain error in BesselIV"; "Overflow in BesselIV" where the value overflows. Power series up
-/// to x = 20 or x^2/4 = order + 1, beyond it the Wronskian with K; above order 1000 the
-/// uniform expansion (DLMF 10.41.3).
+/// to x = 20 or x^2/4 = order + 1; Hankel's expansion from 25 while order^2 <= 4 x; else the
+/// Wronskian with K; above order 1000 the uniform expansion (DLMF 10.41.3).
 double BesselI(double order, double x);
 
 /// Gauss hypergeometric function, -1 < x < 1, else "Domain error in Hypergeometric2F1". A negative
