@@ -33,6 +33,7 @@ struct Value {
 
 constexpr double kGoodEnough = 0x1p-56;
 constexpr double kBearable = 0x1p-40;
+constexpr double kHopeless = 1e6;  // added to the cost of what is likely to cancel
 
 bool EndsBefore(DoubleDouble a, DoubleDouble c) {
     const double value = ToDouble(a);
@@ -59,7 +60,6 @@ std::array<Form, 4> FormsOf(const HypergeometricParameters& p) {
 /// Terms of the series, as far as they can be foreseen.
 double CostOf(const Form& form, double x) {
     constexpr double kPowerCost = 30;
-    constexpr double kHopeless = 1e6;
     const double z = form.pfaff ? x / (x - 1) : x;
     const double magnitude = std::fabs(z);
     double terms = 40 / -std::log(magnitude);
@@ -112,8 +112,11 @@ void KeepBetter(Value& best, const Value& other) {
     if (other.loss < best.loss) best = other;
 }
 
-/// The forms from the cheapest up, until one is good enough or only hopeless ones are left.
-Value BySeries(const HypergeometricParameters& p, double x, double mostTerms) {
+/// The forms from the cheapest up, until one is good enough or only long ones are left. Those that
+/// are likely to cancel are measured first.
+Value BySeries(const HypergeometricParameters& p, double x) {
+    constexpr double kMostTerms = 1200;
+    constexpr double kBearableLoss = 28;
     std::array<Form, 4> forms = FormsOf(p);
     for (Form& form : forms)
         form.cost = CostOf(form, x);
@@ -121,7 +124,10 @@ Value BySeries(const HypergeometricParameters& p, double x, double mostTerms) {
               [](const Form& left, const Form& right) { return left.cost < right.cost; });
     Value best;
     for (const Form& form : forms) {
-        if (form.cost > mostTerms) break;
+        const double terms = form.cost < kHopeless ? form.cost : form.cost - kHopeless;
+        if (terms > kMostTerms) continue;
+        const double z = form.pfaff ? x / (x - 1) : x;
+        if (form.cost >= kHopeless && MeasuredLoss(form.p, z) > kBearableLoss) continue;
         KeepBetter(best, ValueOf(form, x));
         if (best.loss < kGoodEnough) break;
     }
@@ -130,15 +136,11 @@ Value BySeries(const HypergeometricParameters& p, double x, double mostTerms) {
 
 Value BestValue(const HypergeometricParameters& p, double x) {
     constexpr double kNearOne = 0.9;
-    constexpr double kFewTerms = 1200;
-    constexpr double kManyTerms = 20000;
-    Value best = BySeries(p, x, kFewTerms);
+    Value best = BySeries(p, x);
     if (best.loss < kGoodEnough) return best;
     if (x > kNearOne) KeepBetter(best, ValueOf(HypergeometricNearOne(p, x)));
     if (best.loss < kGoodEnough) return best;
     KeepBetter(best, ValueOf(HypergeometricByParts(p, x)));
-    if (best.loss < kBearable) return best;
-    KeepBetter(best, BySeries(p, x, kManyTerms));
     return best;
 }
 

@@ -2,6 +2,8 @@
 // Internal to the special functions.
 #pragma once
 
+#include <cmath>
+
 #include "specfun/double_double.h"
 
 namespace kalvex::specfun {
@@ -11,6 +13,25 @@ struct HypergeometricParameters {
     DoubleDouble b;
     DoubleDouble c;
 };
+
+/// a + k, the low part not normalised.
+inline DoubleDouble PlusInteger(DoubleDouble a, double k) {
+    const DoubleDouble sum = TwoSum(a.high, k);
+    return {sum.high, sum.low + a.low};
+}
+
+/// The product without normalising: the error is that of Multiply as long as the low parts stay
+/// some units in the last place of the high ones.
+inline DoubleDouble LooseProduct(DoubleDouble a, DoubleDouble b) {
+    const double product = a.high * b.high;
+    return {product, std::fma(a.high, b.high, -product) + (a.high * b.low + a.low * b.high)};
+}
+
+/// sum += high + low.
+inline void Accumulate(DoubleDouble& sum, double high, double low) {
+    const DoubleDouble next = TwoSum(sum.high, high);
+    sum = {next.high, sum.low + (next.low + low)};
+}
 
 /// A solution of the hypergeometric equation at a point z.
 struct HypergeometricPoint {
@@ -24,6 +45,10 @@ struct HypergeometricPoint {
 /// The power series in z. Stops when the rest is below `tolerance` times the value and slope.
 HypergeometricPoint SumHypergeometric(const HypergeometricParameters& p, DoubleDouble z,
                                       double tolerance);
+
+/// How many digits, as a natural logarithm, the power series in z loses: measured in plain
+/// arithmetic, hence up to some 30; infinite if a term overflows or thousands are needed.
+double MeasuredLoss(const HypergeometricParameters& p, double z);
 
 /// The solution known at `from` followed to `to` by Taylor steps of the
 /// equation; both between -1 and 1, of the same sign and not 0.

@@ -15,11 +15,6 @@ constexpr int kMostTerms = 20000;
 constexpr double kUnit = 0x1p-102;       // of the error of one step
 constexpr double kPlainError = 0x1p-50;  // of one term in one double, for each step so far
 
-DoubleDouble PlusInteger(DoubleDouble a, double k) {
-    const DoubleDouble sum = TwoSum(a.high, k);
-    return {sum.high, sum.low + a.low};
-}
-
 /// (a+k)(b+k) / ((c+k)(k+1)); the low part is not normalised.
 DoubleDouble Ratio(DoubleDouble a, DoubleDouble b, DoubleDouble c, double next) {
     const double numerator = a.high * b.high;
@@ -31,16 +26,6 @@ DoubleDouble Ratio(DoubleDouble a, DoubleDouble b, DoubleDouble c, double next) 
     const double quotient = numerator * inverse;
     const double rest = std::fma(-quotient, denominator, numerator);
     return {quotient, (rest + (numeratorLow - quotient * denominatorLow)) * inverse};
-}
-
-DoubleDouble LooseProduct(DoubleDouble a, DoubleDouble b) {
-    const double product = a.high * b.high;
-    return {product, std::fma(a.high, b.high, -product) + (a.high * b.low + a.low * b.high)};
-}
-
-void Accumulate(DoubleDouble& sum, double high, double low) {
-    const DoubleDouble next = TwoSum(sum.high, high);
-    sum = {next.high, sum.low + (next.low + low)};
 }
 
 bool IsZero(DoubleDouble a) {
@@ -106,6 +91,26 @@ HypergeometricPoint SumHypergeometric(const HypergeometricParameters& p, DoubleD
     sum.slope = QuickTwoSum(sum.slope.high, sum.slope.low);
     sum.error = magnitude * kUnit + tolerance * std::fabs(sum.value.high);
     return sum;
+}
+
+double MeasuredLoss(const HypergeometricParameters& p, double z) {
+    constexpr int kMost = 3000;
+    constexpr double kNegligible = 1e-18;
+    const double settled = -std::min({p.a.high, p.b.high, p.c.high});
+    double term = 1;
+    double sum = 1;
+    double magnitude = 1;
+    for (int k = 0; k < kMost; ++k) {
+        const double ratio = (p.a.high + k) * (p.b.high + k) / ((p.c.high + k) * (k + 1.0)) * z;
+        term *= ratio;
+        sum += term;
+        magnitude += std::fabs(term);
+        const bool settles = k > settled && std::fabs(ratio) < 1;
+        if (term == 0 || (settles && std::fabs(term) < kNegligible * magnitude)) {
+            return std::log(magnitude / std::fabs(sum));
+        }
+    }
+    return INFINITY;
 }
 
 }  // namespace kalvex::specfun

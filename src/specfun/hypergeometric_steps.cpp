@@ -28,13 +28,17 @@ DoubleDouble DriftAt(const HypergeometricParameters& p, double x) {
     return Subtract(p.c, Multiply(sum, x));
 }
 
-/// The end of the step that starts at x.
-double NextPoint(const HypergeometricParameters& p, double x, double to) {
-    constexpr double kPhase = 10;
-    const double room = std::min(std::fabs(x), 1 - x);
+/// Bound of the logarithmic derivatives of the solutions.
+double SwingAt(const HypergeometricParameters& p, double x) {
     const double weight = std::fabs(x) * (1 - x);
-    const double swing =
-        std::sqrt(std::fabs(p.a.high * p.b.high) / weight) + std::fabs(DriftAt(p, x).high) / weight;
+    return std::sqrt(std::fabs(p.a.high * p.b.high) / weight) +
+           std::fabs(DriftAt(p, x).high) / weight;
+}
+
+/// The end of the step that starts at x.
+double NextPoint(double x, double to, double swing) {
+    constexpr double kPhase = 12;
+    const double room = std::min(std::fabs(x), 1 - x);
     const double step = std::min(room / 2, kPhase / swing);
     if (std::fabs(to - x) <= step * 1.1) return to;
     return to > x ? x + step : x - step;
@@ -47,44 +51,88 @@ StepCoefficients CoefficientsAt(const HypergeometricParameters& p, double x, dou
             Multiply(scaled, TwoSum(1, -2 * x))};
 }
 
-/// Value and slope at x + h from those at x; slopes are h times the derivative here.
+/// A solution in plain arithmetic that starts at right angles to the one wanted. It shows how
+/// much what was rounded has grown since.
+struct Companion {
+    double value;
+    double slope;
+};
+
+/// Values and slopes at x + h from those at x; slopes are h times the derivative here.
 bool Step(const HypergeometricParameters& p, const StepCoefficients& s, DoubleDouble& value,
-          DoubleDouble& slope) {
+          DoubleDouble& slope, Companion& companion) {
     DoubleDouble before = value;
     DoubleDouble now = slope;
-    value = Add(value, now);
+    double companionBefore = companion.value;
+    double companionNow = companion.slope;
+    Accumulate(value, now.high, now.low);
+    companion.value += companionNow;
+    DoubleDouble inverse = {1, 0};  // 1/(n+1)
     for (int n = 0; n < kMostTerms; ++n) {
-        const DoubleDouble first = Multiply(Multiply(Add(p.a, n), Add(p.b, n)), s.ofValue);
-        const DoubleDouble second = Multiply(Add(Multiply(s.ofDegree, n), s.ofSlope), n + 1.0);
-        const DoubleDouble sum = Subtract(Multiply(first, before), Multiply(second, now));
+        const double next = n + 2;
+        const DoubleDouble factors = LooseProduct(PlusInteger(p.a, n), PlusInteger(p.b, n));
+        const DoubleDouble first = LooseProduct(LooseProduct(factors, s.ofValue), inverse);
+        DoubleDouble second = s.ofSlope;
+        const DoubleDouble ofDegree = TwoProduct(s.ofDegree.high, n);
+        Accumulate(second, ofDegree.high, ofDegree.low + s.ofDegree.low * n);
+        inverse.high = 1 / next;
+        inverse.low = std::fma(-inverse.high, next, 1) * inverse.high;
+        DoubleDouble sum = LooseProduct(first, before);
+        const DoubleDouble less = LooseProduct(second, now);
+        Accumulate(sum, -less.high, -less.low);
         before = now;
-        now = Divide(sum, (n + 1.0) * (n + 2.0));
-        value = Add(value, now);
-        slope = Add(slope, Multiply(now, n + 2.0));
-        const double size = (n + 2) * (std::fabs(before.high) + std::fabs(now.high));
+        sum = LooseProduct(QuickTwoSum(sum.high, sum.low), inverse);
+        now = QuickTwoSum(sum.high, sum.low);
+        Accumulate(value, now.high, now.low);
+        Accumulate(slope, now.high * next,
+                   std::fma(now.high, next, -now.high * next) + now.low * next);
+
+        const double companionNext =
+            (first.high * companionBefore - second.high * companionNow) * inverse.high;
+        companionBefore = companionNow;
+        companionNow = companionNext;
+        companion.value += companionNext;
+        companion.slope += companionNext * next;
+        const double size = next * (std::fabs(before.high) + std::fabs(now.high));
         const double enough = kTolerance * (std::fabs(value.high) + std::fabs(slope.high));
-        if (!(size > enough)) return std::isfinite(value.high);
+        if (!(size > enough)) break;
+        if (n + 1 == kMostTerms) return false;
     }
-    return false;
+    value = QuickTwoSum(value.high, value.low);
+    slope = QuickTwoSum(slope.high, slope.low);
+    return std::isfinite(value.high);
+}
+
+double Size(double value, double slope, double scale) {
+    return std::fabs(value) + std::fabs(slope) / scale;
 }
 
 }  // namespace
 
 HypergeometricPoint FollowHypergeometric(const HypergeometricParameters& p,
                                          HypergeometricPoint start, double from, double to) {
+    constexpr double kStepError = 0x1p-82;
     double x = from;
+    double scale = 1 + SwingAt(p, x) * std::fabs(x);
+    Companion companion = {start.slope.high / scale, -start.value.high * scale};
+    double growth = start.error / Size(companion.value, companion.slope, scale);
     for (int steps = 0; x != to; ++steps) {
         if (steps == kMostSteps) return {{}, {}, 0, true};
-        const double end = NextPoint(p, x, to);
+        const double size = Size(start.value.high, start.slope.high, scale);
+        growth += size * kStepError / Size(companion.value, companion.slope, scale);
+        const double end = NextPoint(x, to, SwingAt(p, x));
         const double h = end - x;  // exact: the points are within a factor of two
-        const double share = std::fabs(h / x);
         DoubleDouble slope = Divide(Multiply(start.slope, h), x);
-        const double size = std::fabs(start.value.high) + std::fabs(slope.high);
-        if (!Step(p, CoefficientsAt(p, x, h), start.value, slope)) return {{}, {}, 0, true};
+        companion.slope *= h / x;
+        if (!Step(p, CoefficientsAt(p, x, h), start.value, slope, companion)) {
+            return {{}, {}, 0, true};
+        }
         start.slope = Divide(Multiply(slope, end), h);
-        start.error += size * share * 0x1p-80;
+        companion.slope *= end / h;
         x = end;
+        scale = 1 + SwingAt(p, x) * std::fabs(x);
     }
+    start.error = growth * Size(companion.value, companion.slope, scale);
     return start;
 }
 
@@ -103,8 +151,10 @@ HypergeometricPoint HypergeometricByParts(const HypergeometricParameters& p, dou
     constexpr double kBearable = 20;  // of the 50 that twice the precision leaves
     constexpr int kTries = 40;
     double from = std::copysign(std::min(std::fabs(x), kFarthest), x);
-    while (ExpectedLoss(p, from) > kBearable)
+    for (int i = 0; i < kTries && ExpectedLoss(p, from) > kBearable; ++i) {
+        if (MeasuredLoss(p, from) < kBearable) break;
         from /= 2;
+    }
     for (int i = 0; i < kTries; ++i) {
         const HypergeometricPoint sum = SumHypergeometric(p, {from, 0}, 0x1p-100);
         const double scale = std::fabs(sum.value.high) + std::fabs(sum.slope.high);
