@@ -1,13 +1,14 @@
 // Elementary functions at twice the precision. The exponential takes off a multiple of ln 2 and
-// divides the rest by 256: nine terms of the power series of exp(r) - 1 then suffice, of which
+// divides the rest by 256: ten terms of the power series of exp(r) - 1 then suffice, of which
 // those beyond the fifth need only one double, and eight steps p -> 2p + p^2 undo the division.
 // The logarithm corrects the runtime's by one step of Newton's method, whose error is the third
 // power of the correction.
 #include "specfun/double_double.h"
 
 #include <cmath>
-#include <cstdint>
 #include <limits>
+
+#include "base/truncate.h"
 
 namespace kalvex::specfun {
 namespace {
@@ -19,10 +20,11 @@ constexpr double kThirdOfLn2 = 5.7077084384162120658e-34;      // what kLn2 leav
 /// exp(r) - 1 for |r| below 0.006.
 DoubleDouble ShortExpMinusOne(DoubleDouble r) {
     const double x = r.high;
-    const double tail = 1.0 / 720 + x * (1.0 / 5040 + x * (1.0 / 40320 + x * (1.0 / 362880)));
+    const double tail =
+        1.0 / 720 + x * (1.0 / 5040 + x * (1.0 / 40320 + x * (1.0 / 362880 + x * (1.0 / 3628800))));
     constexpr DoubleDouble kSixth = {1.0 / 6, 9.25185853854297065662e-18};
     constexpr DoubleDouble kTwentyFourth = {1.0 / 24, 2.31296463463574266416e-18};
-    constexpr DoubleDouble k120th = {1.0 / 120, 1.15648231731787133208e-19};
+    constexpr DoubleDouble k120th = {1.0 / 120, 1.15648231731787138023e-19};
     DoubleDouble sum = Add(k120th, x * tail);
     sum = Add(kTwentyFourth, Multiply(sum, r));
     sum = Add(kSixth, Multiply(sum, r));
@@ -48,7 +50,7 @@ DoubleDouble ExpMinusOne(DoubleDouble a) {
 
 DoubleDouble ExpScaled(DoubleDouble a, int& exponent) {
     const double k = std::nearbyint(a.high / kLn2.high);
-    exponent = static_cast<int>(k);
+    exponent = TruncateToInt32(k);
     return Add(ExpMinusOne(TakeOff(a, k, kLn2, kThirdOfLn2)), 1.0);
 }
 
@@ -84,7 +86,7 @@ DoubleDouble LogOnePlus(DoubleDouble a) {
 
 DoubleDouble ReduceByHalfPi(DoubleDouble a, int& quadrant) {
     const double k = std::nearbyint(a.high / kHalfPi.high);
-    quadrant = static_cast<int>(static_cast<std::int64_t>(k) & 3);
+    quadrant = TruncateToInt32(k - 4 * std::floor(k / 4));
     return TakeOff(a, k, kHalfPi, kThirdOfHalfPi);
 }
 

@@ -1,4 +1,5 @@
-// Every row of every reference table within the goal of its function.
+// Every row of every reference table within the goal of its function, with the kernels of every
+// instruction set that this processor has.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -14,19 +15,25 @@ namespace {
 
 class Accuracy : public testing::TestWithParam<Goal> {};
 
+void ExpectWithinTheGoal(const Goal& goal, const ReferenceRow& row, const KernelTable& kernels) {
+    const EvaluationResult result = ResultAt(goal.name, row, kernels);
+    const double error = MeasuredError(row, result);
+    EXPECT_LE(error, GoalAt(row, goal.most))
+        << goal.name << ".tsv:" << row.line << ": " << CallText(goal.name, row) << " = "
+        << testing::PrintToString(result.value) << ", code " << result.error << ", expected "
+        << testing::PrintToString(row.high) << " + " << row.low << ", condition number "
+        << row.condition << ", n = " << error << ", kernels for " << kernels.name;
+}
+
 TEST_P(Accuracy, IsWithinTheGoal) {
     const Goal goal = GetParam();
     const std::vector<ReferenceRow> rows = ReadReferenceTable(goal.name);
     ASSERT_FALSE(rows.empty()) << "no table " << goal.name << ".tsv";
+    const KernelTables kernels = AvailableKernelTables();
     for (const ReferenceRow& row : rows) {
         ASSERT_FALSE(row.arguments.empty()) << goal.name << ".tsv:" << row.line;
-        const EvaluationResult result = ResultAt(goal.name, row);
-        const double error = MeasuredError(row, result);
-        EXPECT_LE(error, GoalAt(row, goal.most))
-            << goal.name << ".tsv:" << row.line << ": " << CallText(goal.name, row) << " = "
-            << testing::PrintToString(result.value) << ", expected "
-            << testing::PrintToString(row.high) << " + " << row.low << ", condition number "
-            << row.condition << ", n = " << error;
+        for (std::size_t i = 0; i < kernels.count; ++i)
+            ExpectWithinTheGoal(goal, row, *kernels.tables[i]);
     }
 }
 

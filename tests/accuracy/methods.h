@@ -13,12 +13,14 @@ struct Method {
     std::string_view source;
 };
 
-inline constexpr std::array<Method, 38> kMethods = {{
+inline constexpr std::array<Method, 40> kMethods = {{
     {"sin", "all x", "array kernel", "SLEEF"},
     {"cos", "all x", "array kernel", "SLEEF"},
     {"tg", "all x", "array kernel", "SLEEF"},
     {"ln", "x > 0", "array kernel", "SLEEF"},
     {"lg", "x > 0", "array kernel", "SLEEF"},
+    {"sh", "all x", "array kernel; half the exponential beyond 709", "SLEEF"},
+    {"ch", "all x", "array kernel; half the exponential beyond 709", "SLEEF"},
     {"th", "all x", "array kernel", "SLEEF"},
     {"exp", "all x", "array kernel", "SLEEF"},
     {"acos", "-1 to 1", "array kernel", "SLEEF"},

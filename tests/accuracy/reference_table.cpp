@@ -13,6 +13,7 @@
 #include <sstream>
 
 #include "accuracy/goals.h"
+#include "expr/program.h"
 
 namespace kalvex::accuracy {
 namespace {
@@ -86,24 +87,26 @@ std::vector<ReferenceRow> ReadReferenceTable(std::string_view name) {
     return rows;
 }
 
-CompiledExpression ExpressionFor(std::string_view name, const ReferenceRow& row) {
-    if (name == "power") return CompileExpression(u"y^x");
+CompiledExpression ExpressionFor(std::string_view name, const ReferenceRow& row,
+                                 const KernelTable& kernels) {
+    if (name == "power") return {CompileProgram(u"y^x", kernels)};
     std::u16string text(name.begin(), name.end());
     text += u'(';
     const std::size_t count = row.arguments.size();
     for (std::size_t i = 0; i + 2 < count; ++i)
         text += ConstantText(row.arguments[i]) + u',';
     text += count > 1 ? u"y,x)" : u"x)";
-    return CompileExpression(text);
+    return {CompileProgram(text, kernels)};
 }
 
 double OrdinateOf(const ReferenceRow& row) {
     return row.arguments.size() > 1 ? row.arguments[row.arguments.size() - 2] : 0.0;
 }
 
-EvaluationResult ResultAt(std::string_view name, const ReferenceRow& row) {
+EvaluationResult ResultAt(std::string_view name, const ReferenceRow& row,
+                          const KernelTable& kernels) {
     EvaluationResult result;
-    EvaluateInto(ExpressionFor(name, row), {&row.arguments.back(), 1}, OrdinateOf(row),
+    EvaluateInto(ExpressionFor(name, row, kernels), {&row.arguments.back(), 1}, OrdinateOf(row),
                  {&result.value, 1}, {&result.error, 1});
     return result;
 }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "expr/evaluator.h"
+#include "expr/kernels.h"
 
 namespace kalvex::accuracy {
 
@@ -22,14 +23,16 @@ struct ReferenceRow {
 std::vector<ReferenceRow> ReadReferenceTable(std::string_view name);
 
 /// The function as the language writes it, with the last argument x, the one before it y and the
-/// others as constants: "J(y,x)"; for "power" y^x.
-CompiledExpression ExpressionFor(std::string_view name, const ReferenceRow& row);
+/// others as constants: "J(y,x)"; for "power" y^x. Compiled for these kernels.
+CompiledExpression ExpressionFor(std::string_view name, const ReferenceRow& row,
+                                 const KernelTable& kernels = ActiveKernels());
 
 /// The value for y in the expression above; 0 for functions of one argument.
 double OrdinateOf(const ReferenceRow& row);
 
 /// The result at the row's point.
-EvaluationResult ResultAt(std::string_view name, const ReferenceRow& row);
+EvaluationResult ResultAt(std::string_view name, const ReferenceRow& row,
+                          const KernelTable& kernels = ActiveKernels());
 
 /// Error in units in the last place of the exact value over 1 + condition. Where the exact value
 /// overflows: 0 for an infinity of its sign or an undefined point, infinite for all else.

@@ -1,0 +1,129 @@
+// The values are held to their goals by accuracy_tests; here are the ends of the range, the
+// symmetries and what the language never asks for.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+#include "specfun/specfun.h"
+
+namespace kalvex::specfun {
+namespace {
+
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+constexpr double kLargest = std::numeric_limits<double>::max();
+constexpr double kLeast = std::numeric_limits<double>::denorm_min();
+
+using Function = double (*)(double);
+
+TEST(Integrals, KeepNotANumber) {
+    for (const Function f :
+         {Si, Ci, Shi, Chi, Ei, Li, DawsonF, FresnelS, FresnelC, AiryAi, AiryBi, Psi})
+        EXPECT_TRUE(std::isnan(f(kNan)));
+}
+
+TEST(Integrals, EndsOfTheRange) {
+    const double halfPi = std::acos(0.0);
+    const struct {
+        const char* call;
+        double value;
+        double expected;
+    } rows[] = {
+        {"Si(inf)", Si(kInfinity), halfPi},
+        {"Si(-inf)", Si(-kInfinity), -halfPi},
+        {"Si(largest)", Si(kLargest), halfPi},
+        {"Si(-largest)", Si(-kLargest), -halfPi},
+        {"Si(least)", Si(kLeast), kLeast},
+        {"Ci(0)", Ci(0), -kInfinity},
+        {"Ci(inf)", Ci(kInfinity), 0},
+        {"Ci(-inf)", Ci(-kInfinity), 0},
+        {"Shi(inf)", Shi(kInfinity), kInfinity},
+        {"Shi(-inf)", Shi(-kInfinity), -kInfinity},
+        {"Shi(-least)", Shi(-kLeast), -kLeast},
+        {"Chi(0)", Chi(0), -kInfinity},
+        {"Chi(-inf)", Chi(-kInfinity), kInfinity},
+        {"Ei(0)", Ei(0), -kInfinity},
+        {"Ei(717)", Ei(717), kInfinity},
+        {"Ei(inf)", Ei(kInfinity), kInfinity},
+        {"Ei(-inf)", Ei(-kInfinity), 0},
+        {"Li(1)", Li(1), -kInfinity},
+        {"Li(inf)", Li(kInfinity), kInfinity},
+        {"DawsonF(inf)", DawsonF(kInfinity), 0},
+        {"DawsonF(-least)", DawsonF(-kLeast), -kLeast},
+        {"S(inf)", FresnelS(kInfinity), 0.5},
+        {"S(-inf)", FresnelS(-kInfinity), -0.5},
+        {"S(least)", FresnelS(kLeast), 0},
+        {"C(largest)", FresnelC(kLargest), 0.5},
+        {"C(-inf)", FresnelC(-kInfinity), -0.5},
+        {"C(least)", FresnelC(kLeast), kLeast},
+        {"Ai(inf)", AiryAi(kInfinity), 0},
+        {"Ai(-inf)", AiryAi(-kInfinity), 0},
+        {"Ai(110)", AiryAi(110), 0},
+        {"Bi(inf)", AiryBi(kInfinity), kInfinity},
+        {"Bi(-inf)", AiryBi(-kInfinity), 0},
+        {"Bi(105)", AiryBi(105), kInfinity},
+        {"Psi(inf)", Psi(kInfinity), kInfinity},
+        {"Psi(least)", Psi(kLeast), -kInfinity},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(row.value, row.expected) << row.call;
+}
+
+TEST(Integrals, OddAndEven) {
+    for (const double x :
+         {1e-300, 1e-9, 0.3, 1.2, 1.6, 2.0, 3.0, 5.0, 9.0, 47.0, 90.0, 1e6, 1e20}) {
+        for (const Function f : {Si, Shi, DawsonF, FresnelS, FresnelC})
+            EXPECT_EQ(f(-x), -f(x)) << x;
+        for (const Function f : {Ci, Chi})
+            EXPECT_EQ(f(-x), f(x)) << x;
+    }
+}
+
+/// At each seam between two methods the values on both sides continue each other.
+TEST(Integrals, NoJumpAtASeam) {
+    const struct {
+        const char* name;
+        Function f;
+        double at;
+    } rows[] = {
+        {"Si", Si, 1.5},         {"Si", Si, 2.75},        {"Si", Si, 4},
+        {"Si", Si, 6},           {"Si", Si, 12},          {"Si", Si, 48},
+        {"Ci", Ci, 0.75},        {"Ci", Ci, 1.5},         {"Ci", Ci, 2.5},
+        {"Ci", Ci, 4},           {"Ci", Ci, 48},          {"Shi", Shi, 40},
+        {"Chi", Chi, 40},        {"Ei", Ei, 700},         {"DawsonF", DawsonF, 0.5},
+        {"DawsonF", DawsonF, 1}, {"DawsonF", DawsonF, 5}, {"DawsonF", DawsonF, 10},
+        {"S", FresnelS, 1.125},  {"S", FresnelS, 1.625},  {"S", FresnelS, 8},
+        {"C", FresnelC, 0.75},   {"C", FresnelC, 1.25},   {"C", FresnelC, 8},
+        {"Ai", AiryAi, -25},     {"Ai", AiryAi, -1.875},  {"Ai", AiryAi, 0},
+        {"Ai", AiryAi, 1.4},     {"Ai", AiryAi, 2.125},   {"Ai", AiryAi, 25},
+        {"Bi", AiryBi, -25},     {"Bi", AiryBi, -2.5},    {"Bi", AiryBi, -1.6},
+        {"Bi", AiryBi, 0.75},    {"Bi", AiryBi, 25},      {"Psi", Psi, 1},
+        {"Psi", Psi, 2},         {"Psi", Psi, 10},
+    };
+    for (const auto& row : rows) {
+        const double step = row.at == 0 ? kLeast : 0;
+        const double before = row.f(step != 0 ? -step : std::nextafter(row.at, -kInfinity));
+        const double behind = row.f(std::nextafter(row.at, kInfinity));
+        const double rate =
+            std::fabs(row.at * (row.f(row.at + 1e-6) - row.f(row.at - 1e-6)) / 2e-6);
+        EXPECT_NEAR(before, behind, 3e-16 * (3 * std::fabs(behind) + 2 * rate))
+            << row.name << " at " << row.at;
+    }
+}
+
+TEST(Integrals, ReportWhatHasNoValue) {
+    EXPECT_THROW(Li(0), ap::ap_error);
+    EXPECT_THROW(Li(-1), ap::ap_error);
+    for (const double x : {0.0, -1.0, -20.0, -1e300}) {
+        try {
+            Psi(x);
+            ADD_FAILURE() << x;
+        } catch (const ap::ap_error& error) {
+            EXPECT_EQ(error.msg, "Singularity in Psi(x)");
+        }
+    }
+}
+
+}  // namespace
+}  // namespace kalvex::specfun
