@@ -35,13 +35,12 @@ constexpr double kGoodEnough = 0x1p-56;
 constexpr double kBearable = 0x1p-40;
 constexpr double kHopeless = 1e6;  // added to the cost of what is likely to cancel
 
+/// A negative integer whose series ends before c meets 0.
 bool EndsBefore(DoubleDouble a, DoubleDouble c) {
-    const double value = ToDouble(a);
-    const double limit = ToDouble(c);
-    const bool integral =
-        value <= 0 && std::floor(value) == value && a.high + a.low == value && value == a.high;
-    const bool pole = limit <= 0 && std::floor(limit) == limit;
-    return integral && (!pole || value >= limit);
+    const auto integral = [](DoubleDouble value) {
+        return value.high <= 0 && value.low == 0 && std::floor(value.high) == value.high;
+    };
+    return integral(a) && (!integral(c) || a.high >= c.high);
 }
 
 bool Terminates(const HypergeometricParameters& p) {

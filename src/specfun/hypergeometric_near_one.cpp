@@ -90,11 +90,14 @@ HypergeometricPoint Matched(const HypergeometricParameters& p, double x) {
     start.value = Add(first, second);
     start.error = relative * (sizeOfA * std::fabs(at.f.value.high / determinant.high) +
                               sizeOfB * std::fabs(factor.high)) +
-                  (RelativeError(at.f) + ofDeterminant) * std::fabs(first.high) +
-                  (RelativeError(at.g) + ofDeterminant) * std::fabs(second.high);
+                  RelativeError(at.f) * std::fabs(first.high) +
+                  RelativeError(at.g) * std::fabs(second.high) +
+                  ofDeterminant * std::fabs(start.value.high);
     start.failed = start.failed || at0.f.failed || at0.g.failed || at.f.failed || at.g.failed ||
                    !std::isfinite(start.value.high);
-    start.slope = {};
+    const double slopeInW = first.high * (at.f.slope.high / at.f.value.high) +
+                            second.high * (at.slopeOfG.high / at.g.value.high);
+    start.slope = {-slopeInW * x / w, 0};
     return start;
 }
 

@@ -14,10 +14,10 @@ struct HypergeometricParameters {
     DoubleDouble c;
 };
 
-/// a + k, the low part not normalised.
+/// a + k, normalised in case the high parts cancel.
 inline DoubleDouble PlusInteger(DoubleDouble a, double k) {
     const DoubleDouble sum = TwoSum(a.high, k);
-    return {sum.high, sum.low + a.low};
+    return QuickTwoSum(sum.high, sum.low + a.low);
 }
 
 /// The product without normalising: the error is that of Multiply as long as the low parts stay
