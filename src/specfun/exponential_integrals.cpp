@@ -1,13 +1,14 @@
 // Exponential, logarithmic and hyperbolic integrals. The library's routines stop short of the end
 // of the range; there the asymptotic series
 //   Ei(x) = exp(x)/x (1 + 1!/x + 2!/x^2 + ...)
-// stands in (DLMF 6.12.2); Shi and Chi differ from Ei/2 by exp(-2x) only. The logarithmic integral
-// is Ei(ln x); a rounding of ln x would cost up to 350 units, so the rest of the logarithm is
-// brought in by the derivative exp(t)/t of Ei.
+// stands in (DLMF 6.12.2); Shi and Chi differ from Ei/2 by exp(-2x) only. Near 0 these two have
+// their power series. The logarithmic integral is Ei(ln x); a rounding of ln x would cost up to 350
+// units, so the rest of the logarithm is brought in by the derivative exp(t)/t of Ei.
 #include <cmath>
 #include <limits>
 
 #include "specfun/double_double.h"
+#include "specfun/integral_series.h"
 #include "specfun/library_call.h"
 #include "specfun/specfun.h"
 
@@ -70,6 +71,7 @@ double Shi(double x) {
     if (std::isnan(x)) return x;
     const double magnitude = std::fabs(x);
     if (magnitude < kLinear) return x;
+    if (magnitude < 2) return x + x * SineIntegralSeries(x * x);
     if (magnitude > kHyperbolicLimit) return std::copysign(HalfEi(magnitude), x);
     return FromLibrary([x] { return HyperbolicIntegrals(x).shi; });
 }
@@ -78,7 +80,7 @@ double Chi(double x) {
     if (std::isnan(x)) return x;
     x = std::fabs(x);
     if (x == 0) return -kInfinity;
-    if (x < kLinear) return std::log(x) + kEulerGamma.high;
+    if (x < 1) return CosineIntegralNearZero(x, x * x);
     if (x > kHyperbolicLimit) return HalfEi(x);
     return FromLibrary([x] { return HyperbolicIntegrals(x).chi; });
 }

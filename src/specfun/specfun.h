@@ -63,14 +63,14 @@ double Li(double x);
 double Si(double x);
 
 /// Cosine integral, gamma + ln|x| + the integral of (cos(t)-1)/t over 0..|x|. Even in x: for x
-/// below 0 the real part is meant. Minus infinity at 0. Method as Si. n below 1.1.
+/// below 0 the real part is meant. Minus infinity at 0. Method as Si. n below 1.4.
 double Ci(double x);
 
-/// Integral of sinh(t)/t over 0..x. Odd in x. Ei(|x|)/2 beyond 40. n below 1.5.
+/// Integral of sinh(t)/t over 0..x. Odd in x. Ei(|x|)/2 beyond 40. n below 1.2.
 double Shi(double x);
 
 /// Hyperbolic cosine integral, gamma + ln|x| + the integral of (cosh(t)-1)/t over 0..|x|. Even in
-/// x. Minus infinity at 0. Ei(|x|)/2 beyond 40. n below 1.2.
+/// x. Minus infinity at 0. Ei(|x|)/2 beyond 40. n below 1.3.
 double Chi(double x);
 
 /// Integral of sin(pi/2 t^2) over 0..x. Odd in x. From 8 on the asymptotic series of the auxiliary

@@ -9,6 +9,7 @@
 
 #include "specfun/double_double.h"
 #include "specfun/integral_coefficients.h"
+#include "specfun/integral_series.h"
 #include "specfun/polynomial.h"
 #include "specfun/specfun.h"
 
@@ -53,48 +54,14 @@ Auxiliary AuxiliaryAt(double x) {
             Polynomial(kTrigG4, r - kTrigG4Middle) / x / x};
 }
 
-/// The integral of (cos t - 1)/t over 0..x, x up to 0.75.
-double CosineSeries(double x) {
-    constexpr double kTerms[] = {4,        96,         4320,          322560,
-                                 36288000, 5748019200, 1220496076800, 334764638208000};
-    const double q = -x * x;
-    double sum = 0;
-    for (int k = 7; k >= 0; --k)
-        sum = q * (1 / kTerms[k] + sum);
-    return sum;
-}
-
-/// x up to 1.5.
-double SmallSi(double x) {
-    if (std::fabs(x) < kLinear) return x;
-    constexpr double kTerms[] = {18,
-                                 600,
-                                 35280,
-                                 3265920,
-                                 439084800,
-                                 80951270400,
-                                 19615115520000,
-                                 6046686277632000,
-                                 2311256907767808000.0};
-    const double q = -x * x;
-    double sum = 0;
-    for (int k = 8; k >= 0; --k)
-        sum = q * (1 / kTerms[k] + sum);
-    return x + x * sum;
-}
-
-double SmallCi(double x) {
-    const DoubleDouble sum = TwoSum(std::log(x), kEulerGamma.high);
-    return sum.high + (sum.low + kEulerGamma.low + CosineSeries(x));
-}
-
 }  // namespace
 
 double Si(double x) {
     if (std::isnan(x)) return x;
     const double magnitude = std::fabs(x);
     if (std::isinf(x)) return std::copysign(kHalfPi.high, x);
-    if (magnitude < 1.5) return SmallSi(x);
+    if (magnitude < kLinear) return x;
+    if (magnitude < 1.5) return x + x * SineIntegralSeries(-x * x);
     if (magnitude < 2.75) {
         return std::copysign(Polynomial(kSiRising, magnitude - kSiRisingMiddle), x);
     }
@@ -111,7 +78,7 @@ double Ci(double x) {
     x = std::fabs(x);
     if (x == 0) return -std::numeric_limits<double>::infinity();
     if (std::isinf(x)) return 0;
-    if (x < 0.75) return SmallCi(x);
+    if (x < 0.75) return CosineIntegralNearZero(x, -x * x);
     if (x < 1.5) return Polynomial(kCiRising, x - kCiRisingMiddle);
     if (x < 2.5) return Polynomial(kCiFalling, x - kCiFallingMiddle);
     if (x < 4) {

@@ -13,7 +13,7 @@ struct Method {
     std::string_view source;
 };
 
-inline constexpr std::array<Method, 40> kMethods = {{
+inline constexpr std::array<Method, 41> kMethods = {{
     {"sin", "all x", "array kernel", "SLEEF"},
     {"cos", "all x", "array kernel", "SLEEF"},
     {"tg", "all x", "array kernel", "SLEEF"},
@@ -34,8 +34,10 @@ inline constexpr std::array<Method, 40> kMethods = {{
      "DLMF 6.6.5, 6.2.19, 6.12.3"},
     {"Ci", "x not 0", "logarithm and power series to 0.75, polynomials to 4, auxiliary functions",
      "DLMF 6.6.6, 6.2.20, 6.12.4"},
-    {"Shi", "all x", "Chebyshev series to 40, half of Ei beyond", "ALGLIB; DLMF 6.12.2"},
-    {"Chi", "x not 0", "Chebyshev series to 40, half of Ei beyond", "ALGLIB; DLMF 6.12.2"},
+    {"Shi", "all x", "power series to 2, Chebyshev series to 40, half of Ei beyond",
+     "ALGLIB; DLMF 6.6.5, 6.12.2"},
+    {"Chi", "x not 0", "power series to 1, Chebyshev series to 40, half of Ei beyond",
+     "ALGLIB; DLMF 6.6.6, 6.12.2"},
     {"Psi", "all x but 0, -1, -2, ...",
      "polynomial about the zero, recurrence to 10, asymptotic series, reflection",
      "DLMF 5.5.2, 5.5.4, 5.11.2"},
@@ -61,6 +63,9 @@ inline constexpr std::array<Method, 40> kMethods = {{
      "Temme 1975; DLMF 10.41.4"},
     {"I", "orders >= 0, x > 0", "power series, Wronskian with K; uniform expansion",
      "DLMF 10.25.2, 10.28.2, 10.41.3"},
+    {"Hyper", "-1 < x < 1",
+     "the power series or transformation that cancels least; Taylor steps of the equation",
+     "DLMF 15.2.1, 15.8.1, 15.8.4, 15.10.1"},
     {"log", "base > 0 and not 1, x > 0", "quotient of array kernels", "SLEEF"},
     {"Cheb", "integral degrees, -1 to 1", "doubling of the degree in double-double arithmetic",
      "DLMF 18.5.1, 18.5.2"},
