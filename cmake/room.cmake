@@ -29,6 +29,6 @@ function(kalvex_test NAME)
   target_include_directories(${NAME}_tests PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_link_libraries(${NAME}_tests PRIVATE ${TEST_USES} GTest::gtest_main kalvex_flags)
   gtest_discover_tests(${NAME}_tests TEST_PREFIX ${NAME}. DISCOVERY_TIMEOUT 60
-                       PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen"
+                       PROPERTIES TIMEOUT 300 ENVIRONMENT "QT_QPA_PLATFORM=offscreen"
                                   ENVIRONMENT_MODIFICATION "LOCPATH=set:${KALVEX_LOCALES}")
 endfunction()

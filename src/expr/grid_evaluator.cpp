@@ -44,10 +44,10 @@ NodeIndex WithoutZeroTerm(const SyntaxTree& tree, std::span<const double> xs) {
     return isZero && finite ? root.operands[1] : tree.root;
 }
 
-/// Rows begin anywhere and are evaluated up to the next multiple of eight: a little spare room at
-/// the end of each array keeps that inside it.
+/// Length of the arrays of an axis. Rows begin anywhere and are read up to the next multiple of
+/// eight behind their end, whole axes up to the next multiple of eight of this.
 std::size_t WithSpare(std::size_t count) {
-    return count + 2 * kPaddedLanes;
+    return (count + 3 * kPaddedLanes - 1) / kPaddedLanes * kPaddedLanes;
 }
 
 std::vector<double> Copied(std::span<const double> values) {

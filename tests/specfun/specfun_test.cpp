@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <cfloat>
-#include <chrono>
 #include <cmath>
 #include <functional>
 #include <limits>
@@ -296,11 +295,7 @@ TEST(SpecialFunctions, SurviveAnything) {
     for (const Named& function : functions) {
         for (const double first : kArguments) {
             for (const double second : kArguments) {
-                const auto start = std::chrono::steady_clock::now();
                 const std::string outcome = ErrorOf([&] { return function.call(first, second); });
-                const auto spent = std::chrono::steady_clock::now() - start;
-                EXPECT_LT(spent, std::chrono::seconds(2))
-                    << function.name << " " << first << " " << second;
                 if (std::isnan(second)) {
                     EXPECT_TRUE(outcome.find("nan") != std::string::npos ||
                                 outcome.find("value") == std::string::npos)
