@@ -11,8 +11,9 @@
 namespace kalvex::specfun {
 namespace {
 
-constexpr int kMostTerms = 20000;
-constexpr double kUnit = 0x1p-102;       // of the error of one step
+constexpr int kMostTerms = 6000;
+constexpr double kUnit = 0x1p-102;  // of the error of one step
+constexpr double kOverflowing = 1e305;
 constexpr double kPlainError = 0x1p-50;  // of one term in one double, for each step so far
 
 /// (a+k)(b+k) / ((c+k)(k+1)); the low part is not normalised.
@@ -30,6 +31,12 @@ DoubleDouble Ratio(DoubleDouble a, DoubleDouble b, DoubleDouble c, double next) 
 
 bool IsZero(DoubleDouble a) {
     return a.high + a.low == 0;
+}
+
+/// Neither settles nor ends within so many terms.
+bool TooLong(const HypergeometricParameters& p, double settled, double most) {
+    const auto ends = [most](double a) { return a <= 0 && a >= -most && std::floor(a) == a; };
+    return settled > most && !ends(p.a.high) && !ends(p.b.high);
 }
 
 /// The terms after the k-th, which one double each is enough for; they fall at least as `fall`.
@@ -60,6 +67,7 @@ HypergeometricPoint SumHypergeometric(const HypergeometricParameters& p, DoubleD
     const double settled = -std::min({p.a.high, p.b.high, p.c.high});
     const double limit = std::fabs(z.high);
     sum.failed = true;
+    if (TooLong(p, settled, kMostTerms)) return sum;
     for (int k = 0; k < kMostTerms; ++k) {
         const DoubleDouble a = PlusInteger(p.a, k);
         const DoubleDouble b = PlusInteger(p.b, k);
@@ -77,6 +85,7 @@ HypergeometricPoint SumHypergeometric(const HypergeometricParameters& p, DoubleD
         const DoubleDouble weighted = TwoProduct(term.high, next);
         Accumulate(sum.slope, weighted.high, weighted.low + term.low * next);
         magnitude += std::fabs(term.high) * (next + 3);
+        if (!(magnitude < kOverflowing)) break;
         const double fall = std::max(limit, std::fabs(ratio.high * z.high));
         const double enough = tolerance * (std::fabs(sum.value.high) + std::fabs(sum.slope.high));
         const double rest = std::fabs(term.high) * next * fall;
@@ -86,7 +95,6 @@ HypergeometricPoint SumHypergeometric(const HypergeometricParameters& p, DoubleD
             break;
         }
     }
-    sum.failed = sum.failed || !std::isfinite(magnitude);
     sum.value = QuickTwoSum(sum.value.high, sum.value.low);
     sum.slope = QuickTwoSum(sum.slope.high, sum.slope.low);
     sum.error = magnitude * kUnit + tolerance * std::fabs(sum.value.high);
@@ -97,6 +105,7 @@ double MeasuredLoss(const HypergeometricParameters& p, double z) {
     constexpr int kMost = 3000;
     constexpr double kNegligible = 1e-18;
     const double settled = -std::min({p.a.high, p.b.high, p.c.high});
+    if (TooLong(p, settled, kMost)) return INFINITY;
     double term = 1;
     double sum = 1;
     double magnitude = 1;
@@ -105,6 +114,7 @@ double MeasuredLoss(const HypergeometricParameters& p, double z) {
         term *= ratio;
         sum += term;
         magnitude += std::fabs(term);
+        if (!(magnitude < kOverflowing)) break;
         const bool settles = k > settled && std::fabs(ratio) < 1;
         if (term == 0 || (settles && std::fabs(term) < kNegligible * magnitude)) {
             return std::log(magnitude / std::fabs(sum));

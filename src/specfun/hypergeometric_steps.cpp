@@ -13,8 +13,9 @@
 namespace kalvex::specfun {
 namespace {
 
-constexpr int kMostSteps = 2000;
-constexpr int kMostTerms = 400;
+constexpr int kMostSteps = 600;
+constexpr double kPhase = 12;  // of the solution in one step
+constexpr int kMostTerms = 250;
 constexpr double kTolerance = 0x1p-85;
 
 struct StepCoefficients {
@@ -37,7 +38,6 @@ double SwingAt(const HypergeometricParameters& p, double x) {
 
 /// The end of the step that starts at x.
 double NextPoint(double x, double to, double swing) {
-    constexpr double kPhase = 12;
     const double room = std::min(std::fabs(x), 1 - x);
     const double step = std::min(room / 2, kPhase / swing);
     if (std::fabs(to - x) <= step * 1.1) return to;
@@ -112,15 +112,19 @@ double Size(double value, double slope, double scale) {
 HypergeometricPoint FollowHypergeometric(const HypergeometricParameters& p,
                                          HypergeometricPoint start, double from, double to) {
     constexpr double kStepError = 0x1p-82;
+    const double phase = std::sqrt(std::fabs(p.a.high * p.b.high)) +
+                         std::fabs(p.a.high + p.b.high) + std::fabs(p.c.high);
+    if (!(phase < kMostSteps * kPhase)) return {{}, {}, 0, true};
     double x = from;
     double scale = 1 + SwingAt(p, x) * std::fabs(x);
     Companion companion = {start.slope.high / scale, -start.value.high * scale};
     double growth = start.error / Size(companion.value, companion.slope, scale);
     for (int steps = 0; x != to; ++steps) {
+        const double swing = SwingAt(p, x);
         if (steps == kMostSteps) return {{}, {}, 0, true};
         const double size = Size(start.value.high, start.slope.high, scale);
         growth += size * kStepError / Size(companion.value, companion.slope, scale);
-        const double end = NextPoint(x, to, SwingAt(p, x));
+        const double end = NextPoint(x, to, swing);
         const double h = end - x;  // exact: the points are within a factor of two
         DoubleDouble slope = Divide(Multiply(start.slope, h), x);
         companion.slope *= h / x;
@@ -149,7 +153,7 @@ double ExpectedLoss(const HypergeometricParameters& p, double z) {
 HypergeometricPoint HypergeometricByParts(const HypergeometricParameters& p, double x) {
     constexpr double kFarthest = 0.5;
     constexpr double kBearable = 20;  // of the 50 that twice the precision leaves
-    constexpr int kTries = 40;
+    constexpr int kTries = 12;
     double from = std::copysign(std::min(std::fabs(x), kFarthest), x);
     for (int i = 0; i < kTries && ExpectedLoss(p, from) > kBearable; ++i) {
         if (MeasuredLoss(p, from) < kBearable) break;
