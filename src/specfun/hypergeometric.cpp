@@ -35,12 +35,13 @@ constexpr double kGoodEnough = 0x1p-56;
 constexpr double kBearable = 0x1p-40;
 constexpr double kHopeless = 1e6;  // added to the cost of what is likely to cancel
 
+bool IsPole(DoubleDouble c) {
+    return c.high <= 0 && c.low == 0 && std::floor(c.high) == c.high;
+}
+
 /// A negative integer whose series ends before c meets 0.
 bool EndsBefore(DoubleDouble a, DoubleDouble c) {
-    const auto integral = [](DoubleDouble value) {
-        return value.high <= 0 && value.low == 0 && std::floor(value.high) == value.high;
-    };
-    return integral(a) && (!integral(c) || a.high >= c.high);
+    return IsPole(a) && (!IsPole(c) || a.high >= c.high);
 }
 
 bool Terminates(const HypergeometricParameters& p) {
@@ -116,6 +117,8 @@ void KeepBetter(Value& best, const Value& other) {
 Value BySeries(const HypergeometricParameters& p, double x) {
     constexpr double kMostTerms = 1200;
     constexpr double kBearableLoss = 28;
+    constexpr double kNextToPole = 1e-250;
+    const bool onlyDirect = IsPole(p.c) || std::fabs(p.c.high) < kNextToPole;
     std::array<Form, 4> forms = FormsOf(p);
     for (Form& form : forms)
         form.cost = CostOf(form, x);
@@ -123,6 +126,7 @@ Value BySeries(const HypergeometricParameters& p, double x) {
               [](const Form& left, const Form& right) { return left.cost < right.cost; });
     Value best;
     for (const Form& form : forms) {
+        if (onlyDirect && (form.pfaff || form.power.high != 0)) continue;
         const double terms = form.cost < kHopeless ? form.cost : form.cost - kHopeless;
         if (terms > kMostTerms) continue;
         const double z = form.pfaff ? x / (x - 1) : x;
@@ -137,7 +141,7 @@ Value BestValue(const HypergeometricParameters& p, double x) {
     constexpr double kNearOne = 0.9;
     Value best = BySeries(p, x);
     if (best.loss < kGoodEnough) return best;
-    if (x > kNearOne) KeepBetter(best, ValueOf(HypergeometricNearOne(p, x)));
+    if (x > kNearOne && !IsPole(p.c)) KeepBetter(best, ValueOf(HypergeometricNearOne(p, x)));
     if (best.loss < kGoodEnough) return best;
     KeepBetter(best, ValueOf(HypergeometricByParts(p, x)));
     return best;
@@ -150,8 +154,9 @@ double Hypergeometric2F1(double a, double b, double c, double x) {
     if (!std::isfinite(a + b + c)) throw ap::ap_error{kOverflow};
     if (!(std::fabs(x) < 1)) throw ap::ap_error{"Domain error in Hypergeometric2F1"};
     const HypergeometricParameters p = {{a, 0}, {b, 0}, {c, 0}};
-    const bool pole = c <= 0 && std::floor(c) == c;
-    if (pole && !EndsBefore(p.a, p.c) && !EndsBefore(p.b, p.c)) throw ap::ap_error{kOverflow};
+    if (IsPole(p.c) && !EndsBefore(p.a, p.c) && !EndsBefore(p.b, p.c)) {
+        throw ap::ap_error{kOverflow};
+    }
     if (a == 0 || b == 0 || x == 0) return 1;
     const Value value = BestValue(p, x);
     if (!(value.loss < kBearable)) throw ap::ap_error{kOverflow};

@@ -4,7 +4,7 @@
 // F = A f + B g; A and B follow from F and its slope at a point w0 where the series at 0 still
 // does well, which needs no gamma function and no case of its own for large parameters. For s
 // near an integer f and g grow alike and their difference loses digits, as many as s is near;
-// for s nearer than the precision bears, or integral, F is interpolated between two values of c,
+// for s nearer than the precision bears, or integral, F is interpolated between two values of a,
 // in which it is analytic.
 #include <algorithm>
 #include <cmath>
@@ -101,18 +101,21 @@ HypergeometricPoint Matched(const HypergeometricParameters& p, double x) {
     return start;
 }
 
-/// Where c-a-b is `delta` above an integer: linear in c between the values at `kNear` on both
+/// Where c-a-b is `delta` above an integer: linear in a, of which the function is an entire one
+/// whatever c is, between the values at `kNear` on both
 /// sides. What the square of the distance leaves is below 1e-17, and the difference of the two is
 /// small beside the value, so that one double holds it.
 HypergeometricPoint Interpolated(const HypergeometricParameters& p, double x, double delta) {
     HypergeometricParameters moved = p;
-    moved.c = Add(p.c, kNear - delta);
+    moved.a = Add(p.a, delta - kNear);
     HypergeometricPoint result = Matched(moved, x);
-    moved.c = Add(p.c, -kNear - delta);
+    moved.a = Add(p.a, delta + kNear);
     const HypergeometricPoint below = Matched(moved, x);
     const double difference = ToDouble(Subtract(result.value, below.value));
     result.value = Add(result.value, (delta / kNear - 1) / 2 * difference);
-    result.error = 2 * std::max(result.error, below.error);
+    constexpr double kCurvature = 16;  // the second derivative by the first, with a margin
+    result.error =
+        2 * std::max(result.error, below.error) + std::fabs(difference) * kNear * kCurvature;
     result.failed = result.failed || below.failed;
     return result;
 }

@@ -33,6 +33,14 @@ bool IsZero(DoubleDouble a) {
     return a.high + a.low == 0;
 }
 
+/// A bound of this and all later ratios of terms without z, once all factors are positive: the
+/// quotients of two factors tend to 1 monotonically.
+double GreatestRatio(double a, double b, double c, double next) {
+    const double straight = std::max(1.0, a / c) * std::max(1.0, b / next);
+    const double crossed = std::max(1.0, b / c) * std::max(1.0, a / next);
+    return std::min(straight, crossed);
+}
+
 /// Neither settles nor ends within so many terms.
 bool TooLong(const HypergeometricParameters& p, double settled, double most) {
     const auto ends = [most](double a) { return a <= 0 && a >= -most && std::floor(a) == a; };
@@ -86,10 +94,11 @@ HypergeometricPoint SumHypergeometric(const HypergeometricParameters& p, DoubleD
         Accumulate(sum.slope, weighted.high, weighted.low + term.low * next);
         magnitude += std::fabs(term.high) * (next + 3);
         if (!(magnitude < kOverflowing)) break;
-        const double fall = std::max(limit, std::fabs(ratio.high * z.high));
         const double enough = tolerance * (std::fabs(sum.value.high) + std::fabs(sum.slope.high));
-        const double rest = std::fabs(term.high) * next * fall;
-        if (k > settled && fall < 1 && rest * kPlainError < enough * (1 - fall) * (1 - fall)) {
+        const double rest = std::fabs(term.high) * next * kPlainError;
+        if (rest >= enough || k <= settled) continue;
+        const double fall = limit * GreatestRatio(a.high, b.high, c.high, next);
+        if (fall < 1 && rest * fall < enough * (1 - fall) * (1 - fall)) {
             AddTail(p, z.high, next, term.high, enough, sum);
             sum.failed = false;
             break;

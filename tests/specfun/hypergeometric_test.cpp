@@ -104,7 +104,18 @@ TEST(Hypergeometric, FiniteSums) {
     EXPECT_EQ(Hypergeometric2F1(-2, 1, -2, 0.5), 1 + 0.5 + 0.25);
     EXPECT_EQ(Hypergeometric2F1(4, -1, 2, 0.25), 0.5);
     EXPECT_EQ(Hypergeometric2F1(7, 0, -1, 0.25), 1);
+    EXPECT_EQ(Hypergeometric2F1(0.5, -3, -3, 0.5), 1 + 0.25 + 0.09375 + 0.0390625);
     EXPECT_EQ(Hypergeometric2F1(0.3, 0.4, 0.5, 0), 1);
+}
+
+// Next to the poles in c and the zeros in b the first terms say little about the later ones.
+TEST(Hypergeometric, NextToPoles) {
+    EXPECT_NEAR(Hypergeometric2F1(1234.5, 1e-12, 2.5, -0.1), 1 - 4.124e-12, 1e-14);
+    EXPECT_NEAR(Hypergeometric2F1(2.5, 2.5, 1e-12, 0.5) * 1e-12,
+                6.25 * 0.5 * Hypergeometric2F1(3.5, 3.5, 2, 0.5), 1e-9);
+    EXPECT_NEAR(Hypergeometric2F1(2.5, 2.5, 1e-12, 0.999) * 1e-12 /
+                    (6.25 * 0.999 * Hypergeometric2F1(3.5, 3.5, 2, 0.999)),
+                1, 1e-10);
 }
 
 // F(a,b;c;1) by Gauss for c-a-b above 0, growth (1-x)^(c-a-b) below it.
