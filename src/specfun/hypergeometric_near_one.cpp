@@ -45,8 +45,12 @@ LocalSolutions SolutionsAt(const Local& local, double w) {
     return at;
 }
 
+bool Failed(const LocalSolutions& at) {
+    return at.f.failed || at.g.failed;
+}
+
 double RelativeError(const HypergeometricPoint& p) {
-    return p.error / (std::fabs(p.value.high) + std::fabs(p.slope.high));
+    return 0x1p-100 + p.error / (std::fabs(p.value.high) + std::fabs(p.slope.high));
 }
 
 /// The greatest power of two, 1/2 at most, at which the local series lose little.
@@ -81,8 +85,7 @@ HypergeometricPoint Matched(const HypergeometricParameters& p, double x) {
     const DoubleDouble factor = Divide(Multiply(at.g.value, power), determinant);
     const DoubleDouble second = Multiply(Subtract(ofB1, ofB2), factor);
 
-    const double relative =
-        0x1p-98 + RelativeError(start) + RelativeError(at0.f) + RelativeError(at0.g);
+    const double relative = RelativeError(start) + RelativeError(at0.f) + RelativeError(at0.g);
     const double ofDeterminant =
         relative * (std::fabs(fg.high) + std::fabs(gf.high)) / std::fabs(determinant.high);
     const double sizeOfA = std::fabs(ofA1.high) + std::fabs(ofA2.high);
@@ -93,8 +96,7 @@ HypergeometricPoint Matched(const HypergeometricParameters& p, double x) {
                   RelativeError(at.f) * std::fabs(first.high) +
                   RelativeError(at.g) * std::fabs(second.high) +
                   ofDeterminant * std::fabs(start.value.high);
-    start.failed = start.failed || at0.f.failed || at0.g.failed || at.f.failed || at.g.failed ||
-                   !std::isfinite(start.value.high);
+    start.failed = start.failed || Failed(at0) || Failed(at) || !std::isfinite(start.value.high);
     const double slopeInW = first.high * (at.f.slope.high / at.f.value.high) +
                             second.high * (at.slopeOfG.high / at.g.value.high);
     start.slope = {-slopeInW * x / w, 0};

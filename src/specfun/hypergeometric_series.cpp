@@ -41,6 +41,11 @@ double GreatestRatio(double a, double b, double c, double next) {
     return std::min(straight, crossed);
 }
 
+/// The term from which on all factors are positive.
+double Settled(const HypergeometricParameters& p) {
+    return -std::min({p.a.high, p.b.high, p.c.high});
+}
+
 /// Neither settles nor ends within so many terms.
 bool TooLong(const HypergeometricParameters& p, double settled, double most) {
     const auto ends = [most](double a) { return a <= 0 && a >= -most && std::floor(a) == a; };
@@ -69,12 +74,10 @@ void AddTail(const HypergeometricParameters& p, double z, double k, double term,
 
 HypergeometricPoint SumHypergeometric(const HypergeometricParameters& p, DoubleDouble z,
                                       double tolerance) {
-    HypergeometricPoint sum = {{1, 0}, {}};
+    HypergeometricPoint sum = {{1, 0}, {}, 0, true};
     DoubleDouble term = {1, 0};
     double magnitude = 3;
-    const double settled = -std::min({p.a.high, p.b.high, p.c.high});
-    const double limit = std::fabs(z.high);
-    sum.failed = true;
+    const double settled = Settled(p);
     if (TooLong(p, settled, kMostTerms)) return sum;
     for (int k = 0; k < kMostTerms; ++k) {
         const DoubleDouble a = PlusInteger(p.a, k);
@@ -87,8 +90,7 @@ HypergeometricPoint SumHypergeometric(const HypergeometricParameters& p, DoubleD
         sum.singular = IsZero(c);
         if (sum.singular) break;
         const double next = k + 1.0;
-        const DoubleDouble ratio = Ratio(a, b, c, next);
-        term = LooseProduct(LooseProduct(term, z), ratio);
+        term = LooseProduct(LooseProduct(term, z), Ratio(a, b, c, next));
         Accumulate(sum.value, term.high, term.low);
         const DoubleDouble weighted = TwoProduct(term.high, next);
         Accumulate(sum.slope, weighted.high, weighted.low + term.low * next);
@@ -97,7 +99,7 @@ HypergeometricPoint SumHypergeometric(const HypergeometricParameters& p, DoubleD
         const double enough = tolerance * (std::fabs(sum.value.high) + std::fabs(sum.slope.high));
         const double rest = std::fabs(term.high) * next * kPlainError;
         if (rest >= enough || k <= settled) continue;
-        const double fall = limit * GreatestRatio(a.high, b.high, c.high, next);
+        const double fall = std::fabs(z.high) * GreatestRatio(a.high, b.high, c.high, next);
         if (fall < 1 && rest * fall < enough * (1 - fall) * (1 - fall)) {
             AddTail(p, z.high, next, term.high, enough, sum);
             sum.failed = false;
@@ -113,7 +115,7 @@ HypergeometricPoint SumHypergeometric(const HypergeometricParameters& p, DoubleD
 double MeasuredLoss(const HypergeometricParameters& p, double z) {
     constexpr int kMost = 3000;
     constexpr double kNegligible = 1e-18;
-    const double settled = -std::min({p.a.high, p.b.high, p.c.high});
+    const double settled = Settled(p);
     if (TooLong(p, settled, kMost)) return INFINITY;
     double term = 1;
     double sum = 1;

@@ -58,6 +58,19 @@ struct Companion {
     double slope;
 };
 
+/// h (n (1-2x0) + c - (a+b+1) x0) / p
+DoubleDouble OfSlopeAt(const StepCoefficients& s, int n) {
+    DoubleDouble sum = s.ofSlope;
+    const DoubleDouble ofDegree = TwoProduct(s.ofDegree.high, n);
+    Accumulate(sum, ofDegree.high, ofDegree.low + s.ofDegree.low * n);
+    return sum;
+}
+
+DoubleDouble Inverse(double n) {
+    const double high = 1 / n;
+    return {high, std::fma(-high, n, 1) * high};
+}
+
 /// Values and slopes at x + h from those at x; slopes are h times the derivative here.
 bool Step(const HypergeometricParameters& p, const StepCoefficients& s, DoubleDouble& value,
           DoubleDouble& slope, Companion& companion) {
@@ -72,11 +85,8 @@ bool Step(const HypergeometricParameters& p, const StepCoefficients& s, DoubleDo
         const double next = n + 2;
         const DoubleDouble factors = LooseProduct(PlusInteger(p.a, n), PlusInteger(p.b, n));
         const DoubleDouble first = LooseProduct(LooseProduct(factors, s.ofValue), inverse);
-        DoubleDouble second = s.ofSlope;
-        const DoubleDouble ofDegree = TwoProduct(s.ofDegree.high, n);
-        Accumulate(second, ofDegree.high, ofDegree.low + s.ofDegree.low * n);
-        inverse.high = 1 / next;
-        inverse.low = std::fma(-inverse.high, next, 1) * inverse.high;
+        const DoubleDouble second = OfSlopeAt(s, n);
+        inverse = Inverse(next);
         DoubleDouble sum = LooseProduct(first, before);
         const DoubleDouble less = LooseProduct(second, now);
         Accumulate(sum, -less.high, -less.low);
@@ -86,7 +96,6 @@ bool Step(const HypergeometricParameters& p, const StepCoefficients& s, DoubleDo
         Accumulate(value, now.high, now.low);
         Accumulate(slope, now.high * next,
                    std::fma(now.high, next, -now.high * next) + now.low * next);
-
         const double companionNext =
             (first.high * companionBefore - second.high * companionNow) * inverse.high;
         companionBefore = companionNow;
