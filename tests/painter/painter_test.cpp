@@ -95,8 +95,8 @@ TEST(Painter, MixesDirectPixelsAndPaintedOnesInOrder) {
 
 TEST(Painter, WritesTextsInTheirBox) {
     const MeasureText measure = PainterTextMeasure();
-    const TextExtent extent = measure(u"XXX", 20);
-    const QImage picture = PaintPicture(ListOf(200, 60, {TextRecord{30, 10, u"XXX", kRed, 20}}));
+    const TextExtent extent = measure(u"MMM", 20);
+    const QImage picture = PaintPicture(ListOf(200, 60, {TextRecord{30, 10, u"MMM", kRed, 20}}));
     int inside = 0;
     for (int y = 0; y < 60; ++y)
         for (int x = 0; x < 200; ++x) {
