@@ -2,8 +2,6 @@
 // ones. The trace cursor follows the plotting, so the last function that places it decides.
 #include "graph/graph.h"
 
-#include <algorithm>
-
 #include "graph/axes.h"
 #include "graph/coordinates.h"
 #include "graph/curves.h"
@@ -48,7 +46,7 @@ void PlotImplicit(GraphState& state, FunctionEntry& entry, const ImplicitProgres
 void PlotFunction(GraphState& state, FunctionEntry& entry, const Options& options,
                   const ImplicitProgress& progress, DrawList& list) {
     const Viewport& viewport = state.viewport;
-    const Pen pen{ColorOf(entry.color), std::clamp(options.Wight, 1, 64)};
+    const Pen pen{ColorOf(entry.color), PenWidthOf(options)};
     switch (static_cast<EquationType>(entry.type)) {
         case EquationType::Polar:
             PlotPolar(entry, viewport, options.MaxAngle, pen, list);
@@ -86,7 +84,7 @@ DrawList DrawGraph(GraphState& state, FunctionList& functions, const Options& op
         if (IsDrawn(entry) && entry.type != static_cast<std::int32_t>(EquationType::Implicit))
             state.trace.function = slot;
     }
-    if (options.Label != 0) DrawLegend(viewport, functions, options.TextSize, measure, list);
+    if (options.Label != 0) DrawLegend(viewport, functions, options, measure, list);
     return list;
 }
 

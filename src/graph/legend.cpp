@@ -27,9 +27,9 @@ bool IsDrawn(const FunctionEntry& entry) {
            entry.type <= static_cast<std::int32_t>(EquationType::Implicit);
 }
 
-void DrawLegend(const Viewport& viewport, const FunctionList& functions, std::int32_t textSize,
+void DrawLegend(const Viewport& viewport, const FunctionList& functions, const Options& options,
                 const MeasureText& measure, DrawList& list) {
-    const std::int32_t height = std::clamp(textSize, 1, 200);
+    const std::int32_t height = TextHeightOf(options);
     const auto limit = static_cast<std::size_t>(std::max(viewport.ClientWidth, 0));
     std::int32_t top = 5;
     for (const FunctionEntry& entry : functions) {

@@ -4,13 +4,14 @@
 #include "graph/draw_list.h"
 #include "graph/viewport.h"
 #include "workspace/function_entry.h"
+#include "workspace/options.h"
 
 namespace kalvex {
 
 /// One line per drawn function from (5, 5) down, in its colour, " (r)" behind a `Polar` text; a
 /// `File` shows the part behind the last slash or backslash. A text is cut to as many characters
-/// as the picture is wide, more cannot be seen. The size is clamped to 1..200 pixels.
-void DrawLegend(const Viewport& viewport, const FunctionList& functions, std::int32_t textSize,
+/// as the picture is wide, more cannot be seen. Its height is TextHeightOf the options.
+void DrawLegend(const Viewport& viewport, const FunctionList& functions, const Options& options,
                 const MeasureText& measure, DrawList& list);
 
 /// Whether a slot is drawn: selected and of a known type.

@@ -28,9 +28,9 @@ constexpr std::int32_t PenWidthOf(const Options& options) {
     return std::clamp<std::int32_t>(options.Wight, 1, 64);
 }
 
-/// `TextSize` as it may be drawn, 4 to 200 pixels.
+/// `TextSize` as it may be drawn, 1 to 200 pixels.
 constexpr std::int32_t TextHeightOf(const Options& options) {
-    return std::clamp<std::int32_t>(options.TextSize, 4, 200);
+    return std::clamp<std::int32_t>(options.TextSize, 1, 200);
 }
 
 }  // namespace kalvex

@@ -18,7 +18,9 @@ FunctionEntry Entry(EquationType type, std::u16string_view text, std::int32_t co
 
 std::vector<TextRecord> LegendOf(const FunctionList& functions, std::int32_t textSize = 14) {
     DrawList list;
-    DrawLegend(fixtures::MakeViewport(-1, 1, -1, 1), functions, textSize, fixtures::MeasureFixed,
+    Options options;
+    options.TextSize = textSize;
+    DrawLegend(fixtures::MakeViewport(-1, 1, -1, 1), functions, options, fixtures::MeasureFixed,
                list);
     return fixtures::RecordsOf<TextRecord>(list);
 }

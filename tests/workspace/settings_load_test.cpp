@@ -333,7 +333,7 @@ TEST(LoadFunctionTexts, EndsALineWhereItsReaderWould) {
 TEST(PenWidthOf, IsSaneForAnyStoredNumber) {
     Options options;
     for (const auto& [stored, width, height] :
-         {std::array{-5, 1, 4}, {0, 1, 4}, {2, 2, 4}, {14, 14, 14}, {2000000000, 64, 200}}) {
+         {std::array{-5, 1, 1}, {0, 1, 1}, {2, 2, 2}, {14, 14, 14}, {2000000000, 64, 200}}) {
         options.Wight = stored;
         options.TextSize = stored;
         EXPECT_EQ(PenWidthOf(options), width);
