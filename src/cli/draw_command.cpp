@@ -3,8 +3,6 @@
 #include <CLI/CLI.hpp>
 #include <QGuiApplication>
 #include <QString>
-#include <algorithm>
-#include <cctype>
 #include <cstdio>
 #include <memory>
 
@@ -12,7 +10,7 @@
 #include "cli/console.h"
 #include "cli/view_options.h"
 #include "painter/painter.h"
-#include "painter/picture_file.h"
+#include "painter/write_picture.h"
 
 namespace kalvex {
 namespace {
@@ -22,16 +20,9 @@ struct Arguments {
     std::vector<std::string> lines;
 };
 
-using WritePicture = bool (*)(const QString& path, const QImage& picture);
-
-WritePicture WriterFor(const std::string& path) {
-    const std::size_t dot = path.rfind('.');
-    std::string extension = dot == std::string::npos ? "" : path.substr(dot);
-    std::transform(extension.begin(), extension.end(), extension.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    if (extension == ".bmp") return WriteBitmap;
-    if (extension == ".png") return WritePng;
-    WrongUsage("-o", "a name that ends in .bmp or .png expected");
+PictureFormat FormatFor(const std::string& path) {
+    if (const auto format = PictureFormatOf(QString::fromStdString(path))) return *format;
+    WrongUsage("-o", "a name that ends in .bmp, .png, .svg or .pdf expected");
 }
 
 /// Qt remarks on the locale and the session's folders on standard error. The picture depends on
@@ -43,7 +34,7 @@ void DropRemarks(QtMsgType type, const QMessageLogContext&, const QString& messa
 }
 
 ExitStatus Run(ViewOptions& view, const Arguments& arguments) {
-    const WritePicture write = WriterFor(arguments.picture);
+    const PictureFormat format = FormatFor(arguments.picture);
     FunctionList functions;
     if (!PrepareLines(functions, arguments.lines)) return ExitStatus::Rejected;
 
@@ -54,7 +45,7 @@ ExitStatus Run(ViewOptions& view, const Arguments& arguments) {
     char* names[] = {name.data(), nullptr};
     const QGuiApplication application(count, names);
     const DrawList list = DrawOffScreen(view, functions, PainterTextMeasure());
-    if (write(QString::fromStdString(arguments.picture), PaintPicture(list)))
+    if (WritePicture(QString::fromStdString(arguments.picture), list, format))
         return ExitStatus::Done;
     const std::string message = "The picture could not be written: " + arguments.picture + '\n';
     std::fputs(message.c_str(), stderr);
@@ -67,7 +58,7 @@ void AddDrawCommand(CLI::App& tool, ExitStatus& status) {
     CLI::App* command = AddCommand(tool, "draw", "Draw up to nine lines into a picture file.");
     const std::shared_ptr<ViewOptions> view = AddViewOptions(*command);
     const auto arguments = std::make_shared<Arguments>();
-    command->add_option("-o", arguments->picture, "The picture: .bmp or .png.")
+    command->add_option("-o", arguments->picture, "The picture: .bmp, .png, .svg or .pdf.")
         ->required()
         ->type_name("PICTURE");
     command->add_option("LINE", arguments->lines, "TYPE[,KEY=VALUE]...:TEXT")

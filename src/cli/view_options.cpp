@@ -10,6 +10,7 @@
 #include "cli/console.h"
 #include "cli/line_argument.h"
 #include "cli/number_argument.h"
+#include "graph/auto_zoom.h"
 #include "workspace/function_list.h"
 
 namespace kalvex {
@@ -89,6 +90,10 @@ void AddWindowOptions(CLI::App& command, Viewport& viewport) {
         ->type_name("WxH");
 }
 
+void AddAutoOption(CLI::App& command, bool& automatic) {
+    command.add_flag("--auto", automatic, "Fit the y bounds to the curves (automatic zoom).");
+}
+
 void AddCurveOptions(CLI::App& command, Options& options) {
     command
         .add_option_function<std::string>(
@@ -146,6 +151,7 @@ std::shared_ptr<ViewOptions> AddViewOptions(CLI::App& command) {
     view->state.viewport.ClientWidth = kDefaultWidth;
     view->state.viewport.ClientHeight = kDefaultHeight;
     AddWindowOptions(command, view->state.viewport);
+    AddAutoOption(command, view->automatic);
     AddCurveOptions(command, view->options);
     AddLayerOptions(command, view->options);
     return view;
@@ -168,8 +174,12 @@ bool PrepareLines(FunctionList& functions, const std::vector<std::string>& lines
 }
 
 DrawList DrawOffScreen(ViewOptions& view, FunctionList& functions, const MeasureText& measure) {
-    return DrawGraph(view.state, functions, view.options, measure,
-                     [](const ProgressStretch&) { return true; });
+    const auto draw = [&] { return DrawGraph(view.state, functions, view.options, measure, {}); };
+    DrawList list = draw();
+    if (!view.automatic) return list;
+    // Bounds that cannot be found are no failure: the message says so, the window stays.
+    if (!AutoZoom(view.state.viewport, functions, ShowOnStandardError)) return list;
+    return draw();
 }
 
 }  // namespace kalvex

@@ -19,6 +19,7 @@ namespace kalvex {
 struct ViewOptions {
     GraphState state;  ///< the window -10..10 on 240 x 268 pixels unless told otherwise
     Options options;
+    bool automatic = false;  ///< draw once, zoom automatically, draw again
 };
 
 /// Adds the options to a subcommand; parsing fills the record that is returned.

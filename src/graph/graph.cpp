@@ -8,6 +8,7 @@
 #include "graph/grid.h"
 #include "graph/implicit.h"
 #include "graph/legend.h"
+#include "graph/trace.h"
 
 namespace kalvex {
 namespace {
@@ -21,7 +22,7 @@ void DrawBackground(const Viewport& viewport, const Options& options, const Meas
 
 /// Puts the trace cursor on the middle sample.
 void PlaceCursor(GraphState& state, const FunctionEntry& entry) {
-    if (state.traceActive) return;
+    if (state.mode != GraphMode::Normal) return;
     const std::size_t middle = entry.samples.size() / 2;
     state.trace.index = static_cast<std::int32_t>(middle);
     state.trace.pixel = {};
@@ -38,7 +39,7 @@ void PlotImplicit(GraphState& state, FunctionEntry& entry, const ImplicitProgres
     PixelRunsRecord pixels =
         ImplicitPixels(entry.compiled[0], state.viewport, ColorOf(entry.color), progress);
     if (!pixels.runs.empty()) list.records.emplace_back(std::move(pixels));
-    if (state.traceActive) return;
+    if (state.mode != GraphMode::Normal) return;
     // KEEP: the width is used for both coordinates.
     state.trace.pixel = {state.viewport.ClientWidth / 2, state.viewport.ClientWidth / 2};
 }
@@ -72,7 +73,7 @@ void PlotFunction(GraphState& state, FunctionEntry& entry, const Options& option
 DrawList DrawGraph(GraphState& state, FunctionList& functions, const Options& options,
                    const MeasureText& measure, const ImplicitProgress& progress) {
     Viewport& viewport = state.viewport;
-    LayoutViewport(viewport, viewport.ClientWidth, viewport.ClientHeight);
+    LayoutViewport(viewport);
     DrawList list;
     list.width = viewport.ClientWidth;
     list.height = viewport.ClientHeight;
@@ -84,6 +85,7 @@ DrawList DrawGraph(GraphState& state, FunctionList& functions, const Options& op
         if (IsDrawn(entry) && entry.type != static_cast<std::int32_t>(EquationType::Implicit))
             state.trace.function = slot;
     }
+    if (state.mode == GraphMode::Trace) RefreshTraceCursor(state, functions);
     if (options.Label != 0) DrawLegend(viewport, functions, options, measure, list);
     return list;
 }

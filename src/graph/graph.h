@@ -21,7 +21,8 @@ struct ProgressStretch {
 /// Told after each pixel row of an implicit curve; false stops that curve and keeps what is drawn.
 using ImplicitProgress = std::function<bool(const ProgressStretch&)>;
 
-/// Trace function and cursor, refilled by every redraw while trace is not active.
+/// Trace function and cursor. Every redraw in normal mode places it anew; the pick modes move its
+/// pixel.
 struct TraceCursor {
     std::optional<int> function;  ///< slot index; none while no function has been chosen
     std::int32_t index = 0;       ///< sample index in that function's cache
@@ -29,14 +30,44 @@ struct TraceCursor {
     std::int32_t status = 0;
 };
 
+/// What a tap and a drag on the picture mean.
+enum class GraphMode : std::int32_t {
+    Normal = 0,  ///< dragging pans
+    Trace = 1,
+    Box = 2,    ///< picks the two corners of a box
+    Centre = 3  ///< picks the centre of a zoom
+};
+
+enum class ZoomDirection : std::int32_t { In = 0, Out = 1 };
+
+/// What a pen or a finger that is down does at the moment.
+enum class PointerUse {
+    None,
+    Pan,
+    Pick,  ///< lifting picks the cursor's pixel
+    Box,   ///< has set the first corner; a long drag ends on the second one
+    Coordinates,
+    Slide
+};
+
+struct Pointer {
+    PointerUse use = PointerUse::None;
+    PixelPoint pressed;  ///< where it came down
+    PixelPoint last;     ///< where its last event was
+};
+
 struct GraphState {
     Viewport viewport;
     TraceCursor trace;
-    bool traceActive = false;
+    GraphMode mode = GraphMode::Normal;
+    ZoomDirection direction = ZoomDirection::In;  ///< of mode Centre
+    std::optional<WorldPoint> firstCorner;        ///< of mode Box, once it is chosen
+    Pointer pointer;
 };
 
 /// Lays the viewport out for its stored client size and draws background, curves and legend;
-/// refills the sample caches of the drawn functions and, unless trace is active, the cursor.
+/// refills the sample caches of the drawn functions and, in normal mode, the cursor; in trace mode
+/// the cursor stays on its sample.
 DrawList DrawGraph(GraphState& state, FunctionList& functions, const Options& options,
                    const MeasureText& measure, const ImplicitProgress& progress);
 

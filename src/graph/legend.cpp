@@ -6,21 +6,34 @@
 namespace kalvex {
 namespace {
 
-std::u16string DisplayText(const FunctionEntry& entry, std::size_t limit) {
+bool IsFile(const FunctionEntry& entry) {
+    return entry.type == static_cast<std::int32_t>(EquationType::File);
+}
+
+/// The part of a `File` text behind its last slash or backslash; any other text whole.
+std::u16string_view NameOf(const FunctionEntry& entry) {
     std::u16string_view text = entry.text;
-    const auto type = static_cast<EquationType>(entry.type);
-    if (type == EquationType::File) {
-        const std::size_t slash = text.find_last_of(u"\\/");
-        if (slash != std::u16string_view::npos) text.remove_prefix(slash + 1);
-    }
-    std::u16string shown(text.substr(0, limit));
-    const bool cut = shown.size() < text.size();
-    if (cut && !shown.empty() && shown.back() >= 0xD800 && shown.back() < 0xDC00) shown.pop_back();
-    if (!cut && type == EquationType::Polar) shown += u" (r)";
+    const std::size_t slash = IsFile(entry) ? text.find_last_of(u"\\/") : text.npos;
+    if (slash != text.npos) text.remove_prefix(slash + 1);
+    return text;
+}
+
+std::u16string LegendText(const FunctionEntry& entry, std::size_t limit) {
+    const bool polar = entry.type == static_cast<std::int32_t>(EquationType::Polar);
+    std::u16string shown = DisplayText(entry, limit);
+    if (polar && NameOf(entry).size() <= limit) shown += u" (r)";
     return shown;
 }
 
 }  // namespace
+
+std::u16string DisplayText(const FunctionEntry& entry, std::size_t limit) {
+    const std::u16string_view text = NameOf(entry);
+    std::u16string shown(text.substr(0, limit));
+    const bool cut = shown.size() < text.size();
+    if (cut && !shown.empty() && shown.back() >= 0xD800 && shown.back() < 0xDC00) shown.pop_back();
+    return shown;
+}
 
 bool IsDrawn(const FunctionEntry& entry) {
     return entry.selected == 1 && entry.type >= static_cast<std::int32_t>(EquationType::Polar) &&
@@ -34,7 +47,7 @@ void DrawLegend(const Viewport& viewport, const FunctionList& functions, const O
     std::int32_t top = 5;
     for (const FunctionEntry& entry : functions) {
         if (!IsDrawn(entry)) continue;
-        std::u16string text = DisplayText(entry, limit);
+        std::u16string text = LegendText(entry, limit);
         const std::int32_t lineHeight = measure(text, height).height;
         list.records.emplace_back(
             TextRecord{5, top, std::move(text), ColorOf(entry.color), height});

@@ -14,6 +14,10 @@ namespace kalvex {
 void DrawLegend(const Viewport& viewport, const FunctionList& functions, const Options& options,
                 const MeasureText& measure, DrawList& list);
 
+/// The text by which a function is called: the line, of a `File` the part behind the last slash or
+/// backslash; at most `limit` UTF-16 units, never half a character.
+std::u16string DisplayText(const FunctionEntry& entry, std::size_t limit);
+
 /// Whether a slot is drawn: selected and of a known type.
 bool IsDrawn(const FunctionEntry& entry);
 

@@ -30,9 +30,11 @@ constexpr std::array<Bounds, 7> kQuickWindows = {{
     {-10.0, 10.0, -10.0, 10.0},
 }};
 
-/// Shifts a pair of bounds, unless that would leave one of them without a value.
+/// Shifts a pair of bounds, unless that would leave one of them without a value or make two that
+/// differ the same.
 void Shift(double& low, double& high, double distance) {
     if (!std::isfinite(low + distance) || !std::isfinite(high + distance)) return;
+    if (low != high && low + distance == high + distance) return;
     low += distance;
     high += distance;
 }
@@ -55,6 +57,10 @@ void LayoutViewport(Viewport& viewport, std::int32_t clientWidth, std::int32_t c
     view.ScaleY = height / unitsY;
     view.StepX = unitsX * 0.1;
     view.StepY = unitsY * 0.1;
+}
+
+void LayoutViewport(Viewport& viewport) {
+    LayoutViewport(viewport, viewport.ClientWidth, viewport.ClientHeight);
 }
 
 std::int32_t WorldToScreenX(const ViewWindow& view, double x) {
@@ -93,10 +99,14 @@ void ApplyQuickWindow(Viewport& viewport, QuickWindow preset) {
     viewport.view.Ymax = bounds.Ymax;
 }
 
+void MoveBounds(Viewport& viewport, double right, double up) {
+    Shift(viewport.view.Xmin, viewport.view.Xmax, right);
+    Shift(viewport.view.Ymin, viewport.view.Ymax, up);
+}
+
 void PanBy(Viewport& viewport, std::int32_t columns, std::int32_t rows) {
-    ViewWindow& view = viewport.view;
-    Shift(view.Xmin, view.Xmax, -static_cast<double>(columns) / view.ScaleX);
-    Shift(view.Ymin, view.Ymax, rows / view.ScaleY);
+    MoveBounds(viewport, -static_cast<double>(columns) / viewport.view.ScaleX,
+               rows / viewport.view.ScaleY);
 }
 
 }  // namespace kalvex

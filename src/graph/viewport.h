@@ -26,6 +26,9 @@ struct Viewport {
 /// equal ones give infinite or not-a-number mapping numbers, reversed ones a mirrored picture.
 void LayoutViewport(Viewport& viewport, std::int32_t clientWidth, std::int32_t clientHeight);
 
+/// The same for the client size that is stored: after every change of the bounds.
+void LayoutViewport(Viewport& viewport);
+
 /// Pixel column of a world x (truncated toward zero, saturated, 0 for not-a-number).
 std::int32_t WorldToScreenX(const ViewWindow& view, double x);
 
@@ -43,6 +46,9 @@ void RestorePrevious(Viewport& viewport);
 
 /// Saves the current record as previous, then sets the four bounds of a preset.
 void ApplyQuickWindow(Viewport& viewport, QuickWindow preset);
+
+/// Moves the bounds by world units; an axis stays where a bound would not be finite.
+void MoveBounds(Viewport& viewport, double right, double up);
 
 /// Moves the bounds so that the content follows a drag of (columns, rows) pixels.
 void PanBy(Viewport& viewport, std::int32_t columns, std::int32_t rows);

@@ -114,6 +114,8 @@ enum class CommandId : int {
     PopupFullScreen,
     PopupZoomIn,  ///< zooms about the point where the popup was opened
     PopupZoomOut,
+    SavePictureAs,
+    CopyPicture,
 };
 
 inline constexpr int kMethodCount = 13;

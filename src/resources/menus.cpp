@@ -12,10 +12,9 @@ namespace {
 
 /// Commands that have no dialog in this version.
 constexpr std::array kWithoutDialog = {
-    CommandId::Options,     CommandId::Help,        CommandId::About,
-    CommandId::EditHelp,    CommandId::File,        CommandId::LeastSquares,
-    CommandId::BetaSplines, CommandId::CubicSpline, CommandId::ViewWindowDialog,
-    CommandId::Calculator,  CommandId::ZoomFactor,  CommandId::Analyze,
+    CommandId::Options,    CommandId::Help,         CommandId::About,       CommandId::EditHelp,
+    CommandId::File,       CommandId::LeastSquares, CommandId::BetaSplines, CommandId::CubicSpline,
+    CommandId::Calculator, CommandId::Analyze,
 };
 
 MenuEntry Separator() {
@@ -131,6 +130,9 @@ Menu GraphMenu() {
         {CommandId::About, u"About", {}},
         Separator(),
         {CommandId::GraphExit, u"Exit", {}},
+        Separator(),
+        {CommandId::SavePictureAs, u"Save Picture As...", {}},
+        {CommandId::CopyPicture, u"Copy Picture", {}},
     };
 }
 

@@ -35,6 +35,7 @@ constexpr Entry kTable[] = {
     {StringId::NameWithoutBracket, u"After the names of the functions should be '('"},
     {StringId::Success, u"Sucsses!"},
     {StringId::UnknownLexeme, u"There is an unknown lexeme"},
+    {StringId::SlideToSelect, u"<< Slide to select function >>"},
     {StringId::WrongNumberOfCommas, u"Wrong number of commas"},
     {StringId::CommaPlacement, u"Check the placement of commas"},
     {StringId::Select, u"Select"},
@@ -84,6 +85,29 @@ constexpr Entry kTable[] = {
     {StringId::SaveIntoRegistryFailed, u"Error save value into registry!"},
     {StringId::PictureSavedText, u"Save"},
     {StringId::PictureSavedCaption, u"Info"},
+    // KEEP: the text begins with a blank.
+    {StringId::TouchToSelect, u" << Touch to select the coordinates >>"},
+    {StringId::ChooseFirstPoint, u"Choose First point"},
+    {StringId::ChooseSecondPoint, u"Choose Second point"},
+    {StringId::ChooseMiddlePoint, u"Choose middle point"},
+    {StringId::SamePoints, u"You choose points with same X of Y!"},
+    {StringId::AutoTooBig, u"Certain automatically coordinates are too big!"},
+    {StringId::AutoUndetermined,
+     u"We can not determine the boundaries automatically. Just enter a border by hand in the "
+     u"window 'Window View'"},
+    {StringId::TraceX, u"x=%f"},
+    {StringId::TraceY, u"y=%f"},
+    {StringId::TraceParameter, u"T=%f"},
+    {StringId::TraceDerivative, u"dy/dx=%f"},
+    {StringId::TraceDerivativeError, u"dy/dx: error"},
+    {StringId::TraceDerivatives, u"dy/dx=%f\ndx/dT=%f\ndy/dT=%f"},
+    {StringId::TraceDerivativesError, u"dy/dx: error\ndx/dT: error\ndy/dT: error"},
+    {StringId::BoundNotANumber, u"%s is not a number."},
+    {StringId::BoundNotFinite, u"%s is too large."},
+    {StringId::BoundsEqual, u"%s and %s must differ."},
+    {StringId::FactorInvalid, u"%s must be a number greater than 0."},
+    {StringId::PictureNotWritten, u"The picture could not be written:\n%s"},
+    {StringId::PictureEnding, u"The name of the picture must end in .png, .svg, .pdf or .bmp:\n%s"},
 };
 
 }  // namespace

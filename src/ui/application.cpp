@@ -4,7 +4,9 @@
 #include "ui/application.h"
 
 #include <QApplication>
+#include <QFileInfo>
 
+#include "graph/pick.h"
 #include "resources/strings.h"
 #include "ui/draw_flow.h"
 #include "ui/graph_canvas.h"
@@ -33,10 +35,27 @@ void StoreOpenView(Application& application, const ShowMessage& show) {
           MessageButtons::Ok});
 }
 
+/// Saves the picture where the user wants it; the next dialog starts in the same folder.
+void AskForPicture(Application& application) {
+    const QString last = application.windowState.folder;
+    const QString folder = last.isEmpty() ? application.pictureFolder : last;
+    OpenSavePictureDialog(
+        application.graphWindow.get(), folder, [&application](const QString& path) {
+            application.windowState.folder = QFileInfo(path).absolutePath();
+            SavePicture(application.graphWindow->Canvas().Picture(), path, application.show);
+        });
+}
+
 GraphActions ActionsOfGraph(Application& application) {
     GraphActions actions;
     actions.graphTable = [&application] { ReturnToTable(application); };
     actions.exit = [&application] { ExitApplication(application); };
+    actions.show = application.show;
+    actions.savePictureAs = [&application] { AskForPicture(application); };
+    actions.copyPicture = [&application] {
+        const GraphCanvas& canvas = application.graphWindow->Canvas();
+        CopyPicture(canvas.Picture(), canvas.devicePixelRatioF());
+    };
     actions.picture = [&application] {
         ExportPicture(application.graphWindow->Canvas().Picture(), application.workspace.options,
                       application.registry, application.pictureFolder, application.show);
@@ -77,7 +96,7 @@ void DrawFunctions(Application& application) {
     if (application.graphWindow && application.graphWindow->Canvas().IsComputing()) return;
     if (!RunDrawFlow(application.workspace, application.registry, application.show)) return;
     application.graph.trace = {};
-    application.graph.traceActive = false;
+    EnterNormalMode(application.graph);
     application.viewUnsaved = true;
     if (!application.graphWindow) {
         application.graphWindow = std::make_unique<GraphWindow>(

@@ -17,7 +17,9 @@ QPushButton* AddKey(const QString& text, const char* name, QWidget* bar) {
     button->setFlat(true);
     button->setFocusPolicy(Qt::NoFocus);
     button->setMinimumSize(kTouchTarget * 2, kTouchTarget);
-    button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    policy.setRetainSizeWhenHidden(true);
+    button->setSizePolicy(policy);
     QFont font = button->font();
     font.setPointSizeF(font.pointSizeF() * 1.2);
     font.setWeight(QFont::DemiBold);
@@ -28,12 +30,13 @@ QPushButton* AddKey(const QString& text, const char* name, QWidget* bar) {
 
 }  // namespace
 
-BottomBar::BottomBar(const QString& actionText, QWidget* parent) : QWidget(parent) {
+BottomBar::BottomBar(const QString& leftText, const QString& actionText, QWidget* parent)
+    : QWidget(parent) {
     setFixedHeight(kBottomBarHeight);
     auto* const row = new QHBoxLayout(this);
     row->setContentsMargins(4, 5, 4, 4);
     row->setSpacing(4);
-    menu = AddKey("Menu", "menuKey", this);
+    menu = AddKey(leftText, "menuKey", this);
     action = AddKey(actionText, "actionKey", this);
 }
 

@@ -9,11 +9,11 @@ class QMenu;
 
 namespace kalvex {
 
-/// "Menu" to the left, the window's action to the right. Neither takes the keyboard focus, so the
-/// line being edited stays the current one.
+/// "Menu" (or another word) to the left, the window's action to the right. Neither takes the
+/// keyboard focus, so the line being edited stays the current one.
 class BottomBar final : public QWidget {
   public:
-    BottomBar(const QString& actionText, QWidget* parent);
+    BottomBar(const QString& leftText, const QString& actionText, QWidget* parent);
 
     QPushButton* menuButton() const { return menu; }
     QPushButton* actionButton() const { return action; }

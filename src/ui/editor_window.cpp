@@ -43,7 +43,7 @@ EditorWindow::EditorWindow(Workspace& shown, EditorActions actions)
     state.exit = std::move(actions.exit);
     for (int slot = 0; slot < kSlotCount; ++slot)
         AddRow(slot);
-    bar = new BottomBar("Draw", this);
+    bar = new BottomBar("Menu", "Draw", this);
     bar->actionButton()->setToolTip("F5");
     bar->menuButton()->setToolTip("F10");
     connect(bar->menuButton(), &QPushButton::clicked, this, &EditorWindow::OpenMenu);

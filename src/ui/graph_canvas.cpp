@@ -3,15 +3,22 @@
 // for the first paint: the window stands, white, and the progress bar of an implicit curve is seen
 // growing on it. Between two steps of the bar waiting events are handled behind a gate that holds
 // all input back, so the window repaints and a key can stop the computation, but nothing changes
-// what is being drawn and no second computation starts inside the first.
+// what is being drawn and no second computation starts inside the first. What mouse, pen and
+// fingers mean is decided by the engine; here they are only brought to one form.
 #include "ui/graph_canvas.h"
 
+#include <QContextMenuEvent>
+#include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPointingDevice>
+#include <QStyleHints>
+#include <cmath>
 #include <utility>
 
 #include "painter/painter.h"
 #include "ui/input_gate.h"
+#include "ui/overlay_painter.h"
 #include "ui/qt_text.h"
 #include "workspace/function_list.h"
 
@@ -20,17 +27,32 @@ namespace {
 
 constexpr int kProgressInterval = 15;  // milliseconds: about a frame of the screen
 constexpr int kProgressRows = 4;
+constexpr int kGesturePause =
+    400;  // milliseconds without the wheel: the next turn is a new gesture
+
+PixelPoint PixelAt(QPointF point) {
+    return {static_cast<std::int32_t>(std::floor(point.x())),
+            static_cast<std::int32_t>(std::floor(point.y()))};
+}
 
 }  // namespace
 
-GraphCanvas::GraphCanvas(GraphState& shownGraph, Workspace& shown, QWidget* parent)
-    : QWidget(parent), graph(shownGraph), workspace(shown) {
+GraphCanvas::GraphCanvas(GraphState& shownGraph, Workspace& shown, CanvasActions given,
+                         QWidget* parent)
+    : QWidget(parent), graph(shownGraph), workspace(shown), actions(std::move(given)) {
     setObjectName("canvas");
     setAttribute(Qt::WA_OpaquePaintEvent);
+    setAttribute(Qt::WA_AcceptTouchEvents);
     setAccessibleName("Graph");
     redrawTimer.setSingleShot(true);
     redrawTimer.setInterval(0);
     connect(&redrawTimer, &QTimer::timeout, this, &GraphCanvas::Redraw);
+    holdTimer.setSingleShot(true);
+    holdTimer.setInterval(QGuiApplication::styleHints()->mousePressAndHoldInterval());
+    connect(&holdTimer, &QTimer::timeout, this, &GraphCanvas::Hold);
+    wheelPause.setSingleShot(true);
+    wheelPause.setInterval(kGesturePause);
+    connect(&wheelPause, &QTimer::timeout, this, [this] { wheelGesture = {}; });
 }
 
 GraphCanvas::~GraphCanvas() = default;
@@ -41,6 +63,25 @@ void GraphCanvas::Stop() {
 
 void GraphCanvas::ScheduleRedraw() {
     if (shownOnce) redrawTimer.start();
+}
+
+void GraphCanvas::Apply(PictureChange change) {
+    if (change == PictureChange::Curves) ScheduleRedraw();
+    if (change == PictureChange::Overlay) update();
+    ShowMode();
+}
+
+void GraphCanvas::ShowMode() {
+    const bool picks = graph.mode == GraphMode::Box || graph.mode == GraphMode::Centre;
+    if (graph.pointer.use == PointerUse::Pan) {
+        setCursor(Qt::ClosedHandCursor);
+    } else if (picks) {
+        setCursor(Qt::CrossCursor);
+    } else {
+        unsetCursor();
+    }
+    Describe();
+    actions.changed();
 }
 
 void GraphCanvas::Redraw() {
@@ -54,13 +95,13 @@ void GraphCanvas::Redraw() {
     sinceProgress.start();
     list = DrawGraph(graph, workspace.functions, workspace.options, PainterTextMeasure(),
                      [this](const ProgressStretch& stretch) { return ShowProgress(stretch); });
-    const bool stopped = gate->Stopped();
+    stopped = gate->Stopped();
     gate.reset();
     progress.clear();
     image = PaintPicture(list, devicePixelRatioF());
     ++redrawCount;
-    Describe(stopped);
     update();
+    ShowMode();
     if (std::exchange(redrawAgain, false)) redrawTimer.start();
 }
 
@@ -74,7 +115,7 @@ bool GraphCanvas::ShowProgress(const ProgressStretch& stretch) {
     return !gate->Stopped();
 }
 
-void GraphCanvas::Describe(bool stopped) {
+void GraphCanvas::Describe() {
     QStringList drawn;
     for (const FunctionEntry& entry : workspace.functions) {
         if (entry.selected != 1) continue;
@@ -86,7 +127,13 @@ void GraphCanvas::Describe(bool stopped) {
                                .arg(view.Xmax)
                                .arg(view.Ymin)
                                .arg(view.Ymax);
-    setAccessibleDescription(drawn.join("; ") + ". " + bounds + (stopped ? ". Stopped" : ""));
+    QStringList parts = {drawn.join("; "), bounds};
+    for (const std::u16string& text :
+         OverlayOf(graph, workspace.functions, workspace.options).texts) {
+        parts += ToQString(text);
+    }
+    if (stopped) parts += "Stopped";
+    setAccessibleDescription(parts.join(". "));
 }
 
 void GraphCanvas::paintEvent(QPaintEvent*) {
@@ -97,6 +144,10 @@ void GraphCanvas::paintEvent(QPaintEvent*) {
     for (const ProgressStretch& stretch : progress) {
         painter.fillRect(stretch.firstColumn, 0, stretch.lastColumn - stretch.firstColumn + 1,
                          kProgressRows, ToQColor(stretch.color));
+    }
+    if (graph.mode != GraphMode::Normal) {
+        PaintOverlay(painter, OverlayOf(graph, workspace.functions, workspace.options), size(),
+                     TextHeightOf(workspace.options));
     }
     const bool otherScreen = !image.isNull() && image.devicePixelRatio() != devicePixelRatioF();
     if (shownOnce && !otherScreen) return;
@@ -109,26 +160,112 @@ void GraphCanvas::resizeEvent(QResizeEvent*) {
     ScheduleRedraw();
 }
 
+void GraphCanvas::Press(QPointF at) {
+    Apply(PressPointer(graph, workspace.functions, PixelAt(at)));
+    if (!holdOpensPopup || graph.mode != GraphMode::Normal) return;
+    holdPending = true;
+    holdTimer.start();
+}
+
+void GraphCanvas::Move(QPointF at) {
+    const PixelPoint pixel = PixelAt(at);
+    const PixelPoint from = graph.pointer.pressed;
+    const int far = QGuiApplication::styleHints()->startDragDistance();
+    const int distance = (QPoint(pixel.x, pixel.y) - QPoint(from.x, from.y)).manhattanLength();
+    if (distance >= far) holdPending = false;
+    // The hand trembles: a hold that may become a popup does not pan.
+    if (holdPending) return;
+    Apply(MovePointer(graph, workspace.functions, pixel));
+}
+
+void GraphCanvas::Lift(QPointF at) {
+    holdTimer.stop();
+    const bool trembled = std::exchange(holdPending, false);
+    const PixelPoint end = trembled ? graph.pointer.pressed : PixelAt(at);
+    Apply(LiftPointer(graph, workspace.functions, end, actions.show));
+}
+
+void GraphCanvas::Hold() {
+    if (!std::exchange(holdPending, false)) return;
+    const QPoint at(graph.pointer.last.x, graph.pointer.last.y);
+    DropPointer(graph);
+    ShowMode();
+    actions.held(at);
+}
+
 void GraphCanvas::mousePressEvent(QMouseEvent* event) {
-    if (event->button() != Qt::LeftButton) return;
-    dragging = true;
-    last = event->position().toPoint();
-    setCursor(Qt::ClosedHandCursor);
+    if (event->button() == Qt::LeftButton) Press(event->position());
 }
 
 void GraphCanvas::mouseMoveEvent(QMouseEvent* event) {
-    if (!dragging || !(event->buttons() & Qt::LeftButton)) return;
-    const QPoint now = event->position().toPoint();
-    if (now == last) return;
-    PanBy(graph.viewport, now.x() - last.x(), now.y() - last.y());
-    last = now;
-    ScheduleRedraw();
+    if (event->buttons() & Qt::LeftButton) Move(event->position());
 }
 
 void GraphCanvas::mouseReleaseEvent(QMouseEvent* event) {
-    if (event->button() != Qt::LeftButton) return;
-    dragging = false;
-    unsetCursor();
+    if (event->button() == Qt::LeftButton) Lift(event->position());
+}
+
+void GraphCanvas::wheelEvent(QWheelEvent* event) {
+    const QPoint turned = event->angleDelta();
+    const int steps = TakeWheelSteps(wheel, turned.y() != 0 ? turned.y() : turned.x());
+    wheelPause.start();
+    if (steps == 0) return;
+    Apply(
+        ZoomStep(graph, wheelGesture, event->position(), ExtentOfSteps(steps), event->modifiers()));
+}
+
+void GraphCanvas::contextMenuEvent(QContextMenuEvent* event) {
+    if (!holdOpensPopup) return;
+    DropPointer(graph);
+    holdPending = false;
+    actions.held(event->pos());
+}
+
+void GraphCanvas::Touch(const QTouchEvent& event) {
+    const auto& fingers = event.points();
+    const bool over = event.type() == QEvent::TouchEnd || event.type() == QEvent::TouchCancel;
+    if (event.type() == QEvent::TouchBegin) touchIgnored = false;
+    if (fingers.size() >= 2 && !over) {
+        holdPending = false;
+        touchIgnored = true;
+        DropPointer(graph);
+        Apply(MovePinch(graph, pinchGesture, pinch, fingers[0].position(), fingers[1].position(),
+                        event.modifiers()));
+    } else {
+        pinch = {};
+    }
+    if (touchIgnored || fingers.isEmpty()) return;
+    const QPointF at = fingers.first().position();
+    if (event.type() == QEvent::TouchBegin) return Press(at);
+    if (event.type() == QEvent::TouchUpdate) return Move(at);
+    if (event.type() == QEvent::TouchEnd) return Lift(at);
+    DropPointer(graph);
+}
+
+bool GraphCanvas::event(QEvent* event) {
+    switch (event->type()) {
+        case QEvent::TouchBegin:
+        case QEvent::TouchUpdate:
+        case QEvent::TouchEnd:
+        case QEvent::TouchCancel: {
+            const auto& touch = static_cast<const QTouchEvent&>(*event);
+            if (touch.device()->type() != QInputDevice::DeviceType::TouchScreen) break;
+            Touch(touch);
+            event->accept();
+            return true;
+        }
+        case QEvent::NativeGesture: {
+            const auto& gesture = static_cast<const QNativeGestureEvent&>(*event);
+            if (gesture.gestureType() == Qt::BeginNativeGesture) pinchGesture = {};
+            if (gesture.gestureType() != Qt::ZoomNativeGesture) break;
+            Apply(ZoomStep(graph, pinchGesture, gesture.position(),
+                           1.0 / qMax(0.1, 1.0 + gesture.value()), gesture.modifiers()));
+            return true;
+        }
+        default:
+            break;
+    }
+    return QWidget::event(event);
 }
 
 }  // namespace kalvex

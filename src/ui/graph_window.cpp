@@ -1,50 +1,54 @@
-// Canvas above, soft keys below. A picture is exported a moment after the command, when the menu
-// has left the screen.
+// Canvas above, soft keys below; in full screen the canvas alone. The mode is the engine's: after
+// every change the window only asks for the title and sets its two keys. A picture is exported a
+// moment after the command, when the menu has left the screen.
 #include "ui/graph_window.h"
 
 #include <QCloseEvent>
 #include <QMenu>
 #include <QShortcut>
+#include <algorithm>
 #include <utility>
 
+#include "graph/trace.h"
+#include "resources/menus.h"
 #include "ui/bottom_bar.h"
-#include "ui/graph_canvas.h"
+#include "ui/graph_keys.h"
 #include "ui/line_layout.h"
 #include "ui/menu_builder.h"
+#include "ui/qt_text.h"
 #include "ui/touch.h"
+#include "ui/view_dialogs.h"
 
 namespace kalvex {
 namespace {
 
 constexpr int kPictureDelay = 200;  // milliseconds
 
-/// The commands that this window can run; the others show disabled.
-bool CanRun(CommandId command) {
-    return command == CommandId::None || command == CommandId::GraphTable ||
-           command == CommandId::Picture || command == CommandId::GraphExit;
+bool CanTraceAny(const FunctionList& functions) {
+    return std::any_of(functions.begin(), functions.end(), CanTrace);
 }
 
 /// A submenu lives while one of its entries does.
 bool IsAlive(const MenuEntry& entry) {
-    if (entry.children.empty()) return CanRun(entry.id);
-    for (const MenuEntry& child : entry.children) {
-        if (IsAlive(child)) return true;
-    }
-    return false;
+    if (entry.children.empty()) return HasDialog(entry.id);
+    return std::any_of(entry.children.begin(), entry.children.end(), IsAlive);
 }
 
 }  // namespace
 
-GraphWindow::GraphWindow(GraphState& graph, Workspace& workspace, GraphActions given)
-    : actions(std::move(given)) {
+GraphWindow::GraphWindow(GraphState& shownGraph, Workspace& shown, GraphActions given)
+    : graph(shownGraph), workspace(shown), actions(std::move(given)) {
     setWindowTitle("Kalvex");
     setObjectName("graph");
     setMinimumSize(240, LeastLineAreaHeight() + kBottomBarHeight);
-    canvas = new GraphCanvas(graph, workspace, this);
-    bar = new BottomBar("Trace", this);
-    bar->actionButton()->setEnabled(CanRun(CommandId::Trace));
-    bar->menuButton()->setToolTip("F10");
-    connect(bar->menuButton(), &QPushButton::clicked, this, &GraphWindow::OpenMenu);
+    CanvasActions told;
+    told.show = actions.show;
+    told.changed = [this] { ShowMode(); };
+    told.held = [this](QPoint at) { OpenPopup(at); };
+    canvas = new GraphCanvas(graph, workspace, std::move(told), this);
+    bar = new BottomBar("Menu", "Trace", this);
+    connect(bar->menuButton(), &QPushButton::clicked, this, &GraphWindow::PressLeftKey);
+    connect(bar->actionButton(), &QPushButton::clicked, this, &GraphWindow::PressRightKey);
     pictureTimer.setSingleShot(true);
     pictureTimer.setInterval(kPictureDelay);
     connect(&pictureTimer, &QTimer::timeout, this, [this] {
@@ -55,15 +59,27 @@ GraphWindow::GraphWindow(GraphState& graph, Workspace& workspace, GraphActions g
             actions.picture();
         }
     });
+    AddShortcuts();
+    ShowMode();
+}
+
+void GraphWindow::AddShortcuts() {
     const auto add = [this](const QKeySequence& keys, auto&& run) {
         connect(new QShortcut(keys, this), &QShortcut::activated, this, run);
     };
+    const auto addCommand = [this, &add](const QKeySequence& keys, CommandId command) {
+        add(keys, [this, command] { Run(command); });
+    };
     add(QKeySequence(Qt::Key_F10), [this] { OpenMenu(); });
     add(QKeySequence(Qt::ALT | Qt::Key_M), [this] { OpenMenu(); });
-    add(QKeySequence(Qt::CTRL | Qt::Key_Q), [this] { Run(CommandId::GraphExit); });
-    add(QKeySequence(Qt::CTRL | Qt::Key_P), [this] { Run(CommandId::Picture); });
-    add(QKeySequence(Qt::Key_F5), [this] { Run(CommandId::GraphTable); });
-    add(QKeySequence(Qt::Key_Escape), [this] { Run(CommandId::GraphTable); });
+    add(QKeySequence(Qt::Key_Escape), [this] { Escape(); });
+    addCommand(QKeySequence(Qt::CTRL | Qt::Key_Q), CommandId::GraphExit);
+    addCommand(QKeySequence(Qt::CTRL | Qt::Key_P), CommandId::Picture);
+    addCommand(QKeySequence(QKeySequence::Save), CommandId::SavePictureAs);
+    addCommand(QKeySequence(QKeySequence::Copy), CommandId::CopyPicture);
+    addCommand(QKeySequence(Qt::Key_F5), CommandId::GraphTable);
+    addCommand(QKeySequence(Qt::Key_F11), CommandId::FullScreen);
+    addCommand(QKeySequence(Qt::Key_T), CommandId::Trace);
 }
 
 void GraphWindow::OpenMenu() {
@@ -77,13 +93,48 @@ void GraphWindow::OpenMenu() {
     PopUpAbove(*menu, *bar->menuButton());
 }
 
+void GraphWindow::OpenPopup(QPoint at) {
+    popupPoint = {at.x(), at.y()};
+    auto* const menu = new QMenu(this);
+    menu->setObjectName("fullScreenPopup");
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const auto stateOf = [this](const MenuEntry& entry) {
+        const bool checked = entry.id == CommandId::PopupFullScreen && isFullScreen();
+        return MenuItemState{entry.text, IsAlive(entry), checked, true};
+    };
+    FillMenu(*menu, FullScreenPopup(), stateOf, [this](CommandId command) { Run(command); });
+    menu->popup(canvas->mapToGlobal(at));
+}
+
 bool GraphWindow::Run(CommandId command) {
+    if (!HasDialog(command)) return false;
+    const auto change = RunExploreCommand(graph, workspace.functions, command, actions.show);
+    if (change) {
+        canvas->Apply(*change);
+        return true;
+    }
+    return RunShellCommand(command) || RunDialogCommand(command) || RunPopupCommand(command);
+}
+
+bool GraphWindow::RunShellCommand(CommandId command) {
     switch (command) {
         case CommandId::GraphTable:
+            LeavePick();
             actions.graphTable();
+            if (isFullScreen()) SetFullScreen(false);
+            return true;
+        case CommandId::FullScreen:
+            LeavePick();
+            SetFullScreen(!isFullScreen());
             return true;
         case CommandId::Picture:
             pictureTimer.start();
+            return true;
+        case CommandId::SavePictureAs:
+            actions.savePictureAs();
+            return true;
+        case CommandId::CopyPicture:
+            actions.copyPicture();
             return true;
         case CommandId::GraphExit:
             actions.exit();
@@ -93,15 +144,115 @@ bool GraphWindow::Run(CommandId command) {
     }
 }
 
-void GraphWindow::resizeEvent(QResizeEvent*) {
-    const int canvasHeight = height() - kBottomBarHeight;
+bool GraphWindow::RunDialogCommand(CommandId command) {
+    if (command != CommandId::ViewWindowDialog && command != CommandId::ZoomFactor) return false;
+    LeavePick();
+    ViewWindow& view = graph.viewport.view;
+    const auto changed = [this] {
+        LayoutViewport(graph.viewport);
+        canvas->Apply(PictureChange::Curves);
+    };
+    if (command == CommandId::ViewWindowDialog) {
+        OpenViewWindowDialog(this, view, actions.show, changed);
+    } else {
+        OpenFactorDialog(this, view, actions.show, [] {});
+    }
+    return true;
+}
+
+bool GraphWindow::RunPopupCommand(CommandId command) {
+    switch (command) {
+        case CommandId::PopupFullScreen:
+            SetFullScreen(!isFullScreen());
+            return true;
+        case CommandId::PopupZoomIn:
+            canvas->Apply(ZoomAtOnce(graph, popupPoint, ZoomDirection::In));
+            return true;
+        case CommandId::PopupZoomOut:
+            canvas->Apply(ZoomAtOnce(graph, popupPoint, ZoomDirection::Out));
+            return true;
+        default:
+            return false;
+    }
+}
+
+void GraphWindow::LeavePick() {
+    EnterNormalMode(graph);
+    canvas->Apply(PictureChange::Overlay);
+}
+
+void GraphWindow::PressLeftKey() {
+    if (graph.mode == GraphMode::Normal) return OpenMenu();
+    LeavePick();
+}
+
+void GraphWindow::PressRightKey() {
+    Run(graph.mode == GraphMode::Trace ? CommandId::Analyze : CommandId::Trace);
+}
+
+void GraphWindow::Escape() {
+    if (graph.mode != GraphMode::Normal) return LeavePick();
+    if (isFullScreen()) return SetFullScreen(false);
+    Run(CommandId::GraphTable);
+}
+
+void GraphWindow::SetFullScreen(bool on) {
+    const Qt::WindowStates others = windowState() & ~Qt::WindowFullScreen;
+    setWindowState(on ? others | Qt::WindowFullScreen : others);
+    LayOut();
+}
+
+void GraphWindow::ShowMode() {
+    const QString title = ToQString(TitleOf(graph, workspace.functions));
+    if (windowTitle() != title) setWindowTitle(title);
+    QPushButton& left = *bar->menuButton();
+    QPushButton& right = *bar->actionButton();
+    const FunctionEntry* const traced = TracedFunction(graph, workspace.functions);
+    const bool normal = graph.mode == GraphMode::Normal;
+    const bool trace = graph.mode == GraphMode::Trace;
+    left.setText(normal ? "Menu" : "Escape");
+    left.setToolTip(normal ? "F10" : "Esc");
+    right.setText(trace ? "Analyze" : "Trace");
+    right.setToolTip(normal ? "T" : "");
+    right.setVisible(normal || (trace && traced != nullptr && OffersAnalysis(*traced)));
+    right.setEnabled(trace ? HasDialog(CommandId::Analyze) : CanTraceAny(workspace.functions));
+}
+
+void GraphWindow::LayOut() {
+    const bool full = isFullScreen();
+    const int canvasHeight = full ? height() : height() - kBottomBarHeight;
+    bar->setVisible(!full);
+    canvas->holdOpensPopup = full;
     canvas->setGeometry(0, 0, width(), canvasHeight);
     bar->setGeometry(0, canvasHeight, width(), kBottomBarHeight);
+}
+
+void GraphWindow::resizeEvent(QResizeEvent*) {
+    LayOut();
+}
+
+void GraphWindow::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::WindowStateChange) LayOut();
+    QWidget::changeEvent(event);
 }
 
 void GraphWindow::closeEvent(QCloseEvent* event) {
     event->ignore();  // `Graph Table` decides what becomes of the window
     Run(CommandId::GraphTable);
+}
+
+void GraphWindow::keyPressEvent(QKeyEvent* event) {
+    if (event->text() == "#") {
+        Run(CommandId::FullScreen);
+        return;
+    }
+    const GraphKey key{event->key(), event->modifiers(), event->isAutoRepeat()};
+    const auto change = RunGraphKey(graph, workspace.functions, keyGesture, key, actions.show);
+    if (change) {
+        canvas->Apply(*change);
+    } else {
+        QWidget::keyPressEvent(event);
+    }
 }
 
 }  // namespace kalvex

@@ -2,12 +2,18 @@
 // never overwrites this one.
 #include "ui/picture_export.h"
 
+#include <QClipboard>
 #include <QDir>
+#include <QFileDialog>
+#include <QGuiApplication>
 #include <QStandardPaths>
+#include <utility>
 
 #include "painter/painter.h"
 #include "painter/picture_file.h"
+#include "painter/write_picture.h"
 #include "resources/strings.h"
+#include "ui/qt_text.h"
 #include "workspace/settings.h"
 
 namespace kalvex {
@@ -17,6 +23,18 @@ namespace {
 std::int32_t Successor(std::int32_t counter) {
     return static_cast<std::int32_t>(static_cast<std::uint32_t>(counter) + 1U);
 }
+
+struct SaveFormat {
+    const char* filter;
+    const char* ending;
+};
+
+constexpr SaveFormat kSaveFormats[] = {
+    {"PNG picture (*.png)", "png"},
+    {"SVG drawing (*.svg)", "svg"},
+    {"PDF document (*.pdf)", "pdf"},
+    {"Bitmap (*.bmp)", "bmp"},
+};
 
 }  // namespace
 
@@ -35,6 +53,40 @@ void ExportPicture(const DrawList& picture, Options& options, const Registry& re
     show({std::u16string(Text(StringId::PictureSavedCaption)),
           std::u16string(Text(StringId::PictureSavedText)), MessageIcon::Exclamation,
           MessageButtons::Ok});
+}
+
+void OpenSavePictureDialog(QWidget* parent, const QString& folder,
+                           std::function<void(const QString& path)> chosen) {
+    auto* const dialog = new QFileDialog(parent, "Save Picture As", folder);
+    dialog->setObjectName("savePictureDialog");
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    QStringList filters;
+    for (const SaveFormat& format : kSaveFormats)
+        filters += format.filter;
+    dialog->setNameFilters(filters);
+    dialog->setDefaultSuffix(kSaveFormats[0].ending);
+    dialog->selectFile("Kalvex.png");
+    QObject::connect(dialog, &QFileDialog::filterSelected, dialog, [dialog](const QString& filter) {
+        for (const SaveFormat& format : kSaveFormats) {
+            if (filter == format.filter) dialog->setDefaultSuffix(format.ending);
+        }
+    });
+    QObject::connect(dialog, &QFileDialog::fileSelected, dialog,
+                     [chosen = std::move(chosen)](const QString& path) { chosen(path); });
+    dialog->open();
+}
+
+void SavePicture(const DrawList& picture, const QString& path, const ShowMessage& show) {
+    const auto format = PictureFormatOf(path);
+    if (format && WritePicture(path, picture, *format)) return;
+    const StringId reason = format ? StringId::PictureNotWritten : StringId::PictureEnding;
+    show({std::u16string(Text(StringId::Error)), FillIn(Text(reason), {FromQString(path)}),
+          MessageIcon::Stop, MessageButtons::Ok});
+}
+
+void CopyPicture(const DrawList& picture, double devicePixelRatio) {
+    QGuiApplication::clipboard()->setImage(PaintPicture(picture, devicePixelRatio));
 }
 
 }  // namespace kalvex

@@ -1,12 +1,15 @@
-// The `Picture` command.
+// The picture as a file or on the clipboard.
 #pragma once
 
 #include <QString>
+#include <functional>
 
 #include "base/message_box.h"
 #include "graph/draw_list.h"
 #include "workspace/options.h"
 #include "workspace/registry.h"
+
+class QWidget;
 
 namespace kalvex {
 
@@ -18,5 +21,17 @@ QString DefaultPictureFolder();
 /// any case.
 void ExportPicture(const DrawList& picture, Options& options, const Registry& registry,
                    const QString& folder, const ShowMessage& show);
+
+/// Asks for a file (PNG, SVG, PDF or bitmap; by its ending) and hands the path to `chosen`.
+/// `folder` is where the dialog starts; returns at once.
+void OpenSavePictureDialog(QWidget* parent, const QString& folder,
+                           std::function<void(const QString& path)> chosen);
+
+/// Writes the picture in the format of the path's ending. What fails gets a message with the reason
+/// that is known: another ending, or the path that could not be written.
+void SavePicture(const DrawList& picture, const QString& path, const ShowMessage& show);
+
+/// Puts the picture on the clipboard, at a device pixel ratio.
+void CopyPicture(const DrawList& picture, double devicePixelRatio);
 
 }  // namespace kalvex

@@ -67,11 +67,12 @@ void TakeWindowPlace(QWidget& last, QWidget& next) {
         next.setGeometry(last.normalGeometry());
         next.setWindowState(Qt::WindowMaximized);
     } else {
+        const QRect place = last.isFullScreen() ? last.normalGeometry() : last.geometry();
         next.setWindowState(Qt::WindowNoState);
-        next.setGeometry(last.geometry());
+        next.setGeometry(place);
         // A window that stood there before counts as unmoved: only the native one takes the same
         // place as a wish, without which the window manager would choose another.
-        if (next.windowHandle() != nullptr) next.windowHandle()->setGeometry(last.geometry());
+        if (next.windowHandle() != nullptr) next.windowHandle()->setGeometry(place);
     }
     next.show();
     next.raise();

@@ -30,7 +30,8 @@ void ApplyWindowState(QWidget& window, const WindowState& state);
 /// Keeps a window's present size; of a maximised window only that it is maximised.
 void RememberWindow(const QWidget& window, WindowState& state);
 
-/// Puts `next` where `last` stands, in the same state; `last` disappears.
+/// Puts `next` where `last` stands, in the same state; `last` disappears. The full screen is left:
+/// `next` stands where `last` stood before.
 void TakeWindowPlace(QWidget& last, QWidget& next);
 
 }  // namespace kalvex

@@ -106,11 +106,11 @@ TEST(Graph, ChoosesTheFirstFunctionThatIsNotImplicit) {
     EXPECT_EQ(state.trace.function, 5) << "a chosen function stays";
 }
 
-TEST(Graph, LeavesTheCursorOfAnActiveTraceAlone) {
+TEST(Graph, LeavesTheCursorOfAPickAlone) {
     for (const EquationType type :
          {EquationType::Decart, EquationType::Parametric, EquationType::Implicit}) {
         GraphState state = StateOf(MakeViewport(-10, 10, -10, 10));
-        state.traceActive = true;
+        state.mode = GraphMode::Centre;
         state.trace.index = 7;
         state.trace.pixel = {3, 4};
         FunctionList functions;
@@ -119,6 +119,21 @@ TEST(Graph, LeavesTheCursorOfAnActiveTraceAlone) {
         EXPECT_EQ(state.trace.index, 7) << static_cast<int>(type);
         EXPECT_EQ(state.trace.pixel, (PixelPoint{3, 4})) << static_cast<int>(type);
     }
+}
+
+TEST(Graph, KeepsTheTraceOnItsSample) {
+    GraphState state = StateOf(MakeViewport(-10, 10, -10, 10));
+    state.mode = GraphMode::Trace;
+    state.trace.index = 7;
+    FunctionList functions;
+    functions[0] = MakeEntry(EquationType::Decart, u"x");
+    Draw(state, functions, PlainOptions());
+    EXPECT_EQ(state.trace.index, 7);
+    const CurveSample& sample = functions[0].samples[7];
+    EXPECT_EQ(state.trace.pixel, (PixelPoint{sample.column, sample.row}));
+    state.trace.index = 100'000;
+    Draw(state, functions, PlainOptions());
+    EXPECT_EQ(state.trace.index, 239) << "clamped to the cache";
 }
 
 TEST(Graph, PlacesTheCursorOnTheMiddleSample) {
@@ -130,10 +145,10 @@ TEST(Graph, PlacesTheCursorOnTheMiddleSample) {
     EXPECT_EQ(state.trace.pixel, PixelPoint{});
     EXPECT_NE(state.trace.status, 0);
     functions[0] = MakeEntry(EquationType::Decart, u"x");
-    state.traceActive = true;
+    state.mode = GraphMode::Box;
     Draw(state, functions, PlainOptions());
-    EXPECT_NE(state.trace.status, 0) << "trace keeps its cursor";
-    state.traceActive = false;
+    EXPECT_NE(state.trace.status, 0) << "a pick keeps its cursor";
+    state.mode = GraphMode::Normal;
     Draw(state, functions, PlainOptions());
     EXPECT_EQ(state.trace.status, 0);
     EXPECT_EQ(state.trace.pixel,

@@ -54,7 +54,7 @@ TEST(GraphMenu, ReadsAsItMust) {
               u"Zoom\n  Box\n   Factor\n  Zoom In\n  Zoom Out\n  Auto\n  Pre\n"
               u"QUICK\n  Init\n  Trig\n  Log(X)\n  exp(X)\n  X^2\n  -X^2\n  Standart\n"
               u"View Window\nOptions=32790\nCalculator\nPicture\n-\nHelp=32867\nAbout=32791\n-\n"
-              u"Exit\n");
+              u"Exit\n-\nSave Picture As...\nCopy Picture\n");
     EXPECT_EQ(Described(FullScreenPopup()), u"Full Screen\nZoom In\nZoom Out\nHelp=32867\n");
 }
 

@@ -1,0 +1,61 @@
+// The modes of the graph: how they begin and end, and what pen, finger and keys do in each. A
+// cursor pixel marks the point that will be picked; moving it never redraws the curves.
+#pragma once
+
+#include <string>
+
+#include "base/message_box.h"
+#include "graph/graph.h"
+
+namespace kalvex {
+
+/// What the picture needs after something was done. The larger value includes the smaller.
+enum class PictureChange {
+    None,
+    Overlay,  ///< the cursor and its texts have changed
+    Curves    ///< the visible rectangle has changed: compute everything anew
+};
+
+/// Least distance (pixels along x or y) between press and lift for one drag to pick both corners.
+inline constexpr std::int32_t kBoxDragDistance = 20;
+
+/// Pixels of sliding in the upper band that change the trace function by one.
+inline constexpr std::int32_t kSlideDistance = 40;
+
+/// Back to panning; bounds and trace function stay.
+void EnterNormalMode(GraphState& state);
+
+/// Picks a box: the window before is saved, the cursor is put in the middle.
+void EnterBoxMode(GraphState& state);
+
+/// Picks the centre of a zoom: the window before is saved, the cursor is put in the middle.
+void EnterCentreMode(GraphState& state, ZoomDirection direction);
+
+/// Trace from the cursor's present sample. False, and no change, when no function can be traced.
+bool EnterTraceMode(GraphState& state, const FunctionList& functions);
+
+/// The window's title in the present mode: "Kalvex", a prompt, or the trace function's text.
+std::u16string TitleOf(const GraphState& state, const FunctionList& functions);
+
+/// Rows of the two bands of trace mode: the highest and the lowest sixth of the picture.
+std::int32_t UpperBandEnd(const Viewport& viewport);
+std::int32_t LowerBandStart(const Viewport& viewport);
+
+/// A pen, a finger or the left button comes down at a pixel, moves, is lifted. In box mode the
+/// first corner is where it comes down first; the second one is where the next tap, or the same
+/// drag when it is long enough, ends. In centre mode lifting zooms.
+PictureChange PressPointer(GraphState& state, const FunctionList& functions, PixelPoint at);
+PictureChange MovePointer(GraphState& state, const FunctionList& functions, PixelPoint at);
+PictureChange LiftPointer(GraphState& state, const FunctionList& functions, PixelPoint at,
+                          const ShowMessage& show);
+
+/// The pointer is taken away (a popup opens, a second finger comes down): nothing is picked.
+void DropPointer(GraphState& state);
+
+/// Moves the cursor of a pick mode by pixels, inside the picture.
+PictureChange MoveCursorBy(GraphState& state, std::int32_t columns, std::int32_t rows);
+
+/// Picks the cursor's pixel as a tap there would.
+PictureChange PickAtCursor(GraphState& state, const ShowMessage& show);
+
+}  // namespace kalvex

@@ -1,0 +1,127 @@
+// The derivative is the quotient between the cursor's sample and the one before it: what a reader
+// could work out from two read-outs, with no step of its own.
+#include "graph/trace.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <optional>
+
+#include "base/decimal.h"
+#include "base/encoding.h"
+#include "expr/eval_error.h"
+#include "graph/legend.h"
+#include "resources/strings.h"
+
+namespace kalvex {
+namespace {
+
+bool HasType(const FunctionEntry& entry, EquationType type) {
+    return entry.type == static_cast<std::int32_t>(type);
+}
+
+bool HasParameter(const FunctionEntry& entry) {
+    return HasType(entry, EquationType::Polar) || HasType(entry, EquationType::Parametric);
+}
+
+/// "%f"; the sign bit of a not-a-number means nothing and is not shown.
+std::u16string NumberOf(double value) {
+    return Widen(FormatFixed(std::isnan(value) ? std::numeric_limits<double>::quiet_NaN() : value));
+}
+
+std::u16string YText(const CurveSample& sample) {
+    if (sample.y == UndefinedValue && sample.status != 0) {
+        std::u16string title;
+        std::u16string message;
+        DescribeEvalError(sample.status, title, message, {});
+        if (!message.empty()) return message;
+    }
+    return FillIn(Text(StringId::TraceY), {NumberOf(sample.y)});
+}
+
+/// Nothing when a value is undefined or the quotient is no finite number.
+std::optional<double> Quotient(double to, double from, double argument, double argumentBefore) {
+    if (to == UndefinedValue || from == UndefinedValue || argument == argumentBefore) return {};
+    const double quotient = (to - from) / (argument - argumentBefore);
+    if (!std::isfinite(quotient)) return {};
+    return quotient;
+}
+
+std::u16string DerivativeText(const CurveSample* before, const CurveSample& at) {
+    const auto slope =
+        before != nullptr ? Quotient(at.y, before->y, at.x, before->x) : std::optional<double>{};
+    if (!slope) return std::u16string(Text(StringId::TraceDerivativeError));
+    return FillIn(Text(StringId::TraceDerivative), {NumberOf(*slope)});
+}
+
+std::u16string DerivativesText(const CurveSample* before, const CurveSample& at) {
+    if (before == nullptr) return std::u16string(Text(StringId::TraceDerivativesError));
+    const auto slope = Quotient(at.y, before->y, at.x, before->x);
+    const auto ofX = Quotient(at.x, before->x, at.parameter, before->parameter);
+    const auto ofY = Quotient(at.y, before->y, at.parameter, before->parameter);
+    if (!slope || !ofX || !ofY) return std::u16string(Text(StringId::TraceDerivativesError));
+    return FillIn(Text(StringId::TraceDerivatives),
+                  {NumberOf(*slope), NumberOf(*ofX), NumberOf(*ofY)});
+}
+
+}  // namespace
+
+bool CanTrace(const FunctionEntry& entry) {
+    return IsDrawn(entry) && !HasType(entry, EquationType::Implicit);
+}
+
+const FunctionEntry* TracedFunction(const GraphState& state, const FunctionList& functions) {
+    if (!state.trace.function) return nullptr;
+    const FunctionEntry& entry = functions[static_cast<std::size_t>(*state.trace.function)];
+    return CanTrace(entry) ? &entry : nullptr;
+}
+
+void MoveTraceTo(GraphState& state, const FunctionList& functions, std::int64_t index) {
+    TraceCursor& trace = state.trace;
+    trace.pixel = {};
+    trace.status = 0;
+    const FunctionEntry* const entry = TracedFunction(state, functions);
+    if (entry == nullptr || entry->samples.empty()) return;
+    const auto last = static_cast<std::int64_t>(entry->samples.size()) - 1;
+    trace.index = static_cast<std::int32_t>(std::clamp<std::int64_t>(index, 0, last));
+    const CurveSample& sample = entry->samples[static_cast<std::size_t>(trace.index)];
+    trace.pixel = {sample.column, sample.row};
+    trace.status = sample.status;
+}
+
+void RefreshTraceCursor(GraphState& state, const FunctionList& functions) {
+    MoveTraceTo(state, functions, state.trace.index);
+}
+
+void ChangeTraceFunction(GraphState& state, const FunctionList& functions, int step) {
+    const int from = state.trace.function.value_or(0);
+    for (int i = 1; i <= kSlotCount; ++i) {
+        const int slot = ((from + i * step) % kSlotCount + kSlotCount) % kSlotCount;
+        if (!CanTrace(functions[static_cast<std::size_t>(slot)])) continue;
+        state.trace.function = slot;
+        break;
+    }
+    RefreshTraceCursor(state, functions);
+}
+
+bool OffersAnalysis(const FunctionEntry& entry) {
+    return !HasParameter(entry);
+}
+
+std::vector<std::u16string> TraceTexts(const FunctionEntry& entry, std::int32_t index,
+                                       bool withDerivatives) {
+    const auto place = static_cast<std::size_t>(index);
+    if (index < 0 || place >= entry.samples.size()) return {};
+    const CurveSample& at = entry.samples[place];
+    const CurveSample* const before = place > 0 ? &entry.samples[place - 1] : nullptr;
+    std::vector<std::u16string> texts;
+    if (HasParameter(entry))
+        texts.push_back(FillIn(Text(StringId::TraceParameter), {NumberOf(at.parameter)}));
+    texts.push_back(FillIn(Text(StringId::TraceX), {NumberOf(at.x)}));
+    texts.push_back(YText(at));
+    if (!withDerivatives) return texts;
+    texts.push_back(HasParameter(entry) ? DerivativesText(before, at) : DerivativeText(before, at));
+    return texts;
+}
+
+}  // namespace kalvex

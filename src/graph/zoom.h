@@ -1,0 +1,25 @@
+// Changes of the visible rectangle about a point and to a box.
+#pragma once
+
+#include "graph/graph.h"
+
+namespace kalvex {
+
+/// Makes `centre` the middle of the picture, Xfactor and Yfactor times smaller (zoom in) or larger
+/// (zoom out). A factor of 0 or less, or one that is not finite, is used as it is and may give
+/// infinite bounds. With any other factor an axis keeps its bounds where the new ones would be
+/// infinite, not-a-number or equal, so that zooming back is always possible.
+void ZoomAbout(Viewport& viewport, const WorldPoint& centre, ZoomDirection direction);
+
+/// Makes two opposite corners the bounds. False, and nothing changed, when they have the same x or
+/// the same y, or one that is not finite.
+bool ZoomToBox(Viewport& viewport, const WorldPoint& first, const WorldPoint& second);
+
+/// Multiplies both extents while the world point at a pixel stays there. An axis keeps its bounds
+/// where the new ones would be infinite, not-a-number or equal.
+void ZoomAtPixel(Viewport& viewport, const PixelPoint& fixed, double extentX, double extentY);
+
+/// Middle pixel of the client area.
+PixelPoint MiddleOf(const Viewport& viewport);
+
+}  // namespace kalvex

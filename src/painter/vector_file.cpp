@@ -1,0 +1,68 @@
+// The records are played into Qt's own generators, through a file that replaces the old one only
+// when it is complete.
+#include "painter/vector_file.h"
+
+#include <QBuffer>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QSaveFile>
+#include <QSvgGenerator>
+
+#include "painter/vector_play.h"
+
+namespace kalvex {
+namespace {
+
+constexpr int kPixelsPerInch = 96;
+constexpr double kPointsPerPixel = 72.0 / kPixelsPerInch;
+
+bool WriteFile(const QString& path, const QByteArray& bytes) {
+    QSaveFile file(path);
+    file.setDirectWriteFallback(true);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+}
+
+bool HasSize(const DrawList& list) {
+    return list.width > 0 && list.height > 0;
+}
+
+void Play(QPaintDevice& device, const DrawList& list) {
+    QPainter painter(&device);
+    painter.fillRect(QRect(0, 0, list.width, list.height), Qt::white);
+    painter.setClipRect(QRect(0, 0, list.width, list.height));
+    PlayVector(painter, list);
+}
+
+}  // namespace
+
+bool WriteSvg(const QString& path, const DrawList& list) {
+    if (!HasSize(list)) return false;
+    QBuffer bytes;
+    QSvgGenerator generator;
+    generator.setOutputDevice(&bytes);
+    generator.setSize(QSize(list.width, list.height));
+    generator.setViewBox(QRect(0, 0, list.width, list.height));
+    generator.setResolution(kPixelsPerInch);
+    generator.setTitle("Kalvex");
+    Play(generator, list);
+    return WriteFile(path, bytes.data());
+}
+
+bool WritePdf(const QString& path, const DrawList& list) {
+    if (!HasSize(list)) return false;
+    QBuffer bytes;
+    bytes.open(QIODevice::WriteOnly);
+    {
+        QPdfWriter writer(&bytes);
+        writer.setCreator("Kalvex");
+        writer.setTitle("Kalvex");
+        writer.setResolution(kPixelsPerInch);
+        const QSizeF points(list.width * kPointsPerPixel, list.height * kPointsPerPixel);
+        writer.setPageSize(QPageSize(points, QPageSize::Point, {}, QPageSize::ExactMatch));
+        writer.setPageMargins(QMarginsF(0, 0, 0, 0));
+        Play(writer, list);
+    }
+    return WriteFile(path, bytes.data());
+}
+
+}  // namespace kalvex

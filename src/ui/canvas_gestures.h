@@ -1,0 +1,39 @@
+// Wheel and pinch as zoom steps.
+#pragma once
+
+#include <QPointF>
+#include <Qt>
+
+#include "graph/explore_commands.h"
+
+namespace kalvex {
+
+/// What is left of wheel turns too small for a step. A notch of an ordinary wheel is 120 units and
+/// eight steps; touch pads send a few units at a time.
+struct WheelRest {
+    int units = 0;
+};
+
+/// The whole steps in what has been turned so far, positive away from the user (closer).
+int TakeWheelSteps(WheelRest& rest, int units);
+
+/// Factor of the extents after some steps: a notch closer leaves four fifths.
+double ExtentOfSteps(int steps);
+
+/// The two fingers of a pinch.
+struct Pinch {
+    bool running = false;
+    QPointF centre;
+    double distance = 0.0;
+};
+
+/// One movement of two fingers: what was between them stays between them. With Ctrl only x is
+/// zoomed, with Shift only y.
+PictureChange MovePinch(GraphState& state, ZoomGesture& gesture, Pinch& pinch, QPointF first,
+                        QPointF second, Qt::KeyboardModifiers modifiers);
+
+/// A zoom step about a point; Ctrl and Shift as above.
+PictureChange ZoomStep(GraphState& state, ZoomGesture& gesture, QPointF fixed, double extent,
+                       Qt::KeyboardModifiers modifiers);
+
+}  // namespace kalvex

@@ -1,0 +1,26 @@
+// The keys of the graph window that are no commands.
+#pragma once
+
+#include <Qt>
+#include <optional>
+
+#include "graph/explore_commands.h"
+
+namespace kalvex {
+
+struct GraphKey {
+    int key = 0;  ///< Qt::Key
+    Qt::KeyboardModifiers modifiers;
+    bool repeated = false;  ///< by being held down
+};
+
+/// Normal mode: arrows pan by a tenth of the window, Home shows the first fixed window. Trace:
+/// left and right step through the samples (Ctrl: ten), Home and End go to the first and last one,
+/// up and down change the function. Picking: arrows move the cursor (Ctrl: ten pixels), Return and
+/// Space pick. Everywhere: + and - zoom by the factors, Backspace shows the window before.
+/// `gesture` belongs to the + and - keys. Nothing for any other key.
+std::optional<PictureChange> RunGraphKey(GraphState& state, const FunctionList& functions,
+                                         ZoomGesture& gesture, const GraphKey& key,
+                                         const ShowMessage& show);
+
+}  // namespace kalvex
