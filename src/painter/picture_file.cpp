@@ -1,11 +1,11 @@
-// The bitmap is written field by field in little-endian order, whatever the machine's. QSaveFile
-// puts the new file in place only when it is complete.
+// The bitmap is written field by field in little-endian order, whatever the machine's.
 #include "painter/picture_file.h"
 
 #include <QImageWriter>
-#include <QSaveFile>
 #include <QtEndian>
 #include <cstdint>
+
+#include "painter/complete_file.h"
 
 namespace kalvex {
 namespace {
@@ -44,12 +44,12 @@ QByteArray BitmapHeader(const QImage& picture) {
     return header;
 }
 
-bool WriteAll(QSaveFile& file, const QByteArray& bytes) {
+bool WriteAll(QIODevice& file, const QByteArray& bytes) {
     return file.write(bytes) == bytes.size();
 }
 
 /// Rows from the lowest to the highest, each padded to whole groups of four bytes.
-bool WriteRows(QSaveFile& file, const QImage& picture) {
+bool WriteRows(QIODevice& file, const QImage& picture) {
     const QImage pixels = picture.convertToFormat(QImage::Format_BGR888);
     const qsizetype rowSize = (static_cast<qsizetype>(pixels.width()) * 3 + 3) & ~qsizetype{3};
     for (int y = pixels.height() - 1; y >= 0; --y) {
@@ -67,21 +67,18 @@ bool WriteRows(QSaveFile& file, const QImage& picture) {
 
 bool WriteBitmap(const QString& path, const QImage& picture) {
     if (picture.isNull()) return false;
-    QSaveFile file(path);
-    file.setDirectWriteFallback(true);
-    if (!file.open(QIODevice::WriteOnly)) return false;
-    if (!WriteAll(file, BitmapHeader(picture)) || !WriteRows(file, picture)) return false;
-    return file.commit();
+    return WriteCompleteFile(path, [&picture](QIODevice& file) {
+        return WriteAll(file, BitmapHeader(picture)) && WriteRows(file, picture);
+    });
 }
 
 bool WritePng(const QString& path, const QImage& picture) {
     if (picture.isNull()) return false;
-    QSaveFile file(path);
-    file.setDirectWriteFallback(true);
-    if (!file.open(QIODevice::WriteOnly)) return false;
-    QImageWriter writer(&file, "png");
-    writer.setQuality(80);  // the fastest real compression; line drawings stay small with it
-    return writer.write(picture) && file.commit();
+    return WriteCompleteFile(path, [&picture](QIODevice& file) {
+        QImageWriter writer(&file, "png");
+        writer.setQuality(80);  // the fastest real compression; line drawings stay small with it
+        return writer.write(picture);
+    });
 }
 
 }  // namespace kalvex

@@ -5,9 +5,9 @@
 #include <QBuffer>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QSaveFile>
 #include <QSvgGenerator>
 
+#include "painter/complete_file.h"
 #include "painter/vector_play.h"
 
 namespace kalvex {
@@ -17,9 +17,8 @@ constexpr int kPixelsPerInch = 96;
 constexpr double kPointsPerPixel = 72.0 / kPixelsPerInch;
 
 bool WriteFile(const QString& path, const QByteArray& bytes) {
-    QSaveFile file(path);
-    file.setDirectWriteFallback(true);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+    return WriteCompleteFile(
+        path, [&bytes](QIODevice& file) { return file.write(bytes) == bytes.size(); });
 }
 
 bool HasSize(const DrawList& list) {

@@ -225,7 +225,8 @@ void GraphCanvas::Touch(const QTouchEvent& event) {
     const auto& fingers = event.points();
     const bool over = event.type() == QEvent::TouchEnd || event.type() == QEvent::TouchCancel;
     if (event.type() == QEvent::TouchBegin) touchIgnored = false;
-    if (fingers.size() >= 2 && !over) {
+    const bool lifted = event.touchPointStates().testFlag(QEventPoint::Released);
+    if (fingers.size() >= 2 && !over && !lifted) {
         holdPending = false;
         touchIgnored = true;
         DropPointer(graph);

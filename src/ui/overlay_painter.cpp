@@ -11,7 +11,7 @@
 namespace kalvex {
 namespace {
 
-constexpr int kArm = 12;  // pixels from the middle of the cross to its ends
+constexpr int kArm = 14;  // pixels from the middle of the cross to its ends
 constexpr int kGap = 8;
 constexpr int kPadding = 6;
 constexpr int kTextFlags = Qt::TextWordWrap | Qt::AlignLeft | Qt::AlignTop;
@@ -24,7 +24,7 @@ QString Joined(const Overlay& overlay) {
 }
 
 void StrokeTwice(QPainter& painter, const auto& draw) {
-    for (const auto& [color, width] : {std::pair(QColor(Qt::white), 5), {QColor(Qt::black), 1}}) {
+    for (const auto& [color, width] : {std::pair(QColor(Qt::white), 6), {QColor(Qt::black), 2}}) {
         painter.setPen(QPen(color, width, Qt::SolidLine, Qt::FlatCap));
         draw();
     }
@@ -32,7 +32,7 @@ void StrokeTwice(QPainter& painter, const auto& draw) {
 
 void PaintCross(QPainter& painter, const PixelPoint& at) {
     // An open middle: the point itself stays visible.
-    constexpr int kHole = 3;
+    constexpr int kHole = 4;
     const QLineF arms[] = {QLineF(at.x + 0.5 - kArm, at.y + 0.5, at.x + 0.5 - kHole, at.y + 0.5),
                            QLineF(at.x + 0.5 + kHole, at.y + 0.5, at.x + 0.5 + kArm, at.y + 0.5),
                            QLineF(at.x + 0.5, at.y + 0.5 - kArm, at.x + 0.5, at.y + 0.5 - kHole),

@@ -215,11 +215,37 @@ TEST(Tool, DrawsPictures) {
     Expect({{"draw", "--size", "30x20", "-o", bitmap, "implicit:x-y"}, "", 0, "", ""},
            {"LC_ALL=C"});
     EXPECT_EQ(ReadFile(bitmap).substr(0, 2), "BM");
-    for (const char* name : {"missing/a.png", "missing/a.bmp"}) {
+    const std::string svg = folder.PathOf("c.svg");
+    Expect({{"draw", "--size", "30x20", "-o", svg, "decart:x"}, "", 0, "", ""});
+    EXPECT_NE(ReadFile(svg).find("viewBox=\"0 0 30 20\""), std::string::npos);
+    const std::string pdf = folder.PathOf("d.Pdf");
+    Expect({{"draw", "-o", pdf, "decart:x"}, "", 0, "", ""});
+    EXPECT_EQ(ReadFile(pdf).substr(0, 4), "%PDF");
+    for (const char* name : {"missing/a.png", "missing/a.bmp", "missing/a.svg", "missing/a.pdf"}) {
         const ToolRun run = RunTool({"draw", "-o", folder.PathOf(name), "decart:x"});
         EXPECT_EQ(run.status, 3) << name;
         EXPECT_NE(run.err, "") << name;
     }
+}
+
+TEST(Tool, ZoomsAutomatically) {
+    Expect({{"samples", "--auto", "--size", "5x5", "decart:x^2"},
+            "",
+            0,
+            "0\t0\t-10\t100\t0\t0\n1\t3\t-5\t25\t0\t0\n2\t4\t0\t0\t0\t0\n"
+            "3\t3\t5\t25\t0\t0\n5\t0\t10\t100\t0\t0\n",
+            ""});
+    // Bounds that cannot be found: a message, and the window as it was.
+    Expect({{"samples", "--auto", "--size", "1x4", "decart:x+200"},
+            "",
+            0,
+            "0\t-36\t-10\t190\t0\t0\n",
+            "Error!: Certain automatically coordinates are too big!\n"});
+    const ToolRun run = RunTool({"samples", "--auto", "--size", "2x4", "decart:ln(x-50)"});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.err,
+              "Error!: We can not determine the boundaries automatically. Just enter a border by "
+              "hand in the window 'Window View'\n");
 }
 
 TEST(Tool, WritesNoPictureOfARejectedLine) {

@@ -1,7 +1,10 @@
 #include "ui/picture_export.h"
 
+#include <QClipboard>
 #include <QFile>
+#include <QFileDialog>
 #include <QFileInfo>
+#include <QImage>
 #include <limits>
 
 #include "window_fixture.h"
@@ -54,6 +57,75 @@ class PictureExportTest final : public QObject {
         ExportPicture({8, 8, {}}, options, store.registry, folder.path(), shown.show);
         QCOMPARE(options.Screen, std::numeric_limits<std::int32_t>::min());
         QVERIFY(QFileInfo::exists(folder.filePath("Kalvex_2147483647.bmp")));
+    }
+    void SavesWhereTheUserWants() {
+        TestProgram program;
+        program.Start();
+        program.Entry(1).selected = 1;
+        program.OpenGraph();
+        const struct {
+            const char* filter;
+            const char* typed;
+            const char* made;
+            const char* start;
+        } rows[] = {
+            {"PNG picture (*.png)", "one", "one.png", "\x89PNG"},
+            {"SVG drawing (*.svg)", "two", "two.svg", "<?xml"},
+            {"PDF document (*.pdf)", "three", "three.pdf", "%PDF"},
+            {"Bitmap (*.bmp)", "four", "four.bmp", "BM"},
+            {"PNG picture (*.png)", "five.pdf", "five.pdf", "%PDF"},
+        };
+        const QDir folder(program.folder.path());
+        for (const auto& row : rows) {
+            program.Graph().Run(CommandId::SavePictureAs);
+            auto* const dialog = program.Graph().findChild<QFileDialog*>("savePictureDialog");
+            QVERIFY(dialog != nullptr);
+            dialog->selectNameFilter(row.filter);
+            emit dialog->filterSelected(row.filter);
+            dialog->setDirectory(folder);
+            auto* const name = dialog->findChild<QLineEdit*>("fileNameEdit");
+            QVERIFY(name != nullptr);
+            name->setText(row.typed);
+            QTest::keyClick(name, Qt::Key_Return);
+            QTRY_VERIFY(QFileInfo::exists(folder.filePath(row.made)));
+            QFile file(folder.filePath(row.made));
+            QVERIFY(file.open(QIODevice::ReadOnly));
+            QVERIFY(file.readAll().startsWith(row.start));
+            QTRY_VERIFY(!program.Graph().findChild<QFileDialog*>("savePictureDialog"));
+        }
+        QVERIFY(program.shown.boxes->empty());
+        QCOMPARE(program.application.windowState.folder, folder.absolutePath());
+        QCOMPARE(QImage(folder.filePath("one.png")).size(), program.Canvas().size());
+        program.Graph().Run(CommandId::SavePictureAs);
+        auto* const again = program.Graph().findChild<QFileDialog*>("savePictureDialog");
+        QCOMPARE(again->directory().absolutePath(), folder.absolutePath());
+        QTest::keyClick(again, Qt::Key_Escape);
+        QTRY_VERIFY(!program.Graph().findChild<QFileDialog*>("savePictureDialog"));
+    }
+    void SaysWhatCouldNotBeSaved() {
+        ShownBoxes shown;
+        const DrawList picture{8, 8, {}};
+        SavePicture(picture, "/proc/no folder/a.png", shown.show);
+        QVERIFY(shown.boxes->back().text ==
+                u"The picture could not be written:\n/proc/no folder/a.png");
+        QVERIFY(shown.boxes->back().caption == u"Error!");
+        QVERIFY(shown.boxes->back().icon == MessageIcon::Stop);
+        SavePicture(picture, "a.jpg", shown.show);
+        QVERIFY(shown.boxes->back().text ==
+                u"The name of the picture must end in .png, .svg, .pdf or .bmp:\na.jpg");
+        QCOMPARE(shown.boxes->size(), std::size_t{2});
+    }
+    void CopiesToTheClipboard() {
+        TestProgram program;
+        program.Start();
+        program.Entry(1).selected = 1;
+        program.OpenGraph();
+        QTest::keyClick(&program.Graph(), Qt::Key_C, Qt::ControlModifier);
+        const QImage copied = QGuiApplication::clipboard()->image();
+        QCOMPARE(copied.size(), program.Canvas().size());
+        QCOMPARE(
+            copied.pixel(3, 3),
+            program.Canvas().grab().toImage().convertToFormat(QImage::Format_RGB32).pixel(3, 3));
     }
 };
 

@@ -1,0 +1,21 @@
+// QSaveFile writes beside the file and renames; that is why devices must not come to it.
+#include "painter/complete_file.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+namespace kalvex {
+
+bool WriteCompleteFile(const QString& path, const std::function<bool(QIODevice& file)>& write) {
+    const QFileInfo old(path);
+    if (old.exists() && !old.isFile()) {
+        QFile device(path);
+        return device.open(QIODevice::WriteOnly) && write(device) && device.flush();
+    }
+    QSaveFile file(path);
+    file.setDirectWriteFallback(true);
+    return file.open(QIODevice::WriteOnly) && write(file) && file.flush() && file.commit();
+}
+
+}  // namespace kalvex

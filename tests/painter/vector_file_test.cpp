@@ -1,0 +1,144 @@
+#include "painter/vector_file.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QFileInfo>
+#include <QPainter>
+#include <QRegularExpression>
+#include <QSvgRenderer>
+#include <QTemporaryDir>
+#include <QXmlStreamReader>
+
+#include "painter/painter.h"
+#include "painter/write_picture.h"
+
+namespace kalvex {
+namespace {
+
+constexpr std::int32_t kHuge = 2'000'000'000;
+
+/// One record of each kind, some reaching far outside.
+DrawList Sample() {
+    DrawList list{120, 80, {}};
+    const Pen red{{255, 0, 0}, 3};
+    const Pen blue{{0, 0, 255}, 1};
+    list.records.emplace_back(EllipseRecord{blue, true, {255, 255, 255}, 60, 10, 100, 50});
+    list.records.emplace_back(PolylineRecord{red, {{10, 10}, {40, 10}, {10, kHuge}, {-kHuge, 70}}});
+    list.records.emplace_back(
+        SegmentsRecord{blue, {{{0, 60}, {119, 60}}, {{50, -kHuge}, {50, kHuge}}}});
+    list.records.emplace_back(PixelRunsRecord{{50, 205, 50}, {{70, 20, 30}, {71, 20, 30}}});
+    list.records.emplace_back(TextRecord{5, 20, u"a<b>&\"c\"", {0, 0, 0}, 12});
+    return list;
+}
+
+QByteArray Contents(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QByteArray SvgOf(const DrawList& list) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("picture.svg");
+    EXPECT_TRUE(WriteSvg(path, list));
+    return Contents(path);
+}
+
+TEST(SvgFile, ShowsWhatThePictureShows) {
+    const DrawList list = Sample();
+    QSvgRenderer renderer(SvgOf(list));
+    ASSERT_TRUE(renderer.isValid());
+    EXPECT_EQ(renderer.viewBoxF(), QRectF(0, 0, 120, 80));
+    QImage drawn(120, 80, QImage::Format_RGB32);
+    drawn.fill(Qt::yellow);
+    QPainter painter(&drawn);
+    renderer.render(&painter);
+    painter.end();
+    const QImage picture = PaintPicture(list);
+    for (const QPoint& at : {QPoint(25, 10), QPoint(30, 60), QPoint(50, 30), QPoint(35, 70),
+                             QPoint(80, 30), QPoint(115, 5)}) {
+        EXPECT_EQ(drawn.pixelColor(at), picture.pixelColor(at)) << at.x() << ' ' << at.y();
+    }
+}
+
+TEST(SvgFile, IsWellFormedAndHasNoHugeNumbers) {
+    const QByteArray svg = SvgOf(Sample());
+    QXmlStreamReader reader(svg);
+    QString texts;
+    while (!reader.atEnd()) {
+        reader.readNext();
+        if (reader.isCharacters()) texts += reader.text();
+    }
+    EXPECT_FALSE(reader.hasError()) << reader.errorString().toStdString();
+    EXPECT_TRUE(texts.contains("a<b>&\"c\""));
+    const QRegularExpression huge("[ ,LM-][0-9]{4,}");
+    EXPECT_FALSE(QString::fromUtf8(svg).contains(huge)) << "what is far outside is cut off";
+    EXPECT_TRUE(svg.contains("font-family=\"sans-serif\""));
+}
+
+TEST(PdfFile, IsOnePageOfThePicturesSize) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("picture.pdf");
+    EXPECT_TRUE(WritePdf(path, Sample()));
+    const QByteArray pdf = Contents(path);
+    EXPECT_TRUE(pdf.startsWith("%PDF-1."));
+    EXPECT_TRUE(pdf.trimmed().endsWith("%%EOF"));
+    EXPECT_EQ(pdf.count("/Type /Page\n"), 1);
+    EXPECT_TRUE(QString::fromLatin1(pdf).contains(
+        QRegularExpression("/MediaBox \\[0 0 90[.0]* 60[.0]*\\]")));
+}
+
+TEST(VectorFiles, AreNotWrittenWhereTheyCannotBe) {
+    EXPECT_FALSE(WriteSvg("/proc/no folder/a.svg", Sample()));
+    EXPECT_FALSE(WritePdf("/proc/no folder/a.pdf", Sample()));
+    const QTemporaryDir folder;
+    for (const DrawList& list : {DrawList{0, 10, {}}, DrawList{10, -1, {}}}) {
+        EXPECT_FALSE(WriteSvg(folder.filePath("a.svg"), list));
+        EXPECT_FALSE(WritePdf(folder.filePath("a.pdf"), list));
+    }
+    for (const PictureFormat format :
+         {PictureFormat::Bmp, PictureFormat::Png, PictureFormat::Svg, PictureFormat::Pdf}) {
+        EXPECT_FALSE(WritePicture("/dev/full", Sample(), format));
+        EXPECT_TRUE(WritePicture("/dev/null", Sample(), format));
+    }
+    EXPECT_FALSE(QFileInfo("/dev/full").isFile()) << "a device is not replaced by a file";
+    EXPECT_FALSE(QFileInfo("/dev/null").isFile());
+}
+
+TEST(PictureFormat, GoesByTheEnding) {
+    const struct {
+        const char* path;
+        std::optional<PictureFormat> format;
+    } rows[] = {
+        {"a.png", PictureFormat::Png},
+        {"/x.y/a.SVG", PictureFormat::Svg},
+        {"a.b.Pdf", PictureFormat::Pdf},
+        {"a.bmp", PictureFormat::Bmp},
+        {"a", std::nullopt},
+        {"a.jpg", std::nullopt},
+        {"/folder.png/a", std::nullopt},
+        {"", std::nullopt},
+        {"a.png ", std::nullopt},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(PictureFormatOf(row.path), row.format) << row.path;
+}
+
+TEST(WritePicture, WritesEachFormat) {
+    const QTemporaryDir folder;
+    const struct {
+        PictureFormat format;
+        const char* start;
+    } rows[] = {{PictureFormat::Bmp, "BM"},
+                {PictureFormat::Png, "\x89PNG"},
+                {PictureFormat::Svg, "<?xml"},
+                {PictureFormat::Pdf, "%PDF"}};
+    for (const auto& row : rows) {
+        const QString path = folder.filePath("picture");
+        EXPECT_TRUE(WritePicture(path, Sample(), row.format));
+        EXPECT_TRUE(Contents(path).startsWith(row.start)) << row.start;
+    }
+}
+
+}  // namespace
+}  // namespace kalvex
