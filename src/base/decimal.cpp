@@ -133,6 +133,10 @@ std::string FormatFixed(double value, int digitsAfterPoint) {
     return Format(value, std::chars_format::fixed, digitsAfterPoint);
 }
 
+std::string FormatGeneral6(double value) {
+    return Format(value, std::chars_format::general, 6);
+}
+
 std::string FormatGeneral17(double value) {
     return Format(value, std::chars_format::general, 17);
 }

@@ -26,6 +26,9 @@ bool IsWholeDecimal(std::u16string_view text);
 /// What printf writes for "%.*f" in the C locale, for every double ("inf", "-nan" included).
 std::string FormatFixed(double value, int digitsAfterPoint = 6);
 
+/// What printf writes for "%g" in the C locale: six significant digits.
+std::string FormatGeneral6(double value);
+
 /// What printf writes for "%.17g" in the C locale.
 std::string FormatGeneral17(double value);
 

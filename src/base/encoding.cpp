@@ -3,18 +3,12 @@
 // are 80..BF.
 #include "base/encoding.h"
 
-#include <cstddef>
 #include <cstdint>
 
 namespace kalvex {
 namespace {
 
 constexpr char16_t kReplacement = u'\uFFFD';
-
-struct Decoded {
-    char32_t codePoint = kReplacement;
-    std::size_t length = 1;
-};
 
 std::uint8_t ByteAt(std::string_view text, std::size_t index) {
     return index < text.size() ? static_cast<std::uint8_t>(text[index]) : std::uint8_t{0};
@@ -33,21 +27,6 @@ bool SecondByteFits(std::uint8_t first, std::uint8_t second) {
     const std::uint8_t low = first == 0xE0 ? 0xA0 : first == 0xF0 ? 0x90 : 0x80;
     const std::uint8_t high = first == 0xED ? 0x9F : first == 0xF4 ? 0x8F : 0xBF;
     return second >= low && second <= high;
-}
-
-Decoded Decode(std::string_view text, std::size_t at) {
-    const std::uint8_t first = ByteAt(text, at);
-    const int count = ContinuationCount(first);
-    if (count < 0) return {};
-    if (count == 0) return {first, 1};
-    if (!SecondByteFits(first, ByteAt(text, at + 1))) return {};
-    char32_t codePoint = first & (0x3F >> count);
-    for (int i = 1; i <= count; ++i) {
-        const std::uint8_t byte = ByteAt(text, at + static_cast<std::size_t>(i));
-        if ((byte & 0xC0) != 0x80) return {};
-        codePoint = (codePoint << 6) | (byte & 0x3Fu);
-    }
-    return {codePoint, static_cast<std::size_t>(count) + 1};
 }
 
 void AppendUtf16(std::u16string& out, char32_t codePoint) {
@@ -88,11 +67,26 @@ bool IsLowSurrogate(char16_t unit) {
 
 }  // namespace
 
+Utf8Character DecodeUtf8(std::string_view text, std::size_t at) {
+    const std::uint8_t first = ByteAt(text, at);
+    const int count = ContinuationCount(first);
+    if (count < 0) return {};
+    if (count == 0) return {first, 1, true};
+    if (!SecondByteFits(first, ByteAt(text, at + 1))) return {};
+    char32_t codePoint = first & (0x3F >> count);
+    for (int i = 1; i <= count; ++i) {
+        const std::uint8_t byte = ByteAt(text, at + static_cast<std::size_t>(i));
+        if ((byte & 0xC0) != 0x80) return {};
+        codePoint = (codePoint << 6) | (byte & 0x3Fu);
+    }
+    return {codePoint, static_cast<std::size_t>(count) + 1, true};
+}
+
 std::u16string ToUtf16(std::string_view utf8) {
     std::u16string out;
     out.reserve(utf8.size());
     for (std::size_t at = 0; at < utf8.size();) {
-        const Decoded decoded = Decode(utf8, at);
+        const Utf8Character decoded = DecodeUtf8(utf8, at);
         AppendUtf16(out, decoded.codePoint);
         at += decoded.length;
     }

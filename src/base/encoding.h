@@ -1,10 +1,20 @@
 // Conversions between UTF-8 and UTF-16 that accept any bytes.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
 namespace kalvex {
+
+struct Utf8Character {
+    char32_t codePoint = U'\uFFFD';  ///< U+FFFD also where the bytes are not well formed
+    std::size_t length = 1;          ///< bytes to go on by
+    bool wellFormed = false;
+};
+
+/// The character that begins at byte `at` of a text, which has to exist.
+Utf8Character DecodeUtf8(std::string_view text, std::size_t at);
 
 /// UTF-16 of a UTF-8 text. Each byte that does not belong to a well-formed sequence (stray or
 /// missing continuation, overlong form, surrogate, beyond U+10FFFF) becomes one U+FFFD.

@@ -91,6 +91,15 @@ TEST(FormatFixed, WritesWhatPrintfWrites) {
     EXPECT_EQ(FormatFixed(-std::numeric_limits<double>::max(), 6).size(), 309u + 8u);
 }
 
+TEST(FormatGeneral6, WritesSixDigits) {
+    EXPECT_EQ(FormatGeneral6(1.0 / 3), "0.333333");
+    EXPECT_EQ(FormatGeneral6(123456.5), "123456");
+    EXPECT_EQ(FormatGeneral6(1234567.0), "1.23457e+06");
+    EXPECT_EQ(FormatGeneral6(-0.00001), "-1e-05");
+    EXPECT_EQ(FormatGeneral6(2.0), "2");
+    EXPECT_EQ(FormatGeneral6(kInfinity), "inf");
+}
+
 TEST(FormatGeneral17, WritesWhatPrintfWrites) {
     EXPECT_EQ(FormatGeneral17(0.1), "0.10000000000000001");
     EXPECT_EQ(FormatGeneral17(1e30), "1e+30");

@@ -12,6 +12,28 @@ TEST(Encoding, ConvertsBothWays) {
     EXPECT_EQ(Widen("abc"), u"abc");
 }
 
+TEST(DecodeUtf8, SaysHowLongACharacterIsAndWhetherItIsOne) {
+    const struct {
+        std::string_view bytes;
+        char32_t codePoint;
+        std::size_t length;
+        bool wellFormed;
+    } rows[] = {
+        {"ab", U'a', 1, true},
+        {"\xC3\xA4", U'\u00E4', 2, true},
+        {"\xF0\x9F\x98\x80", U'\U0001F600', 4, true},
+        {"\xEF\xBF\xBD", U'\uFFFD', 3, true},
+        {"\xC3", U'\uFFFD', 1, false},
+        {"\xE4 b", U'\uFFFD', 1, false},
+    };
+    for (const auto& row : rows) {
+        const Utf8Character found = DecodeUtf8(row.bytes, 0);
+        EXPECT_EQ(found.codePoint, row.codePoint) << row.bytes;
+        EXPECT_EQ(found.length, row.length) << row.bytes;
+        EXPECT_EQ(found.wellFormed, row.wellFormed) << row.bytes;
+    }
+}
+
 TEST(Encoding, ReplacesWhatIsMalformed) {
     EXPECT_EQ(ToUtf16("a\xFF"
                       "b"),
