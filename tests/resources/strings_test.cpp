@@ -11,6 +11,28 @@ TEST(Text, GivesTheTextOfANumber) {
     EXPECT_EQ(Text(static_cast<StringId>(-1)), u"");
 }
 
+// Texts that point files and methods show; scripts and users know them letter by letter.
+TEST(Text, HasTheTextsOfPointFiles) {
+    const struct {
+        int number;
+        std::u16string_view text;
+    } rows[] = {
+        {75, u"Error in file!"},
+        {76,
+         u"The file %s has very many lines, the construction schedule can take a very long time. "
+         u"Continue?"},
+        {77, u"When linear interpolation, extrapolation is impossible"},
+        {78, u"Approx. type"},
+        {79,
+         u"In function %d:\nThe number of terms to use in the approximating polynomial, must be at "
+         u"least 1 and it must less than the number of input points."},
+        {80, u"Approx."},
+        {81, u"Data from file %s approximate with %s.\r\n"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(Text(static_cast<StringId>(row.number)), row.text) << row.number;
+}
+
 TEST(FillIn, ReplacesPlacesInOrder) {
     EXPECT_EQ(FillIn(Text(StringId::ErrorInFunction), {NumberText(3), u"x+", u"Empty string"}),
               u"Error in 3 function:\nx+\nEmpty string");
