@@ -1,0 +1,177 @@
+// Columns of the triangle overwrite each other from the bottom up. One template serves numbers of
+// one and of two doubles. The search for equal abscissas
+// sorts indices instead of comparing all pairs; the pair that it names is the one that comparing
+// all pairs in order finds first.
+#include "interp/divided_differences.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <type_traits>
+
+#include "base/decimal.h"
+#include "specfun/double_double.h"
+
+namespace kalvex {
+namespace {
+
+using specfun::Add;
+using specfun::Divide;
+using specfun::DoubleDouble;
+using specfun::Multiply;
+using specfun::Subtract;
+using specfun::TwoSum;
+
+constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+constexpr std::size_t kBlock = 4096;  ///< numbers between two looks at the work
+
+/// Of one difference or one step of the nesting, nanoseconds.
+template <typename Number>
+constexpr double CostOf() {
+    return std::is_same_v<Number, double> ? 2.0 : 15.0;
+}
+
+struct Pair {
+    std::size_t first = 0;
+    std::size_t second = 0;
+};
+
+/// The first pair of equal abscissas. Infinities and not-a-numbers have no difference of 0.
+std::optional<Pair> FirstEqualPair(std::span<const double> X) {
+    std::vector<std::size_t> order;
+    for (std::size_t i = 0; i < X.size(); ++i)
+        if (std::isfinite(X[i])) order.push_back(i);
+    std::sort(order.begin(), order.end(),
+              [&](std::size_t a, std::size_t b) { return X[a] != X[b] ? X[a] < X[b] : a < b; });
+    std::optional<Pair> found;
+    for (std::size_t i = 1; i < order.size(); ++i) {
+        const bool groupStart = i < 2 || X[order[i - 2]] != X[order[i - 1]];
+        if (X[order[i - 1]] != X[order[i]] || !groupStart) continue;
+        if (!found || order[i - 1] < found->first) found = Pair{order[i - 1], order[i]};
+    }
+    return found;
+}
+
+std::string ValueLine(double value) {
+    // KEEP: the "%d" is part of the text; no index is put in.
+    return "  XTAB[%d] = " + FormatGeneral6(value);
+}
+
+/// (a - b) / (to - from).
+double Difference(double a, double b, double to, double from) {
+    return (a - b) / (to - from);
+}
+
+DoubleDouble Difference(DoubleDouble a, DoubleDouble b, double to, double from) {
+    return Divide(Subtract(a, b), TwoSum(to, -from));
+}
+
+/// coefficient + (x - at) * value.
+double Nest(double coefficient, double x, double at, double value) {
+    return coefficient + (x - at) * value;
+}
+
+DoubleDouble Nest(DoubleDouble coefficient, double x, double at, DoubleDouble value) {
+    return Add(coefficient, Multiply(TwoSum(x, -at), value));
+}
+
+double HighOf(double number) {
+    return number;
+}
+
+double HighOf(DoubleDouble number) {
+    return number.high;
+}
+
+/// One column; tells whether what is left is worth another one.
+template <typename Number>
+bool NextColumn(std::span<const double> X, std::span<Number> table, std::size_t order, Work& work) {
+    bool allZero = true;
+    bool anyFinite = false;
+    for (std::size_t end = table.size(); end > order;) {
+        const std::size_t begin = end - std::min(kBlock, end - order);
+        for (std::size_t j = end; j-- > begin;) {
+            table[j] = Difference(table[j], table[j - 1], X[j], X[j - order]);
+            allZero = allZero && HighOf(table[j]) == 0.0;
+            anyFinite = anyFinite || std::isfinite(HighOf(table[j]));
+        }
+        if (!Spend(work, CostOf<Number>() * static_cast<double>(end - begin))) return false;
+        end = begin;
+    }
+    if (anyFinite) return !allZero;
+    // Nothing finite can come of these any more.
+    for (Number& number : table.subspan(order))
+        number = Number{kNan};
+    return false;
+}
+
+template <typename Number>
+void MakeColumns(std::span<const double> X, std::span<Number> table, Work& work) {
+    for (std::size_t order = 1; order < table.size(); ++order)
+        if (!NextColumn(X, table, order, work)) return;
+}
+
+void MakePrecise(std::span<const double> X, std::span<const double> Y, DifferenceTable& DIFTAB,
+                 Work& work) {
+    std::vector<DoubleDouble> table(Y.size());
+    for (std::size_t i = 0; i < table.size(); ++i)
+        table[i].high = Y[i];
+    MakeColumns<DoubleDouble>(X, table, work);
+    for (const DoubleDouble& number : table) {
+        DIFTAB.high.push_back(number.high);
+        DIFTAB.low.push_back(number.low);
+    }
+}
+
+double NumberAt(const DifferenceTable& table, std::size_t i, double) {
+    return table.high[i];
+}
+
+DoubleDouble NumberAt(const DifferenceTable& table, std::size_t i, DoubleDouble) {
+    return {table.high[i], table.low[i]};
+}
+
+template <typename Number>
+double NestedValue(std::span<const double> X, const DifferenceTable& DIFTAB, double x, Work& work) {
+    std::size_t i = DIFTAB.high.size() - 1;
+    Number value = NumberAt(DIFTAB, i, Number{});
+    while (i > 0) {
+        const std::size_t begin = i - std::min(kBlock, i);
+        if (!Spend(work, CostOf<Number>() * static_cast<double>(i - begin))) return kNan;
+        for (; i > begin; --i)
+            value = Nest(NumberAt(DIFTAB, i - 1, Number{}), x, X[i - 1], value);
+    }
+    return HighOf(value);
+}
+
+}  // namespace
+
+Failure DATA_TO_DIF(std::span<const double> XTAB, std::span<const double> YTAB,
+                    DifferenceTable& DIFTAB, Work& work) {
+    DIFTAB = {};
+    if (const std::optional<Pair> pair = FirstEqualPair(XTAB)) {
+        return FatalError("DATA_TO_DIF",
+                          {"  Two entries of XTAB are equal!", ValueLine(XTAB[pair->first]),
+                           ValueLine(XTAB[pair->second])},
+                          StringId::DifferencesEqual);
+    }
+    if (YTAB.size() <= kPreciseDifferences) {
+        MakePrecise(XTAB, YTAB, DIFTAB, work);
+    } else {
+        DIFTAB.high.assign(YTAB.begin(), YTAB.end());
+        MakeColumns<double>(XTAB, DIFTAB.high, work);
+    }
+    if (work.stopped) DIFTAB = {};
+    while (DIFTAB.high.size() > 1 && DIFTAB.high.back() == 0.0)
+        DIFTAB.high.pop_back();
+    return std::nullopt;
+}
+
+double DIF_VAL(std::span<const double> XTAB, const DifferenceTable& DIFTAB, double x, Work& work) {
+    if (DIFTAB.high.empty()) return 0.0;
+    if (!std::isfinite(DIFTAB.high.back())) return kNan;
+    return DIFTAB.low.empty() ? NestedValue<double>(XTAB, DIFTAB, x, work)
+                              : NestedValue<DoubleDouble>(XTAB, DIFTAB, x, work);
+}
+
+}  // namespace kalvex

@@ -1,0 +1,34 @@
+// "The first i with t < T(i)" is the first i at which the running maximum of T exceeds t: before it
+// no T(i) does, and there the maximum can only have risen to T(i) itself. The running maximum is
+// ascending whatever T is, so it can be searched by halving. std::fmax leaves not-a-numbers out;
+// where there is nothing else yet, "not (t < m)" puts them on the lower side.
+#include "interp/knots.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kalvex {
+
+Knots MakeKnots(std::span<const double> T) {
+    Knots knots{T, {T.begin(), T.end()}};
+    for (std::size_t i = 2; i < T.size(); ++i)
+        knots.highest[i] = std::fmax(knots.highest[i - 1], T[i]);
+    return knots;
+}
+
+std::size_t LeftOf(const Knots& knots, double t) {
+    const auto begin = knots.highest.begin();
+    const auto found = std::partition_point(begin + 1, knots.highest.end() - 1,
+                                            [t](double m) { return !(t < m); });
+    return static_cast<std::size_t>(found - begin) - 1;
+}
+
+std::size_t HolderOf(const Knots& knots, double t) {
+    if (knots.T.size() < 2 || t <= knots.T[0]) return 0;
+    const auto begin = knots.highest.begin();
+    const auto found = std::partition_point(begin + 1, knots.highest.end() - 1,
+                                            [t](double m) { return !(t <= m); });
+    return static_cast<std::size_t>(found - begin);
+}
+
+}  // namespace kalvex

@@ -1,0 +1,15 @@
+// What the tests of the routines share.
+#pragma once
+
+#include <string>
+
+#include "interp/diagnostic.h"
+
+namespace kalvex {
+
+/// What a failure writes to standard error; "none" for no failure.
+inline std::string LinesOf(const Failure& failure) {
+    return failure ? StandardErrorText(*failure) : "none";
+}
+
+}  // namespace kalvex
