@@ -8,6 +8,8 @@
 
 #include "graph/draw_list.h"
 #include "graph/viewport.h"
+#include "interp/diagnostic.h"
+#include "interp/work.h"
 #include "workspace/function_entry.h"
 
 namespace kalvex {
@@ -56,5 +58,17 @@ void PlotPolar(FunctionEntry& entry, const Viewport& viewport, double maxAngle, 
 /// status is X's code or, when that is 0, Y's.
 void PlotParametric(FunctionEntry& entry, const Viewport& viewport, double minParam,
                     double maxParam, const Pen& pen, DrawList& list);
+
+/// Status of a File sample whose value is undefined or not finite.
+inline constexpr std::int32_t kNoValueStatus = 1000;
+
+/// A File line: its points as circles of radius 3, then its method's curve, one sample per pixel
+/// column. Sets the pixels of the points and refills the cache. A circle off the picture, or on a
+/// pixel that has one, is left out. Plotted samples have a drawable value and a drawable right
+/// neighbour; drawable is a value that is not undefined and below 2^31 in magnitude. Fails when the
+/// method cannot be used with these points: all samples are undefined then. Long work tells its
+/// progress; when it is stopped, what has no value yet stays undefined.
+Failure plotFileFunction(FunctionEntry& entry, const Viewport& viewport, const Pen& pen,
+                         const WorkProgress& progress, DrawList& list);
 
 }  // namespace kalvex

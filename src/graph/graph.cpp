@@ -2,6 +2,10 @@
 // ones. The trace cursor follows the plotting, so the last function that places it decides.
 #include "graph/graph.h"
 
+#include <algorithm>
+#include <utility>
+
+#include "base/truncate.h"
 #include "graph/axes.h"
 #include "graph/coordinates.h"
 #include "graph/curves.h"
@@ -44,7 +48,26 @@ void PlotImplicit(GraphState& state, FunctionEntry& entry, const ImplicitProgres
     state.trace.pixel = {state.viewport.ClientWidth / 2, state.viewport.ClientWidth / 2};
 }
 
-void PlotFunction(GraphState& state, FunctionEntry& entry, const Options& options,
+/// The part that is done as a bar from the left edge, like that of an implicit curve.
+WorkProgress AsStretches(const ImplicitProgress& progress, std::int32_t width, const Rgb& color) {
+    if (!progress) return {};
+    return [&progress, width, color, next = 0](double done) mutable {
+        const std::int32_t end = TruncateToInt32(done * width);
+        const std::int32_t first = std::exchange(next, std::max(next, end));
+        return progress({first, next - 1, color});
+    };
+}
+
+void PlotFile(GraphState& state, FunctionEntry& entry, int slot, const Pen& pen,
+              const ImplicitProgress& progress, DrawList& list) {
+    Failure failure =
+        plotFileFunction(entry, state.viewport, pen,
+                         AsStretches(progress, state.viewport.ClientWidth, pen.color), list);
+    if (failure) state.approxFailures.push_back({slot, *std::move(failure)});
+    PlaceCursor(state, entry);
+}
+
+void PlotFunction(GraphState& state, FunctionEntry& entry, int slot, const Options& options,
                   const ImplicitProgress& progress, DrawList& list) {
     const Viewport& viewport = state.viewport;
     const Pen pen{ColorOf(entry.color), PenWidthOf(options)};
@@ -63,6 +86,9 @@ void PlotFunction(GraphState& state, FunctionEntry& entry, const Options& option
         case EquationType::Implicit:
             PlotImplicit(state, entry, progress, list);
             break;
+        case EquationType::File:
+            PlotFile(state, entry, slot, pen, progress, list);
+            break;
         default:
             break;
     }
@@ -78,8 +104,11 @@ DrawList DrawGraph(GraphState& state, FunctionList& functions, const Options& op
     list.width = viewport.ClientWidth;
     list.height = viewport.ClientHeight;
     DrawBackground(viewport, options, measure, list);
-    for (FunctionEntry& entry : functions)
-        if (IsDrawn(entry)) PlotFunction(state, entry, options, progress, list);
+    state.approxFailures.clear();
+    for (int slot = 0; slot < kSlotCount; ++slot) {
+        FunctionEntry& entry = functions[static_cast<std::size_t>(slot)];
+        if (IsDrawn(entry)) PlotFunction(state, entry, slot, options, progress, list);
+    }
     for (int slot = 0; slot < kSlotCount && !state.trace.function; ++slot) {
         const FunctionEntry& entry = functions[static_cast<std::size_t>(slot)];
         if (IsDrawn(entry) && entry.type != static_cast<std::int32_t>(EquationType::Implicit))

@@ -3,7 +3,9 @@
 
 #include <functional>
 #include <optional>
+#include <vector>
 
+#include "graph/approx_failure.h"
 #include "graph/draw_list.h"
 #include "graph/viewport.h"
 #include "workspace/function_entry.h"
@@ -18,7 +20,8 @@ struct ProgressStretch {
     Rgb color;
 };
 
-/// Told after each pixel row of an implicit curve; false stops that curve and keeps what is drawn.
+/// Told after each pixel row of an implicit curve, and now and then while the method of a File line
+/// takes long; false stops that curve and keeps what is drawn.
 using ImplicitProgress = std::function<bool(const ProgressStretch&)>;
 
 /// Trace function and cursor. Every redraw in normal mode places it anew; the pick modes move its
@@ -63,6 +66,7 @@ struct GraphState {
     ZoomDirection direction = ZoomDirection::In;  ///< of mode Centre
     std::optional<WorldPoint> firstCorner;        ///< of mode Box, once it is chosen
     Pointer pointer;
+    std::vector<ApproxFailure> approxFailures;  ///< File lines without a curve in the last redraw
 };
 
 /// Lays the viewport out for its stored client size and draws background, curves and legend;

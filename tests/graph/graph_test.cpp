@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "graph/graph_fixtures.h"
 
 namespace kalvex {
@@ -197,6 +199,71 @@ TEST(Graph, SurvivesEverySize) {
         functions[3] = MakeEntry(EquationType::Polar, u"x");
         EXPECT_EQ(Draw(state, functions, Options{}).width, size.width);
     }
+}
+
+/// A File line with as many points on y = x as are asked for.
+FunctionEntry FileEntry(int points, std::int32_t approx) {
+    FunctionEntry entry = MakeEntry(EquationType::File, u"a.txt");
+    entry.approx = approx;
+    entry.points.resize(static_cast<std::size_t>(points));
+    for (int i = 0; i < points; ++i)
+        entry.points[static_cast<std::size_t>(i)].x = entry.points[static_cast<std::size_t>(i)].y =
+            i;
+    return entry;
+}
+
+TEST(Graph, DrawsFileLinesAndPutsTheCursorOnTheirMiddle) {
+    GraphState state = StateOf(MakeViewport(-10, 10, -10, 10));
+    FunctionList functions;
+    functions[3] = FileEntry(4, 8);
+    const DrawList list = Draw(state, functions, PlainOptions());
+    EXPECT_EQ(RecordsOf<EllipseRecord>(list).size(), 4u);
+    EXPECT_EQ(RecordsOf<PolylineRecord>(list).size(), 1u);
+    EXPECT_EQ(functions[3].samples.size(), 240u);
+    EXPECT_EQ(state.trace.function, 3);
+    EXPECT_EQ(state.trace.index, 120);
+    EXPECT_EQ(state.trace.pixel,
+              (PixelPoint{functions[3].samples[120].column, functions[3].samples[120].row}));
+    EXPECT_TRUE(state.approxFailures.empty());
+}
+
+TEST(Graph, TellsWhichMethodsFailedInTheLastRedraw) {
+    GraphState state = StateOf(MakeViewport(-10, 10, -10, 10));
+    FunctionList functions;
+    functions[1] = FileEntry(4, 9);
+    functions[2] = FileEntry(5, 9);
+    functions[8] = FileEntry(2, 6);
+    for (int redraw = 0; redraw < 2; ++redraw) {
+        Draw(state, functions, PlainOptions());
+        ASSERT_EQ(state.approxFailures.size(), 2u);
+        EXPECT_EQ(state.approxFailures[0].slot, 1);
+        EXPECT_EQ(state.approxFailures[0].diagnostic.reason, StringId::QuadraticEven);
+        EXPECT_EQ(state.approxFailures[1].slot, 8);
+    }
+    EXPECT_EQ(state.trace.status, 1000);
+    functions[1].approx = functions[8].approx = 8;
+    Draw(state, functions, PlainOptions());
+    EXPECT_TRUE(state.approxFailures.empty());
+}
+
+TEST(Graph, TellsTheProgressOfALongFileLineAndStopsIt) {
+    GraphState state = StateOf(MakeViewport(-10, 10, -10, 10));
+    FunctionList functions;
+    functions[0] = FileEntry(3000, 12);
+    for (PointRecord& point : functions[0].points)
+        point.x = 9 * std::cos(point.x / 1000);
+    std::int32_t next = 0;
+    int calls = 0;
+    const auto progress = [&](const ProgressStretch& stretch) {
+        EXPECT_EQ(stretch.firstColumn, next);
+        EXPECT_LE(stretch.lastColumn, 239);
+        EXPECT_EQ(stretch.color, ColorOf(1));
+        next = stretch.lastColumn + 1;
+        return ++calls < 4;
+    };
+    DrawGraph(state, functions, PlainOptions(), fixtures::MeasureFixed, progress);
+    EXPECT_EQ(calls, 4);
+    EXPECT_TRUE(state.approxFailures.empty());
 }
 
 }  // namespace

@@ -1,0 +1,31 @@
+#include "graph/approx_failure.h"
+
+namespace kalvex {
+
+std::string FailureLines(std::span<const ApproxFailure> failures) {
+    std::string lines;
+    for (const ApproxFailure& failure : failures)
+        lines += StandardErrorText(failure.diagnostic);
+    return lines;
+}
+
+std::vector<MessageBox> FailureBoxes(std::span<const ApproxFailure> failures) {
+    std::vector<MessageBox> boxes;
+    std::u16string reasons;
+    for (const auto& [slot, diagnostic] : failures) {
+        // KEEP: a caption in small letters and no icon, unlike every other box.
+        if (diagnostic.box)
+            boxes.push_back({std::u16string(Text(StringId::LeastSetCaption)),
+                             std::u16string(Text(*diagnostic.box)), MessageIcon::None,
+                             MessageButtons::Ok});
+        if (!reasons.empty()) reasons += u"\n\n";
+        reasons +=
+            FillIn(Text(StringId::InFunction), {NumberText(slot + 1), Text(diagnostic.reason)});
+    }
+    if (reasons.empty()) return boxes;
+    boxes.push_back({std::u16string(Text(StringId::Warning)), std::move(reasons),
+                     MessageIcon::Exclamation, MessageButtons::Ok});
+    return boxes;
+}
+
+}  // namespace kalvex

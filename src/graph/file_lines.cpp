@@ -1,0 +1,88 @@
+// The order is fixed: all files are read before anything is checked, and all questions come last.
+#include "graph/file_lines.h"
+
+#include <algorithm>
+
+#include "base/encoding.h"
+#include "interp/point_file.h"
+#include "resources/strings.h"
+
+namespace kalvex {
+namespace {
+
+constexpr std::size_t kManyPoints = 50;
+
+MessageBox WarningBox(std::u16string text) {
+    return {std::u16string(Text(StringId::Warning)), std::move(text), MessageIcon::Exclamation,
+            MessageButtons::Ok};
+}
+
+bool HasGoodTermCount(const FunctionEntry& entry) {
+    // KEEP: as many terms as points pass, although the message asks for fewer.
+    return entry.approx_val >= 1 &&
+           static_cast<std::size_t>(entry.approx_val) <= entry.points.size();
+}
+
+bool ReadPoints(FunctionEntry& entry) {
+    entry.points.clear();
+    const PointFile file = ReadPointFile(ToUtf8(entry.workingText));
+    if (file.error != PointFileError::None) return false;
+    entry.points.resize(file.points.x.size());
+    for (std::size_t i = 0; i < entry.points.size(); ++i) {
+        entry.points[i].x = file.points.x[i];
+        entry.points[i].y = file.points.y[i];
+    }
+    return true;
+}
+
+}  // namespace
+
+bool IsSelectedFile(const FunctionEntry& entry) {
+    return entry.selected == 1 && entry.type == static_cast<std::int32_t>(EquationType::File);
+}
+
+ApproxParameters ParametersOf(const FunctionEntry& entry) {
+    return {entry.approx, entry.approx_val, entry.approx_val2, entry.beta1, entry.beta2};
+}
+
+bool ReadPointFiles(FunctionList& functions) {
+    return std::all_of(functions.begin(), functions.end(), [](FunctionEntry& entry) {
+        return !IsSelectedFile(entry) || ReadPoints(entry);
+    });
+}
+
+bool CheckTermCounts(const FunctionList& functions, const ShowMessage& show) {
+    for (int slot = 0; slot < kSlotCount; ++slot) {
+        const FunctionEntry& entry = functions[static_cast<std::size_t>(slot)];
+        const bool concerned =
+            IsSelectedFile(entry) &&
+            entry.approx == static_cast<std::int32_t>(ApproxMethod::LeastSquares);
+        if (!concerned || HasGoodTermCount(entry)) continue;
+        show(WarningBox(FillIn(Text(StringId::TooManyTerms), {NumberText(slot + 1)})));
+        return false;
+    }
+    return true;
+}
+
+bool ConfirmManyLines(const FunctionList& functions, const ShowMessage& show) {
+    bool confirmed = true;
+    for (const FunctionEntry& entry : functions) {
+        if (!IsSelectedFile(entry) || entry.points.size() <= kManyPoints) continue;
+        // KEEP: the others are still asked about after a No.
+        const MessageAnswer answer = show({std::u16string(Text(StringId::Warning)),
+                                           FillIn(Text(StringId::ManyLines), {entry.text}),
+                                           MessageIcon::Information, MessageButtons::YesNo});
+        confirmed = confirmed && answer == MessageAnswer::Yes;
+    }
+    return confirmed;
+}
+
+bool PrepareFileLines(FunctionList& functions, const ShowMessage& show) {
+    if (!ReadPointFiles(functions)) {
+        show(WarningBox(std::u16string(Text(StringId::ErrorInFile))));
+        return false;
+    }
+    return CheckTermCounts(functions, show) && ConfirmManyLines(functions, show);
+}
+
+}  // namespace kalvex

@@ -1,0 +1,33 @@
+// What Draw does with the File lines before the graph is shown.
+#pragma once
+
+#include "base/message_box.h"
+#include "interp/approximation.h"
+#include "workspace/function_entry.h"
+
+namespace kalvex {
+
+/// A selected line of type File.
+bool IsSelectedFile(const FunctionEntry& entry);
+
+/// Method and parameters as the entry keeps them.
+ApproxParameters ParametersOf(const FunctionEntry& entry);
+
+/// Reads the point tables of the selected File lines afresh from the paths in their working texts,
+/// in slot order. The first file that cannot be read ends it with false; its own table is then
+/// empty, those read before stay.
+bool ReadPointFiles(FunctionList& functions);
+
+/// Message 79 for the first selected File line with least squares whose number of terms is below 1
+/// or above its number of points; false when there is one.
+bool CheckTermCounts(const FunctionList& functions, const ShowMessage& show);
+
+/// Asks message 76 for every selected File line with more than 50 points, also after a No; false
+/// when one was answered with No.
+bool ConfirmManyLines(const FunctionList& functions, const ShowMessage& show);
+
+/// Everything that Draw checks about File lines, in its order: reads the files (message 75 on
+/// failure), CheckTermCounts, ConfirmManyLines. False: nothing is drawn.
+bool PrepareFileLines(FunctionList& functions, const ShowMessage& show);
+
+}  // namespace kalvex

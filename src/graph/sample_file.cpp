@@ -1,0 +1,124 @@
+// The points are circles under the curve; the method of the line gives one value per pixel column.
+// A million points may lie on the same few pixels: a circle off the picture, or where one is
+// already, is not drawn again.
+#include <algorithm>
+#include <cmath>
+
+#include "base/truncate.h"
+#include "expr/eval_error.h"
+#include "graph/curves.h"
+#include "graph/file_lines.h"
+
+namespace kalvex {
+namespace {
+
+constexpr std::int32_t kRadius = 3;
+
+/// Which centres of visible circles are taken: the picture and a margin of a radius around it.
+struct TakenCentres {
+    std::int64_t width = 0;
+    std::int64_t height = 0;
+    std::vector<bool> taken;
+};
+
+TakenCentres NoCentres(const Viewport& viewport) {
+    TakenCentres centres{std::max(viewport.ClientWidth, 0) + 2 * std::int64_t{kRadius} + 1,
+                         std::max(viewport.ClientHeight, 0) + 2 * std::int64_t{kRadius} + 1,
+                         {}};
+    centres.taken.resize(static_cast<std::size_t>(centres.width * centres.height));
+    return centres;
+}
+
+/// True for a centre whose circle touches the picture, once.
+bool TakeCentre(TakenCentres& centres, std::int32_t column, std::int32_t row) {
+    const std::int64_t x = std::int64_t{column} + kRadius;
+    const std::int64_t y = std::int64_t{row} + kRadius;
+    if (x < 0 || y < 0 || x >= centres.width || y >= centres.height) return false;
+    const auto index = static_cast<std::size_t>(y * centres.width + x);
+    if (centres.taken[index]) return false;
+    centres.taken[index] = true;
+    return true;
+}
+
+void PlotPoints(std::vector<PointRecord>& points, const Viewport& viewport, const Rgb& color,
+                DrawList& list) {
+    const ViewWindow& view = viewport.view;
+    TakenCentres centres;
+    if (!points.empty()) centres = NoCentres(viewport);
+    for (PointRecord& point : points) {
+        const double column =
+            (point.x - view.Xmin) * viewport.ClientWidth / (view.Xmax - view.Xmin);
+        const double row = (view.Ymax - point.y) * viewport.ClientHeight / (view.Ymax - view.Ymin);
+        point.column = TruncateToInt32(column);
+        point.row = TruncateToInt32(row);
+        if (std::isnan(column) || std::isnan(row)) continue;
+        if (!TakeCentre(centres, point.column, point.row)) continue;
+        list.records.emplace_back(EllipseRecord{Pen{color, 1},
+                                                false,
+                                                {},
+                                                point.column - kRadius,
+                                                point.row - kRadius,
+                                                point.column + kRadius,
+                                                point.row + kRadius});
+    }
+}
+
+/// One abscissa per column; the first and the last are the bounds themselves.
+std::vector<double> Abscissas(const Viewport& viewport) {
+    const ViewWindow& view = viewport.view;
+    std::vector<double> xs(static_cast<std::size_t>(std::max(viewport.ClientWidth, 0)));
+    const double width = view.Xmax - view.Xmin;
+    for (std::size_t i = 0; i < xs.size(); ++i)
+        xs[i] = view.Xmin + static_cast<double>(i) * width / (static_cast<double>(xs.size()) - 1.0);
+    if (!xs.empty()) xs.back() = view.Xmax;
+    if (!xs.empty()) xs.front() = view.Xmin;
+    return xs;
+}
+
+// KEEP: the value itself is tested, not its pixel; curves beyond 2^31 units are not drawn however
+// large the window is.
+bool IsDrawable(double value) {
+    return value != UndefinedValue && std::fabs(value) < 2147483648.0;
+}
+
+std::vector<CurveSample> SamplesOf(std::span<const double> xs, std::span<const double> values,
+                                   const ViewWindow& view) {
+    std::vector<CurveSample> samples(xs.size());
+    for (std::size_t i = 0; i < xs.size(); ++i) {
+        const bool defined = std::isfinite(values[i]) && values[i] != UndefinedValue;
+        samples[i] = {0, 0, xs[i], values[i], 0.0, defined ? 0 : kNoValueStatus};
+        if (!IsDrawable(values[i]) || (i + 1 < xs.size() && !IsDrawable(values[i + 1]))) continue;
+        samples[i].column = WorldToScreenX(view, xs[i]);
+        samples[i].row = WorldToScreenY(view, values[i]);
+    }
+    return samples;
+}
+
+/// The set-up is the first half of the work, the evaluation the second.
+WorkProgress Half(const WorkProgress& progress, double start) {
+    if (!progress) return {};
+    return [&progress, start](double done) { return progress(start + done / 2.0); };
+}
+
+}  // namespace
+
+Failure plotFileFunction(FunctionEntry& entry, const Viewport& viewport, const Pen& pen,
+                         const WorkProgress& progress, DrawList& list) {
+    PlotPoints(entry.points, viewport, pen.color, list);
+    std::vector<double> x(entry.points.size());
+    std::vector<double> y(entry.points.size());
+    for (std::size_t i = 0; i < x.size(); ++i) {
+        x[i] = entry.points[i].x;
+        y[i] = entry.points[i].y;
+    }
+    const std::vector<double> xs = Abscissas(viewport);
+    std::vector<double> values(xs.size());
+    Approximation approximation =
+        SetUpApproximation(x, y, ParametersOf(entry), Half(progress, 0.0));
+    EvaluateApproximation(approximation, xs, values, Half(progress, 0.5));
+    entry.samples = SamplesOf(xs, values, viewport.view);
+    DrawRuns(entry.samples, viewport, pen, list);
+    return approximation.failure;
+}
+
+}  // namespace kalvex
