@@ -24,6 +24,7 @@ struct Screen {
         workspace.options.Wight = 2;
         CanvasActions actions;
         actions.show = [](const MessageBox&) { return MessageAnswer::Ok; };
+        actions.redrawn = [] {};
         actions.changed = [] {};
         canvas = std::make_unique<GraphCanvas>(graph, workspace, actions, nullptr);
         canvas->resize(1920, 1080);

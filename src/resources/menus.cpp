@@ -12,9 +12,8 @@ namespace {
 
 /// Commands that have no dialog in this version.
 constexpr std::array kWithoutDialog = {
-    CommandId::Options,    CommandId::Help,         CommandId::About,       CommandId::EditHelp,
-    CommandId::File,       CommandId::LeastSquares, CommandId::BetaSplines, CommandId::CubicSpline,
-    CommandId::Calculator, CommandId::Analyze,
+    CommandId::Options,  CommandId::Help,       CommandId::About,
+    CommandId::EditHelp, CommandId::Calculator, CommandId::Analyze,
 };
 
 MenuEntry Separator() {

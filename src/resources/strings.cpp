@@ -104,8 +104,8 @@ constexpr Entry kTable[] = {
     {StringId::TraceDerivativeError, u"dy/dx: error"},
     {StringId::TraceDerivatives, u"dy/dx=%f\ndx/dT=%f\ndy/dT=%f"},
     {StringId::TraceDerivativesError, u"dy/dx: error\ndx/dT: error\ndy/dT: error"},
-    {StringId::BoundNotANumber, u"%s is not a number."},
-    {StringId::BoundNotFinite, u"%s is too large."},
+    {StringId::InputNotANumber, u"%s is not a number."},
+    {StringId::InputNotFinite, u"%s is too large."},
     {StringId::BoundsEqual, u"%s and %s must differ."},
     {StringId::FactorInvalid, u"%s must be a number greater than 0."},
     {StringId::PictureNotWritten, u"The picture could not be written:\n%s"},
@@ -134,6 +134,22 @@ constexpr Entry kTable[] = {
      u"The least squares polynomial has more terms than the file has different x values."},
     {StringId::LeastSquaresWeights, u"The least squares polynomial needs weights greater than 0."},
     {StringId::DifferencesEqual, u"Divided differences need x values that are all different."},
+    {StringId::TermsNote, u"Enter the number of terms to use in the approximating polynomial."},
+    {StringId::BetaNote,
+     u"If B1 = 1, B2 = 0, the cubic beta spline will be the same as the cubic B spline. With B1 = "
+     u"1, B2 large, the beta spline becomes like a linear spline."},
+    {StringId::BetaBias, u"B1="},
+    {StringId::BetaBiasTip, u"The bias parameter. B1 = 1 for no skew or bias."},
+    {StringId::BetaTension, u"B2="},
+    {StringId::BetaTensionTip, u"The tension parameter. B2 = 0 for no tension."},
+    {StringId::LeftValue, u"Left value (L):"},
+    {StringId::RightValue, u"Right value (R):"},
+    {StringId::LeftQuadratic, u"the cubic spline should be a quadratic over the first interval"},
+    {StringId::LeftFirstDerivative, u"the first derivative at the left endpoint should be L"},
+    {StringId::LeftSecondDerivative, u"the second derivative at the left endpoint should be L"},
+    {StringId::RightQuadratic, u"the cubic spline should be a quadratic over the last interval"},
+    {StringId::RightFirstDerivative, u"the first derivative at the right endpoint should be R"},
+    {StringId::RightSecondDerivative, u"the second derivative at the right endpoint should be R"},
 };
 
 }  // namespace

@@ -82,8 +82,8 @@ enum class StringId : std::int32_t {
     TraceDerivativeError = 1061,
     TraceDerivatives = 1062,
     TraceDerivativesError = 1063,
-    BoundNotANumber = 1064,
-    BoundNotFinite = 1065,
+    InputNotANumber = 1064,
+    InputNotFinite = 1065,
     BoundsEqual = 1066,
     FactorInvalid = 1067,
     PictureNotWritten = 1068,
@@ -109,6 +109,22 @@ enum class StringId : std::int32_t {
     LeastSquaresDistinct = 1116,
     LeastSquaresWeights = 1117,
     DifferencesEqual = 1118,
+
+    // Dialogs of the methods.
+    TermsNote = 1200,
+    BetaNote = 1201,
+    BetaBias = 1202,
+    BetaBiasTip = 1203,
+    BetaTension = 1204,
+    BetaTensionTip = 1205,
+    LeftValue = 1206,
+    RightValue = 1207,
+    LeftQuadratic = 1208,
+    LeftFirstDerivative = 1209,
+    LeftSecondDerivative = 1210,
+    RightQuadratic = 1211,
+    RightFirstDerivative = 1212,
+    RightSecondDerivative = 1213,
 };
 
 /// The text of a number; empty for a number that the table does not hold.

@@ -5,12 +5,18 @@
 
 #include <QApplication>
 #include <QFileInfo>
+#include <QTimer>
+#include <cstdio>
+#include <utility>
 
+#include "graph/approx_failure.h"
 #include "graph/pick.h"
 #include "resources/strings.h"
 #include "ui/draw_flow.h"
 #include "ui/graph_canvas.h"
 #include "ui/picture_export.h"
+#include "ui/point_file_dialog.h"
+#include "ui/qt_text.h"
 #include "workspace/settings.h"
 
 namespace kalvex {
@@ -46,11 +52,39 @@ void AskForPicture(Application& application) {
         });
 }
 
+/// What the methods of the File lines met: lines to standard error at every redraw, boxes once per
+/// Draw, when the picture is on the screen.
+void TellFailures(Application& application) {
+    const auto& failures = application.graph.approxFailures;
+    const std::string lines = FailureLines(failures);
+    std::fputs(lines.c_str(), stderr);
+    if (!std::exchange(application.failuresUntold, false)) return;
+    const std::vector<MessageBox> boxes = FailureBoxes(failures);
+    if (boxes.empty()) return;
+    QTimer::singleShot(0, application.graphWindow.get(), [&application, boxes] {
+        for (const MessageBox& box : boxes)
+            application.show(box);
+    });
+}
+
+/// Lets the user choose the file of a File line.
+void ChoosePointFile(Application& application, int slot) {
+    OpenPointFileDialog(application.editor.get(), application.windowState.folder,
+                        [&application, slot](const QString& path) {
+                            application.windowState.folder = QFileInfo(path).absolutePath();
+                            application.workspace.lines[static_cast<std::size_t>(slot)] =
+                                FromQString(path);
+                            application.editor->ShowLines();
+                            application.editor->FocusLine(slot);
+                        });
+}
+
 GraphActions ActionsOfGraph(Application& application) {
     GraphActions actions;
     actions.graphTable = [&application] { ReturnToTable(application); };
     actions.exit = [&application] { ExitApplication(application); };
     actions.show = application.show;
+    actions.redrawn = [&application] { TellFailures(application); };
     actions.savePictureAs = [&application] { AskForPicture(application); };
     actions.copyPicture = [&application] {
         const GraphCanvas& canvas = application.graphWindow->Canvas();
@@ -86,6 +120,8 @@ void StartApplication(Application& application) {
     EditorActions actions;
     actions.draw = [&application] { DrawFunctions(application); };
     actions.exit = [&application] { ExitApplication(application); };
+    actions.choosePointFile = [&application](int slot) { ChoosePointFile(application, slot); };
+    actions.show = application.show;
     application.editor = std::make_unique<EditorWindow>(application.workspace, std::move(actions));
     ApplyWindowState(*application.editor, application.windowState);
     application.editor->FocusLine(0);
@@ -98,6 +134,7 @@ void DrawFunctions(Application& application) {
     application.graph.trace = {};
     EnterNormalMode(application.graph);
     application.viewUnsaved = true;
+    application.failuresUntold = true;
     if (!application.graphWindow) {
         application.graphWindow = std::make_unique<GraphWindow>(
             application.graph, application.workspace, ActionsOfGraph(application));

@@ -30,9 +30,10 @@ struct Application {
     WindowState windowState;
     std::unique_ptr<EditorWindow> editor;
     std::unique_ptr<GraphWindow> graphWindow;
-    bool loaded = false;       ///< the workspace holds what the store has
-    bool viewUnsaved = false;  ///< the graph window is open and its bounds are not stored yet
-    bool ended = false;        ///< everything has been stored for the last time
+    bool loaded = false;          ///< the workspace holds what the store has
+    bool failuresUntold = false;  ///< Draw has run, its methods' failures have not been shown yet
+    bool viewUnsaved = false;     ///< the graph window is open and its bounds are not stored yet
+    bool ended = false;           ///< everything has been stored for the last time
 };
 
 /// The settings of the first start are made when there are none, then texts, function settings

@@ -1,6 +1,7 @@
 // The texts are stored before anything else is asked, so a warning never costs the user a line.
 #include "ui/draw_flow.h"
 
+#include "graph/file_lines.h"
 #include "resources/strings.h"
 #include "workspace/function_list.h"
 #include "workspace/settings.h"
@@ -16,7 +17,7 @@ bool RunDrawFlow(Workspace& workspace, const Registry& registry, const ShowMessa
               MessageButtons::Ok});
         return false;
     }
-    return true;
+    return PrepareFileLines(workspace.functions, show);
 }
 
 }  // namespace kalvex

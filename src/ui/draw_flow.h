@@ -8,7 +8,8 @@
 namespace kalvex {
 
 /// Prepares and stores the nine lines, stores the function settings, checks that something is
-/// selected. The first failure ends it with false; failures of the store are silent.
+/// selected, reads and checks the point files. The first failure ends it with false; failures of
+/// the store are silent.
 bool RunDrawFlow(Workspace& workspace, const Registry& registry, const ShowMessage& show);
 
 }  // namespace kalvex

@@ -19,6 +19,7 @@ std::optional<EquationType> TypeOf(CommandId command) {
     if (IsBetween(command, CommandId::Polar, CommandId::Parametric)) {
         return static_cast<EquationType>(PlaceAfter(command, CommandId::Polar) + 1);
     }
+    if (command == CommandId::File) return EquationType::File;
     if (command == CommandId::Implicit) return EquationType::Implicit;
     return std::nullopt;
 }
@@ -40,10 +41,21 @@ bool RunLineCommand(FunctionEntry& entry, std::u16string& line, CommandId comman
     return true;
 }
 
+bool HasMethodDialog(CommandId command) {
+    return command == CommandId::LeastSquares || command == CommandId::BetaSplines ||
+           command == CommandId::CubicSpline;
+}
+
 bool IsLineCommand(CommandId command) {
     FunctionEntry entry;
     std::u16string line;
     return RunLineCommand(entry, line, command);
+}
+
+/// What some line commands go on with once the line has changed.
+void OpenDialogOf(const EditorState& state, int slot, CommandId command) {
+    if (command == CommandId::File) state.choosePointFile(slot);
+    if (HasMethodDialog(command)) state.setMethodUp(slot);
 }
 
 }  // namespace
@@ -64,6 +76,7 @@ bool RunCommand(EditorState& state, CommandId command) {
         const auto slot = static_cast<std::size_t>(*state.slot);
         RunLineCommand(state.workspace.functions[slot], state.workspace.lines[slot], command);
         state.showLines();
+        OpenDialogOf(state, *state.slot, command);
     }
     return true;
 }

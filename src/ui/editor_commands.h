@@ -17,6 +17,8 @@ struct EditorState {
     std::function<void()> showLines;  ///< a label, a selection or a text has changed
     std::function<void()> draw;
     std::function<void()> exit;
+    std::function<void(int slot)> choosePointFile;  ///< asks for the file of a line
+    std::function<void(int slot)> setMethodUp;      ///< opens the dialog of the line's method
 };
 
 /// Runs one command. Commands of a line do nothing without a focused line. False for a number

@@ -15,6 +15,7 @@
 #include "ui/line_label.h"
 #include "ui/line_layout.h"
 #include "ui/menu_builder.h"
+#include "ui/method_dialogs.h"
 #include "ui/qt_text.h"
 #include "ui/touch.h"
 #include "workspace/function_list.h"
@@ -34,13 +35,17 @@ std::size_t Index(int slot) {
 }  // namespace
 
 EditorWindow::EditorWindow(Workspace& shown, EditorActions actions)
-    : workspace(shown), state{shown, {}, false, {}, {}, {}}, menuState(InitialMainMenu()) {
+    : workspace(shown), state{shown, {}, false, {}, {}, {}, {}, {}}, menuState(InitialMainMenu()) {
     setWindowTitle("Kalvex");
     setObjectName("editor");
     setMinimumSize(kLeastWidth, LeastLineAreaHeight() + kBottomBarHeight);
     state.showLines = [this] { ShowLines(); };
     state.draw = std::move(actions.draw);
     state.exit = std::move(actions.exit);
+    state.choosePointFile = std::move(actions.choosePointFile);
+    state.setMethodUp = [this, show = std::move(actions.show)](int slot) {
+        OpenMethodDialog(this, workspace.functions[Index(slot)], show);
+    };
     for (int slot = 0; slot < kSlotCount; ++slot)
         AddRow(slot);
     bar = new BottomBar("Menu", "Draw", this);

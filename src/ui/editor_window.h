@@ -6,6 +6,7 @@
 #include <functional>
 #include <optional>
 
+#include "base/message_box.h"
 #include "ui/editor_commands.h"
 #include "workspace/menu_state.h"
 #include "workspace/workspace.h"
@@ -22,6 +23,8 @@ class LineLabel;
 struct EditorActions {
     std::function<void()> draw;
     std::function<void()> exit;  ///< `Exit` and the close button
+    std::function<void(int slot)> choosePointFile;
+    ShowMessage show;
 };
 
 /// Shows the workspace's lines and keeps `Workspace::lines` equal to what stands in them. The

@@ -90,6 +90,14 @@ void FormDialog::AddNote(const QString& text) {
     column->insertWidget(column->indexOf(form), note);
 }
 
+QLabel* FormDialog::AddMeaning() {
+    auto* const meaning = new QLabel(this);
+    meaning->setTextFormat(Qt::PlainText);
+    meaning->setWordWrap(true);
+    form->addRow(meaning);
+    return meaning;
+}
+
 void FormDialog::Open() {
     setAttribute(Qt::WA_DeleteOnClose);
     open();

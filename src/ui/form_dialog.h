@@ -8,6 +8,7 @@
 
 class QComboBox;
 class QFormLayout;
+class QLabel;
 class QLineEdit;
 class QVBoxLayout;
 
@@ -24,6 +25,8 @@ class FormDialog final : public QDialog {
                          const QString& tip = {});
     /// A paragraph above the fields.
     void AddNote(const QString& text);
+    /// An empty line of text under the field that was added last, for what it means at the moment.
+    QLabel* AddMeaning();
     /// Opens it over its parent and returns at once; it is deleted when it closes.
     void Open();
 

@@ -102,6 +102,7 @@ void GraphCanvas::Redraw() {
     ++redrawCount;
     update();
     ShowMode();
+    actions.redrawn();
     if (std::exchange(redrawAgain, false)) redrawTimer.start();
 }
 

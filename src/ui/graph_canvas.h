@@ -22,6 +22,7 @@ class InputGate;
 /// What the canvas tells its window.
 struct CanvasActions {
     ShowMessage show;
+    std::function<void()> redrawn;     ///< a new picture stands
     std::function<void()> changed;     ///< mode, cursor or picture may have changed
     std::function<void(QPoint)> held;  ///< a hold that may become a popup, at a point of the canvas
 };

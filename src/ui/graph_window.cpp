@@ -43,6 +43,7 @@ GraphWindow::GraphWindow(GraphState& shownGraph, Workspace& shown, GraphActions 
     setMinimumSize(240, LeastLineAreaHeight() + kBottomBarHeight);
     CanvasActions told;
     told.show = actions.show;
+    told.redrawn = actions.redrawn;
     told.changed = [this] { ShowMode(); };
     told.held = [this](QPoint at) { OpenPopup(at); };
     canvas = new GraphCanvas(graph, workspace, std::move(told), this);

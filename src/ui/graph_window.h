@@ -22,6 +22,7 @@ struct GraphActions {
     std::function<void()> savePictureAs;  ///< asks for a file
     std::function<void()> copyPicture;
     std::function<void()> exit;
+    std::function<void()> redrawn;  ///< a new picture stands
     ShowMessage show;
 };
 

@@ -2,10 +2,11 @@
 #pragma once
 
 #include <array>
-#include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
 
+#include "workspace/number_input.h"
 #include "workspace/view_window.h"
 
 namespace kalvex {
@@ -14,15 +15,6 @@ namespace kalvex {
 inline constexpr std::array<std::u16string_view, 4> kBoundNames = {u"X minimum", u"X maximum",
                                                                    u"Y minimum", u"Y maximum"};
 inline constexpr std::array<std::u16string_view, 2> kFactorNames = {u"X factor", u"Y factor"};
-
-/// Why a text was refused.
-struct InputProblem {
-    std::size_t field = 0;  ///< index of the text
-    std::u16string message;
-};
-
-/// The shortest text that reads back as the same number.
-std::u16string NumberForInput(double value);
 
 /// Sets the four bounds (Xmin, Xmax, Ymin, Ymax), or none of them: each must be a finite number,
 /// the two of an axis must differ; reversed ones give a mirrored picture. Blanks around a number

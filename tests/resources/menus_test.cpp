@@ -77,15 +77,16 @@ TEST(Menus, GiveEachCommandOnePlace) {
 TEST(HasDialog, IsTrueForCommandsThatOpenNone) {
     for (const CommandId id :
          {CommandId::Select, CommandId::Draw, CommandId::Exit, CommandId::Red, CommandId::Implicit,
-          CommandId::DividedDifferences, CommandId::ZoomAuto, CommandId::Picture}) {
+          CommandId::DividedDifferences, CommandId::ZoomAuto, CommandId::Picture, CommandId::File,
+          CommandId::LeastSquares, CommandId::BetaSplines, CommandId::CubicSpline,
+          CommandId::ZoomFactor, CommandId::ViewWindowDialog}) {
         EXPECT_TRUE(HasDialog(id)) << static_cast<int>(id);
     }
 }
 
 TEST(HasDialog, IsFalseForWhatThisVersionLacks) {
-    for (const CommandId id :
-         {CommandId::Options, CommandId::Help, CommandId::About, CommandId::File,
-          CommandId::LeastSquares, CommandId::BetaSplines, CommandId::CubicSpline}) {
+    for (const CommandId id : {CommandId::Options, CommandId::Help, CommandId::About,
+                               CommandId::EditHelp, CommandId::Calculator, CommandId::Analyze}) {
         EXPECT_FALSE(HasDialog(id)) << static_cast<int>(id);
     }
 }

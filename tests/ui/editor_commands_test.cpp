@@ -11,12 +11,16 @@ struct Bench {
     int shows = 0;
     int draws = 0;
     int exits = 0;
-    EditorState state{workspace, {}, false, {}, {}, {}};
+    std::vector<int> filesAsked;
+    std::vector<int> methodsSetUp;
+    EditorState state{workspace, {}, false, {}, {}, {}, {}, {}};
 
     Bench() {
         state.showLines = [this] { ++shows; };
         state.draw = [this] { ++draws; };
         state.exit = [this] { ++exits; };
+        state.choosePointFile = [this](int slot) { filesAsked.push_back(slot); };
+        state.setMethodUp = [this](int slot) { methodsSetUp.push_back(slot); };
     }
     bool Run(int slot, CommandId command) {
         state.slot = slot;
@@ -38,20 +42,23 @@ class EditorCommandsTest final : public QObject {
         QCOMPARE(bench.shows, 9);
     }
     void Types() {
-        const std::pair<int, int> rows[] = {{32787, 1}, {32788, 2}, {32789, 3}, {32932, 5}};
+        const std::pair<int, int> rows[] = {
+            {32787, 1}, {32788, 2}, {32789, 3}, {32910, 4}, {32932, 5}};
         Bench bench;
         for (const auto& [number, type] : rows) {
             QVERIFY(bench.Run(8, static_cast<CommandId>(number)));
             QCOMPARE(bench.workspace.functions[8].type, type);
         }
+        QCOMPARE(bench.filesAsked, std::vector<int>{8});  // only for a File line
     }
-    void MethodsWithoutADialog() {
+    void Methods() {
         for (int code = 0; code < 13; ++code) {
             Bench bench;
-            bench.workspace.functions[0].approx = 77;
+            bench.workspace.functions[7].approx = 77;
+            QVERIFY(bench.Run(7, static_cast<CommandId>(32919 + code)));
+            QCOMPARE(bench.workspace.functions[7].approx, code);
             const bool dialog = code == 0 || code == 3 || code == 10;
-            QCOMPARE(bench.Run(0, static_cast<CommandId>(32919 + code)), !dialog);
-            QCOMPARE(bench.workspace.functions[0].approx, dialog ? 77 : code);
+            QCOMPARE(bench.methodsSetUp, dialog ? std::vector<int>{7} : std::vector<int>{});
         }
     }
     void SelectToggles() {
@@ -82,8 +89,9 @@ class EditorCommandsTest final : public QObject {
     void WithoutALineNothingChanges() {
         Bench bench;
         bench.workspace.lines.fill(u"x");
-        for (const CommandId command : {CommandId::Red, CommandId::Polar, CommandId::Select,
-                                        CommandId::Delete, CommandId::BSplines}) {
+        for (const CommandId command :
+             {CommandId::Red, CommandId::Polar, CommandId::Select, CommandId::Delete,
+              CommandId::BSplines, CommandId::File, CommandId::CubicSpline}) {
             QVERIFY(RunCommand(bench.state, command));
         }
         for (const FunctionEntry& entry : bench.workspace.functions) {
@@ -95,6 +103,7 @@ class EditorCommandsTest final : public QObject {
         for (const std::u16string& line : bench.workspace.lines)
             QVERIFY(line == u"x");
         QCOMPARE(bench.shows, 0);
+        QVERIFY(bench.filesAsked.empty() && bench.methodsSetUp.empty());
         QVERIFY(bench.Run(9, CommandId::Red));
         QVERIFY(bench.Run(-1, CommandId::Red));
     }
@@ -105,7 +114,7 @@ class EditorCommandsTest final : public QObject {
         QCOMPARE(bench.draws, 1);
         QCOMPARE(bench.exits, 1);
         for (const CommandId command : {CommandId::None, CommandId::GraphTable, CommandId::Options,
-                                        CommandId::Help, CommandId::File, CommandId::InsertSin}) {
+                                        CommandId::Help, CommandId::InsertSin}) {
             QVERIFY(!bench.Run(0, command));
         }
     }

@@ -74,9 +74,11 @@ inline FailsAt Exactly(std::string operation) {
 /// Collects boxes and answers them.
 struct ShownBoxes {
     std::shared_ptr<std::vector<MessageBox>> boxes = std::make_shared<std::vector<MessageBox>>();
-    ShowMessage show = [list = boxes](const MessageBox& box) {
+    /// What Yes/No boxes are answered with.
+    std::shared_ptr<MessageAnswer> answer = std::make_shared<MessageAnswer>(MessageAnswer::Yes);
+    ShowMessage show = [list = boxes, reply = answer](const MessageBox& box) {
         list->push_back(box);
-        return MessageAnswer::Ok;
+        return box.buttons == MessageButtons::YesNo ? *reply : MessageAnswer::Ok;
     };
 };
 

@@ -2,10 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
-
-#include "base/decimal.h"
-
 namespace kalvex {
 namespace {
 
@@ -81,15 +77,6 @@ TEST(ReadFactors, RefusesEverythingElse) {
         EXPECT_EQ(problem->message, u"Y factor must be a number greater than 0.");
         EXPECT_EQ(view.Xfactor, 2);
     }
-}
-
-TEST(NumberForInput, LosesNothing) {
-    for (const double value : {0.1, 1.0 / 3.0, -1e300, 5e-324, 9.4245, 123456789012345678.0,
-                               std::numeric_limits<double>::max()}) {
-        EXPECT_EQ(ParseDecimalPrefix(NumberForInput(value)).value, value);
-    }
-    EXPECT_EQ(NumberForInput(-10), u"-10");
-    EXPECT_EQ(NumberForInput(0.1), u"0.1");
 }
 
 }  // namespace

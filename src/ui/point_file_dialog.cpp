@@ -1,0 +1,26 @@
+// The filters read as they always did, in their order. What they really match stands in a second
+// bracket, which is not shown: "*.*" would hide every file without a dot on most systems.
+#include "ui/point_file_dialog.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <utility>
+
+namespace kalvex {
+
+void OpenPointFileDialog(QWidget* parent, const QString& folder,
+                         std::function<void(const QString& path)> chosen) {
+    auto* const dialog = new QFileDialog(parent, "Open File", folder);
+    dialog->setObjectName("openFileDialog");
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    dialog->setOption(QFileDialog::HideNameFilterDetails);
+    dialog->setNameFilters({"All (*.*) (*)", "txt (*.txt) (*.txt)", "Kalvex files (*.kx) (*.kx)"});
+    QObject::connect(dialog, &QFileDialog::fileSelected, dialog,
+                     [chosen = std::move(chosen)](const QString& path) {
+                         chosen(QDir::toNativeSeparators(path));
+                     });
+    dialog->open();
+}
+
+}  // namespace kalvex
