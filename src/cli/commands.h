@@ -17,6 +17,8 @@ namespace kalvex {
 void AddNormaliseCommand(CLI::App& tool, ExitStatus& status);
 void AddCheckCommand(CLI::App& tool, ExitStatus& status);
 void AddEvalCommand(CLI::App& tool, ExitStatus& status);
+void AddInterpolateCommand(CLI::App& tool, ExitStatus& status);
+void AddPointsCommand(CLI::App& tool, ExitStatus& status);
 void AddSamplesCommand(CLI::App& tool, ExitStatus& status);
 void AddDrawCommand(CLI::App& tool, ExitStatus& status);
 

@@ -15,6 +15,7 @@ std::optional<EquationType> ParseType(std::string_view word) {
     if (word == "polar") return EquationType::Polar;
     if (word == "decart") return EquationType::Decart;
     if (word == "parametric") return EquationType::Parametric;
+    if (word == "file") return EquationType::File;
     if (word == "implicit") return EquationType::Implicit;
     return std::nullopt;
 }
@@ -57,7 +58,7 @@ LineArgument ParseLineArgument(std::string_view argument, std::int32_t defaultCo
     const std::optional<EquationType> type = ParseType(head[0]);
     if (!type) {
         result.error =
-            "polar, decart, parametric or implicit expected, got " + std::string(head[0]);
+            "polar, decart, parametric, file or implicit expected, got " + std::string(head[0]);
         return result;
     }
     result.entry.type = static_cast<std::int32_t>(*type);

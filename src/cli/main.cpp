@@ -16,13 +16,15 @@ int main(int argc, char** argv) {
     tool.require_subcommand(1);
     tool.footer(
         "A text that begins with \"-\" goes behind \"--\", which ends the options.\n"
-        "Exit status: 0 done; 1 a text was rejected; 2 wrong usage; 3 a file could not be "
-        "written.");
+        "Exit status: 0 done; 1 a text was rejected or a point file could not be read; "
+        "2 wrong usage; 3 a file could not be written.");
 
     ExitStatus status = ExitStatus::Done;
     kalvex::AddNormaliseCommand(tool, status);
     kalvex::AddCheckCommand(tool, status);
     kalvex::AddEvalCommand(tool, status);
+    kalvex::AddInterpolateCommand(tool, status);
+    kalvex::AddPointsCommand(tool, status);
     kalvex::AddSamplesCommand(tool, status);
     kalvex::AddDrawCommand(tool, status);
     try {

@@ -3,6 +3,7 @@
 #include "cli/view_options.h"
 
 #include <CLI/CLI.hpp>
+#include <cstdio>
 #include <limits>
 
 #include "base/encoding.h"
@@ -11,6 +12,7 @@
 #include "cli/line_argument.h"
 #include "cli/number_argument.h"
 #include "graph/auto_zoom.h"
+#include "graph/file_lines.h"
 #include "workspace/function_list.h"
 
 namespace kalvex {
@@ -144,6 +146,12 @@ void AddLayerOptions(CLI::App& command, Options& options) {
         "--no-labels", [&] { options.Label = 0; }, "Leave the function names out.");
 }
 
+/// Whoever calls the tool with a large file wants it drawn: the question is told and answered.
+MessageAnswer ShowAndGoOn(const MessageBox& box) {
+    ShowOnStandardError(box);
+    return box.buttons == MessageButtons::YesNo ? MessageAnswer::Yes : MessageAnswer::Ok;
+}
+
 }  // namespace
 
 std::shared_ptr<ViewOptions> AddViewOptions(CLI::App& command) {
@@ -170,12 +178,15 @@ bool PrepareLines(FunctionList& functions, const std::vector<std::string>& lines
                              ShowOnStandardError))
             return false;
     }
-    return true;
+    return PrepareFileLines(functions, ShowAndGoOn);
 }
 
 DrawList DrawOffScreen(ViewOptions& view, FunctionList& functions, const MeasureText& measure) {
     const auto draw = [&] { return DrawGraph(view.state, functions, view.options, measure, {}); };
     DrawList list = draw();
+    std::fputs(FailureLines(view.state.approxFailures).c_str(), stderr);
+    for (const MessageBox& box : FailureBoxes(view.state.approxFailures))
+        ShowOnStandardError(box);
     if (!view.automatic) return list;
     // Bounds that cannot be found are no failure: the message says so, the window stays.
     if (!AutoZoom(view.state.viewport, functions, ShowOnStandardError)) return list;

@@ -9,15 +9,18 @@ std::string FailureLines(std::span<const ApproxFailure> failures) {
     return lines;
 }
 
+MessageBox OwnBox(const Diagnostic& diagnostic) {
+    // KEEP: a caption in small letters and no icon, unlike every other box.
+    return {std::u16string(Text(StringId::LeastSetCaption)),
+            std::u16string(Text(diagnostic.box.value_or(StringId::LeastSetFailed))),
+            MessageIcon::None, MessageButtons::Ok};
+}
+
 std::vector<MessageBox> FailureBoxes(std::span<const ApproxFailure> failures) {
     std::vector<MessageBox> boxes;
     std::u16string reasons;
     for (const auto& [slot, diagnostic] : failures) {
-        // KEEP: a caption in small letters and no icon, unlike every other box.
-        if (diagnostic.box)
-            boxes.push_back({std::u16string(Text(StringId::LeastSetCaption)),
-                             std::u16string(Text(*diagnostic.box)), MessageIcon::None,
-                             MessageButtons::Ok});
+        if (diagnostic.box) boxes.push_back(OwnBox(diagnostic));
         if (!reasons.empty()) reasons += u"\n\n";
         reasons +=
             FillIn(Text(StringId::InFunction), {NumberText(slot + 1), Text(diagnostic.reason)});

@@ -19,6 +19,9 @@ struct ApproxFailure {
 /// What goes to standard error once per redraw: the lines of each failure in slot order.
 std::string FailureLines(std::span<const ApproxFailure> failures);
 
+/// The box that a routine has of its own; only for a diagnostic with one.
+MessageBox OwnBox(const Diagnostic& diagnostic);
+
 /// What is shown once per Draw, not per redraw: the boxes that the routines themselves have, then
 /// one box that names all functions concerned and the reasons. Empty without a failure.
 std::vector<MessageBox> FailureBoxes(std::span<const ApproxFailure> failures);

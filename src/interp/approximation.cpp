@@ -159,11 +159,6 @@ double Value(Approximation& approximation, double t, Work& work) {
     }
 }
 
-bool MayFailAtAValue(ApproxMethod method) {
-    return method == ApproxMethod::PiecewiseQuadratic ||
-           (method >= ApproxMethod::OverhauserNonuniform && method <= ApproxMethod::Overhauser);
-}
-
 bool WatchesItself(ApproxMethod method) {
     return method == ApproxMethod::DividedDifferences || method == ApproxMethod::Largange;
 }
@@ -171,9 +166,9 @@ bool WatchesItself(ApproxMethod method) {
 /// False when the rest is not to be evaluated.
 bool EvaluateBlock(Approximation& approximation, std::span<const double> abscissas,
                    std::span<double> values, Work& work) {
-    const ApproxMethod method = MethodOf(approximation);
+    const bool mayFail = MayFailAtAValue(approximation);
     for (std::size_t i = 0; i < abscissas.size(); ++i) {
-        if (MayFailAtAValue(method)) {
+        if (mayFail) {
             approximation.failure = ValueThatMayFail(approximation, abscissas[i], values[i]);
             if (approximation.failure) return false;
         } else {
@@ -182,7 +177,7 @@ bool EvaluateBlock(Approximation& approximation, std::span<const double> absciss
             values[i] = value;
         }
     }
-    if (WatchesItself(method)) return true;
+    if (WatchesItself(MethodOf(approximation))) return true;
     return Spend(work, CostOfValue(approximation) * static_cast<double>(abscissas.size()));
 }
 
@@ -204,6 +199,12 @@ Approximation SetUpApproximation(std::span<const double> x, std::span<const doub
     // No term at all says nothing; the sum of none would be a line that nobody asked for.
     approximation.hasValues = method != ApproxMethod::LeastSquares || !approximation.fit.D.empty();
     return approximation;
+}
+
+bool MayFailAtAValue(const Approximation& approximation) {
+    const ApproxMethod method = MethodOf(approximation);
+    return method == ApproxMethod::PiecewiseQuadratic ||
+           (method >= ApproxMethod::OverhauserNonuniform && method <= ApproxMethod::Overhauser);
 }
 
 void EvaluateApproximation(Approximation& approximation, std::span<const double> abscissas,

@@ -71,6 +71,9 @@ Approximation SetUpApproximation(std::span<const double> x, std::span<const doub
                                  const ApproxParameters& parameters,
                                  const WorkProgress& progress = {});
 
+/// Whether a fatal condition can still come up at an abscissa.
+bool MayFailAtAValue(const Approximation& approximation);
+
 /// The values at the abscissas, in any order; UndefinedValue where there is none. A fatal condition
 /// that an abscissa runs into makes all values of the call undefined and stays in `failure`; work
 /// that is stopped leaves the rest undefined. A division by zero shows as an infinity or

@@ -19,6 +19,7 @@ TEST(ParseLineArgument, ReadsTypeSettingsAndText) {
         {"decart,color=9:x", 2, 9, u"x"},
         {"decart,color=Great:x", 2, 9, u"x"},
         {"decart,color=Red:log(2,x)", 2, 1, u"log(2,x)"},
+        {"file,color=2:/tmp/a:b.txt", 4, 2, u"/tmp/a:b.txt"},
         {"decart:", 2, 4, u""},
         {"decart:a:b=c,d", 2, 4, u"a:b=c,d"},
     };
@@ -45,7 +46,7 @@ TEST(ParseLineArgument, StoresTheApproximationSettings) {
 
 TEST(ParseLineArgument, SaysWhatIsWrong) {
     for (const std::string_view argument :
-         {"", "x^2", ":x", "Decart:x", "file:a.txt", "decart,:x", "decart,color:x",
+         {"", "x^2", ":x", "Decart:x", "File:a.txt", "decart,:x", "decart,color:x",
           "decart,color=0:x", "decart,color=10:x", "decart,color=:x", "decart,colour=1:x",
           "decart,approx=13:x", "decart,approx_val=99999999999:x", "decart,beta1=a:x"})
         EXPECT_NE(ParseLineArgument(argument, 1).error, "") << argument;

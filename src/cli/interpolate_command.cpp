@@ -1,0 +1,170 @@
+// interpolate: reads a point file, sets a method up and prints its values. They are computed and
+// printed block by block, so that a range of any length needs the same memory; a method that can
+// fail at a single value is first run over all of them, because then none is defined.
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <memory>
+
+#include "base/decimal.h"
+#include "cli/commands.h"
+#include "cli/console.h"
+#include "cli/number_argument.h"
+#include "cli/point_list.h"
+#include "cli/point_table.h"
+#include "graph/approx_failure.h"
+#include "graph/file_lines.h"
+
+namespace kalvex {
+namespace {
+
+constexpr std::size_t kBlock = 4096;
+
+struct Arguments {
+    std::string method;
+    std::string approxVal;
+    std::string approxVal2;
+    std::string beta1;
+    std::string beta2;
+    std::vector<std::string> at;
+    std::string range;
+    std::string file;
+    ApproxParameters parameters;
+    PointList abscissas;
+};
+
+void ReadWhole(const std::string& name, const std::string& text, std::int64_t first,
+               std::int64_t last, std::int32_t& number) {
+    if (text.empty()) return;
+    const auto whole = ParseWhole(text, first, last);
+    if (!whole)
+        WrongUsage(name, "a whole number from " + std::to_string(first) + " to " +
+                             std::to_string(last) + " expected");
+    number = static_cast<std::int32_t>(*whole);
+}
+
+void ReadReal(const std::string& name, const std::string& text, double& number) {
+    if (text.empty()) return;
+    const auto real = ParseNumber(text);
+    if (!real) WrongUsage(name, "a number expected, got " + text);
+    number = *real;
+}
+
+void ReadArguments(Arguments& arguments) {
+    ApproxParameters& parameters = arguments.parameters;
+    ReadWhole("--method", arguments.method, 0, 12, parameters.approx);
+    ReadWhole("--approx-val", arguments.approxVal, INT32_MIN, INT32_MAX, parameters.approx_val);
+    ReadWhole("--approx-val2", arguments.approxVal2, INT32_MIN, INT32_MAX, parameters.approx_val2);
+    ReadReal("--beta1", arguments.beta1, parameters.beta1);
+    ReadReal("--beta2", arguments.beta2, parameters.beta2);
+    for (const std::string& text : arguments.at) {
+        const std::optional<WorldPoint> point = ParsePoint(text, false);
+        if (!point) WrongUsage("--at", "a number expected, got " + text);
+        arguments.abscissas.single.push_back(*point);
+    }
+    if (arguments.range.empty()) return;
+    arguments.abscissas.range = ParseRange(arguments.range);
+    if (!arguments.abscissas.range) WrongUsage("--range", "A,B,N with N of 1 or more expected");
+}
+
+/// The check of the windows: how many terms there may be depends on the points.
+bool HasGoodTerms(const Arguments& arguments, const PointTable& table) {
+    FunctionList functions;
+    functions[0].type = static_cast<std::int32_t>(EquationType::File);
+    functions[0].selected = 1;
+    functions[0].approx = arguments.parameters.approx;
+    functions[0].approx_val = arguments.parameters.approx_val;
+    functions[0].points.resize(table.x.size());
+    return CheckTermCounts(functions, ShowOnStandardError);
+}
+
+/// What is done with a block of values; false ends it early.
+using TakeBlock = bool (*)(std::span<const double> x, std::span<const double> y);
+
+void ForEachBlock(Approximation& approximation, const PointList& abscissas, TakeBlock take) {
+    std::array<double, kBlock> x{};
+    std::array<double, kBlock> y{};
+    const std::int64_t total = CountOf(abscissas);
+    for (std::int64_t start = 0; start < total; start += static_cast<std::int64_t>(kBlock)) {
+        const std::size_t count = static_cast<std::size_t>(
+            std::min<std::int64_t>(static_cast<std::int64_t>(kBlock), total - start));
+        for (std::size_t i = 0; i < count; ++i)
+            x[i] = PointAt(abscissas, start + static_cast<std::int64_t>(i)).x;
+        EvaluateApproximation(approximation, {x.data(), count}, {y.data(), count});
+        if (!take({x.data(), count}, {y.data(), count})) return;
+    }
+}
+
+bool PrintBlock(std::span<const double> x, std::span<const double> y) {
+    std::string lines;
+    for (std::size_t i = 0; i < x.size(); ++i)
+        lines += FormatGeneral17(x[i]) + '\t' + FormatGeneral17(y[i]) + '\n';
+    return WriteOut(lines);
+}
+
+void TellFailure(const Diagnostic& diagnostic) {
+    if (diagnostic.box) ShowOnStandardError(OwnBox(diagnostic));
+    std::fputs(StandardErrorText(diagnostic).c_str(), stderr);
+}
+
+ExitStatus Run(Arguments& arguments) {
+    const std::optional<PointTable> table = ReadTable(arguments.file);
+    if (!table || !HasGoodTerms(arguments, *table)) return ExitStatus::Rejected;
+    if (CountOf(arguments.abscissas) == 0) {
+        for (const double x : table->x)
+            arguments.abscissas.single.push_back({x, 0.0});
+    }
+    Approximation approximation = SetUpApproximation(table->x, table->y, arguments.parameters);
+    if (MayFailAtAValue(approximation))
+        ForEachBlock(approximation, arguments.abscissas,
+                     [](std::span<const double>, std::span<const double>) { return true; });
+    if (approximation.failure) TellFailure(*approximation.failure);
+    ForEachBlock(approximation, arguments.abscissas, PrintBlock);
+    return ExitStatus::Done;
+}
+
+void AddParameters(CLI::App& command, Arguments& arguments) {
+    command.add_option("--method", arguments.method, "The method, 0 to 12.")
+        ->required()
+        ->type_name("CODE");
+    command
+        .add_option("--approx-val", arguments.approxVal,
+                    "Number of terms (method 0), left boundary flag (10); default 1.")
+        ->type_name("N");
+    command
+        .add_option("--approx-val2", arguments.approxVal2,
+                    "Right boundary flag (method 10); default 0.")
+        ->type_name("N");
+    command
+        .add_option("--beta1", arguments.beta1,
+                    "Bias (method 3), left boundary value (10); default 1.")
+        ->type_name("D");
+    command
+        .add_option("--beta2", arguments.beta2,
+                    "Tension (method 3), right boundary value (10); default 0.")
+        ->type_name("D");
+}
+
+}  // namespace
+
+void AddInterpolateCommand(CLI::App& tool, ExitStatus& status) {
+    CLI::App* command = AddCommand(
+        tool, "interpolate", "Join the points of a file by a method; prints x and y per abscissa.");
+    const auto arguments = std::make_shared<Arguments>();
+    AddParameters(*command, *arguments);
+    command
+        ->add_option("--at", arguments->at,
+                     "An abscissa (default: those of the points); may be repeated.")
+        ->type_name("X")
+        ->allow_extra_args(false);
+    command->add_option("--range", arguments->range, "N abscissas from A to B.")
+        ->type_name("A,B,N");
+    command->add_option("FILE", arguments->file, "The point file.")->required();
+    command->callback([arguments, &status] {
+        ReadArguments(*arguments);
+        status = Run(*arguments);
+    });
+}
+
+}  // namespace kalvex
