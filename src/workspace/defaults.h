@@ -13,8 +13,9 @@ FunctionEntry DefaultEntry(int slot);
 /// Default entries and options, empty lines, the view -10..10 with factors 2.
 Workspace DefaultWorkspace();
 
-/// The workspace of a first start: the defaults with example lines, one of each equation type but
-/// `File`, and two lines left empty. No example needs more room than the store has.
-Workspace ExampleWorkspace();
+/// The workspace of a first start: the defaults with example lines, one of each equation type, and
+/// a line left empty. No example needs more room than the store has: the `File` line, which shows
+/// the given point file, is left empty when the path is too long for it (or empty).
+Workspace ExampleWorkspace(std::u16string_view pointFile = {});
 
 }  // namespace kalvex

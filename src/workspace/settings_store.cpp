@@ -6,6 +6,7 @@
 #include "base/decimal.h"
 #include "base/encoding.h"
 #include "base/truncate.h"
+#include "resources/samples.h"
 #include "workspace/defaults.h"
 #include "workspace/settings.h"
 #include "workspace/settings_names.h"
@@ -122,7 +123,8 @@ bool WriteMissing(const Registry& registry, const Workspace& workspace) {
 
 bool CreateDefaultKeys(const Registry& registry) {
     if (!registry.isEmpty()) return false;
-    return WriteTogether(registry, [&] { return WriteEverything(registry, ExampleWorkspace()); });
+    const Workspace workspace = ExampleWorkspace(ToUtf16(SamplePath(kPeakSample)));
+    return WriteTogether(registry, [&] { return WriteEverything(registry, workspace); });
 }
 
 void CreateMissingKeys(const Registry& registry, const Workspace& workspace) {

@@ -6,6 +6,8 @@
 
 #include "expr/eval_error.h"
 #include "interp/diagnostic_lines.h"
+#include "interp/point_file.h"
+#include "resources/samples.h"
 
 namespace kalvex {
 namespace {
@@ -163,6 +165,21 @@ TEST(Approximation, LeavesTheRestUndefinedWhenItIsStopped) {
     EXPECT_TRUE(least.stopped);
     EvaluateApproximation(least, kAt, {values.data(), kAt.size()});
     EXPECT_EQ(values[0], UndefinedValue);
+}
+
+TEST(Approximation, JoinsTheSampleFilesByEveryMethod) {
+    const std::size_t counts[] = {41, 17, 11};
+    for (std::size_t i = 0; i < std::size(counts); ++i) {
+        const PointTable table = ReadPointFile(SamplePath(kSampleFiles[i])).points;
+        ASSERT_EQ(table.x.size(), counts[i]);
+        for (std::int32_t method = 0; method <= 12; ++method) {
+            const Pass pass =
+                RunPass(table.x, table.y, {method, method == 0 ? 7 : 2, 2, 1.0, 0.0}, table.x);
+            EXPECT_FALSE(pass.failure) << kSampleFiles[i] << " " << method;
+            for (const double value : pass.values)
+                EXPECT_LT(std::fabs(value), 10.0) << kSampleFiles[i] << " " << method;
+        }
+    }
 }
 
 }  // namespace

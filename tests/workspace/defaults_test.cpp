@@ -32,7 +32,7 @@ TEST(DefaultWorkspace, IsANewUsers) {
     EXPECT_EQ(workspace.options.MaxParam, 6.283185307179586);
 }
 
-TEST(ExampleWorkspace, ShowsEachTypeButFileAndLeavesLinesEmpty) {
+TEST(ExampleWorkspace, WithoutAPointFileShowsTheOtherTypes) {
     const Workspace workspace = ExampleWorkspace();
     std::set<std::int32_t> types;
     int empty = 0;
@@ -43,6 +43,18 @@ TEST(ExampleWorkspace, ShowsEachTypeButFileAndLeavesLinesEmpty) {
     }
     EXPECT_EQ(types, (std::set<std::int32_t>{1, 2, 3, 5}));
     EXPECT_EQ(empty, 2);
+}
+
+TEST(ExampleWorkspace, ShowsAPointFileWhosePathTheStoreCanKeep) {
+    const std::u16string fits(49, u'a');
+    const Workspace with = ExampleWorkspace(fits);
+    EXPECT_EQ(with.lines[7], fits);
+    EXPECT_EQ(with.functions[7].type, 4);
+    EXPECT_EQ(with.functions[7].approx, 11);
+    EXPECT_TRUE(with.lines[8].empty());
+    const Workspace without = ExampleWorkspace(fits + u'a');
+    EXPECT_EQ(without.lines, ExampleWorkspace().lines);
+    EXPECT_EQ(without.functions[7].type, 2);
 }
 
 TEST(ExampleWorkspace, PreparesWithoutABox) {

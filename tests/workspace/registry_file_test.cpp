@@ -8,6 +8,8 @@
 #include <fstream>
 #include <iterator>
 
+#include "base/encoding.h"
+#include "resources/samples.h"
 #include "workspace/defaults.h"
 #include "workspace/faulty_registry.h"
 #include "workspace/settings.h"
@@ -59,7 +61,7 @@ TEST_F(RegistryFile, KeepsAFirstStart) {
     LoadFunctionSettings(registry, workspace, shown.show);
     LoadSettings(registry, workspace, shown.show);
     EXPECT_TRUE(shown.boxes->empty());
-    EXPECT_EQ(workspace.lines, ExampleWorkspace().lines);
+    EXPECT_EQ(workspace.lines, ExampleWorkspace(ToUtf16(SamplePath(kPeakSample))).lines);
     EXPECT_EQ(workspace.functions[8].color, 9);
     EXPECT_EQ(workspace.options.TextSize, Options{}.TextSize);
     EXPECT_FALSE(CreateDefaultKeys(registry));

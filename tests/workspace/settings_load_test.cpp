@@ -2,6 +2,8 @@
 
 #include <limits>
 
+#include "base/encoding.h"
+#include "resources/samples.h"
 #include "workspace/defaults.h"
 #include "workspace/faulty_registry.h"
 #include "workspace/settings.h"
@@ -78,7 +80,7 @@ TEST(LoadFunctionTexts, ReadsTheLinesAndClearsTheSelection) {
         entry.selected = 1;
     ShownBoxes shown;
     LoadFunctionTexts(faulty.registry, workspace, shown.show);
-    EXPECT_EQ(workspace.lines, ExampleWorkspace().lines);
+    EXPECT_EQ(workspace.lines, ExampleWorkspace(ToUtf16(SamplePath(kPeakSample))).lines);
     for (const FunctionEntry& entry : workspace.functions)
         EXPECT_EQ(entry.selected, 0);
     EXPECT_TRUE(shown.boxes->empty());
