@@ -32,16 +32,12 @@ struct Value {
 };
 
 constexpr double kGoodEnough = 0x1p-56;
-constexpr double kBearable = 0x1p-40;
+constexpr double kBearable = 0x1p-52;
 constexpr double kHopeless = 1e6;  // added to the cost of what is likely to cancel
-
-bool IsPole(DoubleDouble c) {
-    return c.high <= 0 && c.low == 0 && std::floor(c.high) == c.high;
-}
 
 /// A negative integer whose series ends before c meets 0.
 bool EndsBefore(DoubleDouble a, DoubleDouble c) {
-    return IsPole(a) && (!IsPole(c) || a.high >= c.high);
+    return IsNegativeInteger(a) && (!IsNegativeInteger(c) || a.high >= c.high);
 }
 
 bool Terminates(const HypergeometricParameters& p) {
@@ -85,21 +81,31 @@ DoubleDouble LogOneLess(double x) {
     return std::fabs(x) < kSmall ? LogOnePlus({-x, 0}) : Log(TwoSum(1, -x));
 }
 
-Value ValueOf(const Form& form, double x) {
-    constexpr double kTolerance = 0x1p-62;
-    const DoubleDouble z = form.pfaff ? Divide({x, 0}, TwoSum(x, -1)) : DoubleDouble{x, 0};
-    const HypergeometricPoint sum = SumHypergeometric(form.p, z, kTolerance);
+/// The function from that of the form, `sum` at z.
+Value ValueOf(const Form& form, const HypergeometricPoint& sum, double x) {
     if (sum.singular) throw ap::ap_error{kOverflow};
     if (sum.failed) return {};
     const double own = form.pfaff ? sum.slope.high / (1 - x) : sum.slope.high;
     const double slope = own - form.power.high * x / (1 - x) * sum.value.high;
-    Value value = {sum.value, 0, sum.error / (std::fabs(sum.value.high) + std::fabs(slope))};
+    Value value = {sum.value, sum.exponent,
+                   sum.error / (std::fabs(sum.value.high) + std::fabs(slope))};
     if (form.power.high == 0) return value;
     const DoubleDouble exponent = Multiply(form.power, LogOneLess(x));
     constexpr double kMostExponent = 1e8;
     if (!(std::fabs(exponent.high) < kMostExponent)) return {};
-    value.fraction = Multiply(value.fraction, ExpScaled(exponent, value.exponent));
+    int more = 0;
+    value.fraction = Multiply(value.fraction, ExpScaled(exponent, more));
+    value.exponent += more;
     return value;
+}
+
+DoubleDouble ArgumentOf(const Form& form, double x) {
+    return form.pfaff ? Divide({x, 0}, TwoSum(x, -1)) : DoubleDouble{x, 0};
+}
+
+Value BySeries(const Form& form, double x) {
+    constexpr double kTolerance = 0x1p-62;
+    return ValueOf(form, SumHypergeometric(form.p, ArgumentOf(form, x), kTolerance), x);
 }
 
 Value ValueOf(const HypergeometricPoint& p) {
@@ -112,39 +118,117 @@ void KeepBetter(Value& best, const Value& other) {
     if (other.loss < best.loss) best = other;
 }
 
-/// The forms from the cheapest up, until one is good enough or only long ones are left. Those that
-/// are likely to cancel are measured first.
-Value BySeries(const HypergeometricParameters& p, double x) {
-    constexpr double kMostTerms = 1200;
-    constexpr double kBearableLoss = 28;
+/// The degree if the form is a polynomial, else infinite.
+double DegreeOf(const Form& form) {
+    double degree = INFINITY;
+    if (EndsBefore(form.p.a, form.p.c)) degree = -form.p.a.high;
+    if (EndsBefore(form.p.b, form.p.c)) degree = std::min(degree, -form.p.b.high);
+    return degree;
+}
+
+/// The transformations divide by c or by what else is 0 there.
+bool HasOneForm(const HypergeometricParameters& p) {
     constexpr double kNextToPole = 1e-250;
-    const bool onlyDirect = IsPole(p.c) || std::fabs(p.c.high) < kNextToPole;
-    std::array<Form, 4> forms = FormsOf(p);
-    for (Form& form : forms)
-        form.cost = CostOf(form, x);
-    std::sort(forms.begin(), forms.end(),
-              [](const Form& left, const Form& right) { return left.cost < right.cost; });
+    return IsNegativeInteger(p.c) || std::fabs(p.c.high) < kNextToPole;
+}
+
+Form WithDegreeFirst(Form form) {
+    const bool aEnds = EndsBefore(form.p.a, form.p.c);
+    const bool bEnds = EndsBefore(form.p.b, form.p.c);
+    if (bEnds && !(aEnds && form.p.a.high > form.p.b.high)) std::swap(form.p.a, form.p.b);
+    return form;
+}
+
+/// The forms to walk to, with z from 0 to 1: first a polynomial if there is one, a being its
+/// degree, else that with c-a-b at least 0.
+std::array<Form, 2> FormsForShifts(const std::array<Form, 4>& forms, double x) {
+    const std::size_t first = x > 0 ? 0 : 2;
+    std::array<Form, 2> found = {WithDegreeFirst(forms[first]), WithDegreeFirst(forms[first + 1])};
+    const double degrees[] = {DegreeOf(found[0]), DegreeOf(found[1])};
+    const double s = Subtract(Subtract(found[0].p.c, found[0].p.a), found[0].p.b).high;
+    if (degrees[1] < degrees[0] || (degrees[1] == degrees[0] && s < 0)) {
+        std::swap(found[0], found[1]);
+    }
+    return found;
+}
+
+/// The polynomial's own walk, then the general ones.
+Value ByShifts(const std::array<Form, 2>& forms, double x) {
+    const bool pfaff = forms[0].pfaff;
+    const DoubleDouble z = ArgumentOf(forms[0], x);
+    const DoubleDouble w = pfaff ? Divide({1, 0}, TwoSum(1, -x)) : TwoSum(1, -x);
     Value best;
+    if (EndsBefore(forms[0].p.a, forms[0].p.c)) {
+        best = ValueOf(forms[0], PolynomialByShifts(forms[0].p, z, w), x);
+    }
     for (const Form& form : forms) {
-        if (onlyDirect && (form.pfaff || form.power.high != 0)) continue;
-        const double terms = form.cost < kHopeless ? form.cost : form.cost - kHopeless;
-        if (terms > kMostTerms) continue;
-        const double z = form.pfaff ? x / (x - 1) : x;
-        if (form.cost >= kHopeless && MeasuredLoss(form.p, z) > kBearableLoss) continue;
-        KeepBetter(best, ValueOf(form, x));
         if (best.loss < kGoodEnough) break;
+        KeepBetter(best, ValueOf(form, HypergeometricByShifts(form.p, z, w), x));
     }
     return best;
 }
 
+/// Terms of a series that take as long.
+double CostOfShifts(const Form& form, double x) {
+    constexpr double kOfOne = 2;
+    constexpr double kOfStart = 100;
+    constexpr double kOfStartNearOne = 700;
+    return kOfOne * ShiftsTo(form.p) + (x > 0.5 ? kOfStartNearOne : kOfStart);
+}
+
+/// The forms that cost `least` to `most`, the cheapest first, until one is good enough. Those that
+/// are likely to cancel are measured first.
+void TrySeries(const std::array<Form, 4>& sorted, double x, double least, double most,
+               Value& best) {
+    constexpr double kBearableLoss = 28;
+    const bool onlyDirect = HasOneForm(sorted[0].p);
+    for (const Form& form : sorted) {
+        if (best.loss < kGoodEnough) return;
+        if (form.cost <= least || form.cost > most) continue;
+        if (onlyDirect && (form.pfaff || form.power.high != 0)) continue;
+        const double z = form.pfaff ? x / (x - 1) : x;
+        if (form.cost >= kHopeless && MeasuredLoss(form.p, z) > kBearableLoss) continue;
+        KeepBetter(best, BySeries(form, x));
+    }
+}
+
+/// The methods from the quickest up, until one is good enough.
 Value BestValue(const HypergeometricParameters& p, double x) {
     constexpr double kNearOne = 0.9;
-    Value best = BySeries(p, x);
-    if (best.loss < kGoodEnough) return best;
-    if (x > kNearOne && !IsPole(p.c)) KeepBetter(best, ValueOf(HypergeometricNearOne(p, x)));
+    constexpr double kMostTerms = 1200;
+    std::array<Form, 4> forms = FormsOf(p);
+    const std::array<Form, 2> shifted = FormsForShifts(forms, x);
+    for (Form& form : forms)
+        form.cost = CostOf(form, x);
+    std::sort(forms.begin(), forms.end(),
+              [](const Form& left, const Form& right) { return left.cost < right.cost; });
+    const bool walks = !HasOneForm(p);
+    const double walk = walks ? CostOfShifts(shifted[0], x) : kMostTerms;
+    Value best;
+    TrySeries(forms, x, -1, walk, best);
+    if (walks && best.loss >= kGoodEnough) KeepBetter(best, ByShifts(shifted, x));
+    TrySeries(forms, x, walk, kMostTerms, best);
+    TrySeries(forms, x, kHopeless, kHopeless + kMostTerms, best);
+    if (best.loss < kGoodEnough || IsNegativeInteger(p.c)) return best;
+    if (x > kNearOne) KeepBetter(best, ValueOf(HypergeometricNearOne(p, x)));
     if (best.loss < kGoodEnough) return best;
     KeepBetter(best, ValueOf(HypergeometricByParts(p, x)));
     return best;
+}
+
+/// A polynomial at a pole of the other forms: the mean of its values on both sides, what the
+/// square of the distance leaves being below 1e-18.
+Value BesidePole(const HypergeometricParameters& p, double x) {
+    constexpr double kDistance = 0x1p-40;
+    HypergeometricParameters moved = p;
+    moved.c.low = kDistance;
+    Value mean = BestValue(moved, x);
+    moved.c.low = -kDistance;
+    const Value other = BestValue(moved, x);
+    mean.fraction = Add(mean.fraction, Scale(other.fraction, other.exponent - mean.exponent));
+    mean.exponent -= 1;
+    mean.loss = std::max(mean.loss, other.loss);
+    return mean;
 }
 
 }  // namespace
@@ -154,11 +238,12 @@ double Hypergeometric2F1(double a, double b, double c, double x) {
     if (!std::isfinite(a + b + c)) throw ap::ap_error{kOverflow};
     if (!(std::fabs(x) < 1)) throw ap::ap_error{"Domain error in Hypergeometric2F1"};
     const HypergeometricParameters p = {{a, 0}, {b, 0}, {c, 0}};
-    if (IsPole(p.c) && !EndsBefore(p.a, p.c) && !EndsBefore(p.b, p.c)) {
+    if (IsNegativeInteger(p.c) && !EndsBefore(p.a, p.c) && !EndsBefore(p.b, p.c)) {
         throw ap::ap_error{kOverflow};
     }
     if (a == 0 || b == 0 || x == 0) return 1;
-    const Value value = BestValue(p, x);
+    Value value = BestValue(p, x);
+    if (!(value.loss < kBearable) && IsNegativeInteger(p.c)) value = BesidePole(p, x);
     if (!(value.loss < kBearable)) throw ap::ap_error{kOverflow};
     const double result = std::ldexp(ToDouble(value.fraction), value.exponent);
     if (!std::isfinite(result)) throw ap::ap_error{kOverflow};

@@ -6,6 +6,14 @@
 
 #include "specfun/double_double.h"
 
+// A function whose time goes into fused multiplications is compiled a second time for processors
+// that have them; the bits are the same. Flattened, because what it calls is compiled for all.
+#if defined(__x86_64__) && !defined(__clang__) && !defined(__SANITIZE_ADDRESS__)
+#define KALVEX_WITH_FMA [[gnu::target_clones("default", "fma"), gnu::flatten]]
+#else
+#define KALVEX_WITH_FMA
+#endif
+
 namespace kalvex::specfun {
 
 struct HypergeometricParameters {
@@ -18,6 +26,11 @@ struct HypergeometricParameters {
 inline DoubleDouble PlusInteger(DoubleDouble a, double k) {
     const DoubleDouble sum = TwoSum(a.high, k);
     return QuickTwoSum(sum.high, sum.low + a.low);
+}
+
+/// 0, -1, -2, ...
+inline bool IsNegativeInteger(DoubleDouble a) {
+    return a.high <= 0 && a.low == 0 && std::floor(a.high) == a.high;
 }
 
 /// The product without normalising: the error is that of Multiply as long as the low parts stay
@@ -40,6 +53,7 @@ struct HypergeometricPoint {
     double error = 0;       // estimate of the absolute error
     bool failed = false;    // overflow, too many terms or a division by zero
     bool singular = false;  // c met 0 before the series came to its end
+    int exponent = 0;       // of two: value, slope and error are to be multiplied by
 };
 
 /// The power series in z. Stops when the rest is below `tolerance` times the value and slope.
@@ -65,5 +79,17 @@ double ExpectedLoss(const HypergeometricParameters& p, double z);
 /// The function at 1/2 < x < 1 by the two solutions at 1, matched to the function at a point
 /// between.
 HypergeometricPoint HypergeometricNearOne(const HypergeometricParameters& p, double x);
+
+/// The function at z, 0 < z < 1, w = 1 - z, by steps of 1 in the parameters. Best for c-a-b at
+/// least 0.
+HypergeometricPoint HypergeometricByShifts(const HypergeometricParameters& p, DoubleDouble z,
+                                           DoubleDouble w);
+
+/// The same for a = 0, -1, -2, ..., from the polynomial of degree 0 or 2.
+HypergeometricPoint PolynomialByShifts(const HypergeometricParameters& p, DoubleDouble z,
+                                       DoubleDouble w);
+
+/// How many such steps that takes.
+double ShiftsTo(const HypergeometricParameters& p);
 
 }  // namespace kalvex::specfun

@@ -118,6 +118,7 @@ double Size(double value, double slope, double scale) {
 
 }  // namespace
 
+KALVEX_WITH_FMA
 HypergeometricPoint FollowHypergeometric(const HypergeometricParameters& p,
                                          HypergeometricPoint start, double from, double to) {
     constexpr double kStepError = 0x1p-82;
