@@ -84,6 +84,7 @@ double ByStirling(double a, double b) {
 
 }  // namespace
 
+KALVEX_WITH_FMA
 double Beta(double a, double b) {
     if (std::isnan(a) || std::isnan(b)) return a + b;
     if (IsPole(a) || IsPole(b)) throw ap::ap_error{"Overflow in Beta"};

@@ -70,6 +70,7 @@ double SecondKind(int n, double x) {
 
 }  // namespace
 
+KALVEX_WITH_FMA
 double Chebyshev(int kind, double degree, double x) {
     const int n = IntegralDegree(degree, -INFINITY, "Chebyshev");
     if (kind != 1 && kind != 2) throw ap::ap_error{"Domain error in Chebyshev"};

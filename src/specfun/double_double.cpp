@@ -59,6 +59,7 @@ DoubleDouble TakeOff(DoubleDouble a, double k, DoubleDouble c, double third) {
 
 }  // namespace
 
+KALVEX_WITH_FMA
 DoubleDouble ExpMinusOne(DoubleDouble a) {
     DoubleDouble p = ShortExpMinusOne({a.high * kPart, a.low * kPart});
     for (int i = 0; i < kHalvings; ++i)
@@ -66,6 +67,7 @@ DoubleDouble ExpMinusOne(DoubleDouble a) {
     return p;
 }
 
+KALVEX_WITH_FMA
 DoubleDouble ExpScaled(DoubleDouble a, int& exponent) {
     const double k = std::nearbyint(a.high / kLn2.high);
     exponent = TruncateToInt32(k);
@@ -80,6 +82,7 @@ DoubleDouble Exp(DoubleDouble a) {
     return Scale(fraction, exponent);
 }
 
+KALVEX_WITH_FMA
 DoubleDouble Log(DoubleDouble a) {
     int exponent = 0;
     const double fractionHigh = std::frexp(a.high, &exponent);
@@ -95,6 +98,7 @@ DoubleDouble Log(DoubleDouble a) {
     return k == 0 ? fractionLog : TakeOff(fractionLog, -k, kLn2, kThirdOfLn2);
 }
 
+KALVEX_WITH_FMA
 DoubleDouble LogOnePlus(DoubleDouble a) {
     // With y = ln(1 + a) of one double: ln(1 + a) = y + ln(1 + r), r = (a - e) / (1 + e),
     // e = exp(y) - 1.
@@ -104,6 +108,7 @@ DoubleDouble LogOnePlus(DoubleDouble a) {
     return Add(Add(rest, -rest.high * rest.high / 2), first);
 }
 
+KALVEX_WITH_FMA
 DoubleDouble ReduceByHalfPi(DoubleDouble a, int& quadrant) {
     const double k = std::nearbyint(a.high / kHalfPi.high);
     quadrant = TruncateToInt32(k - 4 * std::floor(k / 4));

@@ -92,6 +92,7 @@ void LegendreStep(Neighbours& p, double x, double k) {
 
 }  // namespace
 
+KALVEX_WITH_FMA
 double Hermite(double degree, double x) {
     const int n = IntegralDegree(degree, 0, "Hermite");
     if (std::isnan(x)) return x;
@@ -106,6 +107,7 @@ double Hermite(double degree, double x) {
     return Finite("Hermite", p);
 }
 
+KALVEX_WITH_FMA
 double Laguerre(double degree, double x) {
     const int n = IntegralDegree(degree, 0, "Laguerre");
     if (std::isnan(x)) return x;
@@ -120,6 +122,7 @@ double Laguerre(double degree, double x) {
     return Finite("Laguerre", p);
 }
 
+KALVEX_WITH_FMA
 double Legendre(double degree, double x) {
     const int n = IntegralDegree(degree, 0, "Legendre");
     if (std::isnan(x)) return x;
