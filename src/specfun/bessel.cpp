@@ -17,8 +17,8 @@ constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kLargest = std::numeric_limits<double>::max();
 
 /// Throws for an order that is out of range or not a number.
-void CheckOrder(double order, const char* name) {
-    if (!(std::fabs(order) <= MaxOrder)) {
+void CheckOrder(double order, double most, const char* name) {
+    if (!(std::fabs(order) <= most)) {
         throw ap::ap_error{std::string(name) + ": the order is too large"};
     }
 }
@@ -61,7 +61,7 @@ Extended ReflectedY(double order, double x) {
 
 double BesselJ(double order, double x) {
     if (std::isnan(x)) return x;
-    CheckOrder(order, "BesselJ");
+    CheckOrder(order, MaxOrder, "BesselJ");
     const bool integral = IsIntegral(order);
     if (x < 0 && !integral) throw ap::ap_error{"Domain error in BesselJV"};
     if (std::isinf(x)) return 0;
@@ -77,7 +77,7 @@ double BesselJ(double order, double x) {
 
 double BesselY(double order, double x) {
     if (std::isnan(x)) return x;
-    CheckOrder(order, "BesselY");
+    CheckOrder(order, MaxOrder, "BesselY");
     if (x <= 0) throw ap::ap_error{"Domain error in BesselY"};
     if (std::isinf(x)) return 0;
     return static_cast<double>(order < 0 ? ReflectedY(-order, x) : OscillatingY(order, x));
@@ -85,7 +85,7 @@ double BesselY(double order, double x) {
 
 double BesselK(double order, double x) {
     if (std::isnan(x)) return x;
-    CheckOrder(order, "BesselK");
+    CheckOrder(order, MaxModifiedOrder, "BesselK");
     if (x <= 0) throw ap::ap_error{"Domain error in BesselKN"};
     if (std::isinf(x)) return 0;
     return Finite(ModifiedK(std::fabs(order), x), "Overflow in BesselKN");
@@ -93,7 +93,7 @@ double BesselK(double order, double x) {
 
 double BesselI(double order, double x) {
     if (std::isnan(x)) return x;
-    CheckOrder(order, "BesselI");
+    CheckOrder(order, MaxModifiedOrder, "BesselI");
     if (!IsIntegral(order) && (order < 0 || x < 0)) throw ap::ap_error{"Domain error in BesselIV"};
     const double n = std::fabs(order);
     const double sign = x < 0 && IsOdd(n) ? -1 : 1;

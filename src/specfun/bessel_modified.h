@@ -1,4 +1,4 @@
-// Modified Bessel functions I and K of orders 0 to MaxOrder and finite x > 0.
+// Modified Bessel functions I and K of orders 0 to MaxModifiedOrder and finite x > 0.
 #pragma once
 
 #include "specfun/bessel_common.h"

@@ -27,6 +27,9 @@ namespace kalvex::specfun {
 /// for one point of a curve.
 inline constexpr double MaxOrder = 100000.0;
 
+/// The same for the modified Bessel functions, which need no recurrence for large orders.
+inline constexpr double MaxModifiedOrder = 1e12;
+
 /// Gamma function. All x. 0 and negative integers give an infinity, above 171.62 plus infinity,
 /// below -171 a zero of the right sign. Error 1e-13, less below 30.
 double Gamma(double x);
@@ -88,7 +91,8 @@ double FresnelC(double x);
 double AiryAi(double x);
 double AiryBi(double x);
 
-/// Bessel functions of real order up to MaxOrder in magnitude; beyond it they throw. All are
+/// Bessel functions of real order up to MaxOrder in magnitude, the modified ones up to
+/// MaxModifiedOrder; beyond it they throw. All are
 /// computed with 64 bits of precision and rounded once: n below 0.6 for orders to 1000, above
 /// slowly growing. Near the zeros of J and Y the error is that small against their modulus.
 ///

@@ -54,6 +54,22 @@ TEST(Bessel, CrossProductOfReflectedOrders) {
     }
 }
 
+// The same far beyond the orders that a recurrence could reach; x is where neither overflows. A
+// value is as steep there as its order is large.
+TEST(Bessel, WronskianOfIAndKOfHugeOrders) {
+    for (const double n : {2e5, 1e6 + 0.5, 3.7e8, 1e11}) {
+        for (const double ratio : {0.66274341934918, 0.6627434193}) {
+            const double x = ratio * n;
+            const double sum =
+                BesselI(n, x) * BesselK(n + 1, x) + BesselI(n + 1, x) * BesselK(n, x);
+            EXPECT_NEAR(sum * x, 1, 8 * kUnit * n) << n << " " << ratio;
+        }
+    }
+    EXPECT_EQ(BesselI(1e12, 1), 0);
+    EXPECT_THROW(BesselK(1e12, 1), ap::ap_error);
+    EXPECT_THROW(BesselI(1e13, 1), ap::ap_error);
+}
+
 // I(n) K(n+1) + I(n+1) K(n) = 1/x (10.28.2), all terms positive.
 TEST(Bessel, WronskianOfIAndK) {
     for (const double n : kOrders) {
