@@ -53,6 +53,18 @@ std::array<Form, 4> FormsOf(const HypergeometricParameters& p) {
             Form{{p.a, fromB, p.c}, Negate(p.a), true}, Form{{fromA, p.b, p.c}, Negate(p.b), true}};
 }
 
+/// Short series are not worth a look: they tell themselves. Before the term where c+k becomes
+/// positive nothing is known of those behind it.
+bool IsLikelyToCancel(const HypergeometricParameters& p, double z, double terms) {
+    constexpr double kLoss = 28;
+    constexpr double kMostLoss = 40;
+    constexpr double kShort = 100;
+    constexpr double kSmall = 0.1;
+    const double loss = ExpectedLoss(p, z);
+    if (p.c.high < -kShort && std::fabs(z) > kSmall) return true;
+    return loss > kMostLoss || (terms > kShort && loss > kLoss);
+}
+
 /// Terms of the series, as far as they can be foreseen.
 double CostOf(const Form& form, double x) {
     constexpr double kPowerCost = 30;
@@ -72,8 +84,7 @@ double CostOf(const Form& form, double x) {
         return 1e9;
     }
     if (form.power.high != 0) terms += kPowerCost;
-    constexpr double kLoss = 40;
-    return ExpectedLoss(form.p, z) > kLoss ? terms + kHopeless : terms;
+    return IsLikelyToCancel(form.p, z, terms) ? terms + kHopeless : terms;
 }
 
 DoubleDouble LogOneLess(double x) {
@@ -152,15 +163,13 @@ std::array<Form, 2> FormsForShifts(const std::array<Form, 4>& forms, double x) {
     return found;
 }
 
-/// The polynomial's own walk, then the general ones.
+/// A polynomial's own walk, then the general ones.
 Value ByShifts(const std::array<Form, 2>& forms, double x) {
-    const bool pfaff = forms[0].pfaff;
     const DoubleDouble z = ArgumentOf(forms[0], x);
-    const DoubleDouble w = pfaff ? Divide({1, 0}, TwoSum(1, -x)) : TwoSum(1, -x);
-    Value best;
-    if (EndsBefore(forms[0].p.a, forms[0].p.c)) {
-        best = ValueOf(forms[0], PolynomialByShifts(forms[0].p, z, w), x);
-    }
+    const DoubleDouble w = forms[0].pfaff ? Divide({1, 0}, TwoSum(1, -x)) : TwoSum(1, -x);
+    const bool polynomial = EndsBefore(forms[0].p.a, forms[0].p.c);
+    if (!polynomial) return ValueOf(forms[0], HypergeometricByShifts(forms[0].p, z, w), x);
+    Value best = ValueOf(forms[0], PolynomialByShifts(forms[0].p, z, w), x);
     for (const Form& form : forms) {
         if (best.loss < kGoodEnough) break;
         KeepBetter(best, ValueOf(form, HypergeometricByShifts(form.p, z, w), x));

@@ -14,9 +14,9 @@ namespace kalvex::specfun {
 namespace {
 
 constexpr int kMostSteps = 600;
-constexpr double kPhase = 12;  // of the solution in one step
+constexpr double kPhase = 16;  // of the solution in one step
 constexpr int kMostTerms = 250;
-constexpr double kTolerance = 0x1p-85;
+constexpr double kTolerance = 0x1p-80;
 
 struct StepCoefficients {
     DoubleDouble ofValue;   // h^2 / p
@@ -121,7 +121,7 @@ double Size(double value, double slope, double scale) {
 KALVEX_WITH_FMA
 HypergeometricPoint FollowHypergeometric(const HypergeometricParameters& p,
                                          HypergeometricPoint start, double from, double to) {
-    constexpr double kStepError = 0x1p-82;
+    constexpr double kStepError = 0x1p-78;
     const double phase = std::sqrt(std::fabs(p.a.high * p.b.high)) +
                          std::fabs(p.a.high + p.b.high) + std::fabs(p.c.high);
     if (!(phase < kMostSteps * kPhase)) return {{}, {}, 0, true};
