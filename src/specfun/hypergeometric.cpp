@@ -65,12 +65,20 @@ bool IsLikelyToCancel(const HypergeometricParameters& p, double z, double terms)
     return loss > kMostLoss || (terms > kShort && loss > kLoss);
 }
 
+/// Where terms of one sign stop growing: (a+k)(b+k) z = (c+k)(1+k).
+double GreatestTerm(const HypergeometricParameters& p, double z) {
+    if (!(p.a.high > 0 && p.b.high > 0 && p.c.high > 0 && z < 1)) return 0;
+    const double linear = z * (p.a.high + p.b.high) - p.c.high - 1;
+    const double root = linear * linear + 4 * (1 - z) * (z * p.a.high * p.b.high - p.c.high);
+    return root > 0 ? std::max(0.0, (linear + std::sqrt(root)) / (2 * (1 - z))) : 0;
+}
+
 /// Terms of the series, as far as they can be foreseen.
 double CostOf(const Form& form, double x) {
     constexpr double kPowerCost = 30;
     const double z = form.pfaff ? x / (x - 1) : x;
     const double magnitude = std::fabs(z);
-    double terms = 40 / -std::log(magnitude);
+    double terms = 40 / -std::log(magnitude) + 2 * GreatestTerm(form.p, magnitude);
     const double decay = form.p.c.high - form.p.a.high - form.p.b.high;
     if (decay > 0) {  // the terms fall as k^(-1-decay) even at z = 1
         const double scale = 1 + std::fabs(form.p.a.high) + std::fabs(form.p.b.high);
@@ -163,16 +171,19 @@ std::array<Form, 2> FormsForShifts(const std::array<Form, 4>& forms, double x) {
     return found;
 }
 
-/// A polynomial's own walk, then the general ones.
+/// A polynomial's own walk, then the general ones, the second of them where the function may
+/// swing.
 Value ByShifts(const std::array<Form, 2>& forms, double x) {
     const DoubleDouble z = ArgumentOf(forms[0], x);
     const DoubleDouble w = forms[0].pfaff ? Divide({1, 0}, TwoSum(1, -x)) : TwoSum(1, -x);
-    const bool polynomial = EndsBefore(forms[0].p.a, forms[0].p.c);
-    if (!polynomial) return ValueOf(forms[0], HypergeometricByShifts(forms[0].p, z, w), x);
-    Value best = ValueOf(forms[0], PolynomialByShifts(forms[0].p, z, w), x);
+    const HypergeometricParameters& p = forms[0].p;
+    const bool polynomial = EndsBefore(p.a, p.c);
+    Value best;
+    if (polynomial) best = ValueOf(forms[0], PolynomialByShifts(p, z, w), x);
     for (const Form& form : forms) {
         if (best.loss < kGoodEnough) break;
         KeepBetter(best, ValueOf(form, HypergeometricByShifts(form.p, z, w), x));
+        if (!polynomial && (p.a.high < 0) == (p.b.high < 0)) break;
     }
     return best;
 }

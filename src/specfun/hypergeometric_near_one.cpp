@@ -53,12 +53,18 @@ double RelativeError(const HypergeometricPoint& p) {
     return 0x1p-100 + p.error / (std::fabs(p.value.high) + std::fabs(p.slope.high));
 }
 
-/// The greatest power of two, 1/2 at most, at which the local series lose little.
+/// How much the series grows from 0 to w, as a natural logarithm. Where all its terms are positive
+/// it loses nothing itself, but the two solutions grow alike and their difference loses that.
+double GrowthTo(const HypergeometricParameters& p, double w) {
+    const double product = std::fabs(p.a.high * p.b.high * w);
+    return std::min(2 * std::sqrt(product), product / std::max(std::fabs(p.c.high), 1.0));
+}
+
+/// The greatest power of two, 1/2 at most, at which the local series grow little.
 double MatchingPoint(const Local& local) {
     constexpr double kBearable = 16;
     double w = 0.5;
-    while (w > 0x1p-40 &&
-           (ExpectedLoss(local.f, w) > kBearable || ExpectedLoss(local.g, w) > kBearable))
+    while (w > 0x1p-40 && (GrowthTo(local.f, w) > kBearable || GrowthTo(local.g, w) > kBearable))
         w /= 2;
     return w;
 }

@@ -189,9 +189,11 @@ HypergeometricPoint Reflected(const HypergeometricParameters& p, const Place& pl
     const Place mirrored = {place.w,    place.z,        place.evens,
                             place.odds, place.inverseZ, place.inverse};
     constexpr double kBearable = 28;
-    HypergeometricPoint point = ExpectedLoss(other, place.w.high) < kBearable
+    const double w = place.w.high;  // exact: z is above 1/2
+    HypergeometricPoint point = ExpectedLoss(other, w) < kBearable
                                     ? SumHypergeometric(other, place.w, kTolerance)
                                     : WalkFrom(PolynomialStart(other), other, mirrored);
+    if (point.failed) point = HypergeometricByParts(other, w);  // before the first zero
     if (point.failed) return point;
     point.slope = LooseProduct(Negate(point.slope), place.odds);
     DoubleDouble numerator = Subtract(p.c, p.b);
