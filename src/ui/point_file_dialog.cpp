@@ -4,7 +4,11 @@
 
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
+#include <QUrl>
 #include <utility>
+
+#include "resources/samples.h"
 
 namespace kalvex {
 
@@ -16,6 +20,11 @@ void OpenPointFileDialog(QWidget* parent, const QString& folder,
     dialog->setFileMode(QFileDialog::ExistingFile);
     dialog->setOption(QFileDialog::HideNameFilterDetails);
     dialog->setNameFilters({"All (*.*) (*)", "txt (*.txt) (*.txt)", "Kalvex files (*.kx) (*.kx)"});
+    const QString sample = QString::fromStdString(SamplePath(kPeakSample));
+    if (!sample.isEmpty()) {
+        const QUrl samples = QUrl::fromLocalFile(QFileInfo(sample).absolutePath());
+        dialog->setSidebarUrls(dialog->sidebarUrls() << samples);
+    }
     QObject::connect(dialog, &QFileDialog::fileSelected, dialog,
                      [chosen = std::move(chosen)](const QString& path) {
                          chosen(QDir::toNativeSeparators(path));
