@@ -2,9 +2,11 @@
 // fast and is not likely to cancel (DLMF 15.8.1):
 //   F(a,b;c;x) = (1-x)^(c-a-b) F(c-a,c-b;c;x)
 //              = (1-x)^(-a) F(a,c-b;c;x/(x-1)) = (1-x)^(-b) F(c-a,b;c;x/(x-1)).
-// Each form measures what it lost; if that was too much for a double the next one is tried. Near
-// x = 1 the solutions there are used, and where all forms cancel (parameters of opposite sign
-// and some hundreds) the differential equation is followed in Taylor steps.
+// Each form measures what it lost; if that was too much for a double the next one is tried. Where
+// the forms cancel or converge slowly a walk along the contiguous relations leads from parameters
+// next to 0 to those wanted (hypergeometric_shifts.cpp). What that loses too much of, mostly large
+// positive parameters with c-a-b near 0, is left to the solutions at x = 1 and to Taylor steps of
+// the differential equation.
 #include <algorithm>
 #include <array>
 #include <cmath>
