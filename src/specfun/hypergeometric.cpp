@@ -238,18 +238,36 @@ Value BestValue(const HypergeometricParameters& p, double x) {
     return best;
 }
 
-/// A polynomial at a pole of the other forms: the mean of its values on both sides, what the
-/// square of the distance leaves being below 1e-18.
+/// The mean of the values on both sides of c. Their difference tells what the square of the
+/// distance leaves, a mean that is small beside them what their errors become.
+Value MeanBeside(const HypergeometricParameters& p, double x, double distance) {
+    constexpr double kCurvature = 0x1p10;  // the second derivative by the first, with a margin
+    HypergeometricParameters moved = p;
+    moved.c.low = distance;
+    Value mean = BestValue(moved, x);
+    moved.c.low = -distance;
+    const Value other = BestValue(moved, x);
+    const DoubleDouble above = mean.fraction;
+    const DoubleDouble below = Scale(other.fraction, other.exponent - mean.exponent);
+    mean.fraction = Add(above, below);
+    mean.exponent -= 1;
+    const double size = std::fabs(mean.fraction.high);
+    const double share = (std::fabs(above.high) + std::fabs(below.high)) / size;
+    const double spread = std::fabs(Subtract(above, below).high) / size;
+    mean.loss = std::max(mean.loss, other.loss) * share + spread * kCurvature * distance;
+    return mean;
+}
+
+/// A polynomial at a pole of the other forms, from both sides. So near to a pole the walks' own
+/// estimates are not enough: a second distance must agree.
 Value BesidePole(const HypergeometricParameters& p, double x) {
     constexpr double kDistance = 0x1p-40;
-    HypergeometricParameters moved = p;
-    moved.c.low = kDistance;
-    Value mean = BestValue(moved, x);
-    moved.c.low = -kDistance;
-    const Value other = BestValue(moved, x);
-    mean.fraction = Add(mean.fraction, Scale(other.fraction, other.exponent - mean.exponent));
-    mean.exponent -= 1;
-    mean.loss = std::max(mean.loss, other.loss);
+    Value mean = MeanBeside(p, x, kDistance);
+    if (!(mean.loss < kBearable)) return mean;
+    const Value again = MeanBeside(p, x, kDistance * 0.7);
+    const DoubleDouble second = Scale(again.fraction, again.exponent - mean.exponent);
+    const double change = std::fabs(Subtract(mean.fraction, second).high);
+    mean.loss += again.loss + change / std::fabs(mean.fraction.high);
     return mean;
 }
 

@@ -130,8 +130,8 @@ double BesselI(double order, double x);
 /// by its own error estimate; contiguous relations from small parameters (15.5.11 to 15.5.22); near
 /// x = 1 the solutions there (15.10.13); else Taylor steps of the differential equation;
 /// double-double arithmetic. Error 0.5 ulp times 1 + condition number. 0.4 to 3 us for parameters
-/// below 10, up to 10 us beyond x = 0.9; up to 50 us for parameters to 200; docs/performance.md
-/// tells of larger ones.
+/// below 10, up to 10 us beyond x = 0.9; nearly always below 50 us for parameters to 200;
+/// docs/performance.md tells of larger ones.
 double Hypergeometric2F1(double a, double b, double c, double x);
 
 /// Chebyshev polynomial of kind 1 (T) or 2 (U), integral degrees up to MaxOrder in magnitude, all x
