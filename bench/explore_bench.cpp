@@ -24,6 +24,8 @@ struct Screen {
         workspace.options.Wight = 2;
         CanvasActions actions;
         actions.show = [](const MessageBox&) { return MessageAnswer::Ok; };
+        actions.slow = [] {};
+        actions.isStopKey = [](QPointF) { return false; };
         actions.redrawn = [] {};
         actions.changed = [] {};
         canvas = std::make_unique<GraphCanvas>(graph, workspace, actions, nullptr);

@@ -26,6 +26,7 @@ namespace kalvex {
 namespace {
 
 constexpr int kProgressInterval = 15;  // milliseconds: about a frame of the screen
+constexpr int kSlow = 300;             // milliseconds until the stop key shows: no flicker
 constexpr int kProgressRows = 4;
 constexpr int kGesturePause =
     400;  // milliseconds without the wheel: the next turn is a new gesture
@@ -89,9 +90,10 @@ void GraphCanvas::Redraw() {
         redrawAgain = true;
         return;
     }
-    gate = std::make_unique<InputGate>();
+    gate = std::make_unique<InputGate>(actions.isStopKey);
     LayoutViewport(graph.viewport, width(), height());
     progress.clear();
+    sinceStart.start();
     sinceProgress.start();
     list = DrawGraph(graph, workspace.functions, workspace.options, PainterTextMeasure(),
                      [this](const ProgressStretch& stretch) { return ShowProgress(stretch); });
@@ -109,6 +111,7 @@ void GraphCanvas::Redraw() {
 bool GraphCanvas::ShowProgress(const ProgressStretch& stretch) {
     progress.push_back(stretch);
     if (sinceProgress.elapsed() >= kProgressInterval) {
+        if (sinceStart.elapsed() >= kSlow) actions.slow();
         repaint(0, 0, width(), kProgressRows);
         gate->Poll();
         sinceProgress.start();
@@ -187,7 +190,7 @@ void GraphCanvas::Lift(QPointF at) {
 }
 
 void GraphCanvas::Hold() {
-    if (!std::exchange(holdPending, false)) return;
+    if (!std::exchange(holdPending, false) || gate) return;
     const QPoint at(graph.pointer.last.x, graph.pointer.last.y);
     DropPointer(graph);
     ShowMode();

@@ -22,8 +22,11 @@ class InputGate;
 /// What the canvas tells its window.
 struct CanvasActions {
     ShowMessage show;
-    std::function<void()> redrawn;     ///< a new picture stands
-    std::function<void()> changed;     ///< mode, cursor or picture may have changed
+    /// A computation takes long enough to be seen; the stop key is shown until `changed` comes.
+    std::function<void()> slow;
+    std::function<bool(QPointF)> isStopKey;  ///< whether the stop key is at a point of the screen
+    std::function<void()> redrawn;           ///< a new picture stands
+    std::function<void()> changed;           ///< mode, cursor or picture may have changed
     std::function<void(QPoint)> held;  ///< a hold that may become a popup, at a point of the canvas
 };
 
@@ -87,6 +90,7 @@ class GraphCanvas final : public QWidget {
     bool stopped = false;
     int redrawCount = 0;
     std::vector<ProgressStretch> progress;
+    QElapsedTimer sinceStart;
     QElapsedTimer sinceProgress;
 
     QTimer holdTimer;          ///< timer 1

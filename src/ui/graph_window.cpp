@@ -41,12 +41,7 @@ GraphWindow::GraphWindow(GraphState& shownGraph, Workspace& shown, GraphActions 
     setWindowTitle("Kalvex");
     setObjectName("graph");
     setMinimumSize(240, LeastLineAreaHeight() + kBottomBarHeight);
-    CanvasActions told;
-    told.show = actions.show;
-    told.redrawn = actions.redrawn;
-    told.changed = [this] { ShowMode(); };
-    told.held = [this](QPoint at) { OpenPopup(at); };
-    canvas = new GraphCanvas(graph, workspace, std::move(told), this);
+    canvas = new GraphCanvas(graph, workspace, ActionsOfCanvas(), this);
     bar = new BottomBar("Menu", "Trace", this);
     connect(bar->menuButton(), &QPushButton::clicked, this, &GraphWindow::PressLeftKey);
     connect(bar->actionButton(), &QPushButton::clicked, this, &GraphWindow::PressRightKey);
@@ -62,6 +57,24 @@ GraphWindow::GraphWindow(GraphState& shownGraph, Workspace& shown, GraphActions 
     });
     AddShortcuts();
     ShowMode();
+}
+
+CanvasActions GraphWindow::ActionsOfCanvas() {
+    CanvasActions told;
+    told.show = actions.show;
+    told.slow = [this] {
+        if (bar->menuButton()->text() == "Escape") return;
+        bar->menuButton()->setText("Escape");
+        bar->repaint();
+    };
+    told.isStopKey = [this](QPointF at) {
+        const QPushButton& key = *bar->menuButton();
+        return key.isVisible() && key.rect().contains(key.mapFromGlobal(at).toPoint());
+    };
+    told.redrawn = actions.redrawn;
+    told.changed = [this] { ShowMode(); };
+    told.held = [this](QPoint at) { OpenPopup(at); };
+    return told;
 }
 
 void GraphWindow::AddShortcuts() {

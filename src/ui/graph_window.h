@@ -46,6 +46,7 @@ class GraphWindow final : public QWidget {
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
+    CanvasActions ActionsOfCanvas();
     void AddShortcuts();
     void LayOut();
     void PressLeftKey();

@@ -4,7 +4,10 @@
 #include "ui/input_gate.h"
 
 #include <QCoreApplication>
+#include <QMouseEvent>
 #include <QShortcutEvent>
+#include <QTouchEvent>
+#include <utility>
 
 namespace kalvex {
 namespace {
@@ -41,7 +44,7 @@ bool IsEscape(const QEvent& event) {
 
 }  // namespace
 
-InputGate::InputGate() {
+InputGate::InputGate(std::function<bool(QPointF)> stopKey) : isStopKey(std::move(stopKey)) {
     QCoreApplication::instance()->installEventFilter(this);
 }
 
@@ -62,8 +65,20 @@ bool InputGate::eventFilter(QObject* receiver, QEvent* event) {
     if (!command && !(receiver->isWindowType() && IsInput(type))) return false;
     if (command || type == QEvent::Close) stopped = true;
     if (type == QEvent::Close) event->ignore();
+    if (PressesStopKey(*event)) {
+        stopped = true;
+        return true;
+    }
     if (!IsEscape(*event)) Hold(receiver, *event);
     return true;
+}
+
+bool InputGate::PressesStopKey(const QEvent& event) const {
+    if (event.type() == QEvent::MouseButtonPress)
+        return isStopKey(static_cast<const QMouseEvent&>(event).globalPosition());
+    if (event.type() != QEvent::TouchBegin) return false;
+    const auto& fingers = static_cast<const QTouchEvent&>(event).points();
+    return !fingers.isEmpty() && isStopKey(fingers.first().globalPosition());
 }
 
 void InputGate::Hold(QObject* receiver, const QEvent& event) {

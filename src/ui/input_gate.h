@@ -3,7 +3,9 @@
 
 #include <QEvent>
 #include <QObject>
+#include <QPointF>
 #include <QPointer>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -11,10 +13,11 @@ namespace kalvex {
 
 /// While it lives, Poll handles waiting events (painting, signals, other programs), but no input
 /// reaches a window: it is held and handed on, in its order, when the gate goes. Escape, any other
-/// key command and closing a window ask the computation to stop; Escape does nothing more.
+/// key command and closing a window ask the computation to stop; Escape does nothing more, and a
+/// press where `isStopKey` says so (a point of the screen) is the same for the pen.
 class InputGate final : public QObject {
   public:
-    InputGate();
+    explicit InputGate(std::function<bool(QPointF)> stopKey);
     ~InputGate() override;
     InputGate(const InputGate&) = delete;
     InputGate& operator=(const InputGate&) = delete;
@@ -32,8 +35,10 @@ class InputGate final : public QObject {
         std::unique_ptr<QEvent> event;
     };
 
+    bool PressesStopKey(const QEvent& event) const;
     void Hold(QObject* receiver, const QEvent& event);
 
+    std::function<bool(QPointF)> isStopKey;
     std::vector<HeldEvent> held;
     bool stopped = false;
 };

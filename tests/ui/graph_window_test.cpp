@@ -32,20 +32,25 @@ void StartWith(TestProgram& program, int type, const char* text) {
 }
 
 /// An implicit curve that takes long enough for anything to happen meanwhile.
-std::string SlowCurve() {
+std::string SlowCurve(int depth = 14) {
     std::string text = "x*y";
-    for (int i = 0; i < 14; ++i)
+    for (int i = 0; i < depth; ++i)
         text = "Ci(Gamma(erf(" + text + ")+2))";
     return text;
 }
 
-/// Does something once, in the middle of a computation.
+QPushButton* StopKey(TestProgram& program) {
+    return program.Graph().findChild<QPushButton*>("menuKey");
+}
+
+/// Does something once, in the middle of a computation that takes long enough for the stop key.
 class InTheMiddle final : public QObject {
   public:
     InTheMiddle(TestProgram& program, std::function<void()> run) : action(std::move(run)) {
         connect(&timer, &QTimer::timeout, this, [this, &program] {
             if (!program.application.graphWindow || !program.Canvas().IsComputing()) return;
             if (program.Canvas().ProgressColumns() == 0) return;
+            if (StopKey(program)->text() != "Escape") return;
             timer.stop();
             action();
             done = true;
@@ -260,9 +265,24 @@ class GraphWindowTest final : public QObject {
             QCOMPARE(program.Canvas().RedrawCount(), 1);
         }
     }
+    void ThePenStopsASlowCurve() {
+        TestProgram program;
+        StartWith(program, 5, SlowCurve().c_str());
+        const InTheMiddle middle(program, [&program] {
+            QPushButton* const key = StopKey(program);
+            const QPoint at = key->mapTo(&program.Graph(), key->rect().center());
+            QTest::mouseClick(program.Graph().windowHandle(), Qt::LeftButton, {}, at);
+        });
+        program.OpenGraph();
+        QVERIFY(middle.done && WasStopped(program));
+        QTest::qWait(30);
+        QVERIFY(OpenedMenu(program.Graph(), "graphMenu") == nullptr);
+        QCOMPARE(StopKey(program)->text(), QString("Menu"));
+        QCOMPARE(program.Canvas().RedrawCount(), 1);
+    }
     void InputWaitsForASlowCurve() {
         TestProgram program;
-        StartWith(program, 5, "Ci(Gamma(erf(Ci(Gamma(erf(x*y)+2)))+2))");
+        StartWith(program, 5, SlowCurve(10).c_str());
         const double before = program.application.graph.viewport.view.Xmin;
         const InTheMiddle middle(program, [&] {
             QWindow* const window = program.Graph().windowHandle();
