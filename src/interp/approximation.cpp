@@ -54,7 +54,7 @@ void SetUpCoefficients(Approximation& approximation, Work& work) {
             SetUpHermite(approximation);
             break;
         case ApproxMethod::Largange:
-            approximation.lagrange = LAGRANGE_SET(x, y);
+            approximation.failure = LAGRANGE_SET(x, y, approximation.lagrange);
             break;
         default:
             break;

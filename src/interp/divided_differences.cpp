@@ -22,6 +22,7 @@ using specfun::Multiply;
 using specfun::Subtract;
 using specfun::TwoSum;
 
+constexpr std::string_view kRoutine = "DATA_TO_DIF";
 constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
 constexpr std::size_t kBlock = 4096;  ///< numbers between two looks at the work
 
@@ -108,7 +109,7 @@ bool NextColumn(std::span<const double> X, std::span<Number> table, std::size_t 
 template <typename Number>
 void MakeColumns(std::span<const double> X, std::span<Number> table, Work& work) {
     for (std::size_t order = 1; order < table.size(); ++order)
-        if (!NextColumn(X, table, order, work)) return;
+        if (work.done > kMostOperations || !NextColumn(X, table, order, work)) return;
 }
 
 void MakePrecise(std::span<const double> X, std::span<const double> Y, DifferenceTable& DIFTAB,
@@ -150,7 +151,7 @@ Failure DATA_TO_DIF(std::span<const double> XTAB, std::span<const double> YTAB,
                     DifferenceTable& DIFTAB, Work& work) {
     DIFTAB = {};
     if (const std::optional<Pair> pair = FirstEqualPair(XTAB)) {
-        return FatalError("DATA_TO_DIF",
+        return FatalError(kRoutine,
                           {"  Two entries of XTAB are equal!", ValueLine(XTAB[pair->first]),
                            ValueLine(XTAB[pair->second])},
                           StringId::DifferencesEqual);
@@ -162,6 +163,8 @@ Failure DATA_TO_DIF(std::span<const double> XTAB, std::span<const double> YTAB,
         MakeColumns<double>(XTAB, DIFTAB.high, work);
     }
     if (work.stopped) DIFTAB = {};
+    if (work.done > kMostOperations)
+        return FatalError(kRoutine, {"  Too many points."}, StringId::TooMuchWork);
     while (DIFTAB.high.size() > 1 && DIFTAB.high.back() == 0.0)
         DIFTAB.high.pop_back();
     return std::nullopt;

@@ -31,7 +31,8 @@ struct DifferenceTable {
 /// abscissas, naming the first such pair (in the order of its first, then of its second member).
 /// The time grows with the square of the number of points, but ends as soon as all differences of
 /// one order have become 0, and so all higher ones are, or none is finite any more, and so no value
-/// will be. Stopped work leaves DIFTAB empty.
+/// will be. When it has taken more than kMostOperations it fails.
+/// Stopped work leaves DIFTAB empty.
 Failure DATA_TO_DIF(std::span<const double> XTAB, std::span<const double> YTAB,
                     DifferenceTable& DIFTAB, Work& work);
 

@@ -118,19 +118,22 @@ bool MakeWeights(LagrangeForm& form, Work& work) {
 
 }  // namespace
 
-LagrangeForm LAGRANGE_SET(std::span<const double> x, std::span<const double> y) {
-    LagrangeForm form;
+Failure LAGRANGE_SET(std::span<const double> x, std::span<const double> y, LagrangeForm& form) {
+    form = {};
     form.x = x;
     form.y = y;
-    if (x.size() <= kLagrangeDirect) return form;
+    const auto count = static_cast<double>(x.size());
+    if (count * count > kMostOperations)
+        return FatalError("LAGRANGE_SET", {"  Too many points."}, StringId::TooMuchWork);
+    if (x.size() <= kLagrangeDirect) return std::nullopt;
     form.degenerate = !std::all_of(x.begin(), x.end(), [](double v) { return std::isfinite(v); });
-    if (form.degenerate) return form;
+    if (form.degenerate) return std::nullopt;
     form.order.resize(x.size());
     std::iota(form.order.begin(), form.order.end(), std::size_t{0});
     std::sort(form.order.begin(), form.order.end(),
               [&](std::size_t a, std::size_t b) { return x[a] < x[b]; });
     form.degenerate = HasEqual(form);
-    return form;
+    return std::nullopt;
 }
 
 double LAGRANGE_VAL(LagrangeForm& form, double t, Work& work) {

@@ -16,6 +16,7 @@
 #include <span>
 #include <vector>
 
+#include "interp/diagnostic.h"
 #include "interp/work.h"
 
 namespace kalvex {
@@ -38,7 +39,8 @@ struct LagrangeForm {
     std::vector<ScaledNumber> weights;  ///< of all points, made when the first value needs them
 };
 
-LagrangeForm LAGRANGE_SET(std::span<const double> x, std::span<const double> y);
+/// Prepares a table. Fails for one whose square is more than kMostOperations (over 70,710 points).
+Failure LAGRANGE_SET(std::span<const double> x, std::span<const double> y, LagrangeForm& form);
 
 /// The value at t. At a data point exactly its y; 0 for no points. Not finite where two abscissas
 /// are equal (a division by zero) or a term overflows. For large tables the first value that needs

@@ -157,6 +157,8 @@ Failure LEAST_SET(std::span<const double> X, std::span<const double> F, std::spa
     const std::size_t count = X.size();
     const auto terms = static_cast<std::size_t>(std::max(NTERMS, 0));
     if (terms == 0) return std::nullopt;
+    if (static_cast<double>(count) * static_cast<double>(terms) > kMostOperations)
+        return FatalError(kRoutine, {"  Too many points."}, StringId::TooMuchWork);
     fit.scale = ScaleOf(X);
     fit.B.assign(terms, 0.0);
     fit.C.assign(terms, 0.0);

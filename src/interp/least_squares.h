@@ -27,7 +27,8 @@ struct LeastSquaresFit {
 
 /// Fits NTERMS coefficients to the points (X, F) with weights W; an empty W means that all are 1.
 /// Fails, and leaves the fit empty, when there are fewer different abscissas than terms and when a
-/// weight is not positive; both have a box of their own. Time in proportion to points times terms;
+/// weight is not positive; both have a box of their own. Fails, without one, when points
+/// times terms are more than kMostOperations. Time in proportion to points times terms;
 /// stopped work leaves the fit empty.
 Failure LEAST_SET(std::span<const double> X, std::span<const double> F, std::span<const double> W,
                   std::int32_t NTERMS, LeastSquaresFit& fit, Work& work);

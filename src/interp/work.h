@@ -6,6 +6,10 @@
 
 namespace kalvex {
 
+/// Methods whose work grows with a square or a product of two large numbers refuse more than this
+/// many operations, some ten seconds of work.
+inline constexpr double kMostOperations = 5e9;
+
 /// Told now and then during long work which part of it is done, 0 to 1, at most about a thousand
 /// times; false stops the work. May be an empty function: then nothing stops it.
 using WorkProgress = std::function<bool(double done)>;

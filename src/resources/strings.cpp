@@ -133,6 +133,7 @@ constexpr Entry kTable[] = {
     {StringId::LeastSquaresDistinct,
      u"The least squares polynomial has more terms than the file has different x values."},
     {StringId::LeastSquaresWeights, u"The least squares polynomial needs weights greater than 0."},
+    {StringId::TooMuchWork, u"This method would take far too long for so many points."},
     {StringId::DifferencesEqual, u"Divided differences need x values that are all different."},
     {StringId::TermsNote, u"Enter the number of terms to use in the approximating polynomial."},
     {StringId::BetaNote,

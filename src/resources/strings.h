@@ -109,6 +109,7 @@ enum class StringId : std::int32_t {
     LeastSquaresDistinct = 1116,
     LeastSquaresWeights = 1117,
     DifferencesEqual = 1118,
+    TooMuchWork = 1119,
 
     // Dialogs of the methods.
     TermsNote = 1200,

@@ -52,7 +52,7 @@ TEST(ApproxFailure, ShowsTheBoxOfLeastSquaresFirst) {
 
 TEST(ApproxFailure, HasAReasonForEveryCondition) {
     for (int id = static_cast<int>(StringId::QuadraticTooFew);
-         id <= static_cast<int>(StringId::DifferencesEqual); ++id)
+         id <= static_cast<int>(StringId::TooMuchWork); ++id)
         EXPECT_TRUE(Text(static_cast<StringId>(id)).ends_with(u'.')) << id;
 }
 

@@ -33,7 +33,8 @@ double Newton(const Numbers& x, const Numbers& y, double t) {
 
 double Lagrange(const Numbers& x, const Numbers& y, double t) {
     Work work;
-    LagrangeForm form = LAGRANGE_SET(x, y);
+    LagrangeForm form;
+    EXPECT_FALSE(LAGRANGE_SET(x, y, form));
     return LAGRANGE_VAL(form, t, work);
 }
 
@@ -259,7 +260,8 @@ TEST(Lagrange, SeesAnOverflowWithoutAllWeights) {
         x.push_back(i * 0.001);
     const Numbers y(x.size(), 1.0);
     Work work;
-    LagrangeForm form = LAGRANGE_SET(x, y);
+    LagrangeForm form;
+    EXPECT_FALSE(LAGRANGE_SET(x, y, form));
     EXPECT_FALSE(std::isfinite(LAGRANGE_VAL(form, 0.0015, work)));
     EXPECT_TRUE(form.weights.empty());
     EXPECT_EQ(LAGRANGE_VAL(form, x[777], work), 1.0);
@@ -284,7 +286,8 @@ TEST(Polynomials, StopWhenTheyAreTold) {
 
     calls = 0;
     Work lagrangeWork{&stop, 1e6};
-    LagrangeForm form = LAGRANGE_SET(points.x, points.y);
+    LagrangeForm form;
+    EXPECT_FALSE(LAGRANGE_SET(points.x, points.y, form));
     EXPECT_TRUE(std::isnan(LAGRANGE_VAL(form, 0.1, lagrangeWork)));
     EXPECT_TRUE(lagrangeWork.stopped);
     EXPECT_EQ(calls, 1);
@@ -296,6 +299,26 @@ TEST(Polynomials, StopWhenTheyAreTold) {
     EXPECT_TRUE(leastWork.stopped);
     EXPECT_TRUE(fit.D.empty());
     EXPECT_EQ(calls, 1);
+}
+
+TEST(Polynomials, RefuseWorkThatWouldTakeTooLong) {
+    Numbers x;
+    for (int i = 0; i < 70711; ++i)
+        x.push_back(i);
+    const std::string tooMany = " - Fatal error!\n  Too many points.\n";
+    LagrangeForm form;
+    EXPECT_EQ(LinesOf(LAGRANGE_SET(x, x, form)), "\nLAGRANGE_SET" + tooMany);
+    EXPECT_FALSE(LAGRANGE_SET({x.data(), 70710}, {x.data(), 70710}, form));
+    LeastSquaresFit fit;
+    Work work;
+    const Failure failure = LEAST_SET(x, x, {}, 70711, fit, work);
+    EXPECT_EQ(LinesOf(failure), "\nLEAST_SET" + tooMany);
+    EXPECT_EQ(failure->reason, StringId::TooMuchWork);
+    EXPECT_FALSE(failure->box);
+    Work spent{nullptr, 0.0, kMostOperations + 1.0};
+    DifferenceTable table;
+    EXPECT_EQ(LinesOf(DATA_TO_DIF({x.data(), 9}, {x.data(), 9}, table, spent)),
+              "\nDATA_TO_DIF" + tooMany);
 }
 
 }  // namespace
