@@ -46,7 +46,9 @@ std::optional<Point> ParsePoint(std::u16string_view line) {
     if (first == std::u16string_view::npos) return std::nullopt;
     if (line.back() == u'\n') line.remove_suffix(1);
     const std::optional<double> x = WholeNumber(line.substr(0, first));
-    const std::optional<double> y = WholeNumber(line.substr(line.rfind(u' ') + 1));
+    const std::u16string_view rest = line.substr(line.rfind(u' ') + 1);
+    // KEEP: a y that is not there is 0, as existing files with a blank at a line's end are read.
+    const std::optional<double> y = rest.empty() ? std::optional(0.0) : WholeNumber(rest);
     if (!x || !y) return std::nullopt;
     return Point{*x, *y};
 }
