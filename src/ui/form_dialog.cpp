@@ -98,7 +98,7 @@ QLabel* FormDialog::AddMeaning() {
     return meaning;
 }
 
-void FormDialog::Open() {
+void FormDialog::OpenOverParent() {
     setAttribute(Qt::WA_DeleteOnClose);
     open();
 }

@@ -28,7 +28,7 @@ class FormDialog final : public QDialog {
     /// An empty line of text under the field that was added last, for what it means at the moment.
     QLabel* AddMeaning();
     /// Opens it over its parent and returns at once; it is deleted when it closes.
-    void Open();
+    void OpenOverParent();
 
     std::function<bool()> save;
 

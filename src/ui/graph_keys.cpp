@@ -31,7 +31,8 @@ PictureChange RunArrow(GraphState& state, const FunctionList& functions, const P
     if (arrow.y != 0) {
         ChangeTraceFunction(state, functions, arrow.y);
     } else {
-        MoveTraceTo(state, functions, std::int64_t{state.trace.index} + arrow.x * step);
+        MoveTraceTo(state, functions,
+                    std::int64_t{state.trace.index} + std::int64_t{arrow.x} * step);
     }
     return PictureChange::Overlay;
 }

@@ -79,7 +79,7 @@ void OpenTermsDialog(QWidget* parent, FunctionEntry& entry) {
         return true;
     };
     PointAt(*field);
-    dialog->Open();
+    dialog->OpenOverParent();
 }
 
 void OpenBetaDialog(QWidget* parent, FunctionEntry& entry, const ShowMessage& show) {
@@ -91,7 +91,7 @@ void OpenBetaDialog(QWidget* parent, FunctionEntry& entry, const ShowMessage& sh
                   "beta2")};
     dialog->save = [fields, &entry, show] { return TakeBetas(fields, entry, show); };
     PointAt(*fields[0].edit);
-    dialog->Open();
+    dialog->OpenOverParent();
 }
 
 using FlagTips = std::array<StringId, 3>;
@@ -138,7 +138,7 @@ void OpenCubicDialog(QWidget* parent, FunctionEntry& entry, const ShowMessage& s
         return true;
     };
     left->setFocus(Qt::OtherFocusReason);
-    dialog->Open();
+    dialog->OpenOverParent();
 }
 
 }  // namespace

@@ -55,7 +55,7 @@ void OpenNumberForm(QWidget* parent, const NumberForm<Count>& shown, ViewWindow&
         return false;
     };
     PointAt(*fields[0]);
-    dialog->Open();
+    dialog->OpenOverParent();
 }
 
 }  // namespace
