@@ -22,6 +22,10 @@ PixelPoint OnPicture(const Viewport& viewport, const PixelPoint& at) {
             std::clamp(at.y, 0, std::max(viewport.ClientHeight - 1, 0))};
 }
 
+bool IsPicking(const GraphState& state) {
+    return state.mode == GraphMode::Box || state.mode == GraphMode::Centre;
+}
+
 WorldPoint CursorPoint(const GraphState& state) {
     return ScreenToWorld(state.viewport, state.trace.pixel.x, state.trace.pixel.y);
 }
@@ -67,10 +71,14 @@ PictureChange Pan(GraphState& state, const PixelPoint& at) {
 }
 
 PictureChange Slide(GraphState& state, const FunctionList& functions, const PixelPoint& at) {
+    // A pointer is on a screen; a farther one comes from no hand.
+    constexpr std::int64_t kFarthest = 100 * kSlideDistance;
     const std::int64_t distance = std::int64_t{at.x} - state.pointer.last.x;
-    if (std::abs(distance) < kSlideDistance) return PictureChange::None;
-    ChangeTraceFunction(state, functions, distance > 0 ? 1 : -1);
-    state.pointer.last = at;
+    const std::int64_t steps = std::clamp(distance, -kFarthest, kFarthest) / kSlideDistance;
+    if (steps == 0) return PictureChange::None;
+    for (std::int64_t i = 0; i < std::abs(steps); ++i)
+        ChangeTraceFunction(state, functions, steps > 0 ? 1 : -1);
+    state.pointer.last.x += static_cast<std::int32_t>(steps * kSlideDistance);
     return PictureChange::Overlay;
 }
 
@@ -198,8 +206,12 @@ void DropPointer(GraphState& state) {
     state.pointer = {};
 }
 
+void KeepCursorOnPicture(GraphState& state) {
+    if (IsPicking(state)) state.trace.pixel = OnPicture(state.viewport, state.trace.pixel);
+}
+
 PictureChange MoveCursorBy(GraphState& state, std::int32_t columns, std::int32_t rows) {
-    if (state.mode != GraphMode::Box && state.mode != GraphMode::Centre) return PictureChange::None;
+    if (!IsPicking(state)) return PictureChange::None;
     PixelPoint& pixel = state.trace.pixel;
     pixel = OnPicture(state.viewport, {pixel.x + columns, pixel.y + rows});
     return PictureChange::Overlay;

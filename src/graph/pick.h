@@ -52,6 +52,9 @@ PictureChange LiftPointer(GraphState& state, const FunctionList& functions, Pixe
 /// The pointer is taken away (a popup opens, a second finger comes down): nothing is picked.
 void DropPointer(GraphState& state);
 
+/// Brings the cursor of a pick mode back onto a picture that has become smaller.
+void KeepCursorOnPicture(GraphState& state);
+
 /// Moves the cursor of a pick mode by pixels, inside the picture.
 PictureChange MoveCursorBy(GraphState& state, std::int32_t columns, std::int32_t rows);
 

@@ -3,11 +3,11 @@
 // A line is the x value, blanks, the y value: x is what stands before the first blank, y what
 // stands behind the last one; what is between them is ignored. Only the blank (U+0020) separates.
 // Numbers have a decimal point and an optional exponent, whatever the locale, and must be the whole
-// of their text; infinite ones, words and hexadecimal forms are none. A y that is not there (a blank
-// ends the line) is 0. Lines are those of
-// line_pieces.h. A line of fewer than three characters, its line feed included, is no point: it
-// fixes the number of points at those read so far, and the next point replaces the last of them. So
-// a file may end in an empty line; behind an empty line in the middle only the first point counts.
+// of their text; infinite ones, words and hexadecimal forms are none. A y that is not there (a
+// blank ends the line) is 0. Lines are those of line_pieces.h. A line of fewer than three
+// characters, its line feed included, is no point: it fixes the number of points at those read so
+// far, and the next point replaces the last of them. So a file may end in an empty line; behind an
+// empty line in the middle only the first point counts.
 #pragma once
 
 #include <cstddef>

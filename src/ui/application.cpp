@@ -139,6 +139,7 @@ void DrawFunctions(Application& application) {
         application.graphWindow = std::make_unique<GraphWindow>(
             application.graph, application.workspace, ActionsOfGraph(application));
     }
+    application.graphWindow->Canvas().StartAfresh();
     TakeWindowPlace(*application.editor, *application.graphWindow);
     application.graphWindow->Canvas().ScheduleRedraw();
 }

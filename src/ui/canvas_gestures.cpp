@@ -4,6 +4,8 @@
 #include <QLineF>
 #include <cmath>
 
+#include "base/truncate.h"
+
 namespace kalvex {
 namespace {
 
@@ -12,16 +14,15 @@ constexpr double kStepsPerNotch = 8.0;
 constexpr double kExtentPerNotch = 0.8;
 constexpr double kLeastDistance = 10.0;  // fingers closer than this say nothing about a scale
 
-PixelPoint PixelOf(QPointF point) {
-    return {static_cast<std::int32_t>(std::floor(point.x())),
-            static_cast<std::int32_t>(std::floor(point.y()))};
-}
-
 }  // namespace
+
+PixelPoint PixelOf(QPointF point) {
+    return {TruncateToInt32(std::floor(point.x())), TruncateToInt32(std::floor(point.y()))};
+}
 
 int TakeWheelSteps(WheelRest& rest, int units) {
     // A turn in the other direction starts anew: it must not first undo an unseen rest.
-    if ((rest.units > 0) != (units > 0)) rest.units = 0;
+    if ((rest.units > 0 && units < 0) || (rest.units < 0 && units > 0)) rest.units = 0;
     rest.units = qBound(-100'000, rest.units, 100'000) + qBound(-100'000, units, 100'000);
     const int steps = rest.units / kUnitsPerStep;
     rest.units -= steps * kUnitsPerStep;
@@ -41,7 +42,7 @@ PictureChange ZoomStep(GraphState& state, ZoomGesture& gesture, QPointF fixed, d
                        both || onlyY ? extent : 1.0);
 }
 
-PictureChange MovePinch(GraphState& state, ZoomGesture& gesture, Pinch& pinch, QPointF first,
+PictureChange MovePinch(GraphState& state, ZoomGesture& gesture, PinchState& pinch, QPointF first,
                         QPointF second, Qt::KeyboardModifiers modifiers) {
     const QPointF centre = (first + second) / 2;
     const double distance = qMax(QLineF(first, second).length(), kLeastDistance);

@@ -8,6 +8,9 @@
 
 namespace kalvex {
 
+/// The pixel that a point lies in.
+PixelPoint PixelOf(QPointF point);
+
 /// What is left of wheel turns too small for a step. A notch of an ordinary wheel is 120 units and
 /// eight steps; touch pads send a few units at a time.
 struct WheelRest {
@@ -21,7 +24,7 @@ int TakeWheelSteps(WheelRest& rest, int units);
 double ExtentOfSteps(int steps);
 
 /// The two fingers of a pinch.
-struct Pinch {
+struct PinchState {
     bool running = false;
     QPointF centre;
     double distance = 0.0;
@@ -29,7 +32,7 @@ struct Pinch {
 
 /// One movement of two fingers: what was between them stays between them. With Ctrl only x is
 /// zoomed, with Shift only y.
-PictureChange MovePinch(GraphState& state, ZoomGesture& gesture, Pinch& pinch, QPointF first,
+PictureChange MovePinch(GraphState& state, ZoomGesture& gesture, PinchState& pinch, QPointF first,
                         QPointF second, Qt::KeyboardModifiers modifiers);
 
 /// A zoom step about a point; Ctrl and Shift as above.

@@ -42,6 +42,10 @@ class GraphCanvas final : public QWidget {
     /// Computes the picture anew as soon as the events that wait have been handled. Any number of
     /// calls until then make one computation.
     void ScheduleRedraw();
+    /// Forgets the last picture: the next one is of other functions.
+    void StartAfresh();
+    /// Ends a hold, a pinch and a run of wheel turns: a command has come between.
+    void EndGestures();
     /// Brings the screen up to date after a change.
     void Apply(PictureChange change);
     /// The last computed picture; empty before the first.
@@ -61,6 +65,7 @@ class GraphCanvas final : public QWidget {
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -76,7 +81,10 @@ class GraphCanvas final : public QWidget {
     void Move(QPointF at);
     void Lift(QPointF at);
     void Hold();
+    void OpenPopup(QPoint at);
+    void LosePointer();
     void Touch(const QTouchEvent& event);
+    void Pinch(const QTouchEvent& event);
 
     GraphState& graph;
     Workspace& workspace;
@@ -98,7 +106,7 @@ class GraphCanvas final : public QWidget {
     WheelRest wheel;
     ZoomGesture wheelGesture;
     QTimer wheelPause;  ///< a pause ends the gesture
-    Pinch pinch;
+    PinchState pinch;
     ZoomGesture pinchGesture;
     bool touchIgnored = false;  ///< after a pinch, until the last finger is lifted
 };

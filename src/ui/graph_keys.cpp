@@ -56,6 +56,9 @@ std::optional<PictureChange> RunGraphKey(GraphState& state, const FunctionList& 
         const bool far = key.modifiers.testFlag(Qt::ControlModifier);
         return RunArrow(state, functions, *arrow, far ? kLongStep : 1);
     }
+    const bool zooms =
+        key.key == Qt::Key_Plus || key.key == Qt::Key_Equal || key.key == Qt::Key_Minus;
+    if (key.repeated && !zooms) return std::nullopt;
     if (!key.repeated) gesture = {};
     switch (key.key) {
         case Qt::Key_Home:

@@ -18,11 +18,13 @@
 #include "ui/qt_text.h"
 #include "ui/touch.h"
 #include "ui/view_dialogs.h"
+#include "ui/window_state.h"
 
 namespace kalvex {
 namespace {
 
 constexpr int kPictureDelay = 200;  // milliseconds
+constexpr int kLayoutDelay = 100;
 
 bool CanTraceAny(const FunctionList& functions) {
     return std::any_of(functions.begin(), functions.end(), CanTrace);
@@ -55,6 +57,9 @@ GraphWindow::GraphWindow(GraphState& shownGraph, Workspace& shown, GraphActions 
             actions.picture();
         }
     });
+    layoutTimer.setSingleShot(true);
+    layoutTimer.setInterval(kLayoutDelay);
+    connect(&layoutTimer, &QTimer::timeout, this, &GraphWindow::LayOut);
     AddShortcuts();
     ShowMode();
 }
@@ -79,7 +84,9 @@ CanvasActions GraphWindow::ActionsOfCanvas() {
 
 void GraphWindow::AddShortcuts() {
     const auto add = [this](const QKeySequence& keys, auto&& run) {
-        connect(new QShortcut(keys, this), &QShortcut::activated, this, run);
+        auto* const shortcut = new QShortcut(keys, this);
+        shortcut->setAutoRepeat(false);  // a held Escape is one step out, not three
+        connect(shortcut, &QShortcut::activated, this, run);
     };
     const auto addCommand = [this, &add](const QKeySequence& keys, CommandId command) {
         add(keys, [this, command] { Run(command); });
@@ -122,6 +129,7 @@ void GraphWindow::OpenPopup(QPoint at) {
 
 bool GraphWindow::Run(CommandId command) {
     if (!HasDialog(command)) return false;
+    canvas->EndGestures();
     const auto change = RunExploreCommand(graph, workspace.functions, command, actions.show);
     if (change) {
         canvas->Apply(*change);
@@ -135,11 +143,11 @@ bool GraphWindow::RunShellCommand(CommandId command) {
         case CommandId::GraphTable:
             LeavePick();
             actions.graphTable();
-            if (isFullScreen()) SetFullScreen(false);
+            SetFullScreen(*this, false);
             return true;
         case CommandId::FullScreen:
             LeavePick();
-            SetFullScreen(!isFullScreen());
+            ToggleFullScreen();
             return true;
         case CommandId::Picture:
             pictureTimer.start();
@@ -177,7 +185,7 @@ bool GraphWindow::RunDialogCommand(CommandId command) {
 bool GraphWindow::RunPopupCommand(CommandId command) {
     switch (command) {
         case CommandId::PopupFullScreen:
-            SetFullScreen(!isFullScreen());
+            ToggleFullScreen();
             return true;
         case CommandId::PopupZoomIn:
             canvas->Apply(ZoomAtOnce(graph, popupPoint, ZoomDirection::In));
@@ -206,14 +214,13 @@ void GraphWindow::PressRightKey() {
 
 void GraphWindow::Escape() {
     if (graph.mode != GraphMode::Normal) return LeavePick();
-    if (isFullScreen()) return SetFullScreen(false);
+    if (isFullScreen()) return ToggleFullScreen();
     Run(CommandId::GraphTable);
 }
 
-void GraphWindow::SetFullScreen(bool on) {
-    const Qt::WindowStates others = windowState() & ~Qt::WindowFullScreen;
-    setWindowState(on ? others | Qt::WindowFullScreen : others);
-    LayOut();
+void GraphWindow::ToggleFullScreen() {
+    canvas->EndGestures();
+    SetFullScreen(*this, !isFullScreen());
 }
 
 void GraphWindow::ShowMode() {
@@ -233,6 +240,7 @@ void GraphWindow::ShowMode() {
 }
 
 void GraphWindow::LayOut() {
+    layoutTimer.stop();
     const bool full = isFullScreen();
     const int canvasHeight = full ? height() : height() - kBottomBarHeight;
     bar->setVisible(!full);
@@ -246,7 +254,9 @@ void GraphWindow::resizeEvent(QResizeEvent*) {
 }
 
 void GraphWindow::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::WindowStateChange) LayOut();
+    // The new size comes a moment later: laid out at once, a picture of the old one would be
+    // computed.
+    if (event->type() == QEvent::WindowStateChange) layoutTimer.start();
     QWidget::changeEvent(event);
 }
 
@@ -257,7 +267,7 @@ void GraphWindow::closeEvent(QCloseEvent* event) {
 
 void GraphWindow::keyPressEvent(QKeyEvent* event) {
     if (event->text() == "#") {
-        Run(CommandId::FullScreen);
+        if (!event->isAutoRepeat()) Run(CommandId::FullScreen);
         return;
     }
     const GraphKey key{event->key(), event->modifiers(), event->isAutoRepeat()};

@@ -53,7 +53,7 @@ class GraphWindow final : public QWidget {
     void PressRightKey();
     /// One step out: of a pick, of the full screen, of the window.
     void Escape();
-    void SetFullScreen(bool on);
+    void ToggleFullScreen();
     void LeavePick();
     bool RunShellCommand(CommandId command);
     bool RunDialogCommand(CommandId command);
@@ -65,6 +65,7 @@ class GraphWindow final : public QWidget {
     GraphCanvas* canvas;
     BottomBar* bar;
     QTimer pictureTimer;  ///< timer 2
+    QTimer layoutTimer;   ///< after a change of state whose resize may never come
     PixelPoint popupPoint;
     ZoomGesture keyGesture;
 };

@@ -4,6 +4,7 @@
 #include "ui/input_gate.h"
 
 #include <QCoreApplication>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QShortcutEvent>
 #include <QTouchEvent>
@@ -37,9 +38,19 @@ bool IsInput(QEvent::Type type) {
     }
 }
 
+/// As a command of the window, or as a plain key of one that has no such command.
 bool IsEscape(const QEvent& event) {
+    if (event.type() == QEvent::KeyPress)
+        return static_cast<const QKeyEvent&>(event).key() == Qt::Key_Escape;
     return event.type() == QEvent::Shortcut &&
            static_cast<const QShortcutEvent&>(event).key() == QKeySequence(Qt::Key_Escape);
+}
+
+/// What makes the picture that is being computed useless or unwanted.
+bool AsksToStop(const QEvent& event) {
+    const QEvent::Type type = event.type();
+    return type == QEvent::Shortcut || type == QEvent::Close || type == QEvent::Resize ||
+           IsEscape(event);
 }
 
 }  // namespace
@@ -63,7 +74,7 @@ bool InputGate::eventFilter(QObject* receiver, QEvent* event) {
     const QEvent::Type type = event->type();
     const bool command = type == QEvent::Shortcut;
     if (!command && !(receiver->isWindowType() && IsInput(type))) return false;
-    if (command || type == QEvent::Close) stopped = true;
+    if (AsksToStop(*event)) stopped = true;
     if (type == QEvent::Close) event->ignore();
     if (PressesStopKey(*event)) {
         stopped = true;

@@ -13,8 +13,8 @@ namespace kalvex {
 
 /// While it lives, Poll handles waiting events (painting, signals, other programs), but no input
 /// reaches a window: it is held and handed on, in its order, when the gate goes. Escape, any other
-/// key command and closing a window ask the computation to stop; Escape does nothing more, and a
-/// press where `isStopKey` says so (a point of the screen) is the same for the pen.
+/// key command, closing and resizing a window ask the computation to stop; Escape does nothing
+/// more, and a press where `isStopKey` says so (a point of the screen) is the same for the pen.
 class InputGate final : public QObject {
   public:
     explicit InputGate(std::function<bool(QPointF)> stopKey);

@@ -6,6 +6,7 @@
 #include <QPainter>
 
 #include "painter/text_font.h"
+#include "ui/message_window.h"
 #include "ui/qt_text.h"
 
 namespace kalvex {
@@ -16,11 +17,12 @@ constexpr int kGap = 8;
 constexpr int kPadding = 6;
 constexpr int kTextFlags = Qt::TextWordWrap | Qt::AlignLeft | Qt::AlignTop;
 
+/// One text; numbers of hundreds of digits can be broken.
 QString Joined(const Overlay& overlay) {
     QStringList lines;
     for (const std::u16string& text : overlay.texts)
         lines += ToQString(text);
-    return lines.join('\n');
+    return ShowableText(lines.join('\n'));
 }
 
 void StrokeTwice(QPainter& painter, const auto& draw) {

@@ -18,6 +18,8 @@ constexpr int kLargest = 16384;
 constexpr int kFrameBorder = 6;
 constexpr int kFrameTitle = 36;
 
+constexpr char kMaximisedBefore[] = "maximisedBeforeFullScreen";
+
 bool IsUsable(QSize size) {
     return size.width() >= kSmallest && size.height() >= kSmallest && size.width() <= kLargest &&
            size.height() <= kLargest;
@@ -57,13 +59,29 @@ void ApplyWindowState(QWidget& window, const WindowState& state) {
     if (state.maximised || !fits) window.setWindowState(window.windowState() | Qt::WindowMaximized);
 }
 
+void SetFullScreen(QWidget& window, bool on) {
+    if (on == window.isFullScreen()) return;
+    if (on) {
+        window.setProperty(kMaximisedBefore, window.isMaximized());
+        window.setWindowState(window.windowState() | Qt::WindowFullScreen);
+    } else {
+        const bool maximised = IsOrWasMaximised(window);
+        window.setWindowState(maximised ? Qt::WindowMaximized : Qt::WindowNoState);
+    }
+}
+
+bool IsOrWasMaximised(const QWidget& window) {
+    if (window.isFullScreen()) return window.property(kMaximisedBefore).toBool();
+    return window.isMaximized();
+}
+
 void RememberWindow(const QWidget& window, WindowState& state) {
-    state.maximised = window.isMaximized();
+    state.maximised = IsOrWasMaximised(window);
     if (!window.isMaximized() && !window.isFullScreen()) state.size = window.size();
 }
 
 void TakeWindowPlace(QWidget& last, QWidget& next) {
-    if (last.isMaximized()) {
+    if (IsOrWasMaximised(last)) {
         next.setGeometry(last.normalGeometry());
         next.setWindowState(Qt::WindowMaximized);
     } else {

@@ -27,6 +27,13 @@ void SaveWindowState(const QString& path, const WindowState& state);
 /// the window is maximised.
 void ApplyWindowState(QWidget& window, const WindowState& state);
 
+/// Fills the screen with a window, or brings it back to what it was before.
+void SetFullScreen(QWidget& window, bool on);
+
+/// Whether a window is maximised, or was before it filled the screen (which some window managers
+/// forget).
+bool IsOrWasMaximised(const QWidget& window);
+
 /// Keeps a window's present size; of a maximised window only that it is maximised.
 void RememberWindow(const QWidget& window, WindowState& state);
 

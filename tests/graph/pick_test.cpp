@@ -282,6 +282,17 @@ TEST(TraceMode, SlidesToAnotherFunction) {
     EXPECT_EQ(graph.Move(100, 120), PictureChange::Overlay);
     EXPECT_EQ(graph.state.trace.function, 0);
     graph.Lift(100, 120);
+    // One event may reach over several functions; what is left of the way counts on.
+    graph.functions[5] = MakeEntry(EquationType::Decart, u"5");
+    graph.functions[7] = MakeEntry(EquationType::Decart, u"7");
+    graph.Press(10, 0);
+    EXPECT_EQ(graph.Move(149, 0), PictureChange::Overlay);
+    EXPECT_EQ(graph.state.trace.function, 7);
+    EXPECT_EQ(graph.Move(169, 0), PictureChange::None);
+    EXPECT_EQ(graph.Move(170, 0), PictureChange::Overlay);
+    EXPECT_EQ(graph.state.trace.function, 0);
+    graph.Move(INT32_MIN, 0);
+    graph.Move(INT32_MAX, 0);
 }
 
 TEST(TraceMode, NeedsAFunction) {

@@ -36,7 +36,9 @@ class CanvasGesturesTest final : public QObject {
         QCOMPARE(TakeWheelSteps(rest, 10), 0);
         QCOMPARE(TakeWheelSteps(rest, -10), 0);  // the other direction starts anew
         QCOMPARE(TakeWheelSteps(rest, -5), -1);
-        QCOMPARE(TakeWheelSteps(rest, 0), 0);
+        QCOMPARE(TakeWheelSteps(rest, -14), 0);
+        QCOMPARE(TakeWheelSteps(rest, 0), 0);  // no turn, no change
+        QCOMPARE(TakeWheelSteps(rest, -1), -1);
         QVERIFY(std::isfinite(ExtentOfSteps(TakeWheelSteps(rest, INT_MAX))));
         QVERIFY(std::isfinite(ExtentOfSteps(TakeWheelSteps(rest, INT_MIN))));
     }
@@ -71,7 +73,7 @@ class CanvasGesturesTest final : public QObject {
     void FingersKeepWhatIsBetweenThem() {
         GraphState state = StateOf(-10, 10);
         ZoomGesture gesture;
-        Pinch pinch;
+        PinchState pinch;
         QVERIFY(MovePinch(state, gesture, pinch, {100, 50}, {200, 50}, {}) == PictureChange::None);
         const WorldPoint held = ScreenToWorld(state.viewport, 150, 50);
         QVERIFY(MovePinch(state, gesture, pinch, {110, 80}, {310, 80}, {}) ==
@@ -91,7 +93,7 @@ class CanvasGesturesTest final : public QObject {
     void FingersOnOnePointDoNoHarm() {
         GraphState state = StateOf(-10, 10);
         ZoomGesture gesture;
-        Pinch pinch;
+        PinchState pinch;
         MovePinch(state, gesture, pinch, {100, 50}, {100, 50}, {});
         MovePinch(state, gesture, pinch, {100, 50}, {100, 50}, {});
         QCOMPARE(state.viewport.view.Xmax, 10.0);
@@ -115,7 +117,7 @@ class CanvasGesturesTest final : public QObject {
              {std::pair(0.0, 0.0), {-infinity, infinity}, {std::nan(""), 1.0}, {1e300, -1e300}}) {
             GraphState state = StateOf(low, high, 1, 0);
             ZoomGesture gesture;
-            Pinch pinch;
+            PinchState pinch;
             ZoomStep(state, gesture, QPointF(0, 0), 0.8, {});
             MovePinch(state, gesture, pinch, {0, 0}, {50, 0}, {});
             MovePinch(state, gesture, pinch, {0, 0}, {90, 70}, {});
