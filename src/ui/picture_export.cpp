@@ -13,6 +13,7 @@
 #include "painter/picture_file.h"
 #include "painter/write_picture.h"
 #include "resources/strings.h"
+#include "ui/file_dialog_size.h"
 #include "ui/qt_text.h"
 #include "workspace/settings.h"
 
@@ -74,6 +75,7 @@ void OpenSavePictureDialog(QWidget* parent, const QString& folder,
     });
     QObject::connect(dialog, &QFileDialog::fileSelected, dialog,
                      [chosen = std::move(chosen)](const QString& path) { chosen(path); });
+    FitFileDialog(*dialog);
     dialog->open();
 }
 

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "resources/samples.h"
+#include "ui/file_dialog_size.h"
 
 namespace kalvex {
 
@@ -29,6 +30,7 @@ void OpenPointFileDialog(QWidget* parent, const QString& folder,
                      [chosen = std::move(chosen)](const QString& path) {
                          chosen(QDir::toNativeSeparators(path));
                      });
+    FitFileDialog(*dialog);
     dialog->open();
 }
 
