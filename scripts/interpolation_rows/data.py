@@ -54,6 +54,11 @@ def tables():
     known['repeated07'] = repeated, [case(c) for c in ANY_ORDER] + [case(0, 3), case(0, 5)]
     mixed = [(1.0, 2.0), (3.0, -1.0), (0.5, 4.0), (2.0, 0.5), (6.0, 3.0), (5.0, 1.0)]
     known['mixed06'] = mixed, [case(c) for c in ANY_ORDER + [1, 12]] + [case(0, 3)]
+    # Least squares on very uneven points: x over three decades, and one point far from the others.
+    decades = [(10 ** (1 + i * 3 / 19), 3 * math.sin(i)) for i in range(20)]
+    known['decades20'] = decades, [case(0, terms) for terms in (8, 14, 16)]
+    outlier = [(float(i), 3 * math.sin(i)) for i in range(14)] + [(1000.0, 1.0)]
+    known['outlier15'] = outlier, [case(0, terms) for terms in (5, 8, 10)]
     thousand = [(i * 0.013 - 4.0, math.sin(0.9 * i * 0.013) + 0.1 * math.cos(i)) for i in range(1000)]
     known['thousand'] = thousand, [case(0, 20)]
     return known

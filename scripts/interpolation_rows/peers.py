@@ -10,6 +10,12 @@ def boundary(flag, value):
     return {1: (1, value), 2: (2, value)}.get(flag)
 
 
+def well_conditioned(x, terms):
+    """Whether powers of x, brought to -1..1, can carry a fit in doubles."""
+    scaled = numpy.interp(x, (min(x), max(x)), (-1.0, 1.0)) if len(set(x)) > 1 else x
+    return numpy.linalg.cond(numpy.polynomial.polynomial.polyvander(scaled, terms - 1)) < 1e8
+
+
 def peer(points, case):
     """A function of t from a library, with its name; None where there is none."""
     approx, val, val2, beta1, beta2 = case
@@ -26,7 +32,7 @@ def peer(points, case):
     if approx == 8 and ascending:
         return 'PPoly linear', interpolate.PPoly(
             numpy.array([numpy.diff(y) / numpy.diff(x), y[:-1]]), x)
-    if approx == 0:
+    if approx == 0 and well_conditioned(x, val):
         return 'Polynomial.fit', numpy.polynomial.Polynomial.fit(x, y, val - 1)
     return None
 

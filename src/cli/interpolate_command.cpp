@@ -70,13 +70,9 @@ void ReadArguments(Arguments& arguments) {
 
 /// The check of the windows: how many terms there may be depends on the points.
 bool HasGoodTerms(const Arguments& arguments, const PointTable& table) {
-    FunctionList functions;
-    functions[0].type = static_cast<std::int32_t>(EquationType::File);
-    functions[0].selected = 1;
-    functions[0].approx = arguments.parameters.approx;
-    functions[0].approx_val = arguments.parameters.approx_val;
-    functions[0].points.resize(table.x.size());
-    return CheckTermCounts(functions, ShowOnStandardError);
+    if (HasGoodTermCount(arguments.parameters, table.x.size())) return true;
+    ShowOnStandardError(TermCountBox(1));
+    return false;
 }
 
 /// What is done with a block of values; false ends it early.

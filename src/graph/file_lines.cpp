@@ -17,12 +17,6 @@ MessageBox WarningBox(std::u16string text) {
             MessageButtons::Ok};
 }
 
-bool HasGoodTermCount(const FunctionEntry& entry) {
-    // KEEP: as many terms as points pass, although the message asks for fewer.
-    return entry.approx_val >= 1 &&
-           static_cast<std::size_t>(entry.approx_val) <= entry.points.size();
-}
-
 bool ReadPoints(FunctionEntry& entry) {
     entry.points.clear();
     const PointFile file = ReadPointFile(ToUtf8(entry.workingText));
@@ -51,14 +45,22 @@ bool ReadPointFiles(FunctionList& functions) {
     });
 }
 
+bool HasGoodTermCount(const ApproxParameters& parameters, std::size_t points) {
+    if (parameters.approx != static_cast<std::int32_t>(ApproxMethod::LeastSquares)) return true;
+    // KEEP: as many terms as points pass, although the message asks for fewer.
+    return parameters.approx_val >= 1 && static_cast<std::size_t>(parameters.approx_val) <= points;
+}
+
+MessageBox TermCountBox(int function) {
+    return WarningBox(FillIn(Text(StringId::TooManyTerms), {NumberText(function)}));
+}
+
 bool CheckTermCounts(const FunctionList& functions, const ShowMessage& show) {
     for (int slot = 0; slot < kSlotCount; ++slot) {
         const FunctionEntry& entry = functions[static_cast<std::size_t>(slot)];
-        const bool concerned =
-            IsSelectedFile(entry) &&
-            entry.approx == static_cast<std::int32_t>(ApproxMethod::LeastSquares);
-        if (!concerned || HasGoodTermCount(entry)) continue;
-        show(WarningBox(FillIn(Text(StringId::TooManyTerms), {NumberText(slot + 1)})));
+        const bool good = HasGoodTermCount(ParametersOf(entry), entry.points.size());
+        if (!IsSelectedFile(entry) || good) continue;
+        show(TermCountBox(slot + 1));
         return false;
     }
     return true;

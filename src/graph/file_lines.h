@@ -18,6 +18,12 @@ ApproxParameters ParametersOf(const FunctionEntry& entry);
 /// empty, those read before stay.
 bool ReadPointFiles(FunctionList& functions);
 
+/// Whether least squares may have this number of terms; every other method takes any.
+bool HasGoodTermCount(const ApproxParameters& parameters, std::size_t points);
+
+/// Message 79 about a function of a number from 1.
+MessageBox TermCountBox(int function);
+
 /// Message 79 for the first selected File line with least squares whose number of terms is below 1
 /// or above its number of points; false when there is one.
 bool CheckTermCounts(const FunctionList& functions, const ShowMessage& show);

@@ -72,7 +72,7 @@ PictureChange Pan(GraphState& state, const PixelPoint& at) {
 
 PictureChange Slide(GraphState& state, const FunctionList& functions, const PixelPoint& at) {
     // A pointer is on a screen; a farther one comes from no hand.
-    constexpr std::int64_t kFarthest = 100 * kSlideDistance;
+    constexpr std::int64_t kFarthest = std::int64_t{100} * kSlideDistance;
     const std::int64_t distance = std::int64_t{at.x} - state.pointer.last.x;
     const std::int64_t steps = std::clamp(distance, -kFarthest, kFarthest) / kSlideDistance;
     if (steps == 0) return PictureChange::None;

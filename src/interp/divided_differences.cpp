@@ -1,7 +1,6 @@
 // Columns of the triangle overwrite each other from the bottom up. One template serves numbers of
-// one and of two doubles. The search for equal abscissas
-// sorts indices instead of comparing all pairs; the pair that it names is the one that comparing
-// all pairs in order finds first.
+// one and of two doubles. The search for equal abscissas sorts indices instead of comparing all
+// pairs; the pair that it names is the one that comparing all pairs in order finds first.
 #include "interp/divided_differences.h"
 
 #include <algorithm>

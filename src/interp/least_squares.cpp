@@ -1,33 +1,100 @@
-// Each term is projected out of what the terms before it left over, and when all are done the
-// rest is projected once more: rounding makes the polynomials lose some of their orthogonality, and
-// the second round gives back what that cost. Sums are compensated (A. Neumaier, 1974), because a
-// thousand and more roundings in a row would be the largest error of all.
+// Each term is projected out of what the terms before it left over. In plain doubles the rest is
+// projected once more when all are done: rounding makes the polynomials lose some of their
+// orthogonality, and the second round gives back what that cost; sums are compensated (A. Neumaier,
+// 1974), because a thousand and more roundings in a row would be the largest error of all. Two
+// doubles per number need neither. One template serves both.
 #include "interp/least_squares.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
+#include <type_traits>
+#include <utility>
 
 #include "base/decimal.h"
+#include "specfun/double_double.h"
 
 namespace kalvex {
 namespace {
 
+using specfun::Add;
+using specfun::Divide;
+using specfun::DoubleDouble;
+using specfun::Multiply;
+using specfun::Subtract;
+using specfun::ToDouble;
+
 constexpr std::string_view kRoutine = "LEAST_SET";
-constexpr double kPointCost = 12.0;  ///< of one point for one term, nanoseconds
+/// Of one point for one term, nanoseconds, and how often all terms are gone through.
+template <typename Number>
+constexpr double kPointCost = std::is_same_v<Number, double> ? 12.0 : 60.0;
+template <typename Number>
+constexpr int kRounds = std::is_same_v<Number, double> ? 2 : 1;
 
-constexpr int kRounds = 2;
+double Sum(double a, double b) {
+    return a + b;
+}
+DoubleDouble Sum(DoubleDouble a, DoubleDouble b) {
+    return Add(a, b);
+}
+double Difference(double a, double b) {
+    return a - b;
+}
+DoubleDouble Difference(DoubleDouble a, DoubleDouble b) {
+    return Subtract(a, b);
+}
+double Product(double a, double b) {
+    return a * b;
+}
+DoubleDouble Product(DoubleDouble a, DoubleDouble b) {
+    return Multiply(a, b);
+}
+double Quotient(double a, double b) {
+    return a / b;
+}
+DoubleDouble Quotient(DoubleDouble a, DoubleDouble b) {
+    return Divide(a, b);
+}
+double HighOf(double number) {
+    return number;
+}
+double HighOf(DoubleDouble number) {
+    return number.high;
+}
 
-struct Sum {
-    double high = 0.0;
-    double low = 0.0;
+template <typename Number>
+Number Whole(double value) {
+    if constexpr (std::is_same_v<Number, double>)
+        return value;
+    else
+        return {value, 0.0};
+}
+
+/// A sum of many terms; of plain doubles a compensated one.
+template <typename Number>
+struct LongSum {
+    Number total{};
+    double rest = 0.0;
 };
 
-void Add(Sum& sum, double value) {
-    const double total = sum.high + value;
-    sum.low += std::fabs(sum.high) >= std::fabs(value) ? (sum.high - total) + value
-                                                       : (value - total) + sum.high;
-    sum.high = total;
+void AddTo(LongSum<double>& sum, double value) {
+    const double total = sum.total + value;
+    sum.rest += std::fabs(sum.total) >= std::fabs(value) ? (sum.total - total) + value
+                                                         : (value - total) + sum.total;
+    sum.total = total;
+}
+
+void AddTo(LongSum<DoubleDouble>& sum, DoubleDouble value) {
+    sum.total = Add(sum.total, value);
+}
+
+double TotalOf(const LongSum<double>& sum) {
+    return sum.total + sum.rest;
+}
+
+DoubleDouble TotalOf(const LongSum<DoubleDouble>& sum) {
+    return sum.total;
 }
 
 std::size_t DistinctCount(std::span<const double> X) {
@@ -80,71 +147,159 @@ double ScaleOf(std::span<const double> X) {
 }
 
 /// The data on the way through the terms.
+template <typename Number>
 struct Orthogonalisation {
     std::vector<double> x;
     std::vector<double> weight;
-    std::vector<double> rest;    ///< the data less the terms so far
-    std::vector<double> now;     ///< P(k) at the points
-    std::vector<double> before;  ///< P(k-1)
+    std::vector<Number> rest;    ///< the data less the terms so far
+    std::vector<Number> now;     ///< P(k) at the points
+    std::vector<Number> before;  ///< P(k-1)
+};
+
+template <typename Number>
+struct Coefficients {
+    std::vector<Number> B;
+    std::vector<Number> C;
+    std::vector<Number> D;
 };
 
 /// The squared length of P(k), its mean x, and the part of the rest that lies along it.
+template <typename Number>
 struct Projection {
-    double square = 0.0;
-    double centre = 0.0;
-    double part = 0.0;
+    Number square{};
+    Number centre{};
+    Number part{};
 };
 
-Projection Project(const Orthogonalisation& data) {
-    Sum square;
-    Sum centre;
-    Sum part;
+template <typename Number>
+Projection<Number> Project(const Orthogonalisation<Number>& data) {
+    LongSum<Number> square;
+    LongSum<Number> centre;
+    LongSum<Number> part;
     for (std::size_t i = 0; i < data.x.size(); ++i) {
-        const double weighted = data.weight[i] * data.now[i];
-        Add(square, weighted * data.now[i]);
-        Add(centre, weighted * data.now[i] * data.x[i]);
-        Add(part, weighted * data.rest[i]);
+        const Number weighted = Product(Whole<Number>(data.weight[i]), data.now[i]);
+        const Number squared = Product(weighted, data.now[i]);
+        AddTo(square, squared);
+        AddTo(centre, Product(squared, Whole<Number>(data.x[i])));
+        AddTo(part, Product(weighted, data.rest[i]));
     }
-    const double length = square.high + square.low;
-    return {length, (centre.high + centre.low) / length, (part.high + part.low) / length};
+    const Number length = TotalOf(square);
+    return {length, Quotient(TotalOf(centre), length), Quotient(TotalOf(part), length)};
+}
+
+/// P(k+1) at a point.
+template <typename Number>
+Number NextValue(double x, Number B, Number C, Number now, Number before) {
+    return Difference(Product(Difference(Whole<Number>(x), B), now), Product(C, before));
 }
 
 /// Takes the part along P(k) off the rest and goes on to P(k+1).
-void Advance(Orthogonalisation& data, double part, double B, double C) {
+template <typename Number>
+void Advance(Orthogonalisation<Number>& data, Number part, Number B, Number C) {
     for (std::size_t i = 0; i < data.x.size(); ++i) {
-        data.rest[i] -= part * data.now[i];
-        const double next = (data.x[i] - B) * data.now[i] - C * data.before[i];
+        data.rest[i] = Difference(data.rest[i], Product(part, data.now[i]));
+        const Number next = NextValue(data.x[i], B, C, data.now[i], data.before[i]);
         data.before[i] = data.now[i];
         data.now[i] = next;
     }
 }
 
-void Restart(Orthogonalisation& data) {
-    std::fill(data.now.begin(), data.now.end(), 1.0);
-    std::fill(data.before.begin(), data.before.end(), 0.0);
-}
-
 /// One round over all terms. False when the work is stopped or nothing is a number any more, by
 /// underflow or overflow.
-bool FitRound(Orthogonalisation& data, LeastSquaresFit& fit, Work& work) {
-    Restart(data);
-    double squareBefore = 1.0;
+template <typename Number>
+bool FitRound(Orthogonalisation<Number>& data, Coefficients<Number>& fit, Work& work) {
+    std::fill(data.now.begin(), data.now.end(), Whole<Number>(1.0));
+    std::fill(data.before.begin(), data.before.end(), Number{});
+    Number squareBefore = Whole<Number>(1.0);
     for (std::size_t k = 0; k < fit.D.size(); ++k) {
-        const Projection projection = Project(data);
-        fit.D[k] += projection.part;
+        const Projection<Number> projection = Project(data);
+        fit.D[k] = Sum(fit.D[k], projection.part);
         fit.B[k] = projection.centre;
-        fit.C[k] = k == 0 ? 0.0 : projection.square / squareBefore;
+        fit.C[k] = k == 0 ? Number{} : Quotient(projection.square, squareBefore);
         squareBefore = projection.square;
-        if (!std::isfinite(projection.centre) || !std::isfinite(projection.part)) return false;
+        if (!std::isfinite(HighOf(projection.centre)) || !std::isfinite(HighOf(projection.part)))
+            return false;
         Advance(data, projection.part, fit.B[k], fit.C[k]);
-        if (!Spend(work, kPointCost * static_cast<double>(data.x.size()))) return false;
+        if (!Spend(work, kPointCost<Number> * static_cast<double>(data.x.size()))) return false;
     }
     return true;
 }
 
-void FitTerms(Orthogonalisation& data, LeastSquaresFit& fit, Work& work) {
-    for (int round = 0; round < kRounds; ++round)
-        if (!FitRound(data, fit, work)) return;
+template <typename Number>
+Coefficients<Number> FitTerms(std::span<const double> X, std::span<const double> F,
+                              std::span<const double> W, double scale, std::size_t terms,
+                              Work& work) {
+    Orthogonalisation<Number> data{{X.begin(), X.end()},
+                                   {W.begin(), W.end()},
+                                   {},
+                                   std::vector<Number>(X.size()),
+                                   std::vector<Number>(X.size())};
+    if (W.empty()) data.weight.assign(X.size(), 1.0);
+    for (double& x : data.x)
+        x *= scale;
+    for (const double value : F)
+        data.rest.push_back(Whole<Number>(value));
+    Coefficients<Number> fit{std::vector<Number>(terms), std::vector<Number>(terms),
+                             std::vector<Number>(terms)};
+    for (int round = 0; round < kRounds<Number>; ++round)
+        if (!FitRound(data, fit, work)) break;
+    return fit;
+}
+
+void Split(const std::vector<DoubleDouble>& numbers, std::vector<double>& high,
+           std::vector<double>& low) {
+    for (const DoubleDouble& number : numbers) {
+        high.push_back(number.high);
+        low.push_back(number.low);
+    }
+}
+
+KALVEX_WITH_FMA void FitTwice(std::span<const double> X, std::span<const double> F,
+                              std::span<const double> W, std::size_t terms, LeastSquaresFit& fit,
+                              Work& work) {
+    const auto found = FitTerms<DoubleDouble>(X, F, W, fit.scale, terms, work);
+    Split(found.B, fit.B, fit.lowB);
+    Split(found.C, fit.C, fit.lowC);
+    Split(found.D, fit.D, fit.lowD);
+}
+
+bool FitsTwice(std::size_t points, std::size_t terms) {
+    return static_cast<double>(points) * static_cast<double>(terms) <= kTwiceOperations;
+}
+
+bool IsFinite(std::span<const double> numbers) {
+    return std::all_of(numbers.begin(), numbers.end(),
+                       [](double number) { return std::isfinite(number); });
+}
+
+/// The sum of the terms at x * scale, where `coefficient` gives B, C and D of a term.
+template <typename Number, typename CoefficientOf>
+Number SumOfTerms(std::size_t terms, double scaled, const CoefficientOf& coefficient) {
+    Number before{};
+    Number now = Whole<Number>(1.0);
+    Number value{};
+    for (std::size_t k = 0; k < terms; ++k) {
+        const auto [B, C, D] = coefficient(k);
+        value = Sum(value, Product(D, now));
+        const Number next = NextValue(scaled, B, C, now, before);
+        before = now;
+        now = next;
+    }
+    return value;
+}
+
+KALVEX_WITH_FMA DoubleDouble TwiceValue(const LeastSquaresFit& fit, double scaled) {
+    return SumOfTerms<DoubleDouble>(fit.D.size(), scaled, [&fit](std::size_t k) {
+        return std::array<DoubleDouble, 3>{DoubleDouble{fit.B[k], fit.lowB[k]},
+                                           DoubleDouble{fit.C[k], fit.lowC[k]},
+                                           DoubleDouble{fit.D[k], fit.lowD[k]}};
+    });
+}
+
+double PlainValue(const LeastSquaresFit& fit, double scaled) {
+    return SumOfTerms<double>(fit.D.size(), scaled, [&fit](std::size_t k) {
+        return std::array<double, 3>{fit.B[k], fit.C[k], fit.D[k]};
+    });
 }
 
 }  // namespace
@@ -154,44 +309,36 @@ Failure LEAST_SET(std::span<const double> X, std::span<const double> F, std::spa
     fit = {};
     if (Failure failure = CheckDistinct(X, NTERMS)) return failure;
     if (Failure failure = CheckWeights(W)) return failure;
-    const std::size_t count = X.size();
     const auto terms = static_cast<std::size_t>(std::max(NTERMS, 0));
     if (terms == 0) return std::nullopt;
-    if (static_cast<double>(count) * static_cast<double>(terms) > kMostOperations)
+    if (static_cast<double>(X.size()) * static_cast<double>(terms) > kMostOperations)
         return FatalError(kRoutine, {"  Too many points."}, StringId::TooMuchWork);
     fit.scale = ScaleOf(X);
-    fit.B.assign(terms, 0.0);
-    fit.C.assign(terms, 0.0);
-    fit.D.assign(terms, 0.0);
-    Orthogonalisation data{{X.begin(), X.end()},
-                           {W.begin(), W.end()},
-                           {F.begin(), F.end()},
-                           std::vector<double>(count),
-                           std::vector<double>(count)};
-    if (W.empty()) data.weight.assign(count, 1.0);
-    for (double& x : data.x)
-        x *= fit.scale;
-    FitTerms(data, fit, work);
+    if (FitsTwice(X.size(), terms)) FitTwice(X, F, W, terms, fit, work);
+    // Two doubles reach less far than one does; where they have failed, plain ones may not.
+    const bool failed = !IsFinite(fit.B) || !IsFinite(fit.C) || !IsFinite(fit.D);
+    if (fit.D.empty() || failed) {
+        auto plain = FitTerms<double>(X, F, W, fit.scale, terms, work);
+        fit = {fit.scale, std::move(plain.B), std::move(plain.C), std::move(plain.D), {}, {}, {}};
+    }
     if (work.stopped) fit = {};
     return std::nullopt;
 }
 
 double LeastSetCost(std::size_t points, std::int32_t NTERMS) {
-    return kRounds * kPointCost * static_cast<double>(points) * std::max(NTERMS, 0);
+    const auto terms = static_cast<std::size_t>(std::max(NTERMS, 0));
+    const double cost = FitsTwice(points, terms) ? kRounds<DoubleDouble> * kPointCost<DoubleDouble>
+                                                 : kRounds<double> * kPointCost<double>;
+    return cost * static_cast<double>(points) * static_cast<double>(terms);
 }
 
 double LEAST_VAL(const LeastSquaresFit& fit, double x) {
     const double scaled = x * fit.scale;
-    double before = 0.0;
-    double now = 1.0;
-    double value = 0.0;
-    for (std::size_t k = 0; k < fit.D.size(); ++k) {
-        value += fit.D[k] * now;
-        const double next = (scaled - fit.B[k]) * now - fit.C[k] * before;
-        before = now;
-        now = next;
+    if (!fit.lowD.empty()) {
+        const DoubleDouble value = TwiceValue(fit, scaled);
+        if (std::isfinite(value.high) && std::isfinite(value.low)) return ToDouble(value);
     }
-    return value;
+    return PlainValue(fit, scaled);
 }
 
 }  // namespace kalvex

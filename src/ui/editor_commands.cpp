@@ -41,11 +41,6 @@ bool RunLineCommand(FunctionEntry& entry, std::u16string& line, CommandId comman
     return true;
 }
 
-bool HasMethodDialog(CommandId command) {
-    return command == CommandId::LeastSquares || command == CommandId::BetaSplines ||
-           command == CommandId::CubicSpline;
-}
-
 bool IsLineCommand(CommandId command) {
     FunctionEntry entry;
     std::u16string line;
@@ -55,7 +50,7 @@ bool IsLineCommand(CommandId command) {
 /// What some line commands go on with once the line has changed.
 void OpenDialogOf(const EditorState& state, int slot, CommandId command) {
     if (command == CommandId::File) state.choosePointFile(slot);
-    if (HasMethodDialog(command)) state.setMethodUp(slot);
+    if (IsBetween(command, CommandId::LeastSquares, CommandId::Lagrange)) state.setMethodUp(slot);
 }
 
 }  // namespace

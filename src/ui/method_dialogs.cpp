@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <array>
 
+#include "interp/approximation.h"
 #include "resources/strings.h"
 #include "ui/form_dialog.h"
 #include "ui/qt_text.h"
@@ -14,10 +15,6 @@
 
 namespace kalvex {
 namespace {
-
-constexpr std::int32_t kLeastSquares = 0;
-constexpr std::int32_t kBetaSplines = 3;
-constexpr std::int32_t kCubicSpline = 10;
 
 QString TextOf(StringId id) {
     return ToQString(Text(id));
@@ -137,16 +134,26 @@ void OpenCubicDialog(QWidget* parent, FunctionEntry& entry, const ShowMessage& s
         entry.approx_val2 = right->currentIndex();
         return true;
     };
-    left->setFocus(Qt::OtherFocusReason);
+    left->setFocus(Qt::TabFocusReason);  // shows its focus
     dialog->OpenOverParent();
 }
 
 }  // namespace
 
 void OpenMethodDialog(QWidget* parent, FunctionEntry& entry, const ShowMessage& show) {
-    if (entry.approx == kLeastSquares) OpenTermsDialog(parent, entry);
-    if (entry.approx == kBetaSplines) OpenBetaDialog(parent, entry, show);
-    if (entry.approx == kCubicSpline) OpenCubicDialog(parent, entry, show);
+    switch (static_cast<ApproxMethod>(entry.approx)) {
+        case ApproxMethod::LeastSquares:
+            OpenTermsDialog(parent, entry);
+            break;
+        case ApproxMethod::BetaSplines:
+            OpenBetaDialog(parent, entry, show);
+            break;
+        case ApproxMethod::PiecewiseCubic:
+            OpenCubicDialog(parent, entry, show);
+            break;
+        default:
+            break;
+    }
 }
 
 }  // namespace kalvex

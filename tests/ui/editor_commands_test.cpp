@@ -57,8 +57,7 @@ class EditorCommandsTest final : public QObject {
             bench.workspace.functions[7].approx = 77;
             QVERIFY(bench.Run(7, static_cast<CommandId>(32919 + code)));
             QCOMPARE(bench.workspace.functions[7].approx, code);
-            const bool dialog = code == 0 || code == 3 || code == 10;
-            QCOMPARE(bench.methodsSetUp, dialog ? std::vector<int>{7} : std::vector<int>{});
+            QCOMPARE(bench.methodsSetUp, std::vector<int>{7});
         }
     }
     void SelectToggles() {

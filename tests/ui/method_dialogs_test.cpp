@@ -148,6 +148,18 @@ class MethodDialogsTest final : public QObject {
         QCOMPARE(program.Entry(2).beta1, -0.5);
         QCOMPARE(program.Entry(2).beta2, 3.0);
     }
+    void OtherMethodsHaveNoDialog() {
+        for (int code = 0; code < 13; ++code) {
+            MethodProgram program;
+            program.Start();
+            program.ClearLines();
+            program.Entry(2).type = 4;
+            program.Editor().FocusLine(1);
+            program.Editor().Run(static_cast<CommandId>(32919 + code));
+            const bool dialog = code == 0 || code == 3 || code == 10;
+            QCOMPARE(program.Editor().findChild<QDialog*>() != nullptr, dialog);
+        }
+    }
     void TheMenuMarksTheMethodOfTheLine() {
         MethodProgram program;
         program.Start();
