@@ -112,6 +112,11 @@ def seams(places):
             for x in around(place)[:5]]
 
 
+# Negative orders at the same places.
+REFLECTED = [(-n, x) for n in (0.3, 12.25, 30.5, 49 - 1e-10) for place in (1.5, 22)
+             for x in around(place)[:5]]
+
+
 def near_zeros(rng, zeros, count):
     """Close to the zeros of order whole and half-integral, and at the extrema between."""
     found = []
@@ -131,20 +136,22 @@ TURNING = [(n, n * f) for n in (8, 31, 100, 256.5, 1000)
 
 def rows_J():
     rng = generator('J')
-    chosen = points(rng, 12, 1500, True) + seams((11, 18)) + TURNING
+    chosen = points(rng, 12, 1500, True) + seams((1.5, 22)) + REFLECTED + TURNING
     chosen += near_zeros(rng, mpmath.besseljzero, 12)
     chosen += [(n, x) for n in (0, 3, 2.3, 1000, -0.7) for x in logarithmic(rng, 1500, 1e300, 6)]
     chosen += [(n, -x) for n in (0, 1, 2, 7, -3) for x in (1e-10, 0.7, 8.5, 30, 1e5)]
     chosen += [(n, 0) for n in (0, 1, 0.5, 2.25, -3)]
     chosen += [(5, 200), (2, 1e-10), (5, 5e-324), (-0.5, 5e-324), (-1.5, 1e-300), (-2.5, 1e-200),
                (1, 5e-324), (0.25, 5e-324), (150.5, 0.5), (1000, 500), (1000, 330)]
+    # Orders above the argument on both sides of the end of Steed's method for J.
+    chosen += [(n, x) for n in (64.5, 70, 150.25) for x in around(64)[:5]]
     condition = slope(bessel_j)
     return [row(bessel_j, n, x, condition=condition if x != 0 else 0) for n, x in chosen]
 
 
 def rows_Y():
     rng = generator('Y')
-    chosen = points(rng, 12, 1500, True) + seams((11,)) + TURNING
+    chosen = points(rng, 12, 1500, True) + seams((1.5, 22)) + REFLECTED + TURNING
     chosen += near_zeros(rng, mpmath.besselyzero, 12)
     chosen += [(n, x) for n in (0, 3, 2.3, 1000, -0.7) for x in logarithmic(rng, 1500, 1e300, 6)]
     chosen += [(n, x) for n in (0, 1, 5) for x in linear(rng, 7.5, 8.5, 5)]
@@ -164,7 +171,7 @@ def rows_I():
 
 def rows_K():
     rng = generator('K')
-    chosen = points(rng, 10, 700, False) + seams((2.5,)) + TURNING
+    chosen = points(rng, 10, 700, False) + seams((2,)) + TURNING
     chosen += [(n, x) for n in (0, 2.3, 100, 1000) for x in (650, 700, 705, 740, 745, 750, 1200)]
     chosen += [(n, x) for n in (0, 1, 31, 32) for x in linear(rng, 8, 10, 3)]
     chosen += [(0, 5e-324), (0.5, 5e-324), (0.9, 5e-324), (1, 1e-300), (1, 5e-324), (2, 1e-200)]

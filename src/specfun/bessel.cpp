@@ -38,23 +38,16 @@ double Finite(Extended value, const char* message) {
     return result;
 }
 
-/// a times b; zero whenever a is, b may be infinite.
-Extended Weighted(Extended a, Extended b) {
-    return a == 0 ? 0 : a * b;
-}
-
 /// J of the order -order, order > 0 not integral, x > 0.
 Extended ReflectedJ(double order, double x) {
     const auto [cosine, sine] = CosineSinePi(order);
-    const auto [j, y] = Oscillating(order, x);
-    return Weighted(cosine, j) - sine * y;
+    return OscillatingSum(order, x, cosine, -sine);
 }
 
 /// Y of the order -order, order > 0, x > 0.
 Extended ReflectedY(double order, double x) {
     const auto [cosine, sine] = CosineSinePi(order);
-    const auto [j, y] = Oscillating(order, x);
-    return Weighted(sine, j) + Weighted(cosine, y);
+    return OscillatingSum(order, x, sine, cosine);
 }
 
 }  // namespace

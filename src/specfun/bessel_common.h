@@ -3,13 +3,9 @@
 // thousand steps of a recurrence, and no intermediate value overflows where the result does not.
 #pragma once
 
-#include <limits>
+#include "specfun/extended.h"
 
 namespace kalvex::specfun {
-
-using Extended = long double;
-static_assert(std::numeric_limits<Extended>::digits >= 64 &&
-              std::numeric_limits<Extended>::max_exponent10 >= 4932);
 
 /// order = whole + part exactly, part in -1/2..1/2. For 0 <= order <= MaxOrder.
 struct SplitOrder {
@@ -23,17 +19,6 @@ struct OrderPair {
     Extended at;
     Extended next;
 };
-
-struct CosineSine {
-    Extended cosine;
-    Extended sine;
-};
-
-/// cos(pi t) and sin(pi t); exact at the multiples of 1/2. |t| up to MaxOrder.
-CosineSine CosineSinePi(Extended t);
-
-/// cos(x) and sin(x) with an absolute error below 2^-62. All finite x.
-CosineSine CosineSineOf(Extended x);
 
 /// x^n, n >= 0.
 Extended IntegerPower(Extended x, int n);

@@ -6,6 +6,7 @@
 // expansions for large order (Debye; DLMF 10.41). The exponential is applied last.
 #include "specfun/bessel_modified.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -16,24 +17,25 @@ namespace {
 
 constexpr Extended kPi = std::numbers::pi_v<Extended>;
 /// Up to this x the series for K; beyond it the exponential is carried apart.
-constexpr Extended kSeriesEnd = 2.5;
+constexpr Extended kSeriesEnd = 2;
 constexpr Extended kNegligible = 0x1p-68L;
+
+/// 1/(2k+1)!
+constexpr auto kSine =
+    Coefficients({Extended{1}, Extended{1} / 6, Extended{1} / 120, Extended{1} / 5040,
+                  Extended{1} / 362880, Extended{1} / 39916800, Extended{1} / 6227020800});
 
 /// sinh(t)/t, where power = exp(t).
 Extended RelativeSine(Extended t, Extended power) {
-    if (std::fabs(t) > 0.3L) return (power - 1 / power) / (2 * t);
-    Extended sum = 1;
-    for (int k = 14; k > 0; k -= 2)
-        sum = 1 + sum * t * t / (k * (k + 1));
-    return sum;
+    return std::fabs(t) > 0.3L ? (power - 1 / power) / (2 * t) : Polynomial(kSine, t * t);
 }
 
 /// K at the orders part and part + 1 for x <= kSeriesEnd.
 OrderPair SeriesK(Extended part, Extended x) {
     const auto [even, odd] = ReciprocalGammaParts(part);
-    const Extended logarithm = std::log(2 / x);
+    const Extended logarithm = -LogOfHalf(static_cast<double>(x));
     const Extended t = part * logarithm;
-    const Extended power = part == 0 ? 1 : std::exp(t);
+    const Extended power = part == 0 ? 1 : ExpOf(t);
     const Extended up = even + part * odd;
     const Extended down = even - part * odd;
     // 1/(up down) is pi part / sin(pi part).
@@ -45,9 +47,10 @@ OrderPair SeriesK(Extended part, Extended x) {
     Extended factor = 1;
     OrderPair sum{f, p};
     for (int k = 1; factor > kNegligible; ++k) {
-        f = (k * f + p + q) / ((k - part) * (k + part));
-        p /= k - part;
-        q /= k + part;
+        const Extended inverse = 1 / ((k - part) * (k + part));
+        f = (k * f + p + q) * inverse;
+        p *= (k + part) * inverse;
+        q *= (k - part) * inverse;
         factor *= quarter / k;
         sum.at += factor * f;
         sum.next += factor * (p - k * f);
@@ -55,25 +58,31 @@ OrderPair SeriesK(Extended part, Extended x) {
     return {sum.at, sum.next * 2 / x};
 }
 
-/// K exp(x) at the orders part and part + 1 for x >= 2. The solution of the recurrence falls like
-/// exp(-2 sqrt(2 n x)), which fixes where to start.
+/// K exp(x) at the orders part and part + 1 for x > kSeriesEnd. What the recurrence gives is at
+/// most 1/(8 x) beside 1 and needs no more than plain doubles. Its solution falls like exp(-2
+/// sqrt(2 n x)), which fixes where to start; it runs on the differences of neighbours, a sum of
+/// positive terms.
 OrderPair ConfluentK(Extended part, Extended x) {
-    const int last = x > 1e6L ? 4 : 6 + TruncateToInt32(static_cast<double>(240 / x));
-    Extended above = 0;
-    Extended value = 1;
-    Extended sum = 1;
-    for (int n = last; n > 1; --n) {
-        const Extended half = n - Extended{0.5};
-        const Extended below =
-            n / ((half - part) * (half + part)) * (2 * (n + x) * value - (n + 1) * above);
-        above = value;
-        value = below;
-        sum += below;
+    const double order = static_cast<double>(part);
+    // Beyond, what comes out vanishes beside 1, and the powers of x must not overflow.
+    const double argument = static_cast<double>(std::min(x, Extended{1e60}));
+    const int last = x > 1e6L ? 4 : 10 + TruncateToInt32(180 / argument);
+    const double factor = (0.5 - order) * (0.5 + order);
+    double value = 1;
+    double sum = 1;
+    double difference = 1;  // from the value one higher
+    for (int k = last; k > 1; --k) {
+        const double n = k;
+        const double inverse = 1 / (n * (n - 1) + factor);
+        const double common = n * (n + 1) * inverse * difference;
+        const double rise = (2 * argument * n - factor) * inverse;
+        difference = common + rise * value;
+        value = common + (1 + rise) * value;
+        sum += value;
     }
-    const Extended first = 2 * ((1 + x) * value - above);
-    const Extended factor = (Extended{0.5} - part) * (Extended{0.5} + part);
-    const Extended at = std::sqrt(kPi / (2 * x)) / (1 + factor * sum / first);
-    return {at, at * (part + Extended{0.5} + x - factor * value / first) / x};
+    const double first = 2 * (difference + argument * value);
+    const Extended at = std::sqrt(kPi / (2 * x)) / (1 + Extended{factor * (sum / first)});
+    return {at, at * (part + Extended{0.5} + x - factor * (value / first)) / x};
 }
 
 /// K exp(x) at the order and the next for x > 2, without the exponential below.
@@ -135,7 +144,7 @@ Extended UpwardI(SplitOrder order, Extended x) {
 
 /// The product of a scaled value and exp(x), in two steps that do not overflow before it does.
 Extended Unscale(Extended value, Extended x) {
-    const Extended half = std::exp(x / 2);
+    const Extended half = ExpOf(x / 2);
     return value * half * half;
 }
 

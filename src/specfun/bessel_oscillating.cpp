@@ -1,7 +1,7 @@
 // Y by recurrence upward from an order within 1/2 of 0, which is stable always. J likewise while
 // the order stays below x. Beyond, J is the vanishing solution: its power series where that does
-// not cancel, else the Wronskian with Y and the ratio of two neighbouring J; for small x all comes
-// out of one recurrence downward.
+// not cancel, else the recurrence downward that starts above the wanted order, or for large x the
+// Wronskian with Y and the ratio of two neighbouring J.
 #include "specfun/bessel_oscillating.h"
 
 #include <cmath>
@@ -12,9 +12,12 @@ namespace {
 
 constexpr Extended kPi = std::numbers::pi_v<Extended>;
 
-/// From here the confluent recurrence is the quicker one, for Y or both and for J alone.
-constexpr Extended kFar = 11;
-constexpr Extended kFarJ = 18;
+/// Up to here the Neumann series for Y; J is always its power series there.
+constexpr Extended kNear = 1.5;
+/// From here Hankel's expansion.
+constexpr Extended kFar = 22;
+/// Up to here Steed's method for J alone of orders above x.
+constexpr Extended kMiddleEnd = 64;
 
 /// The pair some steps of the order higher.
 OrderPair Upward(OrderPair pair, SplitOrder order, Extended x) {
@@ -38,13 +41,19 @@ Extended WronskianJ(double order, Extended x, OrderPair y) {
     return 2 / (kPi * x) / (RatioOfVanishing(order, x, 1) * y.at - y.next);
 }
 
+/// a times b; zero whenever a is, b may be infinite.
+Extended Weighted(Extended a, Extended b) {
+    return a == 0 ? 0 : a * b;
+}
+
 }  // namespace
 
 Extended OscillatingJ(double order, Extended x) {
     const Extended quarter = x * x / 4;
     if (quarter <= order + Extended{1}) return SeriesJ(order, quarter, x);
     const SplitOrder split = Split(order);
-    if (x < kFarJ) return HigherJNear(split.part, x, split.whole);
+    if (x < kFar || (x < order && x < kMiddleEnd))
+        return LowOrdersMiddle(split.part, x, split.whole).higherJ;
     const LowOrders low = LowOrdersFar(split.part, x);
     if (order <= x) return Upward(low.j, split, x).at;
     return WronskianJ(order, x, Upward(low.y, split, x));
@@ -52,22 +61,31 @@ Extended OscillatingJ(double order, Extended x) {
 
 Extended OscillatingY(double order, Extended x) {
     const SplitOrder split = Split(order);
-    const LowOrders low = x < kFar ? LowOrdersNear(split.part, x, 0) : LowOrdersFar(split.part, x);
+    if (x < kNear) return Upward(LowYNear(split.part, x), split, x).at;
+    const LowOrders low =
+        x < kFar ? LowOrdersMiddle(split.part, x, 0) : LowOrdersFar(split.part, x);
     return Upward(low.y, split, x).at;
 }
 
-OscillatingPair Oscillating(double order, Extended x) {
+Extended OscillatingSum(double order, Extended x, Extended ofJ, Extended ofY) {
     const Extended quarter = x * x / 4;
+    if (quarter <= order + Extended{1}) {
+        if (ofY == 0) return ofJ * SeriesJ(order, quarter, x);
+        const Extended y = OscillatingY(order, x);
+        const Extended main = ofY * y;
+        // J is below 1/|Y| here.
+        if (std::fabs(main * y) > 0x1p70L) return main;
+        return main + Weighted(ofJ, SeriesJ(order, quarter, x));
+    }
     const SplitOrder split = Split(order);
-    const bool series = quarter <= order + Extended{1};
-    const bool near = x < kFar;
+    const bool far = x >= kFar;
     const LowOrders low =
-        near ? LowOrdersNear(split.part, x, series ? 0 : split.whole) : LowOrdersFar(split.part, x);
+        far ? LowOrdersFar(split.part, x) : LowOrdersMiddle(split.part, x, split.whole);
     const OrderPair y = Upward(low.y, split, x);
-    if (series) return {SeriesJ(order, quarter, x), y.at};
-    if (near) return {low.higherJ, y.at};
-    if (order <= x) return {Upward(low.j, split, x).at, y.at};
-    return {WronskianJ(order, x, y), y.at};
+    const Extended j = !far         ? low.higherJ
+                       : order <= x ? Upward(low.j, split, x).at
+                                    : WronskianJ(order, x, y);
+    return Weighted(ofJ, j) + Weighted(ofY, y.at);
 }
 
 }  // namespace kalvex::specfun

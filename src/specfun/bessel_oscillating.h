@@ -5,18 +5,13 @@
 
 namespace kalvex::specfun {
 
-/// Both functions at one order.
-struct OscillatingPair {
-    Extended j;  ///< zero where even the extended format underflows
-    Extended y;  ///< minus infinity where even the extended format overflows
-};
-
-/// One of them alone; quicker.
 Extended OscillatingJ(double order, Extended x);
+
+/// Minus infinity where even the extended format overflows.
 Extended OscillatingY(double order, Extended x);
 
-/// Both; where J underflows beyond use it may be zero.
-OscillatingPair Oscillating(double order, Extended x);
+/// ofJ J + ofY Y for coefficients of at most 1.
+Extended OscillatingSum(double order, Extended x, Extended ofJ, Extended ofY);
 
 /// J and Y of an order in -1/2..1/2 and of the next, and J some steps of the order higher.
 struct LowOrders {
@@ -25,13 +20,13 @@ struct LowOrders {
     Extended higherJ;
 };
 
-/// By Neumann series; x up to 20.
-LowOrders LowOrdersNear(Extended part, Extended x, int steps);
+/// Y of an order in -1/2..1/2 and of the next, by Neumann series; x up to 2.
+OrderPair LowYNear(Extended part, Extended x);
 
-/// The member higherJ of it alone.
-Extended HigherJNear(Extended part, Extended x, int steps);
+/// By Steed's method; x from 1 to 64, steps up to x^2/4.
+LowOrders LowOrdersMiddle(Extended part, Extended x, int steps);
 
-/// J and Y by the confluent hypergeometric recurrence, higherJ is 0; x from 5.
+/// By Hankel's expansion, higherJ is 0; x from 22.
 LowOrders LowOrdersFar(Extended part, Extended x);
 
 }  // namespace kalvex::specfun

@@ -99,19 +99,20 @@ double AiryBi(double x);
 ///
 /// First kind. All x for integral orders, x from 0 for others, else it throws "Domain error in
 /// BesselJV"; negative orders that are not integral throw "Overflow in BesselJV" at 0 and where
-/// the value overflows. Power series while x^2/4 <= order + 1 (DLMF 10.2.2); up to x = 18 (11 for
-/// negative orders) Neumann series by downward recurrence (Goldstein and Thaler 1959); beyond,
-/// Temme's confluent recurrence (1975) for an order within 1/2 of 0 and recurrence upward, with
-/// the Wronskian for orders above x.
+/// the value overflows. Power series while x^2/4 <= order + 1 (DLMF 10.2.2); up to x = 22 (64 for
+/// orders above x) Steed's method with Temme's confluent recurrence (1975); beyond, Hankel's
+/// expansion (10.17.5) for an order within 1/2 of 0 and recurrence upward, with the Wronskian for
+/// orders above x. Negative orders by J and Y of the positive one.
 double BesselJ(double order, double x);
 
-/// Second kind. x above 0, else it throws "Domain error in BesselY". Neumann series up to x = 11,
-/// beyond it the confluent recurrence, then upward. Minus infinity (negative orders: plus or
-/// minus) where it overflows.
+/// Second kind. x above 0, else it throws "Domain error in BesselY". For an order within 1/2 of 0
+/// Neumann series up to x = 1.5 (Goldstein and Thaler 1959), Steed's method up to 22 and Hankel's
+/// expansion beyond, then recurrence upward. Minus infinity (negative orders: plus or minus) where
+/// it overflows.
 double BesselY(double order, double x);
 
 /// Modified, second kind. x above 0, else it throws "Domain error in BesselKN"; "Overflow in
-/// BesselKN" where the value overflows. Even in the order. Temme's series up to x = 2.5, his
+/// BesselKN" where the value overflows. Even in the order. Temme's series up to x = 2, his
 /// confluent recurrence beyond, then upward recurrence; above order 1000 the uniform expansion
 /// (DLMF 10.41.4).
 double BesselK(double order, double x);

@@ -20,9 +20,9 @@ constexpr double kUnit = DBL_EPSILON / 2;
 constexpr double kOrders[] = {
     0,    1e-300, 0x1p-33, 0.25,  0.5 - 0x1p-25, 0.5, 0.5 + 0x1p-23,  1,   1.75, 2, 3 - 0x1p-33, 7,
     20.5, 31,     50,      99.25, 150.5,         400, 1000 - 0x1p-30, 1000};
-constexpr double kArguments[] = {1e-8, 0.3,  1.9,  2.49, 2.51,   6,     10.99, 11.01, 17.99,
-                                 18.1, 19.9, 20.1, 24.9, 25.1,   50,    100,   150.5, 399,
-                                 401,  720,  999,  1000, 1001.5, 12345, 1e6};
+constexpr double kArguments[] = {1e-8, 0.3,  1.49, 1.51, 1.99, 2.01,   6,     10.99, 17.99, 19.9,
+                                 20.1, 21.9, 22.1, 63.9, 64.1, 24.9,   25.1,  50,    100,   150.5,
+                                 399,  401,  720,  999,  1000, 1001.5, 12345, 1e6};
 
 // J(n+1) Y(n) - J(n) Y(n+1) = 2/(pi x) (10.5.2).
 TEST(Bessel, WronskianOfJAndY) {
@@ -43,7 +43,7 @@ TEST(Bessel, WronskianOfJAndY) {
 // J(n) J(1-n) + J(-n) J(n-1) = 2 sin(n pi)/(pi x) (10.5.1).
 TEST(Bessel, CrossProductOfReflectedOrders) {
     for (const double n : {0.125, 0.5, 0.75, 2.25, 7.5, 19.875, 60.25}) {
-        for (const double x : {0.3, 1.9, 6.0, 10.99, 11.01, 18.1, 50.0, 401.0}) {
+        for (const double x : {0.3, 1.49, 1.51, 6.0, 10.99, 21.9, 22.1, 50.0, 401.0}) {
             const double first = BesselJ(n, x) * BesselJ(1 - n, x);
             const double second = BesselJ(-n, x) * BesselJ(n - 1, x);
             const double expected = 2 * std::sin(std::remainder(n, 2) * M_PI) / (M_PI * x);
@@ -94,8 +94,8 @@ TEST(Bessel, Recurrences) {
         {"J", BesselJ, 1, 1}, {"Y", BesselY, 1, 1}, {"I", BesselI, -1, 1}, {"K", BesselK, -1, -1}};
     for (const auto& row : rows) {
         for (const double n : {1.0, 1.25, 4.5, 9.0, 10.75, 30.0, 60.5, 500.0}) {
-            for (const double x :
-                 {0.7, 2.4, 2.6, 10.9, 11.1, 17.9, 20.1, 26.0, 63.0, 300.0, 690.0}) {
+            for (const double x : {0.7, 1.4, 1.6, 1.9, 2.1, 10.9, 20.1, 21.9, 22.1, 26.0, 63.0,
+                                   65.0, 300.0, 690.0}) {
                 if (n == 500 && x < 300) continue;
                 const double below = row.f(n - 1, x);
                 const double above = row.f(n + 1, x);
@@ -155,7 +155,7 @@ TEST(Bessel, PublishedValues) {
 // Whole orders are no special case: the functions run smoothly through them.
 TEST(Bessel, NearlyWholeOrders) {
     for (const double n : {0.0, 1.0, 2.0, 7.0, 31.0}) {
-        for (const double x : {0.3, 2.4, 6.0, 10.9, 11.1, 18.1, 60.0}) {
+        for (const double x : {0.3, 1.4, 1.6, 2.4, 6.0, 10.9, 21.9, 22.1, 60.0}) {
             for (const double step : {1e-3, 1e-7, 1e-10, 1e-14}) {
                 for (const auto f : {BesselJ, BesselY, BesselK, BesselI}) {
                     if (n - step < 0 && f != BesselJ && f != BesselY && f != BesselK) continue;
