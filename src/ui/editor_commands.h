@@ -18,7 +18,7 @@ struct EditorState {
     std::function<void()> draw;
     std::function<void()> exit;
     std::function<void(int slot)> choosePointFile;  ///< asks for the file of a line
-    std::function<void(int slot)> setMethodUp;      ///< opens the dialog of the line's method, if any
+    std::function<void(int slot)> setMethodUp;      ///< opens the dialog of its method, if any
 };
 
 /// Runs one command. Commands of a line do nothing without a focused line. False for a number
