@@ -8,6 +8,7 @@
 
 #include "cli/commands.h"
 #include "cli/console.h"
+#include "cli/line_argument.h"
 #include "cli/view_options.h"
 #include "painter/painter.h"
 #include "painter/write_picture.h"
@@ -64,6 +65,7 @@ void AddDrawCommand(CLI::App& tool, ExitStatus& status) {
     command->add_option("LINE", arguments->lines, "TYPE[,KEY=VALUE]...:TEXT")
         ->required()
         ->allow_extra_args();
+    command->footer(LineHelp() + "\n\n" + tool.get_footer());
     command->callback([view, arguments, &status] { status = Run(*view, *arguments); });
 }
 

@@ -121,7 +121,9 @@ ExitStatus Run(Arguments& arguments) {
 }
 
 void AddParameters(CLI::App& command, Arguments& arguments) {
-    command.add_option("--method", arguments.method, "The method, 0 to 12.")
+    command
+        .add_option("--method", arguments.method,
+                    "The method, 0 to 12, in the order of the menu (docs/methods.md).")
         ->required()
         ->type_name("CODE");
     command

@@ -2,6 +2,7 @@
 // line may hold commas, equal signs and further colons.
 #include "cli/line_argument.h"
 
+#include <array>
 #include <limits>
 #include <optional>
 
@@ -25,6 +26,33 @@ std::optional<std::int64_t> ParseColor(std::string_view value) {
         if (value == ToUtf8(kColorTable[i].name)) return static_cast<std::int64_t>(i + 1);
     }
     return ParseWhole(value, 1, static_cast<std::int64_t>(kColorTable.size()));
+}
+
+struct Key {
+    std::string_view name;
+    std::string_view values;
+};
+
+constexpr std::array<Key, 6> kKeys = {{
+    {"color", "1 to 9, Red, Orange, Violet, Green, Blue, Magenta, Cyan, Black or Great"},
+    {"approx", "0 to 12"},
+    {"approx_val", "a whole number"},
+    {"approx_val2", "a whole number"},
+    {"beta1", "a number"},
+    {"beta2", "a number"},
+}};
+
+/// What is wrong with a setting that was not taken: the key, or the value of a known one.
+std::string ProblemWith(std::string_view setting) {
+    const std::string_view name = setting.substr(0, setting.find('='));
+    std::string names;
+    for (const Key& key : kKeys) {
+        if (key.name == name)
+            return std::string(name) + "=" + std::string(key.values) + " expected, got " +
+                   std::string(setting);
+        names += (names.empty() ? "" : ", ") + std::string(key.name);
+    }
+    return "no such setting: " + std::string(setting) + " (there are " + names + ")";
 }
 
 template <typename Field, typename Value>
@@ -68,12 +96,22 @@ LineArgument ParseLineArgument(std::string_view argument, std::int32_t defaultCo
         const std::size_t equals = head[i].find('=');
         if (equals == std::string_view::npos ||
             !ApplyKey(result.entry, head[i].substr(0, equals), head[i].substr(equals + 1))) {
-            result.error = "no such setting: " + std::string(head[i]);
+            result.error = ProblemWith(head[i]);
             return result;
         }
     }
     result.line = ToUtf16(argument.substr(colon + 1));
     return result;
+}
+
+std::string LineHelp() {
+    std::string text =
+        "LINE is TYPE[,KEY=VALUE]...:TEXT. TYPE is polar, decart, parametric, file or implicit,\n"
+        "TEXT as in the window (of a file its path), KEY=VALUE one of\n";
+    for (const Key& key : kKeys)
+        text += "  " + std::string(key.name) + "=VALUE  " + std::string(key.values) + "\n";
+    return text +
+           "approx is the method of a file (docs/methods.md), the four below it its parameters.";
 }
 
 }  // namespace kalvex

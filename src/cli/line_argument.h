@@ -19,4 +19,7 @@ struct LineArgument {
 /// given.
 LineArgument ParseLineArgument(std::string_view argument, std::int32_t defaultColor);
 
+/// The grammar of a line, for the help of the subcommands.
+std::string LineHelp();
+
 }  // namespace kalvex

@@ -7,6 +7,7 @@
 #include "base/encoding.h"
 #include "cli/commands.h"
 #include "cli/console.h"
+#include "cli/line_argument.h"
 #include "cli/view_options.h"
 #include "resources/strings.h"
 
@@ -38,6 +39,7 @@ void AddSamplesCommand(CLI::App& tool, ExitStatus& status) {
     const std::shared_ptr<ViewOptions> view = AddViewOptions(*command);
     const auto line = std::make_shared<std::string>();
     command->add_option("LINE", *line, "TYPE[,KEY=VALUE]...:TEXT")->required();
+    command->footer(LineHelp() + "\n\n" + tool.get_footer());
     command->callback([view, line, &status] { status = Run(*view, *line); });
 }
 

@@ -112,7 +112,7 @@ void AddCurveOptions(CLI::App& command, Options& options) {
         .add_option_function<std::string>(
             "--width",
             [&](const std::string& text) { SetWhole(options.Wight, "--width", text, kLargestPen); },
-            "Pen width of the curves in pixels (default 1).")
+            "Pen width of the curves in pixels (default 1; implicit curves have 1).")
         ->type_name("N");
 }
 

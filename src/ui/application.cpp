@@ -67,9 +67,15 @@ void TellFailures(Application& application) {
     });
 }
 
+/// Where the choice of a line's file starts: where its file is, else in the last folder.
+QString FolderOfLine(const Application& application, int slot) {
+    const QFileInfo file(ToQString(application.workspace.lines[static_cast<std::size_t>(slot)]));
+    return file.isFile() ? file.absolutePath() : application.windowState.folder;
+}
+
 /// Lets the user choose the file of a File line.
 void ChoosePointFile(Application& application, int slot) {
-    OpenPointFileDialog(application.editor.get(), application.windowState.folder,
+    OpenPointFileDialog(application.editor.get(), FolderOfLine(application, slot),
                         [&application, slot](const QString& path) {
                             application.windowState.folder = QFileInfo(path).absolutePath();
                             application.workspace.lines[static_cast<std::size_t>(slot)] =

@@ -52,5 +52,15 @@ TEST(ParseLineArgument, SaysWhatIsWrong) {
         EXPECT_NE(ParseLineArgument(argument, 1).error, "") << argument;
 }
 
+TEST(ParseLineArgument, SaysWhatIsExpected) {
+    EXPECT_EQ(ParseLineArgument("decart,color=Pink:x", 1).error,
+              "color=1 to 9, Red, Orange, Violet, Green, Blue, Magenta, Cyan, Black or Great "
+              "expected, got color=Pink");
+    EXPECT_EQ(ParseLineArgument("decart,colour=Red:x", 1).error,
+              "no such setting: colour=Red (there are color, approx, approx_val, approx_val2, "
+              "beta1, beta2)");
+    EXPECT_NE(LineHelp().find("approx_val2=VALUE"), std::string::npos);
+}
+
 }  // namespace
 }  // namespace kalvex

@@ -1,4 +1,5 @@
 #include <QComboBox>
+#include <QDir>
 #include <QFile>
 #include <QFileDialog>
 
@@ -71,6 +72,19 @@ class PointFileDialogTest final : public QObject {
         program.OpenGraph();
         QCOMPARE(program.Entry(3).points.size(), std::size_t{3});
         QVERIFY(program.Entry(3).text == u"my points");
+    }
+    void StartsWhereTheLinesFileIs() {
+        DialogProgram program;
+        program.Start();
+        program.ClearLines();
+        program.application.windowState.folder = QDir::rootPath();
+        program.ChooseFileType();
+        QCOMPARE(program.dialog->directory().absolutePath(), QDir::rootPath());
+        QTest::keyClick(program.dialog, Qt::Key_Escape);
+        QTRY_VERIFY(!program.dialog);
+        program.Line(3)->setText(program.MakeFile("points.txt"));
+        program.ChooseFileType();
+        QCOMPARE(program.dialog->directory().absolutePath(), program.folder.path());
     }
     void CancelKeepsTheLineButNotTheType() {
         DialogProgram program;
