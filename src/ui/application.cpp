@@ -52,6 +52,17 @@ void AskForPicture(Application& application) {
         });
 }
 
+/// Shows boxes when no picture is being computed: until then nobody could answer them.
+void ShowWhenIdle(Application& application, const std::vector<MessageBox>& boxes, int delay) {
+    constexpr int kRetry = 50;  // milliseconds
+    QTimer::singleShot(delay, application.graphWindow.get(), [&application, boxes] {
+        if (application.graphWindow->Canvas().IsComputing())
+            return ShowWhenIdle(application, boxes, kRetry);
+        for (const MessageBox& box : boxes)
+            application.show(box);
+    });
+}
+
 /// What the methods of the File lines met: lines to standard error at every redraw, boxes once per
 /// Draw, when the picture is on the screen.
 void TellFailures(Application& application) {
@@ -60,11 +71,7 @@ void TellFailures(Application& application) {
     std::fputs(lines.c_str(), stderr);
     if (!std::exchange(application.failuresUntold, false)) return;
     const std::vector<MessageBox> boxes = FailureBoxes(failures);
-    if (boxes.empty()) return;
-    QTimer::singleShot(0, application.graphWindow.get(), [&application, boxes] {
-        for (const MessageBox& box : boxes)
-            application.show(box);
-    });
+    if (!boxes.empty()) ShowWhenIdle(application, boxes, 0);
 }
 
 /// Where the choice of a line's file starts: where its file is, else in the last folder.

@@ -3,7 +3,6 @@
 
 #include <QFileDialog>
 #include <QHeaderView>
-#include <QScreen>
 #include <QTreeView>
 
 namespace kalvex {
@@ -15,8 +14,7 @@ constexpr int kTitle = 40;
 
 }  // namespace
 
-void FitFileDialog(QFileDialog& dialog) {
-    const QSize room = dialog.screen()->availableGeometry().size();
+void FitFileDialog(QFileDialog& dialog, const QSize& room) {
     if (room.width() < kNarrow) {
         if (auto* const places = dialog.findChild<QWidget*>("sidebar")) places->hide();
         if (auto* const files = dialog.findChild<QTreeView*>("treeView")) {

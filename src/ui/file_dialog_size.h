@@ -2,11 +2,12 @@
 #pragma once
 
 class QFileDialog;
+class QSize;
 
 namespace kalvex {
 
-/// Gives a dialog no more than the screen of its parent has; on a narrow one it does without the
-/// places at the side and all columns but the names.
-void FitFileDialog(QFileDialog& dialog);
+/// Gives a dialog no more than the room of a screen; in a narrow one it does without the places at
+/// the side and all columns but the names.
+void FitFileDialog(QFileDialog& dialog, const QSize& room);
 
 }  // namespace kalvex

@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QGuiApplication>
+#include <QScreen>
 #include <QStandardPaths>
 #include <utility>
 
@@ -75,7 +76,7 @@ void OpenSavePictureDialog(QWidget* parent, const QString& folder,
     });
     QObject::connect(dialog, &QFileDialog::fileSelected, dialog,
                      [chosen = std::move(chosen)](const QString& path) { chosen(path); });
-    FitFileDialog(*dialog);
+    FitFileDialog(*dialog, dialog->screen()->availableGeometry().size());
     dialog->open();
 }
 

@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QScreen>
 #include <QUrl>
 #include <utility>
 
@@ -30,7 +31,7 @@ void OpenPointFileDialog(QWidget* parent, const QString& folder,
                      [chosen = std::move(chosen)](const QString& path) {
                          chosen(QDir::toNativeSeparators(path));
                      });
-    FitFileDialog(*dialog);
+    FitFileDialog(*dialog, dialog->screen()->availableGeometry().size());
     dialog->open();
 }
 

@@ -1,5 +1,6 @@
 #include "ui/graph_window.h"
 
+#include <QFile>
 #include <QPaintEvent>
 
 #include "painter/painter.h"
@@ -284,6 +285,47 @@ class GraphWindowTest final : public QObject {
         QVERIFY(OpenedMenu(program.Graph(), "graphMenu") == nullptr);
         QCOMPARE(StopKey(program)->text(), QString("Menu"));
         QCOMPARE(program.Canvas().RedrawCount(), 1);
+    }
+    void EscapeInAnotherWindowStopsASlowCurve() {
+        TestProgram program;
+        StartWith(program, 5, SlowCurve().c_str());
+        QWidget other;
+        other.show();
+        const InTheMiddle middle(program, [&other] {
+            QKeyEvent press(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+            QApplication::sendEvent(other.windowHandle(), &press);
+        });
+        program.Editor().Run(CommandId::Draw);
+        QTRY_VERIFY_WITH_TIMEOUT(program.Canvas().RedrawCount() > 0, 60000);
+        QVERIFY(middle.done && WasStopped(program));
+    }
+    void ABoxWaitsForASlowCurve() {
+        TestProgram program;
+        program.Start();
+        program.ClearLines();
+        const QString path = program.folder.filePath("even.txt");
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("0 1\n1 2\n2 0\n3 1\n");
+        file.close();
+        program.Entry(1).type = 4;
+        program.Entry(1).approx = 9;
+        program.Entry(2).type = 5;
+        program.Entry(1).selected = program.Entry(2).selected = 1;
+        program.Editor().ShowLines();
+        program.Line(1)->setText(path);
+        program.Line(2)->setText(SlowCurve(1).c_str());
+        bool computing = false;
+        program.application.show = [&](const MessageBox&) {
+            computing = computing || program.Canvas().IsComputing();
+            program.shown.boxes->push_back({});
+            return MessageAnswer::Ok;
+        };
+        program.Editor().Run(CommandId::Draw);
+        QTRY_VERIFY_WITH_TIMEOUT(program.Canvas().RedrawCount() > 0, 60000);
+        program.Canvas().ScheduleRedraw();
+        QTRY_COMPARE_WITH_TIMEOUT(program.shown.boxes->size(), std::size_t{1}, 60000);
+        QVERIFY(!computing);
     }
     void InputWaitsForASlowCurve() {
         TestProgram program;

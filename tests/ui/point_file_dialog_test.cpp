@@ -3,6 +3,7 @@
 #include <QFile>
 #include <QFileDialog>
 
+#include "ui/file_dialog_size.h"
 #include "window_fixture.h"
 
 using namespace kalvex;
@@ -85,6 +86,19 @@ class PointFileDialogTest final : public QObject {
         program.Line(3)->setText(program.MakeFile("points.txt"));
         program.ChooseFileType();
         QCOMPARE(program.dialog->directory().absolutePath(), program.folder.path());
+    }
+    void FitsASmallScreen() {
+        for (const QSize& room : {QSize(480, 640), QSize(640, 400), QSize(1280, 800)}) {
+            QFileDialog dialog;
+            dialog.setOption(QFileDialog::DontUseNativeDialog);
+            FitFileDialog(dialog, room);
+            dialog.show();
+            QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+            QVERIFY(dialog.width() <= room.width() && dialog.height() <= room.height());
+            auto* const places = dialog.findChild<QWidget*>("sidebar");
+            QVERIFY(places != nullptr);
+            QCOMPARE(places->isVisible(), room.width() > 700);
+        }
     }
     void CancelKeepsTheLineButNotTheType() {
         DialogProgram program;
