@@ -8,6 +8,8 @@
 #include <limits>
 #include <system_error>
 
+#include "base/encoding.h"
+
 namespace kalvex {
 namespace {
 
@@ -131,6 +133,11 @@ bool IsWholeDecimal(std::u16string_view text) {
 
 std::string FormatFixed(double value, int digitsAfterPoint) {
     return Format(value, std::chars_format::fixed, digitsAfterPoint);
+}
+
+std::u16string FixedText(double value, int digitsAfterPoint) {
+    const double shown = std::isnan(value) ? std::numeric_limits<double>::quiet_NaN() : value;
+    return Widen(FormatFixed(shown, digitsAfterPoint));
 }
 
 std::string FormatGeneral6(double value) {

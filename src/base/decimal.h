@@ -26,6 +26,9 @@ bool IsWholeDecimal(std::u16string_view text);
 /// What printf writes for "%.*f" in the C locale, for every double ("inf", "-nan" included).
 std::string FormatFixed(double value, int digitsAfterPoint = 6);
 
+/// FormatFixed as a text for people: the sign bit of a not-a-number means nothing and is left out.
+std::u16string FixedText(double value, int digitsAfterPoint = 6);
+
 /// What printf writes for "%g" in the C locale: six significant digits.
 std::string FormatGeneral6(double value);
 

@@ -21,6 +21,8 @@ void AddInterpolateCommand(CLI::App& tool, ExitStatus& status);
 void AddPointsCommand(CLI::App& tool, ExitStatus& status);
 void AddSamplesCommand(CLI::App& tool, ExitStatus& status);
 void AddDrawCommand(CLI::App& tool, ExitStatus& status);
+void AddAnalyzeCommand(CLI::App& tool, ExitStatus& status);
+void AddTableCommand(CLI::App& tool, ExitStatus& status);
 
 /// Adds a subcommand with what all of them share: its --version.
 CLI::App* AddCommand(CLI::App& tool, const std::string& name, const std::string& purpose);

@@ -10,8 +10,9 @@ int main(int argc, char** argv) {
     using kalvex::ExitStatus;
 
     std::ios::sync_with_stdio(false);
-    CLI::App tool("Kalvex from the command line: rewrites, checks, evaluates and draws functions.",
-                  "kalvex-cli");
+    CLI::App tool(
+        "Kalvex from the command line: rewrites, checks, evaluates, draws and analyses functions.",
+        "kalvex-cli");
     tool.set_version_flag("--version", "kalvex-cli " KALVEX_VERSION);
     tool.require_subcommand(1);
     tool.footer(
@@ -27,6 +28,8 @@ int main(int argc, char** argv) {
     kalvex::AddPointsCommand(tool, status);
     kalvex::AddSamplesCommand(tool, status);
     kalvex::AddDrawCommand(tool, status);
+    kalvex::AddAnalyzeCommand(tool, status);
+    kalvex::AddTableCommand(tool, status);
     try {
         tool.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

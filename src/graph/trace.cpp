@@ -4,11 +4,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <optional>
 
 #include "base/decimal.h"
-#include "base/encoding.h"
 #include "expr/eval_error.h"
 #include "graph/legend.h"
 #include "resources/strings.h"
@@ -24,11 +22,6 @@ bool HasParameter(const FunctionEntry& entry) {
     return HasType(entry, EquationType::Polar) || HasType(entry, EquationType::Parametric);
 }
 
-/// "%f"; the sign bit of a not-a-number means nothing and is not shown.
-std::u16string NumberOf(double value) {
-    return Widen(FormatFixed(std::isnan(value) ? std::numeric_limits<double>::quiet_NaN() : value));
-}
-
 std::u16string YText(const CurveSample& sample) {
     if (sample.y == UndefinedValue && sample.status != 0) {
         std::u16string title;
@@ -36,7 +29,7 @@ std::u16string YText(const CurveSample& sample) {
         DescribeEvalError(sample.status, title, message, {});
         if (!message.empty()) return message;
     }
-    return FillIn(Text(StringId::TraceY), {NumberOf(sample.y)});
+    return FillIn(Text(StringId::TraceY), {FixedText(sample.y)});
 }
 
 /// Nothing when a value is undefined or the quotient is no finite number.
@@ -51,7 +44,7 @@ std::u16string DerivativeText(const CurveSample* before, const CurveSample& at) 
     const auto slope =
         before != nullptr ? Quotient(at.y, before->y, at.x, before->x) : std::optional<double>{};
     if (!slope) return std::u16string(Text(StringId::TraceDerivativeError));
-    return FillIn(Text(StringId::TraceDerivative), {NumberOf(*slope)});
+    return FillIn(Text(StringId::TraceDerivative), {FixedText(*slope)});
 }
 
 std::u16string DerivativesText(const CurveSample* before, const CurveSample& at) {
@@ -61,7 +54,7 @@ std::u16string DerivativesText(const CurveSample* before, const CurveSample& at)
     const auto ofY = Quotient(at.y, before->y, at.parameter, before->parameter);
     if (!slope || !ofX || !ofY) return std::u16string(Text(StringId::TraceDerivativesError));
     return FillIn(Text(StringId::TraceDerivatives),
-                  {NumberOf(*slope), NumberOf(*ofX), NumberOf(*ofY)});
+                  {FixedText(*slope), FixedText(*ofX), FixedText(*ofY)});
 }
 
 }  // namespace
@@ -116,8 +109,8 @@ std::vector<std::u16string> TraceTexts(const FunctionEntry& entry, std::int32_t 
     const CurveSample* const before = place > 0 ? &entry.samples[place - 1] : nullptr;
     std::vector<std::u16string> texts;
     if (HasParameter(entry))
-        texts.push_back(FillIn(Text(StringId::TraceParameter), {NumberOf(at.parameter)}));
-    texts.push_back(FillIn(Text(StringId::TraceX), {NumberOf(at.x)}));
+        texts.push_back(FillIn(Text(StringId::TraceParameter), {FixedText(at.parameter)}));
+    texts.push_back(FillIn(Text(StringId::TraceX), {FixedText(at.x)}));
     texts.push_back(YText(at));
     if (!withDerivatives) return texts;
     texts.push_back(HasParameter(entry) ? DerivativesText(before, at) : DerivativeText(before, at));

@@ -5,7 +5,7 @@
 #include <QtEndian>
 #include <cstdint>
 
-#include "painter/complete_file.h"
+#include "workspace/complete_file.h"
 
 namespace kalvex {
 namespace {

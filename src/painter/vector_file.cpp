@@ -7,7 +7,7 @@
 #include <QPdfWriter>
 #include <QSvgGenerator>
 
-#include "painter/complete_file.h"
+#include "workspace/complete_file.h"
 #include "painter/vector_play.h"
 
 namespace kalvex {

@@ -17,8 +17,28 @@ struct Entry {
 constexpr Entry kTable[] = {
     {StringId::Title, u"Kalvex"},
     {StringId::PictureAlbumClass, u"HTCAlbumClass"},
+    {StringId::MinimumsPage, u"Minimums"},
+    {StringId::RootsPage, u"Roots"},
+    {StringId::MaximumsPage, u"Maximums"},
+    {StringId::GeneralPage, u"General"},
+    {StringId::NoRoots, u"Roots of %s on the interval (%f,%f) not found.\r\n"},
+    {StringId::RootsHeader, u"The roots of %s\r\non the interval (%f,%f):\r\n"},
+    {StringId::NoMaximums, u"Maximums of %s on the interval (%f,%f) not found.\r\n"},
+    {StringId::MaximumsHeader, u"The maximums of %s\r\non the interval (%f,%f):\r\n"},
+    // KEEP: in both summaries the least value "reaches a maximum" too, and two blanks stand before
+    // the bracket of the minimums.
+    {StringId::SummaryOfText,
+     u"On the interval (%f,%f)\r\n%s has:\r\n  %d roots (See below)\r\n  %d maximums (See "
+     u"below)\r\n  %d minimums  (See below)\r\n\r\n%s reaches a maximum:\r\n  y=%f\r\n%s reaches a "
+     u"maximum:\r\n  y=%f\r\nMean value of function: %f\r\n"},
+    {StringId::RootOfText, u"  x=%f\r\n"},
+    {StringId::MaximumOfText, u"  x=%f  y=%f\r\n"},
+    {StringId::NoMinimums, u"Minimums of %s on the interval (%f,%f) not found.\r\n"},
+    {StringId::MinimumsHeader, u"The minimums of %s\r\non the interval (%f,%f):\r\n"},
+    {StringId::MinimumOfText, u"  x=%f  y=%f\r\n"},
     {StringId::MustChooseFunction,
      u"You must choose function!\n\nTo select the double-tap the function name"},
+    {StringId::AnalysisTitle, u"Analysis function"},
     {StringId::Error, u"Error!"},
     {StringId::ParametricNeedsTwo,
      u"You have entered only one equation, while the parametric type requires two!"},
@@ -35,6 +55,10 @@ constexpr Entry kTable[] = {
     {StringId::NameWithoutBracket, u"After the names of the functions should be '('"},
     {StringId::Success, u"Sucsses!"},
     {StringId::UnknownLexeme, u"There is an unknown lexeme"},
+    {StringId::SummaryOfPages,
+     u"On the interval (%f,%f)\r\n%s has:\r\n  %d roots (See 'Roots Tab')\r\n  %d maximums (See "
+     u"'Maximums Tab')\r\n  %d minimums  (See 'Minimums Tab')\r\n\r\n%s reaches a maximum:\r\n  "
+     u"y=%f\r\n%s reaches a maximum:\r\n  y=%f\r\n\r\nMean value of function: %f"},
     {StringId::SlideToSelect, u"<< Slide to select function >>"},
     {StringId::WrongNumberOfCommas, u"Wrong number of commas"},
     {StringId::CommaPlacement, u"Check the placement of commas"},
@@ -65,6 +89,7 @@ constexpr Entry kTable[] = {
     {StringId::LegDomain,
      u"First argument Leg must be a positive integer, the second should be from the interval "
      u"[-1, 1]"},
+    {StringId::Saved, u"Saved!"},
     {StringId::ErrorInFile, u"Error in file!"},
     {StringId::ManyLines,
      u"The file %s has very many lines, the construction schedule can take a very long time. "
@@ -76,6 +101,9 @@ constexpr Entry kTable[] = {
      u"least 1 and it must less than the number of input points."},
     {StringId::Approx, u"Approx."},
     {StringId::ApproximateWith, u"Data from file %s approximate with %s.\r\n"},
+    {StringId::Integral, u"%s\r\nThe integral of a function %s\r\nin the range of %f to %f is %f"},
+    {StringId::IntegralUndefined,
+     u"%s\r\nThe integral of a function %s\r\nin the range of %f to %f is not defined."},
     {StringId::Warning, u"Warning!"},
     {StringId::TestTitle, u"Test"},
     {StringId::UnknownCodeText, u"RegOpenKeyEx"},
@@ -151,6 +179,11 @@ constexpr Entry kTable[] = {
     {StringId::RightQuadratic, u"the cubic spline should be a quadratic over the last interval"},
     {StringId::RightFirstDerivative, u"the first derivative at the right endpoint should be R"},
     {StringId::RightSecondDerivative, u"the second derivative at the right endpoint should be R"},
+    {StringId::RootOfPage, u"x=%f\r\n"},
+    {StringId::ExtremumOfPage, u"x=%f  y=%f\r\n"},
+    // KEEP: the text and the caption of the box about a file that cannot be written.
+    {StringId::FileErrorText, u"file error"},
+    {StringId::FileErrorCaption, u"endl"},
 };
 
 }  // namespace

@@ -13,7 +13,22 @@ namespace kalvex {
 enum class StringId : std::int32_t {
     Title = 1,
     PictureAlbumClass = 2,
+    MinimumsPage = 3,
+    RootsPage = 4,
+    MaximumsPage = 5,
+    GeneralPage = 6,
+    NoRoots = 7,
+    RootsHeader = 8,
+    NoMaximums = 9,
+    MaximumsHeader = 10,
+    SummaryOfText = 11,
+    RootOfText = 12,
+    MaximumOfText = 13,
+    NoMinimums = 14,
+    MinimumsHeader = 15,
+    MinimumOfText = 16,
     MustChooseFunction = 17,
+    AnalysisTitle = 19,
     Error = 27,
     ParametricNeedsTwo = 31,
     ErrorInFunction = 32,
@@ -28,6 +43,7 @@ enum class StringId : std::int32_t {
     NameWithoutBracket = 41,
     Success = 42,
     UnknownLexeme = 43,
+    SummaryOfPages = 44,
     SlideToSelect = 48,
     WrongNumberOfCommas = 51,
     CommaPlacement = 53,
@@ -50,6 +66,7 @@ enum class StringId : std::int32_t {
     HiDomain = 71,
     LagDomain = 72,
     LegDomain = 73,
+    Saved = 74,
     ErrorInFile = 75,
     ManyLines = 76,
     NoExtrapolation = 77,
@@ -57,6 +74,8 @@ enum class StringId : std::int32_t {
     TooManyTerms = 79,
     Approx = 80,
     ApproximateWith = 81,
+    Integral = 82,
+    IntegralUndefined = 83,
 
     Warning = 1000,
     TestTitle = 1001,
@@ -126,6 +145,12 @@ enum class StringId : std::int32_t {
     RightQuadratic = 1211,
     RightFirstDerivative = 1212,
     RightSecondDerivative = 1213,
+
+    // Reports and exported files.
+    RootOfPage = 1220,
+    ExtremumOfPage = 1221,
+    FileErrorText = 1222,
+    FileErrorCaption = 1223,
 };
 
 /// The text of a number; empty for a number that the table does not hold.

@@ -112,6 +112,13 @@ TEST(Tool, AnswersWrongUsageWithTwo) {
         {"samples", "--quick", "Init", "--window", "1,2,3,4", "decart:x"},
         {"samples", "--max-angle", "5", "polar:1"},
         {"samples", "--grid-kind", "square", "decart:x"},
+        {"analyze"},
+        {"analyze", "--form", "pages", "decart:x"},
+        {"analyze", "implicit:x-y"},
+        {"analyze", "decart:x", "decart:1"},
+        {"table", "decart:x"},
+        {"table", "-o", "table.txt"},
+        {"table", "-o", "table.txt", "implicit:x-y"},
         {"draw", "decart:x"},
         {"draw", "-o", "picture.png"},
         {"draw", "-o", "picture.gif", "decart:x"},
@@ -128,8 +135,8 @@ TEST(Tool, AnswersWrongUsageWithTwo) {
 }
 
 TEST(Tool, ExplainsItself) {
-    for (const char* command :
-         {"", "normalise", "check", "eval", "interpolate", "points", "samples", "draw"}) {
+    for (const char* command : {"", "normalise", "check", "eval", "interpolate", "points",
+                                "samples", "draw", "analyze", "table"}) {
         for (const char* option : {"--help", "--version"}) {
             Arguments arguments = {option};
             if (*command != '\0') arguments.insert(arguments.begin(), command);

@@ -1,5 +1,5 @@
 // QSaveFile writes beside the file and renames; that is why devices must not come to it.
-#include "painter/complete_file.h"
+#include "workspace/complete_file.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -16,6 +16,13 @@ bool WriteCompleteFile(const QString& path, const std::function<bool(QIODevice& 
     QSaveFile file(path);
     file.setDirectWriteFallback(true);
     return file.open(QIODevice::WriteOnly) && write(file) && file.flush() && file.commit();
+}
+
+bool WriteCompleteFile(const QString& path, std::string_view bytes) {
+    return WriteCompleteFile(path, [bytes](QIODevice& file) {
+        const auto size = static_cast<qint64>(bytes.size());
+        return file.write(bytes.data(), size) == size;
+    });
 }
 
 }  // namespace kalvex

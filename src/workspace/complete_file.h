@@ -4,6 +4,7 @@
 #include <QIODevice>
 #include <QString>
 #include <functional>
+#include <string_view>
 
 namespace kalvex {
 
@@ -11,5 +12,8 @@ namespace kalvex {
 /// on the disk. What is no ordinary file (a device, a pipe) is written straight to and never
 /// replaced. False when anything failed; an old file survives then.
 bool WriteCompleteFile(const QString& path, const std::function<bool(QIODevice& file)>& write);
+
+/// The same for bytes that are there.
+bool WriteCompleteFile(const QString& path, std::string_view bytes);
 
 }  // namespace kalvex

@@ -1,0 +1,16 @@
+// Nothing is painted, so no window system and no fonts are needed; texts are measured as empty.
+#include "cli/analyzed_line.h"
+
+#include "analysis/analysis.h"
+#include "cli/commands.h"
+
+namespace kalvex {
+
+bool DrawAnalysable(ViewOptions& view, FunctionList& functions, const std::string& line) {
+    if (!PrepareLines(functions, {line})) return false;
+    if (!CanAnalyse(functions[0])) WrongUsage("LINE", "an implicit curve has no points");
+    DrawOffScreen(view, functions, [](std::u16string_view, std::int32_t) { return TextExtent{}; });
+    return true;
+}
+
+}  // namespace kalvex
