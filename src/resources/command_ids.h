@@ -29,6 +29,12 @@ enum class CommandId : int {
     About = 32791,
     Help = 32867,
     Analyze = 32868,
+
+    // Soft keys of the report.
+    ReportOk = 32870,
+    FunctionToFile = 32913,
+    AnalizFunction = 32914,
+
     File = 32910,
     UnselectAll = 32915,
     LeastSquares = 32919,
@@ -116,6 +122,7 @@ enum class CommandId : int {
     PopupZoomOut,
     SavePictureAs,
     CopyPicture,
+    ReportToFile,
 };
 
 inline constexpr int kMethodCount = 13;

@@ -13,7 +13,7 @@ namespace {
 /// Commands that have no dialog in this version.
 constexpr std::array kWithoutDialog = {
     CommandId::Options,  CommandId::Help,       CommandId::About,
-    CommandId::EditHelp, CommandId::Calculator, CommandId::Analyze,
+    CommandId::EditHelp, CommandId::Calculator,
 };
 
 MenuEntry Separator() {
@@ -142,6 +142,20 @@ Menu FullScreenPopup() {
         {CommandId::PopupZoomOut, u"Zoom Out", {}},
         {CommandId::Help, u"Help", {}},
     };
+}
+
+Menu ExportMenu() {
+    return {
+        {CommandId::FunctionToFile, u"Function to file", {}},
+        // KEEP: the menu word is spelled so.
+        {CommandId::AnalizFunction, u"Analiz function", {}},
+    };
+}
+
+Menu ExportMenuOfPages() {
+    Menu menu = ExportMenu();
+    menu.push_back({CommandId::ReportToFile, u"Report to file", {}});
+    return menu;
 }
 
 bool HasDialog(CommandId id) {

@@ -27,6 +27,12 @@ Menu GraphMenu();
 /// Popup of a held pen in full-screen mode.
 Menu FullScreenPopup();
 
+/// `Export` of a report in a single text.
+Menu ExportMenu();
+
+/// `Export` of a report in pages: the same and an entry of its own.
+Menu ExportMenuOfPages();
+
 /// False for a command that opens a dialog which this version does not have; it is shown disabled.
 bool HasDialog(CommandId id);
 

@@ -11,7 +11,9 @@
 
 #include "graph/approx_failure.h"
 #include "graph/pick.h"
+#include "resources/platform.h"
 #include "resources/strings.h"
+#include "ui/analysis_flow.h"
 #include "ui/draw_flow.h"
 #include "ui/graph_canvas.h"
 #include "ui/picture_export.h"
@@ -97,6 +99,11 @@ GraphActions ActionsOfGraph(Application& application) {
     actions.graphTable = [&application] { ReturnToTable(application); };
     actions.exit = [&application] { ExitApplication(application); };
     actions.show = application.show;
+    actions.analyse = [&application](const FunctionEntry& entry) {
+        OpenAnalysis({application.graphWindow.get(), application.analysis,
+                      application.windowState.folder, application.show, kPlatformType},
+                     entry, application.graph.viewport);
+    };
     actions.redrawn = [&application] { TellFailures(application); };
     actions.savePictureAs = [&application] { AskForPicture(application); };
     actions.copyPicture = [&application] {

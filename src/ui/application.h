@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 
+#include "analysis/analysis.h"
 #include "base/message_box.h"
 #include "graph/graph.h"
 #include "ui/editor_window.h"
@@ -26,6 +27,7 @@ struct Application {
 
     Workspace workspace;
     GraphState graph;
+    AnalysisResult analysis;
     InstanceGuard instance;
     WindowState windowState;
     std::unique_ptr<EditorWindow> editor;

@@ -101,6 +101,7 @@ void GraphWindow::AddShortcuts() {
     addCommand(QKeySequence(Qt::Key_F5), CommandId::GraphTable);
     addCommand(QKeySequence(Qt::Key_F11), CommandId::FullScreen);
     addCommand(QKeySequence(Qt::Key_T), CommandId::Trace);
+    addCommand(QKeySequence(Qt::Key_A), CommandId::Analyze);
 }
 
 void GraphWindow::OpenMenu() {
@@ -158,12 +159,21 @@ bool GraphWindow::RunShellCommand(CommandId command) {
         case CommandId::CopyPicture:
             actions.copyPicture();
             return true;
+        case CommandId::Analyze:
+            Analyse();
+            return true;
         case CommandId::GraphExit:
             actions.exit();
             return true;
         default:
             return false;
     }
+}
+
+void GraphWindow::Analyse() {
+    const FunctionEntry* const traced = TracedFunction(graph, workspace.functions);
+    if (graph.mode != GraphMode::Trace || traced == nullptr || !OffersAnalysis(*traced)) return;
+    actions.analyse(*traced);
 }
 
 bool GraphWindow::RunDialogCommand(CommandId command) {
@@ -234,9 +244,9 @@ void GraphWindow::ShowMode() {
     left.setText(normal ? "Menu" : "Escape");
     left.setToolTip(normal ? "F10" : "Esc");
     right.setText(trace ? "Analyze" : "Trace");
-    right.setToolTip(normal ? "T" : "");
+    right.setToolTip(trace ? "A" : "T");
     right.setVisible(normal || (trace && traced != nullptr && OffersAnalysis(*traced)));
-    right.setEnabled(trace ? HasDialog(CommandId::Analyze) : CanTraceAny(workspace.functions));
+    right.setEnabled(trace || CanTraceAny(workspace.functions));
 }
 
 void GraphWindow::LayOut() {

@@ -21,6 +21,7 @@ struct GraphActions {
     std::function<void()> picture;        ///< runs when the menu has closed
     std::function<void()> savePictureAs;  ///< asks for a file
     std::function<void()> copyPicture;
+    std::function<void(const FunctionEntry&)> analyse;  ///< the traced function
     std::function<void()> exit;
     std::function<void()> redrawn;  ///< a new picture stands
     ShowMessage show;
@@ -55,6 +56,7 @@ class GraphWindow final : public QWidget {
     void Escape();
     void ToggleFullScreen();
     void LeavePick();
+    void Analyse();
     bool RunShellCommand(CommandId command);
     bool RunDialogCommand(CommandId command);
     bool RunPopupCommand(CommandId command);

@@ -5,7 +5,7 @@
 
 namespace kalvex {
 
-/// Menu rows are at least as tall as a touch target; everything else is the system's own.
+/// Menu rows and tabs are at least as tall as a touch target; everything else is the system's own.
 class TouchStyle final : public QProxyStyle {
   public:
     QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,

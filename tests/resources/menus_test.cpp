@@ -47,6 +47,13 @@ TEST(MainMenu, ReadsAsItMust) {
               u"-\nOptions=32790\nHelp=32867\nAbout=32791\n-\nExit=32775\n");
 }
 
+// KEEP row: "Analiz" is spelled so.
+TEST(ExportMenu, ReadsAsItMust) {
+    EXPECT_EQ(Described(ExportMenu()), u"Function to file=32913\nAnaliz function=32914\n");
+    EXPECT_EQ(Described(ExportMenuOfPages()),
+              u"Function to file=32913\nAnaliz function=32914\nReport to file\n");
+}
+
 // KEEP rows: " Factor" begins with a blank, "Standart" is spelled so.
 TEST(GraphMenu, ReadsAsItMust) {
     EXPECT_EQ(Described(GraphMenu()),
@@ -86,7 +93,7 @@ TEST(HasDialog, IsTrueForCommandsThatOpenNone) {
 
 TEST(HasDialog, IsFalseForWhatThisVersionLacks) {
     for (const CommandId id : {CommandId::Options, CommandId::Help, CommandId::About,
-                               CommandId::EditHelp, CommandId::Calculator, CommandId::Analyze}) {
+                               CommandId::EditHelp, CommandId::Calculator}) {
         EXPECT_FALSE(HasDialog(id)) << static_cast<int>(id);
     }
 }

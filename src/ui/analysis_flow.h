@@ -1,0 +1,27 @@
+// `Analyze`: from the traced function to its report and the files that it is exported to.
+#pragma once
+
+#include <QString>
+#include <string_view>
+
+#include "analysis/analysis.h"
+#include "base/message_box.h"
+#include "graph/graph.h"
+
+class QWidget;
+
+namespace kalvex {
+
+struct AnalysisFlow {
+    QWidget* parent;         ///< the window below the report
+    AnalysisResult& result;  ///< filled; its arrays are released when the report closes
+    QString& folder;         ///< where files are saved; follows the user
+    ShowMessage show;
+    std::u16string_view platform;  ///< decides on the form of the report
+};
+
+/// Analyses a function on the samples of the last picture and opens the report; returns at once.
+/// The report and what it exports are a snapshot.
+void OpenAnalysis(const AnalysisFlow& flow, const FunctionEntry& entry, const Viewport& viewport);
+
+}  // namespace kalvex

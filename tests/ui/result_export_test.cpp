@@ -1,0 +1,121 @@
+#include "ui/result_export.h"
+
+#include <sys/resource.h>
+
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <csignal>
+
+#include "window_fixture.h"
+
+using namespace kalvex;
+
+namespace {
+
+QByteArray Contents(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void Write(const QString& path, const QByteArray& bytes) {
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+}
+
+void ExpectFailure(const ShownBoxes& shown) {
+    QCOMPARE(shown.boxes->size(), std::size_t{2});
+    QVERIFY(shown.boxes->front().text == u"file error");
+    QVERIFY(shown.boxes->front().caption == u"endl");
+    QVERIFY(shown.boxes->front().icon == MessageIcon::None);
+    QVERIFY(shown.boxes->back().text == u"Saved!");
+}
+
+}  // namespace
+
+class ResultExportTest final : public QObject {
+    Q_OBJECT
+  private slots:
+    void TheDialog() {
+        QWidget window;
+        QTemporaryDir folder;
+        QString chosen;
+        OpenSaveResultDialog(&window, folder.path(),
+                             [&chosen](const QString& path) { chosen = path; });
+        auto* const dialog = window.findChild<QFileDialog*>("saveResultDialog");
+        QVERIFY(dialog != nullptr);
+        QCOMPARE(dialog->windowTitle(), QString("Save File As"));
+        QCOMPARE(dialog->acceptMode(), QFileDialog::AcceptSave);
+        QCOMPARE(dialog->nameFilters(),
+                 QStringList({"Text (*.txt) (*.txt)", "Kalvex files (*.kx) (*.kx)"}));
+        const auto* const filters = dialog->findChild<QComboBox*>("fileTypeCombo");
+        QCOMPARE(filters->itemText(0), QString("Text (*.txt)"));
+        QCOMPARE(filters->itemText(1), QString("Kalvex files (*.kx)"));
+        QCOMPARE(filters->currentIndex(), 0);
+        QCOMPARE(dialog->defaultSuffix(), QString("txt"));
+        auto* const name = dialog->findChild<QLineEdit*>("fileNameEdit");
+        QCOMPARE(name->text(), QString("result.kx"));
+        QTest::keyClick(name, Qt::Key_Return);
+        QTRY_COMPARE(chosen, folder.filePath("result.kx"));
+    }
+    void ANameWithoutEndingGetsTheDefaultOne() {
+        QWidget window;
+        QTemporaryDir folder;
+        QString chosen;
+        OpenSaveResultDialog(&window, folder.path(),
+                             [&chosen](const QString& path) { chosen = path; });
+        auto* const dialog = window.findChild<QFileDialog*>("saveResultDialog");
+        auto* const name = dialog->findChild<QLineEdit*>("fileNameEdit");
+        name->setText("sine");
+        QTest::keyClick(name, Qt::Key_Return);
+        QTRY_COMPARE(chosen, folder.filePath("sine.txt"));
+    }
+    void ReplacesAnOldFile() {
+        QTemporaryDir folder;
+        for (const char* const name : {"a.txt", "a b.kx", "график ∫.txt", "\U0001D453.txt"}) {
+            ShownBoxes shown;
+            const QString path = folder.filePath(QString::fromUtf8(name));
+            Write(path, QByteArray(10000, 'x'));
+            SaveResult(path, "1 2\n", shown.show);
+            QCOMPARE(Contents(path), QByteArray("1 2\n"));
+            QCOMPARE(shown.boxes->size(), std::size_t{1});
+            QVERIFY(shown.boxes->front().text == u"Saved!");
+            QVERIFY(shown.boxes->front().caption == u"Saved!");
+            QVERIFY(shown.boxes->front().icon == MessageIcon::Information);
+        }
+    }
+    void SaysThatAFileCannotBeMade() {
+        QTemporaryDir folder;
+        QVERIFY(QDir(folder.path()).mkdir("folder.txt"));
+        for (const QString& path : {folder.filePath("folder.txt"), folder.filePath("no/file.txt"),
+                                    QString("/proc/no.txt"), QString("/dev/full"), QString()}) {
+            ShownBoxes shown;
+            SaveResult(path, QByteArray(10000, 'x').toStdString(), shown.show);
+            ExpectFailure(shown);
+        }
+        QVERIFY(QFileInfo(folder.filePath("folder.txt")).isDir());
+        QVERIFY(!QFileInfo("/dev/full").isFile());
+    }
+    void AFullDiskLeavesTheOldFile() {
+        QTemporaryDir folder;
+        ShownBoxes shown;
+        const QString path = folder.filePath("old.txt");
+        Write(path, "good old points\n");
+        // A limit on the size of files stands for the full disk.
+        std::signal(SIGXFSZ, SIG_IGN);
+        rlimit before{};
+        getrlimit(RLIMIT_FSIZE, &before);
+        const rlimit small{4096, before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &small);
+        SaveResult(path, std::string(100000, 'x'), shown.show);
+        setrlimit(RLIMIT_FSIZE, &before);
+        ExpectFailure(shown);
+        QCOMPARE(Contents(path), QByteArray("good old points\n"));
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 1);
+    }
+};
+
+QTEST_MAIN(ResultExportTest)
+#include "result_export_test.moc"
