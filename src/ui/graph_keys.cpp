@@ -69,8 +69,6 @@ std::optional<PictureChange> RunGraphKey(GraphState& state, const FunctionList& 
             return StepGestureByFactors(state, gesture, ZoomDirection::In);
         case Qt::Key_Minus:
             return StepGestureByFactors(state, gesture, ZoomDirection::Out);
-        case Qt::Key_Backspace:
-            return RunExploreCommand(state, functions, CommandId::ZoomPre, show);
         case Qt::Key_Return:
         case Qt::Key_Enter:
         case Qt::Key_Space:

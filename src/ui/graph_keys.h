@@ -17,9 +17,8 @@ struct GraphKey {
 /// Normal mode: arrows pan by a tenth of the window, Home shows the first fixed window. Trace:
 /// left and right step through the samples (Ctrl: ten), Home and End go to the first and last one,
 /// up and down change the function. Picking: arrows move the cursor (Ctrl: ten pixels), Return and
-/// Space pick. Everywhere: + and - zoom by the factors, Backspace shows the window before.
-/// `gesture` belongs to the + and - keys. Nothing for any other key, nor for one that is held down
-/// but an arrow, + or -.
+/// Space pick. Everywhere: + and - zoom by the factors. `gesture` belongs to the + and - keys.
+/// Nothing for any other key, nor for one that is held down but an arrow, + or -.
 std::optional<PictureChange> RunGraphKey(GraphState& state, const FunctionList& functions,
                                          ZoomGesture& gesture, const GraphKey& key,
                                          const ShowMessage& show);

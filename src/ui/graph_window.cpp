@@ -16,6 +16,7 @@
 #include "ui/line_layout.h"
 #include "ui/menu_builder.h"
 #include "ui/qt_text.h"
+#include "ui/short_cut_keys.h"
 #include "ui/touch.h"
 #include "ui/view_dialogs.h"
 #include "ui/window_state.h"
@@ -88,20 +89,10 @@ void GraphWindow::AddShortcuts() {
         shortcut->setAutoRepeat(false);  // a held Escape is one step out, not three
         connect(shortcut, &QShortcut::activated, this, run);
     };
-    const auto addCommand = [this, &add](const QKeySequence& keys, CommandId command) {
-        add(keys, [this, command] { Run(command); });
-    };
     add(QKeySequence(Qt::Key_F10), [this] { OpenMenu(); });
     add(QKeySequence(Qt::ALT | Qt::Key_M), [this] { OpenMenu(); });
     add(QKeySequence(Qt::Key_Escape), [this] { Escape(); });
-    addCommand(QKeySequence(Qt::CTRL | Qt::Key_Q), CommandId::GraphExit);
-    addCommand(QKeySequence(Qt::CTRL | Qt::Key_P), CommandId::Picture);
-    addCommand(QKeySequence(QKeySequence::Save), CommandId::SavePictureAs);
-    addCommand(QKeySequence(QKeySequence::Copy), CommandId::CopyPicture);
-    addCommand(QKeySequence(Qt::Key_F5), CommandId::GraphTable);
-    addCommand(QKeySequence(Qt::Key_F11), CommandId::FullScreen);
-    addCommand(QKeySequence(Qt::Key_T), CommandId::Trace);
-    addCommand(QKeySequence(Qt::Key_A), CommandId::Analyze);
+    AddShortCuts(*this, GraphShortCuts(), [this](CommandId command) { Run(command); });
 }
 
 void GraphWindow::OpenMenu() {
@@ -111,7 +102,8 @@ void GraphWindow::OpenMenu() {
     const auto stateOf = [](const MenuEntry& entry) {
         return MenuItemState{entry.text, IsAlive(entry), false, true};
     };
-    FillMenu(*menu, GraphMenu(), stateOf, [this](CommandId command) { Run(command); });
+    FillMenu(
+        *menu, GraphMenu(), stateOf, [this](CommandId command) { Run(command); }, GraphShortCuts());
     PopUpAbove(*menu, *bar->menuButton());
 }
 
@@ -131,6 +123,7 @@ void GraphWindow::OpenPopup(QPoint at) {
 bool GraphWindow::Run(CommandId command) {
     if (!HasDialog(command)) return false;
     canvas->EndGestures();
+    keyGesture = {};
     const auto change = RunExploreCommand(graph, workspace.functions, command, actions.show);
     if (change) {
         canvas->Apply(*change);
@@ -244,7 +237,7 @@ void GraphWindow::ShowMode() {
     left.setText(normal ? "Menu" : "Escape");
     left.setToolTip(normal ? "F10" : "Esc");
     right.setText(trace ? "Analyze" : "Trace");
-    right.setToolTip(trace ? "A" : "T");
+    right.setToolTip(KeysForTip(GraphShortCuts(), trace ? CommandId::Analyze : CommandId::Trace));
     right.setVisible(normal || (trace && traced != nullptr && OffersAnalysis(*traced)));
     right.setEnabled(trace || CanTraceAny(workspace.functions));
 }

@@ -6,6 +6,7 @@
 #include <QMenu>
 
 #include "ui/qt_text.h"
+#include "ui/short_cut_keys.h"
 
 namespace kalvex {
 namespace {
@@ -17,7 +18,7 @@ QString MenuWord(std::u16string_view text) {
 }  // namespace
 
 void FillMenu(QMenu& menu, const Menu& entries, const StateOfEntry& stateOf,
-              const std::function<void(CommandId)>& run) {
+              const std::function<void(CommandId)>& run, std::span<const ShortCut> keys) {
     for (const MenuEntry& entry : entries) {
         if (entry.id == CommandId::None && entry.text.empty()) {
             menu.addSeparator();
@@ -29,10 +30,11 @@ void FillMenu(QMenu& menu, const Menu& entries, const StateOfEntry& stateOf,
         if (entry.children.empty()) {
             action = menu.addAction(MenuWord(state.text));
             const CommandId id = entry.id;
+            ShowKeys(*action, keys, id);
             QObject::connect(action, &QAction::triggered, &menu, [run, id] { run(id); });
         } else {
             QMenu* const submenu = menu.addMenu(MenuWord(state.text));
-            FillMenu(*submenu, entry.children, stateOf, run);
+            FillMenu(*submenu, entry.children, stateOf, run, keys);
             action = submenu->menuAction();
         }
         action->setData(static_cast<int>(entry.id));

@@ -17,6 +17,7 @@
 #include "ui/bottom_bar.h"
 #include "ui/menu_builder.h"
 #include "ui/qt_text.h"
+#include "ui/short_cut_keys.h"
 #include "ui/touch.h"
 
 namespace kalvex {
@@ -80,7 +81,9 @@ void OpenExportMenu(QDialog* dialog, const QWidget* key, bool paged, const Run& 
     const auto stateOf = [paged](const MenuEntry& entry) {
         return MenuItemState{entry.text, paged, false, true};
     };
-    FillMenu(*menu, paged ? ExportMenuOfPages() : ExportMenu(), stateOf, run);
+    const std::span<const ShortCut> keys = ReportShortCuts();
+    FillMenu(*menu, paged ? ExportMenuOfPages() : ExportMenu(), stateOf, run,
+             paged ? keys : keys.first(0));
     PopUpAbove(*menu, *key);
 }
 
@@ -102,13 +105,10 @@ void AddKeys(QDialog* dialog, bool paged, const ReportActions& actions) {
     QObject::connect(bar->menuButton(), &QPushButton::clicked, dialog,
                      [run] { run(CommandId::ReportOk); });
     QObject::connect(bar->actionButton(), &QPushButton::clicked, dialog, openMenu);
-    const auto add = [dialog](const QKeySequence& keys, const auto& work) {
-        QObject::connect(new QShortcut(keys, dialog), &QShortcut::activated, dialog, work);
-    };
-    add(QKeySequence(Qt::Key_F10), openMenu);
+    auto* const menuKey = new QShortcut(QKeySequence(Qt::Key_F10), dialog);
+    QObject::connect(menuKey, &QShortcut::activated, dialog, openMenu);
     if (!paged) return;
-    add(QKeySequence(Qt::CTRL | Qt::Key_S), [run] { run(CommandId::ReportToFile); });
-    add(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), [run] { run(CommandId::FunctionToFile); });
+    AddShortCuts(*dialog, ReportShortCuts(), run);
 }
 
 QVBoxLayout* MakeColumn(QDialog* dialog) {

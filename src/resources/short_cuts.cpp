@@ -1,0 +1,105 @@
+// The first keys of a command are the ones that menus show. Plain digits and letters are free in
+// the graph; in the editor colours go by Alt, types by Ctrl, each with the digit of its place in
+// the menu, and methods by Ctrl+M and their number in base 13.
+#include "resources/short_cuts.h"
+
+namespace kalvex {
+namespace {
+
+constexpr ShortCut kEditor[] = {
+    {CommandId::Draw, u"F5"},
+    {CommandId::Draw, u"Ctrl+Return"},
+    {CommandId::Draw, u"Ctrl+Enter"},
+    {CommandId::Select, u"Ctrl+Space"},
+    {CommandId::UnselectAll, u"Ctrl+Shift+Space"},
+    {CommandId::Delete, u"Ctrl+D"},
+    {CommandId::Red, u"Alt+1"},
+    {CommandId::Orange, u"Alt+2"},
+    {CommandId::Violet, u"Alt+3"},
+    {CommandId::Green, u"Alt+4"},
+    {CommandId::Blue, u"Alt+5"},
+    {CommandId::Magenta, u"Alt+6"},
+    {CommandId::Cyan, u"Alt+7"},
+    {CommandId::Black, u"Alt+8"},
+    {CommandId::Great, u"Alt+9"},
+    {CommandId::Polar, u"Ctrl+1"},
+    {CommandId::Decart, u"Ctrl+2"},
+    {CommandId::Parametric, u"Ctrl+3"},
+    {CommandId::File, u"Ctrl+4"},
+    {CommandId::Implicit, u"Ctrl+5"},
+    {CommandId::LeastSquares, u"Ctrl+M, 0"},
+    {CommandId::DividedDifferences, u"Ctrl+M, 1"},
+    {CommandId::BSplines, u"Ctrl+M, 2"},
+    {CommandId::BetaSplines, u"Ctrl+M, 3"},
+    {CommandId::OverhauserNonuniform, u"Ctrl+M, 4"},
+    {CommandId::OverhauserUniform, u"Ctrl+M, 5"},
+    {CommandId::Overhauser, u"Ctrl+M, 6"},
+    {CommandId::ConstantSpline, u"Ctrl+M, 7"},
+    {CommandId::LinearSpline, u"Ctrl+M, 8"},
+    {CommandId::QuadraticSpline, u"Ctrl+M, 9"},
+    {CommandId::CubicSpline, u"Ctrl+M, A"},
+    {CommandId::CubicHermite, u"Ctrl+M, B"},
+    {CommandId::Lagrange, u"Ctrl+M, C"},
+    {CommandId::Options, u"Ctrl+,"},
+    {CommandId::Calculator, u"Ctrl+K"},
+    {CommandId::Help, u"F1"},
+    {CommandId::About, u"Shift+F1"},
+    {CommandId::Exit, u"Ctrl+Q"},
+};
+
+constexpr ShortCut kGraph[] = {
+    {CommandId::GraphTable, u"F5"},
+    {CommandId::FullScreen, u"F11"},
+    {CommandId::Trace, u"T"},
+    {CommandId::Analyze, u"A"},
+    {CommandId::ZoomBox, u"B"},
+    {CommandId::ZoomFactor, u"F"},
+    {CommandId::ZoomIn, u"I"},
+    {CommandId::ZoomOut, u"O"},
+    {CommandId::ZoomAuto, u"0"},
+    {CommandId::ZoomPre, u"Backspace"},
+    {CommandId::QuickInit, u"1"},
+    {CommandId::QuickTrig, u"2"},
+    {CommandId::QuickLogX, u"3"},
+    {CommandId::QuickExpX, u"4"},
+    {CommandId::QuickXSquared, u"5"},
+    {CommandId::QuickMinusXSquared, u"6"},
+    {CommandId::QuickStandart, u"7"},
+    {CommandId::ViewWindowDialog, u"W"},
+    {CommandId::Options, u"Ctrl+,"},
+    {CommandId::Calculator, u"Ctrl+K"},
+    {CommandId::Picture, u"Ctrl+P"},
+    {CommandId::SavePictureAs, u"Ctrl+S"},
+    {CommandId::CopyPicture, u"Ctrl+C"},
+    {CommandId::Help, u"F1"},
+    {CommandId::About, u"Shift+F1"},
+    {CommandId::GraphExit, u"Ctrl+Q"},
+};
+
+constexpr ShortCut kReport[] = {
+    {CommandId::FunctionToFile, u"Ctrl+Shift+S"},
+    {CommandId::ReportToFile, u"Ctrl+S"},
+};
+
+}  // namespace
+
+std::span<const ShortCut> EditorShortCuts() {
+    return kEditor;
+}
+
+std::span<const ShortCut> GraphShortCuts() {
+    return kGraph;
+}
+
+std::span<const ShortCut> ReportShortCuts() {
+    return kReport;
+}
+
+std::u16string_view KeysOf(std::span<const ShortCut> table, CommandId command) {
+    for (const ShortCut& shortCut : table) {
+        if (shortCut.command == command) return shortCut.keys;
+    }
+    return {};
+}
+
+}  // namespace kalvex
