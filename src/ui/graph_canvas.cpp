@@ -69,6 +69,8 @@ void GraphCanvas::Apply(PictureChange change) {
     if (change == PictureChange::Curves) ScheduleRedraw();
     if (change == PictureChange::Overlay) update();
     ShowMode();
+    // The picture that stands is described until the new one does.
+    if (change != PictureChange::Curves) Describe();
 }
 
 void GraphCanvas::ShowMode() {
@@ -80,7 +82,6 @@ void GraphCanvas::ShowMode() {
     } else {
         unsetCursor();
     }
-    Describe();
     actions.changed();
 }
 
@@ -104,6 +105,7 @@ void GraphCanvas::Redraw() {
     ++redrawCount;
     update();
     ShowMode();
+    Describe();
     actions.redrawn();
     if (redrawAgain) redrawTimer.start();
 }
@@ -137,7 +139,9 @@ void GraphCanvas::Describe() {
         parts += ToQString(text);
     }
     if (stopped) parts += "Stopped";
-    setAccessibleDescription(parts.join(". "));
+    // Setting it speaks, so the same words are not set again.
+    const QString description = parts.join(". ");
+    if (description != accessibleDescription()) setAccessibleDescription(description);
 }
 
 void GraphCanvas::paintEvent(QPaintEvent*) {

@@ -1,0 +1,82 @@
+// What a screen reader and a keyboard user meet.
+#include <QCoreApplication>
+
+#include "window_fixture.h"
+
+using namespace kalvex;
+
+namespace {
+
+/// Notes each new spoken description of the graph, looking at it between all events.
+class SpokenWords final : public QObject {
+  public:
+    explicit SpokenWords(const QWidget& spoken)
+        : graph(spoken), words{graph.accessibleDescription()} {
+        QCoreApplication::instance()->installEventFilter(this);
+    }
+    /// How often it has changed since the last call.
+    qsizetype Changes() {
+        Note();
+        const qsizetype changes = words.size() - 1;
+        words = {words.back()};
+        return changes;
+    }
+    bool eventFilter(QObject*, QEvent*) override {
+        Note();
+        return false;
+    }
+
+  private:
+    void Note() {
+        if (words.back() != graph.accessibleDescription()) words += graph.accessibleDescription();
+    }
+    const QWidget& graph;
+    QStringList words;
+};
+
+struct SpokenProgram : TestProgram {
+    SpokenProgram() {
+        Start();
+        ClearLines();
+        Entry(1).selected = 1;
+        Line(1)->setText("x^2");
+        OpenGraph();
+        QTest::qWait(30);
+    }
+};
+
+}  // namespace
+
+class AccessibilityTest final : public QObject {
+    Q_OBJECT
+  private slots:
+    void TheGraphSpeaksOncePerRedraw() {
+        SpokenProgram program;
+        SpokenWords spoken(program.Canvas());
+        const int drawn = program.Canvas().RedrawCount();
+        QTest::mousePress(&program.Canvas(), Qt::LeftButton, {}, QPoint(100, 100));
+        for (int step = 1; step <= 20; ++step)
+            QTest::mouseMove(&program.Canvas(), QPoint(100 + step, 100));
+        QTest::mouseRelease(&program.Canvas(), Qt::LeftButton, {}, QPoint(120, 100));
+        QTRY_VERIFY(program.Canvas().RedrawCount() > drawn);
+        QTest::qWait(50);
+        const qsizetype changes = spoken.Changes();
+        QVERIFY(changes >= 1);
+        QVERIFY(changes <= program.Canvas().RedrawCount() - drawn);
+        QVERIFY(program.Canvas().accessibleDescription().startsWith("Y(x)=x^2. x "));
+        program.Canvas().ScheduleRedraw();  // nothing new to say
+        QTest::qWait(50);
+        QCOMPARE(spoken.Changes(), 0);
+    }
+    void TheTraceIsSpoken() {
+        SpokenProgram program;
+        QTest::keyClick(&program.Graph(), Qt::Key_T);
+        SpokenWords spoken(program.Canvas());
+        QTest::keyClick(&program.Graph(), Qt::Key_Right);
+        QCOMPARE(spoken.Changes(), 1);
+        QVERIFY(program.Canvas().accessibleDescription().contains("dy/dx="));
+    }
+};
+
+QTEST_MAIN(AccessibilityTest)
+#include "accessibility_test.moc"
