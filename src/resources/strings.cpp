@@ -59,7 +59,9 @@ constexpr Entry kTable[] = {
      u"On the interval (%f,%f)\r\n%s has:\r\n  %d roots (See 'Roots Tab')\r\n  %d maximums (See "
      u"'Maximums Tab')\r\n  %d minimums  (See 'Minimums Tab')\r\n\r\n%s reaches a maximum:\r\n  "
      u"y=%f\r\n%s reaches a maximum:\r\n  y=%f\r\n\r\nMean value of function: %f"},
+    {StringId::ParameterRange, u"MaxParam must be greater than MinParam!"},
     {StringId::SlideToSelect, u"<< Slide to select function >>"},
+    {StringId::EnterExpression, u"Enter expression here"},
     {StringId::WrongNumberOfCommas, u"Wrong number of commas"},
     {StringId::CommaPlacement, u"Check the placement of commas"},
     {StringId::Select, u"Select"},
@@ -184,6 +186,36 @@ constexpr Entry kTable[] = {
     // KEEP: the text and the caption of the box about a file that cannot be written.
     {StringId::FileErrorText, u"file error"},
     {StringId::FileErrorCaption, u"endl"},
+    // KEEP: "Wight", "parametr" and "mjde" are spelled so.
+    {StringId::OptionLineWidth,
+     u"Wight of graph line:~~You can choose the width of the line graphs of functions"},
+    {StringId::OptionMaxAngle,
+     u"Max angle in polar mode:~~You can choose the value of the maximum angle in the construction "
+     u"of graph of the function in polar coordinates"},
+    {StringId::OptionTextSize,
+     u"Text size:~~You can choose the font size of names of functions on the screen"},
+    {StringId::OptionMinParam,
+     u"Min value of parametr:~~You can choose the minimum value of the parameter in constructing "
+     u"the graph of a function defined parametrically"},
+    {StringId::OptionMaxParam,
+     u"Max value of parametr:~~You can choose the maximum value of the parameter in constructing "
+     u"the graph of a function defined parametrically"},
+    {StringId::OptionColours,
+     u"Colour equ's in Graph Table~~Determine whether function names are displayed color, which is "
+     u"constructed of schedule"},
+    {StringId::OptionShowGroup, u"Show on graph window"},
+    {StringId::OptionLabels,
+     u"Labels~~Determine whether function names are displayed on the screen"},
+    {StringId::OptionCoords,
+     u"Coords~~Determine whether to show the signature of coordinates on the axis on the screen"},
+    {StringId::OptionGrid, u"Grid~~Determine whether to display the grid on the screen"},
+    {StringId::OptionDerivative,
+     u"Deriv.~~Determine whether to show the derivative on the screen in Trace mjde"},
+    {StringId::OptionAxes, u"Axes~~Determine whether to show the coordinate axes on the screen"},
+    {StringId::OptionInterpolation, u"Interpolation type:~~Choose the type of interpolation"},
+    {StringId::OptionPolarGrid, u"Polar grid~~Draw the grid as circles and rays instead of lines"},
+    {StringId::TextSizeFormat, u"%d %s"},
+    {StringId::TextSizeUnit, u"pt"},
 };
 
 }  // namespace

@@ -44,7 +44,9 @@ enum class StringId : std::int32_t {
     Success = 42,
     UnknownLexeme = 43,
     SummaryOfPages = 44,
+    ParameterRange = 45,
     SlideToSelect = 48,
+    EnterExpression = 49,
     WrongNumberOfCommas = 51,
     CommaPlacement = 53,
     Select = 54,
@@ -151,6 +153,23 @@ enum class StringId : std::int32_t {
     ExtremumOfPage = 1221,
     FileErrorText = 1222,
     FileErrorCaption = 1223,
+    // Options dialog: a caption, "~~" and its tip.
+    OptionLineWidth = 1230,
+    OptionMaxAngle = 1231,
+    OptionTextSize = 1232,
+    OptionMinParam = 1233,
+    OptionMaxParam = 1234,
+    OptionColours = 1235,
+    OptionShowGroup = 1236,
+    OptionLabels = 1237,
+    OptionCoords = 1238,
+    OptionGrid = 1239,
+    OptionDerivative = 1240,
+    OptionAxes = 1241,
+    OptionInterpolation = 1242,
+    OptionPolarGrid = 1243,
+    TextSizeFormat = 1244,
+    TextSizeUnit = 1245,
 };
 
 /// The text of a number; empty for a number that the table does not hold.
