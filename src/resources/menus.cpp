@@ -12,8 +12,9 @@ namespace {
 
 /// Commands that have no dialog in this version.
 constexpr std::array kWithoutDialog = {
-    CommandId::Options,  CommandId::Help,       CommandId::About,
-    CommandId::EditHelp, CommandId::Calculator,
+    CommandId::Help,
+    CommandId::About,
+    CommandId::EditHelp,
 };
 
 MenuEntry Separator() {

@@ -14,8 +14,10 @@
 #include "resources/platform.h"
 #include "resources/strings.h"
 #include "ui/analysis_flow.h"
+#include "ui/calculator_dialog.h"
 #include "ui/draw_flow.h"
 #include "ui/graph_canvas.h"
+#include "ui/options_dialog.h"
 #include "ui/picture_export.h"
 #include "ui/point_file_dialog.h"
 #include "ui/qt_text.h"
@@ -94,10 +96,26 @@ void ChoosePointFile(Application& application, int slot) {
                         });
 }
 
+/// The Options dialog; what it saves shows at once, in the lines and in an open graph.
+void OpenOptions(Application& application) {
+    OpenOptionsDialog(VisibleWindow(application), application.workspace.options,
+                      application.registry, application.show, [&application] {
+                          application.editor->ShowLines();
+                          if (VisibleWindow(application) == application.graphWindow.get())
+                              application.graphWindow->Canvas().ScheduleRedraw();
+                      });
+}
+
+void ShowCalculator(Application& application) {
+    OpenCalculator(VisibleWindow(application), application.calculated, application.show);
+}
+
 GraphActions ActionsOfGraph(Application& application) {
     GraphActions actions;
     actions.graphTable = [&application] { ReturnToTable(application); };
     actions.exit = [&application] { ExitApplication(application); };
+    actions.openOptions = [&application] { OpenOptions(application); };
+    actions.openCalculator = [&application] { ShowCalculator(application); };
     actions.show = application.show;
     actions.analyse = [&application](const FunctionEntry& entry) {
         OpenAnalysis({application.graphWindow.get(), application.analysis,
@@ -141,6 +159,8 @@ void StartApplication(Application& application) {
     actions.draw = [&application] { DrawFunctions(application); };
     actions.exit = [&application] { ExitApplication(application); };
     actions.choosePointFile = [&application](int slot) { ChoosePointFile(application, slot); };
+    actions.openOptions = [&application] { OpenOptions(application); };
+    actions.openCalculator = [&application] { ShowCalculator(application); };
     actions.show = application.show;
     application.editor = std::make_unique<EditorWindow>(application.workspace, std::move(actions));
     ApplyWindowState(*application.editor, application.windowState);

@@ -12,6 +12,7 @@
 #include "ui/graph_window.h"
 #include "ui/single_instance.h"
 #include "ui/window_state.h"
+#include "workspace/calculator_history.h"
 #include "workspace/registry.h"
 #include "workspace/workspace.h"
 
@@ -30,6 +31,7 @@ struct Application {
     AnalysisResult analysis;
     InstanceGuard instance;
     WindowState windowState;
+    CalculatorHistory calculated;
     std::unique_ptr<EditorWindow> editor;
     std::unique_ptr<GraphWindow> graphWindow;
     bool loaded = false;          ///< the workspace holds what the store has

@@ -62,6 +62,10 @@ bool RunCommand(EditorState& state, CommandId command) {
         state.draw();
     } else if (command == CommandId::Exit) {
         state.exit();
+    } else if (command == CommandId::Options) {
+        state.openOptions();
+    } else if (command == CommandId::Calculator) {
+        state.openCalculator();
     } else if (command == CommandId::UnselectAll) {
         UnselectAll(state.workspace.functions);
         state.showLines();

@@ -19,6 +19,8 @@ struct EditorState {
     std::function<void()> exit;
     std::function<void(int slot)> choosePointFile;  ///< asks for the file of a line
     std::function<void(int slot)> setMethodUp;      ///< opens the dialog of its method, if any
+    std::function<void()> openOptions;
+    std::function<void()> openCalculator;
 };
 
 /// Runs one command. Commands of a line do nothing without a focused line. False for a number

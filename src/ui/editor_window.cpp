@@ -35,7 +35,9 @@ std::size_t Index(int slot) {
 }  // namespace
 
 EditorWindow::EditorWindow(Workspace& shown, EditorActions actions)
-    : workspace(shown), state{shown, {}, false, {}, {}, {}, {}, {}}, menuState(InitialMainMenu()) {
+    : workspace(shown),
+      state{shown, {}, false, {}, {}, {}, {}, {}, {}, {}},
+      menuState(InitialMainMenu()) {
     setWindowTitle("Kalvex");
     setObjectName("editor");
     setMinimumSize(kLeastWidth, LeastLineAreaHeight() + kBottomBarHeight);
@@ -43,6 +45,8 @@ EditorWindow::EditorWindow(Workspace& shown, EditorActions actions)
     state.draw = std::move(actions.draw);
     state.exit = std::move(actions.exit);
     state.choosePointFile = std::move(actions.choosePointFile);
+    state.openOptions = std::move(actions.openOptions);
+    state.openCalculator = std::move(actions.openCalculator);
     state.setMethodUp = [this, show = std::move(actions.show)](int slot) {
         OpenMethodDialog(this, workspace.functions[Index(slot)], show);
     };
@@ -95,6 +99,8 @@ void EditorWindow::AddShortcuts() {
     }
     add(QKeySequence(Qt::CTRL | Qt::Key_Space), [this] { Run(CommandId::Select); });
     add(QKeySequence(Qt::CTRL | Qt::Key_Q), [this] { Run(CommandId::Exit); });
+    add(QKeySequence(Qt::CTRL | Qt::Key_Comma), [this] { Run(CommandId::Options); });
+    add(QKeySequence(Qt::Key_F9), [this] { Run(CommandId::Calculator); });
     add(QKeySequence(Qt::Key_F10), [this] { OpenMenu(); });
     add(QKeySequence(Qt::ALT | Qt::Key_M), [this] { OpenMenu(); });
 }

@@ -24,6 +24,8 @@ struct EditorActions {
     std::function<void()> draw;
     std::function<void()> exit;  ///< `Exit` and the close button
     std::function<void(int slot)> choosePointFile;
+    std::function<void()> openOptions;
+    std::function<void()> openCalculator;
     ShowMessage show;
 };
 

@@ -7,6 +7,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 #include "ui/bottom_bar.h"
@@ -15,56 +18,72 @@
 namespace kalvex {
 namespace {
 
-constexpr int kLeastDialogWidth = 320;
+constexpr int kLeastDialogWidth = 320;  // on a screen that has as much
 constexpr int kMargin = 16;
+constexpr int kNarrowMargin = 8;
 constexpr int kGap = 10;
+constexpr int kTitleHeight = 36;  // what a window manager may put above
 
 }  // namespace
 
-FormDialog::FormDialog(const QString& title, QWidget* parent) : QDialog(parent) {
+FormDialog::FormDialog(const QString& title, QWidget* parent, const QString& saveWord)
+    : QDialog(parent) {
     setWindowTitle(title);
     setModal(true);
-    setMinimumWidth(kLeastDialogWidth);
+    const int room = screen()->availableGeometry().width();
+    const int margin = room < kLeastDialogWidth ? kNarrowMargin : kMargin;
+    setMinimumWidth(qMin(kLeastDialogWidth, room));
     auto* const whole = new QVBoxLayout(this);
     whole->setContentsMargins(0, 0, 0, 0);
     whole->setSpacing(0);
-    column = new QVBoxLayout;
-    column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    page = new QWidget(this);
+    column = new QVBoxLayout(page);
+    column->setContentsMargins(margin, margin, margin, margin);
     column->setSpacing(kGap);
     form = new QFormLayout;
     form->setSpacing(kGap);
     form->setLabelAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     column->addLayout(form);
-    whole->addLayout(column);
-    AddKeys();
+    whole->addWidget(page);
+    AddKeys(saveWord);
 }
 
-void FormDialog::AddKeys() {
-    auto* const bar = new BottomBar("Save", "Cancel", this);
-    bar->menuButton()->setObjectName("saveKey");
-    bar->actionButton()->setObjectName("cancelKey");
-    bar->menuButton()->setDefault(true);
-    bar->actionButton()->setAutoDefault(false);
-    for (QPushButton* const key : {bar->menuButton(), bar->actionButton()})
+void FormDialog::AddKeys(const QString& saveWord) {
+    auto* const bar = new BottomBar(saveWord, "Cancel", this);
+    saveKey = bar->menuButton();
+    cancelKey = bar->actionButton();
+    saveKey->setObjectName("saveKey");
+    cancelKey->setObjectName("cancelKey");
+    saveKey->setDefault(true);
+    cancelKey->setAutoDefault(false);
+    for (QPushButton* const key : {saveKey, cancelKey})
         key->setFocusPolicy(Qt::StrongFocus);
-    connect(bar->menuButton(), &QPushButton::clicked, this, [this] {
+    connect(saveKey, &QPushButton::clicked, this, [this] {
         if (!save || save()) accept();
     });
-    connect(bar->actionButton(), &QPushButton::clicked, this, &QDialog::reject);
+    connect(cancelKey, &QPushButton::clicked, this, &QDialog::reject);
     layout()->addWidget(bar);
+}
+
+void FormDialog::AddPair(QLabel* caption, QWidget* field) {
+    caption->setMinimumHeight(kTouchTarget);
+    field->setMinimumHeight(kTouchTarget);
+    form->addRow(caption, field);
+}
+
+void FormDialog::AddWide(QWidget* field) {
+    form->addRow(field);
 }
 
 void FormDialog::AddRow(const QString& label, QWidget* field, const QString& tip) {
     auto* const caption = new QLabel(label, this);
-    caption->setMinimumHeight(kTouchTarget);
     caption->setBuddy(field);
     caption->setToolTip(tip);
-    field->setMinimumHeight(kTouchTarget);
     field->setToolTip(tip);
     field->setAccessibleName(QString(label).remove(':'));
     field->setAccessibleDescription(tip);
-    form->addRow(caption, field);
+    AddPair(caption, field);
 }
 
 QLineEdit* FormDialog::AddText(const QString& label, const QString& text, const QString& tip) {
@@ -98,8 +117,26 @@ QLabel* FormDialog::AddMeaning() {
     return meaning;
 }
 
+void FormDialog::FitInto(int room) {
+    const int needed = layout()->totalMinimumSize().height();
+    if (needed <= room) return;
+    auto* const area = new QScrollArea(this);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setWidgetResizable(true);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setMinimumWidth(page->minimumSizeHint().width() +
+                          area->verticalScrollBar()->sizeHint().width());
+    delete layout()->replaceWidget(page, area);
+    area->setWidget(page);
+    resize(sizeHint().width(), room);
+}
+
 void FormDialog::OpenOverParent() {
+    FitInto(screen()->availableGeometry().height() - kTitleHeight);
     setAttribute(Qt::WA_DeleteOnClose);
+    // Window managers do this, but not every screen has one.
+    connect(this, &QDialog::finished, parentWidget(), &QWidget::activateWindow);
     open();
 }
 

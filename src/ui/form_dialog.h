@@ -10,32 +10,45 @@ class QComboBox;
 class QFormLayout;
 class QLabel;
 class QLineEdit;
+class QPushButton;
 class QVBoxLayout;
 
 namespace kalvex {
 
-/// "Save" (Enter) asks `save` and closes when it says true; "Cancel" and Escape close. As wide as
-/// its fields need, whatever the window below measures.
+/// "Save" (Enter; another word where that fits better) asks `save` and closes when it says true;
+/// "Cancel" and Escape close. As wide as its fields need, whatever the window below measures.
 class FormDialog final : public QDialog {
   public:
-    FormDialog(const QString& title, QWidget* parent);
+    FormDialog(const QString& title, QWidget* parent, const QString& saveWord = "Save");
 
     QLineEdit* AddText(const QString& label, const QString& text, const QString& tip = {});
     QComboBox* AddChoice(const QString& label, const QStringList& entries, int index,
                          const QString& tip = {});
+    /// A caption of its own kind in front of a field.
+    void AddPair(QLabel* caption, QWidget* field);
+    /// A field as wide as the form.
+    void AddWide(QWidget* field);
     /// A paragraph above the fields.
     void AddNote(const QString& text);
     /// An empty line of text under the field that was added last, for what it means at the moment.
     QLabel* AddMeaning();
-    /// Opens it over its parent and returns at once; it is deleted when it closes.
+    /// Lets the fields scroll where they are higher than a room (logical pixels); the keys stay.
+    void FitInto(int room);
+    /// Opens it over its parent, no higher than the screen, and returns at once; it is deleted when
+    /// it closes.
     void OpenOverParent();
+    QPushButton* SaveKey() const { return saveKey; }
+    QPushButton* CancelKey() const { return cancelKey; }
 
     std::function<bool()> save;
 
   private:
     void AddRow(const QString& label, QWidget* field, const QString& tip);
-    void AddKeys();
+    void AddKeys(const QString& saveWord);
 
+    QPushButton* saveKey = nullptr;
+    QPushButton* cancelKey = nullptr;
+    QWidget* page;
     QVBoxLayout* column;
     QFormLayout* form;
 };

@@ -155,6 +155,13 @@ bool GraphWindow::RunShellCommand(CommandId command) {
         case CommandId::Analyze:
             Analyse();
             return true;
+        case CommandId::Options:
+            LeavePick();
+            actions.openOptions();
+            return true;
+        case CommandId::Calculator:
+            actions.openCalculator();
+            return true;
         case CommandId::GraphExit:
             actions.exit();
             return true;

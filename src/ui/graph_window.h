@@ -22,6 +22,8 @@ struct GraphActions {
     std::function<void()> savePictureAs;  ///< asks for a file
     std::function<void()> copyPicture;
     std::function<void(const FunctionEntry&)> analyse;  ///< the traced function
+    std::function<void()> openOptions;
+    std::function<void()> openCalculator;
     std::function<void()> exit;
     std::function<void()> redrawn;  ///< a new picture stands
     ShowMessage show;

@@ -86,14 +86,14 @@ TEST(HasDialog, IsTrueForCommandsThatOpenNone) {
          {CommandId::Select, CommandId::Draw, CommandId::Exit, CommandId::Red, CommandId::Implicit,
           CommandId::DividedDifferences, CommandId::ZoomAuto, CommandId::Picture, CommandId::File,
           CommandId::LeastSquares, CommandId::BetaSplines, CommandId::CubicSpline,
-          CommandId::ZoomFactor, CommandId::ViewWindowDialog}) {
+          CommandId::ZoomFactor, CommandId::ViewWindowDialog, CommandId::Options,
+          CommandId::Calculator}) {
         EXPECT_TRUE(HasDialog(id)) << static_cast<int>(id);
     }
 }
 
 TEST(HasDialog, IsFalseForWhatThisVersionLacks) {
-    for (const CommandId id : {CommandId::Options, CommandId::Help, CommandId::About,
-                               CommandId::EditHelp, CommandId::Calculator}) {
+    for (const CommandId id : {CommandId::Help, CommandId::About, CommandId::EditHelp}) {
         EXPECT_FALSE(HasDialog(id)) << static_cast<int>(id);
     }
 }

@@ -13,7 +13,9 @@ struct Bench {
     int exits = 0;
     std::vector<int> filesAsked;
     std::vector<int> methodsSetUp;
-    EditorState state{workspace, {}, false, {}, {}, {}, {}, {}};
+    int options = 0;
+    int calculators = 0;
+    EditorState state{workspace, {}, false, {}, {}, {}, {}, {}, {}, {}};
 
     Bench() {
         state.showLines = [this] { ++shows; };
@@ -21,6 +23,8 @@ struct Bench {
         state.exit = [this] { ++exits; };
         state.choosePointFile = [this](int slot) { filesAsked.push_back(slot); };
         state.setMethodUp = [this](int slot) { methodsSetUp.push_back(slot); };
+        state.openOptions = [this] { ++options; };
+        state.openCalculator = [this] { ++calculators; };
     }
     bool Run(int slot, CommandId command) {
         state.slot = slot;
@@ -110,10 +114,14 @@ class EditorCommandsTest final : public QObject {
         Bench bench;
         QVERIFY(RunCommand(bench.state, CommandId::Draw));
         QVERIFY(RunCommand(bench.state, CommandId::Exit));
+        QVERIFY(RunCommand(bench.state, CommandId::Options));
+        QVERIFY(RunCommand(bench.state, CommandId::Calculator));
         QCOMPARE(bench.draws, 1);
         QCOMPARE(bench.exits, 1);
-        for (const CommandId command : {CommandId::None, CommandId::GraphTable, CommandId::Options,
-                                        CommandId::Help, CommandId::InsertSin}) {
+        QCOMPARE(bench.options, 1);
+        QCOMPARE(bench.calculators, 1);
+        for (const CommandId command :
+             {CommandId::None, CommandId::GraphTable, CommandId::Help, CommandId::InsertSin}) {
             QVERIFY(!bench.Run(0, command));
         }
     }

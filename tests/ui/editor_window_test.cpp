@@ -197,7 +197,7 @@ class EditorWindowTest final : public QObject {
         QVERIFY(!ActionOf(*menu, CommandId::Decart)->isChecked());
         QVERIFY(!ActionOf(*menu, CommandId::Delete)->isEnabled());
         QVERIFY(!ActionOf(*menu, CommandId::UnselectAll)->isEnabled());
-        QVERIFY(!ActionOf(*menu, CommandId::Options)->isEnabled());
+        QVERIFY(ActionOf(*menu, CommandId::Options)->isEnabled());
         QVERIFY(ActionOf(*menu, CommandId::ApproxTypeMenu) == nullptr);
         menu->close();
         program.Entry(1).type = 4;

@@ -128,11 +128,11 @@ class GraphWindowTest final : public QObject {
              {CommandId::GraphTable, CommandId::FullScreen, CommandId::ViewWindowDialog,
               CommandId::ZoomBox, CommandId::ZoomFactor, CommandId::ZoomIn, CommandId::ZoomAuto,
               CommandId::QuickTrig, CommandId::Picture, CommandId::GraphExit,
-              CommandId::SavePictureAs, CommandId::CopyPicture}) {
+              CommandId::SavePictureAs, CommandId::CopyPicture, CommandId::Options,
+              CommandId::Calculator}) {
             QVERIFY(ActionOf(*menu, command)->isEnabled());
         }
-        for (const CommandId command :
-             {CommandId::Options, CommandId::Calculator, CommandId::Help, CommandId::About}) {
+        for (const CommandId command : {CommandId::Help, CommandId::About}) {
             QVERIFY(!ActionOf(*menu, command)->isEnabled());
         }
         QCOMPARE(ActionOf(*menu, CommandId::FullScreen)->text(), QString("Full Screen (#)"));
@@ -266,6 +266,27 @@ class GraphWindowTest final : public QObject {
             QVERIFY(!program.Canvas().IsComputing());
             QTRY_COMPARE(program.Graph().isVisible(), stays);
             QCOMPARE(program.Canvas().RedrawCount(), 1);
+        }
+    }
+    void ADialogOpensBehindASlowCurve() {
+        const struct {
+            Qt::Key key;
+            Qt::KeyboardModifiers modifiers;
+            const char* name;
+        } rows[] = {{Qt::Key_Comma, Qt::ControlModifier, "optionsDialog"},
+                    {Qt::Key_F9, Qt::NoModifier, "calculatorDialog"}};
+        for (const auto& row : rows) {
+            TestProgram program;
+            StartWith(program, 5, SlowCurve().c_str());
+            const InTheMiddle middle(program, [&] {
+                QTest::keyClick(program.Graph().windowHandle(), row.key, row.modifiers);
+                QVERIFY(program.Canvas().IsComputing());
+                QVERIFY(program.Graph().findChild<QWidget*>(row.name) == nullptr);
+            });
+            program.OpenGraph();
+            QVERIFY(middle.done && WasStopped(program));
+            QTRY_VERIFY(program.Graph().findChild<QWidget*>(row.name) != nullptr);
+            QVERIFY(!program.Canvas().IsComputing());
         }
     }
     void ThePenStopsASlowCurve() {
