@@ -70,7 +70,7 @@ void GraphCanvas::Apply(PictureChange change) {
     if (change == PictureChange::Overlay) update();
     ShowMode();
     // The picture that stands is described until the new one does.
-    if (change != PictureChange::Curves) Describe();
+    if (change != PictureChange::Curves && !redrawTimer.isActive()) Describe();
 }
 
 void GraphCanvas::ShowMode() {
