@@ -213,7 +213,8 @@ constexpr Entry kTable[] = {
      u"Deriv.~~Determine whether to show the derivative on the screen in Trace mjde"},
     {StringId::OptionAxes, u"Axes~~Determine whether to show the coordinate axes on the screen"},
     {StringId::OptionInterpolation, u"Interpolation type:~~Choose the type of interpolation"},
-    {StringId::OptionPolarGrid, u"Polar grid~~Draw the grid as circles and rays instead of lines"},
+    {StringId::OptionPolarGrid,
+     u"Polar grid~~Draw the grid as circles about the origin instead of lines"},
     {StringId::TextSizeFormat, u"%d %s"},
     {StringId::TextSizeUnit, u"pt"},
 };

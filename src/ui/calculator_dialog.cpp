@@ -48,6 +48,7 @@ QLabel* AddDetail(FormDialog& dialog) {
     detail->setObjectName("detail");
     detail->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     detail->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    detail->setFocusPolicy(Qt::NoFocus);
     QFont small = detail->font();
     small.setPointSizeF(small.pointSizeF() * 0.9);
     detail->setFont(small);

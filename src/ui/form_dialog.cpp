@@ -56,7 +56,7 @@ void FormDialog::AddKeys(const QString& saveWord) {
     saveKey->setObjectName("saveKey");
     cancelKey->setObjectName("cancelKey");
     saveKey->setDefault(true);
-    cancelKey->setAutoDefault(false);
+    cancelKey->setAutoDefault(true);  // Enter presses it while it has the focus
     for (QPushButton* const key : {saveKey, cancelKey})
         key->setFocusPolicy(Qt::StrongFocus);
     connect(saveKey, &QPushButton::clicked, this, [this] {

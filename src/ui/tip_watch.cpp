@@ -51,7 +51,7 @@ void TipWatch::AddField(QWidget* watched) {
 void TipWatch::Show() {
     QRect place = OnScreen(*control);
     if (field) place = place.united(OnScreen(*field));
-    TipWindow::Of(control)->ShowBeside(place, control->toolTip(), this);
+    TipWindow::ShowFor(this, *control, place, control->toolTip());
 }
 
 void TipWatch::Focus(QEvent* event) {
@@ -60,7 +60,7 @@ void TipWatch::Focus(QEvent* event) {
         focusTimer.start();
     } else {
         focusTimer.stop();
-        if (!in) TipWindow::Of(control)->HideFor(this);
+        if (!in) TipWindow::HideFor(this, *control);
     }
 }
 
@@ -94,7 +94,7 @@ bool TipWatch::eventFilter(QObject* receiver, QEvent* event) {
             Show();
             return true;
         case QEvent::Leave:
-            if (hovering) TipWindow::Of(control)->HideFor(this);
+            if (hovering) TipWindow::HideFor(this, *control);
             hovering = false;
             return false;
         case QEvent::FocusIn:

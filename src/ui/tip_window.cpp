@@ -38,6 +38,11 @@ bool EndsTip(QEvent::Type type) {
     }
 }
 
+/// The tip window of the dialog that a control is in; null as long as no tip was shown there.
+TipWindow* WindowOf(const QWidget& control) {
+    return dynamic_cast<TipWindow*>(control.window()->findChild<QLabel*>("tipWindow"));
+}
+
 }  // namespace
 
 QRect TipPlace(const QRect& control, const QSize& tip, const QRect& screen) {
@@ -50,10 +55,17 @@ QRect TipPlace(const QRect& control, const QSize& tip, const QRect& screen) {
     return {QPoint(left, top), tip};
 }
 
-TipWindow* TipWindow::Of(const QWidget* control) {
-    QWidget* const dialog = control->window();
-    auto* window = dynamic_cast<TipWindow*>(dialog->findChild<QLabel*>("tipWindow"));
-    return window != nullptr ? window : new TipWindow(dialog);
+void TipWindow::ShowFor(const QObject* somebody, const QWidget& control, const QRect& place,
+                        const QString& tip) {
+    TipWindow* window = WindowOf(control);
+    if (window == nullptr) window = new TipWindow(control.window());
+    window->shownFor = somebody;
+    window->ShowBeside(place, tip);
+}
+
+void TipWindow::HideFor(const QObject* somebody, const QWidget& control) {
+    TipWindow* const window = WindowOf(control);
+    if (window != nullptr && window->shownFor == somebody) window->hide();
 }
 
 TipWindow::TipWindow(QWidget* dialog) : QLabel(dialog, Qt::ToolTip) {
@@ -71,17 +83,12 @@ TipWindow::TipWindow(QWidget* dialog) : QLabel(dialog, Qt::ToolTip) {
     connect(&fallAsleep, &QTimer::timeout, this, &QWidget::hide);
 }
 
-void TipWindow::ShowBeside(const QRect& control, const QString& tip, const QObject* somebody) {
+void TipWindow::ShowBeside(const QRect& place, const QString& tip) {
     const QRect screen = parentWidget()->screen()->availableGeometry();
-    shownFor = somebody;
     setText(tip);
-    setGeometry(TipPlace(control, SizeOf(*this, screen), screen));
+    setGeometry(TipPlace(place, SizeOf(*this, screen), screen));
     fallAsleep.start(style()->styleHint(QStyle::SH_ToolTip_FallAsleepDelay, nullptr, this));
     show();
-}
-
-void TipWindow::HideFor(const QObject* somebody) {
-    if (shownFor == somebody) hide();
 }
 
 bool TipWindow::eventFilter(QObject*, QEvent* event) {

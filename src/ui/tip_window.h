@@ -16,13 +16,12 @@ QRect TipPlace(const QRect& control, const QSize& tip, const QRect& screen);
 /// been there long enough to be read. One serves all controls of a dialog.
 class TipWindow final : public QLabel {
   public:
-    /// The tip window of the dialog that a control is in; made when it is asked for first.
-    static TipWindow* Of(const QWidget* control);
-
-    /// Shows a tip for somebody beside a rectangle of the screen.
-    void ShowBeside(const QRect& control, const QString& tip, const QObject* somebody);
-    /// Hides it when it is shown for that somebody.
-    void HideFor(const QObject* somebody);
+    /// Shows a tip for somebody beside a rectangle of the screen, in the tip window of the dialog
+    /// that the control is in.
+    static void ShowFor(const QObject* somebody, const QWidget& control, const QRect& place,
+                        const QString& tip);
+    /// Hides that window when what it shows is for that somebody.
+    static void HideFor(const QObject* somebody, const QWidget& control);
 
   protected:
     bool eventFilter(QObject* receiver, QEvent* event) override;
@@ -31,6 +30,7 @@ class TipWindow final : public QLabel {
 
   private:
     explicit TipWindow(QWidget* dialog);
+    void ShowBeside(const QRect& place, const QString& tip);
 
     const QObject* shownFor = nullptr;
     QTimer fallAsleep;

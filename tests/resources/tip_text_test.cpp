@@ -67,7 +67,7 @@ TEST(SplitTip, OfTheOptions) {
         {StringId::OptionInterpolation, u"Interpolation type:",
          u"Choose the type of interpolation"},
         {StringId::OptionPolarGrid, u"Polar grid",
-         u"Draw the grid as circles and rays instead of lines"},
+         u"Draw the grid as circles about the origin instead of lines"},
     };
     for (const auto& row : rows) {
         const CaptionAndTip split = SplitTip(Text(row.id));
