@@ -1,0 +1,32 @@
+# shellcheck shell=bash disable=SC2154
+# What the tool says about itself, for the tests beside this file. They set `tool` to its path.
+
+failures=0
+fail() {
+  echo "$*"
+  failures=$((failures + 1))
+}
+
+# The names of all subcommands.
+tool_subcommands() {
+  "$tool" --help | awk '/^Subcommands:/ { inside = 1; next } !NF { inside = 0 } inside && /^  [a-z]/ { print $1 }'
+}
+
+# The options of the tool or of a subcommand, without their values.
+tool_options() {
+  "$tool" "$@" --help | awk '/^  -/ { gsub(",", "\n", $1); print $1 }'
+}
+
+# A help that is read wrongly would make every test pass.
+expect_readable_help() {
+  local name
+  (($(tool_subcommands | wc -l) >= 7)) || fail "subcommands not found in the help"
+  for name in $(tool_subcommands); do
+    tool_options "$name" | grep -qx -- --version || fail "options not found in the help of $name"
+  done
+}
+
+finish() {
+  ((failures == 0)) || exit 1
+  echo "as the tool says"
+}
