@@ -217,6 +217,16 @@ constexpr Entry kTable[] = {
      u"Polar grid~~Draw the grid as circles about the origin instead of lines"},
     {StringId::TextSizeFormat, u"%d %s"},
     {StringId::TextSizeUnit, u"pt"},
+    {StringId::KeptCharacters, u"only the first 50 characters are kept for the next start"},
+    {StringId::InsertKey, u"f(x)"},
+    {StringId::InsertKeyTip, u"Insert a function, edit the text (Shift+F10)"},
+    {StringId::NamesOffered, u"names: %s"},
+    {StringId::NameHighlighted, u"%s, %d of %d"},
+    {StringId::LineNumber, u"Function %d"},
+    {StringId::LineSelected, u"selected"},
+    {StringId::LineNotSelected, u"not selected"},
+    {StringId::NamesList, u"Function names"},
+    {StringId::LinesScroll, u"Lines"},
 };
 
 }  // namespace

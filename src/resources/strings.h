@@ -170,6 +170,17 @@ enum class StringId : std::int32_t {
     OptionPolarGrid = 1243,
     TextSizeFormat = 1244,
     TextSizeUnit = 1245,
+    // The editor.
+    KeptCharacters = 1250,
+    InsertKey = 1251,
+    InsertKeyTip = 1252,
+    NamesOffered = 1253,
+    NameHighlighted = 1254,
+    LineNumber = 1255,
+    LineSelected = 1256,
+    LineNotSelected = 1257,
+    NamesList = 1258,
+    LinesScroll = 1259,
 };
 
 /// The text of a number; empty for a number that the table does not hold.

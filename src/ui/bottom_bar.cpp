@@ -40,6 +40,17 @@ BottomBar::BottomBar(const QString& leftText, const QString& actionText, QWidget
     action = AddKey(actionText, "actionKey", this);
 }
 
+QPushButton* BottomBar::AddMiddleKey(const QString& text, const char* name) {
+    QPushButton* const key = AddKey(text, name, this);
+    key->setMinimumWidth(kTouchTarget);
+    auto* const row = static_cast<QHBoxLayout*>(layout());
+    row->removeWidget(key);
+    row->insertWidget(1, key, 1);
+    row->setStretch(0, 2);
+    row->setStretch(2, 2);
+    return key;
+}
+
 void BottomBar::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setPen(palette().color(QPalette::Mid));

@@ -9,11 +9,14 @@ class QMenu;
 
 namespace kalvex {
 
-/// "Menu" (or another word) to the left, the window's action to the right. Neither takes the
-/// keyboard focus, so the line being edited stays the current one.
+/// "Menu" (or another word) to the left, the window's action to the right. A tap on a key never
+/// takes the keyboard focus, so the line being edited stays the current one.
 class BottomBar final : public QWidget {
   public:
     BottomBar(const QString& leftText, const QString& actionText, QWidget* parent);
+
+    /// A third, narrower key between the two.
+    QPushButton* AddMiddleKey(const QString& text, const char* name);
 
     QPushButton* menuButton() const { return menu; }
     QPushButton* actionButton() const { return action; }

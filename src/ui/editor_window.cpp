@@ -1,32 +1,36 @@
 // The window only mirrors the workspace: typing writes into it, commands change it and ShowLines
-// brings the controls up to date. The line with the focus is the current one; neither the soft
-// keys nor a menu take the focus from it.
+// brings the controls up to date. The line with the focus is the current one; neither a tap on a
+// soft key nor a menu takes the focus from it.
 #include "ui/editor_window.h"
 
 #include <QCloseEvent>
+#include <QGuiApplication>
+#include <QInputMethod>
 #include <QLabel>
 #include <QMenu>
 #include <QShortcut>
 #include <utility>
 
-#include "resources/platform.h"
+#include "resources/strings.h"
 #include "ui/bottom_bar.h"
+#include "ui/completion.h"
+#include "ui/edit_menu.h"
+#include "ui/line_area.h"
 #include "ui/line_edit.h"
 #include "ui/line_label.h"
-#include "ui/line_layout.h"
+#include "ui/line_texts.h"
 #include "ui/menu_builder.h"
 #include "ui/method_dialogs.h"
 #include "ui/qt_text.h"
+#include "ui/short_cut_keys.h"
+#include "ui/slide_hint.h"
 #include "ui/touch.h"
 #include "workspace/function_list.h"
 
 namespace kalvex {
 namespace {
 
-constexpr int kFirstEditId = 1000;
-constexpr int kFirstLabelId = 2000;
 constexpr int kLeastWidth = 240;
-constexpr std::size_t kLongestKeptLine = 49;
 
 std::size_t Index(int slot) {
     return static_cast<std::size_t>(slot);
@@ -34,9 +38,16 @@ std::size_t Index(int slot) {
 
 }  // namespace
 
+QRect EditorActions::SystemInputPanel() {
+    const QInputMethod& method = *QGuiApplication::inputMethod();
+    return method.isVisible() ? method.keyboardRectangle().toAlignedRect() : QRect();
+}
+
 EditorWindow::EditorWindow(Workspace& shown, EditorActions actions)
     : workspace(shown),
       state{shown, {}, false, {}, {}, {}, {}, {}, {}, {}},
+      inputPanel(std::move(actions.inputPanel)),
+      platform(actions.platform),
       menuState(InitialMainMenu()) {
     setWindowTitle("Kalvex");
     setObjectName("editor");
@@ -50,59 +61,106 @@ EditorWindow::EditorWindow(Workspace& shown, EditorActions actions)
     state.setMethodUp = [this, show = std::move(actions.show)](int slot) {
         OpenMethodDialog(this, workspace.functions[Index(slot)], show);
     };
-    for (int slot = 0; slot < kSlotCount; ++slot)
-        AddRow(slot);
-    bar = new BottomBar("Menu", "Draw", this);
-    bar->actionButton()->setToolTip("F5");
-    bar->menuButton()->setToolTip("F10");
-    connect(bar->menuButton(), &QPushButton::clicked, this, &EditorWindow::OpenMenu);
-    connect(bar->actionButton(), &QPushButton::clicked, this, [this] { Run(CommandId::Draw); });
+    AddLines();
+    AddKeys();
+    AddCompletion();
     AddShortcuts();
+    slideHint = new SlideHint(this);
+    const QInputMethod* const method = QGuiApplication::inputMethod();
+    connect(method, &QInputMethod::keyboardRectangleChanged, this, [this] { LayOut(); });
+    connect(method, &QInputMethod::visibleChanged, this, [this] { LayOut(); });
     ShowLines();
 }
 
-void EditorWindow::AddRow(int slot) {
-    Row& row = rows[Index(slot)];
-    const QString number = QString::number(slot + 1);
-    row.label = new LineLabel(this);
-    row.label->setObjectName("label" + number);
-    row.label->setProperty("controlId", kFirstLabelId + slot);
-    row.label->setAccessibleName("Function " + number);
-    row.edit = new LineEdit(this);
-    row.edit->setObjectName("line" + number);
-    row.edit->setProperty("controlId", kFirstEditId + slot);
-    row.hint = new QLabel(this);
-    row.hint->setObjectName("hint" + number);
-    QFont small = row.hint->font();
-    small.setPointSizeF(small.pointSizeF() * 0.85);
-    row.hint->setFont(small);
+// Hidden while everything still stands: hiding makes lines and list report.
+EditorWindow::~EditorWindow() {
+    hide();
+}
+
+void EditorWindow::AddLines() {
+    lines = new LineArea(this);
+    lines->scrolled = [this] {
+        if (completion != nullptr) completion->Close();
+    };
+    for (int slot = 0; slot < kSlotCount; ++slot)
+        ConnectLine(slot);
+}
+
+void EditorWindow::ConnectLine(int slot) {
+    const LineArea::Row& row = lines->At(slot);
     const auto toggle = [this, slot] {
         FocusLine(slot);
         Run(CommandId::Select);
     };
     row.label->toggled = toggle;
-    row.label->picked = [this, slot] { FocusLine(slot); };
+    row.label->picked = [this, slot] {
+        FocusLine(slot);
+        slideHint->Begin();
+    };
+    row.label->slidTo = [this](QPoint at) { Slide(at); };
+    row.label->lifted = [this] { slideHint->End(); };
     row.edit->toggled = toggle;
+    row.edit->focused = [this, slot] {
+        lastSlot = slot;
+        lines->Reveal(slot);
+    };
+    row.edit->popupAskedAt = [this, slot](QPoint at) { MakeEditMenu(slot)->popup(at); };
+    connect(row.edit, &QLineEdit::textEdited, this, [this, slot] { lines->Reveal(slot); });
     connect(row.edit, &QLineEdit::textChanged, this, [this, slot](const QString& text) {
         workspace.lines[Index(slot)] = FromQString(text);
         ShowHint(slot);
     });
 }
 
+void EditorWindow::AddKeys() {
+    bar = new BottomBar("Menu", "Draw", this);
+    bar->actionButton()->setToolTip(KeysForTip(EditorShortCuts(), CommandId::Draw));
+    bar->menuButton()->setToolTip("F10");
+    QPushButton* const insert =
+        bar->AddMiddleKey(ToQString(Text(StringId::InsertKey)), "insertKey");
+    const QString tip = ToQString(Text(StringId::InsertKeyTip));
+    insert->setToolTip(tip);
+    insert->setAccessibleDescription(tip);
+    connect(bar->menuButton(), &QPushButton::clicked, this, &EditorWindow::OpenMenu);
+    connect(insert, &QPushButton::clicked, this, [this, insert] {
+        if (const auto slot = FocusedSlot()) PopUpAbove(*MakeEditMenu(*slot), *insert);
+    });
+    connect(bar->actionButton(), &QPushButton::clicked, this, [this] { Run(CommandId::Draw); });
+    QWidget* last = lines->At(kSlotCount - 1).edit;
+    for (QPushButton* const key : {bar->menuButton(), insert, bar->actionButton()}) {
+        key->setFocusPolicy(Qt::TabFocus);
+        key->setAutoDefault(true);  // Enter works like the space bar
+        setTabOrder(last, key);
+        last = key;
+    }
+}
+
+void EditorWindow::AddCompletion() {
+    completion = new Completion(this);
+    completion->platform = platform;
+    completion->room = [this] {
+        const QRect above(0, 0, width(), bar->y());
+        // With one or two lines left the soft keys give way.
+        const bool fewLines = lines->height() < LeastLineAreaHeight();
+        return fewLines ? above.united(bar->geometry()) : above;
+    };
+    completion->told = [this] { ShowHint(lastSlot); };
+    for (int slot = 0; slot < kSlotCount; ++slot)
+        completion->Watch(lines->At(slot).edit);
+}
+
 void EditorWindow::AddShortcuts() {
     const auto add = [this](const QKeySequence& keys, auto&& run) {
         connect(new QShortcut(keys, this), &QShortcut::activated, this, run);
     };
-    for (const auto keys :
-         {Qt::Key_F5 | Qt::Modifiers(), Qt::CTRL | Qt::Key_Return, Qt::CTRL | Qt::Key_Enter}) {
-        add(QKeySequence(keys), [this] { Run(CommandId::Draw); });
-    }
-    add(QKeySequence(Qt::CTRL | Qt::Key_Space), [this] { Run(CommandId::Select); });
-    add(QKeySequence(Qt::CTRL | Qt::Key_Q), [this] { Run(CommandId::Exit); });
-    add(QKeySequence(Qt::CTRL | Qt::Key_Comma), [this] { Run(CommandId::Options); });
-    add(QKeySequence(Qt::Key_F9), [this] { Run(CommandId::Calculator); });
+    AddShortCuts(*this, EditorShortCuts(), [this](CommandId command) {
+        if (IsOffered(command)) Run(command);
+    });
     add(QKeySequence(Qt::Key_F10), [this] { OpenMenu(); });
     add(QKeySequence(Qt::ALT | Qt::Key_M), [this] { OpenMenu(); });
+    add(QKeySequence(Qt::SHIFT | Qt::Key_F10), [this] {
+        if (const auto slot = FocusedSlot()) lines->At(*slot).edit->AskForPopup();
+    });
 }
 
 void EditorWindow::ShowLines() {
@@ -112,47 +170,61 @@ void EditorWindow::ShowLines() {
 
 void EditorWindow::ShowLine(int slot) {
     const FunctionEntry& entry = workspace.functions[Index(slot)];
-    Row& row = rows[Index(slot)];
+    const LineArea::Row& row = lines->At(slot);
     std::optional<QColor> color;
     if (workspace.options.ColorText != 0) color = ToQColor(ColorOf(entry.color));
-    const QString label = ToQString(LabelOf(entry.type));
-    row.label->Show(label, color, entry.selected == 1);
+    row.label->Show(ToQString(LabelOf(entry.type)), color, entry.selected == 1);
+    row.label->setAccessibleName(NameOfLine(slot, entry));
+    row.label->setAccessibleDescription(DescriptionOfLine(entry, {}));
     row.edit->keepsBlanks = entry.type == static_cast<std::int32_t>(EquationType::File);
-    row.edit->setAccessibleName("Function " + QString::number(slot + 1) + label);
+    row.edit->setAccessibleName(NameOfLine(slot, entry));
     const QString text = ToQString(workspace.lines[Index(slot)]);
     if (row.edit->text() != text) row.edit->SetStoredText(text);
     ShowHint(slot);
 }
 
 void EditorWindow::ShowHint(int slot) {
-    const bool tooLong = workspace.lines[Index(slot)].size() > kLongestKeptLine;
-    const QString text =
-        tooLong ? QString("only the first 50 characters are kept for the next start") : QString();
-    Row& row = rows[Index(slot)];
-    row.hint->setText(text);
-    row.edit->setToolTip(text);
-    row.edit->setAccessibleDescription(text);
+    const QString hint = HintOfLine(workspace.lines[Index(slot)]);
+    const LineArea::Row& row = lines->At(slot);
+    row.hint->setText(hint);
+    row.edit->setToolTip(hint);
+    const QString offered = completion->SaidOf(row.edit);
+    row.edit->setAccessibleDescription(
+        offered.isEmpty() ? DescriptionOfLine(workspace.functions[Index(slot)], hint) : offered);
 }
 
 std::optional<int> EditorWindow::FocusedSlot() const {
     const QWidget* const focused = focusWidget();
+    if (focused == nullptr) return std::nullopt;
     for (int slot = 0; slot < kSlotCount; ++slot) {
-        if (focused != nullptr && rows[Index(slot)].edit == focused) return slot;
+        if (lines->At(slot).edit == focused) return slot;
     }
-    return std::nullopt;
+    return bar->isAncestorOf(focused) ? std::optional(lastSlot) : std::nullopt;
 }
 
 void EditorWindow::FocusLine(int slot) {
-    rows[Index(slot)].edit->setFocus(Qt::OtherFocusReason);
+    lines->At(slot).edit->setFocus(Qt::OtherFocusReason);
 }
 
-void EditorWindow::OpenMenu() {
+void EditorWindow::UpdateMenu() {
     const std::optional<int> slot = FocusedSlot();
     MenuContext context;
     context.focusedSlot = slot;
     context.lineEmpty = !slot || workspace.lines[Index(*slot)].empty();
-    context.platform = kPlatformType;
+    context.platform = platform;
     UpdateMainMenu(menuState, workspace.functions, context);
+}
+
+bool EditorWindow::IsOffered(CommandId command) {
+    UpdateMenu();
+    const bool method = command >= CommandId::LeastSquares && command <= CommandId::Lagrange;
+    if (method && !menuState[CommandId::ApproxTypeMenu].visible) return false;
+    const auto found = menuState.find(command);
+    return found == menuState.end() || found->second.enabled;
+}
+
+void EditorWindow::OpenMenu() {
+    UpdateMenu();
     auto* const menu = new QMenu(this);
     menu->setObjectName("mainMenu");
     menu->setAttribute(Qt::WA_DeleteOnClose);
@@ -161,10 +233,15 @@ void EditorWindow::OpenMenu() {
         return found == menuState.end() ? MenuItemState{entry.text, true, false, true}
                                         : found->second;
     };
-    FillMenu(*menu, MainMenu(), stateOf, [this](CommandId command) { Run(command); });
+    FillMenu(*menu, MainMenu(), stateOf, [this](CommandId command) { Run(command); },
+             EditorShortCuts());
     state.menuOpen = true;
     connect(menu, &QMenu::aboutToHide, this, [this] { state.menuOpen = false; });
     PopUpAbove(*menu, *bar->menuButton());
+}
+
+QMenu* EditorWindow::MakeEditMenu(int slot) {
+    return NewEditMenu(this, *lines->At(slot).edit, [this](CommandId command) { Run(command); });
 }
 
 bool EditorWindow::Run(CommandId command) {
@@ -172,16 +249,37 @@ bool EditorWindow::Run(CommandId command) {
     return RunCommand(state, command);
 }
 
+void EditorWindow::Slide(QPoint at) {
+    const int slot = lines->SlotAt(lines->mapFromGlobal(at).y());
+    if (lines->At(slot).edit->hasFocus()) return;
+    FocusLine(slot);
+    slideHint->ShowNow();
+}
+
+void EditorWindow::LayOut() {
+    completion->Close();
+    const int least = HeightOfLines(1, RowHeight(0)) + kBottomBarHeight;
+    const int visible = HeightAbovePanel(size(), isActiveWindow() ? inputPanel() : QRect(), least);
+    lines->LayOut(width(), height() - kBottomBarHeight, visible - kBottomBarHeight);
+    bar->setGeometry(0, visible - kBottomBarHeight, width(), kBottomBarHeight);
+    slideHint->PlaceIn(bar->geometry());
+    if (const std::optional<int> slot = FocusedSlot()) lines->Reveal(*slot);
+}
+
 void EditorWindow::resizeEvent(QResizeEvent*) {
-    const int areaHeight = height() - kBottomBarHeight;
-    const auto places = LayOutLines(width(), areaHeight);
-    for (int slot = 0; slot < kSlotCount; ++slot) {
-        const Row& row = rows[Index(slot)];
-        row.label->setGeometry(places[Index(slot)].label);
-        row.edit->setGeometry(places[Index(slot)].edit);
-        row.hint->setGeometry(places[Index(slot)].hint);
-    }
-    bar->setGeometry(0, areaHeight, width(), kBottomBarHeight);
+    LayOut();
+}
+
+void EditorWindow::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    // The panel's place is known relative to the active window only.
+    if (event->type() == QEvent::ActivationChange && isActiveWindow()) LayOut();
+}
+
+void EditorWindow::hideEvent(QHideEvent* event) {
+    slideHint->End();
+    completion->Close();
+    QWidget::hideEvent(event);
 }
 
 void EditorWindow::closeEvent(QCloseEvent* event) {

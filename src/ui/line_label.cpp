@@ -56,7 +56,6 @@ void LineLabel::Show(const QString& label, std::optional<QColor> color, bool isS
     setText(label);
     lineColor = color;
     isSelectedLine = isSelected;
-    setAccessibleDescription(isSelected ? "selected" : "not selected");
     update();
 }
 
@@ -97,6 +96,14 @@ void LineLabel::paintEvent(QPaintEvent*) {
 
 void LineLabel::mousePressEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton && picked) picked();
+}
+
+void LineLabel::mouseMoveEvent(QMouseEvent* event) {
+    if ((event->buttons() & Qt::LeftButton) && slidTo) slidTo(event->globalPosition().toPoint());
+}
+
+void LineLabel::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton && lifted) lifted();
 }
 
 void LineLabel::mouseDoubleClickEvent(QMouseEvent* event) {

@@ -22,12 +22,16 @@ class LineLabel final : public QLabel {
     QColor Ground() const;
     QColor TextColor() const;
 
-    std::function<void()> toggled;  ///< double click or tap
-    std::function<void()> picked;   ///< single click
+    std::function<void()> toggled;          ///< double click or tap
+    std::function<void()> picked;           ///< the pen is down
+    std::function<void(QPoint at)> slidTo;  ///< it moves while down; screen position
+    std::function<void()> lifted;           ///< it is up again
 
   protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 
   private:

@@ -1,6 +1,7 @@
 // Line i stands at (row height - 1) * i + 3 and is row height - 3 tall, the label starts 5 pixels
 // from the left. On a small window that fills the height; on a large one the rows and the label
-// column stop growing, so that the nine lines stay one block that the eye can follow.
+// column stop growing, so that the nine lines stay one block that the eye can follow. On one that
+// is too small for nine rows they keep the height of a finger, and whole rows are scrolled.
 #include "ui/line_layout.h"
 
 #include <algorithm>
@@ -16,15 +17,28 @@ constexpr int kLargestRow = 68;
 constexpr int kLargestLabel = 170;
 constexpr int kLargestEdit = 46;
 constexpr int kHintHeight = 15;
+constexpr int kLeastLines = 3;
 
 }  // namespace
 
 int LeastLineAreaHeight() {
-    return kSlotCount * (kTouchTarget + kTop);
+    return kLeastLines * (kTouchTarget + kTop);
+}
+
+int RowHeight(int height) {
+    return std::clamp(height / kSlotCount, kTouchTarget + kTop, kLargestRow);
+}
+
+int FittingLines(int visibleHeight, int rowHeight) {
+    return std::clamp(visibleHeight / rowHeight, 1, kSlotCount);
+}
+
+int HeightOfLines(int count, int rowHeight) {
+    return (rowHeight - 1) * count + kTop;
 }
 
 std::array<LinePlace, kSlotCount> LayOutLines(int width, int height) {
-    const int row = std::clamp(height / kSlotCount, kTouchTarget + kTop, kLargestRow);
+    const int row = RowHeight(height);
     const int labelEnd = std::min(width * 2 / 9, kLargestLabel);
     const int tall = row - kTop;
     const int editHeight = std::clamp(tall - kHintHeight, kTouchTarget, kLargestEdit);
@@ -41,6 +55,11 @@ std::array<LinePlace, kSlotCount> LayOutLines(int width, int height) {
         }
     }
     return places;
+}
+
+int HeightAbovePanel(QSize window, const QRect& panel, int least) {
+    const QRect covered = panel & QRect(QPoint(0, 0), window);
+    return covered.isEmpty() || covered.top() < least ? window.height() : covered.top();
 }
 
 }  // namespace kalvex

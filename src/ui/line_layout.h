@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QRect>
+#include <QSize>
 #include <array>
 
 #include "workspace/function_entry.h"
@@ -14,11 +15,25 @@ struct LinePlace {
     QRect hint;  ///< below the edit; empty when there is no room for it
 };
 
-/// The least height of the line area in which every line is tall enough for a finger.
+/// The least height of the line area: three lines that are tall enough for a finger.
 int LeastLineAreaHeight();
 
-/// Rows of a ninth of the height (no taller than comfortable), the label in the first 2/9 of the
-/// width (no wider than comfortable), the line in the rest without running out of the window.
+/// A ninth of the area's height, but tall enough for a finger and no taller than comfortable.
+int RowHeight(int height);
+
+/// Whole rows that fit into a visible height, 1 to 9.
+int FittingLines(int visibleHeight, int rowHeight);
+
+/// The height that some rows take, 1 to 9.
+int HeightOfLines(int count, int rowHeight);
+
+/// Rows of RowHeight(height), the label in the first 2/9 of the width (no wider than comfortable),
+/// the line in the rest without running out of the window. The rows may need more than the height.
 std::array<LinePlace, kSlotCount> LayOutLines(int width, int height);
+
+/// The height of a window that an input panel leaves visible; `panel` in the window's coordinates,
+/// empty when there is none. A panel that leaves less than `least` is not heeded: nothing usable
+/// would remain.
+int HeightAbovePanel(QSize window, const QRect& panel, int least);
 
 }  // namespace kalvex

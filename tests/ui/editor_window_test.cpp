@@ -90,7 +90,7 @@ class EditorWindowTest final : public QObject {
         QTest::mouseDClick(program.Label(3), Qt::LeftButton);
         QCOMPARE(int{program.Entry(3).selected}, 1);
         QVERIFY(inked());
-        QCOMPARE(program.Label(3)->accessibleDescription(), QString("selected"));
+        QCOMPARE(program.Label(3)->accessibleDescription(), QString("Violet, selected"));
     }
     void DoubleClickToggles() {
         TestProgram program;
@@ -229,6 +229,68 @@ class EditorWindowTest final : public QObject {
             QVERIFY(QTest::qWaitForWindowActive(&program.Editor()));
         }
     }
+    void TabOrder() {
+        TestProgram program;
+        program.Start();
+        QStringList order;
+        for (int i = 0; i < 12; ++i) {
+            order += program.Editor().focusWidget()->objectName();
+            QTest::keyClick(program.Editor().focusWidget(), Qt::Key_Tab);
+        }
+        QCOMPARE(order, (QStringList{"line1", "line2", "line3", "line4", "line5", "line6", "line7",
+                                     "line8", "line9", "menuKey", "insertKey", "actionKey"}));
+        QVERIFY(program.Line(1)->hasFocus());
+    }
+    void SoftKeysByKeyboardActOnTheLastLine() {
+        TestProgram program;
+        program.Start();
+        program.Editor().FocusLine(8);
+        QTest::keyClick(program.Line(9), Qt::Key_Tab);
+        auto* const key = program.Editor().findChild<QPushButton*>("menuKey");
+        QVERIFY(key->hasFocus());
+        QCOMPARE(program.Editor().FocusedSlot().value_or(-1), 8);
+        QTest::keyClick(key, Qt::Key_Return);
+        QMenu* const menu = OpenedMenu(program.Editor(), "mainMenu");
+        QVERIFY(menu != nullptr);
+        ActionOf(*menu, CommandId::Green)->trigger();
+        QCOMPARE(program.Entry(9).color, 4);
+        menu->close();
+    }
+    void WhatIsHeardOfALine() {
+        TestProgram program;
+        program.Start();
+        program.ClearLines();
+        QCOMPARE(program.Line(2)->accessibleName(), QString("Function 2 Y(x)="));
+        QCOMPARE(program.Line(2)->accessibleDescription(), QString("Orange, not selected"));
+        program.Editor().FocusLine(1);
+        program.Editor().Run(CommandId::Select);
+        program.Editor().Run(CommandId::Great);
+        program.Editor().Run(CommandId::Implicit);
+        program.Line(2)->setText(QString(50, 'x'));
+        for (QWidget* const heard :
+             {static_cast<QWidget*>(program.Line(2)), static_cast<QWidget*>(program.Label(2))}) {
+            QCOMPARE(heard->accessibleName(), QString("Function 2 G(x,y)="));
+            QVERIFY(heard->accessibleDescription().startsWith("Great, selected"));
+        }
+        QVERIFY(program.Line(2)->accessibleDescription().endsWith("for the next start"));
+    }
+    void TheFocusShows() {
+        for (const QColor& ground : {QColor(240, 240, 240), QColor(50, 50, 50)}) {
+            TestProgram program;
+            program.Start();
+            program.ClearLines();
+            program.Editor().setPalette(QPalette(ground));
+            const QImage with = program.Line(1)->grab().toImage();
+            program.Editor().FocusLine(1);
+            const QImage without = program.Line(1)->grab().toImage();
+            // The frame, not only the caret: a row of the upper edge.
+            bool frameDiffers = false;
+            for (int y = 0; y < 3; ++y)
+                frameDiffers |=
+                    with.pixel(with.width() / 2, y) != without.pixel(with.width() / 2, y);
+            QVERIFY(frameDiffers);
+        }
+    }
     void MenuRowsAreLargeEnough() {
         QMenu menu;
         QAction* const row = menu.addAction("Red");
@@ -240,9 +302,12 @@ class EditorWindowTest final : public QObject {
         TestProgram program;
         program.Start();
         for (const char* const name : {"menuKey", "actionKey"}) {
-            const auto* const key = program.Editor().findChild<QPushButton*>(name);
+            auto* const key = program.Editor().findChild<QPushButton*>(name);
             QVERIFY(key->height() >= kTouchTarget && key->width() >= kTouchTarget);
-            QVERIFY(key->focusPolicy() == Qt::NoFocus);
+            QVERIFY(key->focusPolicy() == Qt::TabFocus);
+            QTest::mousePress(key, Qt::LeftButton);
+            QVERIFY(program.Line(1)->hasFocus());
+            QTest::mouseRelease(key, Qt::LeftButton, {}, QPoint(-50, -50));  // not a click
         }
         program.Editor().resize(1, 1);
         for (int number = 1; number <= 9; ++number) {

@@ -1,0 +1,28 @@
+// What the popup menu does to an edit line.
+#pragma once
+
+#include <functional>
+
+#include "resources/menus.h"
+#include "workspace/menu_state.h"
+
+class QMenu;
+class QWidget;
+
+namespace kalvex {
+
+class LineEdit;
+
+/// How an entry of the popup shows for a line: text commands are enabled while they would do
+/// something, a command without its dialog is disabled.
+MenuItemState EditEntryState(const LineEdit& line, const MenuEntry& entry);
+
+/// Inserts a function name in place of the selection or at the caret, or runs a text command. Every
+/// change is one step of undo. False for any other command.
+bool RunEditCommand(LineEdit& line, CommandId command);
+
+/// The popup of a line, not shown yet; it deletes itself when it closes. Commands that are not the
+/// line's go to `runOther`.
+QMenu* NewEditMenu(QWidget* window, LineEdit& line, std::function<void(CommandId)> runOther);
+
+}  // namespace kalvex

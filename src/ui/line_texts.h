@@ -1,0 +1,20 @@
+// What is said about a line to those who hear the window.
+#pragma once
+
+#include <QString>
+
+#include "workspace/function_entry.h"
+
+namespace kalvex {
+
+/// Number and type, such as "Function 1 Y(x)=".
+QString NameOfLine(int slot, const FunctionEntry& entry);
+
+/// Colour word, whether it is selected, and the hint if there is one. A colour number outside the
+/// table has no word.
+QString DescriptionOfLine(const FunctionEntry& entry, const QString& hint);
+
+/// The hint of a line that is longer than the settings store; empty for any other.
+QString HintOfLine(std::u16string_view line);
+
+}  // namespace kalvex
