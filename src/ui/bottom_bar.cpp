@@ -1,5 +1,6 @@
 // Both buttons share the width; a thin line sets the bar apart from what stands above it. A flat
-// button of some styles draws nothing until it is pressed, which is what a soft key looks like.
+// button of some styles draws nothing until it is pressed, which is what a soft key looks like;
+// they do not show who has the keyboard focus either, so that is drawn here.
 #include "ui/bottom_bar.h"
 
 #include <QHBoxLayout>
@@ -11,8 +12,23 @@
 namespace kalvex {
 namespace {
 
+class SoftKey final : public QPushButton {
+  public:
+    using QPushButton::QPushButton;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override {
+        QPushButton::paintEvent(event);
+        if (!hasFocus()) return;
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+        painter.drawRoundedRect(QRectF(rect()).adjusted(2, 2, -2, -2), 5, 5);
+    }
+};
+
 QPushButton* AddKey(const QString& text, const char* name, QWidget* bar) {
-    auto* const button = new QPushButton(text, bar);
+    auto* const button = new SoftKey(text, bar);
     button->setObjectName(name);
     button->setFlat(true);
     button->setFocusPolicy(Qt::NoFocus);

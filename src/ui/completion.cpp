@@ -16,6 +16,8 @@
 namespace kalvex {
 namespace {
 
+constexpr int kInset = 5;  // of a name in the list, which so stands below the word
+
 /// The character that an event types; 0 when it types none.
 char16_t TypedCharacter(const QKeyEvent& key) {
     const bool command =
@@ -77,7 +79,7 @@ void Completion::Open(LineEdit* edited) {
     const QRect place(edited->mapTo(window, QPoint(0, 0)), edited->size());
     const QString word = shownFor.mid(caret - wordLength, wordLength);
     const int wordLeft =
-        edited->CaretPlace().center().x() - edited->fontMetrics().horizontalAdvance(word);
+        edited->CaretPlace().center().x() - edited->fontMetrics().horizontalAdvance(word) - kInset;
     list->setGeometry(PlaceList(place, place.left() + std::max(0, wordLeft), list->WantedSize(),
                                 room ? room() : window->rect()));
     list->show();

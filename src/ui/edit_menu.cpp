@@ -73,6 +73,7 @@ QMenu* NewEditMenu(QWidget* window, LineEdit& line, std::function<void(CommandId
     LineEdit* const edit = &line;
     const auto stateOf = [edit](const MenuEntry& entry) { return EditEntryState(*edit, entry); };
     FillMenu(*menu, EditPopup(), stateOf, [edit, other = std::move(runOther)](CommandId command) {
+        edit->setFocus(Qt::OtherFocusReason);  // a soft key may have it
         if (!RunEditCommand(*edit, command)) other(command);
     });
     return menu;

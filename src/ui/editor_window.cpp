@@ -233,8 +233,8 @@ void EditorWindow::OpenMenu() {
         return found == menuState.end() ? MenuItemState{entry.text, true, false, true}
                                         : found->second;
     };
-    FillMenu(*menu, MainMenu(), stateOf, [this](CommandId command) { Run(command); },
-             EditorShortCuts());
+    FillMenu(
+        *menu, MainMenu(), stateOf, [this](CommandId command) { Run(command); }, EditorShortCuts());
     state.menuOpen = true;
     connect(menu, &QMenu::aboutToHide, this, [this] { state.menuOpen = false; });
     PopUpAbove(*menu, *bar->menuButton());

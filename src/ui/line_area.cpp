@@ -20,6 +20,14 @@ namespace {
 constexpr int kFirstEditId = 1000;
 constexpr int kFirstLabelId = 2000;
 
+/// The labels stay where they are; the lines end before the bar.
+void MakeRoomForScrollBar(std::array<LinePlace, kSlotCount>& places) {
+    for (LinePlace& place : places) {
+        place.edit.setWidth(std::max(0, place.edit.width() - kTouchTarget));
+        place.hint.setWidth(std::max(0, place.hint.width() - kTouchTarget));
+    }
+}
+
 }  // namespace
 
 LineArea::LineArea(QWidget* window) : QWidget(window) {
@@ -60,7 +68,8 @@ void LineArea::LayOut(int width, int height, int visibleHeight) {
     const bool scrolls = fitting < kSlotCount;
     const int shown = scrolls ? HeightOfLines(fitting, rowHeight) : visibleHeight;
     setGeometry(0, 0, width, std::min(shown, visibleHeight));
-    places = LayOutLines(scrolls ? width - kTouchTarget : width, height);
+    places = LayOutLines(width, height);
+    if (scrolls) MakeRoomForScrollBar(places);
     scroll->setGeometry(width - kTouchTarget, 0, kTouchTarget, this->height());
     scroll->setPageStep(fitting);
     scroll->setRange(0, kSlotCount - fitting);
@@ -69,11 +78,15 @@ void LineArea::LayOut(int width, int height, int visibleHeight) {
 }
 
 void LineArea::Place() {
-    const int up = HeightOfLines(scroll->value(), rowHeight) - HeightOfLines(0, rowHeight);
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-        rows[i].label->setGeometry(places[i].label.translated(0, -up));
-        rows[i].edit->setGeometry(places[i].edit.translated(0, -up));
-        rows[i].hint->setGeometry(places[i].hint.translated(0, -up));
+    const int first = scroll->value();
+    const int up = HeightOfLines(first, rowHeight) - HeightOfLines(0, rowHeight);
+    for (int slot = 0; slot < kSlotCount; ++slot) {
+        // Rows overlap by a pixel: one that is scrolled away must not show it.
+        const QPoint by(0, slot < first ? -up - rowHeight : -up);
+        const LinePlace& place = places[static_cast<std::size_t>(slot)];
+        At(slot).label->setGeometry(place.label.translated(by));
+        At(slot).edit->setGeometry(place.edit.translated(by));
+        At(slot).hint->setGeometry(place.hint.translated(by));
     }
 }
 
@@ -88,7 +101,7 @@ int LineArea::SlotAt(int y) const {
     const int first = scroll->value();
     const int last = first + kSlotCount - scroll->maximum() - 1;
     int slot = first;
-    while (slot < last && y >= rows[static_cast<std::size_t>(slot) + 1].label->y())
+    while (slot < last && y >= At(slot + 1).label->y())
         ++slot;
     return slot;
 }

@@ -98,7 +98,7 @@ void LineEdit::PasteText() {
 }
 
 void LineEdit::AskForPopup() {
-    if (popupAskedAt) popupAskedAt(mapToGlobal(cursorRect().bottomLeft()));
+    if (popupAskedAt) popupAskedAt(mapToGlobal(QPoint(cursorRect().left(), height())));
 }
 
 void LineEdit::LiftPen() {

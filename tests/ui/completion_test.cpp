@@ -257,6 +257,15 @@ class CompletionTest final : public QObject {
             }
         }
     }
+    void AWindowGoesWithItsList() {
+        const auto bench = std::make_unique<EditorBench>();
+        QVERIFY(bench->Start());
+        QTest::keyClicks(bench->Line(1), "s");
+        QTest::mousePress(bench->Label(2), Qt::LeftButton);
+        bench->window.FocusLine(0);
+        QTest::keyClicks(bench->Line(1), "*C");
+        QVERIFY(bench->List()->isVisible());
+    }
     void RowsAreLargeEnough() {
         EditorBench bench;
         QVERIFY(bench.Start());

@@ -165,6 +165,14 @@ class EditMenuTest final : public QObject {
         ActionOf(*menu, CommandId::InsertAi)->trigger();
         QCOMPARE(bench.Line(5)->text(), QString("Ai("));
         menu->close();
+        // By keyboard the key has the focus meanwhile; typing goes on in the line.
+        bench.window.FocusLine(8);
+        QTest::keyClick(bench.Line(9), Qt::Key_Tab);
+        QTest::keyClick(bench.Key("menuKey"), Qt::Key_Tab);
+        QTest::keyClick(key, Qt::Key_Space);
+        ActionOf(*Opened(bench), CommandId::InsertBi)->trigger();
+        QVERIFY(bench.Line(9)->hasFocus());
+        QCOMPARE(bench.Line(9)->text(), QString("Bi("));
     }
 };
 

@@ -248,6 +248,10 @@ class EditorWindowTest final : public QObject {
         QTest::keyClick(program.Line(9), Qt::Key_Tab);
         auto* const key = program.Editor().findChild<QPushButton*>("menuKey");
         QVERIFY(key->hasFocus());
+        const QImage with = key->grab().toImage();
+        QTest::keyClick(key, Qt::Key_Backtab);
+        QVERIFY(key->grab().toImage() != with);
+        QTest::keyClick(program.Line(9), Qt::Key_Tab);
         QCOMPARE(program.Editor().FocusedSlot().value_or(-1), 8);
         QTest::keyClick(key, Qt::Key_Return);
         QMenu* const menu = OpenedMenu(program.Editor(), "mainMenu");

@@ -68,6 +68,10 @@ class LineAreaTest final : public QObject {
         scroll.triggerAction(QAbstractSlider::SliderSingleStepAdd);
         QCOMPARE(Seen(bench), Range(2, 9));
         QCOMPARE(bench.PlaceOf(bench.Line(2)), first);
+        for (QWidget* const away :
+             {static_cast<QWidget*>(bench.Line(1)), static_cast<QWidget*>(bench.Label(1))}) {
+            QVERIFY(bench.PlaceOf(away).bottom() < 0);
+        }
     }
     void TheFocusedLineIsAlwaysSeen() {
         EditorBench bench(QSize(480, 240));  // four rows
