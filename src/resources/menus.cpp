@@ -11,11 +11,7 @@ namespace kalvex {
 namespace {
 
 /// Commands that have no dialog in this version.
-constexpr std::array kWithoutDialog = {
-    CommandId::Help,
-    CommandId::About,
-    CommandId::EditHelp,
-};
+constexpr std::array<CommandId, 0> kWithoutDialog = {};
 
 MenuEntry Separator() {
     return {CommandId::None, u"", {}};

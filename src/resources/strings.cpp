@@ -60,6 +60,8 @@ constexpr Entry kTable[] = {
      u"'Maximums Tab')\r\n  %d minimums  (See 'Minimums Tab')\r\n\r\n%s reaches a maximum:\r\n  "
      u"y=%f\r\n%s reaches a maximum:\r\n  y=%f\r\n\r\nMean value of function: %f"},
     {StringId::ParameterRange, u"MaxParam must be greater than MinParam!"},
+    // In the table, never shown: help without a page closes silently.
+    {StringId::CannotOpenHelp, u"Can't open help file!"},
     {StringId::SlideToSelect, u"<< Slide to select function >>"},
     {StringId::EnterExpression, u"Enter expression here"},
     {StringId::WrongNumberOfCommas, u"Wrong number of commas"},
@@ -227,6 +229,17 @@ constexpr Entry kTable[] = {
     {StringId::LineNotSelected, u"not selected"},
     {StringId::NamesList, u"Function names"},
     {StringId::LinesScroll, u"Lines"},
+    {StringId::HelpOk, u"Ok"},
+    {StringId::HelpFind, u"Find in the help"},
+    {StringId::HelpFindTip, u"Enter finds the next place, Shift+Enter the one before"},
+    {StringId::HelpNotFound, u"not found"},
+    {StringId::AboutVersion, u"version 3.01 (Build 1801)"},
+    {StringId::AboutInvitation,
+     u"Questions and suggestions are welcome: tell us what you miss and what could be better."},
+    {StringId::AboutLicence,
+     u"Free software under the GNU General Public License, version 3 or later."},
+    {StringId::AboutPicture, u"The Kalvex icon: a curve through the origin"},
+    {StringId::AboutOk, u"OK"},
 };
 
 }  // namespace

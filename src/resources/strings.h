@@ -45,6 +45,7 @@ enum class StringId : std::int32_t {
     UnknownLexeme = 43,
     SummaryOfPages = 44,
     ParameterRange = 45,
+    CannotOpenHelp = 47,
     SlideToSelect = 48,
     EnterExpression = 49,
     WrongNumberOfCommas = 51,
@@ -181,6 +182,17 @@ enum class StringId : std::int32_t {
     LineNotSelected = 1257,
     NamesList = 1258,
     LinesScroll = 1259,
+
+    // Help and About.
+    HelpOk = 1270,
+    HelpFind = 1271,
+    HelpFindTip = 1272,
+    HelpNotFound = 1273,
+    AboutVersion = 1274,
+    AboutInvitation = 1275,
+    AboutLicence = 1276,
+    AboutPicture = 1277,
+    AboutOk = 1278,
 };
 
 /// The text of a number; empty for a number that the table does not hold.

@@ -67,6 +67,13 @@ QPushButton* BottomBar::AddMiddleKey(const QString& text, const char* name) {
     return key;
 }
 
+void BottomBar::ShowOneKey() {
+    QSizePolicy policy = action->sizePolicy();
+    policy.setRetainSizeWhenHidden(false);
+    action->setSizePolicy(policy);
+    action->hide();
+}
+
 void BottomBar::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setPen(palette().color(QPalette::Mid));

@@ -20,6 +20,8 @@ class BottomBar final : public QWidget {
 
     QPushButton* menuButton() const { return menu; }
     QPushButton* actionButton() const { return action; }
+    /// Leaves the left key alone, over the whole width.
+    void ShowOneKey();
 
   protected:
     void paintEvent(QPaintEvent* event) override;

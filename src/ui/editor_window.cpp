@@ -15,6 +15,7 @@
 #include "ui/bottom_bar.h"
 #include "ui/completion.h"
 #include "ui/edit_menu.h"
+#include "ui/help_window.h"
 #include "ui/line_area.h"
 #include "ui/line_edit.h"
 #include "ui/line_label.h"
@@ -245,6 +246,7 @@ QMenu* EditorWindow::MakeEditMenu(int slot) {
 }
 
 bool EditorWindow::Run(CommandId command) {
+    if (RunHelpCommand(this, command)) return true;
     state.slot = FocusedSlot();
     return RunCommand(state, command);
 }

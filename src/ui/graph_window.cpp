@@ -13,6 +13,7 @@
 #include "resources/menus.h"
 #include "ui/bottom_bar.h"
 #include "ui/graph_keys.h"
+#include "ui/help_window.h"
 #include "ui/line_layout.h"
 #include "ui/menu_builder.h"
 #include "ui/qt_text.h"
@@ -124,6 +125,7 @@ bool GraphWindow::Run(CommandId command) {
     if (!HasDialog(command)) return false;
     canvas->EndGestures();
     keyGesture = {};
+    if (RunHelpCommand(this, command)) return true;
     const auto change = RunExploreCommand(graph, workspace.functions, command, actions.show);
     if (change) {
         canvas->Apply(*change);

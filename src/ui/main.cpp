@@ -5,6 +5,7 @@
 #include "ui/application.h"
 #include "ui/message_window.h"
 #include "ui/picture_export.h"
+#include "ui/program_icon.h"
 #include "ui/terminate_signal.h"
 #include "ui/touch_style.h"
 #include "workspace/function_list.h"
@@ -16,6 +17,7 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName("kalvex");
     // No display name: the caption of every message box would end in it.
     QGuiApplication::setDesktopFileName("kalvex");
+    QApplication::setWindowIcon(ProgramIcon());
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setStyle(new TouchStyle);
 

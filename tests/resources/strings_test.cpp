@@ -33,6 +33,13 @@ TEST(Text, HasTheTextsOfPointFiles) {
         EXPECT_EQ(Text(static_cast<StringId>(row.number)), row.text) << row.number;
 }
 
+TEST(Text, HasTheTextsOfHelpAndAbout) {
+    EXPECT_EQ(Text(static_cast<StringId>(47)), u"Can't open help file!");
+    EXPECT_EQ(Text(StringId::AboutVersion), u"version 3.01 (Build 1801)");
+    EXPECT_EQ(Text(StringId::HelpOk), u"Ok");
+    EXPECT_EQ(Text(StringId::AboutOk), u"OK");
+}
+
 TEST(FillIn, ReplacesPlacesInOrder) {
     EXPECT_EQ(FillIn(Text(StringId::ErrorInFunction), {NumberText(3), u"x+", u"Empty string"}),
               u"Error in 3 function:\nx+\nEmpty string");

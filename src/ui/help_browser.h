@@ -1,0 +1,40 @@
+// The view of the help page.
+#pragma once
+
+#include <QHash>
+#include <QImage>
+#include <QTextBrowser>
+
+namespace kalvex {
+
+/// Shows a page in the system's colours and its pictures as wide as fits. Links lead only to places
+/// of the page itself; any other does nothing.
+class HelpBrowser final : public QTextBrowser {
+  public:
+    explicit HelpBrowser(QWidget* parent);
+
+    /// False when there is no such file or nothing in it.
+    bool ShowPage(const QString& path);
+    /// Goes to the next place of a text, or to the one before, around the ends of the page; with
+    /// `here` the present place may stay. False when the page does not have it.
+    bool FindText(const QString& text, bool forward, bool here = false);
+
+    QVariant loadResource(int type, const QUrl& name) override;
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+  private:
+    void FollowLink(const QUrl& link);
+    void SetLinkColor();
+    QImage Fitted(const QImage& picture) const;
+    void FitPictures();
+
+    QUrl page;
+    QHash<QUrl, QImage> pictures;  ///< as they are in their files
+    int fittedWidth = 0;
+};
+
+}  // namespace kalvex

@@ -1,0 +1,14 @@
+// The pictures are made by scripts/make-icons and built into the program: its windows have their
+// icon even where nothing is installed.
+#include "ui/program_icon.h"
+
+namespace kalvex {
+
+QIcon ProgramIcon() {
+    QIcon icon;
+    for (const int size : {16, 22, 24, 32, 48, 64, 128, 256})
+        icon.addFile(QString(":/icons/kalvex-%1.png").arg(size), QSize(size, size));
+    return icon;
+}
+
+}  // namespace kalvex
