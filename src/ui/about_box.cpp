@@ -32,6 +32,32 @@ QString TextOf(StringId id) {
     return ToQString(Text(id));
 }
 
+void AddTexts(QVBoxLayout& column, double density) {
+    QLabel* const picture = AddText(column, {});
+    picture->setObjectName("picture");
+    picture->setPixmap(ProgramIcon().pixmap(QSize(kPictureSize, kPictureSize), density));
+    picture->setFixedHeight(kPictureSize);
+    picture->setAccessibleName(TextOf(StringId::AboutPicture));
+    QLabel* const name = AddText(column, TextOf(StringId::Title));
+    QFont large = name->font();
+    large.setPointSizeF(large.pointSizeF() * kNameScale);
+    large.setWeight(QFont::DemiBold);
+    name->setFont(large);
+    for (const StringId text :
+         {StringId::AboutVersion, StringId::AboutInvitation, StringId::AboutLicence})
+        AddText(column, TextOf(text));
+}
+
+BottomBar* NewKey(QDialog* box) {
+    auto* const bar = new BottomBar(TextOf(StringId::AboutOk), {}, box);
+    bar->menuButton()->setObjectName("okKey");
+    bar->menuButton()->setFocusPolicy(Qt::StrongFocus);
+    bar->menuButton()->setDefault(true);
+    bar->ShowOneKey();
+    QObject::connect(bar->menuButton(), &QPushButton::clicked, box, &QDialog::accept);
+    return bar;
+}
+
 }  // namespace
 
 void OpenAboutBox(QWidget* parent) {
@@ -47,28 +73,11 @@ void OpenAboutBox(QWidget* parent) {
     column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     column->setSpacing(kGap);
     whole->addLayout(column);
-
-    QLabel* const picture = AddText(*column, {});
-    picture->setObjectName("picture");
-    picture->setPixmap(
-        ProgramIcon().pixmap(QSize(kPictureSize, kPictureSize), parent->devicePixelRatioF()));
-    picture->setAccessibleName(TextOf(StringId::AboutPicture));
-    QLabel* const name = AddText(*column, TextOf(StringId::Title));
-    QFont large = name->font();
-    large.setPointSizeF(large.pointSizeF() * kNameScale);
-    large.setWeight(QFont::DemiBold);
-    name->setFont(large);
-    for (const StringId text :
-         {StringId::AboutVersion, StringId::AboutInvitation, StringId::AboutLicence})
-        AddText(*column, TextOf(text));
-
-    auto* const bar = new BottomBar(TextOf(StringId::AboutOk), {}, box);
-    bar->menuButton()->setObjectName("okKey");
-    bar->menuButton()->setFocusPolicy(Qt::StrongFocus);
-    bar->menuButton()->setDefault(true);
-    bar->ShowOneKey();
-    QObject::connect(bar->menuButton(), &QPushButton::clicked, box, &QDialog::accept);
-    whole->addWidget(bar);
+    AddTexts(*column, parent->devicePixelRatioF());
+    whole->addWidget(NewKey(box));
+    // Left to itself a dialog is at most two thirds of the screen high, on a small one too little.
+    const int width = qMax(kLeastWidth, whole->totalMinimumSize().width());
+    box->resize(width, whole->totalHeightForWidth(width));
     box->open();
 }
 

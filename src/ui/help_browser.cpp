@@ -9,6 +9,7 @@
 #include <QScrollBar>
 #include <QScroller>
 #include <QTextBlock>
+#include <QTextFrame>
 
 #include "ui/contrast.h"
 
@@ -16,8 +17,10 @@ namespace kalvex {
 namespace {
 
 constexpr double kMargin = 12.0;
+constexpr double kIndent = 24.0;
+constexpr double kTextScale = 1.1;     // a page is read, not glanced at
 constexpr double kLinkContrast = 4.5;  // the guidelines' bound for ordinary text
-constexpr int kWidestPicture = 720;
+constexpr int kWidestColumn = 760;     // longer lines are hard to read
 
 bool IsPlus(int key) {
     return key == Qt::Key_Plus || key == Qt::Key_Equal;
@@ -32,6 +35,10 @@ HelpBrowser::HelpBrowser(QWidget* parent) : QTextBrowser(parent) {
     setOpenLinks(false);
     setOpenExternalLinks(false);
     document()->setDocumentMargin(kMargin);
+    document()->setIndentWidth(kIndent);
+    QFont large = font();
+    large.setPointSizeF(large.pointSizeF() * kTextScale);
+    setFont(large);
     QScroller::grabGesture(viewport(), QScroller::TouchGesture);
     connect(this, &QTextBrowser::anchorClicked, this, &HelpBrowser::FollowLink);
 }
@@ -41,6 +48,7 @@ bool HelpBrowser::ShowPage(const QString& path) {
     page = QUrl::fromLocalFile(path);
     SetLinkColor();
     setSource(page, QTextDocument::HtmlResource);
+    CentreColumn();
     return !document()->isEmpty();
 }
 
@@ -83,10 +91,13 @@ QVariant HelpBrowser::loadResource(int type, const QUrl& name) {
     return Fitted(picture);
 }
 
+int HelpBrowser::ColumnWidth() const {
+    return qBound(1, viewport()->width() - qRound(2 * kMargin), kWidestColumn);
+}
+
 QImage HelpBrowser::Fitted(const QImage& picture) const {
     if (picture.isNull()) return picture;
-    const int room = viewport()->width() - qRound(2 * kMargin) - 2;
-    const int width = qBound(1, picture.width(), qMin(qMax(room, 1), kWidestPicture));
+    const int width = qMin(picture.width(), ColumnWidth());
     const double density = devicePixelRatioF();
     QImage fitted =
         picture.scaledToWidth(qMax(qRound(width * density), 1), Qt::SmoothTransformation);
@@ -95,23 +106,36 @@ QImage HelpBrowser::Fitted(const QImage& picture) const {
 }
 
 void HelpBrowser::FitPictures() {
-    if (fittedWidth == viewport()->width()) return;
-    fittedWidth = viewport()->width();
-    // What is read at the top stays at the top.
-    const int position = cursorForPosition(QPoint(0, 0)).position();
     for (auto picture = pictures.cbegin(); picture != pictures.cend(); ++picture)
         document()->addResource(QTextDocument::ImageResource, picture.key(),
                                 Fitted(picture.value()));
     document()->markContentsDirty(0, document()->characterCount());
-    if (position == 0) return;
-    const QTextBlock block = document()->findBlock(position);
+}
+
+void HelpBrowser::CentreColumn() {
+    const double margin = (viewport()->width() - ColumnWidth()) / 2.0;
+    QTextFrameFormat format = document()->rootFrame()->frameFormat();
+    format.setLeftMargin(margin);
+    format.setRightMargin(margin);
+    document()->rootFrame()->setFrameFormat(format);
+}
+
+void HelpBrowser::FitColumn() {
+    if (fittedWidth == viewport()->width()) return;
+    fittedWidth = viewport()->width();
+    // What is read at the top stays at the top.
+    const bool scrolled = verticalScrollBar()->value() > 0;
+    const QTextBlock top = cursorForPosition(QPoint(viewport()->width() / 2, 0)).block();
+    FitPictures();
+    CentreColumn();
+    if (!scrolled) return;
     verticalScrollBar()->setValue(
-        qRound(document()->documentLayout()->blockBoundingRect(block).top()));
+        qRound(document()->documentLayout()->blockBoundingRect(top).top()));
 }
 
 void HelpBrowser::resizeEvent(QResizeEvent* event) {
     QTextBrowser::resizeEvent(event);
-    FitPictures();
+    FitColumn();
 }
 
 void HelpBrowser::changeEvent(QEvent* event) {
@@ -119,6 +143,7 @@ void HelpBrowser::changeEvent(QEvent* event) {
     if (event->type() != QEvent::PaletteChange || page.isEmpty()) return;
     SetLinkColor();
     reload();
+    CentreColumn();
 }
 
 void HelpBrowser::keyPressEvent(QKeyEvent* event) {

@@ -7,8 +7,8 @@
 
 namespace kalvex {
 
-/// Shows a page in the system's colours and its pictures as wide as fits. Links lead only to places
-/// of the page itself; any other does nothing.
+/// Shows a page in the system's colours, as one column in the middle with pictures as wide as fits.
+/// Links lead only to places of the page itself; any other does nothing.
 class HelpBrowser final : public QTextBrowser {
   public:
     explicit HelpBrowser(QWidget* parent);
@@ -30,7 +30,10 @@ class HelpBrowser final : public QTextBrowser {
     void FollowLink(const QUrl& link);
     void SetLinkColor();
     QImage Fitted(const QImage& picture) const;
+    int ColumnWidth() const;
     void FitPictures();
+    void CentreColumn();
+    void FitColumn();
 
     QUrl page;
     QHash<QUrl, QImage> pictures;  ///< as they are in their files

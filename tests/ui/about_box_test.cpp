@@ -2,6 +2,7 @@
 
 #include <QDialog>
 #include <QLabel>
+#include <QScreen>
 
 #include "ui/program_icon.h"
 #include "window_fixture.h"
@@ -47,6 +48,23 @@ class AboutBoxTest final : public QObject {
             QTest::keyClick(QApplication::focusWidget(), key);
             QTRY_VERIFY(!box);
         }
+    }
+    void NothingIsCutByLargeLetters() {
+        const QFont before = QApplication::font();
+        QFont large = before;
+        large.setPointSizeF(24);
+        QApplication::setFont(large);
+        QWidget below;
+        below.show();
+        OpenAboutBox(&below);
+        auto* const box = below.findChild<QDialog*>("aboutBox");
+        QVERIFY(QTest::qWaitForWindowActive(box));
+        QVERIFY(box->height() > box->screen()->size().height() * 2 / 3);
+        for (const QLabel* const label : box->findChildren<QLabel*>()) {
+            const int needed = label->text().isEmpty() ? 96 : label->heightForWidth(label->width());
+            QVERIFY2(label->height() >= needed, qPrintable(label->text()));
+        }
+        QApplication::setFont(before);
     }
     void TheIconHasEverySize() {
         const QIcon icon = ProgramIcon();

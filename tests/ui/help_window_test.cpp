@@ -3,8 +3,10 @@
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointingDevice>
 #include <QProcess>
 #include <QScrollBar>
+#include <QScroller>
 #include <QTextBlock>
 #include <cstdio>
 
@@ -146,6 +148,35 @@ class HelpWindowTest final : public QObject {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Home);
         QCOMPARE(ScrollOf(*window), 0);
     }
+    void FingersScrollAndTap() {
+        TestPage test;
+        HelpWindow* const window = test.Open();
+        QWidget* const page = window->Page().viewport();
+        QPointingDevice* const device = QTest::createTouchDevice();
+        QPoint at(200, 400);
+        QTest::touchEvent(page, device).press(1, at);
+        for (int i = 0; i < 10; ++i) {
+            QTest::qWait(10);
+            at -= QPoint(0, 30);
+            QTest::touchEvent(page, device).move(1, at);
+        }
+        QTest::touchEvent(page, device).release(1, at);
+        QTRY_VERIFY(ScrollOf(*window) > 200);
+        QScroller::scroller(page)->stop();
+        window->Page().verticalScrollBar()->setValue(0);
+        QRect place;  // of the link in the first lines
+        for (int x = 0; x < page->width(); ++x) {
+            for (int y = 0; y < 60; ++y) {
+                if (window->Page().anchorAt({x, y}) == "#far") place |= QRect(x, y, 1, 1);
+            }
+        }
+        const QPoint link = place.center();
+        QCOMPARE(window->Page().anchorAt(link), QString("#far"));
+        QTest::touchEvent(page, device).press(1, link);
+        QTest::qWait(30);
+        QTest::touchEvent(page, device).release(1, link);
+        QTRY_VERIFY(ScrollOf(*window) > 1000);
+    }
     void PicturesFitTheWidth() {
         TestPage test;
         HelpWindow* const window = test.Open();
@@ -160,7 +191,7 @@ class HelpWindowTest final : public QObject {
         QVERIFY(fits());
         // Never so wide that a page of a large screen is one picture.
         window->resize(1600, 600);
-        QTRY_COMPARE(PictureWidth(*window), 720.0);
+        QTRY_COMPARE(PictureWidth(*window), 760.0);
         QVERIFY(fits());
     }
     void AResizeKeepsThePlace() {
