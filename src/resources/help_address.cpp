@@ -1,6 +1,6 @@
-// A page is named by an address that holds the program's own path and the language, the way the
-// first version kept its pages: in the program for US English, in a language file beside it for
-// every other. Here both are folders with a page each, named by the language's four digits.
+// A page is named by an address that holds the program's own path and the language: the one in US
+// English belongs to the program, every other to a language file beside it. Both are folders with a
+// page each, named by the language's four digits.
 //
 // A language that nobody knows must not end up in an address that nothing can answer, so it counts
 // as English. The same goes for a language without a page: the text in English beats none.

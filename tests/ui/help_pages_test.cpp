@@ -9,6 +9,7 @@
 
 #include "expr/names.h"
 #include "resources/menus.h"
+#include "resources/short_cuts.h"
 #include "resources/strings.h"
 #include "ui/qt_text.h"
 
@@ -22,6 +23,7 @@ struct Page {
     QString words;      ///< all that a reader sees, blanks simplified
     QStringList codes;  ///< contents of <code>
     QStringList bold;   ///< contents of <b>
+    QStringList cells;  ///< contents of <td>
     QStringList ids;
     QStringList links;
     QStringList pictures;
@@ -57,18 +59,22 @@ Page ReadPage(const QString& language) {
     QXmlStreamReader xml(&file);
     QStringList open;
     QString inside;
+    QString cell;
     while (!xml.atEnd()) {
         xml.readNext();
         if (xml.isStartElement()) {
             open += xml.name().toString();
             TakeStart(page, xml);
             if (open.last() == "code" || open.last() == "b") inside.clear();
+            if (open.last() == "td") cell.clear();
         } else if (xml.isCharacters()) {
             if (!open.contains("head")) page.words += xml.text();
             inside += xml.text();
+            cell += xml.text();
         } else if (xml.isEndElement()) {
             if (open.last() == "code") page.codes += inside.simplified();
             if (open.last() == "b") page.bold += inside.simplified();
+            if (open.last() == "td") page.cells += cell.simplified();
             open.removeLast();
         }
     }
@@ -162,7 +168,7 @@ class HelpPagesTest final : public QObject {
     void NameEveryMenuEntry() {
         QStringList words = {"Draw",     "Trace",  "Analyze", "Ok",   "Escape",
                              "Unselect", "Export", "Calc",    "Save", "Cancel"};
-        for (const Menu& menu : {MainMenu(), GraphMenu(), FullScreenPopup()})
+        for (const Menu& menu : {MainMenu(), GraphMenu(), FullScreenPopup(), ExportMenuOfPages()})
             CollectWords(menu, words);
         words.removeDuplicates();
         for (const QString& language : kLanguages) {
@@ -195,6 +201,25 @@ class HelpPagesTest final : public QObject {
                 QVERIFY2(page.words.contains(heading), qPrintable(language + ": " + heading));
                 QVERIFY(page.ids.contains("method-" + QString::number(code)));
             }
+        }
+    }
+    void NameEveryShortCut() {
+        // Runs of digits are one row each.
+        const QRegularExpression run("^(Alt\\+\\d|Ctrl\\+\\d|Ctrl\\+M, .|[1-7])$");
+        for (const QString& language : kLanguages) {
+            const QStringList cells = ReadPage(language).cells;
+            for (const auto table : {EditorShortCuts(), GraphShortCuts(), ReportShortCuts()}) {
+                for (const ShortCut& shortCut : table) {
+                    const QString keys = ToQString(shortCut.keys);
+                    if (run.match(keys).hasMatch()) continue;
+                    const QRegularExpression cell("(^|, )" + QRegularExpression::escape(keys) +
+                                                  "($|, | \\()");
+                    QVERIFY2(cells.indexOf(cell) >= 0, qPrintable(language + ": " + keys));
+                }
+            }
+            for (const char* const end : {"Alt\\+1 .*Alt\\+9", "Ctrl\\+1 .*Ctrl\\+5",
+                                          "Ctrl\\+M, .*0 .*9, A, B, C", "1 .* 7"})
+                QVERIFY2(cells.indexOf(QRegularExpression(end)) >= 0, end);
         }
     }
     void QuoteMessagesAsTheyAre() {
