@@ -4,6 +4,7 @@ import math
 import mpmath
 from mpmath import mp
 
+from .bessel_large import large_j, large_points, large_y, slope_of_large
 from .frame import around, generator, linear, logarithmic, row
 
 NEAR_WHOLE = (1e-3, 1e-5, 1e-7, 1e-10, 1e-13)
@@ -146,7 +147,9 @@ def rows_J():
     # Orders above the argument on both sides of the end of Steed's method for J.
     chosen += [(n, x) for n in (64.5, 70, 150.25) for x in around(64)[:5]]
     condition = slope(bessel_j)
-    return [row(bessel_j, n, x, condition=condition if x != 0 else 0) for n, x in chosen]
+    found = [row(bessel_j, n, x, condition=condition if x != 0 else 0) for n, x in chosen]
+    huge = large_points() + [(n, -x) for n, x in large_points() if n % 1 == 0][::5]
+    return found + [row(large_j, n, x, condition=slope_of_large(large_j)) for n, x in huge]
 
 
 def rows_Y():
@@ -157,7 +160,9 @@ def rows_Y():
     chosen += [(n, x) for n in (0, 1, 5) for x in linear(rng, 7.5, 8.5, 5)]
     chosen += [(1, 5e-324), (0, 5e-324), (0.5, 5e-324), (-0.5, 5e-324), (150.5, 0.5), (1000, 500)]
     condition = slope(bessel_y)
-    return [row(bessel_y, n, x, condition=condition) for n, x in chosen]
+    found = [row(bessel_y, n, x, condition=condition) for n, x in chosen]
+    return found + [row(large_y, n, x, condition=slope_of_large(large_y))
+                    for n, x in large_points()]
 
 
 def rows_I():

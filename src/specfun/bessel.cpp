@@ -40,13 +40,13 @@ double Finite(Extended value, const char* message) {
 
 /// J of the order -order, order > 0 not integral, x > 0.
 Extended ReflectedJ(double order, double x) {
-    const auto [cosine, sine] = CosineSinePi(order);
+    const auto [cosine, sine] = CosineSinePi(std::fmod(order, 2.0));
     return OscillatingSum(order, x, cosine, -sine);
 }
 
 /// Y of the order -order, order > 0, x > 0.
 Extended ReflectedY(double order, double x) {
-    const auto [cosine, sine] = CosineSinePi(order);
+    const auto [cosine, sine] = CosineSinePi(std::fmod(order, 2.0));
     return OscillatingSum(order, x, sine, cosine);
 }
 
@@ -54,7 +54,7 @@ Extended ReflectedY(double order, double x) {
 
 double BesselJ(double order, double x) {
     if (std::isnan(x)) return x;
-    CheckOrder(order, MaxOrder, "BesselJ");
+    CheckOrder(order, kLargest, "BesselJ");
     const bool integral = IsIntegral(order);
     if (x < 0 && !integral) throw ap::ap_error{"Domain error in BesselJV"};
     if (std::isinf(x)) return 0;
@@ -70,7 +70,7 @@ double BesselJ(double order, double x) {
 
 double BesselY(double order, double x) {
     if (std::isnan(x)) return x;
-    CheckOrder(order, MaxOrder, "BesselY");
+    CheckOrder(order, kLargest, "BesselY");
     if (x <= 0) throw ap::ap_error{"Domain error in BesselY"};
     if (std::isinf(x)) return 0;
     return static_cast<double>(order < 0 ? ReflectedY(-order, x) : OscillatingY(order, x));

@@ -7,7 +7,7 @@
 
 namespace kalvex::specfun {
 
-/// order = whole + part exactly, part in -1/2..1/2. For 0 <= order <= MaxOrder.
+/// order = whole + part exactly, part in -1/2..1/2. For orders from 0 to 2^30.
 struct SplitOrder {
     int whole;
     Extended part;

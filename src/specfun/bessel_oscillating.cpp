@@ -1,7 +1,8 @@
 // Y by recurrence upward from an order within 1/2 of 0, which is stable always. J likewise while
 // the order stays below x. Beyond, J is the vanishing solution: its power series where that does
 // not cancel, else the recurrence downward that starts above the wanted order, or for large x the
-// Wronskian with Y and the ratio of two neighbouring J.
+// Wronskian with Y and the ratio of two neighbouring J. Orders too large for that have a file of
+// their own.
 #include "specfun/bessel_oscillating.h"
 
 #include <cmath>
@@ -49,6 +50,7 @@ Extended Weighted(Extended a, Extended b) {
 }  // namespace
 
 Extended OscillatingJ(double order, Extended x) {
+    if (order > kRecurrenceEnd) return LargeOrderJ(order, x);
     const Extended quarter = x * x / 4;
     if (quarter <= order + Extended{1}) return SeriesJ(order, quarter, x);
     const SplitOrder split = Split(order);
@@ -60,6 +62,7 @@ Extended OscillatingJ(double order, Extended x) {
 }
 
 Extended OscillatingY(double order, Extended x) {
+    if (order > kRecurrenceEnd) return LargeOrderY(order, x);
     const SplitOrder split = Split(order);
     if (x < kNear) return Upward(LowYNear(split.part, x), split, x).at;
     const LowOrders low =
@@ -68,6 +71,8 @@ Extended OscillatingY(double order, Extended x) {
 }
 
 Extended OscillatingSum(double order, Extended x, Extended ofJ, Extended ofY) {
+    if (order > kRecurrenceEnd)
+        return Weighted(ofJ, LargeOrderJ(order, x)) + Weighted(ofY, LargeOrderY(order, x));
     const Extended quarter = x * x / 4;
     if (quarter <= order + Extended{1}) {
         if (ofY == 0) return ofJ * SeriesJ(order, quarter, x);

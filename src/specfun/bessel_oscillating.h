@@ -1,9 +1,12 @@
-// Bessel functions J and Y of orders 0 to MaxOrder and finite x > 0.
+// Bessel functions J and Y of finite orders from 0 and finite x > 0.
 #pragma once
 
 #include "specfun/bessel_common.h"
 
 namespace kalvex::specfun {
+
+/// The recurrences go to this order, the expansions for large orders start beyond it.
+inline constexpr double kRecurrenceEnd = 100000;
 
 Extended OscillatingJ(double order, Extended x);
 
@@ -12,6 +15,11 @@ Extended OscillatingY(double order, Extended x);
 
 /// ofJ J + ofY Y for coefficients of at most 1.
 Extended OscillatingSum(double order, Extended x, Extended ofJ, Extended ofY);
+
+/// J and Y of orders beyond kRecurrenceEnd. Zero and minus infinity where the extended format
+/// underflows and overflows.
+Extended LargeOrderJ(double order, Extended x);
+Extended LargeOrderY(double order, Extended x);
 
 /// J and Y of an order in -1/2..1/2 and of the next, and J some steps of the order higher.
 struct LowOrders {

@@ -1,0 +1,209 @@
+"""J and Y of large orders, by quadrature of the contour integral of exp(x sinh t - order t) (DLMF
+10.9.17, 10.9.18), nothing that the program's own expansions use. J is 1/(2 pi i) times the integral
+from infinity - pi i to infinity + pi i, J + i Y is 1/(pi i) times that from -infinity to infinity +
+pi i; the paths go through the saddle points, and the trapezoidal rule converges geometrically on
+them. What a path leaves out before its end lies below exp(-2 s) or exp(-2 xi) of the value, s =
+sqrt|order^2 - x^2|, xi the exponent or phase at the saddle point."""
+import functools
+import math
+
+import mpmath
+from mpmath import mp
+
+from .frame import around, generator
+
+# From this phase or exponent on the saddle points are far enough apart for a path of their own.
+APART = 110
+
+
+def spread(f, step):
+    """step times the sum of f over its multiples to both sides, until it has died away."""
+    total = f(mpmath.mpf(0))
+    for sign in (1, -1):
+        t = mpmath.mpf(0)
+        largest = abs(total)
+        while True:
+            t += sign * step
+            term = f(t)
+            total += term
+            largest = max(largest, abs(term))
+            if abs(term) < mp.eps * largest / 1000:
+                break
+    return total * step
+
+
+def gaussian_step(s):
+    """The trapezoidal rule of this step has an error below mp.eps for exp(-s t^2 / 2)."""
+    return mpmath.sqrt(2 * mpmath.pi ** 2 / (mp.prec * mpmath.log(2) * s)) * 0.7
+
+
+def below(order, x):
+    """J and Y for x below the order: J through the saddle point alpha, upright, Y through -alpha,
+    along the real axis."""
+    s = mpmath.sqrt((order - x) * (order + x))
+    alpha = mpmath.log((order + s) / x)
+    step = gaussian_step(s)
+
+    def upright(u):
+        return mpmath.exp(s * (mpmath.cos(u) - 1)) * mpmath.cos(order * (mpmath.sin(u) - u))
+
+    def level(r):
+        if r > 2 * alpha:
+            return mpmath.mpf(0)
+        return mpmath.exp(order * (mpmath.sinh(r) - r) - s * (mpmath.cosh(r) - 1))
+
+    exponent = order * alpha - s
+    j = mpmath.exp(-exponent) * spread(upright, step) / (2 * mpmath.pi)
+    y = -mpmath.exp(exponent) * spread(level, step) / mpmath.pi
+    return j, y
+
+
+def above(order, x):
+    """J + i Y for x above the order, through the saddle point i beta along its bisector."""
+    s = mpmath.sqrt((x - order) * (x + order))
+    beta = mpmath.atan2(s, order)
+    turn = mpmath.exp(mpmath.mpc(0, mpmath.pi / 4))
+
+    def along(r):
+        t = turn * r
+        return mpmath.exp(order * (mpmath.sinh(t) - t) + mpmath.mpc(0, s) * (mpmath.cosh(t) - 1))
+
+    # From the far left to the far right of the saddle point is from valley to valley.
+    phase = mpmath.exp(mpmath.mpc(0, s - order * beta))
+    hankel = phase * turn * spread(along, gaussian_step(s)) / mpmath.mpc(0, mpmath.pi)
+    return mpmath.re(hankel), mpmath.im(hankel)
+
+
+def turning(order, x, phase):
+    """Near x = order, the phase or exponent being about `phase`, on hyperbolas between the directions -60 and 60 degrees for J, 180 and 60
+    for J + i Y, of the size of the turning region."""
+    size = mpmath.cbrt(2 / order)
+    step = 3 / (mp.dps + 2 * phase)
+
+    def path(factor):
+        def along(u):
+            t = size * factor * (mpmath.cosh(u) + mpmath.mpc(0, mpmath.sqrt(3)) * mpmath.sinh(u)) / 2
+            slope = size * factor * (mpmath.sinh(u) + mpmath.mpc(0, mpmath.sqrt(3)) * mpmath.cosh(u)) / 2
+            return mpmath.exp(x * mpmath.sinh(t) - order * t) * slope
+        return spread(along, step)
+
+    j = mpmath.re(path(1) / mpmath.mpc(0, 2 * mpmath.pi))
+    hankel = -path(mpmath.exp(mpmath.mpc(0, 2 * mpmath.pi / 3))) / mpmath.mpc(0, mpmath.pi)
+    return j, mpmath.im(hankel)
+
+
+@functools.cache
+def pair_to(order, x, digits):
+    digits += 15 + max(0, int(mpmath.log10(order)), int(mpmath.log10(x)))
+    with mp.workdps(digits):
+        s = mpmath.sqrt(abs((order - x) * (order + x)))
+        near = s ** 3 / (3 * order ** 2)
+        if near > APART:
+            return (below if x < order else above)(order, x)
+        with mp.extradps(10 + int(near / 2)):
+            return turning(order, x, near)
+
+
+def pair(order, x):
+    """J and Y for an order from 1000 and x > 0."""
+    return pair_to(mpmath.mpf(order), mpmath.mpf(x), mp.dps)
+
+
+def reflected(order, x):
+    """J and Y also for negative orders (DLMF 10.2.3, 10.4.7)."""
+    j, y = pair(abs(order), x)
+    if order > 0:
+        return j, y
+    turns = -order % 2
+    cosine, sine = mpmath.cospi(turns), mpmath.sinpi(turns)
+    return cosine * j - sine * y, sine * j + cosine * y
+
+
+def large_j(order, x):
+    value = reflected(order, abs(x))[0]
+    return -value if x < 0 and order % 2 == 1 else value
+
+
+def large_y(order, x):
+    return reflected(order, x)[1]
+
+
+def slope_of_large(f):
+    """|x f'/f| by the neighbouring orders, with digits enough to tell an order from the
+    next."""
+
+    def condition(order, x):
+        with mp.workdps(15 + 2 * int(mpmath.log10(abs(order)))):
+            value = f(order, x)
+            if value == 0:
+                return mpmath.mpf(0)
+            return x * (f(order - 1, x) - f(order + 1, x)) / (2 * value)
+
+    return condition
+
+
+# The last of the recurrences, the first beyond; whole, half-integral and generic; up to the largest
+# odd double, and beyond all fractions.
+ORDERS = [100000, math.nextafter(100000, math.inf), 100000.5, 100001, 123456.25, 1e6, 1e6 + 0.5,
+          33333333 + 1 / 3, 1e9, 1e9 + 1, 1e12, 1e12 + 1, 1e12 - 0.125, 2.0 ** 53 - 1]
+HUGE = [1e16, 1e100, 1e300]
+
+
+def seam(order, sign):
+    """Where s^3 = 3000 order^2, below or above the order: from the one expansion to the other."""
+    w = (3000 / order) ** (2 / 3)
+    return order * math.sqrt(1 - sign * w)
+
+
+def table_end(order, y):
+    """Where order^(2/3) zeta is nearly y."""
+    w = y / (order / 2) ** (2 / 3)
+    return order * math.sqrt(1 - w * (1 - 0.4 * w))
+
+
+def extremum(order, x):
+    """Near x, an extremum of J; and a zero of it a quarter turn further."""
+    with mp.workdps(40):
+        s = mpmath.sqrt((mpmath.mpf(x) - order) * (mpmath.mpf(x) + order))
+        for _ in range(5):
+            j, y = pair(order, x)
+            angle = mpmath.atan2(y, j)
+            x -= (angle - mpmath.pi * mpmath.nint(angle / mpmath.pi)) * x / s
+        return [(order, float(x)), (order, float(x + mpmath.pi / 2 * x / s))]
+
+
+def places(rng, order):
+    """Arguments in every region and next to every seam, for an order up to 2^53."""
+    width = order ** (1 / 3)
+    found = [order, math.nextafter(order, 0), math.nextafter(order, math.inf)]
+    found += [order + sign * factor * width for sign in (-1, 1) for factor in (0.3, 1, 5, 25)]
+    found += [order - 60 * width, order - 70 * width, order * 0.9, order * 0.5, order * 1e-3, 1e-300]
+    for sign in (-1, 1):
+        edge = seam(order, sign)
+        found += [edge * (1 + step) for step in (-1e-5, 1e-5)]
+        found.append(table_end(order, 12 * sign))
+    found += [order * rng.uniform(1.01, 1.9), 2 * order, math.nextafter(2 * order, 0),
+              order * rng.uniform(2.1, 9), order * 1e4, order * order * 1.1, 1e300]
+    return found
+
+
+def large_points():
+    rng = generator('large orders')
+    found = []
+    for order in ORDERS:
+        for x in rng.sample(places(rng, order), 20):
+            sign = -1 if order % 1 != 0 and rng.random() < 0.3 else 1
+            found.append((sign * order, x))
+    for order in HUGE:
+        found += [(order, order * f) for f in (1e-10, 0.999, 1, 1 + 2e-16, 1.5, 3)]
+    found += [(-n, x) for n in (100001.0, 1e9 + 1) for x in (n - 30 * n ** (1 / 3), n, 1.5 * n, 1e15)]
+    found += [(n, x) for n in (100001.0, 234567.75) for f in (seam(n, 1), seam(n, -1), 2 * n)
+              for x in around(f)[:7]]
+    found += [(100001.0, table_end(100001.0, y)) for y in (-12.02, -11.98, -0.5, 0.5, 11.98, 12.02)]
+    # The last denormal J, and the last Y before it overflows; also of negative orders.
+    found += [(n, n + width * (n / 2) ** (1 / 3)) for n in (100001.0, 1e9 + 0.5, 1e12)
+              for width in (-107, -105.5, -104.6, -104, -103)]
+    found += [(-100000.25, 100000.25 + width * 5e4 ** (1 / 3)) for width in (-103.5, -104.5)]
+    for order, factor in ((100000.5, 1.001), (100003.0, 1.3), (200000.25, 2.5), (1e6 + 1, 1.05)):
+        found += extremum(order, order * factor)
+    return found

@@ -1,0 +1,168 @@
+// J and Y of orders beyond the recurrences: identities and the edges of the range.
+#include <gtest/gtest.h>
+
+#include <cfloat>
+#include <cmath>
+#include <limits>
+
+#include "specfun/bessel_oscillating.h"
+#include "specfun/specfun.h"
+
+namespace kalvex::specfun {
+namespace {
+
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+constexpr double kPi = 3.14159265358979323846;
+
+/// Arguments near the order, by the distance in widths of the turning point, and beyond it.
+constexpr double kWidths[] = {-20, -11.9, -5, -1, -0.25, 0, 0.25, 1, 5, 11.9, 20, 60, 200, 300};
+constexpr double kRatios[] = {1.001, 1.02, 1.3, 1.9999, 2, 2.0001, 7, 1e5, 1e20, 1e280};
+
+// The recurrence does not know of the expansions: its values at the last orders that it reaches
+// lead to those beyond. f(n+1) = 2n/x f(n) - f(n-1) (DLMF 10.6.1).
+TEST(BesselLargeOrders, ContinueTheRecurrence) {
+    for (const double n : {1e5, 1e5 - 0.5}) {
+        for (const double width : kWidths) {
+            const double x = n + width * std::cbrt(n);
+            for (const auto f : {BesselJ, BesselY}) {
+                const double below = f(n - 1, x);
+                const double middle = 2 * n / x * f(n, x);
+                const double above = f(n + 1, x);
+                const double scale = std::fabs(below) + std::fabs(middle) + std::fabs(above);
+                EXPECT_NEAR(above, middle - below, 1e-14 * scale) << n << " " << x;
+            }
+        }
+    }
+}
+
+// Orders one apart, J(n+1) Y(n) - J(n) Y(n+1) = 2/(pi x) (10.5.2). What a rounding of s turns the
+// phases by counts against the little that they turn from one order to the next.
+TEST(BesselLargeOrders, Wronskian) {
+    for (const double n : {100000.5, 1e6, 3.25e7, 1e9}) {
+        for (const double width : kWidths) {
+            const Extended x = n + width * std::cbrt(n);
+            const Extended first = LargeOrderJ(n + 1, x) * LargeOrderY(n, x) * kPi * x;
+            const Extended second = LargeOrderJ(n, x) * LargeOrderY(n + 1, x) * kPi * x;
+            const Extended lost = 0x1p-55L * (std::fabs(first) + std::fabs(second)) + 0x1p-61L * n;
+            EXPECT_NEAR(static_cast<double>(first - second), 2, static_cast<double>(lost))
+                << n << " " << width;
+        }
+    }
+}
+
+// Whatever the phase is, J^2 + Y^2 is 2/(pi s) but for about 1/(16 xi^2), s = sqrt(x^2 - n^2) and
+// xi the phase (10.18.17).
+TEST(BesselLargeOrders, Modulus) {
+    for (const double n : {123456.75, 1e8, 1e12, 1e16, 1e100}) {
+        for (const double ratio : kRatios) {
+            const Extended x = ratio * n;
+            if (std::isinf(x)) continue;
+            const Extended j = LargeOrderJ(n, x);
+            const Extended y = LargeOrderY(n, x);
+            const Extended s = std::sqrt((x - n) * (x + n));
+            const double product = static_cast<double>((j * j + y * y) * s * kPi / 2);
+            const double phase = static_cast<double>(s - n * std::atan(s / n));
+            EXPECT_NEAR(product, 1, 0.1 / (phase * phase) + 4e-16) << n << " " << ratio;
+        }
+    }
+}
+
+// For x far beyond n^2 only the sign and the kind of x remain: J(n+2) = -J(n), Y(n) = J(n+1) up to
+// the sign. The phase then is that of x and of a multiple of a quarter turn, exactly.
+TEST(BesselLargeOrders, FarBeyondTheSquareOfTheOrder) {
+    for (const double x : {1e60, 1.5e100, 1e300}) {
+        for (const double n : {100002.0, 1e6, 1e12, 9007199254740988.0}) {
+            const double sign = std::fmod(n, 4) == 0 ? 1 : -1;
+            EXPECT_DOUBLE_EQ(BesselJ(n, x), sign * BesselJ(0, x)) << n << " " << x;
+            EXPECT_DOUBLE_EQ(BesselY(n, x), sign * BesselY(0, x)) << n << " " << x;
+        }
+    }
+}
+
+// J(-n) = (-1)^n J(n) = J(n) of -x, also for Y: parities of whole orders are exact up to the
+// largest.
+TEST(BesselLargeOrders, Parity) {
+    for (const double n :
+         {100001.0, 100002.0, 1e9 + 1, 1e12 - 1, 1e12, 9007199254740991.0, 1e300}) {
+        const double sign = std::fmod(n, 2) == 0 ? 1 : -1;
+        for (const double x : {n, n * 1.25, n * 3.5}) {
+            const double j = BesselJ(n, x);
+            EXPECT_NE(j, 0);
+            EXPECT_EQ(BesselJ(-n, x), sign * j) << n << " " << x;
+            EXPECT_EQ(BesselJ(n, -x), sign * j) << n << " " << x;
+            EXPECT_EQ(BesselJ(-n, -x), j) << n << " " << x;
+            EXPECT_EQ(BesselY(-n, x), sign * BesselY(n, x)) << n << " " << x;
+        }
+    }
+}
+
+// Half-integral orders: J(-n) is Y(n) and Y(-n) is J(n), up to the sign (10.4.7).
+TEST(BesselLargeOrders, HalfIntegralOrders) {
+    for (const double n : {100000.5, 100001.5, 1e9 + 0.5, 1e12 + 0.5}) {
+        const double sine = std::fmod(n, 2) == 0.5 ? 1 : -1;
+        for (const double x : {n - 3 * std::cbrt(n), n, n * 1.5, n * 4}) {
+            EXPECT_EQ(BesselJ(-n, x), -sine * BesselY(n, x)) << n << " " << x;
+            EXPECT_EQ(BesselY(-n, x), sine * BesselJ(n, x)) << n << " " << x;
+        }
+    }
+}
+
+// J(n, n) = 2^(1/3) / (3^(2/3) Gamma(2/3) n^(1/3)), Y(n, n) = -sqrt(3) of it; the next term is of
+// the relative size n^(-4/3) (10.19.8).
+TEST(BesselLargeOrders, ArgumentsEqualToTheOrder) {
+    for (const double n : {1e13, 1e30, 1e300}) {
+        const double expected = std::cbrt(2 / n) / (std::cbrt(9.0) * std::tgamma(2.0 / 3));
+        EXPECT_NEAR(BesselJ(n, n) / expected, 1, 1e-15) << n;
+        EXPECT_NEAR(BesselY(n, n) / expected, -std::sqrt(3.0), 2e-15) << n;
+    }
+}
+
+TEST(BesselLargeOrders, Ends) {
+    const struct {
+        const char* call;
+        double value;
+        double expected;
+    } rows[] = {
+        {"J(100001,0)", BesselJ(100001, 0), 0},
+        {"J(-1e12,0)", BesselJ(-1e12, 0), 0},
+        {"J(100001,5e-324)", BesselJ(100001, DBL_TRUE_MIN), 0},
+        {"J(100001,9e4)", BesselJ(100001, 9e4), 0},
+        {"J(1e12,9.9e11)", BesselJ(1e12, 9.9e11), 0},
+        {"J(1e300,1)", BesselJ(1e300, 1), 0},
+        {"J(-1e300,1)", BesselJ(-1e300, 1), 0},
+        {"abs(Y(-100001.5,9e4))", std::fabs(BesselY(-100001.5, 9e4)), 0},
+        {"J(largest,1)", BesselJ(DBL_MAX, 1), 0},
+        {"J(1e12,inf)", BesselJ(1e12, kInfinity), 0},
+        {"Y(100001,5e-324)", BesselY(100001, DBL_TRUE_MIN), -kInfinity},
+        {"Y(1e12,9.9e11)", BesselY(1e12, 9.9e11), -kInfinity},
+        {"Y(1e300,1e299)", BesselY(1e300, 1e299), -kInfinity},
+        {"Y(-1e300,1e299)", BesselY(-1e300, 1e299), -kInfinity},
+        {"Y(-100001,9e4)", BesselY(-100001, 9e4), kInfinity},
+        {"Y(1e12,inf)", BesselY(1e12, kInfinity), 0},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(row.value, row.expected) << row.call;
+    EXPECT_TRUE(std::isfinite(BesselJ(DBL_MAX, DBL_MAX)) && BesselJ(DBL_MAX, DBL_MAX) > 0);
+    EXPECT_TRUE(std::isfinite(BesselY(1e5 + 1, DBL_MAX)));
+}
+
+// Denormal J right before it vanishes, and Y there just before it overflows.
+TEST(BesselLargeOrders, GoGraduallyToTheEndsOfTheRange) {
+    for (const double n : {100001.0, 1e9}) {
+        double before = 0;
+        bool denormal = false;
+        for (double width = -140; width < -60; width += 1 / 16.0) {
+            const double x = n + width * std::cbrt(n / 2);
+            const double j = BesselJ(n, x);
+            EXPECT_TRUE(j > before || (j == before && j < DBL_MIN)) << n << " " << width;
+            denormal = denormal || (j > 0 && j < DBL_MIN);
+            EXPECT_TRUE(j <= 1e-300 || std::isfinite(BesselY(n, x))) << n << " " << width;
+            before = j;
+        }
+        EXPECT_TRUE(denormal);
+        EXPECT_GT(before, DBL_MIN);
+    }
+}
+
+}  // namespace
+}  // namespace kalvex::specfun
