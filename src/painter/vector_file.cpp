@@ -7,8 +7,8 @@
 #include <QPdfWriter>
 #include <QSvgGenerator>
 
-#include "workspace/complete_file.h"
 #include "painter/vector_play.h"
+#include "workspace/complete_file.h"
 
 namespace kalvex {
 namespace {

@@ -1,17 +1,10 @@
-// Each menu is written down as it reads. The one list of what cannot be chosen yet stands first, so
-// that an entry comes alive by leaving it.
+// Each menu is written down as it reads.
 #include "resources/menus.h"
-
-#include <algorithm>
-#include <array>
 
 #include "resources/strings.h"
 
 namespace kalvex {
 namespace {
-
-/// Commands that have no dialog in this version.
-constexpr std::array<CommandId, 0> kWithoutDialog = {};
 
 MenuEntry Separator() {
     return {CommandId::None, u"", {}};
@@ -153,10 +146,6 @@ Menu ExportMenuOfPages() {
     Menu menu = ExportMenu();
     menu.push_back({CommandId::ReportToFile, u"Report to file", {}});
     return menu;
-}
-
-bool HasDialog(CommandId id) {
-    return std::find(kWithoutDialog.begin(), kWithoutDialog.end(), id) == kWithoutDialog.end();
 }
 
 }  // namespace kalvex

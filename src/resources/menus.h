@@ -33,7 +33,4 @@ Menu ExportMenu();
 /// `Export` of a report in pages: the same and an entry of its own.
 Menu ExportMenuOfPages();
 
-/// False for a command that opens a dialog which this version does not have; it is shown disabled.
-bool HasDialog(CommandId id);
-
 }  // namespace kalvex

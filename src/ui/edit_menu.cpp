@@ -27,7 +27,7 @@ bool IsEnabled(const LineEdit& line, CommandId command) {
         case CommandId::SelectText:
             return !line.text().isEmpty();
         default:
-            return HasDialog(command);
+            return true;
     }
 }
 

@@ -57,7 +57,6 @@ void OpenDialogOf(const EditorState& state, int slot, CommandId command) {
 
 bool RunCommand(EditorState& state, CommandId command) {
     if (IsBetween(command, CommandId::Select, CommandId::Great)) state.menuOpen = false;
-    if (!HasDialog(command)) return false;
     if (command == CommandId::Draw) {
         state.draw();
     } else if (command == CommandId::Exit) {

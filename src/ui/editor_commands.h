@@ -24,7 +24,7 @@ struct EditorState {
 };
 
 /// Runs one command. Commands of a line do nothing without a focused line. False for a number
-/// that is no command of this window, or one whose dialog this version does not have.
+/// that is no command of this window.
 bool RunCommand(EditorState& state, CommandId command);
 
 }  // namespace kalvex

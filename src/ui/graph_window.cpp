@@ -32,12 +32,6 @@ bool CanTraceAny(const FunctionList& functions) {
     return std::any_of(functions.begin(), functions.end(), CanTrace);
 }
 
-/// A submenu lives while one of its entries does.
-bool IsAlive(const MenuEntry& entry) {
-    if (entry.children.empty()) return HasDialog(entry.id);
-    return std::any_of(entry.children.begin(), entry.children.end(), IsAlive);
-}
-
 }  // namespace
 
 GraphWindow::GraphWindow(GraphState& shownGraph, Workspace& shown, GraphActions given)
@@ -101,7 +95,7 @@ void GraphWindow::OpenMenu() {
     menu->setObjectName("graphMenu");
     menu->setAttribute(Qt::WA_DeleteOnClose);
     const auto stateOf = [](const MenuEntry& entry) {
-        return MenuItemState{entry.text, IsAlive(entry), false, true};
+        return MenuItemState{entry.text, true, false, true};
     };
     FillMenu(
         *menu, GraphMenu(), stateOf, [this](CommandId command) { Run(command); }, GraphShortCuts());
@@ -115,14 +109,13 @@ void GraphWindow::OpenPopup(QPoint at) {
     menu->setAttribute(Qt::WA_DeleteOnClose);
     const auto stateOf = [this](const MenuEntry& entry) {
         const bool checked = entry.id == CommandId::PopupFullScreen && isFullScreen();
-        return MenuItemState{entry.text, IsAlive(entry), checked, true};
+        return MenuItemState{entry.text, true, checked, true};
     };
     FillMenu(*menu, FullScreenPopup(), stateOf, [this](CommandId command) { Run(command); });
     menu->popup(canvas->mapToGlobal(at));
 }
 
 bool GraphWindow::Run(CommandId command) {
-    if (!HasDialog(command)) return false;
     canvas->EndGestures();
     keyGesture = {};
     if (RunHelpCommand(this, command)) return true;

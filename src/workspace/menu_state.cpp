@@ -13,7 +13,7 @@ namespace {
 void AddEntries(MainMenuState& menu, const Menu& entries) {
     for (const MenuEntry& entry : entries) {
         if (entry.id != CommandId::None) {
-            menu[entry.id] = {entry.text, HasDialog(entry.id), false, true};
+            menu[entry.id] = {entry.text, true, false, true};
         }
         AddEntries(menu, entry.children);
     }
@@ -68,7 +68,7 @@ MainMenuState InitialMainMenu() {
 
 void UpdateMainMenu(MainMenuState& menu, const FunctionList& functions,
                     const MenuContext& context) {
-    menu[CommandId::File].enabled = context.platform == kPocketPc && HasDialog(CommandId::File);
+    menu[CommandId::File].enabled = context.platform == kPocketPc;
     menu[CommandId::UnselectAll].enabled = AnySelected(functions);
     if (!context.focusedSlot || *context.focusedSlot < 0 || *context.focusedSlot >= kSlotCount) {
         return;

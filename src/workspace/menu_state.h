@@ -28,8 +28,7 @@ struct MenuContext {
     std::u16string_view platform;    ///< the platform type
 };
 
-/// The menu before it first pops up: words of the table, "Approx. type" hidden, and disabled what
-/// has no dialog in this version.
+/// The menu before it first pops up: words of the table, "Approx. type" hidden.
 MainMenuState InitialMainMenu();
 
 /// Brings the state up to date for a popup. Without a focused line only `File` and `Unselect All`

@@ -81,16 +81,5 @@ TEST(Menus, GiveEachCommandOnePlace) {
     }
 }
 
-TEST(HasDialog, IsTrueForCommandsThatOpenNone) {
-    for (const CommandId id :
-         {CommandId::Select, CommandId::Draw, CommandId::Exit, CommandId::Red, CommandId::Implicit,
-          CommandId::DividedDifferences, CommandId::ZoomAuto, CommandId::Picture, CommandId::File,
-          CommandId::LeastSquares, CommandId::BetaSplines, CommandId::CubicSpline,
-          CommandId::ZoomFactor, CommandId::ViewWindowDialog, CommandId::Options,
-          CommandId::Calculator, CommandId::Help, CommandId::EditHelp, CommandId::About}) {
-        EXPECT_TRUE(HasDialog(id)) << static_cast<int>(id);
-    }
-}
-
 }  // namespace
 }  // namespace kalvex

@@ -93,7 +93,7 @@ class EditMenuTest final : public QObject {
         QVERIFY(IsEnabled(bench, CommandId::Cut));
         QVERIFY(IsEnabled(bench, CommandId::Copy));
         QVERIFY(IsEnabled(bench, CommandId::InsertSin));
-        QCOMPARE(IsEnabled(bench, CommandId::EditHelp), HasDialog(CommandId::EditHelp));
+        QVERIFY(IsEnabled(bench, CommandId::EditHelp));
     }
     void TextCommands() {
         EditorBench bench;

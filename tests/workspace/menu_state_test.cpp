@@ -77,8 +77,7 @@ TEST(UpdateMainMenu, OffersTheMethodsToAFileLineOnly) {
 
 TEST(UpdateMainMenu, OffersFileOnThePocketPcOnly) {
     const FunctionList functions = DefaultWorkspace().functions;
-    EXPECT_EQ(StateFor(functions, {0, false, u"PocketPC"})[CommandId::File].enabled,
-              HasDialog(CommandId::File));
+    EXPECT_TRUE(StateFor(functions, {0, false, u"PocketPC"})[CommandId::File].enabled);
     EXPECT_FALSE(StateFor(functions, {0, false, u"SmartPhone"})[CommandId::File].enabled);
 }
 
@@ -101,13 +100,13 @@ TEST(UpdateMainMenu, WithoutFocusTouchesTwoEntriesOnly) {
     }
 }
 
-TEST(InitialMainMenu, DisablesWhatHasNoDialogAndStaysSo) {
+TEST(InitialMainMenu, HidesTheMethods) {
     FunctionList functions = DefaultWorkspace().functions;
     functions[0].type = 4;
     const MainMenuState menu = StateFor(functions, {0, false, u"PocketPC"});
     EXPECT_FALSE(InitialMainMenu()[CommandId::ApproxTypeMenu].visible);
     for (const auto& [id, state] : menu) {
-        EXPECT_FALSE(state.enabled && !HasDialog(id)) << static_cast<int>(id);
+        EXPECT_EQ(state.enabled, id != CommandId::UnselectAll) << static_cast<int>(id);
     }
     EXPECT_TRUE(menu.at(CommandId::Exit).enabled);
     EXPECT_TRUE(menu.at(CommandId::CubicHermite).enabled);
