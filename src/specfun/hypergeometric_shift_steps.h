@@ -3,8 +3,10 @@
 // special functions.
 #pragma once
 
+#include <array>
 #include <cstddef>
 
+#include "specfun/hypergeometric_lanes.h"
 #include "specfun/hypergeometric_parts.h"
 
 namespace kalvex::specfun {
@@ -15,126 +17,181 @@ inline DoubleDouble Reciprocal(DoubleDouble a) {
     return {high, rest * high};
 }
 
-/// a b + c d; what is lost is measured against the greater product.
-inline DoubleDouble SumOfProducts(DoubleDouble a, DoubleDouble b, DoubleDouble c, DoubleDouble d) {
-    DoubleDouble sum = LooseProduct(a, b);
-    const DoubleDouble other = LooseProduct(c, d);
-    Accumulate(sum, other.high, other.low);
-    return sum;
-}
-
-inline DoubleDouble QuickAdd(DoubleDouble a, DoubleDouble b) {
-    Accumulate(a, b.high, b.low);
-    return a;
-}
-
 inline DoubleDouble Difference(DoubleDouble a, DoubleDouble b) {
     const DoubleDouble highs = TwoSum(a.high, -b.high);
     return QuickTwoSum(highs.high, highs.low + (a.low - b.low));
 }
 
+// The functions below take numbers one by one (DoubleDouble) or four at once (LanesOf).
+
+/// a b + c d; what is lost is measured against the greater product.
+template <typename Number>
+Number SumOfProducts(const Number& a, const Number& b, const Number& c, const Number& d) {
+    Number sum = LooseProduct(a, b);
+    const Number other = LooseProduct(c, d);
+    Accumulate(sum, other.high, other.low);
+    return sum;
+}
+
+template <typename Number>
+Number QuickAdd(const Number& a, const Number& b) {
+    Number sum = a;
+    Accumulate(sum, b.high, b.low);
+    return sum;
+}
+
 /// The point and what depends on it alone.
-struct Place {
-    DoubleDouble z;
-    DoubleDouble w;
-    DoubleDouble odds;      // z/w
-    DoubleDouble evens;     // w/z
-    DoubleDouble inverse;   // 1/w
-    DoubleDouble inverseZ;  // 1/z
+template <typename Number>
+struct PlaceOf {
+    Number z;
+    Number w;
+    Number odds;      // z/w
+    Number evens;     // w/z
+    Number inverse;   // 1/w
+    Number inverseZ;  // 1/z
 };
+
+using Place = PlaceOf<DoubleDouble>;
 
 inline Place PlaceAt(DoubleDouble z, DoubleDouble w) {
     return {z, w, Divide(z, w), Divide(w, z), Divide({1, 0}, w), Divide({1, 0}, z)};
 }
 
-struct Walker {
-    HypergeometricParameters p;
-    DoubleDouble value;
-    DoubleDouble slope;
-    // A solution that starts at right angles to the one wanted, in plain arithmetic: it shows how
-    // much what was rounded has grown since.
-    double companion = 0;
-    double companionSlope = 0;
-    bool collapsed = false;  // the last step left one solution only
-    int exponent = 0;        // of two, of value and slope
+inline bool IsZero(double a) {
+    return a == 0;
+}
+
+inline bool IsZero(const Four&) {
+    return false;
+}
+
+/// A solution on its way, and another in plain arithmetic that takes the same steps: one that
+/// started at right angles to it and shows how much what was rounded has grown since, or its own
+/// twin, which shows what rounding does.
+template <typename Number>
+struct Column {
+    using Plain = decltype(Number::high);
+    Number value;
+    Number slope;
+    Plain companion = {};
+    Plain companionSlope = {};
 };
 
-/// a + 1 in place of a.
-inline void Raise(Walker& at, DoubleDouble& a, DoubleDouble b, const Place& place) {
-    const DoubleDouble inverse = Reciprocal(a);
-    const DoubleDouble next = PlusInteger(a, 1);
-    const DoubleDouble ofRise = LooseProduct(Difference(next, at.p.c), place.inverse);
-    const DoubleDouble ofValue = LooseProduct(b, place.odds);
-    const DoubleDouble rise = LooseProduct(at.slope, inverse);
-    at.value = QuickAdd(at.value, rise);
-    at.slope = SumOfProducts(ofRise, rise, ofValue, at.value);
-    const double companionRise = at.companionSlope * inverse.high;
-    at.companion += companionRise;
-    at.companionSlope = ofRise.high * companionRise + ofValue.high * at.companion;
-    at.collapsed = ofRise.high == 0;
-    a = next;
+/// A walker with two columns carries twins, and one term of each of their sums is off by this
+/// factor: so they tell of rounding even where plain arithmetic happens to be exact.
+inline constexpr double kTwinOffset = 0x1p-40;
+
+template <typename Number, std::size_t count>
+struct WalkerOf {
+    static constexpr double kOff = count == 2 ? 1 + kTwinOffset : 1;
+    std::array<Number, 3> p;  // a, b and c
+    std::array<Column<Number>, count> columns;
+    bool collapsed = false;  // the last step left one solution only; not told of lanes
+};
+
+/// What is done to each column; the columns are counted out, so that they stay in registers.
+template <typename Number, std::size_t count, typename Function>
+void ForEachColumn(WalkerOf<Number, count>& at, const Function& function) {
+    function(at.columns[0]);
+    if constexpr (count > 1) function(at.columns[1]);
+}
+
+/// a + 1 in place of a, which is p[own], 0 or 1.
+template <std::size_t own, typename Number, std::size_t count>
+void Raise(WalkerOf<Number, count>& at, const PlaceOf<Number>& place) {
+    const Number a = at.p[own];
+    const Number inverse = Reciprocal(a);
+    const Number next = PlusInteger(a, 1);
+    const Number ofRise = LooseProduct(Difference(next, at.p[2]), place.inverse);
+    const Number ofValue = LooseProduct(at.p[1 - own], place.odds);
+    ForEachColumn(at, [&](Column<Number>& column) {
+        const Number rise = LooseProduct(column.slope, inverse);
+        column.value = QuickAdd(column.value, rise);
+        column.slope = SumOfProducts(ofRise, rise, ofValue, column.value);
+        const auto companionRise = column.companionSlope * inverse.high * at.kOff;
+        column.companion += companionRise;
+        column.companionSlope =
+            ofRise.high * companionRise * at.kOff + ofValue.high * column.companion;
+    });
+    at.collapsed = IsZero(ofRise.high);
+    at.p[own] = next;
 }
 
 /// a - 1 in place of a.
-inline void Lower(Walker& at, DoubleDouble& a, DoubleDouble b, const Place& place) {
-    const DoubleDouble inverse = Reciprocal(Difference(at.p.c, a));
-    const DoubleDouble ofSlope = LooseProduct(place.w, inverse);
-    const DoubleDouble ofValue = LooseProduct(LooseProduct(Negate(b), place.z), inverse);
-    const DoubleDouble before = PlusInteger(Negate(a), 1);
-    const DoubleDouble rise = SumOfProducts(ofSlope, at.slope, ofValue, at.value);
-    at.value = QuickAdd(at.value, rise);
-    at.slope = LooseProduct(before, rise);
-    const double companionRise = ofSlope.high * at.companionSlope + ofValue.high * at.companion;
-    at.companion += companionRise;
-    at.companionSlope = before.high * companionRise;
-    at.collapsed = before.high == 0;
-    a = PlusInteger(a, -1);
+template <std::size_t own, typename Number, std::size_t count>
+void Lower(WalkerOf<Number, count>& at, const PlaceOf<Number>& place) {
+    const Number a = at.p[own];
+    const Number inverse = Reciprocal(Difference(at.p[2], a));
+    const Number ofSlope = LooseProduct(place.w, inverse);
+    const Number ofValue = LooseProduct(LooseProduct(Negate(at.p[1 - own]), place.z), inverse);
+    const Number before = PlusInteger(Negate(a), 1);
+    ForEachColumn(at, [&](Column<Number>& column) {
+        const Number rise = SumOfProducts(ofSlope, column.slope, ofValue, column.value);
+        column.value = QuickAdd(column.value, rise);
+        column.slope = LooseProduct(before, rise);
+        const auto companionRise =
+            ofSlope.high * column.companionSlope * at.kOff + ofValue.high * column.companion;
+        column.companion = column.companion * at.kOff + companionRise;
+        column.companionSlope = before.high * companionRise;
+    });
+    at.collapsed = IsZero(before.high);
+    at.p[own] = PlusInteger(a, -1);
 }
 
 /// c + 1 in place of c.
-inline void RaiseThird(Walker& at, const Place& place) {
-    const DoubleDouble fromA = Difference(at.p.c, at.p.a);
-    const DoubleDouble fromB = Difference(at.p.c, at.p.b);
-    const DoubleDouble factor = LooseProduct(at.p.c, Reciprocal(LooseProduct(fromA, fromB)));
-    const DoubleDouble ofSlope = LooseProduct(factor, place.evens);
-    const DoubleDouble ofValue = LooseProduct(factor, Difference(fromA, at.p.b));
-    const DoubleDouble value = SumOfProducts(ofSlope, at.slope, ofValue, at.value);
-    at.slope = LooseProduct(at.p.c, QuickAdd(at.value, Negate(value)));
-    at.value = value;
-    const double companion = ofSlope.high * at.companionSlope + ofValue.high * at.companion;
-    at.companionSlope = at.p.c.high * (at.companion - companion);
-    at.companion = companion;
-    at.p.c = PlusInteger(at.p.c, 1);
+template <typename Number, std::size_t count>
+void RaiseThird(WalkerOf<Number, count>& at, const PlaceOf<Number>& place) {
+    const Number c = at.p[2];
+    const Number fromA = Difference(c, at.p[0]);
+    const Number fromB = Difference(c, at.p[1]);
+    const Number factor = LooseProduct(c, Reciprocal(LooseProduct(fromA, fromB)));
+    const Number ofSlope = LooseProduct(factor, place.evens);
+    const Number ofValue = LooseProduct(factor, Difference(fromA, at.p[1]));
+    ForEachColumn(at, [&](Column<Number>& column) {
+        const Number value = SumOfProducts(ofSlope, column.slope, ofValue, column.value);
+        column.slope = LooseProduct(c, QuickAdd(column.value, Negate(value)));
+        column.value = value;
+        const auto companion =
+            ofSlope.high * column.companionSlope * at.kOff + ofValue.high * column.companion;
+        column.companionSlope = c.high * (column.companion * at.kOff - companion);
+        column.companion = companion;
+    });
+    at.p[2] = PlusInteger(c, 1);
 }
 
 /// c - 1 in place of c.
-inline void LowerThird(Walker& at, const Place& place) {
-    const DoubleDouble c = PlusInteger(at.p.c, -1);
-    const DoubleDouble inverse = Reciprocal(c);
-    const DoubleDouble fromA = Difference(c, at.p.a);
-    const DoubleDouble fromB = Difference(c, at.p.b);
-    const DoubleDouble ofBefore =
+template <typename Number, std::size_t count>
+void LowerThird(WalkerOf<Number, count>& at, const PlaceOf<Number>& place) {
+    const Number c = PlusInteger(at.p[2], -1);
+    const Number inverse = Reciprocal(c);
+    const Number fromA = Difference(c, at.p[0]);
+    const Number fromB = Difference(c, at.p[1]);
+    const Number ofBefore =
         LooseProduct(LooseProduct(LooseProduct(fromA, fromB), inverse), place.odds);
-    const DoubleDouble ofValue = LooseProduct(Difference(at.p.b, fromA), place.odds);
-    const DoubleDouble value = QuickAdd(at.value, LooseProduct(at.slope, inverse));
-    at.slope = SumOfProducts(ofBefore, at.value, ofValue, value);
-    at.value = value;
-    const double companion = at.companion + at.companionSlope * inverse.high;
-    at.companionSlope = ofBefore.high * at.companion + ofValue.high * companion;
-    at.companion = companion;
-    at.collapsed = ofBefore.high == 0;
-    at.p.c = c;
+    const Number ofValue = LooseProduct(Difference(at.p[1], fromA), place.odds);
+    ForEachColumn(at, [&](Column<Number>& column) {
+        const Number value = QuickAdd(column.value, LooseProduct(column.slope, inverse));
+        column.slope = SumOfProducts(ofBefore, column.value, ofValue, value);
+        column.value = value;
+        const auto companion = column.companion + column.companionSlope * inverse.high * at.kOff;
+        column.companionSlope =
+            ofBefore.high * column.companion * at.kOff + ofValue.high * companion;
+        column.companion = companion;
+    });
+    at.collapsed = IsZero(ofBefore.high);
+    at.p[2] = c;
 }
 
-inline void TakeStep(Walker& at, std::size_t track, bool raises, const Place& place) {
-    DoubleDouble& own = track == 0 ? at.p.a : at.p.b;
-    const DoubleDouble other = track == 0 ? at.p.b : at.p.a;
+/// One step of the parameter p[track] that raises or lowers s = c-a-b.
+template <typename Number, std::size_t count>
+void TakeStep(WalkerOf<Number, count>& at, std::size_t track, bool raises,
+              const PlaceOf<Number>& place) {
     if (track == 2) {
         raises ? RaiseThird(at, place) : LowerThird(at, place);
-    } else if (raises) {
-        Lower(at, own, other, place);
+    } else if (track == 0) {
+        raises ? Lower<0>(at, place) : Raise<0>(at, place);
     } else {
-        Raise(at, own, other, place);
+        raises ? Lower<1>(at, place) : Raise<1>(at, place);
     }
 }
 

@@ -10,169 +10,166 @@
 #include <array>
 #include <cmath>
 
-#include "specfun/hypergeometric_shift_steps.h"
+#include "specfun/hypergeometric_blocks.h"
+#include "specfun/hypergeometric_noise.h"
+#include "specfun/hypergeometric_route.h"
 
 namespace kalvex::specfun {
 namespace {
 
 constexpr double kTolerance = 0x1p-100;
-constexpr double kStepError = 0x1p-99;
 constexpr double kMostShifts = 4000;
 
-/// Steps of one of the parameters along the way.
-struct Track {
-    double count = 0;     // without its sign
-    bool raises = false;  // s
-    double pace = 0;      // 1/count
-    double progress = 0;  // after the next step, above 1 when there is none left
-};
+Traveller StartOf(const HypergeometricParameters& from, const HypergeometricPoint& start,
+                  const Place& place) {
+    Traveller t;
+    t.at.p = {from.a, from.b, from.c};
+    t.at.columns[0].value = start.value;
+    t.at.columns[0].slope = start.slope;
+    t.scale = ScaleOf(t.at.p, place);
+    StartNoise(t, start.error);
+    return t;
+}
 
-struct Route {
-    std::array<Track, 3> tracks;  // of a, b and c
-    double ups = 0;               // steps that raise s
-    double downs = 0;
-    double upsDone = 0;
-    double downsDone = 0;
-};
+bool IsLost(const Traveller& t) {
+    constexpr double kHopeless = 0x1p-45;
+    return t.relative > kHopeless || !(ErrorOf(t) < 1);
+}
 
-Route RouteBetween(const HypergeometricParameters& from, const HypergeometricParameters& to) {
-    const double counts[] = {std::nearbyint(Subtract(to.a, from.a).high),
-                             std::nearbyint(Subtract(to.b, from.b).high),
-                             std::nearbyint(Subtract(to.c, from.c).high)};
-    Route route;
+/// Step by step; false when too much is lost.
+bool WalkTo(const HypergeometricParameters& to, const Place& place, Traveller& t) {
+    constexpr int kBetweenTidying = 16;
+    Route route = RouteOf(StepsBetween({t.at.p[0], t.at.p[1], t.at.p[2]}, to));
+    const double steps = route.ups + route.downs;
+    for (int n = 0; n < steps; ++n) {
+        const double size = SizeOfValue(t);
+        const std::size_t next = NextTrack(route);
+        t.growth += kStepError * size / SizeOfCompanion(t);
+        const double error = ErrorOf(t);
+        TakeStep(t.at, next, route.tracks[next].raises, place);
+        t.scale = ScaleOf(t.at.p, place);
+        if (t.at.collapsed || SizeOfCompanion(t) == 0) StartNoise(t, error * SizeOfValue(t));
+        if (n % kBetweenTidying == 0) {
+            Tidy(t);
+            Straighten(t);
+            if (IsLost(t)) return false;
+        }
+    }
+    return true;
+}
+
+HypergeometricPoint PointOf(Traveller& t) {
+    Tidy(t);
+    const Column<DoubleDouble>& own = t.at.columns[0];
+    const double total = SizeOfValue(t) * ErrorOf(t);
+    const bool failed = !std::isfinite(total + own.value.high);
+    return {own.value, own.slope, total, failed, false, t.exponent};
+}
+
+/// All steps of a block at once.
+void Take(const Block& block, Traveller& t) {
+    Column<DoubleDouble>& own = t.at.columns[0];
+    const Block::Column& first = block.columns[0];
+    const Block::Column& second = block.columns[1];
+    const double u = std::fabs(own.value.high);
+    const double v = std::fabs(own.slope.high);
+    const DoubleDouble value = SumOfProducts(first.value, own.value, second.value, own.slope);
+    own.slope = SumOfProducts(first.slope, own.value, second.slope, own.slope);
+    own.value = value;
+    const double companion = own.companion;
+    own.companion = first.value.high * companion + second.value.high * own.companionSlope;
+    own.companionSlope = first.slope.high * companion + second.slope.high * own.companionSlope;
+    // of the parts of value and slope
+    const double error = Size(first.valueError * u + second.valueError * v,
+                              first.slopeError * u + second.slopeError * v, t.scale);
+    const int before = t.exponent;
+    Tidy(t);
+    Straighten(t);
+    const double scaled = std::ldexp(error, before - t.exponent);
+    t.relative += scaled / SizeOfValue(t);
+    t.growth += scaled / SizeOfCompanion(t);
+}
+
+/// Of the steps between two sets of parameters what each of four stretches takes: a quarter rounded
+/// towards 0, but the longest ways up where that lets s rise by a quarter of its whole rise.
+std::array<double, 3> Quarters(const std::array<double, 3>& all) {
+    constexpr std::array<double, 3> kOfS = {-1, -1, 1};
+    std::array<double, 3> quarters = {};
+    std::array<bool, 3> isRounded = {};
+    double rise = 0;
+    double done = 0;
     for (std::size_t i = 0; i < 3; ++i) {
-        Track& track = route.tracks[i];
-        const double count = std::fabs(counts[i]);
-        track = {count, (counts[i] > 0) == (i == 2), 1 / count, 1 / count};
-        (track.raises ? route.ups : route.downs) += track.count;
+        quarters[i] = std::trunc(all[i] / kLanes);
+        isRounded[i] = quarters[i] * kLanes != all[i];
+        rise += kOfS[i] * all[i];
+        done += kOfS[i] * quarters[i];
     }
-    return route;
-}
-
-/// The next step: one that lowers s only when those that raise it are ahead, so that s stays at
-/// least where the straight line has it; of its kind the one that is most behind.
-std::size_t NextTrack(Route& route) {
-    const bool up = route.upsDone * route.downs < (route.downsDone + 1) * route.ups &&
-                    route.upsDone < route.ups;
-    std::size_t next = 0;
-    double least = INFINITY;
-    for (std::size_t i = 0; i < 3; ++i) {
-        const Track& track = route.tracks[i];
-        if (track.raises != up || track.progress >= least) continue;
-        next = i;
-        least = track.progress;
+    double missing = std::floor(rise / kLanes) - done;
+    while (missing != 0) {
+        std::size_t longest = 3;
+        for (std::size_t i = 0; i < 3; ++i) {
+            if (!isRounded[i] || (kOfS[i] * all[i] > 0) != (missing > 0)) continue;
+            if (longest == 3 || std::fabs(all[i]) > std::fabs(all[longest])) longest = i;
+        }
+        quarters[longest] += std::copysign(1, all[longest]);
+        isRounded[longest] = false;
+        missing -= std::copysign(1, missing);
     }
-    route.tracks[next].progress += route.tracks[next].pace;
-    (up ? route.upsDone : route.downsDone) += 1;
-    return next;
+    return quarters;
 }
 
-double Size(double value, double slope, double scale) {
-    return std::fabs(value) + std::fabs(slope) / scale;
-}
-
-/// Keeps the numbers normalised and within the range.
-void Tidy(Walker& at) {
-    constexpr double kLarge = 0x1p800;
-    constexpr int kScale = 800;
-    at.value = QuickTwoSum(at.value.high, at.value.low);
-    at.slope = QuickTwoSum(at.slope.high, at.slope.low);
-    const double size = std::fabs(at.value.high) + std::fabs(at.slope.high);
-    if (size < kLarge && size > 1 / kLarge) return;
-    const int by = size > 1 ? -kScale : kScale;
-    at.value = Scale(at.value, by);
-    at.slope = Scale(at.slope, by);
-    at.companion = std::ldexp(at.companion, by);
-    at.companionSlope = std::ldexp(at.companionSlope, by);
-    at.exponent -= by;
-}
-
-/// What the slope of a solution may be beside its value, that of w^s above all.
-double ScaleOf(const HypergeometricParameters& p, const Place& place) {
-    const double size = 1 + std::fabs(p.a.high) + std::fabs(p.b.high) + std::fabs(p.c.high);
-    return size * std::max(1.0, place.odds.high);
-}
-
-/// What is known of the error of a walk: a part along the value, relative to it, and a part along
-/// the companion, in units of that.
-struct Noise {
-    double relative = 0;
-    double growth = 0;
-};
-
-/// A companion at right angles to the value, where the error is known.
-Noise NoiseAt(Walker& at, double error, double scale) {
-    at.companion = at.slope.high / scale;
-    at.companionSlope = -at.value.high * scale;
-    at.collapsed = false;
-    return {0, error / Size(at.companion, at.companionSlope, scale)};
-}
-
-/// Takes the part along the value off the companion and makes it as large as the value. What is
-/// left tells what becomes of the other solution even where the value outgrows it for a while; when
-/// it is no more than rounding a new companion takes over.
-void Straighten(Walker& at, double scale, Noise& noise) {
-    constexpr double kRounding = 0x1p-50;
-    constexpr double kDoubtful = 0x1p-40;
-    const double size = Size(at.value.high, at.slope.high, scale);
-    const double u = at.value.high / size;
-    const double v = at.slope.high / size / scale;
-    const double before = Size(at.companion, at.companionSlope, scale);
-    const double along = (at.companion * u + at.companionSlope / scale * v) / (u * u + v * v);
-    at.companion -= along * u;
-    at.companionSlope -= along * v * scale;
-    const double left = Size(at.companion, at.companionSlope, scale);
-    noise.relative += noise.growth * std::fabs(along) / size;
-    const double across = noise.growth * std::max(left, before * kRounding);
-    if (left < before * kDoubtful) {
-        at.companion = v;
-        at.companionSlope = -u * scale;
+/// Four stretches of the way with the same steps, their maps multiplied out side by side, and
+/// single steps between them.
+bool WalkInBlocks(const HypergeometricParameters& from, const HypergeometricParameters& to,
+                  const Place& place, Traveller& t) {
+    const std::array<double, 3> all = StepsBetween(from, to);
+    const std::array<double, 3> steps = Quarters(all);
+    std::array<HypergeometricParameters, kLanes> starts;
+    for (std::size_t lane = 0; lane < kLanes; ++lane) {
+        const double done = static_cast<double>(lane);
+        const auto share = [&](std::size_t i) {
+            const double between = all[i] - kLanes * steps[i];
+            return done * steps[i] + std::nearbyint(done * between / (kLanes - 1));
+        };
+        starts[lane] = {PlusInteger(from.a, share(0)), PlusInteger(from.b, share(1)),
+                        PlusInteger(from.c, share(2))};
     }
-    const double stretch = size / Size(at.companion, at.companionSlope, scale);
-    at.companion *= stretch;
-    at.companionSlope *= stretch;
-    noise.growth = across / size;
-}
-
-/// Relative to the value or to its slope.
-double ErrorOf(const Walker& at, const Noise& noise, double scale) {
-    return kStepError + noise.relative +
-           noise.growth * Size(at.companion, at.companionSlope, scale) /
-               Size(at.value.high, at.slope.high, scale);
+    BlockTable table;
+    const int blocks = MapBlocks(starts, RouteOf(steps), place, table);
+    for (std::size_t lane = 0; lane < kLanes; ++lane) {
+        if (lane > 0 && !WalkTo(starts[lane], place, t)) return false;
+        for (int i = 0; i < blocks; ++i) {
+            Take(table[lane][static_cast<std::size_t>(i)], t);
+            if (IsLost(t)) return false;
+        }
+        for (std::size_t i = 0; i < 3; ++i)
+            t.at.p[i] = PlusInteger(t.at.p[i], steps[i]);
+        t.scale = ScaleOf(t.at.p, place);
+    }
+    return true;
 }
 
 /// From the start, where value and slope are given, to p.
 HypergeometricPoint Walk(const HypergeometricParameters& from, const HypergeometricPoint& start,
                          const HypergeometricParameters& to, const Place& place) {
-    constexpr int kBetweenTidying = 16;
-    constexpr double kHopeless = 0x1p-45;
-    Route route = RouteBetween(from, to);
+    constexpr double kLeastForBlocks = 200;
+    constexpr double kGood = 0x1p-56;
+    constexpr double kNextToOne = 0x1p-20;
+    const Route route = RouteOf(StepsBetween(from, to));
     const double steps = route.ups + route.downs;
-    if (!(steps <= kMostShifts)) return {{}, {}, 0, true};
-    double scale = ScaleOf(from, place);
-    Walker at = {from, start.value, start.slope};
-    Noise noise = NoiseAt(at, start.error, scale);
-    for (int n = 0; n < steps; ++n) {
-        const double size = Size(at.value.high, at.slope.high, scale);
-        const std::size_t next = NextTrack(route);
-        noise.growth += kStepError * size / Size(at.companion, at.companionSlope, scale);
-        const double error = ErrorOf(at, noise, scale);
-        TakeStep(at, next, route.tracks[next].raises, place);
-        scale = ScaleOf(at.p, place);
-        if (at.collapsed) {
-            noise = NoiseAt(at, error * Size(at.value.high, at.slope.high, scale), scale);
+    const HypergeometricPoint failure = {{}, {}, 0, true};
+    if (!(steps <= kMostShifts)) return failure;
+    if (steps >= kLeastForBlocks) {
+        Traveller t = StartOf(from, start, place);
+        if (WalkInBlocks(from, to, place, t)) {
+            const HypergeometricPoint point = PointOf(t);
+            const double size = std::fabs(point.value.high) + std::fabs(point.slope.high);
+            if (point.error < kGood * size) return point;
         }
-        if (n % kBetweenTidying == 0) {
-            Tidy(at);
-            Straighten(at, scale, noise);
-            const bool lost = noise.relative > kHopeless || !(ErrorOf(at, noise, scale) < 1);
-            if (lost) return {{}, {}, 0, true};
-        }
+        if (place.w.high > kNextToOne && from.c.high > 0 && to.c.high > 0) return failure;
     }
-    Tidy(at);
-    const double size = Size(at.value.high, at.slope.high, scale);
-    const double total = size * ErrorOf(at, noise, scale);
-    return {at.value, at.slope, total, !std::isfinite(total + at.value.high), false, at.exponent};
+    Traveller t = StartOf(from, start, place);
+    return WalkTo(to, place, t) ? PointOf(t) : failure;
 }
 
 HypergeometricPoint WalkFrom(const HypergeometricParameters& from,
@@ -233,7 +230,7 @@ HypergeometricPoint PolynomialByShifts(const HypergeometricParameters& p, Double
 
 double ShiftsTo(const HypergeometricParameters& p) {
     const Route route =
-        RouteBetween(IsNegativeInteger(p.a) ? PolynomialStart(p) : GeneralStart(p), p);
+        RouteOf(StepsBetween(IsNegativeInteger(p.a) ? PolynomialStart(p) : GeneralStart(p), p));
     return route.ups + route.downs;
 }
 

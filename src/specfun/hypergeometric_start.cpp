@@ -2,8 +2,8 @@
 // and 1/2 the function is a combination of F(a,b;1-s;w), w = 1-z, and of the divided difference,
 // between the exponents 0 and s, of Frobenius's series (DLMF 2.7.5, 15.10)
 //   y(r) = sum over k of w^(k+r) (a+r)_k (b+r)_k / ((1+r)_k (1+r-s)_k),
-// which tends to the logarithmic solution as s tends to 0. Both are matched at z = 1/2 with the
-// series at 0.
+// which tends to the logarithmic solution as s tends to 0. Both are matched at z = 3/4 with the
+// series at 0, which alone serves up to some way beyond.
 #include <cmath>
 
 #include "specfun/hypergeometric_shift_steps.h"
@@ -114,19 +114,22 @@ HypergeometricParameters PolynomialStart(const HypergeometricParameters& p) {
 
 KALVEX_WITH_FMA
 HypergeometricPoint AtStart(const HypergeometricParameters& p, const Place& place) {
-    constexpr double kHalf = 0.5;
-    if (place.z.high <= kHalf || IsNegativeInteger(p.a))
+    constexpr double kFarthest = 0.85;
+    constexpr double kMeeting = 0.75;
+    if (place.z.high <= kFarthest || IsNegativeInteger(p.a))
         return SumHypergeometric(p, place.z, kTolerance);
-    HypergeometricPoint start = SumHypergeometric(p, {kHalf, 0}, kTolerance);
-    const Solutions half = SolutionsAt(p, {kHalf, 0});
+    HypergeometricPoint start = SumHypergeometric(p, {kMeeting, 0}, kTolerance);
+    const Solutions there = SolutionsAt(p, {1 - kMeeting, 0});
     const Solutions at = SolutionsAt(p, place.w);
-    const DoubleDouble slope = Negate(start.slope);  // w d/dw at 1/2
-    const DoubleDouble determinant =
-        Subtract(Multiply(half.regular, half.otherSlope), Multiply(half.other, half.regularSlope));
-    const DoubleDouble first = Divide(
-        Subtract(Multiply(start.value, half.otherSlope), Multiply(half.other, slope)), determinant);
+    // w d/dw there
+    const DoubleDouble slope = Divide(Multiply(start.slope, kMeeting - 1), kMeeting);
+    const DoubleDouble determinant = Subtract(Multiply(there.regular, there.otherSlope),
+                                              Multiply(there.other, there.regularSlope));
+    const DoubleDouble first =
+        Divide(Subtract(Multiply(start.value, there.otherSlope), Multiply(there.other, slope)),
+               determinant);
     const DoubleDouble second =
-        Divide(Subtract(Multiply(half.regular, slope), Multiply(half.regularSlope, start.value)),
+        Divide(Subtract(Multiply(there.regular, slope), Multiply(there.regularSlope, start.value)),
                determinant);
     start.value = Add(Multiply(first, at.regular), Multiply(second, at.other));
     start.slope = Add(Multiply(first, at.regularSlope), Multiply(second, at.otherSlope));
