@@ -4,13 +4,14 @@
 //              = (1-x)^(-a) F(a,c-b;c;x/(x-1)) = (1-x)^(-b) F(c-a,b;c;x/(x-1)).
 // Each form measures what it lost; if that was too much for a double the next one is tried. Where
 // the forms cancel or converge slowly a walk along the contiguous relations leads from parameters
-// next to 0 to those wanted (hypergeometric_shifts.cpp). What that loses too much of, mostly large
-// positive parameters with c-a-b near 0, is left to the solutions at x = 1 and to Taylor steps of
-// the differential equation.
+// next to 0 to those wanted (hypergeometric_shifts.cpp). Large positive parameters with c-a-b near
+// 0, where that loses too much, have a series of positive terms that bears plain arithmetic. What
+// is left falls to the solutions at x = 1 and to Taylor steps of the differential equation.
 #include <algorithm>
 #include <array>
 #include <cmath>
 
+#include "specfun/hypergeometric_forms.h"
 #include "specfun/hypergeometric_parts.h"
 #include "specfun/specfun.h"
 
@@ -18,14 +19,6 @@ namespace kalvex::specfun {
 namespace {
 
 constexpr char kOverflow[] = "Overflow in Hypergeometric2F1";
-
-/// F = (1-x)^power times the series.
-struct Form {
-    HypergeometricParameters p;
-    DoubleDouble power;
-    bool pfaff = false;
-    double cost = 0;
-};
 
 struct Value {
     DoubleDouble fraction;
@@ -35,67 +28,6 @@ struct Value {
 
 constexpr double kGoodEnough = 0x1p-56;
 constexpr double kBearable = 0x1p-52;
-constexpr double kHopeless = 1e6;  // added to the cost of what is likely to cancel
-
-/// A negative integer whose series ends before c meets 0.
-bool EndsBefore(DoubleDouble a, DoubleDouble c) {
-    return IsNegativeInteger(a) && (!IsNegativeInteger(c) || a.high >= c.high);
-}
-
-bool Terminates(const HypergeometricParameters& p) {
-    constexpr double kLongest = -3000;
-    const bool first = EndsBefore(p.a, p.c) && p.a.high > kLongest;
-    return first || (EndsBefore(p.b, p.c) && p.b.high > kLongest);
-}
-
-std::array<Form, 4> FormsOf(const HypergeometricParameters& p) {
-    const DoubleDouble fromA = Subtract(p.c, p.a);
-    const DoubleDouble fromB = Subtract(p.c, p.b);
-    return {Form{p, {}}, Form{{fromA, fromB, p.c}, Subtract(fromA, p.b)},
-            Form{{p.a, fromB, p.c}, Negate(p.a), true}, Form{{fromA, p.b, p.c}, Negate(p.b), true}};
-}
-
-/// Short series are not worth a look: they tell themselves. Before the term where c+k becomes
-/// positive nothing is known of those behind it.
-bool IsLikelyToCancel(const HypergeometricParameters& p, double z, double terms) {
-    constexpr double kLoss = 28;
-    constexpr double kMostLoss = 40;
-    constexpr double kShort = 100;
-    constexpr double kSmall = 0.1;
-    const double loss = ExpectedLoss(p, z);
-    if (p.c.high < -kShort && std::fabs(z) > kSmall) return true;
-    return loss > kMostLoss || (terms > kShort && loss > kLoss);
-}
-
-/// Where terms of one sign stop growing: (a+k)(b+k) z = (c+k)(1+k).
-double GreatestTerm(const HypergeometricParameters& p, double z) {
-    if (!(p.a.high > 0 && p.b.high > 0 && p.c.high > 0 && z < 1)) return 0;
-    const double linear = z * (p.a.high + p.b.high) - p.c.high - 1;
-    const double root = linear * linear + 4 * (1 - z) * (z * p.a.high * p.b.high - p.c.high);
-    return root > 0 ? std::max(0.0, (linear + std::sqrt(root)) / (2 * (1 - z))) : 0;
-}
-
-/// Terms of the series, as far as they can be foreseen.
-double CostOf(const Form& form, double x) {
-    constexpr double kPowerCost = 30;
-    const double z = form.pfaff ? x / (x - 1) : x;
-    const double magnitude = std::fabs(z);
-    double terms = 40 / -std::log(magnitude) + 2 * GreatestTerm(form.p, magnitude);
-    const double decay = form.p.c.high - form.p.a.high - form.p.b.high;
-    if (decay > 0) {  // the terms fall as k^(-1-decay) even at z = 1
-        const double scale = 1 + std::fabs(form.p.a.high) + std::fabs(form.p.b.high);
-        terms = std::min(terms, (scale + std::fabs(form.p.c.high)) * std::exp(40 / decay));
-    }
-    if (Terminates(form.p)) {
-        const double length = -std::max(EndsBefore(form.p.a, form.p.c) ? form.p.a.high : -1e9,
-                                        EndsBefore(form.p.b, form.p.c) ? form.p.b.high : -1e9);
-        terms = std::min(terms, length);
-    } else if (magnitude >= 1) {
-        return 1e9;
-    }
-    if (form.power.high != 0) terms += kPowerCost;
-    return IsLikelyToCancel(form.p, z, terms) ? terms + kHopeless : terms;
-}
 
 DoubleDouble LogOneLess(double x) {
     constexpr double kSmall = 0.4;
@@ -190,14 +122,6 @@ Value ByShifts(const std::array<Form, 2>& forms, double x) {
     return best;
 }
 
-/// Terms of a series that take as long.
-double CostOfShifts(const Form& form, double x) {
-    constexpr double kOfOne = 2;
-    constexpr double kOfStart = 100;
-    constexpr double kOfStartNearOne = 700;
-    return kOfOne * ShiftsTo(form.p) + (x > 0.5 ? kOfStartNearOne : kOfStart);
-}
-
 /// The forms that cost `least` to `most`, the cheapest first, until one is good enough. Those that
 /// are likely to cancel are measured first.
 void TrySeries(const std::array<Form, 4>& sorted, double x, double least, double most,
@@ -214,20 +138,39 @@ void TrySeries(const std::array<Form, 4>& sorted, double x, double least, double
     }
 }
 
+/// The long series of large positive parameters, in the form that is shorter.
+Value OfPositive(const std::array<Form, 4>& sorted, double x) {
+    constexpr double kMostTerms = 10000;
+    constexpr int kOverflowing = 1100;
+    constexpr int kFar = 1000000;
+    for (const Form& form : sorted) {
+        const HypergeometricParameters& p = form.p;
+        if (form.pfaff || !(p.a.high > 0 && p.b.high > 0)) continue;
+        if (form.cost > kMostTerms) continue;
+        const int most = form.power.high > 0 ? kFar : kOverflowing;
+        return ValueOf(form, SumOfPositive(p, x, most), x);
+    }
+    return {};
+}
+
 /// The methods from the quickest up, until one is good enough.
 Value BestValue(const HypergeometricParameters& p, double x) {
     constexpr double kNearOne = 0.9;
     constexpr double kMostTerms = 1200;
+    constexpr double kShort = 500;
     std::array<Form, 4> forms = FormsOf(p);
     const std::array<Form, 2> shifted = FormsForShifts(forms, x);
     for (Form& form : forms)
         form.cost = CostOf(form, x);
     std::sort(forms.begin(), forms.end(),
               [](const Form& left, const Form& right) { return left.cost < right.cost; });
-    const bool walks = !HasOneForm(p);
+    const bool isOutgrown = IsOutgrown(p, x);
+    const bool walks = !HasOneForm(p) && !isOutgrown;
     const double walk = walks ? CostOfShifts(shifted[0], x) : kMostTerms;
     Value best;
-    TrySeries(forms, x, -1, walk, best);
+    TrySeries(forms, x, -1, isOutgrown ? kShort : walk, best);
+    if (isOutgrown && best.loss >= kGoodEnough) KeepBetter(best, OfPositive(forms, x));
+    if (isOutgrown && best.loss < kBearable) return best;
     if (walks && best.loss >= kGoodEnough) KeepBetter(best, ByShifts(shifted, x));
     TrySeries(forms, x, walk, kMostTerms, best);
     TrySeries(forms, x, kHopeless, kHopeless + kMostTerms, best);
@@ -238,10 +181,15 @@ Value BestValue(const HypergeometricParameters& p, double x) {
     return best;
 }
 
-/// The mean of the values on both sides of c. Their difference tells what the square of the
-/// distance leaves, a mean that is small beside them what their errors become.
-Value MeanBeside(const HypergeometricParameters& p, double x, double distance) {
-    constexpr double kCurvature = 0x1p10;  // the second derivative by the first, with a margin
+/// A mean, and half of what the function rises from one side to the other.
+struct Mean {
+    Value value;
+    DoubleDouble rise;
+};
+
+/// The mean of the values on both sides of c; its loss is what their errors become where it is
+/// small beside them.
+Mean MeanBeside(const HypergeometricParameters& p, double x, double distance) {
     HypergeometricParameters moved = p;
     moved.c.low = distance;
     Value mean = BestValue(moved, x);
@@ -251,24 +199,53 @@ Value MeanBeside(const HypergeometricParameters& p, double x, double distance) {
     const DoubleDouble below = Scale(other.fraction, other.exponent - mean.exponent);
     mean.fraction = Add(above, below);
     mean.exponent -= 1;
-    const double size = std::fabs(mean.fraction.high);
-    const double share = (std::fabs(above.high) + std::fabs(below.high)) / size;
-    const double spread = std::fabs(Subtract(above, below).high) / size;
-    mean.loss = std::max(mean.loss, other.loss) * share + spread * kCurvature * distance;
-    return mean;
+    const double sizes = std::fabs(above.high) + std::fabs(below.high);
+    mean.loss = std::max(mean.loss, other.loss) * sizes / std::fabs(mean.fraction.high);
+    return {mean, Subtract(above, below)};
 }
 
-/// A polynomial at a pole of the other forms, from both sides. So near to a pole the walks' own
-/// estimates are not enough: a second distance must agree.
+/// a less b, relative to a.
+double Apart(const Value& a, const Value& b) {
+    const DoubleDouble other = Scale(b.fraction, b.exponent - a.exponent);
+    return std::fabs(Subtract(a.fraction, other).high) / std::fabs(a.fraction.high);
+}
+
+/// The mean less the square of the distance, from a mean at twice the distance.
+Value WithoutSquare(Value near, const Value& far) {
+    const DoubleDouble other = Scale(far.fraction, far.exponent - near.exponent);
+    near.fraction = Add(near.fraction, Divide(Subtract(near.fraction, other), 3.0));
+    near.loss = 2 * std::max(near.loss, far.loss);
+    return near;
+}
+
+/// Farther from the pole less is lost, but the square of the distance counts.
+Value FartherFromPole(const HypergeometricParameters& p, double x) {
+    constexpr double kDistance = 0x1p-30;
+    const Value first = MeanBeside(p, x, kDistance).value;
+    const Value second = MeanBeside(p, x, 2 * kDistance).value;
+    const Value third = MeanBeside(p, x, 4 * kDistance).value;
+    Value value = WithoutSquare(first, second);
+    const Value check = WithoutSquare(second, third);
+    value.loss += check.loss + Apart(value, check);
+    return value;
+}
+
+/// A polynomial at a pole of the other forms, from both sides. What the square of the distance
+/// leaves is told by the rise. So near to a pole the walks' own estimates are not enough: a third
+/// value must lie on the line through the two.
 Value BesidePole(const HypergeometricParameters& p, double x) {
     constexpr double kDistance = 0x1p-40;
-    Value mean = MeanBeside(p, x, kDistance);
-    if (!(mean.loss < kBearable)) return mean;
-    const Value again = MeanBeside(p, x, kDistance * 0.7);
-    const DoubleDouble second = Scale(again.fraction, again.exponent - mean.exponent);
-    const double change = std::fabs(Subtract(mean.fraction, second).high);
-    mean.loss += again.loss + change / std::fabs(mean.fraction.high);
-    return mean;
+    constexpr double kPart = 0.7;
+    constexpr double kCurvature = 0x1p10;  // the second derivative by the first, with a margin
+    Mean mean = MeanBeside(p, x, kDistance);
+    HypergeometricParameters moved = p;
+    moved.c.low = kPart * kDistance;
+    const Value third = BestValue(moved, x);
+    Value expected = mean.value;
+    expected.fraction = Add(expected.fraction, Multiply(mean.rise, kPart));
+    const double spread = std::fabs(mean.rise.high / mean.value.fraction.high);
+    mean.value.loss += third.loss + Apart(expected, third) + spread * kCurvature * kDistance;
+    return mean.value.loss < kBearable ? mean.value : FartherFromPole(p, x);
 }
 
 }  // namespace

@@ -6,6 +6,8 @@
 //
 // Beside w^0 the other behaviour at z = 1 is w^s, w = 1-z, s = c-a-b: a step that lowers s
 // multiplies rounding errors of that kind by 1/w, one that raises it by w. So both kinds alternate.
+//
+// Long walks go in blocks of steps, four stretches of the way being worked out at the same time.
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -178,6 +180,22 @@ HypergeometricPoint WalkFrom(const HypergeometricParameters& from,
     return start.failed ? start : Walk(from, start, to, place);
 }
 
+/// a (a+1) ... (a+count-1) less a power of two, of which `exponent` takes `sign` times the
+/// exponent.
+DoubleDouble RisingProduct(DoubleDouble a, double count, int sign, int& exponent) {
+    constexpr int kBetweenScaling = 16;
+    DoubleDouble product = {1, 0};
+    for (int k = 0; k < count; ++k) {
+        product = LooseProduct(product, PlusInteger(a, k));
+        if (k % kBetweenScaling != 0 && k + 1 < count) continue;
+        int own = 0;
+        product.high = std::frexp(product.high, &own);
+        product.low = std::ldexp(product.low, -own);
+        exponent += sign * own;
+    }
+    return product;
+}
+
 /// F(-n,b;c;z) = (c-b)_n / (c)_n F(-n,b;1+b-c-n;1-z) (DLMF 15.8.7), for c-a-b below 0 and z
 /// above 1/2, where the behaviour w^s outgrows the polynomial.
 HypergeometricPoint Reflected(const HypergeometricParameters& p, const Place& place) {
@@ -193,18 +211,10 @@ HypergeometricPoint Reflected(const HypergeometricParameters& p, const Place& pl
     if (point.failed) point = HypergeometricByParts(other, w);  // before the first zero
     if (point.failed) return point;
     point.slope = LooseProduct(Negate(point.slope), place.odds);
-    DoubleDouble numerator = Subtract(p.c, p.b);
-    DoubleDouble denominator = p.c;
-    DoubleDouble factor = {1, 0};
-    for (double k = 0; k < -p.a.high; ++k) {
-        factor = LooseProduct(factor, LooseProduct(numerator, Reciprocal(denominator)));
-        numerator = PlusInteger(numerator, 1);
-        denominator = PlusInteger(denominator, 1);
-        int exponent = 0;
-        factor.high = std::frexp(factor.high, &exponent);
-        factor.low = std::ldexp(factor.low, -exponent);
-        point.exponent += exponent;
-    }
+    int exponent = 0;
+    const DoubleDouble factor = Divide(RisingProduct(Subtract(p.c, p.b), -p.a.high, 1, exponent),
+                                       RisingProduct(p.c, -p.a.high, -1, exponent));
+    point.exponent += exponent;
     point.value = Multiply(point.value, factor);
     point.slope = Multiply(point.slope, factor);
     point.error *= std::fabs(factor.high);
