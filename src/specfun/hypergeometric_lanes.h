@@ -12,8 +12,8 @@
 #include <immintrin.h>
 #endif
 
-// Vectors are passed between functions that are inlined into one another only.
-#if defined(__GNUC__) && !defined(__clang__)
+// Vectors are passed between functions of one source file only.
+#if defined(__GNUC__)
 #pragma GCC diagnostic ignored "-Wpsabi"
 #endif
 

@@ -69,7 +69,7 @@ TEST(HypergeometricBlocks, MapAsSingleStepsDo) {
         BlockTable table;
         const int blocks = MapBlocks(from, route, place, table);
         ASSERT_EQ(blocks, std::ceil((route.ups + route.downs) / kBlockSteps));
-        for (std::size_t i = 0; i < 2 * kLanes; ++i) {
+        for (std::size_t i = 0; i < 2 * from.size(); ++i) {
             const bool second = i % 2 == 1;
             const Block::Column at = Applied(table[i / 2], blocks, second);
             const Single single = Stepped(from[i / 2], route, place, second);
