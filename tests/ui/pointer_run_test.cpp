@@ -1,6 +1,7 @@
 // Through the whole program by pointer alone: every event is a press, a move or a release.
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QScrollBar>
 #include <QTextBrowser>
 #include <QTreeView>
@@ -46,7 +47,7 @@ struct PointerProgram : WholeProgram {
     void ChooseFrom(QComboBox* list, int row) {
         Tap(list);
         QTRY_VERIFY(list->view()->isVisible());
-        QTest::qWait(QApplication::doubleClickInterval() / 8);
+        QTest::qWait(QApplication::doubleClickInterval() + 50);
         const QRect place = list->view()->visualRect(list->model()->index(row, 0));
         Tap(list->view()->viewport(), place.center());
     }
@@ -183,7 +184,7 @@ class PointerRunTest final : public QObject {
         p.Drag(&p.Canvas(), QPoint(100, 100), QPoint(150, 100));
         QVERIFY(p.View().Xmin < -10.0);
         p.WaitForPicture();
-        p.ChooseInMenu(CommandId::QuickInit);
+        p.ChooseInMenu(CommandId::QuickStandart);
         QCOMPARE(p.View().Xmin, -10.0);
         p.WaitForPicture();
         p.ChooseInMenu(CommandId::ZoomBox);
@@ -204,7 +205,7 @@ class PointerRunTest final : public QObject {
         QVERIFY(p.IsInFront("calculatorDialog"));
         p.TapKey("cancelKey");
         QVERIFY(p.IsInFront("graph"));
-        p.ChooseInMenu(CommandId::QuickInit);
+        p.ChooseInMenu(CommandId::QuickStandart);
         p.WaitForPicture();
     }
     void TracesAnalysesAndExports() {
@@ -265,8 +266,8 @@ class PointerRunTest final : public QObject {
         p.WaitForPicture();
         p.ChooseInMenu(CommandId::GraphExit);
         QCOMPARE(p.quits, 1);
-        program.reset();
     }
+    void cleanupTestCase() { program.reset(); }
 };
 
 QTEST_MAIN(PointerRunTest)

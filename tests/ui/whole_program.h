@@ -13,14 +13,14 @@
 namespace kalvex {
 
 struct WholeProgram : TestProgram {
-    /// The window that has the user's attention; a dialog is in front, as any desktop has it.
+    /// The window that has the user's attention: a dialog is in front, and what is in front is
+    /// active, as a desktop has it and the offscreen platform has not.
     QWidget* Front() {
         if (QWidget* const popup = QApplication::activePopupWidget()) return popup;
-        if (QWidget* const dialog = QApplication::activeModalWidget()) {
-            dialog->activateWindow();
-            return dialog;
-        }
-        return VisibleWindow(application);
+        QWidget* front = QApplication::activeModalWidget();
+        if (front == nullptr) front = VisibleWindow(application);
+        if (QApplication::activeWindow() != front) front->activateWindow();
+        return front;
     }
     /// Whether a dialog or a window of a name is in front; waits for it.
     bool IsInFront(const char* name) {
