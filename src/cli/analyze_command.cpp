@@ -2,6 +2,7 @@
 // show, with plain line feeds; into a file goes what they would export.
 #include <CLI/CLI.hpp>
 #include <memory>
+#include <optional>
 
 #include "analysis/report.h"
 #include "base/encoding.h"

@@ -20,8 +20,7 @@ using Save = std::function<void(QWidget*)>;
 Save SaverOf(const AnalysisFlow& flow, std::function<std::string()> make) {
     return [&folder = flow.folder, show = flow.show, make = std::move(make)](QWidget* report) {
         OpenSaveResultDialog(report, folder, [&folder, show, make](const QString& path) {
-            folder = QFileInfo(path).absolutePath();
-            SaveResult(path, make(), show);
+            if (SaveResult(path, make(), show)) folder = QFileInfo(path).absolutePath();
         });
     };
 }
@@ -37,9 +36,9 @@ void OpenAnalysis(const AnalysisFlow& flow, const FunctionEntry& entry, const Vi
     actions.saveReport = SaverOf(flow, [text] { return ReportFile(text); });
     actions.closed = [&result = flow.result] { ReleaseArrays(result); };
     if (flow.platform == kPocketPc) {
-        OpenPagedReport(flow.parent, ReportPages(flow.result, entry.text), std::move(actions));
+        OpenPagedReport(flow.parent, ReportPages(flow.result, entry.text), actions);
     } else {
-        OpenSingleReport(flow.parent, text, std::move(actions));
+        OpenSingleReport(flow.parent, text, actions);
     }
 }
 

@@ -56,6 +56,14 @@ void GraphCanvas::ScheduleRedraw() {
     if (shownOnce) redrawTimer.start();
 }
 
+bool GraphCanvas::BringUpToDate() {
+    if (gate || !isVisible()) return false;
+    const bool due = redrawTimer.isActive() || redrawAgain || image.isNull();
+    redrawTimer.stop();
+    if (due) Redraw();
+    return !redrawAgain;
+}
+
 void GraphCanvas::StartAfresh() {
     list = {};
     image = {};

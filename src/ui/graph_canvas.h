@@ -42,6 +42,9 @@ class GraphCanvas final : public QWidget {
     /// Computes the picture anew as soon as the events that wait have been handled. Any number of
     /// calls until then make one computation.
     void ScheduleRedraw();
+    /// Computes at once a picture that is due. False when none stands then that shows the present
+    /// state: the canvas was never shown, or a computation is under way.
+    bool BringUpToDate();
     /// Forgets the last picture: the next one is of other functions.
     void StartAfresh();
     /// Ends a hold, a pinch and a run of wheel turns: a command has come between.

@@ -168,7 +168,9 @@ bool GraphWindow::RunShellCommand(CommandId command) {
 void GraphWindow::Analyse() {
     const FunctionEntry* const traced = TracedFunction(graph, workspace.functions);
     if (graph.mode != GraphMode::Trace || traced == nullptr || !OffersAnalysis(*traced)) return;
-    actions.analyse(*traced);
+    // The keys before this one may have moved the window: samples and interval have to be of one
+    // picture.
+    if (canvas->BringUpToDate()) actions.analyse(*traced);
 }
 
 bool GraphWindow::RunDialogCommand(CommandId command) {

@@ -14,7 +14,7 @@
 #include "painter/picture_file.h"
 #include "painter/write_picture.h"
 #include "resources/strings.h"
-#include "ui/file_dialog_size.h"
+#include "ui/file_dialogs.h"
 #include "ui/qt_text.h"
 #include "workspace/settings.h"
 
@@ -74,8 +74,7 @@ void OpenSavePictureDialog(QWidget* parent, const QString& folder,
             if (filter == format.filter) dialog->setDefaultSuffix(format.ending);
         }
     });
-    QObject::connect(dialog, &QFileDialog::fileSelected, dialog,
-                     [chosen = std::move(chosen)](const QString& path) { chosen(path); });
+    WhenChosen(*dialog, std::move(chosen));
     FitFileDialog(*dialog, dialog->screen()->availableGeometry().size());
     dialog->open();
 }

@@ -10,7 +10,7 @@
 #include <utility>
 
 #include "resources/samples.h"
-#include "ui/file_dialog_size.h"
+#include "ui/file_dialogs.h"
 
 namespace kalvex {
 
@@ -27,10 +27,9 @@ void OpenPointFileDialog(QWidget* parent, const QString& folder,
         const QUrl samples = QUrl::fromLocalFile(QFileInfo(sample).absolutePath());
         dialog->setSidebarUrls(dialog->sidebarUrls() << samples);
     }
-    QObject::connect(dialog, &QFileDialog::fileSelected, dialog,
-                     [chosen = std::move(chosen)](const QString& path) {
-                         chosen(QDir::toNativeSeparators(path));
-                     });
+    WhenChosen(*dialog, [chosen = std::move(chosen)](const QString& path) {
+        chosen(QDir::toNativeSeparators(path));
+    });
     FitFileDialog(*dialog, dialog->screen()->availableGeometry().size());
     dialog->open();
 }

@@ -3,6 +3,7 @@
 #include "ui/report_window.h"
 
 #include <QDialog>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QScrollBar>
@@ -10,7 +11,6 @@
 #include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
-#include <utility>
 
 #include "resources/menus.h"
 #include "resources/strings.h"
@@ -25,15 +25,33 @@ namespace {
 
 constexpr int kPageMargin = 2;
 constexpr QSize kLargestSize(640, 560);
+constexpr QSize kFrame(8, 0);  // what a window manager draws beside a dialog
+
+/// Text that the keys scroll: its caret, at the end, is only for selecting with Shift.
+class ReportText final : public QPlainTextEdit {
+  public:
+    using QPlainTextEdit::QPlainTextEdit;
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        QScrollBar& bar = *verticalScrollBar();
+        const bool plain = event->modifiers() == Qt::NoModifier;
+        const int key = plain ? event->key() : 0;
+        if (key == Qt::Key_Up) return bar.triggerAction(QScrollBar::SliderSingleStepSub);
+        if (key == Qt::Key_Down) return bar.triggerAction(QScrollBar::SliderSingleStepAdd);
+        if (key == Qt::Key_PageUp) return bar.triggerAction(QScrollBar::SliderPageStepSub);
+        if (key == Qt::Key_PageDown) return bar.triggerAction(QScrollBar::SliderPageStepAdd);
+        QPlainTextEdit::keyPressEvent(event);
+    }
+};
 
 /// A page: the text box with its margin. The caret stands at the end, the view at the beginning.
 QWidget* MakePage(const QString& title, std::u16string_view text, QWidget* parent) {
     auto* const page = new QWidget(parent);
     auto* const layout = new QVBoxLayout(page);
     layout->setContentsMargins(kPageMargin, kPageMargin, kPageMargin, kPageMargin);
-    auto* const box = new QPlainTextEdit(page);
+    auto* const box = new ReportText(page);
     box->setObjectName("reportText");
-    box->setReadOnly(true);
     box->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     box->setTabChangesFocus(true);
     box->setPlainText(ToQString(text));
@@ -50,9 +68,8 @@ QDialog* MakeDialog(QWidget* parent, const ReportActions& actions) {
     auto* const dialog = new QDialog(parent);
     dialog->setObjectName("report");
     dialog->setWindowTitle(ToQString(Text(StringId::AnalysisTitle)));
-    dialog->setModal(true);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->resize(parent->size().boundedTo(kLargestSize));
+    dialog->resize((parent->size() - kFrame).boundedTo(kLargestSize));
     QObject::connect(dialog, &QDialog::finished, dialog, [actions] { actions.closed(); });
     return dialog;
 }
@@ -90,7 +107,6 @@ void OpenExportMenu(QDialog* dialog, const QWidget* key, bool paged, const Run& 
 /// The soft keys below the text, and the keys of the keyboard.
 void AddKeys(QDialog* dialog, bool paged, const ReportActions& actions) {
     auto* const bar = new BottomBar("Ok", "Export", dialog);
-    bar->menuButton()->setDefault(true);
     bar->actionButton()->setAutoDefault(false);
     bar->actionButton()->setToolTip("F10");
     for (QPushButton* const key : {bar->menuButton(), bar->actionButton()})
@@ -120,7 +136,8 @@ QVBoxLayout* MakeColumn(QDialog* dialog) {
 
 }  // namespace
 
-void OpenPagedReport(QWidget* parent, std::span<const ReportPage> pages, ReportActions actions) {
+void OpenPagedReport(QWidget* parent, std::span<const ReportPage> pages,
+                     const ReportActions& actions) {
     QDialog* const dialog = MakeDialog(parent, actions);
     auto* const sheet = new QTabWidget(dialog);
     sheet->setObjectName("reportPages");
@@ -138,7 +155,7 @@ void OpenPagedReport(QWidget* parent, std::span<const ReportPage> pages, ReportA
     dialog->open();
 }
 
-void OpenSingleReport(QWidget* parent, std::u16string_view text, ReportActions actions) {
+void OpenSingleReport(QWidget* parent, std::u16string_view text, const ReportActions& actions) {
     QDialog* const dialog = MakeDialog(parent, actions);
     MakeColumn(dialog)->addWidget(MakePage(dialog->windowTitle(), text, dialog));
     AddKeys(dialog, false, actions);

@@ -20,9 +20,10 @@ struct ReportActions {
 /// Opens the paged form over a window and returns at once: a tab for each page, the soft keys `Ok`
 /// (Enter, Escape) and `Export` (F10). Pages are read-only text that can be selected and copied.
 /// Control+S saves the report, Control+Shift+S the points.
-void OpenPagedReport(QWidget* parent, std::span<const ReportPage> pages, ReportActions actions);
+void OpenPagedReport(QWidget* parent, std::span<const ReportPage> pages,
+                     const ReportActions& actions);
 
 /// The same for the form with a single text, whose `Export` entries are greyed.
-void OpenSingleReport(QWidget* parent, std::u16string_view text, ReportActions actions);
+void OpenSingleReport(QWidget* parent, std::u16string_view text, const ReportActions& actions);
 
 }  // namespace kalvex

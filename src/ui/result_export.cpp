@@ -7,14 +7,14 @@
 #include <utility>
 
 #include "resources/strings.h"
-#include "ui/file_dialog_size.h"
+#include "ui/file_dialogs.h"
 #include "workspace/complete_file.h"
 
 namespace kalvex {
 
 void OpenSaveResultDialog(QWidget* parent, const QString& folder,
                           std::function<void(const QString& path)> chosen) {
-    auto* const dialog = new QFileDialog(parent, "Save File As", folder);
+    auto* const dialog = new QFileDialog(parent, "Save File As", StartFolder(folder));
     dialog->setObjectName("saveResultDialog");
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
@@ -23,14 +23,14 @@ void OpenSaveResultDialog(QWidget* parent, const QString& folder,
     dialog->setDefaultSuffix("txt");
     // KEEP: the proposed name is of the second kind while the first one is selected.
     dialog->selectFile("result.kx");
-    QObject::connect(dialog, &QFileDialog::fileSelected, dialog,
-                     [chosen = std::move(chosen)](const QString& path) { chosen(path); });
+    WhenChosen(*dialog, std::move(chosen));
     FitFileDialog(*dialog, dialog->screen()->availableGeometry().size());
     dialog->open();
 }
 
-void SaveResult(const QString& path, std::string_view bytes, const ShowMessage& show) {
-    if (!WriteCompleteFile(path, bytes)) {
+bool SaveResult(const QString& path, std::string_view bytes, const ShowMessage& show) {
+    const bool written = WriteCompleteFile(path, bytes);
+    if (!written) {
         show({std::u16string(Text(StringId::FileErrorCaption)),
               std::u16string(Text(StringId::FileErrorText)), MessageIcon::None,
               MessageButtons::Ok});
@@ -38,6 +38,7 @@ void SaveResult(const QString& path, std::string_view bytes, const ShowMessage& 
     // KEEP: shown after an error too, which the box before it has told.
     const std::u16string saved(Text(StringId::Saved));
     show({saved, saved, MessageIcon::Information, MessageButtons::Ok});
+    return written;
 }
 
 }  // namespace kalvex

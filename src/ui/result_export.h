@@ -11,13 +11,13 @@ class QWidget;
 
 namespace kalvex {
 
-/// Asks where a result goes, starting in `folder` with the name "result.kx", and hands the path to
-/// `chosen`; nothing when it is cancelled. Returns at once.
+/// Asks where a result goes, starting in `folder` (empty: the documents) with the name "result.kx",
+/// and hands the path to `chosen`; nothing when it is cancelled. Returns at once.
 void OpenSaveResultDialog(QWidget* parent, const QString& folder,
                           std::function<void(const QString& path)> chosen);
 
 /// Writes the bytes into a file. When that fails "file error" is shown and an old file survives;
-/// "Saved!" follows in any case.
-void SaveResult(const QString& path, std::string_view bytes, const ShowMessage& show);
+/// "Saved!" follows in any case. Says whether the file is there.
+bool SaveResult(const QString& path, std::string_view bytes, const ShowMessage& show);
 
 }  // namespace kalvex

@@ -14,7 +14,6 @@ bool WriteCompleteFile(const QString& path, const std::function<bool(QIODevice& 
         return device.open(QIODevice::WriteOnly) && write(device) && device.flush();
     }
     QSaveFile file(path);
-    file.setDirectWriteFallback(true);
     return file.open(QIODevice::WriteOnly) && write(file) && file.flush() && file.commit();
 }
 

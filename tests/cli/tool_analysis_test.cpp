@@ -79,6 +79,19 @@ TEST(AnalysisTool, PrintsTheReport) {
     Expect({With(paged, {"--form", "single", "decart:x^2-1"}), "", 0, kSingle, ""});
 }
 
+TEST(AnalysisTool, MeasuresJumpsByTheHeight) {
+    const struct {
+        const char* line;
+        const char* roots;
+    } rows[] = {{"decart:60*int(x-1.5)+31", "  0 roots"}, {"decart:30*int(x-1.5)+16", "  1 roots"}};
+    for (const auto& row : rows) {
+        // Jumps of 60 and of 30 rows in a picture of 50.
+        const ToolRun run =
+            RunTool({"analyze", "--size", "400x50", "--window", "0,3,-25,25", row.line});
+        EXPECT_NE(run.out.find(row.roots), std::string::npos) << run.out;
+    }
+}
+
 TEST(AnalysisTool, WritesTheReportFile) {
     const TemporaryFolder folder;
     const std::string report = folder.PathOf("отчёт.kx");

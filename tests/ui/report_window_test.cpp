@@ -2,6 +2,7 @@
 
 #include <QClipboard>
 #include <QDialog>
+#include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QPlainTextEdit>
@@ -119,14 +120,61 @@ class ReportWindowTest final : public QObject {
         QVERIFY(program.Text(1)->toPlainText().startsWith(
             "The roots of sin(x)\non the interval (-1.000000,1.000000):\nx=-0.0"));
     }
+    // Keys that wait have moved the window when A comes; the picture has not followed yet.
+    void AnalysesOnePictureOnly() {
+        TracedProgram program;
+        program.Open();
+        QTest::keyClick(&program.Graph(), Qt::Key_Minus);
+        QTest::keyClick(&program.Graph(), Qt::Key_A);
+        QVERIFY(program.Report() != nullptr);
+        const AnalysisResult& shown = program.application.analysis;
+        QCOMPARE(shown.a, -20.0);
+        QCOMPARE(shown.rootCount, 13);
+        QCOMPARE(program.Entry(1).samples.front().x, -20.0);
+    }
+    void IsASnapshot() {
+        TracedProgram program;
+        program.Open("x");
+        program.Analyse();
+        program.application.graph.viewport.view.Xmin = 5;
+        const int count = program.Canvas().RedrawCount();
+        program.Canvas().Apply(PictureChange::Curves);
+        QTRY_VERIFY(program.Canvas().RedrawCount() > count);
+        QCOMPARE(program.Entry(1).samples.front().x, 5.0);
+        const QString path = program.folder.filePath("points.txt");
+        program.Export(CommandId::FunctionToFile);
+        program.SaveAs(path);
+        QVERIFY(Contents(path).startsWith("-10.0"));
+    }
+    void KeysScrollAndSelect() {
+        TracedProgram program;
+        program.Open("sin(20x)");
+        program.Analyse();
+        program.Pages()->setCurrentIndex(1);
+        QPlainTextEdit* const text = program.Text(1);
+        text->setFocus();
+        const QScrollBar& bar = *text->verticalScrollBar();
+        QVERIFY(bar.maximum() > 10);
+        for (const auto& [key, value] :
+             {std::pair{Qt::Key_Down, 1}, {Qt::Key_Up, 0}, {Qt::Key_PageDown, bar.pageStep()}}) {
+            QTest::keyClick(text, key);
+            QCOMPARE(bar.value(), value);
+        }
+        QTest::keyClick(text, Qt::Key_Up, Qt::ShiftModifier);
+        QVERIFY(text->textCursor().hasSelection());
+        QTest::keyClick(text, Qt::Key_Tab);
+        QVERIFY(!text->hasFocus());
+    }
     void IsOfferedInTraceModeForSomeTypes() {
         TracedProgram program;
         program.Open("2", 1);
         QTest::keyClick(&program.Graph(), Qt::Key_A);
         QVERIFY(program.Report() == nullptr);  // polar
-        QTest::keyClick(&program.Graph(), Qt::Key_Escape);
-        QTest::keyClick(&program.Graph(), Qt::Key_A);
-        QVERIFY(program.Report() == nullptr);  // no trace
+        TracedProgram other;
+        other.Open("2");
+        QTest::keyClick(&other.Graph(), Qt::Key_Escape);
+        QTest::keyClick(&other.Graph(), Qt::Key_A);
+        QVERIFY(other.Report() == nullptr);  // no trace
     }
     void SelectsAndCopies() {
         TracedProgram program;
@@ -166,6 +214,11 @@ class ReportWindowTest final : public QObject {
                      QByteArray{1, static_cast<char>(unit >> 8U)};
         QCOMPARE(Contents(path), bytes);
         QVERIFY(program.LastBox().text == u"Saved!");
+        QCOMPARE(program.application.windowState.folder, program.folder.path());
+        program.shown.boxes->clear();
+        program.Export(CommandId::ReportToFile);
+        program.SaveAs(QDir::root().filePath("proc/no.txt"));
+        QTRY_COMPARE(program.shown.boxes->size(), std::size_t{2});
         QCOMPARE(program.application.windowState.folder, program.folder.path());
     }
     void ExportsThePoints() {
@@ -213,6 +266,7 @@ class ReportWindowTest final : public QObject {
         TestProgram program;
         QWidget window;
         window.resize(480, 640);
+        window.show();
         AnalysisResult result;
         QString folder;
         FunctionEntry entry;
@@ -230,6 +284,10 @@ class ReportWindowTest final : public QObject {
         QCOMPARE(menu->actions().size(), 2);
         for (const QAction* const action : menu->actions())
             QVERIFY(!action->isEnabled());
+        OpenedMenu(*report, "exportMenu")->close();
+        report->activateWindow();
+        QTRY_VERIFY(QApplication::activeWindow() == report);
+        QCOMPARE(text->accessibleName(), QString("Analysis function"));
         QTest::keyClick(report, Qt::Key_S, Qt::ControlModifier);
         QVERIFY(report->findChild<QFileDialog*>("saveResultDialog") == nullptr);
         program.Click(*report, "menuKey");

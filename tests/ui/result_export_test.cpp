@@ -1,13 +1,16 @@
 #include "ui/result_export.h"
 
 #include <sys/resource.h>
+#include <unistd.h>
 
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QStandardPaths>
 #include <csignal>
 
+#include "ui/file_dialogs.h"
 #include "window_fixture.h"
 
 using namespace kalvex;
@@ -71,6 +74,46 @@ class ResultExportTest final : public QObject {
         name->setText("sine");
         QTest::keyClick(name, Qt::Key_Return);
         QTRY_COMPARE(chosen, folder.filePath("sine.txt"));
+    }
+    // The box that follows must not share the keyboard with the dialog.
+    void TheDialogIsGoneWhenItsFileIsKnown() {
+        QWidget window;
+        QTemporaryDir folder;
+        bool gone = false;
+        OpenSaveResultDialog(&window, folder.path(), [&](const QString&) {
+            const auto* const dialog = window.findChild<QFileDialog*>("saveResultDialog");
+            gone = dialog == nullptr || !dialog->isVisible();
+        });
+        auto* const dialog = window.findChild<QFileDialog*>("saveResultDialog");
+        QTest::keyClick(dialog->findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
+        QTRY_VERIFY(gone);
+    }
+    void StartsInTheDocuments() {
+        QCOMPARE(StartFolder("/somewhere"), QString("/somewhere"));
+        const QString documents =
+            QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+        QVERIFY(!QDir(documents).exists() || documents == QDir::homePath());
+        QCOMPARE(StartFolder({}), QDir::homePath());
+        QVERIFY(QDir().mkpath(documents));
+        QCOMPARE(StartFolder({}), documents);
+        if (documents != QDir::homePath()) QDir().rmdir(documents);
+    }
+    // A file that may be written in a folder that may not: nothing is tried that could end
+    // half-way.
+    void AFolderThatCannotBeWrittenTo() {
+        QTemporaryDir folder;
+        ShownBoxes shown;
+        const QString path = folder.filePath("old.txt");
+        Write(path, "good old points\n");
+        QVERIFY(QFile::setPermissions(path, QFile::Permissions(0x6666)));
+        QVERIFY(QFile::setPermissions(folder.path(), QFile::Permissions(0x5555)));
+        const uid_t self = geteuid();
+        if (self == 0) QCOMPARE(seteuid(65534), 0);  // root may write everywhere
+        SaveResult(path, "new", shown.show);
+        if (self == 0) QCOMPARE(seteuid(0), 0);
+        QVERIFY(QFile::setPermissions(folder.path(), QFile::Permissions(0x7777)));
+        ExpectFailure(shown);
+        QCOMPARE(Contents(path), QByteArray("good old points\n"));
     }
     void ReplacesAnOldFile() {
         QTemporaryDir folder;

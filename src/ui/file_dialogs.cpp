@@ -1,9 +1,12 @@
 // Only the toolkit's own dialog has these parts; the system's own ones know their screens.
-#include "ui/file_dialog_size.h"
+#include "ui/file_dialogs.h"
 
+#include <QDir>
 #include <QFileDialog>
 #include <QHeaderView>
+#include <QStandardPaths>
 #include <QTreeView>
+#include <utility>
 
 namespace kalvex {
 namespace {
@@ -23,6 +26,18 @@ void FitFileDialog(QFileDialog& dialog, const QSize& room) {
         }
     }
     dialog.resize(dialog.size().boundedTo(room - QSize(kFrame, kTitle)));
+}
+
+void WhenChosen(QFileDialog& dialog, std::function<void(const QString& path)> chosen) {
+    QObject::connect(
+        &dialog, &QFileDialog::fileSelected, dialog.parent(),
+        [chosen = std::move(chosen)](const QString& path) { chosen(path); }, Qt::QueuedConnection);
+}
+
+QString StartFolder(const QString& last) {
+    if (!last.isEmpty()) return last;
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QDir(documents).exists() ? documents : QDir::homePath();
 }
 
 }  // namespace kalvex

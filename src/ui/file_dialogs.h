@@ -1,0 +1,24 @@
+// What all file dialogs share.
+#pragma once
+
+#include <QString>
+#include <functional>
+
+class QFileDialog;
+class QSize;
+
+namespace kalvex {
+
+/// Gives a dialog no more than the room of a screen; in a narrow one it does without the places at
+/// the side and all columns but the names.
+void FitFileDialog(QFileDialog& dialog, const QSize& room);
+
+/// Hands the chosen path over once the dialog has left the screen: a message that follows would
+/// share the keyboard with it otherwise.
+void WhenChosen(QFileDialog& dialog, std::function<void(const QString& path)> chosen);
+
+/// Where a dialog starts: in the last folder; without one in the user's documents, or the home
+/// folder when there are none.
+QString StartFolder(const QString& last);
+
+}  // namespace kalvex
