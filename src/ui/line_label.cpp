@@ -13,10 +13,10 @@
 namespace kalvex {
 namespace {
 
-constexpr double kTextContrast = 4.5;  // the guidelines' bound for ordinary text
-// Below it, the guidelines' bound for large text, the strokes of the letters fade; a rim keeps them
-// together. Half of its width shows. A light rim around dark letters needs more of it.
-constexpr double kRimBelow = 3.0;
+// The guidelines' bound for ordinary text. Below it the strokes of the letters fade; a rim that
+// keeps the bound holds them together. Half of its width shows. A light rim around dark letters
+// needs more of it.
+constexpr double kTextContrast = 4.5;
 constexpr double kRimOnLight = 1.0;
 constexpr double kRimOnDark = 2.4;
 constexpr int kMarkWidth = 18;
@@ -87,7 +87,7 @@ void LineLabel::paintEvent(QPaintEvent*) {
     QPainterPath shape;
     shape.addText(width() - kMargin - metrics.horizontalAdvance(shown),
                   (height() + metrics.ascent() - metrics.descent()) / 2.0, face, shown);
-    if (ContrastRatio(TextColor(), Ground()) < kRimBelow) {
+    if (ContrastRatio(TextColor(), Ground()) < kTextContrast) {
         const QColor rim = ReadableColor(TextColor(), Ground(), kTextContrast);
         painter.strokePath(shape, QPen(rim, IsDark(Ground()) ? kRimOnDark : kRimOnLight));
     }
