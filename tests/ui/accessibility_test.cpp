@@ -1,5 +1,8 @@
 // What a screen reader and a keyboard user meet.
+#include <QAbstractButton>
+#include <QAccessible>
 #include <QCoreApplication>
+#include <QDialog>
 
 #include "window_fixture.h"
 
@@ -45,6 +48,24 @@ struct SpokenProgram : TestProgram {
     }
 };
 
+/// The controls of a window that the keyboard or a pointer reaches and a screen reader has no name
+/// for.
+QStringList Nameless(const QWidget& window) {
+    QStringList found;
+    for (QWidget* const widget : window.findChildren<QWidget*>()) {
+        const bool reached = widget->isVisible() && widget->focusPolicy() != Qt::NoFocus;
+        const bool button =
+            widget->isVisible() && qobject_cast<QAbstractButton*>(widget) != nullptr;
+        // Parts of the toolkit's own controls speak through these.
+        const bool inner = widget->objectName().startsWith("qt_");
+        if ((!reached && !button) || inner || widget->focusProxy() != nullptr) continue;
+        QAccessibleInterface* const spoken = QAccessible::queryAccessibleInterface(widget);
+        if (spoken == nullptr || spoken->text(QAccessible::Name).isEmpty())
+            found += QString("%1 %2").arg(widget->metaObject()->className(), widget->objectName());
+    }
+    return found;
+}
+
 }  // namespace
 
 class AccessibilityTest final : public QObject {
@@ -67,6 +88,44 @@ class AccessibilityTest final : public QObject {
         program.Canvas().ScheduleRedraw();  // nothing new to say
         QTest::qWait(50);
         QCOMPARE(spoken.Changes(), 0);
+    }
+    void EveryControlOfTheEditorsDialogsIsNamed() {
+        TestProgram program;
+        program.Start();
+        QCOMPARE(Nameless(program.Editor()), QStringList());
+        const struct {
+            CommandId command;
+            const char* dialog;
+        } rows[] = {
+            {CommandId::Options, "optionsDialog"}, {CommandId::Calculator, "calculatorDialog"},
+            {CommandId::Help, "helpWindow"},       {CommandId::About, "aboutBox"},
+            {CommandId::LeastSquares, nullptr},    {CommandId::BetaSplines, nullptr},
+            {CommandId::CubicSpline, nullptr}};
+        program.Entry(1).type = 4;
+        for (const auto& row : rows) {
+            program.Editor().Run(row.command);
+            auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            QVERIFY(dialog != nullptr);
+            if (row.dialog != nullptr) QCOMPARE(dialog->objectName(), QString(row.dialog));
+            QVERIFY(!dialog->windowTitle().isEmpty());
+            QCOMPARE(Nameless(*dialog), QStringList());
+            dialog->reject();
+            QTRY_VERIFY(QApplication::activeModalWidget() == nullptr);
+        }
+    }
+    void EveryControlOfTheGraphsDialogsIsNamed() {
+        SpokenProgram program;
+        QCOMPARE(Nameless(program.Graph()), QStringList());
+        for (const CommandId command : {CommandId::ViewWindowDialog, CommandId::ZoomFactor,
+                                        CommandId::Trace, CommandId::Analyze}) {
+            program.Graph().Run(command);
+            auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            if (command == CommandId::Trace) continue;  // opens none
+            QVERIFY(dialog != nullptr);
+            QCOMPARE(Nameless(*dialog), QStringList());
+            dialog->reject();
+            QTRY_VERIFY(QApplication::activeModalWidget() == nullptr);
+        }
     }
     void TheTraceIsSpoken() {
         SpokenProgram program;
