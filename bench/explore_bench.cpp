@@ -9,7 +9,7 @@
 
 #include "nine_curves.h"
 #include "painter/painter.h"
-#include "ui/graph_canvas.h"
+#include "ui/graph/graph_canvas.h"
 
 namespace kalvex {
 namespace {

@@ -3,11 +3,11 @@
 #include <QApplication>
 
 #include "ui/application.h"
-#include "ui/message_window.h"
-#include "ui/picture_export.h"
+#include "ui/graph/picture_export.h"
+#include "ui/parts/message_window.h"
+#include "ui/parts/touch_style.h"
 #include "ui/program_icon.h"
 #include "ui/terminate_signal.h"
-#include "ui/touch_style.h"
 #include "workspace/function_list.h"
 #include "workspace/registry_file.h"
 

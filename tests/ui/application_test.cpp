@@ -4,7 +4,7 @@
 #include <QScreen>
 #include <QTimer>
 
-#include "ui/message_window.h"
+#include "ui/parts/message_window.h"
 #include "window_fixture.h"
 
 using namespace kalvex;

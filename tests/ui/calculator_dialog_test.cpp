@@ -1,11 +1,11 @@
 // The calculator by real events.
-#include "ui/calculator_dialog.h"
+#include "ui/dialogs/calculator_dialog.h"
 
 #include <QDialog>
 #include <QLineEdit>
 
 #include "resources/platform.h"
-#include "ui/touch.h"
+#include "ui/parts/touch.h"
 #include "window_fixture.h"
 
 using namespace kalvex;

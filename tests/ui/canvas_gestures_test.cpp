@@ -1,4 +1,4 @@
-#include "ui/canvas_gestures.h"
+#include "ui/graph/canvas_gestures.h"
 
 #include <QTest>
 #include <cmath>

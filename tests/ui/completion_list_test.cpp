@@ -1,4 +1,4 @@
-#include "ui/completion_list.h"
+#include "ui/editor/completion_list.h"
 
 #include <QTest>
 

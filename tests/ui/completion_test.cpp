@@ -1,4 +1,4 @@
-#include "ui/completion.h"
+#include "ui/editor/completion.h"
 
 #include <QClipboard>
 #include <QInputMethodEvent>

@@ -1,8 +1,8 @@
-#include "ui/contrast.h"
+#include "ui/parts/contrast.h"
 
 #include <QTest>
 
-#include "ui/qt_text.h"
+#include "ui/parts/qt_text.h"
 
 using namespace kalvex;
 

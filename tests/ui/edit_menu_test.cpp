@@ -1,4 +1,4 @@
-#include "ui/edit_menu.h"
+#include "ui/editor/edit_menu.h"
 
 #include <QClipboard>
 #include <QContextMenuEvent>

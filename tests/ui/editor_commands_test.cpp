@@ -1,4 +1,4 @@
-#include "ui/editor_commands.h"
+#include "ui/editor/editor_commands.h"
 
 #include <QTest>
 

@@ -8,11 +8,11 @@
 #include <QScrollBar>
 #include <QTest>
 
-#include "ui/completion_list.h"
-#include "ui/editor_window.h"
-#include "ui/line_edit.h"
-#include "ui/line_label.h"
-#include "ui/qt_text.h"
+#include "ui/editor/completion_list.h"
+#include "ui/editor/editor_window.h"
+#include "ui/editor/line_edit.h"
+#include "ui/editor/line_label.h"
+#include "ui/parts/qt_text.h"
 #include "workspace/defaults.h"
 
 namespace kalvex {

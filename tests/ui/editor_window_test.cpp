@@ -1,10 +1,10 @@
-#include "ui/editor_window.h"
+#include "ui/editor/editor_window.h"
 
 #include <QClipboard>
 
-#include "ui/contrast.h"
-#include "ui/touch.h"
-#include "ui/touch_style.h"
+#include "ui/parts/contrast.h"
+#include "ui/parts/touch.h"
+#include "ui/parts/touch_style.h"
 #include "window_fixture.h"
 
 using namespace kalvex;

@@ -1,5 +1,5 @@
 // The frame of the small dialogs.
-#include "ui/form_dialog.h"
+#include "ui/parts/form_dialog.h"
 
 #include <QLineEdit>
 #include <QPushButton>

@@ -6,7 +6,7 @@
 #include <QWheelEvent>
 
 #include "graph/pick.h"
-#include "ui/overlay_painter.h"
+#include "ui/graph/overlay_painter.h"
 #include "window_fixture.h"
 
 using namespace kalvex;

@@ -1,10 +1,10 @@
-#include "ui/graph_window.h"
+#include "ui/graph/graph_window.h"
 
 #include <QFile>
 #include <QPaintEvent>
 
 #include "painter/painter.h"
-#include "ui/touch.h"
+#include "ui/parts/touch.h"
 #include "window_fixture.h"
 
 using namespace kalvex;

@@ -12,7 +12,7 @@
 #include "resources/menus.h"
 #include "resources/short_cuts.h"
 #include "resources/strings.h"
-#include "ui/qt_text.h"
+#include "ui/parts/qt_text.h"
 
 using namespace kalvex;
 

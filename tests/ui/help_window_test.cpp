@@ -1,4 +1,4 @@
-#include "ui/help_window.h"
+#include "ui/help/help_window.h"
 
 #include <QFile>
 #include <QLabel>
@@ -10,9 +10,9 @@
 #include <QTextBlock>
 #include <cstdio>
 
-#include "ui/contrast.h"
-#include "ui/help_browser.h"
-#include "ui/touch.h"
+#include "ui/help/help_browser.h"
+#include "ui/parts/contrast.h"
+#include "ui/parts/touch.h"
 #include "window_fixture.h"
 
 using namespace kalvex;

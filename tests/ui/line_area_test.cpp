@@ -1,10 +1,10 @@
-#include "ui/line_area.h"
+#include "ui/editor/line_area.h"
 
 #include <QInputMethod>
 #include <QWheelEvent>
 
 #include "editor_fixture.h"
-#include "ui/touch.h"
+#include "ui/parts/touch.h"
 
 using namespace kalvex;
 

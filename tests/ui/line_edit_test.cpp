@@ -1,4 +1,4 @@
-#include "ui/line_edit.h"
+#include "ui/editor/line_edit.h"
 
 #include <QClipboard>
 #include <QStyleHints>

@@ -1,8 +1,8 @@
-#include "ui/line_layout.h"
+#include "ui/editor/line_layout.h"
 
 #include <QTest>
 
-#include "ui/touch.h"
+#include "ui/parts/touch.h"
 
 using namespace kalvex;
 

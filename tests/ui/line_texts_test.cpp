@@ -1,4 +1,4 @@
-#include "ui/line_texts.h"
+#include "ui/editor/line_texts.h"
 
 #include <QTest>
 

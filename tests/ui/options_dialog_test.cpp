@@ -3,7 +3,7 @@
 #include <QScrollArea>
 
 #include "options_fixture.h"
-#include "ui/touch.h"
+#include "ui/parts/touch.h"
 
 using namespace kalvex;
 

@@ -1,4 +1,4 @@
-#include "ui/picture_export.h"
+#include "ui/graph/picture_export.h"
 
 #include <QClipboard>
 #include <QFile>

@@ -3,7 +3,7 @@
 #include <QFile>
 #include <QFileDialog>
 
-#include "ui/file_dialogs.h"
+#include "ui/parts/file_dialogs.h"
 #include "window_fixture.h"
 
 using namespace kalvex;

@@ -1,4 +1,4 @@
-#include "ui/report_window.h"
+#include "ui/report/report_window.h"
 
 #include <QClipboard>
 #include <QDialog>
@@ -11,7 +11,7 @@
 #include <QTabWidget>
 
 #include "resources/platform.h"
-#include "ui/analysis_flow.h"
+#include "ui/report/analysis_flow.h"
 #include "window_fixture.h"
 
 using namespace kalvex;

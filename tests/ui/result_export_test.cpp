@@ -1,4 +1,4 @@
-#include "ui/result_export.h"
+#include "ui/report/result_export.h"
 
 #include <sys/resource.h>
 #include <unistd.h>
@@ -10,7 +10,7 @@
 #include <QStandardPaths>
 #include <csignal>
 
-#include "ui/file_dialogs.h"
+#include "ui/parts/file_dialogs.h"
 #include "window_fixture.h"
 
 using namespace kalvex;

@@ -1,4 +1,4 @@
-#include "ui/slide_hint.h"
+#include "ui/editor/slide_hint.h"
 
 #include <QMouseEvent>
 

@@ -1,5 +1,5 @@
 // Captions and check boxes with tips: by mouse, by key and by finger.
-#include "ui/tip_controls.h"
+#include "ui/parts/tip_controls.h"
 
 #include <QtTest/qtesttouch.h>
 
@@ -11,7 +11,7 @@
 #include <QVBoxLayout>
 #include <memory>
 
-#include "ui/tip_window.h"
+#include "ui/parts/tip_window.h"
 
 using namespace kalvex;
 

@@ -1,6 +1,6 @@
 #include <QLineEdit>
 
-#include "ui/form_dialog.h"
+#include "ui/parts/form_dialog.h"
 #include "window_fixture.h"
 
 using namespace kalvex;

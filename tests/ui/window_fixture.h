@@ -8,11 +8,11 @@
 
 #include "resources/strings.h"
 #include "ui/application.h"
-#include "ui/bottom_bar.h"
-#include "ui/graph_canvas.h"
-#include "ui/line_edit.h"
-#include "ui/line_label.h"
-#include "ui/qt_text.h"
+#include "ui/editor/line_edit.h"
+#include "ui/editor/line_label.h"
+#include "ui/graph/graph_canvas.h"
+#include "ui/parts/bottom_bar.h"
+#include "ui/parts/qt_text.h"
 #include "workspace/faulty_registry.h"
 
 namespace kalvex {

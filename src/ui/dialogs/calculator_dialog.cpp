@@ -1,0 +1,121 @@
+// One line and what became of it. The text below has room for three rows from the start, so that
+// nothing moves when a reason is longer than a number; on a narrow screen it may need one more.
+#include "ui/dialogs/calculator_dialog.h"
+
+#include <QGuiApplication>
+#include <QInputMethod>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScreen>
+
+#include "resources/platform.h"
+#include "resources/strings.h"
+#include "ui/parts/form_dialog.h"
+#include "ui/parts/qt_text.h"
+#include "ui/parts/touch.h"
+#include "workspace/calculator.h"
+
+namespace kalvex {
+namespace {
+
+constexpr int kEditId = 1025;
+constexpr int kCalcId = 1009;
+constexpr int kCancelId = 1024;
+constexpr int kDetailRows = 3;
+
+/// The expression, with the lines before it on Up and Down.
+class CalculatorEdit final : public QLineEdit {
+  public:
+    CalculatorEdit(CalculatorHistory& lines, QWidget* parent) : QLineEdit(parent), history(lines) {}
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        const bool up = event->key() == Qt::Key_Up;
+        if (!up && event->key() != Qt::Key_Down) return QLineEdit::keyPressEvent(event);
+        const std::u16string shown = FromQString(text());
+        const auto line = up ? OlderLine(history, shown) : NewerLine(history, shown);
+        if (line) setText(ToQString(*line));
+    }
+
+  private:
+    CalculatorHistory& history;
+};
+
+QLabel* AddDetail(FormDialog& dialog) {
+    QLabel* const detail = dialog.AddMeaning();
+    detail->setObjectName("detail");
+    detail->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    detail->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    detail->setFocusPolicy(Qt::NoFocus);
+    QFont small = detail->font();
+    small.setPointSizeF(small.pointSizeF() * 0.9);
+    detail->setFont(small);
+    return detail;
+}
+
+void ShowDetail(QLabel& detail, const QString& text) {
+    detail.setText(text);
+    const int rows = kDetailRows * detail.fontMetrics().lineSpacing();
+    detail.setMinimumHeight(qMax(rows, detail.heightForWidth(detail.width())));
+}
+
+/// What `Calc` does.
+void CalculateLine(QLineEdit& edit, QLabel& detail, CalculatorHistory& history,
+                   const ShowMessage& show) {
+    const std::u16string typed = FromQString(edit.text());
+    const CalculatorAnswer answer = Calculate(typed, show);
+    if (typed != Text(StringId::EnterExpression)) Remember(history, typed);
+    ShowDetail(detail, ToQString(answer.detail));
+    edit.setAccessibleDescription(detail.text());
+    if (answer.accepted) {
+        edit.setText(ToQString(answer.text));
+        edit.selectAll();
+    } else {
+        show({std::u16string(Text(StringId::Error)), answer.text, MessageIcon::Stop,
+              MessageButtons::Ok});
+        edit.setFocus(Qt::OtherFocusReason);
+    }
+}
+
+}  // namespace
+
+QPoint CalculatorPlace(const QSize& dialog, const QRect& screen, std::u16string_view platform) {
+    const int x = screen.left() + (screen.width() - dialog.width()) / 2;
+    int y = screen.top() + (screen.height() - dialog.height()) / 2;
+    if (platform == kPocketPc) y = screen.top() + screen.height() / 2 - dialog.height() * 3 / 10;
+    const int lastX = screen.left() + screen.width() - dialog.width();
+    const int lastY = screen.top() + screen.height() - dialog.height();
+    return {qMax(screen.left(), qMin(x, lastX)), qMax(screen.top(), qMin(y, lastY))};
+}
+
+void OpenCalculator(QWidget* parent, CalculatorHistory& history, const ShowMessage& show) {
+    auto* const dialog = new FormDialog("Calculator", parent, "Calc");
+    dialog->setObjectName("calculatorDialog");
+    auto* const edit = new CalculatorEdit(history, dialog);
+    edit->setObjectName("expression");
+    edit->setProperty("controlId", kEditId);
+    edit->setAccessibleName("Expression");
+    edit->setText(ToQString(Text(StringId::EnterExpression)));
+    dialog->AddWide(edit);
+    edit->setMinimumHeight(kTouchTarget);
+    QLabel* const detail = AddDetail(*dialog);
+    ShowDetail(*detail, {});
+    dialog->SaveKey()->setProperty("controlId", kCalcId);
+    dialog->CancelKey()->setProperty("controlId", kCancelId);
+    dialog->save = [edit, detail, &history, show] {
+        CalculateLine(*edit, *detail, history, show);
+        return false;
+    };
+    QObject::connect(dialog, &QDialog::finished, dialog,
+                     [] { QGuiApplication::inputMethod()->hide(); });
+    StartBelow(history);
+    PointAt(*edit);
+    dialog->adjustSize();
+    dialog->move(
+        CalculatorPlace(dialog->size(), dialog->screen()->availableGeometry(), kPlatformType));
+    dialog->OpenOverParent();
+}
+
+}  // namespace kalvex

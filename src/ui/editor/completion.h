@@ -1,0 +1,58 @@
+// Offers function names while an expression is typed into a line.
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <functional>
+#include <string_view>
+
+#include "resources/platform.h"
+#include "ui/editor/completion_list.h"
+#include "ui/editor/line_edit.h"
+
+class QKeyEvent;
+
+namespace kalvex {
+
+/// Watches lines and keeps at most one list open in a window. A typed letter opens it with the
+/// names that begin with the word before the caret. Any other character, the pen on a line, a
+/// moved caret and the loss of the focus close it; Enter and the refused blank do not. Down and Up
+/// highlight, Enter takes the highlighted name, Escape closes.
+class Completion final : public QObject {
+  public:
+    explicit Completion(QWidget* window);
+
+    void Watch(LineEdit* line);
+    void Close();
+    bool IsOpen() const { return line != nullptr; }
+    /// What the list offers for a line, in words; empty when none is open for it.
+    QString SaidOf(const LineEdit* asked) const { return asked == line ? said : QString(); }
+
+    std::u16string_view platform = kPlatformType;  ///< only kPocketPc offers names
+    std::function<QRect()> room;                   ///< the part of the window for the list
+    std::function<void()> told;                    ///< SaidOf has changed
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void Open(LineEdit* edited);
+    void Type(char16_t last);
+    bool TakeKey(const QKeyEvent& key);
+    void MoveHighlight(int step);
+    void Choose(const QString& name);
+    bool TakeSecondTap();
+
+    QPointer<CompletionList> list;
+    void Say(const QString& text);
+
+    LineEdit* line = nullptr;  ///< the line with the open list
+    QString said;
+    int wordLength = 0;
+    QString shownFor;  ///< text and caret of the line while the list is open
+    int caret = 0;
+    QPointer<LineEdit> tapped;  ///< a tap has just chosen a name for this line
+    bool letterTyped = false;   ///< the key that is being handled is a letter
+};
+
+}  // namespace kalvex

@@ -1,0 +1,303 @@
+// The window only mirrors the workspace: typing writes into it, commands change it and ShowLines
+// brings the controls up to date. The line with the focus is the current one; neither a tap on a
+// soft key nor a menu takes the focus from it.
+#include "ui/editor/editor_window.h"
+
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QInputMethod>
+#include <QLabel>
+#include <QMenu>
+#include <QShortcut>
+#include <utility>
+
+#include "resources/strings.h"
+#include "ui/editor/completion.h"
+#include "ui/editor/edit_menu.h"
+#include "ui/editor/line_area.h"
+#include "ui/editor/line_edit.h"
+#include "ui/editor/line_label.h"
+#include "ui/editor/line_texts.h"
+#include "ui/editor/method_dialogs.h"
+#include "ui/editor/slide_hint.h"
+#include "ui/help/help_window.h"
+#include "ui/parts/bottom_bar.h"
+#include "ui/parts/menu_builder.h"
+#include "ui/parts/qt_text.h"
+#include "ui/parts/short_cut_keys.h"
+#include "ui/parts/touch.h"
+#include "workspace/function_list.h"
+
+namespace kalvex {
+namespace {
+
+constexpr int kLeastWidth = 240;
+
+std::size_t Index(int slot) {
+    return static_cast<std::size_t>(slot);
+}
+
+}  // namespace
+
+QRect EditorActions::SystemInputPanel() {
+    const QInputMethod& method = *QGuiApplication::inputMethod();
+    return method.isVisible() ? method.keyboardRectangle().toAlignedRect() : QRect();
+}
+
+EditorWindow::EditorWindow(Workspace& shown, EditorActions actions)
+    : workspace(shown),
+      state{shown, {}, false, {}, {}, {}, {}, {}, {}, {}},
+      inputPanel(std::move(actions.inputPanel)),
+      platform(actions.platform),
+      menuState(InitialMainMenu()) {
+    setWindowTitle("Kalvex");
+    setObjectName("editor");
+    setMinimumSize(kLeastWidth, LeastLineAreaHeight() + kBottomBarHeight);
+    state.showLines = [this] { ShowLines(); };
+    state.draw = std::move(actions.draw);
+    state.exit = std::move(actions.exit);
+    state.choosePointFile = std::move(actions.choosePointFile);
+    state.openOptions = std::move(actions.openOptions);
+    state.openCalculator = std::move(actions.openCalculator);
+    state.setMethodUp = [this, show = std::move(actions.show)](int slot) {
+        OpenMethodDialog(this, workspace.functions[Index(slot)], show);
+    };
+    AddLines();
+    AddKeys();
+    AddCompletion();
+    AddShortcuts();
+    slideHint = new SlideHint(this);
+    const QInputMethod* const method = QGuiApplication::inputMethod();
+    connect(method, &QInputMethod::keyboardRectangleChanged, this, [this] { LayOut(); });
+    connect(method, &QInputMethod::visibleChanged, this, [this] { LayOut(); });
+    ShowLines();
+}
+
+// Hidden while everything still stands: hiding makes lines and list report.
+EditorWindow::~EditorWindow() {
+    hide();
+}
+
+void EditorWindow::AddLines() {
+    lines = new LineArea(this);
+    lines->scrolled = [this] {
+        if (completion != nullptr) completion->Close();
+    };
+    for (int slot = 0; slot < kSlotCount; ++slot)
+        ConnectLine(slot);
+}
+
+void EditorWindow::ConnectLine(int slot) {
+    const LineArea::Row& row = lines->At(slot);
+    const auto toggle = [this, slot] {
+        FocusLine(slot);
+        Run(CommandId::Select);
+    };
+    row.label->toggled = toggle;
+    row.label->picked = [this, slot] {
+        FocusLine(slot);
+        slideHint->Begin();
+    };
+    row.label->slidTo = [this](QPoint at) { Slide(at); };
+    row.label->lifted = [this] { slideHint->End(); };
+    row.edit->toggled = toggle;
+    row.edit->focused = [this, slot] {
+        lastSlot = slot;
+        lines->Reveal(slot);
+    };
+    row.edit->popupAskedAt = [this, slot](QPoint at) { MakeEditMenu(slot)->popup(at); };
+    connect(row.edit, &QLineEdit::textEdited, this, [this, slot] { lines->Reveal(slot); });
+    connect(row.edit, &QLineEdit::textChanged, this, [this, slot](const QString& text) {
+        workspace.lines[Index(slot)] = FromQString(text);
+        ShowHint(slot);
+    });
+}
+
+void EditorWindow::AddKeys() {
+    bar = new BottomBar("Menu", "Draw", this);
+    bar->actionButton()->setToolTip(KeysForTip(EditorShortCuts(), CommandId::Draw));
+    bar->menuButton()->setToolTip("F10");
+    QPushButton* const insert =
+        bar->AddMiddleKey(ToQString(Text(StringId::InsertKey)), "insertKey");
+    const QString tip = ToQString(Text(StringId::InsertKeyTip));
+    insert->setToolTip(tip);
+    insert->setAccessibleDescription(tip);
+    connect(bar->menuButton(), &QPushButton::clicked, this, &EditorWindow::OpenMenu);
+    connect(insert, &QPushButton::clicked, this, [this, insert] {
+        if (const auto slot = FocusedSlot()) PopUpAbove(*MakeEditMenu(*slot), *insert);
+    });
+    connect(bar->actionButton(), &QPushButton::clicked, this, [this] { Run(CommandId::Draw); });
+    QWidget* last = lines->At(kSlotCount - 1).edit;
+    for (QPushButton* const key : {bar->menuButton(), insert, bar->actionButton()}) {
+        key->setFocusPolicy(Qt::TabFocus);
+        key->setAutoDefault(true);  // Enter works like the space bar
+        setTabOrder(last, key);
+        last = key;
+    }
+}
+
+void EditorWindow::AddCompletion() {
+    completion = new Completion(this);
+    completion->platform = platform;
+    completion->room = [this] {
+        const QRect above(0, 0, width(), bar->y());
+        // With one or two lines left the soft keys give way.
+        const bool fewLines = lines->height() < LeastLineAreaHeight();
+        return fewLines ? above.united(bar->geometry()) : above;
+    };
+    completion->told = [this] { ShowHint(lastSlot); };
+    for (int slot = 0; slot < kSlotCount; ++slot)
+        completion->Watch(lines->At(slot).edit);
+}
+
+void EditorWindow::AddShortcuts() {
+    const auto add = [this](const QKeySequence& keys, auto&& run) {
+        connect(new QShortcut(keys, this), &QShortcut::activated, this, run);
+    };
+    AddShortCuts(*this, EditorShortCuts(), [this](CommandId command) {
+        if (IsOffered(command)) Run(command);
+    });
+    add(QKeySequence(Qt::Key_F10), [this] { OpenMenu(); });
+    add(QKeySequence(Qt::ALT | Qt::Key_M), [this] { OpenMenu(); });
+    add(QKeySequence(Qt::SHIFT | Qt::Key_F10), [this] {
+        if (const auto slot = FocusedSlot()) lines->At(*slot).edit->AskForPopup();
+    });
+}
+
+void EditorWindow::ShowLines() {
+    for (int slot = 0; slot < kSlotCount; ++slot)
+        ShowLine(slot);
+}
+
+void EditorWindow::ShowLine(int slot) {
+    const FunctionEntry& entry = workspace.functions[Index(slot)];
+    const LineArea::Row& row = lines->At(slot);
+    std::optional<QColor> color;
+    if (workspace.options.ColorText != 0) color = ToQColor(ColorOf(entry.color));
+    row.label->Show(ToQString(LabelOf(entry.type)), color, entry.selected == 1);
+    row.label->setAccessibleName(NameOfLine(slot, entry));
+    row.label->setAccessibleDescription(DescriptionOfLine(entry, {}));
+    row.edit->keepsBlanks = entry.type == static_cast<std::int32_t>(EquationType::File);
+    row.edit->setAccessibleName(NameOfLine(slot, entry));
+    const QString text = ToQString(workspace.lines[Index(slot)]);
+    if (row.edit->text() != text) row.edit->SetStoredText(text);
+    ShowHint(slot);
+}
+
+void EditorWindow::ShowHint(int slot) {
+    const QString hint = HintOfLine(workspace.lines[Index(slot)]);
+    const LineArea::Row& row = lines->At(slot);
+    row.hint->setText(hint);
+    row.edit->setToolTip(hint);
+    const QString offered = completion->SaidOf(row.edit);
+    row.edit->setAccessibleDescription(
+        offered.isEmpty() ? DescriptionOfLine(workspace.functions[Index(slot)], hint) : offered);
+}
+
+std::optional<int> EditorWindow::FocusedSlot() const {
+    const QWidget* const focused = focusWidget();
+    if (focused == nullptr) return std::nullopt;
+    for (int slot = 0; slot < kSlotCount; ++slot) {
+        if (lines->At(slot).edit == focused) return slot;
+    }
+    return bar->isAncestorOf(focused) ? std::optional(lastSlot) : std::nullopt;
+}
+
+void EditorWindow::FocusLine(int slot) {
+    lines->At(slot).edit->setFocus(Qt::OtherFocusReason);
+}
+
+void EditorWindow::UpdateMenu() {
+    const std::optional<int> slot = FocusedSlot();
+    MenuContext context;
+    context.focusedSlot = slot;
+    context.lineEmpty = !slot || workspace.lines[Index(*slot)].empty();
+    context.platform = platform;
+    UpdateMainMenu(menuState, workspace.functions, context);
+}
+
+bool EditorWindow::IsOffered(CommandId command) {
+    UpdateMenu();
+    const bool method = command >= CommandId::LeastSquares && command <= CommandId::Lagrange;
+    if (method && !menuState[CommandId::ApproxTypeMenu].visible) return false;
+    const auto found = menuState.find(command);
+    return found == menuState.end() || found->second.enabled;
+}
+
+void EditorWindow::OpenMenu() {
+    UpdateMenu();
+    auto* const menu = new QMenu(this);
+    menu->setObjectName("mainMenu");
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const auto stateOf = [this](const MenuEntry& entry) {
+        const auto found = menuState.find(entry.id);
+        return found == menuState.end() ? MenuItemState{entry.text, true, false, true}
+                                        : found->second;
+    };
+    FillMenu(
+        *menu, MainMenu(), stateOf, [this](CommandId command) { Run(command); }, EditorShortCuts());
+    state.menuOpen = true;
+    connect(menu, &QMenu::aboutToHide, this, [this] { state.menuOpen = false; });
+    PopUpAbove(*menu, *bar->menuButton());
+}
+
+QMenu* EditorWindow::MakeEditMenu(int slot) {
+    return NewEditMenu(this, *lines->At(slot).edit, [this](CommandId command) { Run(command); });
+}
+
+bool EditorWindow::Run(CommandId command) {
+    if (RunHelpCommand(this, command)) return true;
+    state.slot = FocusedSlot();
+    return RunCommand(state, command);
+}
+
+void EditorWindow::Slide(QPoint at) {
+    const int slot = lines->SlotAt(lines->mapFromGlobal(at).y());
+    if (lines->At(slot).edit->hasFocus()) return;
+    FocusLine(slot);
+    slideHint->ShowNow();
+}
+
+void EditorWindow::LayOut() {
+    completion->Close();
+    const int least = HeightOfLines(1, RowHeight(0)) + kBottomBarHeight;
+    const int visible = HeightAbovePanel(size(), isActiveWindow() ? inputPanel() : QRect(), least);
+    lines->LayOut(width(), height() - kBottomBarHeight, visible - kBottomBarHeight);
+    bar->setGeometry(0, visible - kBottomBarHeight, width(), kBottomBarHeight);
+    slideHint->PlaceIn(bar->geometry());
+    if (const std::optional<int> slot = FocusedSlot()) lines->Reveal(*slot);
+}
+
+void EditorWindow::resizeEvent(QResizeEvent*) {
+    LayOut();
+}
+
+void EditorWindow::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    // The panel's place is known relative to the active window only.
+    if (event->type() == QEvent::ActivationChange && isActiveWindow()) LayOut();
+}
+
+void EditorWindow::hideEvent(QHideEvent* event) {
+    slideHint->End();
+    completion->Close();
+    QWidget::hideEvent(event);
+}
+
+void EditorWindow::closeEvent(QCloseEvent* event) {
+    event->ignore();  // `Exit` decides what becomes of the window
+    Run(CommandId::Exit);
+}
+
+void EditorWindow::keyPressEvent(QKeyEvent* event) {
+    const std::optional<int> slot = FocusedSlot();
+    const int step = event->key() == Qt::Key_Up ? -1 : event->key() == Qt::Key_Down ? 1 : 0;
+    if (!slot || step == 0) {
+        QWidget::keyPressEvent(event);
+        return;
+    }
+    const int next = *slot + step;
+    if (next >= 0 && next < kSlotCount) FocusLine(next);
+}
+
+}  // namespace kalvex

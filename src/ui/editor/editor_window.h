@@ -1,0 +1,90 @@
+// The main window: nine function lines above the soft keys.
+#pragma once
+
+#include <QWidget>
+#include <functional>
+#include <optional>
+
+#include "base/message_box.h"
+#include "resources/platform.h"
+#include "ui/editor/editor_commands.h"
+#include "workspace/menu_state.h"
+#include "workspace/workspace.h"
+
+class QMenu;
+
+namespace kalvex {
+
+class BottomBar;
+class Completion;
+class LineArea;
+class SlideHint;
+
+/// What the window cannot do itself.
+struct EditorActions {
+    std::function<void()> draw;
+    std::function<void()> exit;  ///< `Exit` and the close button
+    std::function<void(int slot)> choosePointFile;
+    std::function<void()> openOptions;
+    std::function<void()> openCalculator;
+    ShowMessage show;
+    std::u16string_view platform = kPlatformType;
+    /// Where the input panel covers the window, in its coordinates; empty while there is none.
+    std::function<QRect()> inputPanel = SystemInputPanel;
+
+    static QRect SystemInputPanel();
+};
+
+/// Shows the workspace's lines and keeps `Workspace::lines` equal to what stands in them. The lines
+/// and the soft keys stay above the input panel; lines without room are scrolled.
+class EditorWindow final : public QWidget {
+  public:
+    EditorWindow(Workspace& shown, EditorActions actions);
+    ~EditorWindow() override;
+
+    /// Brings labels, texts and hints up to date with the workspace.
+    void ShowLines();
+    /// Index of the line that has the focus of this window, also while a menu is open; while a soft
+    /// key has it, the line that had it before.
+    std::optional<int> FocusedSlot() const;
+    void FocusLine(int slot);
+    /// Opens the menu for the focused line.
+    void OpenMenu();
+    bool Run(CommandId command);
+    /// Lays the window out anew, above the input panel.
+    void LayOut();
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+  private:
+    void UpdateMenu();
+    /// Whether the menu would let a command be chosen now: keys do no more than it does.
+    bool IsOffered(CommandId command);
+    void AddLines();
+    void ConnectLine(int slot);
+    void AddKeys();
+    void AddCompletion();
+    void AddShortcuts();
+    void ShowLine(int slot);
+    void ShowHint(int slot);
+    void Slide(QPoint at);
+    QMenu* MakeEditMenu(int slot);
+
+    Workspace& workspace;
+    EditorState state;
+    std::function<QRect()> inputPanel;
+    std::u16string_view platform;
+    LineArea* lines = nullptr;
+    BottomBar* bar = nullptr;
+    Completion* completion = nullptr;
+    SlideHint* slideHint = nullptr;
+    MainMenuState menuState;
+    int lastSlot = 0;  ///< the line that had the focus last
+};
+
+}  // namespace kalvex

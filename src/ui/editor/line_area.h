@@ -1,0 +1,55 @@
+// The nine lines, scrolled by whole rows where there is no room for all of them.
+#pragma once
+
+#include <QWidget>
+#include <array>
+#include <functional>
+
+#include "ui/editor/line_layout.h"
+
+class QLabel;
+class QScrollBar;
+
+namespace kalvex {
+
+class LineEdit;
+class LineLabel;
+
+/// Labels, edit lines and hints. They are named "label1", "line1", "hint1" and so on and carry the
+/// program's control numbers (2000 and 1000 upward) as the property "controlId".
+class LineArea final : public QWidget {
+  public:
+    struct Row {
+        LineLabel* label = nullptr;
+        LineEdit* edit = nullptr;
+        QLabel* hint = nullptr;
+    };
+
+    explicit LineArea(QWidget* window);
+
+    const Row& At(int slot) const { return rows[static_cast<std::size_t>(slot)]; }
+    /// Takes the upper left of the window. Rows are as tall as `height` allows for nine of them;
+    /// when fewer than nine fit into `visibleHeight`, the scroll bar appears (its page is what
+    /// fits), otherwise all nine show and its range is cleared.
+    void LayOut(int width, int height, int visibleHeight);
+    /// Scrolls as few whole rows as it takes to show a line.
+    void Reveal(int slot);
+    /// The visible line nearest to a height in the area's coordinates.
+    int SlotAt(int y) const;
+
+    std::function<void()> scrolled;
+
+  protected:
+    void wheelEvent(QWheelEvent* event) override;
+
+  private:
+    void AddRow(int slot);
+    void Place();
+
+    std::array<Row, kSlotCount> rows;
+    std::array<LinePlace, kSlotCount> places;
+    QScrollBar* scroll = nullptr;
+    int rowHeight = 1;
+};
+
+}  // namespace kalvex

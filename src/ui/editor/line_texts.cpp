@@ -1,0 +1,37 @@
+// Words come from the tables that the menus use, so that what is heard can be found there.
+#include "ui/editor/line_texts.h"
+
+#include <QStringList>
+
+#include "resources/strings.h"
+#include "ui/parts/qt_text.h"
+#include "workspace/function_list.h"
+
+namespace kalvex {
+namespace {
+
+constexpr std::size_t kLongestKeptLine = 49;
+
+}  // namespace
+
+QString NameOfLine(int slot, const FunctionEntry& entry) {
+    return ToQString(FillIn(Text(StringId::LineNumber), {NumberText(slot + 1)})) +
+           (LabelOf(entry.type).starts_with(u' ') ? "" : " ") + ToQString(LabelOf(entry.type));
+}
+
+QString DescriptionOfLine(const FunctionEntry& entry, const QString& hint) {
+    QStringList words;
+    if (entry.color >= 1 && entry.color <= static_cast<int>(kColorTable.size())) {
+        words += ToQString(kColorTable[static_cast<std::size_t>(entry.color - 1)].name);
+    }
+    words +=
+        ToQString(Text(entry.selected == 1 ? StringId::LineSelected : StringId::LineNotSelected));
+    if (!hint.isEmpty()) words += hint;
+    return words.join(", ");
+}
+
+QString HintOfLine(std::u16string_view line) {
+    return line.size() > kLongestKeptLine ? ToQString(Text(StringId::KeptCharacters)) : QString();
+}
+
+}  // namespace kalvex

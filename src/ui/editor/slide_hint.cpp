@@ -1,0 +1,52 @@
+// A quick tap needs no hint, and one would only flicker: it waits until the pen rests or slides. It
+// stands over the soft keys, which nobody needs during the gesture, so that it hides no line.
+#include "ui/editor/slide_hint.h"
+
+#include <algorithm>
+
+#include "resources/strings.h"
+#include "ui/parts/qt_text.h"
+
+namespace kalvex {
+namespace {
+
+constexpr int kDelayMilliseconds = 250;
+constexpr int kSideMargins = 24;
+
+}  // namespace
+
+SlideHint::SlideHint(QWidget* window) : QLabel(window) {
+    setObjectName("slideHint");
+    setText(ToQString(Text(StringId::SlideToSelect)));
+    setAlignment(Qt::AlignCenter);
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    setAutoFillBackground(true);
+    setBackgroundRole(QPalette::Highlight);
+    setForegroundRole(QPalette::HighlightedText);
+    hide();
+    delay.setSingleShot(true);
+    delay.setInterval(kDelayMilliseconds);
+    connect(&delay, &QTimer::timeout, this, [this] { ShowNow(); });
+}
+
+void SlideHint::Begin() {
+    delay.start();
+}
+
+void SlideHint::ShowNow() {
+    delay.stop();
+    raise();
+    show();
+}
+
+void SlideHint::End() {
+    delay.stop();
+    hide();
+}
+
+void SlideHint::PlaceIn(const QRect& part) {
+    const int wide = std::min(part.width(), sizeHint().width() + kSideMargins);
+    setGeometry(part.left() + (part.width() - wide) / 2, part.top(), wide, part.height());
+}
+
+}  // namespace kalvex

@@ -1,0 +1,184 @@
+// A timer of no length runs after all waiting input, so drags and resizes that arrive while a slow
+// picture is being computed end in one more computation, not in many. The first computation waits
+// for the first paint: the window stands, white, and the progress bar of an implicit curve is seen
+// growing on it. Between two steps of the bar waiting events are handled behind a gate that holds
+// all input back, so the window repaints and a key can stop the computation, but nothing changes
+// what is being drawn and no second computation starts inside the first. A hidden canvas computes
+// nothing: what it owes is computed when it is shown.
+#include "ui/graph/graph_canvas.h"
+
+#include <QGuiApplication>
+#include <QPainter>
+#include <QStyleHints>
+#include <utility>
+
+#include "painter/painter.h"
+#include "ui/graph/input_gate.h"
+#include "ui/graph/overlay_painter.h"
+#include "ui/parts/qt_text.h"
+#include "workspace/function_list.h"
+
+namespace kalvex {
+namespace {
+
+constexpr int kProgressInterval = 15;  // milliseconds: about a frame of the screen
+constexpr int kSlow = 300;             // milliseconds until the stop key shows: no flicker
+constexpr int kProgressRows = 4;
+constexpr int kGesturePause = 400;  // milliseconds: the next turn of the wheel is a new gesture
+
+}  // namespace
+
+GraphCanvas::GraphCanvas(GraphState& shownGraph, Workspace& shown, CanvasActions given,
+                         QWidget* parent)
+    : QWidget(parent), graph(shownGraph), workspace(shown), actions(std::move(given)) {
+    setObjectName("canvas");
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setAttribute(Qt::WA_AcceptTouchEvents);
+    setAccessibleName("Graph");
+    redrawTimer.setSingleShot(true);
+    redrawTimer.setInterval(0);
+    connect(&redrawTimer, &QTimer::timeout, this, &GraphCanvas::Redraw);
+    holdTimer.setSingleShot(true);
+    holdTimer.setInterval(QGuiApplication::styleHints()->mousePressAndHoldInterval());
+    connect(&holdTimer, &QTimer::timeout, this, &GraphCanvas::Hold);
+    wheelPause.setSingleShot(true);
+    wheelPause.setInterval(kGesturePause);
+    connect(&wheelPause, &QTimer::timeout, this, [this] { wheelGesture = {}; });
+}
+
+GraphCanvas::~GraphCanvas() = default;
+
+void GraphCanvas::Stop() {
+    if (gate) gate->Stop();
+}
+
+void GraphCanvas::ScheduleRedraw() {
+    if (shownOnce) redrawTimer.start();
+}
+
+bool GraphCanvas::BringUpToDate() {
+    if (gate || !isVisible()) return false;
+    const bool due = redrawTimer.isActive() || redrawAgain || image.isNull();
+    redrawTimer.stop();
+    if (due) Redraw();
+    return !redrawAgain;
+}
+
+void GraphCanvas::StartAfresh() {
+    list = {};
+    image = {};
+    shownOnce = false;
+    redrawTimer.stop();
+    EndGestures();
+    update();
+}
+
+void GraphCanvas::Apply(PictureChange change) {
+    if (change == PictureChange::Curves) ScheduleRedraw();
+    if (change == PictureChange::Overlay) update();
+    ShowMode();
+    // The picture that stands is described until the new one does.
+    if (change != PictureChange::Curves && !redrawTimer.isActive()) Describe();
+}
+
+void GraphCanvas::ShowMode() {
+    const bool picks = graph.mode == GraphMode::Box || graph.mode == GraphMode::Centre;
+    if (graph.pointer.use == PointerUse::Pan) {
+        setCursor(Qt::ClosedHandCursor);
+    } else if (picks) {
+        setCursor(Qt::CrossCursor);
+    } else {
+        unsetCursor();
+    }
+    actions.changed();
+}
+
+void GraphCanvas::Redraw() {
+    if (gate || !isVisible()) {
+        redrawAgain = true;
+        return;
+    }
+    redrawAgain = false;
+    gate = std::make_unique<InputGate>(actions.isStopKey);
+    LayoutViewport(graph.viewport, width(), height());
+    progress.clear();
+    sinceStart.start();
+    sinceProgress.start();
+    list = DrawGraph(graph, workspace.functions, workspace.options, PainterTextMeasure(),
+                     [this](const ProgressStretch& stretch) { return ShowProgress(stretch); });
+    stopped = gate->Stopped();
+    gate.reset();
+    progress.clear();
+    image = PaintPicture(list, devicePixelRatioF());
+    ++redrawCount;
+    update();
+    ShowMode();
+    Describe();
+    actions.redrawn();
+    if (redrawAgain) redrawTimer.start();
+}
+
+bool GraphCanvas::ShowProgress(const ProgressStretch& stretch) {
+    progress.push_back(stretch);
+    if (sinceProgress.elapsed() >= kProgressInterval) {
+        if (sinceStart.elapsed() >= kSlow) actions.slow();
+        repaint(0, 0, width(), kProgressRows);
+        gate->Poll();
+        sinceProgress.start();
+    }
+    return !gate->Stopped();
+}
+
+void GraphCanvas::Describe() {
+    QStringList drawn;
+    for (const FunctionEntry& entry : workspace.functions) {
+        if (entry.selected != 1) continue;
+        drawn += (ToQString(LabelOf(entry.type)) + ToQString(entry.text)).trimmed();
+    }
+    const ViewWindow& view = graph.viewport.view;
+    const QString bounds = QString("x %1 to %2, y %3 to %4")
+                               .arg(view.Xmin)
+                               .arg(view.Xmax)
+                               .arg(view.Ymin)
+                               .arg(view.Ymax);
+    QStringList parts = {drawn.join("; "), bounds};
+    for (const std::u16string& text :
+         OverlayOf(graph, workspace.functions, workspace.options).texts) {
+        parts += ToQString(text);
+    }
+    if (stopped) parts += "Stopped";
+    // Setting it speaks, so the same words are not set again.
+    const QString description = parts.join(". ");
+    if (description != accessibleDescription()) setAccessibleDescription(description);
+}
+
+void GraphCanvas::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    const bool covers = !image.isNull() && image.deviceIndependentSize().toSize() == size();
+    if (!covers) painter.fillRect(rect(), Qt::white);
+    if (!image.isNull()) painter.drawImage(0, 0, image);
+    for (const ProgressStretch& stretch : progress) {
+        painter.fillRect(stretch.firstColumn, 0, stretch.lastColumn - stretch.firstColumn + 1,
+                         kProgressRows, ToQColor(stretch.color));
+    }
+    if (graph.mode != GraphMode::Normal) {
+        PaintOverlay(painter, OverlayOf(graph, workspace.functions, workspace.options), size(),
+                     TextHeightOf(workspace.options));
+    }
+    const bool otherScreen = !image.isNull() && image.devicePixelRatio() != devicePixelRatioF();
+    if (shownOnce && !otherScreen) return;
+    shownOnce = true;
+    redrawTimer.start();
+}
+
+void GraphCanvas::resizeEvent(QResizeEvent*) {
+    LayoutViewport(graph.viewport, width(), height());
+    KeepCursorOnPicture(graph);
+    ScheduleRedraw();
+}
+
+void GraphCanvas::showEvent(QShowEvent*) {
+    if (redrawAgain) ScheduleRedraw();
+}
+
+}  // namespace kalvex

@@ -1,0 +1,289 @@
+// Canvas above, soft keys below; in full screen the canvas alone. The mode is the engine's: after
+// every change the window only asks for the title and sets its two keys. A picture is exported a
+// moment after the command, when the menu has left the screen.
+#include "ui/graph/graph_window.h"
+
+#include <QCloseEvent>
+#include <QMenu>
+#include <QShortcut>
+#include <algorithm>
+#include <utility>
+
+#include "graph/trace.h"
+#include "resources/menus.h"
+#include "ui/graph/graph_keys.h"
+#include "ui/graph/view_dialogs.h"
+#include "ui/help/help_window.h"
+#include "ui/parts/bottom_bar.h"
+#include "ui/parts/menu_builder.h"
+#include "ui/parts/qt_text.h"
+#include "ui/parts/short_cut_keys.h"
+#include "ui/parts/touch.h"
+#include "ui/window_state.h"
+
+namespace kalvex {
+namespace {
+
+constexpr QSize kLeastCanvas(240, 120);  // logical pixels
+constexpr int kPictureDelay = 200;       // milliseconds
+constexpr int kLayoutDelay = 100;
+
+bool CanTraceAny(const FunctionList& functions) {
+    return std::any_of(functions.begin(), functions.end(), CanTrace);
+}
+
+}  // namespace
+
+GraphWindow::GraphWindow(GraphState& shownGraph, Workspace& shown, GraphActions given)
+    : graph(shownGraph), workspace(shown), actions(std::move(given)) {
+    setWindowTitle("Kalvex");
+    setObjectName("graph");
+    setMinimumSize(kLeastCanvas.width(), kLeastCanvas.height() + kBottomBarHeight);
+    canvas = new GraphCanvas(graph, workspace, ActionsOfCanvas(), this);
+    bar = new BottomBar("Menu", "Trace", this);
+    connect(bar->menuButton(), &QPushButton::clicked, this, &GraphWindow::PressLeftKey);
+    connect(bar->actionButton(), &QPushButton::clicked, this, &GraphWindow::PressRightKey);
+    pictureTimer.setSingleShot(true);
+    pictureTimer.setInterval(kPictureDelay);
+    connect(&pictureTimer, &QTimer::timeout, this, [this] {
+        // Its message box could not be answered while the gate is closed.
+        if (canvas->IsComputing()) {
+            pictureTimer.start();
+        } else {
+            actions.picture();
+        }
+    });
+    layoutTimer.setSingleShot(true);
+    layoutTimer.setInterval(kLayoutDelay);
+    connect(&layoutTimer, &QTimer::timeout, this, &GraphWindow::LayOut);
+    AddShortcuts();
+    ShowMode();
+}
+
+CanvasActions GraphWindow::ActionsOfCanvas() {
+    CanvasActions told;
+    told.show = actions.show;
+    told.slow = [this] {
+        if (bar->menuButton()->text() == "Escape") return;
+        bar->menuButton()->setText("Escape");
+        bar->repaint();
+    };
+    told.isStopKey = [this](QPointF at) {
+        const QPushButton& key = *bar->menuButton();
+        return key.isVisible() && key.rect().contains(key.mapFromGlobal(at).toPoint());
+    };
+    told.redrawn = actions.redrawn;
+    told.changed = [this] { ShowMode(); };
+    told.held = [this](QPoint at) { OpenPopup(at); };
+    return told;
+}
+
+void GraphWindow::AddShortcuts() {
+    const auto add = [this](const QKeySequence& keys, auto&& run) {
+        auto* const shortcut = new QShortcut(keys, this);
+        shortcut->setAutoRepeat(false);  // a held Escape is one step out, not three
+        connect(shortcut, &QShortcut::activated, this, run);
+    };
+    add(QKeySequence(Qt::Key_F10), [this] { OpenMenu(); });
+    add(QKeySequence(Qt::ALT | Qt::Key_M), [this] { OpenMenu(); });
+    add(QKeySequence(Qt::Key_Escape), [this] { Escape(); });
+    AddShortCuts(*this, GraphShortCuts(), [this](CommandId command) { Run(command); });
+}
+
+void GraphWindow::OpenMenu() {
+    auto* const menu = new QMenu(this);
+    menu->setObjectName("graphMenu");
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const auto stateOf = [](const MenuEntry& entry) {
+        return MenuItemState{entry.text, true, false, true};
+    };
+    FillMenu(
+        *menu, GraphMenu(), stateOf, [this](CommandId command) { Run(command); }, GraphShortCuts());
+    PopUpAbove(*menu, *bar->menuButton());
+}
+
+void GraphWindow::OpenPopup(QPoint at) {
+    popupPoint = {at.x(), at.y()};
+    auto* const menu = new QMenu(this);
+    menu->setObjectName("fullScreenPopup");
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const auto stateOf = [this](const MenuEntry& entry) {
+        const bool checked = entry.id == CommandId::PopupFullScreen && isFullScreen();
+        return MenuItemState{entry.text, true, checked, true};
+    };
+    FillMenu(*menu, FullScreenPopup(), stateOf, [this](CommandId command) { Run(command); });
+    menu->popup(canvas->mapToGlobal(at));
+}
+
+bool GraphWindow::Run(CommandId command) {
+    canvas->EndGestures();
+    keyGesture = {};
+    if (RunHelpCommand(this, command)) return true;
+    const auto change = RunExploreCommand(graph, workspace.functions, command, actions.show);
+    if (change) {
+        canvas->Apply(*change);
+        return true;
+    }
+    return RunShellCommand(command) || RunDialogCommand(command) || RunPopupCommand(command);
+}
+
+bool GraphWindow::RunShellCommand(CommandId command) {
+    switch (command) {
+        case CommandId::GraphTable:
+            LeavePick();
+            actions.graphTable();
+            SetFullScreen(*this, false);
+            return true;
+        case CommandId::FullScreen:
+            LeavePick();
+            ToggleFullScreen();
+            return true;
+        case CommandId::Picture:
+            pictureTimer.start();
+            return true;
+        case CommandId::SavePictureAs:
+            actions.savePictureAs();
+            return true;
+        case CommandId::CopyPicture:
+            actions.copyPicture();
+            return true;
+        case CommandId::Analyze:
+            Analyse();
+            return true;
+        case CommandId::Options:
+            LeavePick();
+            actions.openOptions();
+            return true;
+        case CommandId::Calculator:
+            actions.openCalculator();
+            return true;
+        case CommandId::GraphExit:
+            actions.exit();
+            return true;
+        default:
+            return false;
+    }
+}
+
+void GraphWindow::Analyse() {
+    const FunctionEntry* const traced = TracedFunction(graph, workspace.functions);
+    if (graph.mode != GraphMode::Trace || traced == nullptr || !OffersAnalysis(*traced)) return;
+    // The keys before this one may have moved the window: samples and interval have to be of one
+    // picture.
+    if (canvas->BringUpToDate()) actions.analyse(*traced);
+}
+
+bool GraphWindow::RunDialogCommand(CommandId command) {
+    if (command != CommandId::ViewWindowDialog && command != CommandId::ZoomFactor) return false;
+    LeavePick();
+    ViewWindow& view = graph.viewport.view;
+    const auto changed = [this] {
+        LayoutViewport(graph.viewport);
+        canvas->Apply(PictureChange::Curves);
+    };
+    if (command == CommandId::ViewWindowDialog) {
+        OpenViewWindowDialog(this, view, actions.show, changed);
+    } else {
+        OpenFactorDialog(this, view, actions.show, [] {});
+    }
+    return true;
+}
+
+bool GraphWindow::RunPopupCommand(CommandId command) {
+    switch (command) {
+        case CommandId::PopupFullScreen:
+            ToggleFullScreen();
+            return true;
+        case CommandId::PopupZoomIn:
+            canvas->Apply(ZoomAtOnce(graph, popupPoint, ZoomDirection::In));
+            return true;
+        case CommandId::PopupZoomOut:
+            canvas->Apply(ZoomAtOnce(graph, popupPoint, ZoomDirection::Out));
+            return true;
+        default:
+            return false;
+    }
+}
+
+void GraphWindow::LeavePick() {
+    EnterNormalMode(graph);
+    canvas->Apply(PictureChange::Overlay);
+}
+
+void GraphWindow::PressLeftKey() {
+    if (graph.mode == GraphMode::Normal) return OpenMenu();
+    LeavePick();
+}
+
+void GraphWindow::PressRightKey() {
+    Run(graph.mode == GraphMode::Trace ? CommandId::Analyze : CommandId::Trace);
+}
+
+void GraphWindow::Escape() {
+    if (graph.mode != GraphMode::Normal) return LeavePick();
+    if (isFullScreen()) return ToggleFullScreen();
+    Run(CommandId::GraphTable);
+}
+
+void GraphWindow::ToggleFullScreen() {
+    canvas->EndGestures();
+    SetFullScreen(*this, !isFullScreen());
+}
+
+void GraphWindow::ShowMode() {
+    const QString title = ToQString(TitleOf(graph, workspace.functions));
+    if (windowTitle() != title) setWindowTitle(title);
+    QPushButton& left = *bar->menuButton();
+    QPushButton& right = *bar->actionButton();
+    const FunctionEntry* const traced = TracedFunction(graph, workspace.functions);
+    const bool normal = graph.mode == GraphMode::Normal;
+    const bool trace = graph.mode == GraphMode::Trace;
+    left.setText(normal ? "Menu" : "Escape");
+    left.setToolTip(normal ? "F10" : "Esc");
+    right.setText(trace ? "Analyze" : "Trace");
+    right.setToolTip(KeysForTip(GraphShortCuts(), trace ? CommandId::Analyze : CommandId::Trace));
+    right.setVisible(normal || (trace && traced != nullptr && OffersAnalysis(*traced)));
+    right.setEnabled(trace || CanTraceAny(workspace.functions));
+}
+
+void GraphWindow::LayOut() {
+    layoutTimer.stop();
+    const bool full = isFullScreen();
+    const int canvasHeight = full ? height() : height() - kBottomBarHeight;
+    bar->setVisible(!full);
+    canvas->holdOpensPopup = full;
+    canvas->setGeometry(0, 0, width(), canvasHeight);
+    bar->setGeometry(0, canvasHeight, width(), kBottomBarHeight);
+}
+
+void GraphWindow::resizeEvent(QResizeEvent*) {
+    LayOut();
+}
+
+void GraphWindow::changeEvent(QEvent* event) {
+    // The new size comes a moment later: laid out at once, a picture of the old one would be
+    // computed.
+    if (event->type() == QEvent::WindowStateChange) layoutTimer.start();
+    QWidget::changeEvent(event);
+}
+
+void GraphWindow::closeEvent(QCloseEvent* event) {
+    event->ignore();  // `Graph Table` decides what becomes of the window
+    Run(CommandId::GraphTable);
+}
+
+void GraphWindow::keyPressEvent(QKeyEvent* event) {
+    if (event->text() == "#") {
+        if (!event->isAutoRepeat()) Run(CommandId::FullScreen);
+        return;
+    }
+    const GraphKey key{event->key(), event->modifiers(), event->isAutoRepeat()};
+    const auto change = RunGraphKey(graph, workspace.functions, keyGesture, key, actions.show);
+    if (change) {
+        canvas->Apply(*change);
+    } else {
+        QWidget::keyPressEvent(event);
+    }
+}
+
+}  // namespace kalvex

@@ -1,0 +1,104 @@
+// Input comes to the native window first, so that is where the filter of the application takes it
+// away; a key command comes to its QShortcut. A resize is held as well: the picture that is being
+// computed has the old size. Of moves that follow each other only the last is kept.
+#include "ui/graph/input_gate.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QShortcutEvent>
+#include <QTouchEvent>
+#include <utility>
+
+namespace kalvex {
+namespace {
+
+bool IsInput(QEvent::Type type) {
+    switch (type) {
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonRelease:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::MouseMove:
+        case QEvent::Wheel:
+        case QEvent::TouchBegin:
+        case QEvent::TouchUpdate:
+        case QEvent::TouchEnd:
+        case QEvent::TouchCancel:
+        case QEvent::TabletPress:
+        case QEvent::TabletMove:
+        case QEvent::TabletRelease:
+        case QEvent::NativeGesture:
+        case QEvent::KeyPress:
+        case QEvent::KeyRelease:
+        case QEvent::Close:
+        case QEvent::Resize:
+            return true;
+        default:
+            return false;
+    }
+}
+
+/// As a command of the window, or as a plain key of one that has no such command.
+bool IsEscape(const QEvent& event) {
+    if (event.type() == QEvent::KeyPress)
+        return static_cast<const QKeyEvent&>(event).key() == Qt::Key_Escape;
+    return event.type() == QEvent::Shortcut &&
+           static_cast<const QShortcutEvent&>(event).key() == QKeySequence(Qt::Key_Escape);
+}
+
+/// What makes the picture that is being computed useless or unwanted.
+bool AsksToStop(const QEvent& event) {
+    const QEvent::Type type = event.type();
+    return type == QEvent::Shortcut || type == QEvent::Close || type == QEvent::Resize ||
+           IsEscape(event);
+}
+
+}  // namespace
+
+InputGate::InputGate(std::function<bool(QPointF)> stopKey) : isStopKey(std::move(stopKey)) {
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+InputGate::~InputGate() {
+    QCoreApplication::instance()->removeEventFilter(this);
+    for (HeldEvent& one : held) {
+        if (one.receiver) QCoreApplication::postEvent(one.receiver, one.event.release());
+    }
+}
+
+void InputGate::Poll() {
+    QCoreApplication::processEvents();
+}
+
+bool InputGate::eventFilter(QObject* receiver, QEvent* event) {
+    const QEvent::Type type = event->type();
+    const bool command = type == QEvent::Shortcut;
+    if (!command && !(receiver->isWindowType() && IsInput(type))) return false;
+    if (AsksToStop(*event)) stopped = true;
+    if (type == QEvent::Close) event->ignore();
+    if (PressesStopKey(*event)) {
+        stopped = true;
+        return true;
+    }
+    if (!IsEscape(*event)) Hold(receiver, *event);
+    return true;
+}
+
+bool InputGate::PressesStopKey(const QEvent& event) const {
+    if (event.type() == QEvent::MouseButtonPress)
+        return isStopKey(static_cast<const QMouseEvent&>(event).globalPosition());
+    if (event.type() != QEvent::TouchBegin) return false;
+    const auto& fingers = static_cast<const QTouchEvent&>(event).points();
+    return !fingers.isEmpty() && isStopKey(fingers.first().globalPosition());
+}
+
+void InputGate::Hold(QObject* receiver, const QEvent& event) {
+    std::unique_ptr<QEvent> copy(event.clone());
+    const bool replaces = event.type() == QEvent::MouseMove && !held.empty() &&
+                          held.back().receiver == receiver &&
+                          held.back().event->type() == QEvent::MouseMove;
+    if (replaces) held.pop_back();
+    held.push_back({receiver, std::move(copy)});
+}
+
+}  // namespace kalvex

@@ -1,0 +1,94 @@
+// The counter is stored before the file is tried: whatever fails afterwards, the next picture
+// never overwrites this one.
+#include "ui/graph/picture_export.h"
+
+#include <QClipboard>
+#include <QDir>
+#include <QFileDialog>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QStandardPaths>
+#include <utility>
+
+#include "painter/painter.h"
+#include "painter/picture_file.h"
+#include "painter/write_picture.h"
+#include "resources/strings.h"
+#include "ui/parts/file_dialogs.h"
+#include "ui/parts/qt_text.h"
+#include "workspace/settings.h"
+
+namespace kalvex {
+namespace {
+
+/// The next number; after the largest one counting starts over at the smallest.
+std::int32_t Successor(std::int32_t counter) {
+    return static_cast<std::int32_t>(static_cast<std::uint32_t>(counter) + 1U);
+}
+
+struct SaveFormat {
+    const char* filter;
+    const char* ending;
+};
+
+constexpr SaveFormat kSaveFormats[] = {
+    {"PNG picture (*.png)", "png"},
+    {"SVG drawing (*.svg)", "svg"},
+    {"PDF document (*.pdf)", "pdf"},
+    {"Bitmap (*.bmp)", "bmp"},
+};
+
+}  // namespace
+
+QString DefaultPictureFolder() {
+    return QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
+}
+
+void ExportPicture(const DrawList& picture, Options& options, const Registry& registry,
+                   const QString& folder, const ShowMessage& show) {
+    const QString name = "Kalvex_" + QString::number(options.Screen) + ".bmp";
+    options.Screen = Successor(options.Screen);
+    StoreOption(registry, "Screen", options.Screen);
+    QDir().mkpath(folder);
+    WriteBitmap(QDir(folder).filePath(name), PaintPicture(picture, 1.0));
+    // KEEP: "Save" is the text and "Info" the caption, shown even when no file could be made.
+    show({std::u16string(Text(StringId::PictureSavedCaption)),
+          std::u16string(Text(StringId::PictureSavedText)), MessageIcon::Exclamation,
+          MessageButtons::Ok});
+}
+
+void OpenSavePictureDialog(QWidget* parent, const QString& folder,
+                           std::function<void(const QString& path)> chosen) {
+    auto* const dialog = new QFileDialog(parent, "Save Picture As", folder);
+    dialog->setObjectName("savePictureDialog");
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    QStringList filters;
+    for (const SaveFormat& format : kSaveFormats)
+        filters += format.filter;
+    dialog->setNameFilters(filters);
+    dialog->setDefaultSuffix(kSaveFormats[0].ending);
+    dialog->selectFile("Kalvex.png");
+    QObject::connect(dialog, &QFileDialog::filterSelected, dialog, [dialog](const QString& filter) {
+        for (const SaveFormat& format : kSaveFormats) {
+            if (filter == format.filter) dialog->setDefaultSuffix(format.ending);
+        }
+    });
+    WhenChosen(*dialog, std::move(chosen));
+    FitFileDialog(*dialog, dialog->screen()->availableGeometry().size());
+    dialog->open();
+}
+
+void SavePicture(const DrawList& picture, const QString& path, const ShowMessage& show) {
+    const auto format = PictureFormatOf(path);
+    if (format && WritePicture(path, picture, *format)) return;
+    const StringId reason = format ? StringId::PictureNotWritten : StringId::PictureEnding;
+    show({std::u16string(Text(StringId::Error)), FillIn(Text(reason), {FromQString(path)}),
+          MessageIcon::Stop, MessageButtons::Ok});
+}
+
+void CopyPicture(const DrawList& picture, double devicePixelRatio) {
+    QGuiApplication::clipboard()->setImage(PaintPicture(picture, devicePixelRatio));
+}
+
+}  // namespace kalvex

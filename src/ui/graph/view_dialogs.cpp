@@ -1,0 +1,80 @@
+// Both dialogs are the same form over another set of numbers.
+#include "ui/graph/view_dialogs.h"
+
+#include <QLineEdit>
+#include <array>
+#include <span>
+#include <utility>
+
+#include "resources/strings.h"
+#include "ui/parts/form_dialog.h"
+#include "ui/parts/qt_text.h"
+#include "workspace/view_input.h"
+
+namespace kalvex {
+namespace {
+
+template <std::size_t Count>
+using Reader = std::optional<InputProblem> (*)(const std::array<std::u16string, Count>&,
+                                               ViewWindow&);
+
+/// What a form of numbers shows.
+template <std::size_t Count>
+struct NumberForm {
+    const char* title;
+    const char* name;
+    const std::array<std::u16string_view, Count>& labels;
+    std::array<double, Count> values;
+    Reader<Count> read;
+};
+
+template <std::size_t Count>
+void OpenNumberForm(QWidget* parent, const NumberForm<Count>& shown, ViewWindow& view,
+                    const ShowMessage& show, std::function<void()> changed) {
+    auto* const dialog = new FormDialog(shown.title, parent);
+    dialog->setObjectName(shown.name);
+    std::array<QLineEdit*, Count> fields{};
+    for (std::size_t i = 0; i < Count; ++i) {
+        fields[i] = dialog->AddText(ToQString(shown.labels[i]) + ":",
+                                    ToQString(NumberForInput(shown.values[i])));
+        fields[i]->setObjectName("field" + QString::number(i + 1));
+        fields[i]->setInputMethodHints(Qt::ImhPreferNumbers);
+    }
+    dialog->save = [fields, &view, show, read = shown.read, changed = std::move(changed)] {
+        std::array<std::u16string, Count> texts;
+        for (std::size_t i = 0; i < Count; ++i)
+            texts[i] = FromQString(fields[i]->text());
+        const std::optional<InputProblem> problem = read(texts, view);
+        if (!problem) {
+            changed();
+            return true;
+        }
+        show({std::u16string(Text(StringId::Error)), problem->message, MessageIcon::Stop,
+              MessageButtons::Ok});
+        PointAt(*fields[problem->field]);
+        return false;
+    };
+    PointAt(*fields[0]);
+    dialog->OpenOverParent();
+}
+
+}  // namespace
+
+void OpenViewWindowDialog(QWidget* parent, ViewWindow& view, const ShowMessage& show,
+                          std::function<void()> changed) {
+    const NumberForm<4> form{"View Window",
+                             "viewWindowDialog",
+                             kBoundNames,
+                             {view.Xmin, view.Xmax, view.Ymin, view.Ymax},
+                             ReadBounds};
+    OpenNumberForm(parent, form, view, show, std::move(changed));
+}
+
+void OpenFactorDialog(QWidget* parent, ViewWindow& view, const ShowMessage& show,
+                      std::function<void()> changed) {
+    const NumberForm<2> form{
+        "Factor", "factorDialog", kFactorNames, {view.Xfactor, view.Yfactor}, ReadFactors};
+    OpenNumberForm(parent, form, view, show, std::move(changed));
+}
+
+}  // namespace kalvex

@@ -1,0 +1,43 @@
+// Only the toolkit's own dialog has these parts; the system's own ones know their screens.
+#include "ui/parts/file_dialogs.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QHeaderView>
+#include <QStandardPaths>
+#include <QTreeView>
+#include <utility>
+
+namespace kalvex {
+namespace {
+
+constexpr int kNarrow = 700;  // logical pixels
+constexpr int kFrame = 12;
+constexpr int kTitle = 40;
+
+}  // namespace
+
+void FitFileDialog(QFileDialog& dialog, const QSize& room) {
+    if (room.width() < kNarrow) {
+        if (auto* const places = dialog.findChild<QWidget*>("sidebar")) places->hide();
+        if (auto* const files = dialog.findChild<QTreeView*>("treeView")) {
+            for (int column = 1; column < files->header()->count(); ++column)
+                files->hideColumn(column);
+        }
+    }
+    dialog.resize(dialog.size().boundedTo(room - QSize(kFrame, kTitle)));
+}
+
+void WhenChosen(QFileDialog& dialog, std::function<void(const QString& path)> chosen) {
+    QObject::connect(
+        &dialog, &QFileDialog::fileSelected, dialog.parent(),
+        [chosen = std::move(chosen)](const QString& path) { chosen(path); }, Qt::QueuedConnection);
+}
+
+QString StartFolder(const QString& last) {
+    if (!last.isEmpty()) return last;
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QDir(documents).exists() ? documents : QDir::homePath();
+}
+
+}  // namespace kalvex

@@ -1,0 +1,148 @@
+// The fields keep their natural width. The keys look like the soft keys of the windows, but can be
+// reached by Tab: in a dialog nothing else needs the focus.
+#include "ui/parts/form_dialog.h"
+
+#include <QComboBox>
+#include <QFormLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QVBoxLayout>
+
+#include "ui/parts/bottom_bar.h"
+#include "ui/parts/touch.h"
+
+namespace kalvex {
+namespace {
+
+constexpr int kLeastDialogWidth = 320;  // on a screen that has as much
+constexpr int kMargin = 16;
+constexpr int kNarrowMargin = 8;
+constexpr int kGap = 10;
+constexpr int kTitleHeight = 36;  // what a window manager may put above
+
+}  // namespace
+
+FormDialog::FormDialog(const QString& title, QWidget* parent, const QString& saveWord)
+    : QDialog(parent) {
+    setWindowTitle(title);
+    setModal(true);
+    const int room = screen()->availableGeometry().width();
+    const int margin = room < kLeastDialogWidth ? kNarrowMargin : kMargin;
+    setMinimumWidth(qMin(kLeastDialogWidth, room));
+    auto* const whole = new QVBoxLayout(this);
+    whole->setContentsMargins(0, 0, 0, 0);
+    whole->setSpacing(0);
+    page = new QWidget(this);
+    column = new QVBoxLayout(page);
+    column->setContentsMargins(margin, margin, margin, margin);
+    column->setSpacing(kGap);
+    form = new QFormLayout;
+    form->setSpacing(kGap);
+    form->setLabelAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    column->addLayout(form);
+    whole->addWidget(page);
+    AddKeys(saveWord);
+}
+
+void FormDialog::AddKeys(const QString& saveWord) {
+    auto* const bar = new BottomBar(saveWord, "Cancel", this);
+    saveKey = bar->menuButton();
+    cancelKey = bar->actionButton();
+    saveKey->setObjectName("saveKey");
+    cancelKey->setObjectName("cancelKey");
+    saveKey->setDefault(true);
+    cancelKey->setAutoDefault(true);  // Enter presses it while it has the focus
+    for (QPushButton* const key : {saveKey, cancelKey})
+        key->setFocusPolicy(Qt::StrongFocus);
+    connect(saveKey, &QPushButton::clicked, this, [this] {
+        if (!save || save()) accept();
+    });
+    connect(cancelKey, &QPushButton::clicked, this, &QDialog::reject);
+    layout()->addWidget(bar);
+}
+
+void FormDialog::AddPair(QLabel* caption, QWidget* field) {
+    caption->setMinimumHeight(kTouchTarget);
+    field->setMinimumHeight(kTouchTarget);
+    form->addRow(caption, field);
+}
+
+void FormDialog::AddWide(QWidget* field) {
+    form->addRow(field);
+}
+
+void FormDialog::AddRow(const QString& label, QWidget* field, const QString& tip) {
+    auto* const caption = new QLabel(label, this);
+    caption->setBuddy(field);
+    caption->setToolTip(tip);
+    field->setToolTip(tip);
+    field->setAccessibleName(QString(label).remove(':'));
+    field->setAccessibleDescription(tip);
+    AddPair(caption, field);
+}
+
+QLineEdit* FormDialog::AddText(const QString& label, const QString& text, const QString& tip) {
+    auto* const field = new QLineEdit(text, this);
+    field->setCursorPosition(0);
+    AddRow(label, field, tip);
+    return field;
+}
+
+QComboBox* FormDialog::AddChoice(const QString& label, const QStringList& entries, int index,
+                                 const QString& tip) {
+    auto* const field = new QComboBox(this);
+    field->addItems(entries);
+    field->setCurrentIndex(index);
+    AddRow(label, field, tip);
+    return field;
+}
+
+void FormDialog::AddNote(const QString& text) {
+    auto* const note = new QLabel(text, this);
+    note->setTextFormat(Qt::PlainText);
+    note->setWordWrap(true);
+    column->insertWidget(column->indexOf(form), note);
+}
+
+QLabel* FormDialog::AddMeaning() {
+    auto* const meaning = new QLabel(this);
+    meaning->setTextFormat(Qt::PlainText);
+    meaning->setWordWrap(true);
+    form->addRow(meaning);
+    return meaning;
+}
+
+void FormDialog::FitInto(int room) {
+    const int needed = layout()->totalMinimumSize().height();
+    if (needed <= room) return;
+    auto* const area = new QScrollArea(this);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setWidgetResizable(true);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setMinimumWidth(page->minimumSizeHint().width() +
+                          area->verticalScrollBar()->sizeHint().width());
+    delete layout()->replaceWidget(page, area);
+    area->setWidget(page);
+    resize(sizeHint().width(), room);
+}
+
+void FormDialog::OpenOverParent() {
+    FitInto(screen()->availableGeometry().height() - kTitleHeight);
+    setAttribute(Qt::WA_DeleteOnClose);
+    // Window managers do this, but not every screen has one.
+    connect(this, &QDialog::finished, parentWidget(), &QWidget::activateWindow);
+    open();
+}
+
+void PointAt(QLineEdit& field) {
+    field.setFocus(Qt::OtherFocusReason);
+    field.selectAll();
+}
+
+}  // namespace kalvex

@@ -1,0 +1,103 @@
+// A record in, a modal QMessageBox out. Texts are plain: a function line with "<" in it must not
+// be taken for markup. A function line may be a single word of any length: it gets places where it
+// may be broken, invisible ones, and a very long one loses its middle, so that what follows it and
+// the buttons stay on the screen. Buttons are at least as high as a finger.
+#include "ui/parts/message_window.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QGridLayout>
+#include <QMessageBox>
+#include <QSpacerItem>
+#include <cstdio>
+
+#include "base/encoding.h"
+#include "ui/parts/qt_text.h"
+#include "ui/parts/touch.h"
+
+namespace kalvex {
+namespace {
+
+QMessageBox::Icon IconOf(MessageIcon icon) {
+    switch (icon) {
+        case MessageIcon::Stop:
+            return QMessageBox::Critical;
+        case MessageIcon::Exclamation:
+            return QMessageBox::Warning;
+        case MessageIcon::Information:
+            return QMessageBox::Information;
+        case MessageIcon::None:
+            break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+constexpr qsizetype kLongestLine = 400;
+constexpr qsizetype kLongestWord = 20;
+constexpr int kLeastWidth = 280;  // the caption needs some room, however short the text is
+
+/// One line of a text as a box can show it; a line of ordinary words stays as it is.
+QString ShowableLine(QString line) {
+    if (line.size() > kLongestLine) {
+        line = line.left(kLongestLine / 2) + QChar(0x2026) + line.right(kLongestLine / 2);
+    }
+    QString shown;
+    qsizetype word = 0;
+    for (qsizetype i = 0; i < line.size(); ++i) {
+        word = line.at(i).isSpace() ? 0 : word + 1;
+        if (word > kLongestWord && !line.at(i).isLowSurrogate()) {
+            shown += QChar(0x200B);
+            word = 1;
+        }
+        shown += line.at(i);
+    }
+    return shown;
+}
+
+void WidenBox(QMessageBox& window) {
+    auto* const grid = qobject_cast<QGridLayout*>(window.layout());
+    if (grid == nullptr) return;
+    grid->addItem(new QSpacerItem(kLeastWidth, 0), grid->rowCount(), 0, 1, grid->columnCount());
+}
+
+}  // namespace
+
+QString ShowableText(const QString& text) {
+    QStringList lines = text.split('\n');
+    for (QString& line : lines)
+        line = ShowableLine(line);
+    return lines.join('\n');
+}
+
+MessageAnswer ShowMessageWindow(const MessageBox& box) {
+    QMessageBox window(QApplication::activeWindow());
+    window.setWindowTitle(ToQString(box.caption));
+    window.setTextFormat(Qt::PlainText);
+    window.setText(ShowableText(ToQString(box.text)));
+    window.setIcon(IconOf(box.icon));
+    const bool question = box.buttons == MessageButtons::YesNo;
+    window.setStandardButtons(question ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok);
+    if (question) window.setEscapeButton(QMessageBox::No);
+    for (QAbstractButton* const button : window.buttons()) {
+        button->setMinimumSize(kTouchTarget * 2, kTouchTarget);
+    }
+    WidenBox(window);
+    const int answer = window.exec();
+    if (!question) return MessageAnswer::Ok;
+    return answer == QMessageBox::Yes ? MessageAnswer::Yes : MessageAnswer::No;
+}
+
+MessageAnswer WriteMessageLine(const MessageBox& box) {
+    std::string line = ToUtf8(box.caption) + ": ";
+    for (const char character : ToUtf8(box.text)) {
+        if (character == '\n') {
+            line += "\\n";
+        } else {
+            line += character;
+        }
+    }
+    std::fprintf(stderr, "%s\n", line.c_str());
+    return box.buttons == MessageButtons::YesNo ? MessageAnswer::No : MessageAnswer::Ok;
+}
+
+}  // namespace kalvex

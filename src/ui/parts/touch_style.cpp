@@ -1,0 +1,23 @@
+// Only the sizes that the style proposes for a menu row and a tab are changed; separators keep
+// theirs.
+#include "ui/parts/touch_style.h"
+
+#include <QStyleOptionMenuItem>
+
+#include "ui/parts/touch.h"
+
+namespace kalvex {
+
+QSize TouchStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                                   const QWidget* widget) const {
+    QSize proposed = QProxyStyle::sizeFromContents(type, option, size, widget);
+    if (type == CT_TabBarTab) proposed.setHeight(qMax(proposed.height(), kTouchTarget));
+    if (type != CT_MenuItem) return proposed;
+    const auto* const item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+    if (item != nullptr && item->menuItemType != QStyleOptionMenuItem::Separator) {
+        proposed.setHeight(qMax(proposed.height(), kTouchTarget));
+    }
+    return proposed;
+}
+
+}  // namespace kalvex
