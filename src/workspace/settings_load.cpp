@@ -85,6 +85,14 @@ void RepairBounds(double& low, double& high) {
     high = 10.0;
 }
 
+/// A range that draws nothing, and that the Options would refuse to save, is none.
+void RepairRange(Options& options) {
+    const bool finite = std::isfinite(options.MinParam) && std::isfinite(options.MaxParam);
+    if (finite && options.MinParam < options.MaxParam) return;
+    options.MinParam = Options{}.MinParam;
+    options.MaxParam = Options{}.MaxParam;
+}
+
 void LoadView(Loader& loader, ViewWindow& view, Options& options) {
     view.Xmin = Real(loader, "xmin", view.Xmin);  // KEEP: read as `xmin`, written as `Xmin`
     view.Xmax = Real(loader, "Xmax", view.Xmax);
@@ -96,6 +104,7 @@ void LoadView(Loader& loader, ViewWindow& view, Options& options) {
     options.MaxParam = Real(loader, "MaxParam", options.MaxParam);
     RepairBounds(view.Xmin, view.Xmax);
     RepairBounds(view.Ymin, view.Ymax);
+    RepairRange(options);
 }
 
 void LoadEntry(Loader& loader, FunctionEntry& entry) {

@@ -125,7 +125,13 @@ class CalculatorDialogTest final : public QObject {
             QCOMPARE(program.Edit()->accessibleDescription(), QString(row.detail));
             QVERIFY(program.shown.boxes->empty());
         }
+        // The small line is about the line that was calculated.
+        program.Press(Qt::Key_Up);
+        QCOMPARE(program.Detail(), QString());
+        QCOMPARE(program.Edit()->accessibleDescription(), QString());
+        program.Calc("1/0");
         program.Type("7*6");  // over the result
+        QCOMPARE(program.Detail(), QString());
         program.Click(*program.dialog, "saveKey");
         QCOMPARE(program.Edit()->text(), QString("42"));
     }

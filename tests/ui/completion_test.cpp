@@ -185,6 +185,12 @@ class CompletionTest final : public QObject {
             {"scrolling", [&] { bench.Scroll()->setValue(1); }},
             {"another size", [&] { bench.window.resize(480, 320); }},
             {"a cleared line", [&] { bench.window.Run(CommandId::Delete); }},
+            {"a tap on the label", [&] { QTest::mouseClick(bench.Label(1), Qt::LeftButton); }},
+            {"a double tap on the label",
+             [&] { QTest::mouseDClick(bench.Label(1), Qt::LeftButton); }},
+            {"a tap beside the lines",
+             [&] { QTest::mouseClick(&bench.window, Qt::LeftButton, {}, QPoint(1, 1)); }},
+            {"a colour", [&] { QTest::keyClick(bench.Line(1), Qt::Key_4, Qt::AltModifier); }},
             {"pasting", [&] { bench.Line(1)->insert("x"); }},
             {"the menu",
              [&] {

@@ -53,9 +53,11 @@ class FormDialogTest final : public QObject {
             fields.push_back(dialog.AddText("Field:", "text"));
         dialog.FitInto(2000);
         QVERIFY(dialog.findChild<QScrollArea*>() == nullptr);
+        fields[2]->setFocus();
         dialog.FitInto(300);
         dialog.show();
         QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        QCOMPARE(QApplication::focusWidget(), fields[2]);  // moved, not lost
         QCOMPARE(dialog.height(), 300);
         QVERIFY(dialog.rect().contains(
             QRect(dialog.SaveKey()->mapTo(&dialog, QPoint(0, 0)), dialog.SaveKey()->size())));

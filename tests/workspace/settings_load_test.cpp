@@ -297,6 +297,24 @@ TEST(LoadSettings, RepairsUnusableBounds) {
     }
 }
 
+TEST(LoadSettings, RepairsAnUnusableParameterRange) {
+    const struct {
+        std::u16string_view least;
+        std::u16string_view largest;
+        bool kept;
+    } rows[] = {{u"-1", u"1", true},      {u"1", u"1", false},     {u"2", u"1", false},
+                {u"-1e999", u"1", false}, {u"0", u"1e999", false}, {u"0", u"words", false}};
+    for (const auto& row : rows) {
+        const FaultyRegistry faulty = MakeFilledRegistry();
+        faulty.registry.writeText("", "MinParam", row.least);
+        faulty.registry.writeText("", "MaxParam", row.largest);
+        Workspace workspace;
+        LoadSettings(faulty.registry, workspace, ShownBoxes().show);
+        EXPECT_EQ(workspace.options.MinParam, row.kept ? -1.0 : Options{}.MinParam);
+        EXPECT_EQ(workspace.options.MaxParam, row.kept ? 1.0 : Options{}.MaxParam);
+    }
+}
+
 TEST(LoadSettings, BringsFlagsAndTheGridIntoRange) {
     struct Row {
         std::int32_t stored, flag, grid;

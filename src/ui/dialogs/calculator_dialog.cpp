@@ -67,12 +67,13 @@ void CalculateLine(QLineEdit& edit, QLabel& detail, CalculatorHistory& history,
     const std::u16string typed = FromQString(edit.text());
     const CalculatorAnswer answer = Calculate(typed, show);
     if (typed != Text(StringId::EnterExpression)) Remember(history, typed);
-    ShowDetail(detail, ToQString(answer.detail));
-    edit.setAccessibleDescription(detail.text());
     if (answer.accepted) {
         edit.setText(ToQString(answer.text));
         edit.selectAll();
-    } else {
+    }
+    ShowDetail(detail, ToQString(answer.detail));
+    edit.setAccessibleDescription(detail.text());
+    if (!answer.accepted) {
         show({std::u16string(Text(StringId::Error)), answer.text, MessageIcon::Stop,
               MessageButtons::Ok});
         edit.setFocus(Qt::OtherFocusReason);
@@ -110,6 +111,11 @@ void OpenCalculator(QWidget* parent, CalculatorHistory& history, const ShowMessa
     };
     QObject::connect(dialog, &QDialog::finished, dialog,
                      [] { QGuiApplication::inputMethod()->hide(); });
+    // The small line is about the line that was calculated, not about another one.
+    QObject::connect(edit, &QLineEdit::textChanged, detail, [edit, detail] {
+        ShowDetail(*detail, {});
+        edit->setAccessibleDescription({});
+    });
     StartBelow(history);
     PointAt(*edit);
     dialog->adjustSize();

@@ -95,6 +95,7 @@ void EditorWindow::ConnectLine(int slot) {
     };
     row.label->toggled = toggle;
     row.label->picked = [this, slot] {
+        completion->Close();
         FocusLine(slot);
         slideHint->Begin();
     };
@@ -246,6 +247,7 @@ QMenu* EditorWindow::MakeEditMenu(int slot) {
 }
 
 bool EditorWindow::Run(CommandId command) {
+    completion->Close();
     if (RunHelpCommand(this, command)) return true;
     state.slot = FocusedSlot();
     return RunCommand(state, command);
@@ -266,6 +268,10 @@ void EditorWindow::LayOut() {
     bar->setGeometry(0, visible - kBottomBarHeight, width(), kBottomBarHeight);
     slideHint->PlaceIn(bar->geometry());
     if (const std::optional<int> slot = FocusedSlot()) lines->Reveal(*slot);
+}
+
+void EditorWindow::mousePressEvent(QMouseEvent*) {
+    completion->Close();
 }
 
 void EditorWindow::resizeEvent(QResizeEvent*) {

@@ -55,6 +55,7 @@ class EditorWindow final : public QWidget {
     void LayOut();
 
   protected:
+    void mousePressEvent(QMouseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
     void hideEvent(QHideEvent* event) override;

@@ -120,6 +120,7 @@ QLabel* FormDialog::AddMeaning() {
 void FormDialog::FitInto(int room) {
     const int needed = layout()->totalMinimumSize().height();
     if (needed <= room) return;
+    QWidget* const focused = focusWidget();  // loses the focus on its way into the area
     auto* const area = new QScrollArea(this);
     area->setFrameShape(QFrame::NoFrame);
     area->setFocusPolicy(Qt::NoFocus);
@@ -130,11 +131,15 @@ void FormDialog::FitInto(int room) {
     delete layout()->replaceWidget(page, area);
     area->setWidget(page);
     resize(sizeHint().width(), room);
+    if (focused == nullptr) return;
+    focused->setFocus(Qt::OtherFocusReason);
+    area->ensureWidgetVisible(focused);
 }
 
 void FormDialog::OpenOverParent() {
     FitInto(screen()->availableGeometry().height() - kTitleHeight);
     setAttribute(Qt::WA_DeleteOnClose);
+    setAttribute(Qt::WA_KeyboardFocusChange);  // the focus shows from the start
     // Window managers do this, but not every screen has one.
     connect(this, &QDialog::finished, parentWidget(), &QWidget::activateWindow);
     open();

@@ -151,7 +151,7 @@ void OpenPagedReport(QWidget* parent, std::span<const ReportPage> pages,
     }
     MakeColumn(dialog)->addWidget(sheet);
     AddKeys(dialog, true, actions);
-    sheet->tabBar()->setFocus();
+    sheet->tabBar()->setFocus(Qt::TabFocusReason);  // shows its focus
     dialog->open();
 }
 
