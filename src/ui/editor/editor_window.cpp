@@ -8,10 +8,8 @@
 #include <QInputMethod>
 #include <QLabel>
 #include <QMenu>
-#include <QShortcut>
 #include <utility>
 
-#include "resources/strings.h"
 #include "ui/editor/completion.h"
 #include "ui/editor/edit_menu.h"
 #include "ui/editor/line_area.h"
