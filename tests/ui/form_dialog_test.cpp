@@ -1,6 +1,8 @@
 // The frame of the small dialogs.
 #include "ui/parts/form_dialog.h"
 
+#include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollArea>
@@ -46,15 +48,39 @@ class FormDialogTest final : public QObject {
         QTest::keyClick(field, Qt::Key_Return);
         QVERIFY(!dialog.isVisible());
     }
+    // A system font of any size; the screen is as narrow as a handheld's.
+    void NothingIsCut() {
+        for (const int points : {8, 12, 16, 20}) {
+            FormDialog dialog("Large", nullptr);
+            QFont font = dialog.font();
+            font.setPointSize(points);
+            dialog.setFont(font);
+            dialog.AddNote(
+                "If B1 = 1, B2 = 0, the cubic beta spline will be the same as the cubic B "
+                "spline. With B1 = 1, B2 large, the beta spline becomes a linear spline.");
+            const QLineEdit* const field =
+                dialog.AddText("Min value of a long caption:", "0.000000");
+            dialog.AddChoice("Choice:", {"one", "a longer entry"}, 0);
+            dialog.FitInto(QSize(476, 604));
+            dialog.show();
+            QVERIFY(QTest::qWaitForWindowActive(&dialog));
+            QVERIFY(dialog.width() <= 476 && dialog.height() <= 604);
+            const QRect place(field->mapTo(&dialog, QPoint(0, 0)), field->size());
+            QVERIFY2(dialog.rect().contains(place), qPrintable(QString::number(points)));
+            for (const QLabel* const label : dialog.findChildren<QLabel*>())
+                QVERIFY2(label->height() >= label->heightForWidth(label->width()),
+                         qPrintable(label->text()));
+        }
+    }
     void TheFieldsScrollWhereTheScreenIsLow() {
         FormDialog dialog("Low", nullptr);
         std::vector<QLineEdit*> fields;
         for (int i = 0; i < 8; ++i)
             fields.push_back(dialog.AddText("Field:", "text"));
-        dialog.FitInto(2000);
+        dialog.FitInto(QSize(400, 2000));
         QVERIFY(dialog.findChild<QScrollArea*>() == nullptr);
         fields[2]->setFocus();
-        dialog.FitInto(300);
+        dialog.FitInto(QSize(400, 300));
         dialog.show();
         QVERIFY(QTest::qWaitForWindowActive(&dialog));
         QCOMPARE(QApplication::focusWidget(), fields[2]);  // moved, not lost

@@ -118,7 +118,7 @@ void OpenCalculator(QWidget* parent, CalculatorHistory& history, const ShowMessa
     });
     StartBelow(history);
     PointAt(*edit);
-    dialog->adjustSize();
+    dialog->FitToScreen();
     dialog->move(
         CalculatorPlace(dialog->size(), dialog->screen()->availableGeometry(), kPlatformType));
     dialog->OpenOverParent();

@@ -43,6 +43,11 @@ HelpBrowser::HelpBrowser(QWidget* parent) : QTextBrowser(parent) {
     connect(this, &QTextBrowser::anchorClicked, this, &HelpBrowser::FollowLink);
 }
 
+// The toolkit keeps what it made for the gesture until it is told.
+HelpBrowser::~HelpBrowser() {
+    QScroller::ungrabGesture(viewport());
+}
+
 bool HelpBrowser::ShowPage(const QString& path) {
     if (!QFileInfo(path).isFile()) return false;
     page = QUrl::fromLocalFile(path);

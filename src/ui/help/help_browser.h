@@ -12,6 +12,7 @@ namespace kalvex {
 class HelpBrowser final : public QTextBrowser {
   public:
     explicit HelpBrowser(QWidget* parent);
+    ~HelpBrowser() override;
 
     /// False when there is no such file or nothing in it.
     bool ShowPage(const QString& path);

@@ -10,7 +10,9 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QTimer>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "ui/parts/bottom_bar.h"
 #include "ui/parts/touch.h"
@@ -23,6 +25,7 @@ constexpr int kMargin = 16;
 constexpr int kNarrowMargin = 8;
 constexpr int kGap = 10;
 constexpr int kTitleHeight = 36;  // what a window manager may put above
+constexpr int kFrameWidth = 4;    // and at the sides
 
 }  // namespace
 
@@ -117,9 +120,20 @@ QLabel* FormDialog::AddMeaning() {
     return meaning;
 }
 
-void FormDialog::FitInto(int room) {
-    const int needed = layout()->totalMinimumSize().height();
-    if (needed <= room) return;
+// Fonts of any size and texts of several rows: the width comes first, the height follows from it.
+// The toolkit's own first size ends at two thirds of the screen, which cuts what needs more.
+int FormDialog::NaturalWidth(int room) const {
+    const int wanted = qMax(sizeHint().width(), layout()->totalMinimumSize().width());
+    return qMin(qMax(wanted, minimumWidth()), room);
+}
+
+void FormDialog::FitInto(const QSize& room) {
+    const int wide = NaturalWidth(room.width());
+    const int needed = layout()->hasHeightForWidth() ? layout()->totalHeightForWidth(wide)
+                                                     : layout()->totalSizeHint().height();
+    resize(wide, qMin(needed, room.height()));
+    setMinimumWidth(qMin(layout()->totalMinimumSize().width(), room.width()));
+    if (needed <= room.height()) return;
     QWidget* const focused = focusWidget();  // loses the focus on its way into the area
     auto* const area = new QScrollArea(this);
     area->setFrameShape(QFrame::NoFrame);
@@ -130,14 +144,20 @@ void FormDialog::FitInto(int room) {
                           area->verticalScrollBar()->sizeHint().width());
     delete layout()->replaceWidget(page, area);
     area->setWidget(page);
-    resize(sizeHint().width(), room);
+    resize(NaturalWidth(room.width()), room.height());
     if (focused == nullptr) return;
     focused->setFocus(Qt::OtherFocusReason);
-    area->ensureWidgetVisible(focused);
+    // Places are known once the area has been laid out.
+    QTimer::singleShot(0, area, [area, focused] { area->ensureWidgetVisible(focused, 0, 0); });
+}
+
+void FormDialog::FitToScreen() {
+    if (std::exchange(fitted, true)) return;
+    FitInto(screen()->availableGeometry().size() - QSize(kFrameWidth, kTitleHeight));
 }
 
 void FormDialog::OpenOverParent() {
-    FitInto(screen()->availableGeometry().height() - kTitleHeight);
+    FitToScreen();
     setAttribute(Qt::WA_DeleteOnClose);
     setAttribute(Qt::WA_KeyboardFocusChange);  // the focus shows from the start
     // Window managers do this, but not every screen has one.

@@ -32,9 +32,12 @@ class FormDialog final : public QDialog {
     void AddNote(const QString& text);
     /// An empty line of text under the field that was added last, for what it means at the moment.
     QLabel* AddMeaning();
-    /// Lets the fields scroll where they are higher than a room (logical pixels); the keys stay.
-    void FitInto(int room);
-    /// Opens it over its parent, no higher than the screen, and returns at once; it is deleted when
+    /// Takes the size that the fields need, no more than a room (logical pixels). Where they are
+    /// higher they scroll; the keys stay.
+    void FitInto(const QSize& room);
+    /// The same for the screen; what is there is counted once.
+    void FitToScreen();
+    /// Opens it over its parent, no larger than the screen, and returns at once; it is deleted when
     /// it closes.
     void OpenOverParent();
     QPushButton* SaveKey() const { return saveKey; }
@@ -45,6 +48,9 @@ class FormDialog final : public QDialog {
   private:
     void AddRow(const QString& label, QWidget* field, const QString& tip);
     void AddKeys(const QString& saveWord);
+    int NaturalWidth(int room) const;
+
+    bool fitted = false;
 
     QPushButton* saveKey = nullptr;
     QPushButton* cancelKey = nullptr;
