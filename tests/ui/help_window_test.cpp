@@ -9,6 +9,7 @@
 #include <QScroller>
 #include <QTextBlock>
 #include <cstdio>
+#include <memory>
 
 #include "ui/help/help_browser.h"
 #include "ui/parts/contrast.h"
@@ -152,7 +153,8 @@ class HelpWindowTest final : public QObject {
         TestPage test;
         HelpWindow* const window = test.Open();
         QWidget* const page = window->Page().viewport();
-        QPointingDevice* const device = QTest::createTouchDevice();
+        const std::unique_ptr<QPointingDevice> finger(QTest::createTouchDevice());
+        QPointingDevice* const device = finger.get();
         QPoint at(200, 400);
         QTest::touchEvent(page, device).press(1, at);
         for (int i = 0; i < 10; ++i) {

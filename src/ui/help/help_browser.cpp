@@ -43,7 +43,7 @@ HelpBrowser::HelpBrowser(QWidget* parent) : QTextBrowser(parent) {
     connect(this, &QTextBrowser::anchorClicked, this, &HelpBrowser::FollowLink);
 }
 
-// The toolkit keeps what it made for the gesture until it is told.
+// The toolkit asks the gesture's recogniser about every touch until it is told.
 HelpBrowser::~HelpBrowser() {
     QScroller::ungrabGesture(viewport());
 }
