@@ -7,6 +7,7 @@
 #include <QMenu>
 #include <QPainter>
 
+#include "ui/parts/focus_frame.h"
 #include "ui/parts/touch.h"
 
 namespace kalvex {
@@ -21,9 +22,7 @@ class SoftKey final : public QPushButton {
         QPushButton::paintEvent(event);
         if (!hasFocus()) return;
         QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
-        painter.drawRoundedRect(QRectF(rect()).adjusted(2, 2, -2, -2), 5, 5);
+        DrawFocusFrame(painter, rect().adjusted(1, 1, -1, -1), palette(), QPalette::Window);
     }
 };
 

@@ -1,9 +1,10 @@
 // Only the sizes that the style proposes for a menu row and a tab are changed; separators keep
-// theirs.
+// theirs. Some styles mark the focus by a shade that a dark palette swallows.
 #include "ui/parts/touch_style.h"
 
 #include <QStyleOptionMenuItem>
 
+#include "ui/parts/focus_frame.h"
 #include "ui/parts/touch.h"
 
 namespace kalvex {
@@ -18,6 +19,14 @@ QSize TouchStyle::sizeFromContents(ContentsType type, const QStyleOption* option
         proposed.setHeight(qMax(proposed.height(), kTouchTarget));
     }
     return proposed;
+}
+
+void TouchStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
+                               QPainter* painter, const QWidget* widget) const {
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+    const bool focused = option->state.testFlag(QStyle::State_HasFocus);
+    if (element == PE_FrameLineEdit && focused)
+        DrawFocusFrame(*painter, option->rect, option->palette, QPalette::Base);
 }
 
 }  // namespace kalvex
