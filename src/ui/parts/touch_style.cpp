@@ -2,6 +2,7 @@
 // theirs. Some styles mark the focus by a shade that a dark palette swallows.
 #include "ui/parts/touch_style.h"
 
+#include <QCheckBox>
 #include <QStyleOptionMenuItem>
 
 #include "ui/parts/focus_frame.h"
@@ -21,8 +22,17 @@ QSize TouchStyle::sizeFromContents(ContentsType type, const QStyleOption* option
     return proposed;
 }
 
+void TouchStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                    QPainter* painter, const QWidget* widget) const {
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+    if (control == CC_ComboBox && option->state.testFlag(State_HasFocus))
+        DrawFocusFrame(*painter, option->rect, option->palette, QPalette::Button);
+}
+
 void TouchStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                                QPainter* painter, const QWidget* widget) const {
+    if (element == PE_FrameFocusRect && qobject_cast<const QCheckBox*>(widget) != nullptr)
+        return DrawFocusFrame(*painter, option->rect, option->palette, QPalette::Window);
     QProxyStyle::drawPrimitive(element, option, painter, widget);
     const bool focused = option->state.testFlag(QStyle::State_HasFocus);
     if (element == PE_FrameLineEdit && focused)
