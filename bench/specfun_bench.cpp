@@ -98,7 +98,12 @@ constexpr Hyper kHyper[] = {
     {"swings, next to 1", -640.5, 420.4, 1.5, 1 - 1e-15},
     {"c far below 0", -252.1, -647.9, -897.5, -0.9999},
     {"long walk", -875.5, -894.4, -1767.7, 0.87},
-    {"Taylor steps", 121.8, 157, 278.8, 0.949},
+    {"outgrown, positive", 121.8, 157, 278.8, 0.949},
+    {"outgrown, next to 1", 266, 496, 763.128, 0.99216},
+    {"outgrown, long walk", -847.25, -152.5, 863.9, -0.29984},
+    {"outgrown polynomial", -604, 170, 2, 0.8277},
+    {"polynomial at a pole", -12, 486.6, -12, 0.2389},
+    {"polynomial at a far pole", -925.5, -399, -570, 0.982},
 };
 
 void Register() {

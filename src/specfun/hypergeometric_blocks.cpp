@@ -1,17 +1,12 @@
 // The steps of a walk depend on each other, and each waits for the one before. Their maps do not:
 // four stretches of the walk are multiplied out at once, one in each lane of a vector, as maps of
-// some steps each that the walk then takes one after another. Each column of a map has a twin in
-// plain arithmetic that takes the same steps with errors of 2^-40. How far the two come apart tells
-// what becomes of errors of some 2^-100 in the column itself.
+// some steps each that the walk then takes one after another.
 #include "specfun/hypergeometric_blocks.h"
 
 #include <cmath>
 
 namespace kalvex::specfun {
 namespace {
-
-constexpr double kTwinError = 0x1p-100 / kTwinOffset;  // of a column by that of its twin
-constexpr double kLeastError = 0x1p-99;
 
 template <typename Unit>
 using LaneWalker = WalkerOf<LanesOf<Unit>, 2>;
@@ -44,15 +39,11 @@ void StartColumns(LaneWalker<Unit>& at) {
 template <typename Unit>
 Block BlockOf(const LaneWalker<Unit>& at, std::size_t lane) {
     Block block;
-    for (std::size_t i = 0; i < block.columns.size(); ++i) {
+    for (std::size_t i = 0; i < block.size(); ++i) {
         const Column<LanesOf<Unit>>& column = at.columns[i];
-        const double value = column.value.high[lane];
-        const double slope = column.slope.high[lane];
-        block.columns[i] = {
-            QuickTwoSum(value, column.value.low[lane]), QuickTwoSum(slope, column.slope.low[lane]),
-            kTwinError * std::fabs(column.companion[lane] - value) + kLeastError * std::fabs(value),
-            kTwinError * std::fabs(column.companionSlope[lane] - slope) +
-                kLeastError * std::fabs(slope)};
+        block[i] = {QuickTwoSum(column.value.high[lane], column.value.low[lane]),
+                    QuickTwoSum(column.slope.high[lane], column.slope.low[lane]), column.twin[lane],
+                    column.twinSlope[lane]};
     }
     return block;
 }

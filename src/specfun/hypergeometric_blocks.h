@@ -12,16 +12,8 @@ namespace kalvex::specfun {
 inline constexpr int kBlockSteps = 32;
 inline constexpr int kMostBlocks = 32;
 
-/// The value and slope that become of (1,0) and of (0,1), and estimates of their errors.
-struct Block {
-    struct Column {
-        DoubleDouble value;
-        DoubleDouble slope;
-        double valueError = 0;
-        double slopeError = 0;
-    };
-    std::array<Column, 2> columns;
-};
+/// What becomes of the value and slope (1,0) and (0,1).
+using Block = std::array<Column<DoubleDouble>, 2>;
 
 using BlockTable = std::array<std::array<Block, kMostBlocks>, kLanes>;
 

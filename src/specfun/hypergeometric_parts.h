@@ -52,30 +52,9 @@ struct HypergeometricPoint {
 HypergeometricPoint SumHypergeometric(const HypergeometricParameters& p, DoubleDouble z,
                                       double tolerance);
 
-/// The same for a, b, c and z above 0 with each term as one double, up to 10,000 of them. The k-th
-/// is k roundings off, and z F'/F is the mean of k: so the error is below half a unit in the last
-/// place times 1 + z F'/F however long the series is. Stops short beyond 2^mostExponent.
-HypergeometricPoint SumOfPositive(const HypergeometricParameters& p, double z, int mostExponent);
-
 /// How many digits, as a natural logarithm, the power series in z loses: measured in plain
 /// arithmetic, hence up to some 30; infinite if a term overflows or thousands are needed.
 double MeasuredLoss(const HypergeometricParameters& p, double z);
-
-/// The solution known at `from` followed to `to` by Taylor steps of the
-/// equation; both between -1 and 1, of the same sign and not 0.
-HypergeometricPoint FollowHypergeometric(const HypergeometricParameters& p,
-                                         HypergeometricPoint start, double from, double to);
-
-/// The function at x from the power series where it does not cancel, and steps from there; x
-/// between -1 and 1, not 0.
-HypergeometricPoint HypergeometricByParts(const HypergeometricParameters& p, double x);
-
-/// How many digits, as a natural logarithm, the power series in z is likely to lose.
-double ExpectedLoss(const HypergeometricParameters& p, double z);
-
-/// The function at 1/2 < x < 1 by the two solutions at 1, matched to the function at a point
-/// between.
-HypergeometricPoint HypergeometricNearOne(const HypergeometricParameters& p, double x);
 
 /// The function at z, 0 < z < 1, w = 1 - z, by steps of 1 in the parameters. Best for c-a-b at
 /// least 0.

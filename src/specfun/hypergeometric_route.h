@@ -45,6 +45,14 @@ inline std::array<double, 3> StepsBetween(const HypergeometricParameters& from,
             std::nearbyint(Subtract(to.c, from.c).high)};
 }
 
+/// A part of the steps beyond p.
+inline HypergeometricParameters Beyond(const HypergeometricParameters& p,
+                                       const std::array<double, 3>& steps, double part) {
+    return {PlusInteger(p.a, std::nearbyint(steps[0] * part)),
+            PlusInteger(p.b, std::nearbyint(steps[1] * part)),
+            PlusInteger(p.c, std::nearbyint(steps[2] * part))};
+}
+
 /// The next step: one that lowers s only when those that raise it are ahead, so that s stays at
 /// least where the straight line has it; of its kind the one that is most behind.
 inline std::size_t NextTrack(Route& route) {

@@ -158,43 +158,6 @@ HypergeometricPoint SumHypergeometric(const HypergeometricParameters& p, DoubleD
     return sum;
 }
 
-KALVEX_WITH_FMA
-HypergeometricPoint SumOfPositive(const HypergeometricParameters& p, double z, int mostExponent) {
-    constexpr int kMost = 10000;
-    constexpr double kNegligible = 0x1p-60;
-    constexpr double kOfTerm = 0x1p-53;
-    constexpr double kLarge = 0x1p800;
-    constexpr int kExponent = 800;
-    HypergeometricPoint sum = {{1, 0}, {}, 0, true};
-    double term = 1;
-    for (int k = 0; k < kMost; ++k) {
-        const double next = k + 1.0;
-        const DoubleDouble quotient =
-            Ratio(PlusInteger(p.a, k), PlusInteger(p.b, k), PlusInteger(p.c, k), next);
-        const DoubleDouble ratio = TwoProduct(quotient.high, z);
-        term = std::fma(term, ratio.high, term * (ratio.low + quotient.low * z));
-        Accumulate(sum.value, term, 0);
-        sum.slope.high += term * next;
-        if (sum.slope.high > kLarge) {
-            term *= 1 / kLarge;
-            sum.value = {sum.value.high / kLarge, sum.value.low / kLarge};
-            sum.slope.high /= kLarge;
-            sum.exponent += kExponent;
-            sum.failed = sum.exponent <= mostExponent;
-            if (!sum.failed) break;
-        }
-        // c+k and k+1 outgrow a+k and b+k from the greatest term on: the ratios tend to z
-        const double most = std::max(ratio.high, z);
-        if (most < 1 && term * next < kNegligible * (1 - most) * (1 - most) * sum.value.high) {
-            sum.failed = false;
-            break;
-        }
-    }
-    sum.value = QuickTwoSum(sum.value.high, sum.value.low);
-    sum.error = kOfTerm * (sum.value.high + sum.slope.high);
-    return sum;
-}
-
 double MeasuredLoss(const HypergeometricParameters& p, double z) {
     constexpr int kMost = 3000;
     constexpr double kNegligible = 1e-18;
@@ -204,13 +167,15 @@ double MeasuredLoss(const HypergeometricParameters& p, double z) {
     double sum = 1;
     double magnitude = 1;
     for (int k = 0; k < kMost; ++k) {
-        const double ratio = (p.a.high + k) * (p.b.high + k) / ((p.c.high + k) * (k + 1.0)) * z;
+        const double numerator = (p.a.high + k) * (p.b.high + k) * z;
+        if (numerator == 0) return std::log(magnitude / std::fabs(sum));
+        const double ratio = numerator / ((p.c.high + k) * (k + 1.0));
         term *= ratio;
         sum += term;
         magnitude += std::fabs(term);
         if (!(magnitude < kOverflowing)) break;
         const bool settles = k > settled && std::fabs(ratio) < 1;
-        if (term == 0 || (settles && std::fabs(term) < kNegligible * magnitude)) {
+        if (settles && std::fabs(term) < kNegligible * magnitude) {
             return std::log(magnitude / std::fabs(sum));
         }
     }

@@ -24,20 +24,29 @@ inline DoubleDouble Difference(DoubleDouble a, DoubleDouble b) {
 
 // The functions below take numbers one by one (DoubleDouble) or four at once (LanesOf).
 
+inline DoubleDouble Normalised(DoubleDouble a) {
+    return QuickTwoSum(a.high, a.low);
+}
+
+template <typename Unit>
+LanesOf<Unit> Normalised(const LanesOf<Unit>& a) {  // Accumulate has done it
+    return a;
+}
+
 /// a b + c d; what is lost is measured against the greater product.
 template <typename Number>
 Number SumOfProducts(const Number& a, const Number& b, const Number& c, const Number& d) {
     Number sum = LooseProduct(a, b);
     const Number other = LooseProduct(c, d);
     Accumulate(sum, other.high, other.low);
-    return sum;
+    return Normalised(sum);
 }
 
 template <typename Number>
 Number QuickAdd(const Number& a, const Number& b) {
     Number sum = a;
     Accumulate(sum, b.high, b.low);
-    return sum;
+    return Normalised(sum);
 }
 
 /// The point and what depends on it alone.
@@ -57,36 +66,27 @@ inline Place PlaceAt(DoubleDouble z, DoubleDouble w) {
     return {z, w, Divide(z, w), Divide(w, z), Divide({1, 0}, w), Divide({1, 0}, z)};
 }
 
-inline bool IsZero(double a) {
-    return a == 0;
-}
-
-inline bool IsZero(const Four&) {
-    return false;
-}
-
-/// A solution on its way, and another in plain arithmetic that takes the same steps: one that
-/// started at right angles to it and shows how much what was rounded has grown since, or its own
-/// twin, which shows what rounding does.
+/// A solution on its way, and its twin in plain arithmetic that takes the same steps, terms of
+/// each sum off by kTwinOffset: how far the two come apart tells what rounding does, even where
+/// plain arithmetic happens to be exact.
 template <typename Number>
 struct Column {
     using Plain = decltype(Number::high);
     Number value;
     Number slope;
-    Plain companion = {};
-    Plain companionSlope = {};
+    Plain twin = {};
+    Plain twinSlope = {};
 };
 
-/// A walker with two columns carries twins, and one term of each of their sums is off by this
-/// factor: so they tell of rounding even where plain arithmetic happens to be exact.
 inline constexpr double kTwinOffset = 0x1p-40;
+inline constexpr double kTwinError = 0x1p-100 / kTwinOffset;  // of a column by that of its twin
+inline constexpr double kOff = 1 + kTwinOffset;
+inline constexpr double kLess = 1 - kTwinOffset / 2;  // unlike the other, lest the two agree
 
 template <typename Number, std::size_t count>
 struct WalkerOf {
-    static constexpr double kOff = count == 2 ? 1 + kTwinOffset : 1;
     std::array<Number, 3> p;  // a, b and c
     std::array<Column<Number>, count> columns;
-    bool collapsed = false;  // the last step left one solution only; not told of lanes
 };
 
 /// What is done to each column; the columns are counted out, so that they stay in registers.
@@ -108,12 +108,10 @@ void Raise(WalkerOf<Number, count>& at, const PlaceOf<Number>& place) {
         const Number rise = LooseProduct(column.slope, inverse);
         column.value = QuickAdd(column.value, rise);
         column.slope = SumOfProducts(ofRise, rise, ofValue, column.value);
-        const auto companionRise = column.companionSlope * inverse.high * at.kOff;
-        column.companion += companionRise;
-        column.companionSlope =
-            ofRise.high * companionRise * at.kOff + ofValue.high * column.companion;
+        const auto twinRise = column.twinSlope * inverse.high * kOff;
+        column.twin = column.twin * kLess + twinRise;
+        column.twinSlope = ofRise.high * twinRise * kOff + ofValue.high * column.twin;
     });
-    at.collapsed = IsZero(ofRise.high);
     at.p[own] = next;
 }
 
@@ -129,12 +127,10 @@ void Lower(WalkerOf<Number, count>& at, const PlaceOf<Number>& place) {
         const Number rise = SumOfProducts(ofSlope, column.slope, ofValue, column.value);
         column.value = QuickAdd(column.value, rise);
         column.slope = LooseProduct(before, rise);
-        const auto companionRise =
-            ofSlope.high * column.companionSlope * at.kOff + ofValue.high * column.companion;
-        column.companion = column.companion * at.kOff + companionRise;
-        column.companionSlope = before.high * companionRise;
+        const auto twinRise = ofSlope.high * column.twinSlope * kOff + ofValue.high * column.twin;
+        column.twin = column.twin * kOff + twinRise;
+        column.twinSlope = before.high * twinRise;
     });
-    at.collapsed = IsZero(before.high);
     at.p[own] = PlusInteger(a, -1);
 }
 
@@ -151,10 +147,9 @@ void RaiseThird(WalkerOf<Number, count>& at, const PlaceOf<Number>& place) {
         const Number value = SumOfProducts(ofSlope, column.slope, ofValue, column.value);
         column.slope = LooseProduct(c, QuickAdd(column.value, Negate(value)));
         column.value = value;
-        const auto companion =
-            ofSlope.high * column.companionSlope * at.kOff + ofValue.high * column.companion;
-        column.companionSlope = c.high * (column.companion * at.kOff - companion);
-        column.companion = companion;
+        const auto twin = ofSlope.high * column.twinSlope * kOff + ofValue.high * column.twin;
+        column.twinSlope = c.high * (column.twin * kOff - twin);
+        column.twin = twin;
     });
     at.p[2] = PlusInteger(c, 1);
 }
@@ -173,12 +168,10 @@ void LowerThird(WalkerOf<Number, count>& at, const PlaceOf<Number>& place) {
         const Number value = QuickAdd(column.value, LooseProduct(column.slope, inverse));
         column.slope = SumOfProducts(ofBefore, column.value, ofValue, value);
         column.value = value;
-        const auto companion = column.companion + column.companionSlope * inverse.high * at.kOff;
-        column.companionSlope =
-            ofBefore.high * column.companion * at.kOff + ofValue.high * companion;
-        column.companion = companion;
+        const auto twin = column.twin * kLess + column.twinSlope * inverse.high * kOff;
+        column.twinSlope = ofBefore.high * column.twin * kOff + ofValue.high * twin;
+        column.twin = twin;
     });
-    at.collapsed = IsZero(ofBefore.high);
     at.p[2] = c;
 }
 
@@ -199,10 +192,11 @@ void TakeStep(WalkerOf<Number, count>& at, std::size_t track, bool raises,
 HypergeometricParameters GeneralStart(const HypergeometricParameters& p);
 
 /// For an integer a from 0 down: where the polynomial has three terms at most, c-b has the sign it
-/// will have if it is an integer, and c-a-b is not below -1/2.
+/// will have if it is next to an integer, and c-a-b is not below -1/2.
 HypergeometricParameters PolynomialStart(const HypergeometricParameters& p);
 
-/// Value and slope at such parameters.
-HypergeometricPoint AtStart(const HypergeometricParameters& p, const Place& place);
+/// Value and slope at such parameters, about `tolerance` times their size off.
+HypergeometricPoint AtStart(const HypergeometricParameters& p, const Place& place,
+                            double tolerance);
 
 }  // namespace kalvex::specfun

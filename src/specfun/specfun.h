@@ -131,14 +131,13 @@ double BesselI(double order, double x);
 
 /// Gauss hypergeometric function, -1 < x < 1, else "Domain error in Hypergeometric2F1". A negative
 /// integral a or b ends the series, before an integral c = 0, -1, ... divides by zero; otherwise
-/// such a c throws "Overflow in Hypergeometric2F1", as do values beyond the range and some 2 in
-/// 10,000 parameter sets up to 1000 (of mixed sign, or c far below 0) for which every method loses
-/// too many digits. Power series, directly or in Euler's or Pfaff's form (DLMF 15.8.1), each judged
-/// by its own error estimate; contiguous relations from small parameters (15.5.11 to 15.5.22); near
-/// x = 1 the solutions there (15.10.13); else Taylor steps of the differential equation;
-/// double-double arithmetic. Error 0.5 ulp times 1 + condition number. 0.4 to 3 us for parameters
-/// below 10, up to 10 us beyond x = 0.9; nearly always below 50 us for parameters to 200;
-/// docs/performance.md tells of larger ones.
+/// such a c throws "Overflow in Hypergeometric2F1", as do values beyond the range and parameters so
+/// large (tens of thousands in all) that every method loses too many digits. Power series, directly
+/// or in Euler's or Pfaff's form (DLMF 15.8.1), each judged by its own error estimate; contiguous
+/// relations from small parameters (15.5.11 to 15.5.22), outwards or, where other solutions outgrow
+/// the function, inwards (Gautschi 1967); polynomials also about x = 1 (15.8.7); double-double
+/// arithmetic. Error 0.5 ulp times 1 + condition number. 0.4 to 5 us for parameters to 10, below 30
+/// to 200 and below 50 to 1000, beyond in proportion to them; docs/performance.md tells more.
 double Hypergeometric2F1(double a, double b, double c, double x);
 
 /// Chebyshev polynomial of kind 1 (T) or 2 (U), integral degrees up to MaxOrder in magnitude, all x

@@ -108,6 +108,17 @@ TEST(Hypergeometric, FiniteSums) {
     EXPECT_EQ(Hypergeometric2F1(0.3, 0.4, 0.5, 0), 1);
 }
 
+// At a pole two polynomials have Euler's other form; more than one of the sums ends there.
+TEST(Hypergeometric, PolynomialsAtPoles) {
+    const double last = 1 - 0x1p-24;
+    EXPECT_EQ(Hypergeometric2F1(-7, -4, -7, last), 0x1p-96);
+    EXPECT_EQ(Hypergeometric2F1(-4, -7, -7, last), 0x1p-96);
+    EXPECT_EQ(Hypergeometric2F1(-1, -725, -1, 0.5), -361.5);
+    EXPECT_EQ(Hypergeometric2F1(-725, -1, -1, 0.5), -361.5);
+    EXPECT_EQ(Hypergeometric2F1(-60, 60, -61, 0), 1);
+    EXPECT_LE(Ulps(Hypergeometric2F1(-150, -300, -300, 0.5), 0x1p-150), 1);
+}
+
 // Next to the poles in c and the zeros in b the first terms say little about the later ones.
 TEST(Hypergeometric, NextToPoles) {
     EXPECT_NEAR(Hypergeometric2F1(1234.5, 1e-12, 2.5, -0.1), 1 - 4.124e-12, 1e-14);
