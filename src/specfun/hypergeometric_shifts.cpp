@@ -82,7 +82,7 @@ void ScaleTo(const HypergeometricPoint& start, const HypergeometricPoint& known,
 
 /// Where other solutions outgrow the function on the way out, they are outgrown on the way in
 /// (Miller's algorithm): a walk from far out has value and slope of the function, but for a factor,
-/// by the time it comes to where they are wanted, and the factor is told by the start. Twice as far
+/// by the time it comes to where they are wanted, and the factor is told by the start. Farther
 /// where the two kinds of solution hardly differ.
 HypergeometricPoint Inwards(const HypergeometricParameters& from, const HypergeometricPoint& start,
                             const HypergeometricParameters& to, const Place& place,
@@ -90,9 +90,9 @@ HypergeometricPoint Inwards(const HypergeometricParameters& from, const Hypergeo
     constexpr double kNeeded = 38;
     const std::array<double, 3> steps = StepsBetween(from, to);
     HypergeometricPoint point = kFailure;
-    for (const double part : {kNeeded / outgrown, 2 * kNeeded / outgrown}) {
+    for (const double times : {1.0, 1.5, 3.0}) {
         Traveller t;
-        const double error = ComeFromFar(to, steps, part, place, t);
+        const double error = ComeFromFar(to, steps, times * kNeeded / outgrown, place, t);
         if (!(error < 1)) continue;
         MoveTwin(t, error);
         point = PointOf(t);
