@@ -144,6 +144,7 @@ void MoveTwin(Traveller& t, double error) {
     own.twinSlope = own.slope.high * (1 + error / kTwinError);
 }
 
+KALVEX_WITH_FMA
 bool WalkTo(const HypergeometricParameters& to, const Place& place, Traveller& t) {
     constexpr double kOfLeg = kMostBlocks * kBlockSteps * (kLanes - 1);
     const HypergeometricParameters from = ParametersOf(t);
