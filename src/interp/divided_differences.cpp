@@ -9,7 +9,7 @@
 #include <type_traits>
 
 #include "base/decimal.h"
-#include "specfun/double_double.h"
+#include "specfun/precision/double_double.h"
 
 namespace kalvex {
 namespace {

@@ -13,7 +13,7 @@
 #include <utility>
 
 #include "base/decimal.h"
-#include "specfun/double_double.h"
+#include "specfun/precision/double_double.h"
 
 namespace kalvex {
 namespace {

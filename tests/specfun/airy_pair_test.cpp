@@ -1,6 +1,6 @@
 // The Airy functions in the extended format against their Wronskian, their equation and published
 // values, on both sides of every seam.
-#include "specfun/airy_pair.h"
+#include "specfun/airy/airy_pair.h"
 
 #include <gtest/gtest.h>
 

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <limits>
 
-#include "specfun/bessel_oscillating.h"
+#include "specfun/bessel/oscillating.h"
 #include "specfun/specfun.h"
 
 namespace kalvex::specfun {

@@ -1,5 +1,5 @@
 // Reference values: 60 digits by mpmath 1.3, split into two doubles.
-#include "specfun/double_double.h"
+#include "specfun/precision/double_double.h"
 
 #include <gtest/gtest.h>
 

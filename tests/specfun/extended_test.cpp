@@ -1,6 +1,6 @@
 // The elementary functions of the extended format against those of the runtime, which are good to
 // its last place but slower.
-#include "specfun/extended.h"
+#include "specfun/precision/extended.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
 // The maps of the steps taken four at once against the same steps taken one by one.
-#include "specfun/hypergeometric_blocks.h"
-
 #include <gtest/gtest.h>
 
 #include <cmath>
+
+#include "specfun/hypergeometric/blocks.h"
 
 namespace kalvex::specfun {
 namespace {

@@ -1,13 +1,12 @@
 // Walks along the contiguous relations, and what is known beforehand of the solutions beside the
 // function.
-#include "specfun/hypergeometric_walk.h"
-
 #include <gtest/gtest.h>
 
 #include <cmath>
 
-#include "specfun/hypergeometric_growth.h"
-#include "specfun/hypergeometric_stretches.h"
+#include "specfun/hypergeometric/growth.h"
+#include "specfun/hypergeometric/stretches.h"
+#include "specfun/hypergeometric/walk.h"
 
 namespace kalvex::specfun {
 namespace {

@@ -1,0 +1,132 @@
+// J and Y of orders within 1/2 of 0 for moderate and large arguments, from H(1) = J + i Y. Either
+// way what is not known in closed form is small beside the rest, so that plain doubles hold it; the
+// rest is computed in the extended format.
+//
+// Moderate arguments: Steed's method. H(1) is K of an imaginary argument; the ratio of two
+// neighbouring orders is that of the vanishing solution of a recurrence of confluent hypergeometric
+// functions (Temme, 1975), recurred downward from an order that depends on x alone. It runs on the
+// differences of neighbours: nothing cancels. The ratio of two J comes from the recurrence
+// downward, and the Wronskian fixes the common factor.
+//
+// Large arguments: H(1) = sqrt(2/(pi x)) exp(i phase) (1 + small), phase = x - (part/2 + 1/4) pi,
+// by Hankel's expansion (DLMF 10.17.5), whose least term is exp(-2 x). Sine and cosine of x are
+// taken apart from those of the rest of the phase, an exact fraction.
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+#include "base/truncate.h"
+#include "specfun/bessel/oscillating.h"
+
+namespace kalvex::specfun {
+namespace {
+
+constexpr Extended kPi = std::numbers::pi_v<Extended>;
+
+struct Complex {
+    Extended real;
+    Extended imaginary;
+};
+
+Complex Times(Complex a, Complex b) {
+    return {a.real * b.real - a.imaginary * b.imaginary,
+            a.real * b.imaginary + a.imaginary * b.real};
+}
+
+struct PlainComplex {
+    double real;
+    double imaginary;
+};
+
+PlainComplex Over(PlainComplex a, PlainComplex b) {
+    const double size = b.real * b.real + b.imaginary * b.imaginary;
+    return {(a.real * b.real + a.imaginary * b.imaginary) / size,
+            (a.imaginary * b.real - a.real * b.imaginary) / size};
+}
+
+/// The small part q of the ratio (part + 1/2 - i x - q)/x of H(1) at the orders part + 1 and part,
+/// by Temme's recurrence for z = -i x; the error falls like exp(-4 sqrt(2 n z)).
+PlainComplex Confluent(double part, double x) {
+    const int last = 10 + TruncateToInt32(90 / x);
+    const double factor = (0.5 - part) * (0.5 + part);
+    PlainComplex value{1, 0};
+    PlainComplex difference = value;  // from the value one higher
+    for (int k = last; k > 1; --k) {
+        const double n = k;
+        const double inverse = 1 / (n * (n - 1) + factor);
+        const double scale = n * (n + 1) * inverse;
+        const double real = -factor * inverse;
+        const double imaginary = 2 * x * n * inverse;
+        const PlainComplex common{scale * difference.real + imaginary * value.imaginary,
+                                  scale * difference.imaginary - imaginary * value.real};
+        difference = {common.real + real * value.real, common.imaginary + real * value.imaginary};
+        value = {common.real + (1 + real) * value.real,
+                 common.imaginary + (1 + real) * value.imaginary};
+    }
+    const PlainComplex first{2 * (difference.real + x * value.imaginary),
+                             2 * (difference.imaginary - x * value.real)};
+    const PlainComplex quotient = Over(value, first);
+    return {factor * quotient.real, factor * quotient.imaginary};
+}
+
+/// Hankel's expansion of H(1) of the order but for the factor, less 1; order up to 3/2.
+PlainComplex HankelSum(double order, double x) {
+    constexpr double kNegligible = 0x1p-60;
+    const double scale = 1 / (2 * x);
+    const double square = order * order;
+    PlainComplex sum{0, 0};
+    double term = 1;
+    for (double k = 1; std::fabs(term) > kNegligible; k += 2) {
+        const double half = k - 0.5;
+        term *= (square - half * half) * (scale / k);
+        sum.imaginary += term;
+        term *= ((half + 1) * (half + 1) - square) * (scale / (k + 1));
+        sum.real += term;
+    }
+    return sum;
+}
+
+}  // namespace
+
+LowOrders LowOrdersMiddle(Extended part, Extended x, int steps) {
+    const double argument = static_cast<double>(x);
+    // J over Y falls by more than 2^66 from the wanted order, or the turning point at x, to there.
+    const int last = std::max(steps, TruncateToInt32(argument)) + 12 +
+                     TruncateToInt32(3.5 * std::sqrt(argument));
+    const Extended scale = 2 / x;
+    Extended higher = 0;
+    Extended above = 0;
+    Extended j = 1;
+    for (int k = last; k > 0; --k) {
+        if (k == steps) higher = j;
+        const Extended below = scale * (part + k) * j - above;
+        above = j;
+        j = below;
+    }
+    if (steps == 0) higher = j;
+    const PlainComplex small = Confluent(static_cast<double>(part), argument);
+    const Extended real = (part + Extended{0.5} - small.real) / x;
+    const Extended imaginary = -1 - small.imaginary / x;
+    const Extended y = (real * j - above) / imaginary;
+    const Extended factor = std::sqrt(2 / (-kPi * x * imaginary * (j * j + y * y)));
+    return {{factor * j, factor * above},
+            {factor * y, factor * (imaginary * j + real * y)},
+            factor * higher};
+}
+
+LowOrders LowOrdersFar(Extended part, Extended x) {
+    const double order = static_cast<double>(part);
+    const double argument = static_cast<double>(x);
+    const CosineSine rest = CosineSinePi(part / 2 + Extended{0.25});
+    const auto [c, s] = CosineSineOf(x);
+    const Extended root = std::sqrt(2 / (kPi * x));
+    const Complex leading{root * (c * rest.cosine + s * rest.sine),
+                          root * (s * rest.cosine - c * rest.sine)};
+    const PlainComplex p = HankelSum(order, argument);
+    const PlainComplex q = HankelSum(order + 1, argument);
+    const Complex at = Times(leading, {1 + Extended{p.real}, p.imaginary});
+    const Complex next = Times(leading, {q.imaginary, -1 - Extended{q.real}});
+    return {{at.real, next.real}, {at.imaginary, next.imaginary}, 0};
+}
+
+}  // namespace kalvex::specfun

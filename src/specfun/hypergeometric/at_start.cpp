@@ -1,0 +1,182 @@
+// The function where the walks of shifts.cpp start. Next to z = 1 and with s = c-a-b
+// between -1/2 and 1/2 the function is a combination of F(a,b;1-s;w), w = 1-z, and of the divided
+// difference, between the exponents 0 and s, of Frobenius's series (DLMF 2.7.5, 15.10)
+//   y(r) = sum over k of w^(k+r) (a+r)_k (b+r)_k / ((1+r)_k (1+r-s)_k),
+// which tends to the logarithmic solution as s tends to 0. Both are matched at z = 3/4 with the
+// series at 0, which alone serves up to some way beyond.
+#include <array>
+#include <cmath>
+
+#include "specfun/hypergeometric/shift_steps.h"
+
+namespace kalvex::specfun {
+namespace {
+
+/// The two solutions at z = 1, at w; slopes are w times the derivative.
+struct Solutions {
+    DoubleDouble w;
+    DoubleDouble power = {1, 0};  // of w
+    DoubleDouble regular = {1, 0};
+    DoubleDouble regularSlope = {};
+    DoubleDouble other = {};
+    DoubleDouble otherSlope = {};
+};
+
+/// (w^s - 1)/s.
+DoubleDouble PowerQuotient(DoubleDouble s, DoubleDouble logarithm) {
+    const DoubleDouble exponent = Multiply(s, logarithm);
+    if (exponent.high == 0) return logarithm;
+    if (std::fabs(exponent.high) < 1) return Divide(ExpMinusOne(exponent), s);
+    return Divide(Subtract(Exp(exponent), 1.0), s);
+}
+
+/// Adds the terms of k = next.
+void AddTerms(DoubleDouble term, DoubleDouble difference, double next, Solutions& at) {
+    at.power = LooseProduct(at.power, at.w);
+    const DoubleDouble ofRegular = LooseProduct(at.power, term);
+    const DoubleDouble ofOther = LooseProduct(at.power, difference);
+    at.regular = QuickAdd(at.regular, ofRegular);
+    at.other = QuickAdd(at.other, ofOther);
+    at.regularSlope = QuickAdd(at.regularSlope, Multiply(ofRegular, next));
+    at.otherSlope = QuickAdd(at.otherSlope, Multiply(ofOther, next));
+}
+
+/// From the divided differences to the solution.
+void TakePower(DoubleDouble s, Solutions& at) {
+    // y(s) = w^s (regular + s other'), other = (y(s) - y(0)) / s
+    const DoubleDouble quotient = PowerQuotient(s, Log(at.w));
+    const DoubleDouble power = Add(Multiply(s, quotient), 1.0);
+    const DoubleDouble upper = Add(at.regular, Multiply(s, at.other));
+    at.other = Add(Multiply(power, at.other), Multiply(quotient, at.regular));
+    at.otherSlope = Add(Add(Multiply(power, at.otherSlope), Multiply(quotient, at.regularSlope)),
+                        Multiply(power, upper));
+}
+
+/// The coefficients of the two series go on as
+///   term' = ofLower term,  difference' = ofUpper difference + step term.
+struct Growth {
+    DoubleDouble ofLower;
+    DoubleDouble ofUpper;
+    DoubleDouble step;
+};
+
+Growth GrowthAfter(const HypergeometricParameters& p, DoubleDouble s, DoubleDouble sum, double k) {
+    const double next = k + 1;
+    const DoubleDouble above = PlusInteger(s, next);
+    const DoubleDouble below = PlusInteger(Negate(s), next);
+    const DoubleDouble numerator = LooseProduct(PlusInteger(p.a, k), PlusInteger(p.b, k));
+    const DoubleDouble ratio = Reciprocal(LooseProduct(Multiply(below, next), above));
+    // (a+s+k)(b+s+k) = numerator + s (a+b+2k+s)
+    const DoubleDouble rise = Add(PlusInteger(sum, 2 * k), s);
+    const DoubleDouble upper = Add(numerator, LooseProduct(s, rise));
+    const DoubleDouble step = Subtract(LooseProduct(rise, below), LooseProduct({2, 0}, numerator));
+    return {LooseProduct(LooseProduct(numerator, above), ratio),
+            LooseProduct(LooseProduct(upper, below), ratio), LooseProduct(step, ratio)};
+}
+
+/// The same in plain arithmetic.
+struct PlainGrowth {
+    double ofLower;
+    double ofUpper;
+    double step;
+};
+
+PlainGrowth PlainGrowthAfter(const HypergeometricParameters& p, double s, double k) {
+    const double next = k + 1;
+    const double numerator = (p.a.high + k) * (p.b.high + k);
+    const double ratio = 1 / ((next - s) * next * (next + s));
+    const double rise = p.a.high + p.b.high + 2 * k + s;
+    return {numerator * (next + s) * ratio, (numerator + s * rise) * (next - s) * ratio,
+            (rise * (next - s) - 2 * numerator) * ratio};
+}
+
+/// The terms from the k-th on that are small enough for plain arithmetic.
+void AddTails(const HypergeometricParameters& p, double s, double k, double term, double difference,
+              double tolerance, std::array<Solutions, 2>& both) {
+    constexpr double kMostTerms = 400;
+    struct Tail {
+        double power;
+        double regular = 0;
+        double regularSlope = 0;
+        double other = 0;
+        double otherSlope = 0;
+    };
+    std::array<Tail, 2> tails = {Tail{both[0].power.high}, Tail{both[1].power.high}};
+    for (; k < kMostTerms; k += 1) {
+        const PlainGrowth growth = PlainGrowthAfter(p, s, k);
+        difference = growth.ofUpper * difference + growth.step * term;
+        term *= growth.ofLower;
+        for (std::size_t i = 0; i < tails.size(); ++i) {
+            Tail& tail = tails[i];
+            tail.power *= both[i].w.high;
+            tail.regular += tail.power * term;
+            tail.other += tail.power * difference;
+            tail.regularSlope += tail.power * term * (k + 1);
+            tail.otherSlope += tail.power * difference * (k + 1);
+        }
+        const double size = std::fabs(term) + std::fabs(difference);
+        if ((k + 1) * tails[0].power * size < tolerance) break;
+    }
+    for (std::size_t i = 0; i < tails.size(); ++i) {
+        both[i].regular = Add(both[i].regular, tails[i].regular);
+        both[i].other = Add(both[i].other, tails[i].other);
+        both[i].regularSlope = Add(both[i].regularSlope, tails[i].regularSlope);
+        both[i].otherSlope = Add(both[i].otherSlope, tails[i].otherSlope);
+    }
+}
+
+/// At two points, the one farther from z = 1 first.
+std::array<Solutions, 2> SolutionsAt(const HypergeometricParameters& p, DoubleDouble farther,
+                                     DoubleDouble nearer, double tolerance) {
+    constexpr double kPlain = 0x1p-48;
+    constexpr int kMostTerms = 400;
+    const DoubleDouble s = Subtract(Subtract(p.c, p.a), p.b);
+    const DoubleDouble sum = Add(p.a, p.b);
+    std::array<Solutions, 2> both = {Solutions{farther}, Solutions{nearer}};
+    DoubleDouble term = {1, 0};
+    DoubleDouble difference = {};
+    for (int k = 0; k < kMostTerms; ++k) {
+        const double size = std::fabs(term.high) + std::fabs(difference.high);
+        if (k * both[0].power.high * size * kPlain < tolerance && k > 0) {
+            AddTails(p, s.high, k, term.high, difference.high, tolerance, both);
+            break;
+        }
+        const Growth growth = GrowthAfter(p, s, sum, k);
+        difference = SumOfProducts(difference, growth.ofUpper, term, growth.step);
+        term = LooseProduct(term, growth.ofLower);
+        for (Solutions& at : both)
+            AddTerms(term, difference, k + 1.0, at);
+    }
+    for (Solutions& at : both)
+        TakePower(s, at);
+    return both;
+}
+
+}  // namespace
+
+KALVEX_WITH_FMA
+HypergeometricPoint AtStart(const HypergeometricParameters& p, const Place& place,
+                            double tolerance) {
+    constexpr double kFarthest = 0.85;
+    constexpr double kMeeting = 0.75;
+    if (place.z.high <= kFarthest || IsNegativeInteger(p.a))
+        return SumHypergeometric(p, place.z, tolerance);
+    HypergeometricPoint start = SumHypergeometric(p, {kMeeting, 0}, tolerance);
+    const auto [there, at] = SolutionsAt(p, {1 - kMeeting, 0}, place.w, tolerance);
+    // w d/dw there
+    const DoubleDouble slope = Divide(Multiply(start.slope, kMeeting - 1), kMeeting);
+    const DoubleDouble determinant = Subtract(Multiply(there.regular, there.otherSlope),
+                                              Multiply(there.other, there.regularSlope));
+    const DoubleDouble first =
+        Divide(Subtract(Multiply(start.value, there.otherSlope), Multiply(there.other, slope)),
+               determinant);
+    const DoubleDouble second =
+        Divide(Subtract(Multiply(there.regular, slope), Multiply(there.regularSlope, start.value)),
+               determinant);
+    start.value = Add(Multiply(first, at.regular), Multiply(second, at.other));
+    start.slope = Add(Multiply(first, at.regularSlope), Multiply(second, at.otherSlope));
+    start.slope = Negate(Multiply(start.slope, place.odds));
+    return start;
+}
+
+}  // namespace kalvex::specfun

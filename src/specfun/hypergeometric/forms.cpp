@@ -1,0 +1,98 @@
+// What the forms of the hypergeometric function cost, in terms of a series of twice the precision:
+// the length of the series from the decay of its terms and from where terms of one sign stop
+// growing, the walk from its steps.
+#include "specfun/hypergeometric/forms.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kalvex::specfun {
+namespace {
+
+/// Short series are not worth a look: they tell themselves. Before the term where c+k becomes
+/// positive nothing is known of those behind it.
+bool IsLikelyToCancel(const HypergeometricParameters& p, double z, double terms) {
+    constexpr double kLoss = 28;
+    constexpr double kMostLoss = 40;
+    constexpr double kShort = 100;
+    constexpr double kSmall = 0.1;
+    const double loss = ExpectedLoss(p, z);
+    if (p.c.high < -kShort && std::fabs(z) > kSmall) return true;
+    return loss > kMostLoss || (terms > kShort && loss > kLoss);
+}
+
+/// Where the terms stop growing: (a+k)(b+k) z = (c+k)(1+k), or about there.
+double GreatestTerm(const HypergeometricParameters& p, double z) {
+    if (!(z < 1)) return 0;
+    if (!(p.a.high > 0 && p.b.high > 0 && p.c.high > 0)) {
+        return std::max(0.0, (p.a.high + p.b.high - p.c.high - 1) / -std::log(z));
+    }
+    const double linear = z * (p.a.high + p.b.high) - p.c.high - 1;
+    const double root = linear * linear + 4 * (1 - z) * (z * p.a.high * p.b.high - p.c.high);
+    return root > 0 ? std::max(0.0, (linear + std::sqrt(root)) / (2 * (1 - z))) : 0;
+}
+
+}  // namespace
+
+bool EndsBefore(DoubleDouble a, DoubleDouble c) {
+    return IsNegativeInteger(a) && (!IsNegativeInteger(c) || a.high >= c.high);
+}
+
+double DegreeOf(const HypergeometricParameters& p) {
+    double degree = INFINITY;
+    if (EndsBefore(p.a, p.c)) degree = -p.a.high;
+    if (EndsBefore(p.b, p.c)) degree = std::min(degree, -p.b.high);
+    return degree;
+}
+
+std::array<Form, 4> FormsOf(const HypergeometricParameters& p) {
+    const DoubleDouble fromA = Subtract(p.c, p.a);
+    const DoubleDouble fromB = Subtract(p.c, p.b);
+    return {Form{p, {}}, Form{{fromA, fromB, p.c}, Subtract(fromA, p.b)},
+            Form{{p.a, fromB, p.c}, Negate(p.a), true}, Form{{fromA, p.b, p.c}, Negate(p.b), true}};
+}
+
+double ExpectedLoss(const HypergeometricParameters& p, double z) {
+    const double a = p.a.high;
+    const double b = p.b.high;
+    const double c = p.c.high;
+    const bool oneSign = c > 0 && (a > 0) == (b > 0) && z > 0;
+    if (oneSign) return 0;
+    const double product = std::fabs(a * b * z);
+    const double loss = 2 * std::sqrt(product);
+    return c > 0 ? std::min(loss, product / std::max(c, 1.0)) : loss;
+}
+
+double CostOf(const Form& form, double x) {
+    constexpr double kPowerCost = 30;
+    constexpr double kMostDegree = 3000;
+    constexpr double kFew = 20;
+    constexpr double kImpossible = 1e9;
+    const double z = form.pfaff ? x / (x - 1) : x;
+    const double magnitude = std::fabs(z);
+    double terms = 40 / -std::log(magnitude) + 4 * GreatestTerm(form.p, magnitude);
+    const double decay = form.p.c.high - form.p.a.high - form.p.b.high;
+    if (decay > 0) {  // the terms fall as k^(-1-decay) even at z = 1
+        const double scale = 1 + std::fabs(form.p.a.high) + std::fabs(form.p.b.high);
+        terms = std::min(terms, (scale + std::fabs(form.p.c.high)) * std::exp(40 / decay));
+    }
+    const double degree = DegreeOf(form.p);
+    if (magnitude >= 1 && degree > kMostDegree) return kImpossible;
+    terms = std::min(terms, degree);
+    if (form.power.high != 0) terms += kPowerCost;
+    if (degree < kFew) return terms;
+    return IsLikelyToCancel(form.p, z, terms) ? terms + kHopeless : terms;
+}
+
+double CostOfShifts(const Form& form, double x) {
+    constexpr double kOfOne = 3;
+    constexpr double kOfOneInBlock = 0.9;
+    constexpr double kOfBlocks = 200;
+    constexpr double kOfStart = 100;
+    constexpr double kOfStartNearOne = 450;
+    const double steps = ShiftsTo(form.p);
+    const double ofSteps = std::min(kOfOne * steps, kOfBlocks + kOfOneInBlock * steps);
+    return ofSteps + (x > 0.5 ? kOfStartNearOne : kOfStart);
+}
+
+}  // namespace kalvex::specfun

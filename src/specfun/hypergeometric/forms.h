@@ -1,0 +1,39 @@
+// The forms of the Gauss hypergeometric function and what each of them is likely to cost. Internal
+// to the special functions.
+#pragma once
+
+#include <array>
+
+#include "specfun/hypergeometric/parts.h"
+
+namespace kalvex::specfun {
+
+inline constexpr double kHopeless = 1e6;  // added to the cost of what is likely to cancel
+
+/// F = (1-x)^power times the series.
+struct Form {
+    HypergeometricParameters p;
+    DoubleDouble power;
+    bool pfaff = false;
+    double cost = 0;
+};
+
+/// A negative integer whose series ends before c meets 0.
+bool EndsBefore(DoubleDouble a, DoubleDouble c);
+
+/// The degree of a polynomial, else infinite.
+double DegreeOf(const HypergeometricParameters& p);
+
+/// The series itself, Euler's and Pfaff's two (DLMF 15.8.1).
+std::array<Form, 4> FormsOf(const HypergeometricParameters& p);
+
+/// How many digits, as a natural logarithm, the power series in z is likely to lose.
+double ExpectedLoss(const HypergeometricParameters& p, double z);
+
+/// Terms of the series, as far as they can be foreseen.
+double CostOf(const Form& form, double x);
+
+/// Terms of a series that take as long as the walk to the form.
+double CostOfShifts(const Form& form, double x);
+
+}  // namespace kalvex::specfun

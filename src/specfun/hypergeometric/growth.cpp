@@ -1,0 +1,67 @@
+// With l, m and n, the differences of the exponents at 0, 1 and infinity, the solutions for large
+// parameters go as exp(+-1/2 integral of sqrt(D)/(z(1-z))), D = l^2 (1-z) + m^2 z - n^2 z (1-z)
+// (Liouville and Green; DLMF 2.7). Where the recurrence along a straight line of parameters has two
+// solutions that grow alike, at the turning points D = 0, it has no lesser one. Between 0 and the
+// turning points, real or not, the function is for c above 1, being small at 0 beside z^(1-c), and
+// is not for c below. So the integral from z to there, three logarithms, tells what the two grow
+// apart.
+#include "specfun/hypergeometric/growth.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kalvex::specfun {
+namespace {
+
+struct Exponents {
+    double atZero;
+    double atOne;
+    double atInfinity;
+    double l;
+    double m;
+    double n;
+};
+
+Exponents ExponentsOf(const HypergeometricParameters& p) {
+    const double atZero = std::fabs(p.c.high - 1);
+    const double atOne = std::fabs(Subtract(Subtract(p.c, p.a), p.b).high);
+    const double atInfinity = std::fabs(Subtract(p.a, p.b).high);
+    return {atZero, atOne, atInfinity, atZero * atZero, atOne * atOne, atInfinity * atInfinity};
+}
+
+double Discriminating(const Exponents& e, double z, double w) {
+    return std::max(0.0, e.l * w + e.m * z - e.n * z * w);
+}
+
+}  // namespace
+
+double Outgrown(const HypergeometricParameters& p, double z, double w) {
+    constexpr double kTiny = 1e-250;
+    const Exponents e = ExponentsOf(p);
+    const auto [atZero, atOne, atInfinity, l, m, n] = e;
+    const double root = std::sqrt(Discriminating(e, z, w));
+    const double discriminant = (atZero + atOne + atInfinity) * (atZero + atOne - atInfinity) *
+                                (atZero - atOne + atInfinity) * (atZero - atOne - atInfinity);
+    const double unit = std::sqrt(std::max(std::fabs(discriminant), kTiny));
+    const bool swings = atZero + atOne < atInfinity;
+    if (swings && z >= (l + n - m - unit) / (2 * n)) return 0;
+    const auto part = [unit, root](double difference, double of, double distance) {
+        const double size = std::fabs(of) + 2 * difference * root;
+        return difference * std::copysign(std::log(size / (distance * unit)), of);
+    };
+    const double apart = part(atZero, 2 * l + (m - l - n) * z, z) -
+                         part(atOne, 2 * m + (l - m - n) * w, w) +
+                         part(atInfinity, 2 * n * z + m - l - n, 1);
+    return p.c.high > 1 ? apart : -apart;
+}
+
+double SlopeOfLesser(const HypergeometricParameters& p, double z, double w) {
+    const Exponents e = ExponentsOf(p);
+    const double d = Discriminating(e, z, w);
+    const double change = e.m - e.l - e.n * (w - z);
+    const double drift = p.a.high + p.b.high + 1 - p.c.high;
+    return (drift * z + std::sqrt(d)) / (2 * w) - p.c.high / 2 + (1 - z / w) / 2 -
+           z * change / (4 * d);
+}
+
+}  // namespace kalvex::specfun

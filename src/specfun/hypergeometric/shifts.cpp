@@ -1,0 +1,198 @@
+// The Gauss hypergeometric function by steps of 1 in its parameters. The walk starts at parameters
+// of the same fractions next to 0, where the series at 0 and at 1 are short, and follows the
+// straight line to those wanted: on it the turning points of the equation stay where they are, so
+// that a point between them stays there and no solution outgrows the other (Gil, Segura, Temme
+// 2007). It costs as many steps as the parameters are large, however fast the function swings.
+// Outside the turning points one solution may outgrow the other; where the function is the lesser
+// one the walk goes the other way round, from far out to the start (Gautschi 1967).
+//
+// Beside w^0 the other behaviour at z = 1 is w^s, w = 1-z, s = c-a-b: a step that lowers s
+// multiplies rounding errors of that kind by 1/w, one that raises it by w. So both kinds alternate.
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "specfun/hypergeometric/forms.h"
+#include "specfun/hypergeometric/growth.h"
+#include "specfun/hypergeometric/walk.h"
+
+namespace kalvex::specfun {
+namespace {
+
+constexpr double kTolerance = 0x1p-100;
+constexpr double kBearable = 29;  // of what the walk outwards may lose, of 69 in all
+constexpr HypergeometricPoint kFailure = {{}, {}, 0, true};
+
+/// For integral c-a or c-b next to 0, by which the steps divide, a place two steps of a or b before
+/// the end.
+HypergeometricParameters BeforeEnd(HypergeometricParameters p) {
+    constexpr double kClose = 2;
+    for (DoubleDouble* a : {&p.a, &p.b}) {
+        const DoubleDouble apart = Subtract(p.c, *a);
+        if (apart.low != 0 || std::floor(apart.high) != apart.high) continue;
+        if (std::fabs(apart.high) < kClose) *a = PlusInteger(*a, apart.high > 0 ? -kClose : kClose);
+    }
+    return p;
+}
+
+/// The walk from where the function is known to where it is wanted.
+HypergeometricPoint Outwards(const HypergeometricParameters& from, const HypergeometricPoint& start,
+                             const HypergeometricParameters& to, const Place& place) {
+    Traveller t = StartOf(from, start, place);
+    if (IsNegativeInteger(to.c) && !WalkTo(BeforeEnd(to), place, t)) return kFailure;
+    return WalkTo(to, place, t) ? PointOf(t) : kFailure;
+}
+
+/// Comes to p from `part` of the steps beyond it, where value and slope are known about. How well
+/// what they lack is forgotten is seen from a second walk, in two halves because plain arithmetic
+/// does not see the whole, and half way what they lacked: less than what they would lack there.
+/// Returns the error of the slope relative to the value, infinite on failure.
+double ComeFromFar(const HypergeometricParameters& p, const std::array<double, 3>& steps,
+                   double part, const Place& place, Traveller& t) {
+    const auto slope = [&](const HypergeometricParameters& at) {
+        return SlopeOfLesser(at, place.z.high, place.w.high);
+    };
+    const HypergeometricParameters far = Beyond(p, steps, part);
+    const HypergeometricParameters middle = Beyond(p, steps, part / 2);
+    t = StartOf(far, {{1, 0}, {slope(far), 0}, 0}, place);
+    TurnTwin(t, place);
+    if (!WalkTo(middle, place, t)) return INFINITY;
+    const Column<DoubleDouble>& own = t.at.columns[0];
+    const double lacking = 2 * std::fabs(1 - slope(middle) * own.value.high / own.slope.high);
+    const double error = ApartInDirection(t) * std::min(1.0, lacking);
+    TurnTwin(t, place);
+    return WalkTo(p, place, t) ? error * ApartInDirection(t) : INFINITY;
+}
+
+bool IsGood(const HypergeometricPoint& point) {
+    constexpr double kGood = 0x1p-57;
+    return point.error < kGood * (std::fabs(point.value.high) + std::fabs(point.slope.high));
+}
+
+/// The factor that makes `known` what is known of it, for `point`.
+void ScaleTo(const HypergeometricPoint& start, const HypergeometricPoint& known,
+             HypergeometricPoint& point) {
+    const DoubleDouble factor = Divide(start.value, known.value);
+    point.value = Multiply(point.value, factor);
+    point.slope = Multiply(point.slope, factor);
+    point.exponent += start.exponent - known.exponent;
+    point.error = std::fabs(point.value.high / start.value.high) * start.error;
+    point.failed = !std::isfinite(point.value.high);
+}
+
+/// Where other solutions outgrow the function on the way out, they are outgrown on the way in
+/// (Miller's algorithm): a walk from far out has value and slope of the function, but for a factor,
+/// by the time it comes to where they are wanted, and the factor is told by the start. Farther
+/// where the two kinds of solution hardly differ.
+HypergeometricPoint Inwards(const HypergeometricParameters& from, const HypergeometricPoint& start,
+                            const HypergeometricParameters& to, const Place& place,
+                            double outgrown) {
+    constexpr double kNeeded = 38;
+    const std::array<double, 3> steps = StepsBetween(from, to);
+    HypergeometricPoint point = kFailure;
+    for (const double times : {1.0, 1.5, 3.0}) {
+        Traveller t;
+        const double error = ComeFromFar(to, steps, times * kNeeded / outgrown, place, t);
+        if (!(error < 1)) continue;
+        MoveTwin(t, error);
+        point = PointOf(t);
+        const double twin = t.at.columns[0].twin / point.value.high;
+        if (!WalkTo(from, place, t)) return kFailure;
+        ScaleTo(start, PointOf(t), point);
+        const double apart = twin - t.at.columns[0].twin / t.at.columns[0].value.high;
+        point.error += kTwinError * std::fabs(apart * point.value.high);
+        if (IsGood(point)) break;
+    }
+    return point;
+}
+
+HypergeometricPoint WalkFrom(const HypergeometricParameters& from,
+                             const HypergeometricParameters& to, const Place& place) {
+    constexpr double kFewSteps = 40;
+    constexpr double kLessTolerance = 0x1p-72;
+    const Route route = RouteOf(StepsBetween(from, to));
+    if (route.ups + route.downs <= kFewSteps) {
+        const HypergeometricPoint start = AtStart(from, place, kLessTolerance);
+        const HypergeometricPoint point = start.failed ? start : Outwards(from, start, to, place);
+        if (!point.failed && IsGood(point)) return point;
+    }
+    const HypergeometricPoint start = AtStart(from, place, kTolerance);
+    if (start.failed) return start;
+    const double outgrown = to.c.high > 1 ? Outgrown(to, place.z.high, place.w.high) : 0;
+    if (outgrown > kBearable) return Inwards(from, start, to, place, outgrown);
+    const HypergeometricPoint point = Outwards(from, start, to, place);
+    const bool isLost = point.failed || !IsGood(point);
+    return isLost && outgrown > 1 ? Inwards(from, start, to, place, outgrown) : point;
+}
+
+/// a (a+1) ... (a+count-1) less a power of two, of which `exponent` takes `sign` times the
+/// exponent.
+DoubleDouble RisingProduct(DoubleDouble a, double count, int sign, int& exponent) {
+    constexpr int kBetweenScaling = 16;
+    DoubleDouble product = {1, 0};
+    for (int k = 0; k < count; ++k) {
+        product = LooseProduct(product, PlusInteger(a, k));
+        if (k % kBetweenScaling != 0 && k + 1 < count) continue;
+        int own = 0;
+        product.high = std::frexp(product.high, &own);
+        product.low = std::ldexp(product.low, -own);
+        exponent += sign * own;
+    }
+    return product;
+}
+
+/// F(-n,b;c;z) = (c-b)_n / (c)_n F(-n,b;1+b-c-n;1-z) (DLMF 15.8.7), for c-a-b below 0, where the
+/// behaviour w^s outgrows the polynomial next to z = 1.
+HypergeometricPoint Reflected(const HypergeometricParameters& p, const Place& place,
+                              const HypergeometricParameters& other, const Place& mirrored) {
+    constexpr double kBearableLoss = 18;
+    if (-p.a.high > kMostShifts) return kFailure;
+    HypergeometricPoint point = kFailure;
+    if (ExpectedLoss(other, place.w.high) < kBearableLoss) {
+        point = SumHypergeometric(other, place.w, kTolerance);
+    }
+    if (point.failed || !IsGood(point)) {
+        point = WalkFrom(PolynomialStart(other), other, mirrored);
+    }
+    if (point.failed) return point;
+    point.slope = LooseProduct(Negate(point.slope), place.odds);
+    int exponent = 0;
+    const DoubleDouble factor = Divide(RisingProduct(Subtract(p.c, p.b), -p.a.high, 1, exponent),
+                                       RisingProduct(p.c, -p.a.high, -1, exponent));
+    point.exponent += exponent;
+    point.value = Multiply(point.value, factor);
+    point.slope = Multiply(point.slope, factor);
+    point.error *= std::fabs(factor.high);
+    return point;
+}
+
+}  // namespace
+
+KALVEX_WITH_FMA
+HypergeometricPoint HypergeometricByShifts(const HypergeometricParameters& p, DoubleDouble z,
+                                           DoubleDouble w) {
+    return WalkFrom(GeneralStart(p), p, PlaceAt(z, w));
+}
+
+KALVEX_WITH_FMA
+HypergeometricPoint PolynomialByShifts(const HypergeometricParameters& p, DoubleDouble z,
+                                       DoubleDouble w) {
+    const DoubleDouble s = Subtract(Subtract(p.c, p.a), p.b);
+    const Place place = PlaceAt(z, w);
+    const Place mirrored = {w, z, place.evens, place.odds, place.inverseZ, place.inverse};
+    const HypergeometricParameters other = {p.a, p.b, PlusInteger(Negate(s), 1)};
+    const bool isLesser = p.c.high > 1 && Outgrown(p, z.high, w.high) > kBearable;
+    const bool isLesserThere =
+        s.high < 0 ? z.high > 0.5 || Outgrown(other, w.high, z.high) > kBearable
+                   : p.c.high <= p.a.high && Outgrown(p, z.high, w.high) > kBearable;
+    if (isLesserThere && !isLesser) return Reflected(p, place, other, mirrored);
+    return WalkFrom(PolynomialStart(p), p, place);
+}
+
+double ShiftsTo(const HypergeometricParameters& p) {
+    const Route route =
+        RouteOf(StepsBetween(IsNegativeInteger(p.a) ? PolynomialStart(p) : GeneralStart(p), p));
+    return route.ups + route.downs;
+}
+
+}  // namespace kalvex::specfun
