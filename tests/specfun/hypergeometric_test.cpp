@@ -129,6 +129,52 @@ TEST(Hypergeometric, NextToPoles) {
                 1, 1e-10);
 }
 
+// One parameter or x next to 0: what is linear there.
+TEST(Hypergeometric, NextToZero) {
+    const double least = 5e-324;
+    const double last = 1 - 0x1p-53;
+    EXPECT_EQ(Hypergeometric2F1(least, 2.5, -4.2, 0.9999999), 1);
+    EXPECT_EQ(Hypergeometric2F1(-1.36, -1.2e-74, -4.16, last), 1);
+    EXPECT_EQ(Hypergeometric2F1(1e-20, -527.13, 633, -0.999999), 1);
+    EXPECT_EQ(Hypergeometric2F1(-3, 1.34, -4 * least, 4096 * least), 1 + 3 * 1.34 * 1024);
+    EXPECT_EQ(Hypergeometric2F1(5, 7.25, -500.5, 1e-310), 1);
+    EXPECT_EQ(Hypergeometric2F1(0.5, 3.5, -2500.5, -1e-310), 1);
+    // c next to a negative integer as well
+    EXPECT_EQ(Hypergeometric2F1(-3 * least, -0.4, -0.99999999999999967, 0.99999999999999223), 1);
+    EXPECT_EQ(Hypergeometric2F1(2 * least, 0.31, -0.99999999999999978, 0.99999861033526505), 1);
+}
+
+// c-a or c an integer but for the last bits: right, whatever cancels. The values have 20 digits.
+TEST(Hypergeometric, NextToIntegers) {
+    const struct {
+        double a, b, c, x, expected;
+    } rows[] = {
+        {-7.2, -7.2, -8.2, 0.999, 2.2058651455243319e-19},
+        {-3.4, -3.4, -4.4, 0.9999, 1.9410602399485240e-10},
+        {-9.8, -7.3, -8.3, 0.99, -1.2105251919504083e-15},
+        {-0.4, -3.4, -1.4, 0.9999999999999999, -3.6673619687667404e-16},
+        {-254.31999999999999, 5.0999999999999996, -258.32000000000011, -0.99999999999999989,
+         0.030329241952697938},
+        {1.7653984501462515e-14, 1.7653984501462515e-14, -0.99999999999998235, 0.99999961412737626,
+         0.99999995424574194},
+    };
+    for (const auto& row : rows) {
+        EXPECT_LE(Ulps(Hypergeometric2F1(row.a, row.b, row.c, row.x), row.expected), 2) << row.a;
+        EXPECT_LE(Ulps(Hypergeometric2F1(row.b, row.a, row.c, row.x), row.expected), 2) << row.a;
+    }
+}
+
+// Parameters as large as can be neither hang nor are they refused where the value is plain.
+TEST(Hypergeometric, HugeParameters) {
+    EXPECT_EQ(Hypergeometric2F1(-0.1, 1e8, -2.1, 1e-100), 1);
+    EXPECT_EQ(Hypergeometric2F1(1e-8, -1e20, -1.99999999, -1e-100), 1);
+    EXPECT_EQ(Hypergeometric2F1(-2147483647, 1, -1e-20, 1e-100), 1);
+    EXPECT_EQ(Hypergeometric2F1(1, 2147483647, -1e-50, 5e-324), 1);
+    EXPECT_EQ(Hypergeometric2F1(-1e8, 0.3, -1e-10, 1e-30), 1 + 3e-13);
+    EXPECT_EQ(Hypergeometric2F1(0, 1e308, 1e308, 0.5), 1);
+    EXPECT_EQ(Hypergeometric2F1(1e308, 1e308, 1, 0), 1);
+}
+
 // F(a,b;c;1) by Gauss for c-a-b above 0, growth (1-x)^(c-a-b) below it.
 TEST(Hypergeometric, AtTheEnd) {
     const double last = 1 - 0x1p-53;

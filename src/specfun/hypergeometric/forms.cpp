@@ -21,14 +21,14 @@ bool IsLikelyToCancel(const HypergeometricParameters& p, double z, double terms)
     return loss > kMostLoss || (terms > kShort && loss > kLoss);
 }
 
-/// Where the terms stop growing: (a+k)(b+k) z = (c+k)(1+k), or about there.
+/// Where the terms stop growing at last: (|a|+k)(|b|+k) z = (c+k)(1+k).
 double GreatestTerm(const HypergeometricParameters& p, double z) {
     if (!(z < 1)) return 0;
-    if (!(p.a.high > 0 && p.b.high > 0 && p.c.high > 0)) {
-        return std::max(0.0, (p.a.high + p.b.high - p.c.high - 1) / -std::log(z));
-    }
-    const double linear = z * (p.a.high + p.b.high) - p.c.high - 1;
-    const double root = linear * linear + 4 * (1 - z) * (z * p.a.high * p.b.high - p.c.high);
+    const double a = std::fabs(p.a.high);
+    const double b = std::fabs(p.b.high);
+    const double c = std::max(0.0, p.c.high);
+    const double linear = z * (a + b) - c - 1;
+    const double root = linear * linear + 4 * (1 - z) * (z * a * b - c);
     return root > 0 ? std::max(0.0, (linear + std::sqrt(root)) / (2 * (1 - z))) : 0;
 }
 

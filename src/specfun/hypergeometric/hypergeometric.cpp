@@ -1,16 +1,11 @@
-// Gauss hypergeometric function, -1 < x < 1. The power series is taken in the form that converges
-// fast and is not likely to cancel (DLMF 15.8.1):
-//   F(a,b;c;x) = (1-x)^(c-a-b) F(c-a,c-b;c;x)
-//              = (1-x)^(-a) F(a,c-b;c;x/(x-1)) = (1-x)^(-b) F(c-a,b;c;x/(x-1)).
-// Each form measures what it lost; if that was too much for a double the next one is tried. Where
-// the forms cancel or converge slowly a walk along the contiguous relations leads from parameters
-// next to 0 to those wanted (shifts.cpp).
+// Gauss hypergeometric function, -1 < x < 1: what is legal, and the parameters next to those where
+// the function is simpler, from which its methods (best_value.cpp) would come with too few digits.
 #include <algorithm>
 #include <array>
 #include <cmath>
 
+#include "specfun/hypergeometric/best_value.h"
 #include "specfun/hypergeometric/forms.h"
-#include "specfun/hypergeometric/parts.h"
 #include "specfun/specfun.h"
 
 namespace kalvex::specfun {
@@ -18,129 +13,105 @@ namespace {
 
 constexpr char kOverflow[] = "Overflow in Hypergeometric2F1";
 
-struct Value {
-    DoubleDouble fraction;
-    int exponent = 0;
-    double loss = INFINITY;  // estimated error by what the last bit of x does
-};
-
-constexpr double kGoodEnough = 0x1p-56;
-constexpr double kBearable = 0x1p-52;
-
-DoubleDouble LogOneLess(double x) {
-    constexpr double kSmall = 0.4;
-    return std::fabs(x) < kSmall ? LogOnePlus({-x, 0}) : Log(TwoSum(1, -x));
+/// 1 + rise 2^exponent.
+Value OnePlus(DoubleDouble rise, int exponent, double loss) {
+    const DoubleDouble part = Scale(rise, exponent);
+    const DoubleDouble sum = Add(part, 1.0);
+    return {sum, 0, loss * (1 + std::fabs(part.high)) / std::fabs(sum.high)};
 }
 
-/// The function from that of the form, `sum` at z.
-Value ValueOf(const Form& form, const HypergeometricPoint& sum, double x) {
-    if (sum.singular) throw ap::ap_error{kOverflow};
-    if (sum.failed) return {};
-    const double own = form.pfaff ? sum.slope.high / (1 - x) : sum.slope.high;
-    const double slope = own - form.power.high * x / (1 - x) * sum.value.high;
-    Value value = {sum.value, sum.exponent,
-                   sum.error / (std::fabs(sum.value.high) + std::fabs(slope))};
-    if (form.power.high == 0) return value;
-    const DoubleDouble exponent = Multiply(form.power, LogOneLess(x));
-    constexpr double kMostExponent = 1e8;
-    if (!(std::fabs(exponent.high) < kMostExponent)) return {};
-    int more = 0;
-    value.fraction = Multiply(value.fraction, ExpScaled(exponent, more));
-    value.exponent += more;
+/// 1 + a b x / c factor.
+Value OnePlusFirstTerm(const HypergeometricParameters& p, double x, const Value& factor) {
+    int exponent = 0;
+    DoubleDouble rise = Divide(factor.fraction, std::frexp(p.c.high, &exponent));
+    exponent = factor.exponent - exponent;
+    for (const double part : {p.a.high, p.b.high, x}) {
+        int own = 0;
+        rise = Multiply(rise, std::frexp(part, &own));
+        exponent += own;
+    }
+    return OnePlus(rise, exponent, factor.loss);
+}
+
+/// For c next to 0, where only its reciprocal counts: 1 + a b x / c F(a+1,b+1;2;x).
+Value NextToPole(const HypergeometricParameters& p, double x) {
+    return OnePlusFirstTerm(p, x, BestValue({PlusInteger(p.a, 1), PlusInteger(p.b, 1), {2, 0}}, x));
+}
+
+/// For x next to 0, where the second term is as nothing beside the first.
+bool IsLinear(const HypergeometricParameters& p, double x) {
+    constexpr double kNothing = 1e-250;
+    constexpr double kMost = 1e60;
+    return std::fabs(x) < kNothing && std::fabs(p.a.high) < kMost && std::fabs(p.b.high) < kMost;
+}
+
+/// For a next to 0, on which the function depends linearly there: its rise from a = 0 to a larger
+/// one tells.
+Value OfTiny(HypergeometricParameters p, double x) {
+    constexpr double kLarger = 0x1p-40;
+    constexpr double kCurvature = 0x1p8;  // the second derivative by the first, with a margin
+    const double factor = p.a.high / kLarger;
+    p.a = {kLarger, 0};
+    const Value larger = BestValue(p, x);
+    const DoubleDouble rise = Subtract(Scale(larger.fraction, larger.exponent), 1.0);
+    Value value = OnePlus(Multiply(rise, factor), 0, larger.loss * std::fabs(factor));
+    value.loss += std::fabs(Subtract(value.fraction, 1.0).high) * kLarger * kCurvature;
     return value;
 }
 
-DoubleDouble ArgumentOf(const Form& form, double x) {
-    return form.pfaff ? Divide({x, 0}, TwoSum(x, -1)) : DoubleDouble{x, 0};
+/// What is left of an integral c-a = 0, -1, -2, ... by rounding, or 0: there the function is w^s
+/// times a polynomial and a part in proportion to what is left, which may be all that counts and of
+/// which a walk past the integer keeps too little.
+DoubleDouble BesideInteger(const HypergeometricParameters& p) {
+    constexpr double kFar = 0x1p-38;
+    const DoubleDouble apart = Subtract(p.c, p.a);
+    const double integer = std::nearbyint(apart.high);
+    const DoubleDouble left = Subtract(apart, integer);
+    return integer <= 0 && std::fabs(left.high) < kFar ? Negate(left) : DoubleDouble{};
 }
 
-Value BySeries(const Form& form, double x) {
-    constexpr double kTolerance = 0x1p-62;
-    return ValueOf(form, SumHypergeometric(form.p, ArgumentOf(form, x), kTolerance), x);
-}
-
-void KeepBetter(Value& best, const Value& other) {
-    if (other.loss < best.loss) best = other;
-}
-
-/// Whether the i-th form is the function: the transformations divide by c or by what else is 0
-/// there, and at a pole those of Euler hold for two polynomials and Pfaff's for the one that a
-/// ends.
-bool IsValid(const HypergeometricParameters& p, std::size_t i) {
-    constexpr double kNextToPole = 1e-250;
-    if (i == 0) return true;
-    if (IsNegativeInteger(p.c)) return i == 2 || EndsBefore(p.b, p.c);
-    return std::fabs(p.c.high) >= kNextToPole;
-}
-
-Form WithDegreeFirst(Form form) {
-    const bool aEnds = EndsBefore(form.p.a, form.p.c);
-    const bool bEnds = EndsBefore(form.p.b, form.p.c);
-    if (bEnds && !(aEnds && form.p.a.high > form.p.b.high)) std::swap(form.p.a, form.p.b);
-    return form;
-}
-
-/// The forms to walk to, with z from 0 to 1: first a polynomial if there is one, a being its
-/// degree, else that with c-a-b at least 0.
-std::array<Form, 2> FormsForShifts(const std::array<Form, 4>& forms, double x) {
-    const std::size_t first = x > 0 ? 0 : 2;
-    std::array<Form, 2> found = {WithDegreeFirst(forms[first]), WithDegreeFirst(forms[first + 1])};
-    if (found[1].cost == INFINITY) return found;
-    const double degrees[] = {DegreeOf(found[0].p), DegreeOf(found[1].p)};
-    const double s = Subtract(Subtract(found[0].p.c, found[0].p.a), found[0].p.b).high;
-    if (degrees[1] < degrees[0] || (degrees[1] == degrees[0] && s < 0)) {
-        std::swap(found[0], found[1]);
+/// By the value where c-a is integral and two derivatives in a there, from values farther off.
+Value FromInteger(HypergeometricParameters p, DoubleDouble left, double x) {
+    constexpr double kApart = 0x1p-25;
+    constexpr double kOfDifferences = 0x1p-62;
+    p.a = Subtract(p.a, left);
+    const DoubleDouble middle = p.a;
+    const Value centre = BestValue(p, x);
+    std::array<DoubleDouble, 4> values;
+    double error = centre.loss * std::fabs(centre.fraction.high);
+    double size = 0;
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        constexpr std::array<double, 4> kPlaces = {-2, -1, 1, 2};
+        p.a = Add(middle, kPlaces[i] * kApart);
+        const Value value = BestValue(p, x);
+        values[i] = Scale(value.fraction, value.exponent - centre.exponent);
+        size = std::max(size, (value.loss + kOfDifferences) * std::fabs(values[i].high));
     }
-    return found;
+    const DoubleDouble near = Subtract(values[2], values[1]);
+    const DoubleDouble far = Subtract(values[3], values[0]);
+    const DoubleDouble slope = Divide(Subtract(Multiply(near, 8), far), 12 * kApart);
+    const DoubleDouble bend = Subtract(Add(values[1], values[2]), Multiply(centre.fraction, 2));
+    const DoubleDouble half = Divide(bend, 2 * kApart * kApart);
+    const DoubleDouble rise = Multiply(Add(slope, Multiply(half, left)), left);
+    const DoubleDouble sum = Add(centre.fraction, rise);
+    error += size * std::fabs(left.high / kApart);
+    return {sum, centre.exponent, error / std::fabs(sum.high)};
 }
 
-/// A polynomial's own walk, then the general ones, the second of them where the function may
-/// swing.
-Value ByShifts(const std::array<Form, 2>& forms, double x) {
-    const DoubleDouble z = ArgumentOf(forms[0], x);
-    const DoubleDouble w = forms[0].pfaff ? Divide({1, 0}, TwoSum(1, -x)) : TwoSum(1, -x);
-    const HypergeometricParameters& p = forms[0].p;
-    const bool polynomial = EndsBefore(p.a, p.c);
+Value ValueOf(HypergeometricParameters p, double x) {
+    constexpr double kTiny = 0x1p-75;      // whose square counts for nothing
+    constexpr double kDoubtful = 0x1p-64;  // next to an integer estimates are rough
+    if (IsLinear(p, x)) return OnePlusFirstTerm(p, x, {{1, 0}, 0, kGoodEnough / 2});
+    if (p.c.high != 0 && std::fabs(p.c.high) < kTiny) return NextToPole(p, x);
+    if (std::fabs(p.b.high) < std::fabs(p.a.high) && !IsNegativeInteger(p.c)) std::swap(p.a, p.b);
     Value best;
-    if (polynomial) best = ValueOf(forms[0], PolynomialByShifts(p, z, w), x);
-    for (const Form& form : forms) {
-        if (best.loss < kGoodEnough || IsNegativeInteger(p.c)) break;
-        KeepBetter(best, ValueOf(form, HypergeometricByShifts(form.p, z, w), x));
-        if (!polynomial && (p.a.high < 0) == (p.b.high < 0)) break;
+    if (std::fabs(p.a.high) < kTiny) best = OfTiny(p, x);
+    if (best.loss >= kGoodEnough) KeepBetter(best, BestValue(p, x));
+    for (int i = 0; i < 2 && best.loss >= kDoubtful && !IsNegativeInteger(p.c); ++i) {
+        std::swap(p.a, p.b);
+        const DoubleDouble left = BesideInteger(p);
+        if (left.high != 0) KeepBetter(best, FromInteger(p, left, x));
     }
-    return best;
-}
-
-/// The forms that cost `least` to `most`, the cheapest first, until one is good enough. Those that
-/// are likely to cancel are measured first.
-void TrySeries(const std::array<Form, 4>& sorted, double x, double least, double most,
-               Value& best) {
-    constexpr double kBearableLoss = 28;
-    for (const Form& form : sorted) {
-        if (best.loss < kGoodEnough) return;
-        if (form.cost <= least || form.cost > most) continue;
-        const double z = form.pfaff ? x / (x - 1) : x;
-        if (form.cost >= kHopeless && MeasuredLoss(form.p, z) > kBearableLoss) continue;
-        KeepBetter(best, BySeries(form, x));
-    }
-}
-
-/// The methods from the quickest up, until one is good enough.
-Value BestValue(const HypergeometricParameters& p, double x) {
-    constexpr double kMostTerms = 1200;
-    std::array<Form, 4> forms = FormsOf(p);
-    for (std::size_t i = 0; i < forms.size(); ++i)
-        forms[i].cost = IsValid(p, i) ? CostOf(forms[i], x) : INFINITY;
-    const std::array<Form, 2> shifted = FormsForShifts(forms, x);
-    std::sort(forms.begin(), forms.end(),
-              [](const Form& left, const Form& right) { return left.cost < right.cost; });
-    const bool walks = IsNegativeInteger(p.c) || IsValid(p, 1);
-    const double walk = walks ? CostOfShifts(shifted[0], x) : kMostTerms;
-    Value best;
-    TrySeries(forms, x, -1, std::min(walk, kMostTerms), best);
-    if (walks && best.loss >= kGoodEnough) KeepBetter(best, ByShifts(shifted, x));
-    TrySeries(forms, x, walk, kMostTerms, best);
-    TrySeries(forms, x, kHopeless, kHopeless + kMostTerms, best);
     return best;
 }
 
@@ -148,7 +119,7 @@ Value BestValue(const HypergeometricParameters& p, double x) {
 
 double Hypergeometric2F1(double a, double b, double c, double x) {
     if (std::isnan(x)) return x;
-    if (!std::isfinite(a + b + c)) throw ap::ap_error{kOverflow};
+    if (!std::isfinite(a) || !std::isfinite(b) || !std::isfinite(c)) throw ap::ap_error{kOverflow};
     if (!(std::fabs(x) < 1)) throw ap::ap_error{"Domain error in Hypergeometric2F1"};
     HypergeometricParameters p = {{a, 0}, {b, 0}, {c, 0}};
     if (IsNegativeInteger(p.c) && !EndsBefore(p.a, p.c)) {
@@ -156,7 +127,7 @@ double Hypergeometric2F1(double a, double b, double c, double x) {
         if (!EndsBefore(p.a, p.c)) throw ap::ap_error{kOverflow};
     }
     if (a == 0 || b == 0 || x == 0) return 1;
-    const Value value = BestValue(p, x);
+    const Value value = ValueOf(p, x);
     if (!(value.loss < kBearable)) throw ap::ap_error{kOverflow};
     const double result = std::ldexp(ToDouble(value.fraction), value.exponent);
     if (!std::isfinite(result)) throw ap::ap_error{kOverflow};

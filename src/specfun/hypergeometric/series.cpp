@@ -66,16 +66,18 @@ double Settled(const HypergeometricParameters& p) {
 
 /// Neither settles nor ends within so many terms.
 bool TooLong(const HypergeometricParameters& p, double settled, double most) {
-    const auto ends = [most](double a) { return a <= 0 && a >= -most && std::floor(a) == a; };
-    return settled > most && !ends(p.a.high) && !ends(p.b.high);
+    const auto ends = [most](DoubleDouble a) { return IsNegativeInteger(a) && a.high >= -most; };
+    return settled > most && !ends(p.a) && !ends(p.b);
 }
 
 /// Whether terms that are about to underflow come back before they fall for good.
 bool GrowsAgain(const HypergeometricParameters& p, double z, double k, double settled) {
     constexpr double kMuch = 460;
+    constexpr double kFarthest = 4000;  // beyond it nothing is known
+    if (settled > kFarthest) return true;
     double logarithm = 0;
     double change = 0;
-    for (; k <= settled || change > 0; k += 1) {
+    for (; k <= settled || (change > 0 && k < kFarthest); k += 1) {
         const double numerator = (p.a.high + k) * (p.b.high + k) * z;
         if (numerator == 0) return false;
         change = std::log(std::fabs(numerator / ((p.c.high + k) * (k + 1))));

@@ -67,8 +67,8 @@ inline Place PlaceAt(DoubleDouble z, DoubleDouble w) {
 }
 
 /// A solution on its way, and its twin in plain arithmetic that takes the same steps, terms of
-/// each sum off by kTwinOffset: how far the two come apart tells what rounding does, even where
-/// plain arithmetic happens to be exact.
+/// each sum off by about kTwinOffset: how far the two come apart tells what rounding does, even
+/// where plain arithmetic happens to be exact.
 template <typename Number>
 struct Column {
     using Plain = decltype(Number::high);
@@ -81,12 +81,30 @@ struct Column {
 inline constexpr double kTwinOffset = 0x1p-40;
 inline constexpr double kTwinError = 0x1p-100 / kTwinOffset;  // of a column by that of its twin
 inline constexpr double kOff = 1 + kTwinOffset;
-inline constexpr double kLess = 1 - kTwinOffset / 2;  // unlike the other, lest the two agree
+
+/// What terms of the twin are multiplied by: other numbers in every step, lest one step takes out
+/// what another has put in.
+struct Offsets {
+    double first = 0.5;  // between 0 and 1
+    double second = 0.25;
+    double off = 1;
+    double less = 1;
+
+    void Next() {
+        constexpr double kGolden = 0.6180339887498949;
+        constexpr double kSilver = 0.4142135623730951;
+        first += kGolden - (first + kGolden >= 1 ? 1 : 0);
+        second += kSilver - (second + kSilver >= 1 ? 1 : 0);
+        off = 1 + kTwinOffset * (0.5 + first);
+        less = 1 - kTwinOffset * (0.5 + second);
+    }
+};
 
 template <typename Number, std::size_t count>
 struct WalkerOf {
     std::array<Number, 3> p;  // a, b and c
     std::array<Column<Number>, count> columns;
+    Offsets offsets;
 };
 
 /// What is done to each column; the columns are counted out, so that they stay in registers.
@@ -108,9 +126,9 @@ void Raise(WalkerOf<Number, count>& at, const PlaceOf<Number>& place) {
         const Number rise = LooseProduct(column.slope, inverse);
         column.value = QuickAdd(column.value, rise);
         column.slope = SumOfProducts(ofRise, rise, ofValue, column.value);
-        const auto twinRise = column.twinSlope * inverse.high * kOff;
-        column.twin = column.twin * kLess + twinRise;
-        column.twinSlope = ofRise.high * twinRise * kOff + ofValue.high * column.twin;
+        const auto twinRise = column.twinSlope * inverse.high * at.offsets.off;
+        column.twin = column.twin * at.offsets.less + twinRise;
+        column.twinSlope = ofRise.high * twinRise * at.offsets.off + ofValue.high * column.twin;
     });
     at.p[own] = next;
 }
@@ -127,8 +145,9 @@ void Lower(WalkerOf<Number, count>& at, const PlaceOf<Number>& place) {
         const Number rise = SumOfProducts(ofSlope, column.slope, ofValue, column.value);
         column.value = QuickAdd(column.value, rise);
         column.slope = LooseProduct(before, rise);
-        const auto twinRise = ofSlope.high * column.twinSlope * kOff + ofValue.high * column.twin;
-        column.twin = column.twin * kOff + twinRise;
+        const auto twinRise =
+            ofSlope.high * column.twinSlope * at.offsets.off + ofValue.high * column.twin;
+        column.twin = column.twin * at.offsets.off + twinRise;
         column.twinSlope = before.high * twinRise;
     });
     at.p[own] = PlusInteger(a, -1);
@@ -147,8 +166,9 @@ void RaiseThird(WalkerOf<Number, count>& at, const PlaceOf<Number>& place) {
         const Number value = SumOfProducts(ofSlope, column.slope, ofValue, column.value);
         column.slope = LooseProduct(c, QuickAdd(column.value, Negate(value)));
         column.value = value;
-        const auto twin = ofSlope.high * column.twinSlope * kOff + ofValue.high * column.twin;
-        column.twinSlope = c.high * (column.twin * kOff - twin);
+        const auto twin =
+            ofSlope.high * column.twinSlope * at.offsets.off + ofValue.high * column.twin;
+        column.twinSlope = c.high * (column.twin * at.offsets.off - twin);
         column.twin = twin;
     });
     at.p[2] = PlusInteger(c, 1);
@@ -168,8 +188,9 @@ void LowerThird(WalkerOf<Number, count>& at, const PlaceOf<Number>& place) {
         const Number value = QuickAdd(column.value, LooseProduct(column.slope, inverse));
         column.slope = SumOfProducts(ofBefore, column.value, ofValue, value);
         column.value = value;
-        const auto twin = column.twin * kLess + column.twinSlope * inverse.high * kOff;
-        column.twinSlope = ofBefore.high * column.twin * kOff + ofValue.high * twin;
+        const auto twin =
+            column.twin * at.offsets.less + column.twinSlope * inverse.high * at.offsets.off;
+        column.twinSlope = ofBefore.high * column.twin * at.offsets.off + ofValue.high * twin;
         column.twin = twin;
     });
     at.p[2] = c;
@@ -179,6 +200,7 @@ void LowerThird(WalkerOf<Number, count>& at, const PlaceOf<Number>& place) {
 template <typename Number, std::size_t count>
 void TakeStep(WalkerOf<Number, count>& at, std::size_t track, bool raises,
               const PlaceOf<Number>& place) {
+    at.offsets.Next();
     if (track == 2) {
         raises ? RaiseThird(at, place) : LowerThird(at, place);
     } else if (track == 0) {

@@ -110,6 +110,7 @@ HypergeometricPoint WalkFrom(const HypergeometricParameters& from,
                              const HypergeometricParameters& to, const Place& place) {
     constexpr double kFewSteps = 40;
     constexpr double kLessTolerance = 0x1p-72;
+    constexpr double kWorthIt = 15;
     const Route route = RouteOf(StepsBetween(from, to));
     if (route.ups + route.downs <= kFewSteps) {
         const HypergeometricPoint start = AtStart(from, place, kLessTolerance);
@@ -122,7 +123,7 @@ HypergeometricPoint WalkFrom(const HypergeometricParameters& from,
     if (outgrown > kBearable) return Inwards(from, start, to, place, outgrown);
     const HypergeometricPoint point = Outwards(from, start, to, place);
     const bool isLost = point.failed || !IsGood(point);
-    return isLost && outgrown > 1 ? Inwards(from, start, to, place, outgrown) : point;
+    return isLost && outgrown > kWorthIt ? Inwards(from, start, to, place, outgrown) : point;
 }
 
 /// a (a+1) ... (a+count-1) less a power of two, of which `exponent` takes `sign` times the

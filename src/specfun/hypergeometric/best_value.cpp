@@ -1,0 +1,130 @@
+// Gauss hypergeometric function, -1 < x < 1. The power series is taken in the form that converges
+// fast and is not likely to cancel (DLMF 15.8.1):
+//   F(a,b;c;x) = (1-x)^(c-a-b) F(c-a,c-b;c;x)
+//              = (1-x)^(-a) F(a,c-b;c;x/(x-1)) = (1-x)^(-b) F(c-a,b;c;x/(x-1)).
+// Each form measures what it lost; if that was too much for a double the next one is tried. Where
+// the forms cancel or converge slowly a walk along the contiguous relations leads from parameters
+// next to 0 to those wanted (shifts.cpp).
+#include "specfun/hypergeometric/best_value.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "specfun/hypergeometric/forms.h"
+#include "specfun/specfun.h"
+
+namespace kalvex::specfun {
+namespace {
+
+constexpr char kOverflow[] = "Overflow in Hypergeometric2F1";
+
+DoubleDouble LogOneLess(double x) {
+    constexpr double kSmall = 0.4;
+    return std::fabs(x) < kSmall ? LogOnePlus({-x, 0}) : Log(TwoSum(1, -x));
+}
+
+/// The function from that of the form, `sum` at z.
+Value ValueOf(const Form& form, const HypergeometricPoint& sum, double x) {
+    if (sum.singular) throw ap::ap_error{kOverflow};
+    if (sum.failed) return {};
+    const double own = form.pfaff ? sum.slope.high / (1 - x) : sum.slope.high;
+    const double slope = own - form.power.high * x / (1 - x) * sum.value.high;
+    Value value = {sum.value, sum.exponent,
+                   sum.error / (std::fabs(sum.value.high) + std::fabs(slope))};
+    if (form.power.high == 0) return value;
+    const DoubleDouble exponent = Multiply(form.power, LogOneLess(x));
+    constexpr double kMostExponent = 1e8;
+    if (!(std::fabs(exponent.high) < kMostExponent)) return {};
+    int more = 0;
+    value.fraction = Multiply(value.fraction, ExpScaled(exponent, more));
+    value.exponent += more;
+    return value;
+}
+
+DoubleDouble ArgumentOf(const Form& form, double x) {
+    return form.pfaff ? Divide({x, 0}, TwoSum(x, -1)) : DoubleDouble{x, 0};
+}
+
+Value BySeries(const Form& form, double x) {
+    constexpr double kTolerance = 0x1p-62;
+    return ValueOf(form, SumHypergeometric(form.p, ArgumentOf(form, x), kTolerance), x);
+}
+
+/// Whether the i-th form is the function: the transformations divide by c or by what else is 0
+/// there, and at a pole those of Euler hold for two polynomials and Pfaff's for the one that a
+/// ends.
+bool IsValid(const HypergeometricParameters& p, std::size_t i) {
+    return i == 0 || !IsNegativeInteger(p.c) || i == 2 || EndsBefore(p.b, p.c);
+}
+
+Form WithDegreeFirst(Form form) {
+    const bool aEnds = EndsBefore(form.p.a, form.p.c);
+    const bool bEnds = EndsBefore(form.p.b, form.p.c);
+    if (bEnds && !(aEnds && form.p.a.high > form.p.b.high)) std::swap(form.p.a, form.p.b);
+    return form;
+}
+
+/// The forms to walk to, with z from 0 to 1: first a polynomial if there is one, a being its
+/// degree, else that with c-a-b at least 0.
+std::array<Form, 2> FormsForShifts(const std::array<Form, 4>& forms, double x) {
+    const std::size_t first = x > 0 ? 0 : 2;
+    std::array<Form, 2> found = {WithDegreeFirst(forms[first]), WithDegreeFirst(forms[first + 1])};
+    if (found[1].cost == INFINITY) return found;
+    const double degrees[] = {DegreeOf(found[0].p), DegreeOf(found[1].p)};
+    const double s = Subtract(Subtract(found[0].p.c, found[0].p.a), found[0].p.b).high;
+    if (degrees[1] < degrees[0] || (degrees[1] == degrees[0] && s < 0)) {
+        std::swap(found[0], found[1]);
+    }
+    return found;
+}
+
+/// A polynomial's own walk, then the general ones.
+Value ByShifts(const std::array<Form, 2>& forms, double x) {
+    const DoubleDouble z = ArgumentOf(forms[0], x);
+    const DoubleDouble w = forms[0].pfaff ? Divide({1, 0}, TwoSum(1, -x)) : TwoSum(1, -x);
+    const HypergeometricParameters& p = forms[0].p;
+    const bool polynomial = EndsBefore(p.a, p.c);
+    Value best;
+    if (polynomial) best = ValueOf(forms[0], PolynomialByShifts(p, z, w), x);
+    for (const Form& form : forms) {
+        if (best.loss < kGoodEnough || IsNegativeInteger(p.c)) break;
+        KeepBetter(best, ValueOf(form, HypergeometricByShifts(form.p, z, w), x));
+    }
+    return best;
+}
+
+/// The forms that cost `least` to `most`, the cheapest first, until one is good enough. Those that
+/// are likely to cancel are measured first.
+void TrySeries(const std::array<Form, 4>& sorted, double x, double least, double most,
+               Value& best) {
+    constexpr double kBearableLoss = 28;
+    for (const Form& form : sorted) {
+        if (best.loss < kGoodEnough) return;
+        if (form.cost <= least || form.cost > most) continue;
+        const double z = form.pfaff ? x / (x - 1) : x;
+        if (form.cost >= kHopeless && MeasuredLoss(form.p, z) > kBearableLoss) continue;
+        KeepBetter(best, BySeries(form, x));
+    }
+}
+
+}  // namespace
+
+Value BestValue(const HypergeometricParameters& p, double x) {
+    constexpr double kMostTerms = 1200;
+    std::array<Form, 4> forms = FormsOf(p);
+    for (std::size_t i = 0; i < forms.size(); ++i)
+        forms[i].cost = IsValid(p, i) ? CostOf(forms[i], x) : INFINITY;
+    const std::array<Form, 2> shifted = FormsForShifts(forms, x);
+    std::sort(forms.begin(), forms.end(),
+              [](const Form& left, const Form& right) { return left.cost < right.cost; });
+    const double walk = CostOfShifts(shifted[0], x);
+    Value best;
+    TrySeries(forms, x, -1, std::min(walk, kMostTerms), best);
+    if (best.loss >= kGoodEnough) KeepBetter(best, ByShifts(shifted, x));
+    TrySeries(forms, x, walk, kMostTerms, best);
+    TrySeries(forms, x, kHopeless, kHopeless + kMostTerms, best);
+    return best;
+}
+
+}  // namespace kalvex::specfun

@@ -1,0 +1,28 @@
+// A value of the Gauss hypergeometric function and what is known of its error. Internal to the
+// special functions.
+#pragma once
+
+#include <cmath>
+
+#include "specfun/hypergeometric/parts.h"
+
+namespace kalvex::specfun {
+
+struct Value {
+    DoubleDouble fraction;
+    int exponent = 0;
+    double loss = INFINITY;  // estimated error by what the last bit of x does
+};
+
+inline constexpr double kGoodEnough = 0x1p-56;
+inline constexpr double kBearable = 0x1p-52;
+
+inline void KeepBetter(Value& best, const Value& other) {
+    if (other.loss < best.loss) best = other;
+}
+
+/// By the methods from the quickest up, until one is good enough. x is not 0, and at a pole in c
+/// the polynomial is the one that a ends.
+Value BestValue(const HypergeometricParameters& p, double x);
+
+}  // namespace kalvex::specfun
