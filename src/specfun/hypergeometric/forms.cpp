@@ -16,8 +16,9 @@ bool IsLikelyToCancel(const HypergeometricParameters& p, double z, double terms)
     constexpr double kMostLoss = 40;
     constexpr double kShort = 100;
     constexpr double kSmall = 0.1;
+    constexpr double kFarBelow = -40;
     const double loss = ExpectedLoss(p, z);
-    if (p.c.high < -kShort && std::fabs(z) > kSmall) return true;
+    if (p.c.high < kFarBelow && std::fabs(z) > kSmall) return true;
     return loss > kMostLoss || (terms > kShort && loss > kLoss);
 }
 

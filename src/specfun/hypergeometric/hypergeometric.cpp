@@ -100,7 +100,7 @@ Value FromInteger(HypergeometricParameters p, DoubleDouble left, double x) {
 
 Value ValueOf(HypergeometricParameters p, double x) {
     constexpr double kTiny = 0x1p-75;      // whose square counts for nothing
-    constexpr double kDoubtful = 0x1p-64;  // next to an integer estimates are rough
+    constexpr double kDoubtful = 0x1p-58;  // next to an integer estimates are rough
     if (IsLinear(p, x)) return OnePlusFirstTerm(p, x, {{1, 0}, 0, kGoodEnough / 2});
     if (p.c.high != 0 && std::fabs(p.c.high) < kTiny) return NextToPole(p, x);
     if (std::fabs(p.b.high) < std::fabs(p.a.high) && !IsNegativeInteger(p.c)) std::swap(p.a, p.b);
