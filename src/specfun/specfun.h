@@ -133,13 +133,14 @@ double BesselI(double order, double x);
 /// integral a or b ends the series, before an integral c = 0, -1, ... divides by zero; otherwise
 /// such a c throws "Overflow in Hypergeometric2F1", as do values beyond the range and where every
 /// method loses too many digits: parameters of tens of thousands, some of thousands with x next to
-/// 1, and some that are integral, or have integral differences, but for the last bits. Power series, directly
-/// or in Euler's or Pfaff's form (DLMF 15.8.1), each judged by its own error estimate; contiguous
-/// relations from small parameters (15.5.11 to 15.5.22), outwards or, where other solutions outgrow
-/// the function, inwards (Gautschi 1967); polynomials also about x = 1 (15.8.7); double-double
-/// arithmetic. Error 0.5 ulp times 1 + condition number. 0.4 to 5 us for parameters to 10, below 30
-/// to 200 and below 50 to 1000, beyond in proportion to them, and several times that where
-/// differences are integral but for the last bits; docs/performance.md tells more.
+/// 1, and some that are integral, or have integral differences, but for the last bits. Power
+/// series, directly or in Euler's or Pfaff's form (DLMF 15.8.1), each judged by its own error
+/// estimate; contiguous relations from small parameters (15.5.11 to 15.5.22), outwards or, where
+/// other solutions outgrow the function, inwards (Gautschi 1967); polynomials also about x = 1
+/// (15.8.7); double-double arithmetic. Error 0.5 ulp times 1 + condition number. 0.4 to 5 us for
+/// parameters to 10, below 30 to 200 and below 50 to 1000, beyond in proportion to them, and
+/// several times that where differences are integral but for the last bits; docs/performance.md
+/// tells more.
 double Hypergeometric2F1(double a, double b, double c, double x);
 
 /// Chebyshev polynomial of kind 1 (T) or 2 (U), integral degrees up to MaxOrder in magnitude, all x

@@ -31,7 +31,8 @@ Value ValueOf(const Form& form, const HypergeometricPoint& sum, double x) {
     const double own = form.pfaff ? sum.slope.high / (1 - x) : sum.slope.high;
     const double slope = own - form.power.high * x / (1 - x) * sum.value.high;
     Value value = {sum.value, sum.exponent,
-                   sum.error / (std::fabs(sum.value.high) + std::fabs(slope))};
+                   sum.error / (std::fabs(sum.value.high) + std::fabs(slope)),
+                   sum.error / std::fabs(sum.value.high)};
     if (form.power.high == 0) return value;
     const DoubleDouble exponent = Multiply(form.power, LogOneLess(x));
     constexpr double kMostExponent = 1e8;

@@ -11,7 +11,8 @@ namespace kalvex::specfun {
 struct Value {
     DoubleDouble fraction;
     int exponent = 0;
-    double loss = INFINITY;  // estimated error by what the last bit of x does
+    double loss = INFINITY;      // estimated error by what the last bit of x does
+    double relative = INFINITY;  // the same by the value
 };
 
 inline constexpr double kGoodEnough = 0x1p-56;

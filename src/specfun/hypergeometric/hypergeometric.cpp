@@ -14,10 +14,11 @@ namespace {
 constexpr char kOverflow[] = "Overflow in Hypergeometric2F1";
 
 /// 1 + rise 2^exponent.
-Value OnePlus(DoubleDouble rise, int exponent, double loss) {
+Value OnePlus(DoubleDouble rise, int exponent, double error) {
     const DoubleDouble part = Scale(rise, exponent);
     const DoubleDouble sum = Add(part, 1.0);
-    return {sum, 0, loss * (1 + std::fabs(part.high)) / std::fabs(sum.high)};
+    const double relative = error * (1 + std::fabs(part.high)) / std::fabs(sum.high);
+    return {sum, 0, relative, relative};
 }
 
 /// 1 + a b x / c factor.
@@ -30,7 +31,7 @@ Value OnePlusFirstTerm(const HypergeometricParameters& p, double x, const Value&
         rise = Multiply(rise, std::frexp(part, &own));
         exponent += own;
     }
-    return OnePlus(rise, exponent, factor.loss);
+    return OnePlus(rise, exponent, factor.relative);
 }
 
 /// For c next to 0, where only its reciprocal counts: 1 + a b x / c F(a+1,b+1;2;x).
@@ -54,7 +55,7 @@ Value OfTiny(HypergeometricParameters p, double x) {
     p.a = {kLarger, 0};
     const Value larger = BestValue(p, x);
     const DoubleDouble rise = Subtract(Scale(larger.fraction, larger.exponent), 1.0);
-    Value value = OnePlus(Multiply(rise, factor), 0, larger.loss * std::fabs(factor));
+    Value value = OnePlus(Multiply(rise, factor), 0, larger.relative * std::fabs(factor));
     value.loss += std::fabs(Subtract(value.fraction, 1.0).high) * kLarger * kCurvature;
     return value;
 }
@@ -78,14 +79,14 @@ Value FromInteger(HypergeometricParameters p, DoubleDouble left, double x) {
     const DoubleDouble middle = p.a;
     const Value centre = BestValue(p, x);
     std::array<DoubleDouble, 4> values;
-    double error = centre.loss * std::fabs(centre.fraction.high);
+    double error = centre.relative * std::fabs(centre.fraction.high);
     double size = 0;
     for (std::size_t i = 0; i < values.size(); ++i) {
         constexpr std::array<double, 4> kPlaces = {-2, -1, 1, 2};
         p.a = Add(middle, kPlaces[i] * kApart);
         const Value value = BestValue(p, x);
         values[i] = Scale(value.fraction, value.exponent - centre.exponent);
-        size = std::max(size, (value.loss + kOfDifferences) * std::fabs(values[i].high));
+        size = std::max(size, (value.relative + kOfDifferences) * std::fabs(values[i].high));
     }
     const DoubleDouble near = Subtract(values[2], values[1]);
     const DoubleDouble far = Subtract(values[3], values[0]);
@@ -95,13 +96,14 @@ Value FromInteger(HypergeometricParameters p, DoubleDouble left, double x) {
     const DoubleDouble rise = Multiply(Add(slope, Multiply(half, left)), left);
     const DoubleDouble sum = Add(centre.fraction, rise);
     error += size * std::fabs(left.high / kApart);
-    return {sum, centre.exponent, error / std::fabs(sum.high)};
+    const double relative = error / std::fabs(sum.high);
+    return {sum, centre.exponent, relative, relative};
 }
 
 Value ValueOf(HypergeometricParameters p, double x) {
     constexpr double kTiny = 0x1p-75;      // whose square counts for nothing
     constexpr double kDoubtful = 0x1p-58;  // next to an integer estimates are rough
-    if (IsLinear(p, x)) return OnePlusFirstTerm(p, x, {{1, 0}, 0, kGoodEnough / 2});
+    if (IsLinear(p, x)) return OnePlusFirstTerm(p, x, {{1, 0}, 0, 0, kGoodEnough / 2});
     if (p.c.high != 0 && std::fabs(p.c.high) < kTiny) return NextToPole(p, x);
     if (std::fabs(p.b.high) < std::fabs(p.a.high) && !IsNegativeInteger(p.c)) std::swap(p.a, p.b);
     Value best;
