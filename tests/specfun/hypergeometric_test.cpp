@@ -144,7 +144,8 @@ TEST(Hypergeometric, NextToZero) {
     EXPECT_EQ(Hypergeometric2F1(2 * least, 0.31, -0.99999999999999978, 0.99999861033526505), 1);
 }
 
-// c-a or c an integer but for the last bits: right, whatever cancels. The values have 20 digits.
+// c-a or c an integer but for the last bits, or less: right, whatever cancels. The values are those
+// of arithmetic with 140 bits.
 TEST(Hypergeometric, NextToIntegers) {
     const struct {
         double a, b, c, x, expected;
@@ -155,6 +156,9 @@ TEST(Hypergeometric, NextToIntegers) {
         {-0.4, -3.4, -1.4, 0.9999999999999999, -3.6673619687667404e-16},
         {-254.31999999999999, 5.0999999999999996, -258.32000000000011, -0.99999999999999989,
          0.030329241952697938},
+        {-2, 4.74, 1.7400000000089322, 0.999, 1.2525352813795836},
+        {-2.47, 2.86, -0.4699999650918868, 0.999, 891.78803663166627},
+        {4.8697315498648602e-11, -7.89, -2.9999999940481676, 0.999, 0.99181809691286049},
         {1.7653984501462515e-14, 1.7653984501462515e-14, -0.99999999999998235, 0.99999961412737626,
          0.99999995424574194},
     };

@@ -52,9 +52,8 @@ Value BySeries(const Form& form, double x) {
     return ValueOf(form, SumHypergeometric(form.p, ArgumentOf(form, x), kTolerance), x);
 }
 
-/// Whether the i-th form is the function: the transformations divide by c or by what else is 0
-/// there, and at a pole those of Euler hold for two polynomials and Pfaff's for the one that a
-/// ends.
+/// Whether the i-th form is the function: at a pole in c Euler's form holds for two polynomials,
+/// and of Pfaff's the one whose power a ends.
 bool IsValid(const HypergeometricParameters& p, std::size_t i) {
     return i == 0 || !IsNegativeInteger(p.c) || i == 2 || EndsBefore(p.b, p.c);
 }

@@ -113,8 +113,11 @@ HypergeometricPoint WalkFrom(const HypergeometricParameters& from,
     constexpr double kWorthIt = 15;
     const Route route = RouteOf(StepsBetween(from, to));
     if (route.ups + route.downs <= kFewSteps) {
-        const HypergeometricPoint start = AtStart(from, place, kLessTolerance);
-        const HypergeometricPoint point = start.failed ? start : Outwards(from, start, to, place);
+        HypergeometricPoint point = AtStart(from, place, kLessTolerance);
+        point.error = 0;
+        if (!point.failed) point = Outwards(from, point, to, place);
+        // the error of the start grows as that of the steps does, but is so much larger
+        point.error *= kLessTolerance / kTolerance;
         if (!point.failed && IsGood(point)) return point;
     }
     const HypergeometricPoint start = AtStart(from, place, kTolerance);
@@ -142,8 +145,8 @@ DoubleDouble RisingProduct(DoubleDouble a, double count, int sign, int& exponent
     return product;
 }
 
-/// F(-n,b;c;z) = (c-b)_n / (c)_n F(-n,b;1+b-c-n;1-z) (DLMF 15.8.7), for c-a-b below 0, where the
-/// behaviour w^s outgrows the polynomial next to z = 1.
+/// F(-n,b;c;z) = (c-b)_n / (c)_n F(-n,b;1+b-c-n;1-z) (DLMF 15.8.7), for where other solutions
+/// outgrow the polynomial next to z = 1: for c-a-b below 0 the behaviour w^s does.
 HypergeometricPoint Reflected(const HypergeometricParameters& p, const Place& place,
                               const HypergeometricParameters& other, const Place& mirrored) {
     constexpr double kBearableLoss = 18;

@@ -1,3 +1,5 @@
+// The stretches take equal steps, so that their maps can be worked out lane by lane; what is left
+// over is walked between them, where it keeps clear of the zeros that the steps divide by.
 #include "specfun/hypergeometric/stretches.h"
 
 #include <cmath>

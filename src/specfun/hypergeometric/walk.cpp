@@ -1,4 +1,6 @@
-// Long walks go in blocks of steps, four stretches of the way being worked out at the same time.
+// A walk takes one step after the other, a long one blocks of steps, four stretches of the way
+// being worked out at the same time. Its twin (shift_steps.h) goes along and tells what rounding
+// does.
 #include "specfun/hypergeometric/walk.h"
 
 #include <algorithm>
