@@ -21,15 +21,15 @@ inline constexpr std::array<Method, 41> kMethods = {{
     {"lg", "x > 0", "array kernel", "SLEEF"},
     {"sh", "all x", "array kernel; half the exponential beyond 709", "SLEEF"},
     {"ch", "all x", "array kernel; half the exponential beyond 709", "SLEEF"},
-    {"th", "all x", "array kernel", "SLEEF"},
-    {"exp", "all x", "array kernel", "SLEEF"},
+    {"th", "all x", "array kernel; the double below 1 from 18.52 to 19.06", "SLEEF"},
+    {"exp", "all x", "array kernel; of a smaller argument beyond 709", "SLEEF"},
     {"acos", "-1 to 1", "array kernel", "SLEEF"},
     {"asin", "-1 to 1", "array kernel", "SLEEF"},
     {"atg", "all x", "array kernel", "SLEEF"},
     {"int", "all x", "exact", "floor"},
     {"frac", "all x", "the rounded difference", "x - floor(x)"},
     {"abs", "all x", "exact", "sign"},
-    {"Gamma", "all x", "array kernel", "SLEEF"},
+    {"Gamma", "all x", "array kernel; from Gamma(x + 8) where the value is denormal", "SLEEF"},
     {"Si", "all x", "power series to 1.5, polynomials to 4, auxiliary functions beyond",
      "DLMF 6.6.5, 6.2.19, 6.12.3"},
     {"Ci", "x not 0", "logarithm and power series to 0.75, polynomials to 4, auxiliary functions",
@@ -69,13 +69,18 @@ inline constexpr std::array<Method, 41> kMethods = {{
      "the power series or transformation that cancels least; contiguous relations from small "
      "parameters outwards or, where the function is the lesser solution, inwards",
      "DLMF 15.2.1, 15.8.1, 15.8.7, 15.5.11 to 15.5.22; Gautschi 1967; Gil, Segura and Temme 2007"},
-    {"log", "base > 0 and not 1, x > 0", "quotient of array kernels", "SLEEF"},
+    {"log", "base > 0 and not 1, x > 0", "quotient of logarithms of twice the precision",
+     "DLMF 4.38.5"},
     {"Cheb", "integral degrees, -1 to 1", "doubling of the degree in double-double arithmetic",
      "DLMF 18.5.1, 18.5.2"},
     {"Hi", "degrees from 0, all x", "compensated recurrence", "DLMF 18.9.1"},
     {"Lag", "degrees from 0, all x", "compensated recurrence", "DLMF 18.9.1"},
     {"Leg", "degrees from 1, -1 to 1", "compensated recurrence", "DLMF 18.9.1"},
-    {"power", "y^x: y >= 0 or x integral", "array kernel", "SLEEF"},
+    {"power", "y^x: y >= 0 or x integral",
+     "products for integral x, else array kernel; exponential of a logarithm of twice the "
+     "precision "
+     "at the end of the range",
+     "SLEEF; Dekker 1971"},
 }};
 
 }  // namespace kalvex::accuracy
