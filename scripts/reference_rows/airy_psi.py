@@ -67,7 +67,7 @@ def zeros(f, starts):
 
 def rows_Ai():
     points = airy_points('Ai') + around(*zeros(mpmath.airyai, (-2.3, -4.1, -12.8, -60.5)))
-    points += around(-1.125, 2.125) + [103.9, 104.5, 105, 106, 107, 107.4, 107.46, 107.47]
+    points += around(-1.125, 2.5) + [103.9, 104.5, 105, 106, 107, 107.4, 107.46, 107.47]
     return rows(lambda x: airy(x, False), points, condition=lambda x: airy_condition(x, False))
 
 

@@ -13,6 +13,7 @@ namespace kalvex::specfun {
 namespace {
 
 constexpr double kLargest = std::numeric_limits<double>::max();
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 /// The sine of the angle.
 double SineOf(const ReducedAngle& angle) {
@@ -77,8 +78,13 @@ TEST(Airy, EndsOfTheRange) {
         {"Ai(107.5)", AiryAi(107.5), 0},
         {"Ai(107.46)", AiryAi(107.46), std::numeric_limits<double>::denorm_min()},
         {"Bi(104.4362038448095)", AiryBi(104.4362038448095), 1.7976931348613194e+308},
-        {"Bi(104.4362038448097)", AiryBi(104.4362038448097),
-         std::numeric_limits<double>::infinity()},
+        {"Bi(104.4362038448097)", AiryBi(104.4362038448097), kInfinity},
+        {"Ai(110)", AiryAi(110), 0},
+        {"Bi(110)", AiryBi(110), kInfinity},
+        {"Ai(500)", AiryAi(500), 0},
+        {"Bi(500)", AiryBi(500), kInfinity},
+        {"Ai(largest)", AiryAi(kLargest), 0},
+        {"Bi(largest)", AiryBi(kLargest), kInfinity},
     };
     for (const auto& row : rows)
         EXPECT_DOUBLE_EQ(row.value, row.exact) << row.call;

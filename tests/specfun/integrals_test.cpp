@@ -121,7 +121,7 @@ TEST(Integrals, NoJumpAtASeam) {
         {"Ai", AiryAi, -0.5},
         {"Ai", AiryAi, 0.5},
         {"Ai", AiryAi, 1.25},
-        {"Ai", AiryAi, 2.125},
+        {"Ai", AiryAi, 2.5},
         {"Bi", AiryBi, -16},
         {"Bi", AiryBi, -8},
         {"Bi", AiryBi, -4},

@@ -15,8 +15,8 @@
 namespace kalvex::specfun {
 namespace {
 
-constexpr double kVanishing = 1000;  // Ai is 0 and Bi infinite from 107.5 on
-constexpr double kHalved = 600;      // exponential functions of more are taken in two halves
+constexpr double kVanishing = 110;  // Ai is 0 from 107.5 on, Bi infinite from 104.44 on
+constexpr double kHalved = 600;     // exponential functions of more are taken in two halves
 
 /// c[2] + c[3] h + c[4] h^2 + ... by Horner's rule, the last two steps to twice the precision; c[0]
 /// and c[1] are what c[2] and c[3] leave.
@@ -31,22 +31,19 @@ DoubleDouble ClosePolynomial(const double (&c)[N], double h) {
     return {total.high, total.low + (rise.low + h * (slope.low + c[1]) + c[0])};
 }
 
-/// exp(exponent) factor, where the exponential function alone may be out of range.
-double WithExponential(double exponent, double factor) {
-    if (std::fabs(exponent) < kHalved) return std::exp(exponent) * factor;
-    const double half = std::exp(exponent / 2);
-    return half * factor * half;
-}
-
-/// exp(+-zeta)/(sqrt(pi) x^(1/4)) times a factor.
+/// exp(+-zeta)/(sqrt(pi) x^(1/4)) times a factor. The exponential function alone may be out of
+/// range.
 double Leading(DoubleDouble zeta, double sign, const Roots& roots, double factor) {
     const DoubleDouble amplitude = Multiply(roots.inverse, kInverseRootOfPi);
-    const double scaled = amplitude.high * factor;
-    const double rest = amplitude.low * factor + scaled * (sign * zeta.low);
-    return WithExponential(sign * zeta.high, scaled + rest);
+    const DoubleDouble scaled = TwoProduct(amplitude.high, factor);
+    const double low = scaled.low + (amplitude.low * factor + scaled.high * (sign * zeta.low));
+    const bool halved = zeta.high > kHalved;
+    const double power = std::exp(sign * (halved ? zeta.high / 2 : zeta.high));
+    const double value = std::fma(power, scaled.high, power * low);
+    return halved ? value * power : value;
 }
 
-/// x of 2.125 or more.
+/// x of 2.5 or more.
 KALVEX_WITH_FMA
 double DecayingAi(double x) {
     const Roots roots = RootsOf(x);
@@ -102,7 +99,7 @@ double AiryAi(double x) {
     if (x < -0.5) return Near(kAiTop, kAiTopMiddle, x);
     if (x < 0.5) return Near(kAiNear, kAiNearMiddle, x);
     if (x < 1.25) return Near(kAi0, kAi0Middle, x);
-    if (x < 2.125) return Near(kAi1, kAi1Middle, x);
+    if (x < 2.5) return Near(kAi1, kAi1Middle, x);
     return DecayingAi(x);
 }
 
