@@ -87,7 +87,7 @@ double FresnelC(double x);
 /// in double-double arithmetic, times polynomials in 1/zeta (DLMF 9.7.5, 9.7.7); below -1.875
 /// modulus and phase (DLMF 9.8). Down to -1e10 the phase is reduced in double-double arithmetic,
 /// beyond with as many digits as it has, so that value and sign are those of the given double down
-/// to the largest; that takes half a microsecond for 1e20, two and a half at the end of the range.
+/// to the largest; that takes a third of a microsecond for 1e20, two at the end of the range.
 /// Ai is denormal from 103.9 and 0 from 107.5 on, Bi infinite beyond 104.436; both are 0 at minus
 /// infinity. n below 0.55; below -1e10 the error is below 0.8 units in the last place.
 double AiryAi(double x);
