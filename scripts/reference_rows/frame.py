@@ -5,7 +5,8 @@ import random
 import mpmath
 from mpmath import mp
 
-LARGEST = mpmath.mpf(1.7976931348623157e308) * (1 + mpmath.mpf(2) ** -54)
+# From here on the next double is infinite: an integer, which has all its digits at any precision.
+LARGEST = (2 ** 54 - 1) * 2 ** 970
 
 
 def generator(name):
