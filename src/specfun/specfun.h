@@ -34,9 +34,9 @@ inline constexpr double MaxModifiedOrder = 1e12;
 /// below -171 a zero of the right sign. Error 1e-13, less below 30.
 double Gamma(double x);
 
-/// Digamma, Gamma'(x)/Gamma(x). Throws "Singularity in Psi(x)" at 0 and the negative integers. A
-/// polynomial about the zero between 1 and 2, recurrence up to 10, the asymptotic series (DLMF
-/// 5.11.2) beyond, reflection (DLMF 5.5.4) below 0. n below 1.
+/// Digamma, Gamma'(x)/Gamma(x). Throws "Singularity in Psi(x)" at 0 and the negative integers.
+/// Polynomials from 1/2 to 16, the asymptotic series (DLMF 5.11.2) beyond, one step of recurrence
+/// between -1/2 and 1/2, reflection (DLMF 5.5.4) below. n below 1.
 double Psi(double x);
 
 /// Gamma(a) Gamma(b) / Gamma(a + b). All a, b; throws "Overflow in Beta" at poles, infinite where
@@ -48,39 +48,42 @@ double Beta(double a, double b);
 // In what follows n is the error in units in the last place over 1 + |x f'(x)/f(x)|, the most seen
 // over some thousands of points; docs/accuracy.md has the measured values.
 
-/// exp(-x^2) times the integral of exp(t^2) over 0..x. Odd in x. Power series (DLMF 7.6.3),
-/// interpolating polynomials, asymptotic series. n below 0.8.
+/// exp(-x^2) times the integral of exp(t^2) over 0..x. Odd in x. Power series (DLMF 7.6.3) to 1/2,
+/// polynomials to 16, asymptotic series. n below 0.6.
 double DawsonF(double x);
 
 /// Exponential integral, the principal value of the integral of exp(t)/t over -infinity..x. Minus
-/// infinity at 0; -E1(-x) below it; above 700 the asymptotic series (DLMF 6.12.2; plus infinity
-/// beyond 716.3). n below 1.3 for positive x.
+/// infinity at 0; -E1(-x) below it by the library; logarithm and power series (DLMF 6.6.2) to 1/4,
+/// polynomials to 4, polynomials times exp(x) beyond; plus infinity from 716.356 on. n below 0.6
+/// for positive x.
 double Ei(double x);
 
 /// Logarithmic integral, Ei(ln x), for x above 0, else it throws. Minus infinity at 1. The
-/// logarithm is carried in double-double arithmetic. n below 2.3 above 1.
+/// logarithm is a pair of doubles. n below 0.6 above 1.
 double Li(double x);
 
-/// Integral of sin(t)/t over 0..x. Odd in x. Power series, polynomials, and from 4 on the auxiliary
-/// functions (DLMF 6.2.19). n below 1.
+/// Integral of sin(t)/t over 0..x. Odd in x. Power series to 1/2, polynomials to 4, beyond the
+/// auxiliary functions (DLMF 6.2.19). n below 0.6.
 double Si(double x);
 
 /// Cosine integral, gamma + ln|x| + the integral of (cos(t)-1)/t over 0..|x|. Even in x: for x
-/// below 0 the real part is meant. Minus infinity at 0. Method as Si. n below 1.4.
+/// below 0 the real part is meant. Minus infinity at 0. Method as Si. n below 0.6.
 double Ci(double x);
 
-/// Integral of sinh(t)/t over 0..x. Odd in x. Ei(|x|)/2 beyond 40. n below 1.2.
+/// Integral of sinh(t)/t over 0..x. Odd in x. Power series to 1/2, polynomials to 4, polynomials
+/// times exp(|x|) to 32, Ei(|x|)/2 beyond. n below 0.6.
 double Shi(double x);
 
 /// Hyperbolic cosine integral, gamma + ln|x| + the integral of (cosh(t)-1)/t over 0..|x|. Even in
-/// x. Minus infinity at 0. Ei(|x|)/2 beyond 40. n below 1.3.
+/// x. Minus infinity at 0. Method as Shi, with the logarithm below 1/2. n below 0.6.
 double Chi(double x);
 
-/// Integral of sin(pi/2 t^2) over 0..x. Odd in x. From 8 on the asymptotic series of the auxiliary
-/// functions (DLMF 7.12.2, 7.12.3) with the exact square; 1/2 beyond 1e17. n below 1.
+/// Integral of sin(pi/2 t^2) over 0..x. Odd in x. Power series to 1/2, polynomials to 3/2, beyond
+/// the auxiliary functions (DLMF 7.5.3, 7.5.4; from 8 on by 7.12.2, 7.12.3) with the exact square;
+/// 1/2 beyond 1e17. n below 0.6.
 double FresnelS(double x);
 
-/// Integral of cos(pi/2 t^2) over 0..x; the rest as FresnelS. n below 1.2.
+/// Integral of cos(pi/2 t^2) over 0..x; the rest as FresnelS. n below 0.6.
 double FresnelC(double x);
 
 /// Airy functions. Polynomials near 0; for positive x the leading terms times polynomials in
