@@ -143,6 +143,7 @@ TEST(Integrals, NoJumpAtASeam) {
         {"Bi", AiryBi, -1.6},
         {"Bi", AiryBi, 0.75},
         {"Bi", AiryBi, 25},
+        {"Psi", Psi, -1.25},
         {"Psi", Psi, -0.5},
         {"Psi", Psi, 0.5},
         {"Psi", Psi, 1},

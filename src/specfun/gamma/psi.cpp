@@ -1,7 +1,7 @@
 // Digamma function. From 1/2 to 16 polynomials on pieces of an octave, the zero at the middle of
-// one; beyond the asymptotic series (DLMF 5.11.2). Between -1/2 and 1/2 Psi(1 + x) - 1/x (DLMF
-// 5.5.2), farther below 0 reflection (DLMF 5.5.4), the distance to the nearest pole or zero of the
-// cotangent taken exactly. Sums are pairs of doubles and are rounded once.
+// one; beyond the asymptotic series (DLMF 5.11.2). Between -1 and 1/2 Psi(x + 1) - 1/x once or
+// twice (DLMF 5.5.2), below reflection (DLMF 5.5.4), the distance to the nearest pole or zero of
+// the cotangent taken exactly. Sums are pairs of doubles and are rounded once.
 #include <cmath>
 #include <limits>
 
@@ -15,7 +15,7 @@ namespace kalvex::specfun {
 namespace {
 
 constexpr double kAsymptotic = 16;
-constexpr double kReflected = -0.5;
+constexpr double kReflected = -1;
 constexpr double kRecurrent = 0.5;
 constexpr double kPole = 1e-290;  // below it -1/x is the value
 
@@ -36,12 +36,19 @@ DoubleDouble PositivePsi(DoubleDouble x) {
     return x.high < kAsymptotic ? AtPiece(kPsi, x) : AsymptoticPsi(x);
 }
 
-/// x from -1/2 to 1/2.
+/// -1/x
+DoubleDouble Pole(double x) {
+    const double quotient = -1 / x;
+    return {quotient, -std::fma(quotient, x, 1) / x};
+}
+
+/// x from -1 to 1/2.
 double PsiNextToZero(double x) {
     if (std::fabs(x) < kPole) return -1 / x;
-    const double quotient = -1 / x;
-    const DoubleDouble pole = {quotient, -std::fma(quotient, x, 1) / x};
-    return ToDouble(Add(pole, PositivePsi(TwoSum(1, x))));
+    if (x >= -kRecurrent) return ToDouble(Add(Pole(x), PositivePsi(TwoSum(1, x))));
+    const double above = 1 + x;  // exact
+    const DoubleDouble poles = Add(Pole(x), Pole(above));
+    return ToDouble(Add(poles, PositivePsi(TwoSum(1, above))));
 }
 
 /// pi cot(pi x) for x that is not integral.
