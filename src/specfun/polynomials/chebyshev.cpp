@@ -8,6 +8,7 @@
 // of the odd polynomials near x = 0; where their parts would become denormal they are linear.
 #include <cmath>
 
+#include "base/truncate.h"
 #include "specfun/polynomials/degree.h"
 #include "specfun/precision/double_double.h"
 #include "specfun/specfun.h"
@@ -72,7 +73,9 @@ double SecondKind(int n, double x) {
 
 KALVEX_WITH_FMA
 double Chebyshev(int kind, double degree, double x) {
-    const int n = IntegralDegree(degree, -INFINITY, "Chebyshev");
+    if (std::fabs(IntegralDegree(degree, -INFINITY, "Chebyshev")) > MaxOrder)
+        throw ap::ap_error{"Chebyshev: the degree is too large"};
+    const int n = TruncateToInt32(degree);
     if (kind != 1 && kind != 2) throw ap::ap_error{"Domain error in Chebyshev"};
     if (std::isnan(x)) return x;
     const double value = kind == 1 ? FirstKind(std::abs(n), x) : SecondKind(n, x);

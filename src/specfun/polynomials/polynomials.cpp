@@ -9,12 +9,20 @@
 #include <cmath>
 #include <string>
 
+#include "base/truncate.h"
 #include "specfun/polynomials/degree.h"
 #include "specfun/precision/double_double.h"
 #include "specfun/specfun.h"
 
 namespace kalvex::specfun {
 namespace {
+
+/// The degree as a number of steps. Throws "NAME: the degree is too large" beyond MaxOrder.
+int Steps(double degree, const char* name) {
+    const double n = IntegralDegree(degree, 0, name);
+    if (n > MaxOrder) throw ap::ap_error{std::string(name) + ": the degree is too large"};
+    return TruncateToInt32(n);
+}
 
 constexpr int kScalingBits = 300;
 constexpr double kLarge = 0x1p300;
@@ -94,7 +102,7 @@ void LegendreStep(Neighbours& p, double x, double k) {
 
 KALVEX_WITH_FMA
 double Hermite(double degree, double x) {
-    const int n = IntegralDegree(degree, 0, "Hermite");
+    const int n = Steps(degree, "Hermite");
     if (std::isnan(x)) return x;
     if (n == 0) return 1;
     const int tinyBits = TinyBits(x);
@@ -109,7 +117,7 @@ double Hermite(double degree, double x) {
 
 KALVEX_WITH_FMA
 double Laguerre(double degree, double x) {
-    const int n = IntegralDegree(degree, 0, "Laguerre");
+    const int n = Steps(degree, "Laguerre");
     if (std::isnan(x)) return x;
     constexpr double kTiny = 0x1p-100;  // the polynomial is 1 - n x
     if (n == 0 || std::fabs(x) < kTiny) return 1;
@@ -124,7 +132,7 @@ double Laguerre(double degree, double x) {
 
 KALVEX_WITH_FMA
 double Legendre(double degree, double x) {
-    const int n = IntegralDegree(degree, 0, "Legendre");
+    const int n = Steps(degree, "Legendre");
     if (std::isnan(x)) return x;
     if (n == 0) return 1;
     const int tinyBits = TinyBits(x);
