@@ -70,11 +70,14 @@ inline constexpr std::array<Method, 41> kMethods = {{
      "parameters outwards or, where the function is the lesser solution, inwards",
      "DLMF 15.2.1, 15.8.1, 15.8.7, 15.5.11 to 15.5.22; Gautschi 1967; Gil, Segura and Temme 2007"},
     {"log", "base > 0 and not 1, x > 0", "quotient of array kernels", "SLEEF"},
-    {"Cheb", "integral degrees, -1 to 1", "doubling of the degree in double-double arithmetic",
+    {"Cheb", "integral degrees, -1 to 1",
+     "doubling of the degree, above 16384 the multiplied angle, in double-double arithmetic",
      "DLMF 18.5.1, 18.5.2"},
     {"Hi", "degrees from 0, all x", "compensated recurrence", "DLMF 18.9.1"},
     {"Lag", "degrees from 0, all x", "compensated recurrence", "DLMF 18.9.1"},
-    {"Leg", "degrees from 1, -1 to 1", "compensated recurrence", "DLMF 18.9.1"},
+    {"Leg", "degrees from 1, -1 to 1",
+     "compensated recurrence below 60; power series near the ends, Stieltjes' expansion elsewhere",
+     "DLMF 18.9.1, 18.5.7, 18.15.12; Bogaert, Michiels and Fostier 2012"},
     {"power", "y^x: y >= 0 or x integral", "array kernel", "SLEEF"},
 }};
 

@@ -1,4 +1,4 @@
-// Hermite, Laguerre and Legendre polynomials by their three-term recurrences (DLMF 18.9), which
+// Hermite and Laguerre polynomials by their three-term recurrences (DLMF 18.9), which
 // are stable upwards: the polynomials are never the smaller of the two solutions. Rounding alone
 // would still spoil the last digits of a high degree, so each step also computes the exact error
 // of its own roundings and carries it to first order beside the value ("compensated" in the sense
@@ -83,21 +83,6 @@ void LaguerreStep(Neighbours& p, double x, double k) {
     p.now = {next.high, p.now.low + (next.low + low)};
 }
 
-/// P(k+1) = t + k/(k+1) (t - P(k-1)), t = x P(k).
-void LegendreStep(Neighbours& p, double x, double k) {
-    const double ratio = k / (k + 1);
-    const double ratioLow = std::fma(-ratio, k + 1, k) / (k + 1);
-    const DoubleDouble t = TwoProduct(x, p.now.high);
-    const double tLow = t.low + x * p.now.low;
-    const DoubleDouble s = TwoSum(t.high, -p.before.high);
-    const double sLow = s.low + (tLow - p.before.low);
-    const DoubleDouble q = TwoProduct(s.high, ratio);
-    const double qLow = q.low + (s.high * ratioLow + sLow * ratio);
-    const DoubleDouble sum = TwoSum(t.high, q.high);
-    p.before = p.now;
-    p.now = {sum.high, sum.low + (tLow + qLow)};
-}
-
 }  // namespace
 
 KALVEX_WITH_FMA
@@ -128,21 +113,6 @@ double Laguerre(double degree, double x) {
         KeepInRange(p);
     }
     return Finite("Laguerre", p);
-}
-
-KALVEX_WITH_FMA
-double Legendre(double degree, double x) {
-    const int n = Steps(degree, "Legendre");
-    if (std::isnan(x)) return x;
-    if (n == 0) return 1;
-    const int tinyBits = TinyBits(x);
-    const double scaledX = std::ldexp(x, tinyBits);
-    Neighbours p = {{1, 0}, {scaledX, 0}, n % 2 == 0 ? 0 : -tinyBits};
-    for (int k = 1; k < n; ++k) {
-        LegendreStep(p, scaledX, k);
-        KeepInRange(p);
-    }
-    return Finite("Legendre", p);
 }
 
 }  // namespace kalvex::specfun
