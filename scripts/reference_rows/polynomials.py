@@ -37,6 +37,76 @@ def legendre(n, x):
                       lambda k, a, b: ((2 * k + 1) * x * b - k * a) / (k + 1))
 
 
+def more_bits(n, x):
+    """What is lost where a phase of n times an angle is reduced, and beside a tiny x."""
+    return 64 + int(math.log2(n)) - min(0, int(mpmath.log(abs(x), 2)) if x else 0)
+
+
+def chebyshev_by_angle(kind, n, x):
+    """The closed forms, for |x| below 1."""
+    with mpmath.workprec(mpmath.mp.prec + more_bits(n, x)):
+        angle = mpmath.acos(x)
+        return mpmath.cos(n * angle) if kind == 1 else mpmath.sin((n + 1) * angle) / mpmath.sin(angle)
+
+
+def legendre_by_series(n, x):
+    """The power series about x = 1; its terms are below exp(2 n sqrt(2 (1-x)))."""
+    if x < 0:
+        return (-1) ** int(n % 2) * legendre_by_series(n, -x)
+    bits = mpmath.mp.prec + 64
+    with mpmath.workprec(bits + int(3 * n * mpmath.sqrt(2 * (1 - x)))):
+        t = (1 - x) / 2
+        total = term = mpmath.mpf(1)
+        k = 0
+        while abs(term) > mpmath.ldexp(abs(total), -bits) or k * k < n * n * t:
+            term *= (k - n) * (n + k + 1) * t / (k + 1) ** 2
+            total += term
+            k += 1
+        return total
+
+
+def legendre_by_phase(n, x):
+    """Stieltjes' expansion (DLMF 18.15.12), whose error is below twice the first term left out."""
+    bits = mpmath.mp.prec + 32
+    with mpmath.workprec(bits + more_bits(n, x)):
+        angle = mpmath.acos(x)
+        sine = mpmath.sin(angle)
+        total = mpmath.mpf(0)
+        weight = mpmath.sqrt(4 / mpmath.pi) * mpmath.gammaprod([n + 1], [n + 1.5]) / mpmath.sqrt(2 * sine)
+        first = weight
+        m = 0
+        while weight > mpmath.ldexp(first, -bits) * max(abs(x), mpmath.mpf(10) ** -40):
+            total += weight * mpmath.cos((n + m + 0.5) * angle - (m + 0.5) * mpmath.pi / 2)
+            m += 1
+            factor = (m - 0.5) ** 2 / (m * (n + m + 0.5) * 2 * sine)
+            if factor >= 1:
+                raise ArithmeticError(f'the expansion ends too early at {n}, {x}')
+            weight *= factor
+        return total
+
+
+def legendre_of_high_degree(n, x):
+    near_end = n * mpmath.sqrt(2 * (1 - abs(x))) < 400
+    return legendre_by_series(n, x) if near_end else legendre_by_phase(n, x)
+
+
+HIGH_DEGREES = [16384, 16385, 100000, 100001, 1234567, 10**9, 10**12 + 1, 2**53 - 1, 2**53]
+
+
+def seams(n):
+    """Both sides of where the power series of a Legendre polynomial hands over, and of where the
+    angle is taken from the other end."""
+    seam = 25 / (n + 0.5)
+    ends = [1 - seam**2 / 2 * scale for scale in (0.5, 0.99, 1.01, 2)] if n > 50 else []
+    return ends + [0.7, 0.7000000000000001, -0.69999, 0.70001]
+
+
+def high_degree_points(rng, n):
+    """Inside of -1..1, and where odd polynomials are small."""
+    points = [x for x in seams(n) + interval_points(rng, n) if 0 < abs(x) < 1]
+    return points + [0.3 / n, -2.5 / n, 1e-8, 1 - 2.0**-53, 1 - 100 / n**2 if n < 1e8 else 0.99]
+
+
 def interval_points(rng, n):
     """Points of -1..1: both ends, the middle, and the neighbourhood of zeros and extrema."""
     points = [-1.0, 1.0, 0.0, 1e-310, -1e-200, 1e-20, 1e-5 / n, 1 - 1e-15, 1e-12 - 1, 1 - 0.1 / n**2]
@@ -51,13 +121,18 @@ def rows_Cheb():
     for kind in (1, 2):
         for n in [0, -1, -2, -7, -50, -1000, 99999] + DEGREES:
             points += [(kind, n, x) for x in interval_points(rng, abs(n) or 1)]
-    return rows(chebyshev, [p for p in points if p[0] == 1 or p[1] != -1])
+    high = [(kind, n, x) for kind in (1, 2) for n in HIGH_DEGREES for x in high_degree_points(rng, n)]
+    return (rows(chebyshev, [p for p in points if p[0] == 1 or p[1] != -1]) +
+            rows(chebyshev_by_angle, high))
 
 
 def rows_Leg():
     rng = generator('Leg')
     points = [(n, x) for n in DEGREES for x in interval_points(rng, n) + linear(rng, -1, 1, 4)]
-    return rows(legendre, points + [(20001, x) for x in (1e-9, 0.5, -0.999, 1 - 1e-9)])
+    points += [(n, x) for n in (59, 60, 61, 100, 1000) for x in seams(n)]
+    high = [(n, x) for n in HIGH_DEGREES for x in high_degree_points(rng, n)]
+    return (rows(legendre, points + [(20001, x) for x in (1e-9, 0.5, -0.999, 1 - 1e-9)]) +
+            rows(legendre_of_high_degree, high))
 
 
 def rows_Hi():
