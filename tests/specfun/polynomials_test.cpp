@@ -118,19 +118,26 @@ TEST(Polynomials, ChebyshevIdentities) {
     }
 }
 
-// T(n,1/2) = cos(n pi/3), U(n,1/2) = sin((n+1) pi/3) / sin(pi/3).
+// T(n,1/2) = cos(n pi/3), U(n,1/2) = sin((n+1) pi/3) / sin(pi/3), and next to 1/2 hardly other.
 TEST(Polynomials, ChebyshevOfHugeDegrees) {
     constexpr double kFirst[] = {1, 0.5, -0.5, -1, -0.5, 0.5};
     constexpr double kSecond[] = {1, 1, 0, -1, -1, 0};
-    for (const double n : {16385.0, 123456789.0, 1e15, 0x1p53 - 3}) {
-        for (double m = n; m < n + 4; ++m) {
+    for (const double n : {1.0, 100.0, 16385.0, 123456789.0, 1e15, 0x1p53 - 4, 1e17, 1e300}) {
+        for (int k = 0; k < 4; ++k) {
+            const double m = n + k;
             const auto index = static_cast<std::size_t>(std::fmod(m, 6));
-            const double bound = 2e-16 + 0x1p-103 * m;
-            EXPECT_NEAR(Chebyshev(1, m, 0.5), kFirst[index], bound) << m;
-            EXPECT_NEAR(Chebyshev(2, m, 0.5), kSecond[index], bound) << m;
-            EXPECT_EQ(Chebyshev(2, -m, 0.5), -Chebyshev(2, m - 2, 0.5)) << m;
+            EXPECT_EQ(Chebyshev(1, m, 0.5), kFirst[index]) << m;
+            EXPECT_EQ(Chebyshev(2, m, 0.5), kSecond[index]) << m;
+            const double sign = std::fmod(m, 2) == 0 ? 1 : -1;
+            EXPECT_EQ(Chebyshev(1, m, -0.5), sign * kFirst[index]) << m;
+            EXPECT_EQ(Chebyshev(2, m, -0.5), sign * kSecond[index]) << m;
+            if (m < 2 || m > 0x1p53) continue;
+            EXPECT_EQ(Chebyshev(2, -m, 0.3), -Chebyshev(2, m - 2, 0.3)) << m;
         }
     }
+    const double next = std::nextafter(0.5, 1);  // n 2^-53 / sin(pi/3) away in phase
+    EXPECT_NEAR(Chebyshev(1, 600000, next), 1, 1e-16);
+    EXPECT_NEAR(Chebyshev(2, 600000, next), 1, 600000 * 0x1p-53);
     EXPECT_EQ(Chebyshev(1, 1e300, 0), 1);
     EXPECT_EQ(Chebyshev(2, 1e300, -1), 1e300);
     EXPECT_EQ(Chebyshev(2, -1e300, 1), -1e300);
@@ -179,7 +186,7 @@ TEST(Polynomials, Errors) {
     } rows[] = {
         {[] { return Chebyshev(3, 1, 0); }, "Domain error in Chebyshev"},
         {[] { return Chebyshev(1, 1.5, 0); }, "Domain error in Chebyshev"},
-        {[] { return Chebyshev(2, 1e300, 0.5); }, "Chebyshev: the degree is too large"},
+        {[] { return Chebyshev(2, 1e300, 0.3); }, "Chebyshev: the degree is too large"},
         {[] { return Chebyshev(1, 1000, 1e5); }, "Overflow in Chebyshev"},
         {[] { return Chebyshev(2, 1e15, -2); }, "Overflow in Chebyshev"},
         {[] { return Chebyshev(1, 1e300, kInfinity); }, "Overflow in Chebyshev"},

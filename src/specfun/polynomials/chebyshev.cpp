@@ -50,8 +50,8 @@ Pair ByDoubling(int m, double x) {
 
 /// The degree of T or, plus one, that of U, from 0: it counts the angles.
 struct Count {
-    DoubleDouble value;
-    int quarters;  // modulo 4
+    DoubleDouble value;  // the low part is -1, 0 or 1
+    int quarters;        // modulo 4
 };
 
 /// For 0 <= x < 1.
@@ -87,11 +87,21 @@ Pair ByHyperbolicAngle(const Count& m, double x) {
     return {Scale(Add(growth, decay), exponent - 1), Scale(quotient, exponent - 1)};
 }
 
+/// At x = 1/2 the angle is pi/3, the only one besides those of 0 and 1 where values are rational.
+Pair AtHalf(const Count& m) {
+    constexpr double kFirst[] = {1, 0.5, -0.5, -1, -0.5, 0.5};
+    constexpr double kSecond[] = {0, 1, 1, 0, -1, -1};
+    const double sixths = std::fmod(m.value.high, 6) + m.value.low + 6;
+    const int index = TruncateToInt32(std::fmod(sixths, 6));
+    return {{kFirst[index], 0}, {kSecond[index], 0}};
+}
+
 constexpr double kDoubled = 16384;  // above, the angle is as quick
 
 Pair OfMagnitude(const Count& m, double x) {
     if (m.value.high <= kDoubled) return ByDoubling(TruncateToInt32(m.value.high), x);
     if (x == 1) return {{1, 0}, m.value};
+    if (x == 0.5) return AtHalf(m);
     return x < 1 ? ByAngle(m, x) : ByHyperbolicAngle(m, x);
 }
 
