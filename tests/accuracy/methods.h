@@ -73,7 +73,9 @@ inline constexpr std::array<Method, 41> kMethods = {{
     {"Cheb", "integral degrees, -1 to 1", "doubling of the degree in double-double arithmetic",
      "DLMF 18.5.1, 18.5.2"},
     {"Hi", "degrees from 0, all x", "compensated recurrence", "DLMF 18.9.1"},
-    {"Lag", "degrees from 0, all x", "compensated recurrence", "DLMF 18.9.1"},
+    {"Lag", "degrees from 0, all x",
+     "compensated recurrence; from degree 600 power series, expansions of amplitude and phase",
+     "DLMF 18.9.1, 18.5.12, 18.8.1"},
     {"Leg", "degrees from 1, -1 to 1", "compensated recurrence", "DLMF 18.9.1"},
     {"power", "y^x: y >= 0 or x integral", "array kernel", "SLEEF"},
 }};

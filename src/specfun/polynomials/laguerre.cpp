@@ -1,12 +1,17 @@
-// Laguerre polynomials by the recurrence of their differences (DLMF 18.9.1).
+// Laguerre polynomials by the recurrence of their differences (DLMF 18.9.1); large degrees have a
+// file of their own.
 #include <cmath>
 
+#include "specfun/polynomials/laguerre_large.h"
 #include "specfun/polynomials/recurrence.h"
 #include "specfun/precision/double_double.h"
 #include "specfun/specfun.h"
 
 namespace kalvex::specfun {
 namespace {
+
+constexpr double kTiny = 0x1p-100;     // up to the largest degree that recurs, 1 - n x is 1
+constexpr double kFarthest = 0x1p513;  // x^2/2 is beyond the range, and more so higher degrees
 
 /// L(k+1) = L(k) + d(k+1), (k+1) d(k+1) = k d(k) - x L(k), where d is in `before`.
 void LaguerreStep(Neighbours& p, double x, double k) {
@@ -23,21 +28,27 @@ void LaguerreStep(Neighbours& p, double x, double k) {
     p.now = {next.high, p.now.low + (next.low + low)};
 }
 
-}  // namespace
-
 KALVEX_WITH_FMA
-double Laguerre(double degree, double x) {
-    const int n = Steps(degree, "Laguerre");
-    if (std::isnan(x)) return x;
-    constexpr double kTiny = 0x1p-100;  // the polynomial is 1 - n x
-    if (n == 0 || std::fabs(x) < kTiny) return 1;
+Neighbours Recurrence(double n, double x) {
     const DoubleDouble first = TwoSum(1, -x);
     Neighbours p = {{-x, 0}, {first.high, std::isfinite(x) ? first.low : 0}};
-    for (int k = 1; k < n; ++k) {
-        LaguerreStep(p, x, k);
+    for (double k = 1; k < n; ++k) {
         KeepInRange(p);
+        LaguerreStep(p, x, k);
     }
-    return Finite("Laguerre", p);
+    return p;
+}
+
+}  // namespace
+
+double Laguerre(double degree, double x) {
+    const double n = IntegralDegree(degree, 0, "Laguerre");
+    if (std::isnan(x)) return x;
+    if (n == 0) return 1;
+    if (n >= kLeastLargeLaguerre) return Finite("Laguerre", LargeLaguerre(n, x));
+    if (std::fabs(x) < kTiny) return 1;
+    if (n > 1 && std::fabs(x) >= kFarthest) return Finite("Laguerre", INFINITY);
+    return Finite("Laguerre", Recurrence(n, x));
 }
 
 }  // namespace kalvex::specfun

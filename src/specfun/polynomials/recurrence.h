@@ -34,18 +34,23 @@ struct Neighbours {
 };
 
 inline void KeepInRange(Neighbours& p) {
-    if (std::fabs(p.now.high) < kLarge) return;
-    p.before = Scale(p.before, -kScalingBits);
-    p.now = Scale(p.now, -kScalingBits);
-    p.exponent += kScalingBits;
+    while (std::fabs(p.now.high) >= kLarge && std::isfinite(p.now.high)) {
+        p.before = Scale(p.before, -kScalingBits);
+        p.now = Scale(p.now, -kScalingBits);
+        p.exponent += kScalingBits;
+    }
 }
 
-/// The value of `now`; throws "Overflow in NAME" where it is beyond the range.
+/// The value; throws "Overflow in NAME" where it is beyond the range.
+inline double Finite(const char* name, double value) {
+    if (!std::isfinite(value)) throw ap::ap_error{std::string("Overflow in ") + name};
+    return value;
+}
+
+/// The value of `now`.
 inline double Finite(const char* name, const Neighbours& p) {
     const double value = ToDouble(p.now);
-    const double scaled = p.exponent == 0 ? value : std::ldexp(value, p.exponent);
-    if (!std::isfinite(scaled)) throw ap::ap_error{std::string("Overflow in ") + name};
-    return scaled;
+    return Finite(name, p.exponent == 0 ? value : std::ldexp(value, p.exponent));
 }
 
 /// The power of two that brings a tiny x to 2^-100, 0 for any other: the polynomial of odd degree
