@@ -68,7 +68,6 @@ TEST(Polynomials, EndsAndMiddle) {
         EXPECT_EQ(Chebyshev(2, n, -1), sign * (n + 1));
         EXPECT_EQ(Legendre(n, 1), 1);
         EXPECT_EQ(Legendre(n, -1), sign);
-        if (n > 1e5) continue;
         EXPECT_EQ(Laguerre(n, 0), 1);
         EXPECT_EQ(Laguerre(n, DBL_TRUE_MIN), 1);
     }

@@ -1,7 +1,5 @@
-// Legendre polynomials. Low degrees by the three-term recurrence (DLMF 18.9.1), whose steps also
-// compute the exact error of their own roundings and carry it to first order beside the value
-// ("compensated" in the sense of Ogita, Rump and Oishi, 2005). High degrees, with N = n + 1/2 and
-// x = cos(theta):
+// Legendre polynomials. Low degrees by the compensated recurrence (DLMF 18.9.1). High degrees, with
+// N = n + 1/2 and x = cos(theta):
 // - N theta below kSeam: the power series in (1-x)/2 (DLMF 18.5.7). Its terms reach exp(N theta),
 //   36 bits more than the sum, of the 104 that double-double arithmetic has.
 // - Beyond: Stieltjes' expansion (DLMF 18.15.12; Bogaert, Michiels and Fostier 2012), written as
@@ -14,18 +12,12 @@
 
 #include "base/truncate.h"
 #include "specfun/polynomials/angle.h"
-#include "specfun/polynomials/degree.h"
+#include "specfun/polynomials/recurrence.h"
 #include "specfun/precision/double_double.h"
 #include "specfun/specfun.h"
 
 namespace kalvex::specfun {
 namespace {
-
-/// Two neighbours in the recurrence; the low parts are the errors carried.
-struct Neighbours {
-    DoubleDouble before;
-    DoubleDouble now;
-};
 
 /// P(k+1) = t + k/(k+1) (t - P(k-1)), t = x P(k).
 void Step(Neighbours& p, double x, double k) {
@@ -157,15 +149,6 @@ double OfMagnitude(double n, double x) {
     return x < 1 ? ByPhase(n, x) : ByGrowth(n, x);
 }
 
-/// The power of two that brings a tiny x to 2^-100, 0 for any other: the polynomial of odd degree
-/// is linear there, and no step meets denormal numbers.
-int TinyBits(double x) {
-    constexpr double kTiny = 0x1p-200;
-    constexpr int kBitsBelow = 100;
-    if (!(std::fabs(x) < kTiny) || x == 0) return 0;
-    return -kBitsBelow - std::ilogb(x);
-}
-
 }  // namespace
 
 KALVEX_WITH_FMA
@@ -177,8 +160,7 @@ double Legendre(double degree, double x) {
     const int tinyBits = odd ? TinyBits(x) : 0;
     const double magnitude = OfMagnitude(n, std::fabs(std::ldexp(x, tinyBits)));
     const double value = std::ldexp(odd ? std::copysign(1, x) * magnitude : magnitude, -tinyBits);
-    if (!std::isfinite(value)) throw ap::ap_error{"Overflow in Legendre"};
-    return value;
+    return Finite("Legendre", value);
 }
 
 }  // namespace kalvex::specfun
