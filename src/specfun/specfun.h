@@ -23,11 +23,7 @@ struct ap_error {
 
 namespace kalvex::specfun {
 
-/// Degrees of polynomials beyond this magnitude throw: the recurrences would take too long for one
-/// point of a curve.
-inline constexpr double MaxOrder = 100000.0;
-
-/// The same for the orders of the modified Bessel functions.
+/// Orders of the modified Bessel functions beyond this magnitude throw.
 inline constexpr double MaxModifiedOrder = 1e12;
 
 // In what follows n is the error in units in the last place over 1 + |x f'(x)/f(x)|, x the last
@@ -151,18 +147,32 @@ double BesselI(double order, double x);
 /// tells more.
 double Hypergeometric2F1(double a, double b, double c, double x);
 
-/// Chebyshev polynomial of kind 1 (T) or 2 (U), integral degrees up to MaxOrder in magnitude, all x
-/// (throws "Overflow in Chebyshev" where the value overflows, only beyond |x| = 1);
-/// T(-n) = T(n), U(-n) = -U(n-2), U(-1) = 0. Doubling of the degree (DLMF 18.5.1, 18.5.2) in
-/// double-double arithmetic. Error 0.5 ulp times 1 + condition number; 0.2 us at degree 50.
+/// Chebyshev polynomial of kind 1 (T) or 2 (U), integral degrees, all x; T(-n) = T(n),
+/// U(-n) = -U(n-2), U(-1) = 0. Throws "Overflow in Chebyshev" where the value overflows, only
+/// beyond |x| = 1, and "Chebyshev: the degree is too large" where the degree is beyond 2^53 and,
+/// times the angle from x to the middle or to the nearer end of the interval, beyond 2^53 too.
+/// Doubling of the degree (DLMF 18.5.1, 18.5.2) up to degree 16384, beyond that the cosine of the
+/// multiplied angle, in double-double arithmetic. n below 0.51 for degrees to 2^53; 0.05 to 0.2 us.
 double Chebyshev(int kind, double degree, double x);
 
-/// Physicists' Hermite, Laguerre and Legendre polynomials, integral degrees 0 to MaxOrder, all x.
-/// Three-term recurrence (DLMF 18.9), compensated. Each throws "Overflow in ..." where the value
-/// overflows. Error 0.5 ulp times 1 + condition number; below 1 us up to degree 50, time grows
-/// with the degree.
+/// Physicists' Hermite polynomials, integral degrees from 0, all x. Throws "Overflow in Hermite"
+/// where the value overflows: beyond degree 600 everywhere but at the zero in the middle of odd
+/// degrees. Three-term recurrence (DLMF 18.9.1), compensated. n below 0.51; up to 5 us, 0.3 us at
+/// degree 50.
 double Hermite(double degree, double x);
+
+/// Laguerre polynomials, integral degrees from 0, all x. Throws "Overflow in Laguerre" where the
+/// value overflows, and "Laguerre: the degree is too large" where sqrt(4 degree x) passes 1e15,
+/// which takes a degree above 1e26. Recurrence of the differences (DLMF 18.9.1), compensated; from
+/// degree 600 on the power series in double-double arithmetic, for x above 1156/(4 degree + 2) the
+/// expansions of amplitude and phase. n below 0.51; up to 6 us, 0.3 us at degree 50.
 double Laguerre(double degree, double x);
+
+/// Legendre polynomial, integral degrees from 0, all x. Throws "Overflow in Legendre" where the
+/// value overflows, only beyond |x| = 1, and "Legendre: the degree is too large" as Chebyshev does.
+/// Compensated recurrence (DLMF 18.9.1) below degree 60; above, near |x| = 1 the power series in
+/// 1-x in double-double arithmetic, elsewhere Stieltjes' expansion (18.15.12). n below 0.51 for
+/// degrees to 2^53; 0.3 to 0.6 us at any degree above 50.
 double Legendre(double degree, double x);
 
 }  // namespace kalvex::specfun
