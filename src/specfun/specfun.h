@@ -157,7 +157,7 @@ double Chebyshev(int kind, double degree, double x);
 
 /// Physicists' Hermite polynomials, integral degrees from 0, all x. Throws "Overflow in Hermite"
 /// where the value overflows: beyond degree 600 everywhere but at the zero in the middle of odd
-/// degrees. Three-term recurrence (DLMF 18.9.1), compensated. n below 0.51; up to 5 us, 0.3 us at
+/// degrees. Three-term recurrence (DLMF 18.9.1), compensated. n below 0.51; up to 3 us, 0.2 us at
 /// degree 50.
 double Hermite(double degree, double x);
 

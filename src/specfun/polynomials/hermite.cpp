@@ -28,7 +28,7 @@ void HermiteStep(Neighbours& p, double twiceX, double twiceK) {
 }
 
 KALVEX_WITH_FMA
-Neighbours Recurrence(double n, double x) {
+double Recurrence(double n, double x) {
     const int tinyBits = TinyBits(x);
     const double twiceX = 2 * std::ldexp(x, tinyBits);
     Neighbours p = {{1, 0}, {twiceX, 0}, std::fmod(n, 2) == 0 ? 0 : -tinyBits};
@@ -36,7 +36,7 @@ Neighbours Recurrence(double n, double x) {
         KeepInRange(p);
         HermiteStep(p, twiceX, 2 * k);
     }
-    return p;
+    return Finite("Hermite", p);
 }
 
 }  // namespace
@@ -48,7 +48,7 @@ double Hermite(double degree, double x) {
     const double phase = std::fmod(n, 4);
     if (x == 0 && (phase == 1 || phase == 3)) return phase == 1 ? x : -x;
     if (n > kMostSteps || (n > 1 && std::fabs(x) >= kFarthest)) return Finite("Hermite", INFINITY);
-    return Finite("Hermite", Recurrence(n, x));
+    return Recurrence(n, x);
 }
 
 }  // namespace kalvex::specfun

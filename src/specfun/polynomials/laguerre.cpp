@@ -29,14 +29,14 @@ void LaguerreStep(Neighbours& p, double x, double k) {
 }
 
 KALVEX_WITH_FMA
-Neighbours Recurrence(double n, double x) {
+double Recurrence(double n, double x) {
     const DoubleDouble first = TwoSum(1, -x);
     Neighbours p = {{-x, 0}, {first.high, std::isfinite(x) ? first.low : 0}};
     for (double k = 1; k < n; ++k) {
         KeepInRange(p);
         LaguerreStep(p, x, k);
     }
-    return p;
+    return Finite("Laguerre", p);
 }
 
 }  // namespace
@@ -48,7 +48,7 @@ double Laguerre(double degree, double x) {
     if (n >= kLeastLargeLaguerre) return Finite("Laguerre", LargeLaguerre(n, x));
     if (std::fabs(x) < kTiny) return 1;
     if (n > 1 && std::fabs(x) >= kFarthest) return Finite("Laguerre", INFINITY);
-    return Finite("Laguerre", Recurrence(n, x));
+    return Recurrence(n, x);
 }
 
 }  // namespace kalvex::specfun

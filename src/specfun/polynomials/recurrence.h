@@ -25,12 +25,13 @@ struct Neighbours {
     int exponent = 0;  // of the power of two to multiply by
 };
 
+/// To be called before each step, whose products then stay in the range unless the value does not.
 inline void KeepInRange(Neighbours& p) {
-    while (std::fabs(p.now.high) >= kLarge && std::isfinite(p.now.high)) {
-        p.before = Scale(p.before, -kScalingBits);
-        p.now = Scale(p.now, -kScalingBits);
-        p.exponent += kScalingBits;
-    }
+    if (std::fabs(p.now.high) < kLarge) return;
+    constexpr double kInverse = 1 / kLarge;  // std::ldexp would cost each step its registers
+    p.before = {p.before.high * kInverse, p.before.low * kInverse};
+    p.now = {p.now.high * kInverse, p.now.low * kInverse};
+    p.exponent += kScalingBits;
 }
 
 /// The value; throws "Overflow in NAME" where it is beyond the range.
