@@ -85,4 +85,5 @@ def rows_Psi():
     points += [p + 0.5 for p in (-1e6, -1e12, -2.0 ** 51)] + [-1e-300]
     points += around(1.4616321449683623, -0.50408300826445541, -1.5734984731623905, -10.702711, 1, 2, 10, 20)
     points += [n * (1 + d) for n in (-1, -3, -50) for d in (1e-14, -1e-14, 1e-8, -1e-8, 1e-3)]
+    points += around(-0.5, -0.6922202123161274, -2.5, 0.5, 1.5, 4, 16) + [1e-290, -1e-290, 2e-16, -2e-16]
     return rows(lambda x: mpmath.psi(0, x), [p for p in points if p > 0 or p != math.floor(p)])

@@ -5,8 +5,8 @@ import random
 import mpmath
 from mpmath import mp
 
-# From here on the next double is infinite: an integer, which has all its digits at any precision.
-LARGEST = (2 ** 54 - 1) * 2 ** 970
+with mp.workprec(60):  # from here on a value is rounded to infinity
+    LARGEST = mpmath.ldexp(2**54 - 1, 970)
 
 
 def generator(name):

@@ -1,4 +1,4 @@
-// Made by scripts/make-integral-coefficients. Coefficients of interpolating polynomials in powers
+// Made by scripts/make-airy-coefficients. Coefficients of interpolating polynomials in powers
 // of the distance from the middle, as Polynomial() of polynomial.h takes them: the rest of the
 // constant one beyond a double, then all from the constant one up. Where the rests of two are
 // listed, they come first, that of the constant one before the other.
