@@ -8,38 +8,16 @@
 #include <random>
 #include <string>
 
-#include "expr/kernels.h"
+#include "kernel_calls.h"
 #include "specfun/precision/double_double.h"
 
 namespace kalvex {
 namespace {
 
+using testing_support::Compute;
+using testing_support::ForEachTable;
+
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
-constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
-
-/// A call over arrays of any length, the second operand of the same length or missing.
-std::vector<double> Compute(const KernelTable& table, OpCode op, std::vector<double> a,
-                            std::vector<double> b = {}, int immediate = 0) {
-    const std::size_t wanted = a.size();
-    a.resize((wanted + kPaddedLanes - 1) / kPaddedLanes * kPaddedLanes, 1.0);
-    b.resize(a.size(), 1.0);
-    std::vector<double> out(a.size());
-    std::vector<std::int32_t> errors(a.size());
-    const Source sources[] = {{a.data(), 0.0}, {b.data(), 0.0}};
-    table.kernels[static_cast<std::size_t>(op)](
-        {out.data(), sources, out.size(), errors.data(), immediate});
-    out.resize(wanted);
-    return out;
-}
-
-template <typename Check>
-void ForEachTable(Check check) {
-    const KernelTables available = AvailableKernelTables();
-    for (std::size_t t = 0; t < available.count; ++t) {
-        SCOPED_TRACE(available.tables[t]->name);
-        check(*available.tables[t]);
-    }
-}
 
 /// Distance in units of the larger magnitude; 0 for equal values, infinite ones too.
 double Units(double a, double b) {
@@ -53,7 +31,6 @@ constexpr OpCode kSh = FunctionOp(FunctionNumber::Sh);
 constexpr OpCode kCh = FunctionOp(FunctionNumber::Ch);
 constexpr OpCode kTh = FunctionOp(FunctionNumber::Th);
 constexpr OpCode kGamma = FunctionOp(FunctionNumber::Gamma);
-constexpr OpCode kLog = FunctionOp(FunctionNumber::Log);
 
 TEST(KernelEnds, OfFunctionsOfOneArgument) {
     constexpr double kBelowOne = 1.0 - 0x1p-53;
@@ -192,75 +169,6 @@ TEST(KernelEnds, OfIntegralPowersHaveTheirDigits) {
     });
 }
 
-TEST(Logarithm, OfAnExactPowerIsTheExponent) {
-    std::vector<double> bases;
-    std::vector<double> arguments;
-    std::vector<double> exponents;
-    const auto add = [&](double base, double argument, int exponent) {
-        bases.push_back(base);
-        arguments.push_back(argument);
-        exponents.push_back(exponent);
-    };
-    for (int base = 2; base <= 1000; ++base) {
-        double power = 1;
-        for (int k = 0; power <= 0x1p53; ++k, power *= base)
-            add(base, power, k);
-    }
-    for (const int step : {1, 2, 3, 10}) {
-        const double base = std::ldexp(1.0, step);
-        for (int k = -1074 / step; k <= 1023 / step; ++k) {
-            add(base, std::ldexp(1.0, k * step), k);
-            add(1 / base, std::ldexp(1.0, k * step), -k);
-        }
-    }
-    ForEachTable([&](const KernelTable& table) {
-        const auto values = Compute(table, kLog, bases, arguments);
-        for (std::size_t i = 0; i < values.size(); ++i) {
-            EXPECT_EQ(values[i], exponents[i]) << "log(" << bases[i] << "," << arguments[i] << ")";
-        }
-    });
-}
-
-TEST(Logarithm, OfWhatIsNotFiniteIsItself) {
-    ForEachTable([](const KernelTable& table) {
-        const auto values = Compute(table, kLog, {2, 0.5, kInfinity, kInfinity, 2, kNan, 3},
-                                    {kInfinity, kInfinity, 2, kInfinity, kNan, 2, 1});
-        EXPECT_EQ(values[0], kInfinity);
-        EXPECT_EQ(values[1], -kInfinity);
-        EXPECT_EQ(values[2], 0.0);
-        for (const std::size_t i : {3, 4, 5})
-            EXPECT_TRUE(std::isnan(values[i])) << i;
-        EXPECT_EQ(values[6], 0.0);
-    });
-}
-
-TEST(Logarithm, OfOneBaseIsThatOfEachLane) {
-    std::mt19937_64 generator(5);
-    std::uniform_real_distribution<double> logarithm(-700.0, 700.0);
-    std::vector<double> arguments(64);
-    for (double& argument : arguments)
-        argument = std::exp(logarithm(generator));
-    arguments[3] = -1;
-    ForEachTable([&](const KernelTable& table) {
-        for (const double base : {3.0, 0.1, 1e-310, 1.0, 0.0, -2.0, kNan, kInfinity}) {
-            const auto expected =
-                Compute(table, kLog, std::vector<double>(arguments.size(), base), arguments);
-            std::vector<double> out(arguments.size());
-            std::vector<std::int32_t> errors(arguments.size());
-            const Source sources[] = {{nullptr, base}, {arguments.data(), 0.0}};
-            const bool failed = table.kernels[static_cast<std::size_t>(kLog)](
-                {out.data(), sources, out.size(), errors.data(), 0});
-            EXPECT_TRUE(failed);
-            for (std::size_t i = 0; i < out.size(); ++i) {
-                const bool fails = arguments[i] <= 0 || base <= 0 || base == 1;
-                EXPECT_EQ(errors[i], fails ? 17 : 0) << base << " " << arguments[i];
-                if (fails) continue;
-                EXPECT_EQ(std::memcmp(&out[i], &expected[i], 8), 0) << base << " " << arguments[i];
-            }
-        }
-    });
-}
-
 /// Arguments where a kernel takes another way, among ordinary ones.
 std::vector<double> Ends(OpCode op, std::mt19937_64& generator) {
     std::uniform_real_distribution<double> part(0.0, 1.0);
@@ -323,7 +231,7 @@ TEST(KernelEnds, HaveTheSameBitsInEveryLaneAndTable) {
             i % 4 == 0 ? 1 + 1e-9 * logarithm(generator) : std::exp(logarithm(generator));
     }
     ExpectEqualBits(OpCode::Power, bases, exponents, "power");
-    ExpectEqualBits(kLog, bases, arguments, "log");
+    ExpectEqualBits(FunctionOp(FunctionNumber::Log), bases, arguments, "log");
 }
 
 }  // namespace
