@@ -257,7 +257,10 @@ bool ExactRowWithoutCondition(std::string_view name, const std::vector<double>& 
 
 void AddCondition(std::string_view name, ReferenceRow& row) {
     if (row.high == 0 || std::isinf(row.high)) return;
-    row.condition = ConditionNumber(Find(name), row.arguments);
+    std::vector<double> arguments = row.arguments;
+    // A power of a negative base has values at whole exponents only; its magnitude has them all.
+    if (name == "power") arguments.front() = std::fabs(arguments.front());
+    row.condition = ConditionNumber(Find(name), arguments);
 }
 
 bool ExactRow(std::string_view name, const std::vector<double>& arguments, ReferenceRow& row) {
