@@ -11,6 +11,8 @@ KernelTables AvailableKernelTables() {
                         __builtin_cpu_supports("avx512dq") && __builtin_cpu_supports("avx512vl");
     if (avx512) available.tables[available.count++] = &kAvx512Kernels;
     if (avx2) available.tables[available.count++] = &kAvx2Kernels;
+#elif defined(KALVEX_ARM64)
+    available.tables[available.count++] = &kNeonKernels;
 #endif
     available.tables[available.count++] = &kBaselineKernels;
     return available;

@@ -8,5 +8,6 @@ namespace kalvex {
 extern const KernelTable kBaselineKernels;
 extern const KernelTable kAvx2Kernels;
 extern const KernelTable kAvx512Kernels;
+extern const KernelTable kNeonKernels;
 
 }  // namespace kalvex

@@ -1,7 +1,7 @@
 // The array operations behind the evaluator: one table of kernels for each instruction set, chosen
 // once at the start by what the processor has. Within one table every lane is computed
 // independently of its neighbours, so one point and many points agree bit for bit; the tables with
-// fused multiply-add (AVX2 and AVX-512) agree with each other too.
+// fused multiply-add (AVX2, AVX-512, NEON) agree with each other too.
 #pragma once
 
 #include <cstddef>

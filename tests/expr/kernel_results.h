@@ -1,0 +1,28 @@
+// The bits of the kernels over a large corpus, as one number for each expression: with them
+// machines of different kinds are compared, which never meet in one program.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "expr/kernels.h"
+
+namespace kalvex::testing_support {
+
+struct KernelResult {
+    std::string text;
+    std::uint64_t hash = 0;
+};
+
+/// The expressions of the corpus: each array operation alone, then random ones.
+std::vector<std::string> KernelCorpus();
+
+/// Of all values and codes of the expression over some thousand arguments. All not-a-numbers count
+/// as one, because processors give them different signs.
+std::uint64_t HashOfResults(const std::string& text, const KernelTable& kernels);
+
+/// tests/data/kernel_results.tsv, made by scripts/make-kernel-results with AVX2.
+std::vector<KernelResult> ReadKernelResults();
+
+}  // namespace kalvex::testing_support
