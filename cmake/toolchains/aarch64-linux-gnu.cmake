@@ -30,5 +30,7 @@ if(KALVEX_HOST_QT)
   set(QT_HOST_PATH_CMAKE_DIR ${KALVEX_HOST_QT} CACHE PATH "CMake files of that Qt")
 endif()
 
-set(CMAKE_CROSSCOMPILING_EMULATOR qemu-aarch64-static;-L;${KALVEX_SYSROOT} CACHE STRING
-    "Runs a program of the other processor")
+# Qt does not find its window systems by itself there.
+set(CMAKE_CROSSCOMPILING_EMULATOR qemu-aarch64-static;-L;${KALVEX_SYSROOT};-E
+    QT_PLUGIN_PATH=${KALVEX_SYSROOT}/usr/lib/aarch64-linux-gnu/qt6/plugins
+    CACHE STRING "Runs a program of the other processor")
