@@ -3,7 +3,8 @@
 
 add_library(kalvex_flags INTERFACE)
 target_compile_options(kalvex_flags INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Wold-style-cast -Werror
+  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Wold-style-cast
+  $<$<BOOL:${KALVEX_WARNINGS_AS_ERRORS}>:-Werror>
   # GCC 12 raises false alarms here about sums of strings.
   $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
   # A product and a sum are two roundings, always: one point and an array of points must agree.
@@ -13,7 +14,7 @@ target_compile_options(kalvex_flags INTERFACE
 # A release build is hardened as Debian's packages are, so that what is tested is what is packed.
 # (Position-independent code is what GCC makes there by itself.) docs/decisions.md has the cost.
 target_compile_options(kalvex_flags INTERFACE
-  $<$<CONFIG:Release>:-fstack-protector-strong -Werror=format-security -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2>)
+  $<$<CONFIG:Release>:-fstack-protector-strong -Wformat-security -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2>)
 target_link_options(kalvex_flags INTERFACE $<$<CONFIG:Release>:LINKER:-z,relro,-z,now>)
 if(KALVEX_SANITIZE)
   target_compile_options(kalvex_flags INTERFACE

@@ -50,7 +50,7 @@ bool WriteSvg(const QString& path, const DrawList& list) {
 bool WritePdf(const QString& path, const DrawList& list) {
     if (!HasSize(list)) return false;
     QBuffer bytes;
-    bytes.open(QIODevice::WriteOnly);
+    if (!bytes.open(QIODevice::WriteOnly)) return false;
     {
         QPdfWriter writer(&bytes);
         writer.setCreator("Kalvex");

@@ -47,8 +47,8 @@ int Spawn(std::vector<std::string> arguments, std::vector<std::string> environme
     posix_spawn_file_actions_addopen(&files, STDOUT_FILENO, out.c_str(), kWrite, 0600);
     posix_spawn_file_actions_addopen(&files, STDERR_FILENO, err.c_str(), kWrite, 0600);
     pid_t child = -1;
-    const int failure = posix_spawn(&child, KALVEX_CLI_PATH, &files, nullptr,
-                                    Pointers(arguments).data(), Pointers(environment).data());
+    const int failure = posix_spawnp(&child, arguments.front().c_str(), &files, nullptr,
+                                     Pointers(arguments).data(), Pointers(environment).data());
     posix_spawn_file_actions_destroy(&files);
     int state = 0;
     if (failure != 0 || waitpid(child, &state, 0) != child) return -1;
@@ -61,7 +61,7 @@ ToolRun RunTool(const std::vector<std::string>& arguments, const std::string& in
                 const std::vector<std::string>& environment, const std::string& outPath) {
     const TemporaryFolder folder;
     std::ofstream(folder.PathOf("in"), std::ios::binary) << input;
-    std::vector<std::string> all = {"kalvex-cli"};
+    std::vector<std::string> all = {KALVEX_CLI_COMMAND};
     all.insert(all.end(), arguments.begin(), arguments.end());
     const std::string out = outPath.empty() ? folder.PathOf("out") : outPath;
     ToolRun run;

@@ -24,9 +24,8 @@ struct DialogProgram : TestProgram {
     }
     QString MakeFile(const QString& name) {
         QFile file(folder.filePath(name));
-        file.open(QIODevice::WriteOnly);
-        file.write("0 1\n1 2\n2 0\n");
-        return file.fileName();
+        const bool written = file.open(QIODevice::WriteOnly) && file.write("0 1\n1 2\n2 0\n") > 0;
+        return written ? file.fileName() : QString();
     }
     void TypeName(const QString& name) {
         auto* const edit = dialog->findChild<QLineEdit*>("fileNameEdit");

@@ -168,6 +168,27 @@ class TipControlsTest final : public QObject {
         QTRY_VERIFY(bench.Shows(kNameTip));
         QTest::touchEvent(&bench.caption, bench.finger.get()).release(0, QPoint(5, 5));
     }
+    /// A press soon after another one arrives as a double click.
+    void AFingerTapsAndHolds() {
+        Bench bench;
+        const QPointF at(10, bench.box.height() / 2);
+        const auto send = [&](QEvent::Type type, Qt::MouseButtons buttons) {
+            QMouseEvent event(type, at, bench.box.mapToGlobal(at), Qt::LeftButton, buttons, {},
+                              bench.finger.get());
+            QCoreApplication::sendEvent(&bench.box, &event);
+        };
+        send(QEvent::MouseButtonPress, Qt::LeftButton);
+        send(QEvent::MouseButtonRelease, {});
+        QVERIFY(bench.box.isChecked());
+        send(QEvent::MouseButtonDblClick, Qt::LeftButton);
+        QTRY_VERIFY(bench.Shows(kOnTip));
+        send(QEvent::MouseButtonRelease, {});
+        QVERIFY(bench.box.isChecked());  // the hold presses nothing
+        send(QEvent::MouseButtonDblClick, Qt::LeftButton);
+        QVERIFY(bench.ShowsNothing());
+        send(QEvent::MouseButtonRelease, {});
+        QVERIFY(!bench.box.isChecked());
+    }
     void AFingerThatMovesHoldsNothing() {
         Bench bench;
         const int far = QGuiApplication::styleHints()->startDragDistance() + 2;

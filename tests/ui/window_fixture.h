@@ -1,8 +1,10 @@
 // A program without a settings file: windows on the offscreen platform over a memory store.
 #pragma once
 
+#include <QCursor>
 #include <QMenu>
 #include <QPushButton>
+#include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -35,6 +37,13 @@ struct TestProgram {
     void Start() {
         StartApplication(application);
         QVERIFY(QTest::qWaitForWindowActive(application.editor.get()));
+        ShowThePointer();
+    }
+    /// Puts the pointer somewhere, as a screen always has it: while none was ever seen, a menu of
+    /// Qt 6.8 takes no click.
+    void ShowThePointer() {
+        QCursor::setPos(application.editor->screen()->geometry().bottomRight());
+        QCoreApplication::processEvents();
     }
     EditorWindow& Editor() { return *application.editor; }
     GraphWindow& Graph() { return *application.graphWindow; }

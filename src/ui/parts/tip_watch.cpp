@@ -105,6 +105,7 @@ bool TipWatch::eventFilter(QObject* receiver, QEvent* event) {
             focusTimer.stop();
             return false;
         case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonDblClick:  // the second of two quick presses
             if (receiver == control) Press(*static_cast<QMouseEvent*>(event));
             return false;
         case QEvent::MouseMove:

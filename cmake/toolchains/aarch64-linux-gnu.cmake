@@ -1,0 +1,36 @@
+# Builds for 64-bit ARM on a machine of another kind, by Debian's cross compiler and against the
+# libraries in KALVEX_SYSROOT (scripts/make-sysroot makes that folder); qemu runs the tests.
+set(CMAKE_SYSTEM_NAME Linux)
+set(CMAKE_SYSTEM_PROCESSOR aarch64)
+
+set(KALVEX_SYSROOT ${CMAKE_CURRENT_LIST_DIR}/../../build/sysroot-arm64 CACHE PATH
+    "Root of a system for the processor that is built for")
+get_filename_component(KALVEX_SYSROOT ${KALVEX_SYSROOT} ABSOLUTE)
+set(CMAKE_TRY_COMPILE_PLATFORM_VARIABLES KALVEX_SYSROOT)
+
+set(CMAKE_C_COMPILER aarch64-linux-gnu-gcc)
+set(CMAKE_CXX_COMPILER aarch64-linux-gnu-g++)
+set(CMAKE_SYSROOT ${KALVEX_SYSROOT})
+set(CMAKE_LIBRARY_ARCHITECTURE aarch64-linux-gnu)
+
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+set(ENV{PKG_CONFIG_SYSROOT_DIR} ${KALVEX_SYSROOT})
+set(ENV{PKG_CONFIG_LIBDIR}
+    ${KALVEX_SYSROOT}/usr/lib/aarch64-linux-gnu/pkgconfig:${KALVEX_SYSROOT}/usr/share/pkgconfig)
+
+# moc and its like run while building: they are those of this machine, of the same version.
+set(QT_HOST_PATH /usr CACHE PATH "Where Qt is for programs that run while building")
+file(GLOB KALVEX_HOST_QT /usr/lib/*/cmake/Qt6HostInfo)
+if(KALVEX_HOST_QT)
+  list(GET KALVEX_HOST_QT 0 KALVEX_HOST_QT)
+  get_filename_component(KALVEX_HOST_QT ${KALVEX_HOST_QT} DIRECTORY)
+  set(QT_HOST_PATH_CMAKE_DIR ${KALVEX_HOST_QT} CACHE PATH "CMake files of that Qt")
+endif()
+
+# Qt does not find its window systems by itself there.
+set(CMAKE_CROSSCOMPILING_EMULATOR qemu-aarch64-static;-L;${KALVEX_SYSROOT};-E
+    QT_PLUGIN_PATH=${KALVEX_SYSROOT}/usr/lib/aarch64-linux-gnu/qt6/plugins
+    CACHE STRING "Runs a program of the other processor")
