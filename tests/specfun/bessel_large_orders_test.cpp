@@ -1,4 +1,4 @@
-// J and Y of orders beyond the recurrences: identities and the edges of the range.
+// J and Y by the expansions for large orders: identities and the edges of the range.
 #include <gtest/gtest.h>
 
 #include <cfloat>
@@ -18,9 +18,8 @@ constexpr double kPi = 3.14159265358979323846;
 constexpr double kWidths[] = {-20, -11.9, -5, -1, -0.25, 0, 0.25, 1, 5, 11.9, 20, 60, 200, 300};
 constexpr double kRatios[] = {1.001, 1.02, 1.3, 1.9999, 2, 2.0001, 7, 1e5, 1e20, 1e280};
 
-// The recurrence does not know of the expansions: its values at the last orders that it reaches
-// lead to those beyond. f(n+1) = 2n/x f(n) - f(n-1) (DLMF 10.6.1).
-TEST(BesselLargeOrders, ContinueTheRecurrence) {
+// The recurrence does not know of the expansions. f(n+1) = 2n/x f(n) - f(n-1) (DLMF 10.6.1).
+TEST(BesselLargeOrders, FollowTheRecurrence) {
     for (const double n : {1e5, 1e5 - 0.5}) {
         for (const double width : kWidths) {
             const double x = n + width * std::cbrt(n);
@@ -30,6 +29,23 @@ TEST(BesselLargeOrders, ContinueTheRecurrence) {
                 const double above = f(n + 1, x);
                 const double scale = std::fabs(below) + std::fabs(middle) + std::fabs(above);
                 EXPECT_NEAR(above, middle - below, 1e-14 * scale) << n << " " << x;
+            }
+        }
+    }
+}
+
+// Both sides of the first order that has them, and of the places beyond it where they begin for
+// smaller ones: the recurrence leads from one method to the other.
+TEST(BesselLargeOrders, MeetTheRecurrence) {
+    const double orders[] = {24, 25, 31.75, 60.5, 99.5, 100, 100.25, 101};
+    for (const double n : orders) {
+        for (double x = 0.55 * n; x < 6 * n; x *= 1.003) {
+            for (const auto f : {BesselJ, BesselY}) {
+                const double below = f(n - 1, x);
+                const double middle = 2 * n / x * f(n, x);
+                const double above = f(n + 1, x);
+                const double scale = std::fabs(below) + std::fabs(middle) + std::fabs(above);
+                EXPECT_NEAR(above, middle - below, 4 * DBL_EPSILON * scale) << n << " " << x;
             }
         }
     }

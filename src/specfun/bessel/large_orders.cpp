@@ -1,14 +1,16 @@
-// J and Y of orders too large for a recurrence. Everything is written in w = 1 - (x/order)^2, the
-// product of exact differences, and in s = sqrt|order^2 - x^2|, by which a rounding of x turns the
-// phase or changes the exponent: an error of 2^-64 of s in these is far below one of x.
+// J and Y of orders too large for a recurrence, and of small ones far beyond the turning point.
+// Everything is written in the product of exact differences d = (order - x)(order + x), and in s =
+// sqrt|d|, by which a rounding of x turns the phase or changes the exponent: an error of 2^-60 of s
+// in these is far below one of x.
 //
-// Within some thousand units of the exponent or phase of the turning point x = order, Olver's
-// uniform expansion in Airy functions (DLMF 10.20.4, 10.20.5); all that it needs is a power series
-// in w there. Elsewhere Debye's expansions (10.19.3 for x below the order, 10.19.6 above it); term
-// k is below k!/(2 xi)^k for the exponent or phase xi, so that six of them have all digits. In
-// units of s their coefficients become those of Hankel's expansion for large x. From x = 2 order on
-// the phase is x - (order/2 + 1/4) pi and a rest, whose sines and cosines are taken apart: those of
-// x and of the multiple of pi lose nothing however large both are.
+// Up to 30 units of the exponent or phase from the turning point x = order, Olver's uniform
+// expansion in Airy functions (DLMF 10.20.4, 10.20.5); all that it needs is a power series in
+// (order - x)/(order + x) there, which stays below 1/4. Elsewhere Debye's expansions (10.19.3 for x
+// below the order, 10.19.6 above it); term k is near (k-1)!/(2 pi (2 xi)^k) for the exponent or
+// phase xi, so that twenty of them have all digits. In units of s their coefficients become those
+// of Hankel's expansion for large x. From x = 2 order on the phase is x - (order/2 + 1/4) pi and a
+// rest, whose sines and cosines are taken apart: those of x and of the multiple of pi lose nothing
+// however large both are.
 #include <array>
 #include <cmath>
 #include <iterator>
@@ -24,25 +26,25 @@ namespace {
 constexpr Extended kPi = std::numbers::pi_v<Extended>;
 
 /// Debye's expansions from this exponent or phase on.
-constexpr Extended kDebyeFrom = 1000;
+constexpr Extended kDebyeFrom = 28;
 
 struct Place {
     Extended order;
     Extended x;
-    Extended w;
     Extended s;
+    Extended square;  ///< order^2 / (order^2 - x^2)
 };
 
 Place PlaceOf(double order, Extended x) {
     const Extended n = order;
     const Extended difference = (n - x) * (n + x);
-    return {n, x, difference / (n * n), std::sqrt(std::fabs(difference))};
+    return {n, x, std::sqrt(std::fabs(difference)), n * n / difference};
 }
 
-/// Near the turning point the exponent or phase is s^3 / (3 order^2).
+/// With t = s/order the exponent over the order is artanh(t) - t, the phase t - atan(t); both are
+/// above t^3/(3 - 1.8 t^2), where the sign of t^2 is that of order - x.
 bool IsTurning(const Place& at) {
-    constexpr Extended kBound = 3 * kDebyeFrom;
-    return at.s / at.order * (at.s / at.order) * at.s < kBound;
+    return !(at.s / std::fabs(3 * at.square - Extended{1.8}) >= kDebyeFrom);
 }
 
 /// A power series in plain doubles.
@@ -56,14 +58,21 @@ double SmallSeries(const double (&series)[count], double t) {
 
 /// Olver's expansion with Ai and Ai', or Bi and Bi', at order^(2/3) zeta.
 Extended Turning(const Place& at, AiryPair (&airy)(Extended)) {
-    const Extended root = Polynomial(kTurningRoot, at.w);
+    const Extended quotient = (at.order - at.x) / (at.order + at.x);
+    const Extended root = Polynomial(kTurningRoot, quotient);
     const Extended scale = std::cbrt(at.order / 2);
-    const Extended square = scale * scale * root * root;
-    const AiryPair pair = airy(square * root * root * at.w);
-    const double w = static_cast<double>(at.w);
-    const Extended first = SmallSeries(kTurningA1, w) / (at.order * at.order);
-    const Extended second = SmallSeries(kTurningB0, w) / (scale * scale * scale * scale);
-    return root / scale * (pair.value * (1 + first) + pair.derivative * second);
+    const Extended factor = 2 * scale * root * root / (1 + quotient);
+    const AiryPair pair = airy(factor * factor * quotient);
+    const double y = static_cast<double>(quotient);
+    const double plainScale = static_cast<double>(scale);
+    const double inverse = 1 / static_cast<double>(at.order);
+    const double r = inverse * inverse;
+    const double first = r * (SmallSeries(kTurningA1, y) +
+                              r * (SmallSeries(kTurningA2, y) + r * SmallSeries(kTurningA3, y)));
+    const double second = (SmallSeries(kTurningB0, y) +
+                           r * (SmallSeries(kTurningB1, y) + r * SmallSeries(kTurningB2, y))) /
+                          plainScale / plainScale / plainScale / plainScale;
+    return root / scale * (pair.value * (1 + Extended{first}) + pair.derivative * second);
 }
 
 /// The sums of U(k)/order^k over even and odd k, for x above the order with the powers of i left
@@ -74,24 +83,26 @@ struct DebyeSums {
 };
 
 DebyeSums DebyeSumsAt(const Place& at) {
-    const double square = static_cast<double>(1 / at.w);
+    constexpr double kNegligible = 0x1p-64;
+    const double square = static_cast<double>(at.square);
     const double r = static_cast<double>(1 / at.s);
-    const double turn = at.w > 0 ? r * r : -r * r;
+    const double turn = at.order > at.x ? r * r : -r * r;
     double even = 0;
     double odd = 0;
     double power = 1;
-    for (std::size_t k = 0; k < std::size(kDebye); k += 2) {
-        odd += power * r * SmallSeries(kDebye[k], square);
+    double term = 1;
+    for (std::size_t k = 0; k < std::size(kDebye) && std::fabs(term) > kNegligible; k += 2) {
+        odd += power * r * DebyePolynomial(k, square);
         power *= turn;
-        even += power * SmallSeries(kDebye[k + 1], square);
+        term = power * DebyePolynomial(k + 1, square);
+        even += term;
     }
     return {1 + Extended{even}, odd};
 }
 
 /// order alpha - s with cosh(alpha) = order/x, tanh(alpha) = s/order; infinite for the least x.
 Extended Exponent(const Place& at) {
-    const Extended t = at.s / at.order;
-    return at.order * (std::log1p(2 * t / (1 - t)) / 2) - at.s;
+    return at.order * std::log1p((at.order - at.x + at.s) / at.x) - at.s;
 }
 
 /// The unit vector a turned back by b.
@@ -114,11 +125,16 @@ CosineSine PhaseAt(const Place& at) {
 
 }  // namespace
 
+bool IsFarBeyond(double order, Extended x) {
+    return x > order && !IsTurning(PlaceOf(order, x));
+}
+
 Extended LargeOrderJ(double order, Extended x) {
     const Place at = PlaceOf(order, x);
     if (IsTurning(at)) return Turning(at, AiryAiPair);
     const DebyeSums sums = DebyeSumsAt(at);
-    if (at.w > 0) return ExpOf(-Exponent(at)) / std::sqrt(2 * kPi * at.s) * (sums.even + sums.odd);
+    if (at.order > at.x)
+        return ExpOf(-Exponent(at)) / std::sqrt(2 * kPi * at.s) * (sums.even + sums.odd);
     const auto [c, s] = PhaseAt(at);
     return std::sqrt(2 / (kPi * at.s)) * (c * sums.even + s * sums.odd);
 }
@@ -127,7 +143,7 @@ Extended LargeOrderY(double order, Extended x) {
     const Place at = PlaceOf(order, x);
     if (IsTurning(at)) return -Turning(at, AiryBiPair);
     const DebyeSums sums = DebyeSumsAt(at);
-    if (at.w > 0)
+    if (at.order > at.x)
         return -ExpOf(Exponent(at)) * std::sqrt(2 / (kPi * at.s)) * (sums.even - sums.odd);
     const auto [c, s] = PhaseAt(at);
     return std::sqrt(2 / (kPi * at.s)) * (s * sums.even - c * sums.odd);

@@ -2,7 +2,7 @@
 // (1975) for x up to 2 and his recurrence of confluent hypergeometric functions beyond. I by its
 // power series, all of whose terms are positive, or for larger x by the Wronskian with K and the
 // ratio of two neighbouring I, a sum of positive terms too, or for x large against the order by
-// Hankel's expansion (DLMF 10.40.1) and a short recurrence upward. Orders above 1000 by the uniform
+// Hankel's expansion (DLMF 10.40.1) and a short recurrence upward. Orders above 50 by the uniform
 // expansions for large order (Debye; DLMF 10.41). The exponential is applied last.
 #include "specfun/bessel/modified.h"
 
@@ -11,6 +11,7 @@
 #include <numbers>
 
 #include "base/truncate.h"
+#include "specfun/bessel/large_order_coefficients.h"
 
 namespace kalvex::specfun {
 namespace {
@@ -98,21 +99,34 @@ OrderPair ScaledK(double order, Extended x) {
     return pair;
 }
 
-/// Above this order the uniform expansions with three terms have all digits.
-constexpr double kUniformOrder = 1000;
+/// Above this order the uniform expansions have all digits.
+constexpr double kUniformOrder = 50;
+
+/// The sum of (sign/order)^k U(k)(p) from k = 1 on; its terms fall like (k-1)!/(pi order)^k.
+double DebyeSum(double r, double p) {
+    const double square = p * p;
+    const double step = r * p;
+    double sum = 0;
+    double power = 1;
+    double term = 1;
+    double before = 1;
+    for (std::size_t k = 0; std::fabs(term) + std::fabs(before) > 0x1p-66; ++k) {
+        power *= step;
+        before = term;
+        term = power * DebyePolynomial(k, square);
+        sum += term;
+    }
+    return sum;
+}
 
 /// exp(sign order eta) (1 + z^2)^(-1/4) sum of sign^k U(k)/order^k for x = order z.
 Extended Uniform(Extended order, Extended x, int sign) {
     const Extended z = x / order;
-    const Extended root = std::hypot(Extended{1}, z);
+    const Extended root = std::sqrt(1 + z * z);
     const Extended p = 1 / root;
-    const Extended q = p * p;
     const Extended eta = root + std::log(z / (1 + root));
-    const Extended r = sign / order;
-    const Extended u1 = p * (3 - 5 * q) / 24;
-    const Extended u2 = q * (81 + q * (-462 + 385 * q)) / 1152;
-    const Extended u3 = p * q * (30375 + q * (-369603 + q * (765765 - 425425 * q))) / 414720;
-    return std::exp(sign * order * eta) * std::sqrt(p) * (1 + r * (u1 + r * (u2 + r * u3)));
+    const double sum = DebyeSum(sign / static_cast<double>(order), static_cast<double>(p));
+    return ExpOf(sign * order * eta) * std::sqrt(p) * (1 + Extended{sum});
 }
 
 /// I exp(-x) by the expansion for large argument; |order| <= 3/2, x > 25.

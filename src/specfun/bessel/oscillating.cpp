@@ -1,8 +1,8 @@
 // Y by recurrence upward from an order within 1/2 of 0, which is stable always. J likewise while
 // the order stays below x. Beyond, J is the vanishing solution: its power series where that does
 // not cancel, else the recurrence downward that starts above the wanted order, or for large x the
-// Wronskian with Y and the ratio of two neighbouring J. Orders too large for that have a file of
-// their own.
+// Wronskian with Y and the ratio of two neighbouring J. Expansions for large orders, which have a
+// file of their own, take over where they have all digits.
 #include "specfun/bessel/oscillating.h"
 
 #include <cmath>
@@ -36,6 +36,13 @@ Extended SeriesJ(double order, Extended quarter, Extended x) {
     return factor == 0 ? 0 : factor * PowerSeries(order, -quarter);
 }
 
+/// Below this order a recurrence is as quick as an expansion.
+constexpr double kFewSteps = 24;
+
+bool HasExpansion(double order, Extended x) {
+    return order >= kRecurrenceEnd || (order >= kFewSteps && IsFarBeyond(order, x));
+}
+
 /// J by the Wronskian, for orders from x.
 Extended WronskianJ(double order, Extended x, OrderPair y) {
     if (!std::isfinite(y.next)) return 0;
@@ -50,7 +57,7 @@ Extended Weighted(Extended a, Extended b) {
 }  // namespace
 
 Extended OscillatingJ(double order, Extended x) {
-    if (order > kRecurrenceEnd) return LargeOrderJ(order, x);
+    if (HasExpansion(order, x)) return LargeOrderJ(order, x);
     const Extended quarter = x * x / 4;
     if (quarter <= order + Extended{1}) return SeriesJ(order, quarter, x);
     const SplitOrder split = Split(order);
@@ -62,7 +69,7 @@ Extended OscillatingJ(double order, Extended x) {
 }
 
 Extended OscillatingY(double order, Extended x) {
-    if (order > kRecurrenceEnd) return LargeOrderY(order, x);
+    if (HasExpansion(order, x)) return LargeOrderY(order, x);
     const SplitOrder split = Split(order);
     if (x < kNear) return Upward(LowYNear(split.part, x), split, x).at;
     const LowOrders low =
@@ -71,7 +78,7 @@ Extended OscillatingY(double order, Extended x) {
 }
 
 Extended OscillatingSum(double order, Extended x, Extended ofJ, Extended ofY) {
-    if (order > kRecurrenceEnd)
+    if (HasExpansion(order, x))
         return Weighted(ofJ, LargeOrderJ(order, x)) + Weighted(ofY, LargeOrderY(order, x));
     const Extended quarter = x * x / 4;
     if (quarter <= order + Extended{1}) {

@@ -5,8 +5,9 @@
 
 namespace kalvex::specfun {
 
-/// The recurrences go to this order, the expansions for large orders start beyond it.
-inline constexpr double kRecurrenceEnd = 100000;
+/// Recurrences below this order, except where IsFarBeyond says that the expansions for large orders
+/// have all digits.
+inline constexpr double kRecurrenceEnd = 100;
 
 Extended OscillatingJ(double order, Extended x);
 
@@ -16,8 +17,12 @@ Extended OscillatingY(double order, Extended x);
 /// ofJ J + ofY Y for coefficients of at most 1.
 Extended OscillatingSum(double order, Extended x, Extended ofJ, Extended ofY);
 
-/// J and Y of orders beyond kRecurrenceEnd. Zero and minus infinity where the extended format
-/// underflows and overflows.
+/// Whether x is so far above the order, as large as that may be or 0, that the expansions for large
+/// orders have all digits.
+bool IsFarBeyond(double order, Extended x);
+
+/// J and Y of orders from kRecurrenceEnd, or where IsFarBeyond. Zero and minus infinity where the
+/// extended format underflows and overflows.
 Extended LargeOrderJ(double order, Extended x);
 Extended LargeOrderY(double order, Extended x);
 
