@@ -52,9 +52,10 @@ constexpr Extended kHalfPi1 = 0x1921fb544p-32L;
 constexpr Extended kHalfPi2 = 0x10b4611a6p-66L;
 constexpr Extended kHalfPi3 = 2.02226624879595073239968e-21L;
 
-/// The nearest whole number, |x| < 2^62; quicker than the library's.
+/// The nearest whole number, |x| < 2^62; quicker than the library's. The shift leaves no fraction,
+/// however many digits the format has.
 Extended Nearest(Extended x) {
-    constexpr Extended kShift = 0x1.8p63L;
+    constexpr Extended kShift = 1.5L / std::numeric_limits<Extended>::epsilon();
     return (x + kShift) - kShift;
 }
 
