@@ -48,13 +48,14 @@ Scaled StirlingFactor(double order, double x) {
     return power * (1.0 / SquareRoot(2 * kPi * order));
 }
 
-/// x^n.
+/// x^n for n up to kStirlingFrom.
 Extended IntegerPower(double x, int n) {
-    Extended result{1};
-    for (Extended power{x}; n > 0; n /= 2, power = power * power) {
-        if (n % 2 != 0) result = result * power;
+    Extended power{1};
+    for (int k = 0; k < n; ++k) {
+        const Extended product = TwoProduct(power.high, x);
+        power = {product.high, product.low + power.low * x};
     }
-    return result;
+    return TwoSum(power.high, power.low);
 }
 
 }  // namespace
@@ -113,10 +114,13 @@ Scaled LeadingFactor(double order, double x) {
 
 KALVEX_WITH_FMA
 Extended PowerSeries(double order, Extended q) {
+    // Terms below this of the sum are doubles.
+    constexpr double kSmall = 0x1p-11;
     constexpr double kNegligible = 0x1p-66;
     Extended sum{1};
     Extended term{1};
-    for (double k = 1; std::fabs(term.high) > kNegligible * sum.high; ++k) {
+    double k = 1;
+    for (; std::fabs(term.high) > kSmall * sum.high; ++k) {
         const Extended next = TwoSum(order, k);
         const double divisor = k * next.high;
         const double lower = std::fma(k, next.high, -divisor) + k * next.low;
@@ -128,7 +132,12 @@ Extended PowerSeries(double order, Extended q) {
         const Extended total = TwoSum(sum.high, term.high);
         sum = {total.high, sum.low + (total.low + term.low)};
     }
-    return TwoSum(sum.high, sum.low);
+    double tail = 0;
+    for (double small = term.high; std::fabs(small) > kNegligible * sum.high; ++k) {
+        small *= q.high / (k * (order + k));
+        tail += small;
+    }
+    return TwoSum(sum.high, sum.low + tail);
 }
 
 KALVEX_WITH_FMA

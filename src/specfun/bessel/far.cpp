@@ -9,8 +9,7 @@
 // downward, and the Wronskian fixes the common factor.
 //
 // Large arguments: H(1) = sqrt(2/(pi x)) exp(i phase) (1 + small), phase = x - (part/2 + 1/4) pi,
-// by Hankel's expansion (DLMF 10.17.5), whose least term is exp(-2 x). Sine and cosine of x are
-// taken apart from those of the rest of the phase, an exact fraction.
+// by Hankel's expansion (DLMF 10.17.5), whose least term is exp(-2 x).
 #include <algorithm>
 #include <cmath>
 
@@ -104,8 +103,7 @@ LowOrders LowOrdersMiddle(double part, double x, int steps) {
 
 KALVEX_WITH_FMA
 LowOrders LowOrdersFar(double part, double x) {
-    const CosineSine rest = CosineSinePi(TwoSum(part / 2, 0.25));
-    const auto [c, s] = TurnedBack(CosineSineOf({x, 0}), rest);
+    const auto [c, s] = CosineSineLess(x, TwoSum(part / 2, 0.25));
     // The root of 2/(pi x), which the largest x would overflow.
     const double unit = x > 0x1p500 ? 0x1p-300 : 1;
     const Extended root = TimesPower(SquareRoot(1.0 / (kHalfPi * (x * unit * unit))), unit);

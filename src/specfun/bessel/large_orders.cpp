@@ -9,8 +9,8 @@
 // below the order, 10.19.6 above it); term k is near (k-1)!/(2 pi (2 xi)^k) for the exponent or
 // phase xi, so that twenty of them have all digits. In units of s their coefficients become those
 // of Hankel's expansion for large x. From x = 2 order on the phase is x - (order/2 + 1/4) pi and a
-// rest, whose sines and cosines are taken apart: those of x and of the multiple of pi lose nothing
-// however large both are.
+// rest, whose sines and cosines are taken apart where x is large: those of x and of the multiple of
+// pi lose nothing however large both are.
 #include <algorithm>
 #include <cmath>
 #include <iterator>
@@ -143,19 +143,22 @@ Extended Exponent(const Place& at) {
 
 /// Cosine and sine of s - order beta - pi/4, tan(beta) = s/order.
 CosineSine PhaseAt(const Place& at) {
+    // Up to here the parts of the phase may be summed.
+    constexpr double kTogether = 0x1p30;
     const double n = at.order;
     const double unit = UnitOf(at);
     if (at.x < 2 * n) {
         const double t = at.s.high / n;
         const Extended phase =
             t < kFlat ? at.s * FlatPart(-t * t) : at.s - n * AngleOf(at.s, {n, 0});
+        if (phase.high * unit < kTogether) return CosineSineOf(phase * unit - kHalfPi * 0.5);
         return TurnedBack(CosineSineOf(TimesPower(phase, unit)), CosineSinePi({0.25, 0}));
     }
     // beta is pi/2 - arcsin(order/x), and s is x - order^2/(x + s).
     const Extended rest = n * (n / (at.x + at.s) - AngleOf({n, 0}, at.s));
-    const CosineSine multiple = CosineSinePi(TwoSum(std::fmod(n * unit, 4.0) / 2, 0.25));
-    return TurnedBack(TurnedBack(CosineSineOf({at.x * unit, 0}), multiple),
-                      CosineSineOf(TimesPower(rest, unit)));
+    if (at.x * unit < kTogether) return CosineSineOf(at.x - kPi * TwoSum(n / 2, 0.25) - rest);
+    const Extended turns = TwoSum(std::fmod(n * unit, 4.0) / 2, 0.25);
+    return TurnedBack(CosineSineLess(at.x * unit, turns), CosineSineOf(TimesPower(rest, unit)));
 }
 
 /// exp(sign exponent) times the sums and sqrt(factor / s).

@@ -26,40 +26,73 @@ struct NeumannSums {
 
 /// The step above part at which to start, at most 26: J falls by more than 2^66 to there.
 int StartSteps(double x) {
+    if (x < 1e-3) return 6;
     return x < 0.1 ? 12 : TruncateToInt32(16 + 4.5 * x);
+}
+
+/// The sums so far, and the values of the recurrence one and two steps above the even step 2m.
+struct Run {
+    Extended norm;
+    Extended second;
+    Extended slope;
+    Extended above;
+    Extended value;  ///< at the step 2m
+};
+
+/// The two steps of the recurrence down from 2m; returns the value at 2m - 1.
+Extended StepDown(Run& run, double part, Extended scale, int m) {
+    const Extended middle = RecurrenceStep(FactorAt(scale, 2 * m, part), run.value, run.above);
+    const Extended below = RecurrenceStep(FactorAt(scale, 2 * m - 1, part), middle, run.value);
+    run.above = middle;
+    run.value = below;
+    return middle;
+}
+
+/// The sums down to the step 2m, where they are below 2^-10 of all.
+void AddFar(Run& run, double part, Extended scale, int m) {
+    const double weight = part + 2 * m;
+    const double quotient = (part + m) / (m + 1);
+    const double factor = -quotient * (2 * part + m) / (m + 1 - part);
+    const double term = weight * run.value.high;
+    const double above = run.above.high;
+    const Extended middle = StepDown(run, part, scale, m);
+    run.norm.high = term + quotient * run.norm.high;
+    run.second.high = term + factor * run.second.high;
+    run.slope.high = weight * (middle.high - above) + factor * run.slope.high;
+}
+
+void AddNear(Run& run, double part, Extended scale, int m) {
+    const Extended weight = TwoSum(2 * m, part);
+    const Extended quotient = TwoSum(m, part) / static_cast<double>(m + 1);
+    const Extended factor = -quotient * TwoSum(m, 2 * part) / TwoSum(m + 1, -part);
+    const Extended term = weight * run.value;
+    const Extended above = run.above;
+    const Extended middle = StepDown(run, part, scale, m);
+    run.norm = term + quotient * run.norm;
+    run.second = term + factor * run.second;
+    run.slope = weight * (middle - above) + factor * run.slope;
 }
 
 /// The series run as nested products over the even steps 2m: each coefficient is the one below
 /// times a rational factor of m.
 NeumannSums RecurDownward(double part, double x) {
+    constexpr int kNear = 2;
     const Extended scale = Extended{2} / x;
-    Extended norm{0};
-    Extended second{0};
-    Extended slope{0};
-    Extended above{0};
-    Extended value{0x1p-800};  // of the step 2m
-    for (int m = (StartSteps(x) + 1) / 2; m > 0; --m) {
-        const double grow = m + 1;
-        const Extended weight = TwoSum(2 * m, part);
-        const Extended middle = scale * (weight * value) - above;
-        const Extended product = TwoSum(m, part) * TwoSum(grow, -part);
-        // Both quotients by one inverse.
-        const Extended inverse = 1.0 / (product * grow);
-        const Extended common = TwoSum(m, part) * inverse;
-        const Extended quotient = common * product;
-        const Extended factor = common * TwoSum(m, part) * -TwoSum(m, 2 * part);
-        const Extended term = weight * value;
-        norm = term + quotient * norm;
-        second = term + factor * second;
-        slope = weight * (middle - above) + factor * slope;
-        above = middle;
-        value = scale * (TwoSum(2 * m - 1, part) * middle) - value;
-    }
+    Run run{};
+    run.value.high = 0x1p-800;
+    int m = (StartSteps(x) + 1) / 2;
+    for (; m > kNear; --m)
+        AddFar(run, part, scale, m);
+    for (; m > 0; --m)
+        AddNear(run, part, scale, m);
+    const Extended value = TwoSum(run.value.high, run.value.low);
+    const Extended above = TwoSum(run.above.high, run.above.low);
     // The terms m = 0 have the coefficient 1 in the norm, and are left out of the other two, where
     // m = 1 has the coefficient -1/(1 - part).
     const Extended down = TwoSum(part, -1);
-    second = second / down;
-    return {{value, above}, norm + value, second, 3 * part / x * second - slope / (2.0 * down)};
+    const Extended second = run.second / down;
+    const Extended next = 3 * part / x * second - run.slope / (2.0 * down);
+    return {{value, above}, run.norm + value, second, next};
 }
 
 /// The same for x below kTiny, with J(part + 1) that much smaller.

@@ -62,9 +62,9 @@ OrderPair SeriesK(double part, double x, const Step& step) {
     const auto [even, odd] = ReciprocalGammaParts(part);
     const Extended logarithm = kLn2 - LogOf({x, 0});
     const Extended t = part * logarithm;
-    const Scaled scaled = ExpOf(t);
+    const Scaled scaled = part == 0 ? Scaled{{1}} : ExpOf(t);
     const Extended power = TimesPower(scaled.value, std::ldexp(1.0, scaled.exponent));
-    const Extended inverse = 1.0 / power;
+    const Extended inverse = part == 0 ? power : 1.0 / power;
     const Extended up = even + part * odd;
     const Extended down = even - part * odd;
     const Extended sine =

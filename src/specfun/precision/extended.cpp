@@ -233,4 +233,12 @@ CosineSine CosineSineOf(Extended x) {
     return TurnedBack(Turned(NearZero(reduced.rest), reduced.quarters), back);
 }
 
+KALVEX_WITH_FMA
+CosineSine CosineSineLess(double x, Extended t) {
+    // The difference is exact enough up to here.
+    constexpr double kTogether = 0x1p30;
+    if (std::fabs(x) < kTogether) return CosineSineOf(x - kPi * t);
+    return TurnedBack(CosineSineOf({x, 0}), CosineSinePi(t));
+}
+
 }  // namespace kalvex::specfun

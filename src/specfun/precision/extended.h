@@ -143,4 +143,7 @@ CosineSine CosineSinePi(Extended t);
 /// cos(x) and sin(x) with an absolute error below 2^-61, near 0 relative to the sine.
 CosineSine CosineSineOf(Extended x);
 
+/// cos(x - pi t) and sin(x - pi t), absolute error below 2^-60 for |t| up to 2^30 and all finite x.
+CosineSine CosineSineLess(double x, Extended t);
+
 }  // namespace kalvex::specfun
