@@ -55,21 +55,37 @@ PlainComplex Confluent(double part, double x) {
     return {factor * quotient.real, factor * quotient.imaginary};
 }
 
-/// Hankel's expansion of H(1) of the order but for the factor, less 1; order up to 3/2.
-PlainComplex HankelSum(double order, double x) {
+/// Hankel's expansion of H(1) of the order but for the factor, less 1: its first term, up to 1/22,
+/// and the rest.
+struct HankelParts {
+    Extended first;  ///< imaginary
+    PlainComplex rest;
+};
+
+/// Order up to 3/2.
+HankelParts HankelSum(Extended order, double x) {
     constexpr double kNegligible = 0x1p-60;
     const double scale = 1 / (2 * x);
-    const double square = order * order;
-    PlainComplex sum{0, 0};
-    double term = 1;
-    for (double k = 1; std::fabs(term) > kNegligible; k += 2) {
+    const double square = order.high * order.high;
+    const Extended first = (order - 0.5) * (0.5 * order + 0.25) / x;
+    PlainComplex rest{0, 0};
+    double term = first.high;
+    for (double k = 2; std::fabs(term) > kNegligible; k += 2) {
         const double half = k - 0.5;
-        term *= (square - half * half) * (scale / k);
-        sum.imaginary += term;
-        term *= ((half + 1) * (half + 1) - square) * (scale / (k + 1));
-        sum.real += term;
+        term *= (half * half - square) * (scale / k);
+        rest.real += term;
+        term *= (square - (half + 1) * (half + 1)) * (scale / (k + 1));
+        rest.imaginary += term;
     }
-    return sum;
+    return {first, rest};
+}
+
+/// What the expansion adds to the real and the imaginary part of a factor.
+OrderPair Added(Extended real, Extended imaginary, const HankelParts& sum) {
+    const auto [first, rest] = sum;
+    const double a = real.high * rest.real - imaginary.high * rest.imaginary;
+    const double b = imaginary.high * rest.real + real.high * rest.imaginary;
+    return {a - imaginary * first, b + real * first};
 }
 
 }  // namespace
@@ -109,14 +125,9 @@ LowOrders LowOrdersFar(double part, double x) {
     const Extended root = TimesPower(SquareRoot(1.0 / (kHalfPi * (x * unit * unit))), unit);
     const Extended real = root * c;
     const Extended imaginary = root * s;
-    const PlainComplex p = HankelSum(part, x);
-    const PlainComplex q = HankelSum(part + 1, x);
-    const auto with = [](Extended large, double a, double b) { return large + (a + b); };
-    return {{with(real, real.high * p.real, -imaginary.high * p.imaginary),
-             with(imaginary, real.high * q.imaginary, imaginary.high * q.real)},
-            {with(imaginary, imaginary.high * p.real, real.high * p.imaginary),
-             with(-real, -real.high * q.real, imaginary.high * q.imaginary)},
-            {}};
+    const OrderPair at = Added(real, imaginary, HankelSum({part, 0}, x));
+    const OrderPair next = Added(imaginary, -real, HankelSum(TwoSum(part, 1), x));
+    return {{real + at.at, imaginary + next.at}, {imaginary + at.next, -real + next.next}, {}};
 }
 
 }  // namespace kalvex::specfun

@@ -91,7 +91,7 @@ NeumannSums RecurDownward(double part, double x) {
     // m = 1 has the coefficient -1/(1 - part).
     const Extended down = TwoSum(part, -1);
     const Extended second = run.second / down;
-    const Extended next = 3 * part / x * second - run.slope / (2.0 * down);
+    const Extended next = TwoProduct(3, part) / x * second - run.slope / (2.0 * down);
     return {{value, above}, run.norm + value, second, next};
 }
 
