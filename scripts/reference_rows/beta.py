@@ -25,5 +25,12 @@ def rows_Beta():
     points += [(2.0**-64, 5.0), (5e-324, 5e-324), (1e-320, 3.0), (3.0, 1e-320), (1e-308, 1e-308)]
     points += [(3.3, b) for b in around(6.7, 10.0, 13.2)] + [(b, 0.01) for b in around(10.0)]
     points += [(500.0, 520.0), (530.0, 530.0), (535.0, 536.5), (1e3, 1e3)]
-    far = [(2.0, 1e150), (1.0, 1e308)]
+    small = [2.0**-80, 2.0**-64, 1e-20, 7.7672172796738521e-09, 3.0930626180844119e-05, 0.0079348314459961669]
+    large = [1e3, 280452919283547.06, 1e30, 2.0**100]
+    points += [pair for a in small for b in large for pair in ((a, b), (b, a))]
+    points += [(a, b) for a in small for b in (0.21, 0.45856975027716285, 1.083818673016457, 16.253414330377996)]
+    points += [(1e15, 5.0), (1e15, 15.5), (3e20, 9.5), (1e-24, 1.5e-24), (3e-308, 7e-308)]
+    points += [(a, a * (1 + 2.0**-52)) for a in (2.0**-79, 1e-9, 0.3, 3.7, 9.99, 10.0, 77.7, 511.3)]
+    points += [(a, 0.7) for a in around(2.0**-80)] + [(0.7, b) for b in around(2.0**-80, 2.0**100)]
+    far = [(2.0, 1e150), (1.0, 1e308)] + [(a, 1.6244566765113259e+263) for a in small + [0.00022079069232156843]]
     return rows(beta, points, condition=slope, digits=90) + rows(beta, far, condition=slope, digits=700)

@@ -5,7 +5,8 @@ import random
 import mpmath
 from mpmath import mp
 
-LARGEST = mpmath.mpf(1.7976931348623157e308) * (1 + mpmath.mpf(2) ** -54)
+with mp.workprec(60):  # from here on a value is rounded to infinity
+    LARGEST = mpmath.ldexp(2**54 - 1, 970)
 
 
 def generator(name):

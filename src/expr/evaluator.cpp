@@ -26,7 +26,8 @@ struct BlockRun {
     const KernelTable& kernels;
     const ProgramInputs& inputs;
     std::size_t offset = 0;
-    std::size_t count = 0;  ///< padded
+    std::size_t count = 0;    ///< padded
+    std::size_t padding = 0;  ///< so many of the count
     double* registers = nullptr;
     std::size_t registerStride = 0;
     std::int32_t* errors = nullptr;  ///< padded, zero at the start
@@ -51,7 +52,7 @@ bool RunInstruction(const BlockRun& run, const Instruction& instruction, double*
     for (std::size_t i = 0; i < instruction.operandCount; ++i) {
         sources[i] = SourceOf(run, instruction.operands[i]);
     }
-    const KernelCall call{out, sources, run.count, run.errors, instruction.immediate};
+    const KernelCall call{out, sources, run.count, run.errors, instruction.immediate, run.padding};
     const auto op = static_cast<std::size_t>(instruction.op);
     if (const Kernel kernel = run.kernels.kernels[op]) return kernel(call);
     return RunLaneByLane(
@@ -91,14 +92,16 @@ void PadTail(const double* from, std::size_t count, double* padded) {
 
 bool RunInstructions(const InstructionList& list, const KernelTable& kernels,
                      const ProgramInputs& inputs, std::size_t count, double* values,
-                     std::int32_t* errors) {
+                     std::int32_t* errors, std::size_t padding) {
     alignas(64) double registers[kMostRegisters * kBlock];
     bool anyFailed = false;
-    BlockRun run{list, kernels, inputs, 0, 0, registers, kBlock, nullptr};
+    BlockRun run{list, kernels, inputs, 0, 0, 0, registers, kBlock, nullptr};
     for (; run.offset < count; run.offset += kBlock) {
         const std::size_t wanted = std::min(kBlock, count - run.offset);
         run.count = PaddedCount(wanted);
+        run.padding = run.count - wanted;
         if (run.count == wanted) {
+            if (run.offset + wanted == count) run.padding = padding;
             run.errors = errors + run.offset;
             anyFailed |= RunBlock(run, values + run.offset);
             continue;
@@ -130,6 +133,7 @@ double EvaluateExpression(const CompiledExpression& expression, double x, double
                        inputs,
                        0,
                        kPaddedLanes,
+                       kPaddedLanes - 1,
                        registers,
                        kPaddedLanes,
                        errors};

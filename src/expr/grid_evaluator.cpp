@@ -56,18 +56,21 @@ std::vector<double> Copied(std::span<const double> values) {
     return copy;
 }
 
-/// Computes a part over one axis, whose values are given, as a further array beside them; marks
-/// where it failed and returns whether it did.
+/// Computes a part over the first `count` elements of an axis, whose values are given, as a further
+/// array beside them, the rest filled with the last one; marks where it failed and returns whether
+/// it did.
 bool AddPart(const InstructionList& list, const KernelTable& kernels,
-             std::vector<std::vector<double>>& axis, std::vector<std::uint8_t>& failedAt) {
-    std::vector<double> values(axis[0].size());
-    std::vector<std::int32_t> errors(axis[0].size());
+             std::vector<std::vector<double>>& axis, std::size_t count,
+             std::vector<std::uint8_t>& failedAt) {
+    std::vector<double> values(count);
+    std::vector<std::int32_t> errors(count);
     const double* const arrays[] = {axis[0].data()};
     const bool failed =
-        RunInstructions(list, kernels, {arrays, {}}, values.size(), values.data(), errors.data());
-    for (std::size_t i = 0; failed && i < values.size(); ++i) {
+        RunInstructions(list, kernels, {arrays, {}}, count, values.data(), errors.data());
+    for (std::size_t i = 0; failed && i < count; ++i) {
         if (errors[i] != 0) failedAt[i] = 1;
     }
+    values.resize(axis[0].size(), values.empty() ? 0.0 : values.back());
     axis.push_back(std::move(values));
     return failed;
 }
@@ -95,13 +98,13 @@ std::vector<Replacement> AddParts(Grid& grid, const Cut& cut) {
     const SyntaxTree& tree = grid.program->tree;
     std::vector<Replacement> replacements;
     for (const NodeIndex part : cut.columnParts) {
-        grid.anyColumnFailed |=
-            AddPart(Flatten(tree, part, {}), *tree.kernels, grid.columns, grid.columnFailed);
+        grid.anyColumnFailed |= AddPart(Flatten(tree, part, {}), *tree.kernels, grid.columns,
+                                        grid.columnCount, grid.columnFailed);
         const auto index = static_cast<std::uint16_t>(grid.columns.size() - 1);
         replacements.push_back({part, {OperandKind::Array, index, 0.0}});
     }
     for (const NodeIndex part : cut.rowParts) {
-        AddPart(FlattenOverY(tree, part), *tree.kernels, grid.rows, grid.rowFailed);
+        AddPart(FlattenOverY(tree, part), *tree.kernels, grid.rows, grid.rowCount, grid.rowFailed);
         const auto index = static_cast<std::uint16_t>(grid.rows.size() - 1);
         replacements.push_back({part, {OperandKind::Scalar, index, 0.0}});
     }
@@ -149,7 +152,7 @@ void EvaluateGridRow(Grid& grid, std::size_t row, std::size_t firstColumn, std::
     }
     const std::size_t padded = (count + kPaddedLanes - 1) / kPaddedLanes * kPaddedLanes;
     if (RunInstructions(grid.body, *grid.program->tree.kernels, {grid.arrays, grid.scalars}, padded,
-                        values, grid.errors.data())) {
+                        values, grid.errors.data(), padded - count)) {
         std::fill_n(grid.errors.begin(), padded, 0);
     }
     for (std::size_t i = 0; grid.anyColumnFailed && i < count; ++i) {

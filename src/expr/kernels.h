@@ -59,6 +59,7 @@ struct KernelCall {
     std::size_t count = 0;           ///< a multiple of kPaddedLanes
     std::int32_t* errors = nullptr;  ///< first failure of each lane; kernels fill zeros only
     int immediate = 0;
+    std::size_t padding = 0;  ///< lanes at the end, fewer than all, whose values nobody asks for
 };
 
 /// Computes all lanes; true when a lane failed its domain test (its code is then in `errors`, its
@@ -82,7 +83,9 @@ KernelTables AvailableKernelTables();
 /// The best table of this processor.
 const KernelTable& ActiveKernels();
 
-/// Computes a function without an array form lane by lane. Lanes that failed before are skipped.
+/// Computes a function without an array form lane by lane. Lanes that failed before are skipped;
+/// padding lanes become copies of the last lane before them, code and all, and a function of
+/// scalars alone is computed once.
 bool RunLaneByLane(FunctionNumber function, const KernelCall& call);
 
 }  // namespace kalvex

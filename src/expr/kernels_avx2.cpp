@@ -23,6 +23,11 @@ struct Simd {
         return _mm256_movemask_pd(__builtin_bit_cast(Vec, mask)) != 0;
     }
     static Vec Abs(Vec x) { return _mm256_andnot_pd(Set(-0.0), x); }
+    // The second where one is not-a-number.
+    static Vec Larger(Vec a, Vec b) { return _mm256_max_pd(a, b); }
+    static bool AnyInfinite(Vec x) {
+        return _mm256_movemask_pd(_mm256_cmp_pd(Abs(x), Set(__builtin_inf()), _CMP_EQ_OQ)) != 0;
+    }
     static Vec Floor(Vec x) { return _mm256_floor_pd(x); }
     static Vec Sqrt(Vec x) { return _mm256_sqrt_pd(x); }
     // The rounding error of a * b = product; exact while nothing under- or overflows.

@@ -23,6 +23,12 @@ struct Simd {
         return _mm512_movepi64_mask(__builtin_bit_cast(__m512i, mask)) != 0;
     }
     static Vec Abs(Vec x) { return _mm512_abs_pd(x); }
+    // The second where one is not-a-number.
+    static Vec Larger(Vec a, Vec b) { return _mm512_max_pd(a, b); }
+    static bool AnyInfinite(Vec x) {
+        constexpr int kInfinite = 0x18;
+        return _mm512_fpclass_pd_mask(x, kInfinite) != 0;
+    }
     static Vec Floor(Vec x) { return _mm512_floor_pd(x); }
     static Vec Sqrt(Vec x) { return _mm512_sqrt_pd(x); }
     // The rounding error of a * b = product; exact while nothing under- or overflows.

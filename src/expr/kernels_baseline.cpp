@@ -19,6 +19,7 @@ struct Simd {
     using Vec = double __attribute__((vector_size(16)));
     static constexpr std::size_t kLanes = 2;
     static constexpr bool kMultiplyAddIsFused = false;
+    static constexpr unsigned long long kUpperBits = ~0ull << 27;
 
     static Vec Load(const double* from) {
         Vec value;
@@ -44,22 +45,31 @@ struct Simd {
     static Vec Abs(Vec x) {
         return ByLane([](double lane) { return __builtin_fabs(lane); }, x);
     }
+    // The second where one is not-a-number.
+    static Vec Larger(Vec a, Vec b) { return a > b ? a : b; }
+    static bool AnyInfinite(Vec x) { return Any(Abs(x) == Set(__builtin_inf())); }
     static Vec Floor(Vec x) {
         return ByLane([](double lane) { return __builtin_floor(lane); }, x);
     }
     static Vec Sqrt(Vec x) {
         return ByLane([](double lane) { return __builtin_sqrt(lane); }, x);
     }
-    // The rounding error of a * b = product by splitting the factors into halves; exact while
-    // nothing under- or overflows.
+    // The upper 26 bits of a, cut off: a rounded half, or a factor that makes one, may overflow.
+    static Vec UpperHalf(Vec a) {
+        using Bits = unsigned long long __attribute__((vector_size(16)));
+        return __builtin_bit_cast(Vec, __builtin_bit_cast(Bits, a) & kUpperBits);
+    }
+    static double UpperHalf(double a) {
+        return __builtin_bit_cast(double, __builtin_bit_cast(unsigned long long, a) & kUpperBits);
+    }
+    // The rounding error of a * b = product by cutting the factors into halves. Only the product of
+    // the lower halves, of 27 bits each, is rounded: within 2^-106 of the product while nothing
+    // underflows. No halves' product is above the product of the factors, so none overflows alone.
     template <typename T>
     static T ProductError(T a, T b, T product) {
-        constexpr double kSplit = 134217729.0;  // 2^27 + 1
-        const T bigA = a * kSplit;
-        const T highA = bigA - (bigA - a);
+        const T highA = UpperHalf(a);
         const T lowA = a - highA;
-        const T bigB = b * kSplit;
-        const T highB = bigB - (bigB - b);
+        const T highB = UpperHalf(b);
         const T lowB = b - highB;
         return ((highA * highB - product) + highA * lowB + lowA * highB) + lowA * lowB;
     }

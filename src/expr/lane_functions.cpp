@@ -1,7 +1,9 @@
 // Functions without an array form, one lane at a time: the language's own domain rule first, then
 // the numeric routine. An error object thrown by the routine becomes the code of the primitive: the
 // point is undefined, the program goes on.
+#include <algorithm>
 #include <cmath>
+#include <optional>
 
 #include "expr/kernels.h"
 #include "specfun/specfun.h"
@@ -131,22 +133,45 @@ std::int32_t ComputeLane(const LaneFunction& function, Arguments arguments, doub
     }
 }
 
+struct LaneResult {
+    double value = 0.0;
+    std::int32_t code = 0;
+};
+
+LaneResult ComputeLane(const LaneFunction& function, const KernelCall& call, std::size_t lane) {
+    double arguments[4] = {};
+    for (int i = 0; i < function.arity; ++i) {
+        const Source& source = call.in[i];
+        arguments[i] = source.values != nullptr ? source.values[lane] : source.scalar;
+    }
+    LaneResult result;
+    result.code = ComputeLane(function, arguments, result.value);
+    return result;
+}
+
+bool HasOneValue(const LaneFunction& function, const KernelCall& call) {
+    return std::all_of(call.in, call.in + function.arity,
+                       [](const Source& source) { return source.values == nullptr; });
+}
+
 }  // namespace
 
 bool RunLaneByLane(FunctionNumber number, const KernelCall& call) {
     const LaneFunction& function = *Find(number);
+    const bool hasOneValue = HasOneValue(function, call);
+    const std::size_t wanted = call.count - call.padding;
+    std::optional<LaneResult> result;
     bool anyFailed = false;
-    for (std::size_t lane = 0; lane < call.count; ++lane) {
-        double arguments[4] = {};
-        for (int i = 0; i < function.arity; ++i) {
-            const Source& source = call.in[i];
-            arguments[i] = source.values != nullptr ? source.values[lane] : source.scalar;
-        }
+    for (std::size_t lane = 0; lane < wanted; ++lane) {
         call.out[lane] = 0.0;
         if (call.errors[lane] != 0) continue;
-        call.errors[lane] = ComputeLane(function, arguments, call.out[lane]);
-        anyFailed |= call.errors[lane] != 0;
+        if (!hasOneValue || !result) result = ComputeLane(function, call, lane);
+        call.out[lane] = result->value;
+        call.errors[lane] = result->code;
+        anyFailed |= result->code != 0;
     }
+    std::fill_n(call.out + wanted, call.padding, call.out[wanted - 1]);
+    std::fill_n(call.errors + wanted, call.padding, call.errors[wanted - 1]);
     return anyFailed;
 }
 

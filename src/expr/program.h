@@ -68,10 +68,10 @@ struct ProgramInputs {
 /// Runs the instructions over inputs of any length. `values` and `errors` have `count` elements,
 /// the errors zeros; where a primitive failed, the value is UndefinedValue and its code beside it.
 /// Returns whether one failed. Allocates nothing. A count that is a multiple of kPaddedLanes saves
-/// a copy of the last elements.
+/// a copy of the last elements; `padding` of them, fewer than kPaddedLanes, may then be anything.
 bool RunInstructions(const InstructionList& list, const KernelTable& kernels,
                      const ProgramInputs& inputs, std::size_t count, double* values,
-                     std::int32_t* errors);
+                     std::int32_t* errors, std::size_t padding = 0);
 
 /// A program for a normalised text over a given kernel table (CompileExpression uses the best).
 std::shared_ptr<const Program> CompileProgram(std::u16string_view text, const KernelTable& kernels);

@@ -58,7 +58,7 @@ bool Fold(const SyntaxTree& tree, const Node& node, std::span<const Node* const>
         sources[i] = {nullptr, operands[i]->value};
     double out[kPaddedLanes];
     std::int32_t errors[kPaddedLanes] = {};
-    const KernelCall call{out, sources, kPaddedLanes, errors, node.immediate};
+    const KernelCall call{out, sources, kPaddedLanes, errors, node.immediate, kPaddedLanes - 1};
     const Kernel kernel = tree.kernels->kernels[static_cast<std::size_t>(node.op)];
     const bool failed =
         kernel != nullptr

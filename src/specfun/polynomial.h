@@ -1,4 +1,4 @@
-// Evaluation of the polynomials that scripts/make-integral-coefficients makes.
+// Evaluation of the polynomials that scripts/make-airy-coefficients makes.
 #pragma once
 
 #include <cstddef>

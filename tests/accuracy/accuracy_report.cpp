@@ -5,6 +5,7 @@
 #include <array>
 #include <chrono>
 #include <cmath>
+#include <fstream>
 #include <iomanip>
 #include <iostream>
 #include <sstream>
@@ -81,12 +82,37 @@ std::string Digits(double value, int precision) {
     return text.str();
 }
 
+/// What scripts/search-worst found, as it prints it.
+struct Searched {
+    std::string points = "none";
+    std::string error = "-";
+    std::string where = "-";
+};
+
+/// The first row of the function in the file that keeps the results of the last search.
+Searched SearchedOf(std::string_view name) {
+    Searched searched;
+    std::ifstream file(std::string(KALVEX_TEST_DATA) + "/searched.tsv");
+    for (std::string line; std::getline(file, line);) {
+        std::istringstream fields(line);
+        std::string function;
+        if (!std::getline(fields, function, '\t') || function != name) continue;
+        std::getline(fields, searched.points, '\t');
+        std::getline(fields, searched.error, '\t');
+        std::getline(fields, searched.where, '\t');
+        break;
+    }
+    return searched;
+}
+
 void WriteFunction(const Goal& goal, const Method& method) {
     const std::vector<ReferenceRow> rows = ReadReferenceTable(goal.name);
     const Worst worst = WorstOf(goal.name, rows);
     const Times times = TimesOf(goal.name, rows);
+    const Searched searched = SearchedOf(goal.name);
     std::cout << "| `" << goal.name << "` | " << Digits(goal.most, 1) << " | "
               << Digits(worst.error, 2) << " | `" << worst.where << "` | " << rows.size() << " | "
+              << searched.error << " | `" << searched.where << "` | " << searched.points << " | "
               << Digits(times.median, 0) << " | " << Digits(times.longest, 0) << " | "
               << method.domain << " | " << method.method << " | " << method.source << " |\n";
 }
@@ -108,9 +134,13 @@ void WritePage() {
            "infinite or undefined.\n\n"
            "Times are nanoseconds for one call on the machine that made this page, over points "
            "whose arguments, orders and degrees are at most 50.\n\n"
-           "| function | goal | worst | where | points | median ns | longest ns | domain | method "
-           "| source |\n"
-           "|---|---|---|---|---|---|---|---|---|---|\n";
+           "The second worst, where and points are what `scripts/search-worst` found, which climbs "
+           "towards the worst error for a given time (tests/data/searched.tsv keeps the last run): "
+           "what it did not come across is not known. There an error up to half a unit counts as "
+           "it is, without the division.\n\n"
+           "| function | goal | worst | where | points | worst searched | where | points searched "
+           "| median ns | longest ns | domain | method | source |\n"
+           "|---|---|---|---|---|---|---|---|---|---|---|---|---|\n";
     for (std::size_t i = 0; i < kGoals.size(); ++i)
         WriteFunction(kGoals[i], kMethods[i]);
 }

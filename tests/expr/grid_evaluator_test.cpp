@@ -84,6 +84,11 @@ TEST(GridRows, AgreeWithPointsBitForBit) {
         u"sin(x)*cos(y)-0.3",
         u"x*y*x*y",
         u"Si(x)+Si(y)",
+        u"Psi(x+y)",
+        u"1/Psi(x-y)",
+        u"J(2,y)*x",
+        u"Psi(y)+Psi(x)",
+        u"J(x+y,y)",
         u"(x+y)^(x-y)",
         u"x/0+y",
         u"x+y/0",
@@ -104,6 +109,30 @@ TEST(GridRows, KeepTheZeroTermWhereItIsNotZero) {
     const double infinity = std::numeric_limits<double>::infinity();
     ExpectRowsLikePoints(u"x*0+y", {1.0, infinity, -infinity});
     ExpectRowsLikePoints(u"x*0+y", {1.0, std::numeric_limits<double>::quiet_NaN()});
+}
+
+TEST(GridRows, HoldTheirBoundsAtTheEndsOfTheRange) {
+    const std::vector<double> xs = {-1e308,
+                                    -710.4758600739439,
+                                    -19.0615,
+                                    -1e-320,
+                                    0.0,
+                                    5e-324,
+                                    18.715,
+                                    308.254715,
+                                    709.78,
+                                    709.7827128,
+                                    709.782712893384,
+                                    710.4758600739439,
+                                    1e154,
+                                    1e200,
+                                    1.7976931348623157e308};
+    for (const std::u16string_view text :
+         {u"exp(x)*y", u"exp(x)-exp(y+9.7827128)", u"10^x+y", u"sh(x)*y-ch(x)", u"th(x)*y",
+          u"th(x+y)-1", u"x^3*y", u"(x*y)^2", u"x^13+y", u"log(2,abs(x)+1)*y", u"erf(x-y)",
+          u"1/(exp(x)+y+2)", u"abs(x*y)^0.5", u"int(exp(x)*y)"}) {
+        ExpectRowsLikePoints(std::u16string(text), xs);
+    }
 }
 
 TEST(HasSignChange, FindsProductsThatAreNotPositive) {
@@ -144,7 +173,8 @@ TEST(GridTileBounds, AreTightWhereTheyCanBe) {
                 {u"(x+y)^0.5", 0, 2.6457513110645907},
                 {u"x*y+5", 2, 17},
                 {u"(x*y+x)-5", -7, 10},
-                {u"sin(x*y)", -1.001, 1.001}};
+                {u"sin(x*y)", -1.001, 1.001},
+                {u"th(x*y)", -1.001, 1.001}};
     for (const auto& row : rows) {
         const auto bounds = boundsOf(row.text);
         ASSERT_TRUE(bounds) << ToUtf8(row.text);

@@ -91,9 +91,8 @@ TEST(KernelTables, AgreeInTheBaselineButForTheLastPlaces) {
         const Results base = EvaluateWith(Widen(text), *available.tables[available.count - 1], xs);
         for (std::size_t k = 0; k < xs.size(); ++k) {
             ASSERT_EQ(best.errors[k], base.errors[k]) << text << " at " << xs[k];
-            // Each side is within one unit (SLEEF's promise for both families), log within four.
-            const bool isQuotientOfLogs = std::string(text).starts_with("log");
-            ASSERT_LE(Distance(best.values[k], base.values[k]), isQuotientOfLogs ? 6.0 : 2.0)
+            // Each side is within one unit (SLEEF's promise for both families).
+            ASSERT_LE(Distance(best.values[k], base.values[k]), 2.0)
                 << text << " at " << xs[k] << ": " << best.values[k] << ", " << base.values[k];
         }
     }

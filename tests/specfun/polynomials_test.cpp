@@ -60,7 +60,7 @@ TEST(Polynomials, LowDegreesAreExact) {
 }
 
 TEST(Polynomials, EndsAndMiddle) {
-    for (const double n : {1.0, 2.0, 7.0, 50.0, 333.0, 1000.0, 99999.0}) {
+    for (const double n : {1.0, 2.0, 7.0, 50.0, 333.0, 1000.0, 99999.0, 1e15, 0x1p53 - 1}) {
         const double sign = std::fmod(n, 2) == 0 ? 1 : -1;
         EXPECT_EQ(Chebyshev(1, n, 1), 1);
         EXPECT_EQ(Chebyshev(1, n, -1), sign);
@@ -88,11 +88,18 @@ TEST(Polynomials, NearTheSpecialPoints) {
 TEST(Polynomials, OddDegreesAtTinyArguments) {
     for (const double x : {1e-30, -1e-200, 0x1p-1060}) {
         const Row rows[] = {
-            {"T(7)", Chebyshev(1, 7, x), -7 * x, 0}, {"T(9)", Chebyshev(1, 9, x), 9 * x, 0},
-            {"U(5)", Chebyshev(2, 5, x), 6 * x, 0},  {"H(3)", Hermite(3, x), -12 * x, 0},
-            {"H(5)", Hermite(5, x), 120 * x, 0},     {"P(3)", Legendre(3, x), -1.5 * x, 0},
-            {"P(5)", Legendre(5, x), 1.875 * x, 1},  {"H(4)", Hermite(4, x), 12, 0},
-            {"P(4)", Legendre(4, x), 0.375, 0},      {"T(6)", Chebyshev(1, 6, x), -1, 0},
+            {"T(7)", Chebyshev(1, 7, x), -7 * x, 0},
+            {"T(9)", Chebyshev(1, 9, x), 9 * x, 0},
+            {"U(5)", Chebyshev(2, 5, x), 6 * x, 0},
+            {"H(3)", Hermite(3, x), -12 * x, 0},
+            {"H(5)", Hermite(5, x), 120 * x, 0},
+            {"P(3)", Legendre(3, x), -1.5 * x, 0},
+            {"P(5)", Legendre(5, x), 1.875 * x, 1},
+            {"H(4)", Hermite(4, x), 12, 0},
+            {"P(4)", Legendre(4, x), 0.375, 0},
+            {"T(6)", Chebyshev(1, 6, x), -1, 0},
+            {"T(2^53-1)", Chebyshev(1, 0x1p53 - 1, x * 0x1p-10), (1 - 0x1p53) * (x * 0x1p-10), 0},
+            {"U(2^53-1)", Chebyshev(2, 0x1p53 - 1, x * 0x1p-10), -0x1p43 * x, 0},
         };
         ExpectRows(std::begin(rows), std::end(rows));
     }
@@ -107,6 +114,49 @@ TEST(Polynomials, ChebyshevIdentities) {
             EXPECT_NEAR(t * t + (1 - x) * (1 + x) * u * u, 1, 1e-14) << n << " " << x;
         }
         EXPECT_NEAR(Chebyshev(1, 3, Chebyshev(1, 4, x)), Chebyshev(1, 12, x), 1e-14) << x;
+    }
+}
+
+// T(n,1/2) = cos(n pi/3), U(n,1/2) = sin((n+1) pi/3) / sin(pi/3), and next to 1/2 hardly other.
+TEST(Polynomials, ChebyshevOfHugeDegrees) {
+    constexpr double kFirst[] = {1, 0.5, -0.5, -1, -0.5, 0.5};
+    constexpr double kSecond[] = {1, 1, 0, -1, -1, 0};
+    for (const double n : {1.0, 100.0, 16385.0, 123456789.0, 1e15, 0x1p53 - 4, 1e17, 1e300}) {
+        for (int k = 0; k < 4; ++k) {
+            const double m = n + k;
+            const auto index = static_cast<std::size_t>(std::fmod(m, 6));
+            EXPECT_EQ(Chebyshev(1, m, 0.5), kFirst[index]) << m;
+            EXPECT_EQ(Chebyshev(2, m, 0.5), kSecond[index]) << m;
+            const double sign = std::fmod(m, 2) == 0 ? 1 : -1;
+            EXPECT_EQ(Chebyshev(1, m, -0.5), sign * kFirst[index]) << m;
+            EXPECT_EQ(Chebyshev(2, m, -0.5), sign * kSecond[index]) << m;
+            if (m < 2 || m > 0x1p53) continue;
+            EXPECT_EQ(Chebyshev(2, -m, 0.3), -Chebyshev(2, m - 2, 0.3)) << m;
+        }
+    }
+    const double next = std::nextafter(0.5, 1);  // n 2^-53 / sin(pi/3) away in phase
+    EXPECT_NEAR(Chebyshev(1, 600000, next), 1, 1e-16);
+    EXPECT_NEAR(Chebyshev(2, 600000, next), 1, 600000 * 0x1p-53);
+    EXPECT_EQ(Chebyshev(1, 1e300, 0), 1);
+    EXPECT_EQ(Chebyshev(2, 1e300, -1), 1e300);
+    EXPECT_EQ(Chebyshev(2, -1e300, 1), -1e300);
+}
+
+// The recurrence over the seams between the methods, where neighbours in degree or in x come from
+// different ones, and over the end of the interval.
+TEST(Polynomials, LegendreRecurrenceAtSeams) {
+    for (const double n : {58.0, 60.0, 61.0, 1000.0, 100001.0, 1e7}) {
+        const double seam = std::cos(25 / (n + 0.5));
+        for (const double x : {0.0, 1e-300, 1e-9, 0.3, 0.6999, 0.7001, seam, seam + 1e-4 / n / n,
+                               2 - seam, 2 - seam + 1e-4 / n / n, 1 + 0.1 / n / n}) {
+            const double before = Legendre(n - 1, x);
+            const double now = Legendre(n, x);
+            const double next = Legendre(n + 1, x);
+            const double scale = 4e-16 * (std::fabs(before) + 2 * std::fabs(now));
+            const double ratio = n / (n + 1);
+            EXPECT_NEAR(next, (1 + ratio) * x * now - ratio * before, scale) << n << " " << x;
+            EXPECT_EQ(Legendre(n, -x), std::fmod(n, 2) == 0 ? now : -now) << n << " " << x;
+        }
     }
 }
 
@@ -135,8 +185,10 @@ TEST(Polynomials, Errors) {
     } rows[] = {
         {[] { return Chebyshev(3, 1, 0); }, "Domain error in Chebyshev"},
         {[] { return Chebyshev(1, 1.5, 0); }, "Domain error in Chebyshev"},
-        {[] { return Chebyshev(2, 100001, 0); }, "Chebyshev: the degree is too large"},
+        {[] { return Chebyshev(2, 1e300, 0.3); }, "Chebyshev: the degree is too large"},
         {[] { return Chebyshev(1, 1000, 1e5); }, "Overflow in Chebyshev"},
+        {[] { return Chebyshev(2, 1e15, -2); }, "Overflow in Chebyshev"},
+        {[] { return Chebyshev(1, 1e300, kInfinity); }, "Overflow in Chebyshev"},
         {[] { return Hermite(-1, 0); }, "Domain error in Hermite"},
         {[] { return Hermite(1e5, 3); }, "Overflow in Hermite"},
         {[] { return Hermite(300, 0); }, "Overflow in Hermite"},
@@ -144,7 +196,9 @@ TEST(Polynomials, Errors) {
         {[] { return Laguerre(0.5, 0); }, "Domain error in Laguerre"},
         {[] { return Laguerre(1000, 1e5); }, "Overflow in Laguerre"},
         {[] { return Laguerre(2, -kInfinity); }, "Overflow in Laguerre"},
-        {[] { return Legendre(100001, 0.5); }, "Legendre: the degree is too large"},
+        {[] { return Legendre(1e300, 0.5); }, "Legendre: the degree is too large"},
+        {[] { return Legendre(1000, 10); }, "Overflow in Legendre"},
+        {[] { return Legendre(1e15, kInfinity); }, "Overflow in Legendre"},
     };
     for (const auto& row : rows)
         EXPECT_EQ(ErrorOf(row.call), row.message);

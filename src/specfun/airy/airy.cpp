@@ -1,13 +1,13 @@
-// Airy functions. With zeta = 2/3 |x|^(3/2) the leading terms exp(-+zeta) x^(-1/4) are taken off
-// for positive x: what is left is a polynomial in 1/zeta, from 25 on an asymptotic series (DLMF
-// 9.7.5, 9.7.7). Below -25 sine and cosine of zeta, carried in two doubles, are combined with the
-// same series (DLMF 9.7.9, 9.7.11). Near 0 both have polynomials, Bi one of Bi(x)/(x - zero) about
-// its first zero. Between stand the library's routines.
+// Airy functions. For positive x the leading terms exp(-+zeta) x^(-1/4), zeta = 2/3 x^(3/2) (DLMF
+// 9.7.5, 9.7.7), are taken off, with zeta and the root in two doubles: what is left is a polynomial
+// in 1/zeta. Near 0 both have polynomials, Bi one of Bi(x)/(x - zero) about its first zero. Where
+// they oscillate see wave.cpp.
 #include <cmath>
-#include <numbers>
+#include <cstddef>
 
 #include "specfun/airy/airy_coefficients.h"
-#include "specfun/library_call.h"
+#include "specfun/airy/roots.h"
+#include "specfun/airy/wave.h"
 #include "specfun/polynomial.h"
 #include "specfun/precision/double_double.h"
 #include "specfun/specfun.h"
@@ -15,143 +15,105 @@
 namespace kalvex::specfun {
 namespace {
 
-constexpr double kSeriesFrom = 25;
-constexpr double kVanishing = -1e200;  // zeta overflows a little further out
-constexpr double kTurnsLost = 1e15;    // a rounding of zeta is a good part of a turn
+constexpr double kVanishing = 110;  // Ai is 0 from 107.5 on, Bi infinite from 104.44 on
+constexpr double kHalved = 600;     // exponential functions of more are taken in two halves
 
-/// u(k) r^k with u(k)/u(k-1) = (6k-5)(6k-3)(6k-1) / (216 k (2k-1)), even and odd k apart; r is
-/// 1/zeta, at most 1/83.
-struct Series {
-    double even = 1;
-    double odd = 0;
-};
-
-/// The sign of the square of r is that of `turn`: 1 for positive x, -1 for negative x.
-Series SeriesInZeta(double r, double turn) {
-    Series series;
-    double term = 1;
-    for (int k = 1; k <= 10; ++k) {
-        term *= r * (6.0 * k - 5) * (6.0 * k - 3) * (6.0 * k - 1) / (216.0 * k * (2.0 * k - 1));
-        if (k % 2 == 1) {
-            series.odd += term;
-            term *= turn;
-        } else {
-            series.even += term;
-        }
-    }
-    return series;
+/// c[2] + c[3] h + c[4] h^2 + ... by Horner's rule, the last two steps to twice the precision; c[0]
+/// and c[1] are what c[2] and c[3] leave.
+template <std::size_t N>
+DoubleDouble ClosePolynomial(const double (&c)[N], double h) {
+    double sum = c[N - 1];
+    for (std::size_t i = N - 2; i >= 4; --i)
+        sum = c[i] + h * sum;
+    const DoubleDouble slope = TwoSum(c[3], h * sum);
+    const DoubleDouble rise = TwoProduct(h, slope.high);
+    const DoubleDouble total = TwoSum(c[2], rise.high);
+    return {total.high, total.low + (rise.low + h * (slope.low + c[1]) + c[0])};
 }
 
-/// x positive.
-double Zeta(double x) {
-    return 2 * x * std::sqrt(x) / 3;
+/// exp(+-zeta)/(sqrt(pi) x^(1/4)) times a factor. The exponential function alone may be out of
+/// range.
+double Leading(DoubleDouble zeta, double sign, const Roots& roots, double factor) {
+    const DoubleDouble amplitude = Multiply(roots.inverse, kInverseRootOfPi);
+    const DoubleDouble scaled = TwoProduct(amplitude.high, factor);
+    const double low = scaled.low + (amplitude.low * factor + scaled.high * (sign * zeta.low));
+    const bool halved = zeta.high > kHalved;
+    const double power = std::exp(sign * (halved ? zeta.high / 2 : zeta.high));
+    const double value = std::fma(power, scaled.high, power * low);
+    return halved ? value * power : value;
 }
 
-/// sqrt(pi) x^(1/4).
-double Amplitude(double x) {
-    return std::sqrt(std::numbers::pi * std::sqrt(x));
-}
-
-struct AiryPair {
-    double ai = 0;
-    double bi = 0;
-};
-
-/// Sine and cosine of zeta for -x.
-SinCosPair OfZeta(double x) {
-    const double rough = Zeta(x);
-    if (rough > kTurnsLost) return {std::sin(rough), std::cos(rough)};
-    const DoubleDouble power = Multiply(Sqrt({x, 0}), x);
-    return SinCos(Divide(Multiply(power, 2), 3));
-}
-
-/// At -x, x of 25 or more.
-AiryPair Oscillating(double x) {
-    const auto [even, odd] = SeriesInZeta(1 / Zeta(x), -1);
-    const auto [sine, cosine] = OfZeta(x);
-    const double amplitude = Amplitude(x) * std::numbers::sqrt2;
-    const double sum = sine + cosine;         // sqrt(2) cos(zeta - pi/4)
-    const double difference = sine - cosine;  // sqrt(2) sin(zeta - pi/4)
-    return {(sum * even + difference * odd) / amplitude,
-            (sum * odd - difference * even) / amplitude};
-}
-
-AiryPair LibraryAiry(double x) {
-    AiryPair pair;
-    double aiDerivative = 0;
-    double biDerivative = 0;
-    alglib::airy(x, pair.ai, aiDerivative, pair.bi, biDerivative);
-    return pair;
-}
-
-/// x of 2.125 or more.
+/// x of 2.5 or more.
+KALVEX_WITH_FMA
 double DecayingAi(double x) {
-    const double zeta = Zeta(x);
-    const double r = 1 / zeta;
+    const Roots roots = RootsOf(x);
+    const DoubleDouble zeta = ZetaOf(x, roots);
+    const double r = 1 / zeta.high;
     double factor = 0;
-    if (x >= kSeriesFrom) {
-        const auto [even, odd] = SeriesInZeta(r, 1);
-        factor = even - odd;
-    } else if (zeta >= 20) {
+    if (zeta.high >= 20) {
         factor = Polynomial(kAiScaled20, r - kAiScaled20Middle);
-    } else if (zeta >= 5) {
+    } else if (zeta.high >= 5) {
         factor = Polynomial(kAiScaled5, r - kAiScaled5Middle);
     } else {
         factor = Polynomial(kAiScaled2, r - kAiScaled2Middle);
     }
-    return std::exp(-zeta) * factor / (2 * Amplitude(x));
+    return Leading(zeta, -1, roots, factor / 2);
 }
 
-/// zeta of 4 or more. The exponential alone would overflow before the value does.
-double GrowingBi(double x, double zeta) {
-    const double r = 1 / zeta;
+/// x of 3.375 or more.
+KALVEX_WITH_FMA
+double GrowingBi(double x) {
+    const Roots roots = RootsOf(x);
+    const DoubleDouble zeta = ZetaOf(x, roots);
+    const double r = 1 / zeta.high;
     double factor = 0;
-    if (x >= kSeriesFrom) {
-        const auto [even, odd] = SeriesInZeta(r, 1);
-        factor = even + odd;
-    } else if (zeta >= 20) {
+    if (zeta.high >= 20) {
         factor = Polynomial(kBiScaled20, r - kBiScaled20Middle);
-    } else if (zeta >= 7) {
+    } else if (zeta.high >= 7) {
         factor = Polynomial(kBiScaled7, r - kBiScaled7Middle);
     } else {
         factor = Polynomial(kBiScaled4, r - kBiScaled4Middle);
     }
-    const double half = std::exp(zeta / 2);
-    return half * (factor / Amplitude(x)) * half;
+    return Leading(zeta, 1, roots, factor);
+}
+
+template <std::size_t N>
+double Near(const double (&c)[N], double middle, double x) {
+    return ToDouble(ClosePolynomial(c, x - middle));
+}
+
+double BiAboutZero(double x) {
+    const double distance = x - kBiZeroAt.high;
+    const DoubleDouble factor = ClosePolynomial(kBiZero, distance);
+    const double rest = distance * factor.low - kBiZeroAt.low * factor.high;
+    return std::fma(distance, factor.high, rest);
 }
 
 }  // namespace
 
 double AiryAi(double x) {
     if (std::isnan(x)) return x;
-    if (x < kVanishing || x > 1e3) return 0;
-    if (x <= -kSeriesFrom) return Oscillating(-x).ai;
-    if (x < -1.875) return FromLibrary([x] { return LibraryAiry(x).ai; });
-    if (x < -1.25) return Polynomial(kAiFar, x - kAiFarMiddle);
-    if (x < -0.625) return Polynomial(kAiTop, x - kAiTopMiddle);
-    if (x < 0) return Polynomial(kAiNear, x - kAiNearMiddle);
-    if (x < 0.7) return Polynomial(kAi0, x - kAi0Middle);
-    if (x < 1.4) return Polynomial(kAi1, x - kAi1Middle);
-    if (x < 2.125) return Polynomial(kAi2, x - kAi2Middle);
+    if (std::isinf(x) || x > kVanishing) return 0;
+    if (x < kWaveFrom) return AiryWave(-x, 0);
+    if (x < -1.125) return Near(kAiFar, kAiFarMiddle, x);
+    if (x < -0.5) return Near(kAiTop, kAiTopMiddle, x);
+    if (x < 0.5) return Near(kAiNear, kAiNearMiddle, x);
+    if (x < 1.25) return Near(kAi0, kAi0Middle, x);
+    if (x < 2.5) return Near(kAi1, kAi1Middle, x);
     return DecayingAi(x);
 }
 
 double AiryBi(double x) {
     if (std::isnan(x)) return x;
-    if (x < kVanishing) return 0;
-    if (x > 1e3) return HUGE_VAL;
-    if (x <= -kSeriesFrom) return Oscillating(-x).bi;
-    if (x < -2.5) return FromLibrary([x] { return LibraryAiry(x).bi; });
-    if (x < -1.6) return Polynomial(kBiFar, x - kBiFarMiddle);
-    if (x < -0.75) {
-        const double distance = (x - kBiZeroAt.high) - kBiZeroAt.low;
-        return distance * Polynomial(kBiZero, x - kBiZeroMiddle);
-    }
-    if (x < 0) return Polynomial(kBiNear, x - kBiNearMiddle);
-    if (x < 0.75) return Polynomial(kBiStart, x - kBiStartMiddle);
-    const double zeta = Zeta(x);
-    if (zeta >= 4) return GrowingBi(x, zeta);
-    return FromLibrary([x] { return LibraryAiry(x).bi; });
+    if (x > kVanishing) return HUGE_VAL;
+    if (std::isinf(x)) return 0;
+    if (x < kWaveFrom) return AiryWave(-x, 1);
+    if (x < -0.5) return BiAboutZero(x);
+    if (x < 0.5) return Near(kBiNear, kBiNearMiddle, x);
+    if (x < 1.25) return Near(kBi0, kBi0Middle, x);
+    if (x < 2.25) return Near(kBi1, kBi1Middle, x);
+    if (x < 3.375) return Near(kBi2, kBi2Middle, x);
+    return GrowingBi(x);
 }
 
 }  // namespace kalvex::specfun

@@ -10,27 +10,19 @@
 #include <cmath>
 #include <limits>
 
+#include "specfun/gamma/stirling.h"
 #include "specfun/library_call.h"
 #include "specfun/precision/double_double.h"
+#include "specfun/precision/quick_log_exp.h"
 #include "specfun/specfun.h"
 
 namespace kalvex::specfun {
 namespace {
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
-constexpr DoubleDouble kHalfLnTwoPi = {0.91893853320467278, -3.8782941580672414e-17};
-constexpr double kLeastForStirling = 10;
 
 bool IsPole(double x) {
     return x <= 0 && std::floor(x) == x;
-}
-
-/// ln Gamma(x) - ((x-1/2) ln x - x + ln(2 pi)/2) for x of 10 or more, error below 2e-18.
-double StirlingCorrection(double x) {
-    const double r = 1 / x;
-    const double s = r * r;
-    const double tail = 1.0 / 1188 - s * (691.0 / 360360 - s * (1.0 / 156 - s * (3617.0 / 122400)));
-    return r * (1.0 / 12 - s * (1.0 / 360 - s * (1.0 / 1260 - s * (1.0 / 1680 - s * tail))));
 }
 
 /// Gamma(z) = Gamma(shifted) / product.
@@ -58,7 +50,7 @@ DoubleDouble TimesLogOfRatio(DoubleDouble t, DoubleDouble b, DoubleDouble s) {
     return Multiply(Add(b, -0.5), log);
 }
 
-/// 2^-64 <= a <= b, a below 1100.
+/// 2^-80 <= a <= b, a below 1100.
 double ByStirling(double a, double b) {
     const Shift first = ShiftUp({a, 0});
     const Shift second = ShiftUp({b, 0});
@@ -74,12 +66,21 @@ double ByStirling(double a, double b) {
                                  StirlingCorrection(sum.shifted.high));
     constexpr double kVanishing = -900;
     if (exponent.high < kVanishing) return 0;
-    const double powerOfTwo = std::nearbyint(exponent.high / kLn2.high);
-    const DoubleDouble rest = Subtract(exponent, Multiply(kLn2, powerOfTwo));
-    const double e = std::exp(rest.high);
+    int powerOfTwo = 0;
+    const DoubleDouble power = QuickExp(exponent, powerOfTwo);
     const DoubleDouble shifts = Divide(sum.product, Multiply(first.product, second.product));
-    const double value = ToDouble(Multiply(shifts, QuickTwoSum(e, e * rest.low)));
-    return std::ldexp(value, static_cast<int>(powerOfTwo));
+    return std::ldexp(ToDouble(Multiply(shifts, power)), powerOfTwo);
+}
+
+/// a below 2^-80: 1/a + 1/b, each with what its rounding leaves.
+double OfTiny(double a, double b) {
+    const double first = 1 / a;
+    const double second = 1 / b;
+    const double sum = first + second;
+    if (std::isinf(sum)) return sum;
+    const double rest = std::fma(-first, a, 1) / a + std::fma(-second, b, 1) / b;
+    const DoubleDouble sumInTwo = TwoSum(first, second);
+    return sumInTwo.high + (sumInTwo.low + rest);
 }
 
 }  // namespace
@@ -91,10 +92,10 @@ double Beta(double a, double b) {
     const double lesser = std::min(a, b);
     const double greater = std::max(a, b);
     if (lesser < 0) return FromLibrary([a, b] { return alglib::beta(a, b); });
-    constexpr double kTiny = 0x1p-64;    // B = (a+b)/(ab) (1 - a (psi(1+b) + gamma) + ...)
+    constexpr double kTiny = 0x1p-80;    // B = (a+b)/(ab) (1 - a (psi(1+b) + gamma) + ...)
     constexpr double kVanishing = 1100;  // B(a,a) is about 4^-a
     if (greater == kInfinity || lesser > kVanishing) return 0;
-    if (lesser < kTiny) return 1 / lesser + 1 / greater;
+    if (lesser < kTiny) return OfTiny(lesser, greater);
     return ByStirling(lesser, greater);
 }
 

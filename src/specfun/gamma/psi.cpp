@@ -1,45 +1,54 @@
-// Digamma function. Between 1 and 2 a polynomial for Psi(x)/(x - zero) keeps the zero exact; up to
-// 10 by Psi(x + 1) = Psi(x) + 1/x from there, the sum carried in two doubles; beyond by the
-// asymptotic series (DLMF 5.11.2); below 0 by reflection (DLMF 5.5.4), the distance to the nearest
-// pole or zero of the cotangent taken exactly.
+// Digamma function. From 1/2 to 16 polynomials on pieces of an octave, the zero at the middle of
+// one; beyond the asymptotic series (DLMF 5.11.2). Between -1 and 1/2 Psi(x + 1) - 1/x once or
+// twice (DLMF 5.5.2), below reflection (DLMF 5.5.4), the distance to the nearest pole or zero of
+// the cotangent taken exactly. Sums are pairs of doubles and are rounded once.
 #include <cmath>
+#include <limits>
 
-#include "specfun/integrals/integral_coefficients.h"
-#include "specfun/polynomial.h"
+#include "specfun/gamma/psi_pieces.h"
+#include "specfun/piecewise.h"
 #include "specfun/precision/double_double.h"
+#include "specfun/precision/quick_log_exp.h"
 #include "specfun/specfun.h"
 
 namespace kalvex::specfun {
 namespace {
 
-/// x of 10 or more: eight terms leave less than 1e-17.
-double AsymptoticPsi(double x) {
-    const double r = 1 / x;
+constexpr double kAsymptotic = 16;
+constexpr double kReflected = -1;
+constexpr double kRecurrent = 0.5;
+constexpr double kPole = 1e-290;  // below it -1/x is the value
+
+/// x of 16 or more: seven terms leave less than 1e-17.
+DoubleDouble AsymptoticPsi(DoubleDouble x) {
+    const double r = 1 / x.high;
     const double s = r * r;
     const double tail =
         1.0 / 12 -
         s * (1.0 / 120 -
              s * (1.0 / 252 -
-                  s * (1.0 / 240 - s * (1.0 / 132 - s * (691.0 / 32760 -
-                                                         s * (1.0 / 12 - s * (3617.0 / 8160)))))));
-    return std::log(x) - (r / 2 + s * tail);
+                  s * (1.0 / 240 - s * (1.0 / 132 - s * (691.0 / 32760 - s * (1.0 / 12))))));
+    return Add(QuickLog(x.high), x.low * r - (r / 2 + s * tail));
 }
 
-/// x from 1 to 2.
-double PsiAboutZero(double x) {
-    const double distance = (x - kPsiZeroAt.high) - kPsiZeroAt.low;
-    return distance * Polynomial(kPsiZero, x - kPsiZeroMiddle);
+/// x of 1/2 or more.
+DoubleDouble PositivePsi(DoubleDouble x) {
+    return x.high < kAsymptotic ? AtPiece(kPsi, x) : AsymptoticPsi(x);
 }
 
-double PositivePsi(double x) {
-    if (x >= 10) return AsymptoticPsi(x);
-    if (x < 1) return PsiAboutZero(x + 1) - 1 / x;
-    const double steps = std::floor(x) - 1;
-    const double base = x - steps;
-    DoubleDouble sum = {PsiAboutZero(base), 0};
-    for (double k = 0; k < steps; ++k)
-        sum = Add(sum, 1 / (base + k));
-    return sum.high;
+/// -1/x
+DoubleDouble Pole(double x) {
+    const double quotient = -1 / x;
+    return {quotient, -std::fma(quotient, x, 1) / x};
+}
+
+/// x from -1 to 1/2.
+double PsiNextToZero(double x) {
+    if (std::fabs(x) < kPole) return -1 / x;
+    if (x >= -kRecurrent) return ToDouble(Add(Pole(x), PositivePsi(TwoSum(1, x))));
+    const double above = 1 + x;  // exact
+    const DoubleDouble poles = Add(Pole(x), Pole(above));
+    return ToDouble(Add(poles, PositivePsi(TwoSum(1, above))));
 }
 
 /// pi cot(pi x) for x that is not integral.
@@ -51,12 +60,13 @@ double PiCotangent(double x) {
 
 }  // namespace
 
+KALVEX_WITH_FMA
 double Psi(double x) {
-    if (std::isnan(x)) return x;
-    if (x > 0) return PositivePsi(x);
+    if (std::isnan(x) || x > std::numeric_limits<double>::max()) return x;
+    if (x >= kRecurrent) return ToDouble(PositivePsi({x, 0}));
     if (std::floor(x) == x) throw ap::ap_error{"Singularity in Psi(x)"};
-    if (x > -1e-17) return -1 / x;
-    return PositivePsi(1 - x) - PiCotangent(x);
+    if (x >= kReflected) return PsiNextToZero(x);
+    return ToDouble(Add(PositivePsi(TwoSum(1, -x)), -PiCotangent(x)));
 }
 
 }  // namespace kalvex::specfun

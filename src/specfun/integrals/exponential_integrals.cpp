@@ -1,88 +1,114 @@
-// Exponential, logarithmic and hyperbolic integrals. The library's routines stop short of the end
-// of the range; there the asymptotic series
-//   Ei(x) = exp(x)/x (1 + 1!/x + 2!/x^2 + ...)
-// stands in (DLMF 6.12.2); Shi and Chi differ from Ei/2 by exp(-2x) only. Near 0 these two have
-// their power series. The logarithmic integral is Ei(ln x); a rounding of ln x would cost up to 350
-// units, so the rest of the logarithm is brought in by the derivative exp(t)/t of Ei.
+// Exponential, logarithmic and hyperbolic integrals. Near 0 the logarithm, Euler's constant and
+// the power series (DLMF 6.6.2, 6.6.5, 6.6.6) are added as pairs of doubles; from there to 4
+// polynomials on pieces of an octave give the functions, beyond 4 what is left of them without
+// exp(x). Zeros lie at the middle of a piece. Shi and Chi differ from Ei/2 by exp(-2x) only.
+// The logarithmic integral is Ei(ln x), the logarithm being a pair too; exp(ln x) need not be
+// computed. Every value is rounded once.
 #include <cmath>
 #include <limits>
 
+#include "specfun/integrals/exponential_pieces.h"
+#include "specfun/integrals/hyperbolic_pieces.h"
 #include "specfun/integrals/integral_series.h"
 #include "specfun/library_call.h"
-#include "specfun/precision/double_double.h"
+#include "specfun/piecewise.h"
+#include "specfun/precision/quick_log_exp.h"
 #include "specfun/specfun.h"
 
 namespace kalvex::specfun {
 namespace {
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
-constexpr double kHyperbolicLimit = 40;  // exp(-80) is below a rounding
-constexpr double kSeriesFrom = 700;
+constexpr double kEiLogarithmic = 0.25;
+constexpr double kFar = 4;
+constexpr double kHalfOfEi = 32;   // from here on exp(-2x) is below a rounding
+constexpr double kOverflow = 720;  // beyond Ei and half of it are infinite
+constexpr double kNearZero = 0.5;
 constexpr double kLinear = 1e-8;  // below it x is sinh x
 
-/// factor Ei(x) for x of 700 or more: 8 terms leave less than 8!/700^8 = 1e-18. The exponential is
-/// split because it overflows long before the quotient by x does.
-double EiOfLarge(double x, double factor) {
-    if (x == kInfinity) return kInfinity;
-    double sum = 1;
-    for (int k = 8; k >= 1; --k)
-        sum = 1 + sum * k / x;
-    const double half = std::exp(x / 2);
-    return half * (factor * sum / x) * half;
+/// exp(x) times a pair; the power of two is brought in last, because exp(x) alone may overflow.
+double TimesExp(DoubleDouble factor, double x) {
+    int exponent = 0;
+    const DoubleDouble power = QuickExp({x, 0}, exponent);
+    const double value = ToDouble(Multiply(power, factor));
+    return std::ldexp(value, exponent);
 }
 
-/// Ei(x)/2 for x beyond the hyperbolic limit.
-double HalfEi(double x) {
-    return x >= kSeriesFrom ? EiOfLarge(x, 0.5) : Ei(x) / 2;
+/// Ei(x) - ln x for the pair x from 0 to 1/4: Euler's constant and the sum of x^k/(k k!).
+DoubleDouble EiWithoutLogarithm(DoubleDouble x) {
+    constexpr double kTerms[] = {4, 18, 96, 600, 4320, 35280, 322560, 3265920, 36288000, 439084800};
+    const double h = x.high;
+    double sum = 0;
+    for (int k = 9; k >= 0; --k)
+        sum = h * (1 / kTerms[k] + sum);
+    return Add(Add(kEulerGamma, x), h * sum);
 }
 
-struct Pair {
-    double shi = 0;
-    double chi = 0;
-};
+double HalfOfEi(double x) {
+    if (x > kOverflow) return kInfinity;
+    const DoubleDouble scaled = AtPiece(kEiFar, {x, 0});
+    return TimesExp({scaled.high / 2, scaled.low / 2}, x);
+}
 
-Pair HyperbolicIntegrals(double x) {
-    Pair pair;
-    alglib::hyperbolicsinecosineintegrals(x, pair.shi, pair.chi);
-    return pair;
+double PositiveEi(double x) {
+    if (x < kEiLogarithmic) return ToDouble(Add(QuickLog(x), EiWithoutLogarithm({x, 0})));
+    if (x < kFar) return ToDouble(AtPiece(kEiNear, {x, 0}));
+    if (x > kOverflow) return kInfinity;
+    return TimesExp(AtPiece(kEiFar, {x, 0}), x);
+}
+
+/// x above 1, t its logarithm.
+double LiAbove(double x, DoubleDouble t) {
+    if (t.high >= kFar) return ToDouble(Multiply(AtPiece(kEiFar, t), x));
+    if (t.high >= kEiLogarithmic) return ToDouble(AtPiece(kEiNear, t));
+    const DoubleDouble logarithm = Add(QuickLog(t.high), t.low / t.high);
+    return ToDouble(Add(logarithm, EiWithoutLogarithm(t)));
+}
+
+double PositiveShi(double x) {
+    if (x < kLinear) return x;
+    if (x < kNearZero) return x + x * SineIntegralSeries(x * x);
+    if (x < kFar) return ToDouble(AtPiece(kShiNear, {x, 0}));
+    if (x < kHalfOfEi) return TimesExp(AtPiece(kShiFar, {x, 0}), x);
+    return HalfOfEi(x);
 }
 
 }  // namespace
 
+KALVEX_WITH_FMA
 double Ei(double x) {
     if (std::isnan(x)) return x;
     if (x == 0) return -kInfinity;
-    if (x >= kSeriesFrom) return EiOfLarge(x, 1);
+    if (x > 0) return PositiveEi(x);
     if (x < -750) return 0;  // below the least double
-    if (x < 0) return FromLibrary([x] { return -alglib::exponentialintegralen(-x, 1); });
-    if (x < 1e-20) return std::log(x) + kEulerGamma.high;
-    return FromLibrary([x] { return alglib::exponentialintegralei(x); });
+    return FromLibrary([x] { return -alglib::exponentialintegralen(-x, 1); });
 }
 
+KALVEX_WITH_FMA
 double Li(double x) {
     if (std::isnan(x) || x == kInfinity) return x;
     if (x <= 0) throw ap::ap_error{"Domain error in Li"};
     if (x == 1) return -kInfinity;
-    const DoubleDouble logarithm = Log({x, 0});
-    return Ei(logarithm.high) + logarithm.low * (x / logarithm.high);
+    const DoubleDouble t = QuickLog(x);
+    if (x < 1) return Ei(t.high) + t.low * (x / t.high);
+    return LiAbove(x, t);
 }
 
+KALVEX_WITH_FMA
 double Shi(double x) {
     if (std::isnan(x)) return x;
-    const double magnitude = std::fabs(x);
-    if (magnitude < kLinear) return x;
-    if (magnitude < 2) return x + x * SineIntegralSeries(x * x);
-    if (magnitude > kHyperbolicLimit) return std::copysign(HalfEi(magnitude), x);
-    return FromLibrary([x] { return HyperbolicIntegrals(x).shi; });
+    return std::copysign(PositiveShi(std::fabs(x)), x);
 }
 
+KALVEX_WITH_FMA
 double Chi(double x) {
     if (std::isnan(x)) return x;
     x = std::fabs(x);
     if (x == 0) return -kInfinity;
-    if (x < 1) return CosineIntegralNearZero(x, x * x);
-    if (x > kHyperbolicLimit) return HalfEi(x);
-    return FromLibrary([x] { return HyperbolicIntegrals(x).chi; });
+    if (x < kNearZero) return CosineIntegralNearZero(x, x * x);
+    if (x < kFar) return ToDouble(AtPiece(kChiNear, {x, 0}));
+    if (x < kHalfOfEi) return TimesExp(AtPiece(kChiFar, {x, 0}), x);
+    return HalfOfEi(x);
 }
 
 }  // namespace kalvex::specfun

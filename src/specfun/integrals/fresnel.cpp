@@ -1,97 +1,132 @@
-// Fresnel integrals. From 8 on by the auxiliary functions f and g (DLMF 7.5.3, 7.5.4)
+// Fresnel integrals. From 3/2 on by the auxiliary functions f and g (DLMF 7.5.3, 7.5.4)
 //   S(x) = 1/2 - f cos(pi/2 x^2) - g sin(pi/2 x^2),
-//   C(x) = 1/2 + f sin(pi/2 x^2) - g cos(pi/2 x^2)
-// with their asymptotic series (DLMF 7.12.2, 7.12.3). The square is taken as the exact sum of two
-// doubles, of which whole turns are taken off before anything is rounded. Below 8 by the library,
-// but for a polynomial about the first maximum of each, where nothing but the last rounding is
-// allowed.
+//   C(x) = 1/2 + f sin(pi/2 x^2) - g cos(pi/2 x^2),
+// polynomials on pieces of an octave up to 8, their asymptotic series (DLMF 7.12.2, 7.12.3) beyond.
+// The square is taken as the exact sum of two doubles, of which whole turns are taken off before
+// anything is rounded. Below 3/2 the functions themselves have such polynomials, below 1/2 their
+// power series (DLMF 7.6.4, 7.6.6). Sums are pairs of doubles and are rounded once.
 #include <cmath>
 
-#include "specfun/integrals/integral_coefficients.h"
-#include "specfun/library_call.h"
-#include "specfun/polynomial.h"
+#include "base/truncate.h"
+#include "specfun/integrals/fresnel_pieces.h"
+#include "specfun/integrals/turning.h"
+#include "specfun/piecewise.h"
 #include "specfun/precision/double_double.h"
 #include "specfun/specfun.h"
 
 namespace kalvex::specfun {
 namespace {
 
-constexpr double kSeriesFrom = 8;
-constexpr double kCubic = 1e-5;  // below it one term of the power series is the value
-constexpr double kHalf = 1e17;   // beyond it f is below a rounding of 1/2
+constexpr double kNearZero = 0.5;
+constexpr double kFar = 1.5;
+constexpr double kAsymptotic = 8;
+constexpr double kHalf = 1e17;  // beyond it f is below a rounding of 1/2
 
 /// Sine and cosine of pi/2 x^2.
 SinCosPair OfQuarterTurns(double x) {
-    const DoubleDouble square = TwoProduct(x, x);
-    const double high = std::fmod(square.high, 4.0);
-    const double low = std::fmod(square.low, 4.0);
-    const double quarters = std::nearbyint(high + low);
-    const DoubleDouble rest = TwoSum(high - quarters, low);
-    return SinCos(Add(Multiply(kHalfPi, rest), Multiply(kHalfPi, std::fmod(quarters, 4.0))));
+    constexpr double kWhole = 0x1p52;  // from here on the high part of the square is integral
+    DoubleDouble square = TwoProduct(x, x);
+    if (square.high >= kWhole) square = {std::fmod(square.high, 4.0), std::fmod(square.low, 4.0)};
+    const double quarters = std::nearbyint(square.high + square.low);
+    const DoubleDouble angle = Multiply(kHalfPi, QuickTwoSum(square.high - quarters, square.low));
+    const double sine = std::sin(angle.high);
+    const double cosine = std::cos(angle.high);
+    const double s = sine + angle.low * cosine;
+    const double c = cosine - angle.low * sine;
+    const auto quadrant = TruncateToInt64(quarters) & 3;
+    if (quadrant == 0) return {s, c};
+    if (quadrant == 1) return {c, -s};
+    if (quadrant == 2) return {-s, -c};
+    return {-c, s};
 }
 
 struct Auxiliary {
-    double f = 0;
+    DoubleDouble f;
     double g = 0;
 };
 
-/// x of 8 or more: fourteen terms 1 3 5 ... (2k-1)/(pi x^2)^k leave less than 1e-19.
-Auxiliary AuxiliaryAt(double x) {
-    const double r = 1 / (kPi.high * x * x);
+/// x of 8 or more: with q = 1/(pi x^2) the terms 1 3 5 ... (2k-1) q^k, sixteen of which leave
+/// less than 1e-19.
+Auxiliary AsymptoticAuxiliary(double x) {
+    constexpr double kF[] = {3, 105, 10395, 2027025, 654729075, 316234143225, 213458046676875};
+    constexpr double kG[] = {15,          945,           135135,          34459425,
+                             13749310575, 7905853580625, 6190283353629375};
+    const DoubleDouble inverse = Inverse(Multiply(kPi, x));
+    const double q = kPi.high * inverse.high * inverse.high;
+    const double square = -q * q;
     double f = 0;
     double g = 0;
-    double term = 1 / (kPi.high * x);
-    for (int k = 0; k < 14; k += 2) {
-        const double sign = k % 4 == 0 ? 1 : -1;
-        f += sign * term;
-        term *= (2 * k + 1) * r;
-        g += sign * term;
-        term *= (2 * k + 3) * r;
+    for (int k = 6; k >= 0; --k) {
+        f = square * (kF[k] + f);
+        g = square * (kG[k] + g);
     }
-    return {f, g};
+    return {Add(inverse, f * inverse.high), (1 + g) * q * inverse.high};
 }
 
-struct Fresnel {
-    double sine = 0;
-    double cosine = 0;
+struct Parts {
+    Auxiliary auxiliary;
+    SinCosPair turn;
 };
 
-/// x positive.
-Fresnel LargeFresnel(double x) {
-    if (x > kHalf) return {0.5, 0.5};
-    const auto [sine, cosine] = OfQuarterTurns(x);
-    const auto [f, g] = AuxiliaryAt(x);
-    return {0.5 - (f * cosine + g * sine), 0.5 + (f * sine - g * cosine)};
+/// x of 3/2 or more.
+Parts PartsAt(double x) {
+    const SinCosPair turn = OfQuarterTurns(x);
+    if (x >= kAsymptotic) return {AsymptoticAuxiliary(x), turn};
+    return {{AtPiece(kFresnelF, {x, 0}), AtPiece(kFresnelG, {x, 0}).high}, turn};
 }
 
-Fresnel LibraryFresnel(double x) {
-    Fresnel result;
-    alglib::fresnelintegral(x, result.cosine, result.sine);
-    return result;
+/// The sum of (-1)^k u^(2k+1)/((2k+1)! (4k+3)), u = pi/2 x^2, times x, x up to 1/2.
+double SmallS(double x) {
+    constexpr DoubleDouble kSixthOfPi = {0.52359877559829893, -5.3604088322554549e-17};
+    const DoubleDouble cubic = Multiply(Multiply(kSixthOfPi, TwoProduct(x, x)), x);
+    const double u = kHalfPi.high * x * x;
+    const double s = u * u;
+    const double tail = 1.0 / 306028800 - s / 56043187200;
+    const double rest =
+        1.0 / 14 - s * (1.0 / 440 - s * (1.0 / 25200 - s * (1.0 / 2298240 - s * tail)));
+    return cubic.high + (cubic.low - cubic.high * (s * rest));
+}
+
+/// The sum of (-1)^k u^(2k)/((2k)! (4k+1)) times x.
+double SmallC(double x) {
+    const double u = kHalfPi.high * x * x;
+    const double s = u * u;
+    const double tail = 1.0 / 76204800 - s / 11975040000;
+    const double rest =
+        1.0 / 10 - s * (1.0 / 216 - s * (1.0 / 9360 - s * (1.0 / 685440 - s * tail)));
+    return x - x * (s * rest);
+}
+
+double PositiveS(double x) {
+    if (x < kNearZero) return SmallS(x);
+    if (x < kFar) return ToDouble(AtPiece(kFresnelSNear, {x, 0}));
+    if (x > kHalf) return 0.5;
+    const auto [auxiliary, turn] = PartsAt(x);
+    const DoubleDouble main = Multiply(auxiliary.f, LargerOfTwo(turn.cosine, turn.sine));
+    return ToDouble(Subtract(DoubleDouble{0.5, 0}, Add(main, auxiliary.g * turn.sine)));
+}
+
+double PositiveC(double x) {
+    if (x < kNearZero) return SmallC(x);
+    if (x < kFar) return ToDouble(AtPiece(kFresnelCNear, {x, 0}));
+    if (x > kHalf) return 0.5;
+    const auto [auxiliary, turn] = PartsAt(x);
+    const DoubleDouble main = Multiply(auxiliary.f, LargerOfTwo(turn.sine, turn.cosine));
+    return ToDouble(Add(Add(main, -auxiliary.g * turn.cosine), 0.5));
 }
 
 }  // namespace
 
+KALVEX_WITH_FMA
 double FresnelS(double x) {
     if (std::isnan(x)) return x;
-    const double magnitude = std::fabs(x);
-    if (magnitude < kCubic) return kPi.high / 6 * x * x * x;
-    if (magnitude >= kSeriesFrom) return std::copysign(LargeFresnel(magnitude).sine, x);
-    if (magnitude > 1.125 && magnitude < 1.625) {
-        return std::copysign(Polynomial(kFresnelS, magnitude - kFresnelSMiddle), x);
-    }
-    return FromLibrary([x] { return LibraryFresnel(x).sine; });
+    return std::copysign(PositiveS(std::fabs(x)), x);
 }
 
+KALVEX_WITH_FMA
 double FresnelC(double x) {
     if (std::isnan(x)) return x;
-    const double magnitude = std::fabs(x);
-    if (magnitude < kCubic) return x;
-    if (magnitude >= kSeriesFrom) return std::copysign(LargeFresnel(magnitude).cosine, x);
-    if (magnitude > 0.75 && magnitude < 1.25) {
-        return std::copysign(Polynomial(kFresnelC, magnitude - kFresnelCMiddle), x);
-    }
-    return FromLibrary([x] { return LibraryFresnel(x).cosine; });
+    return std::copysign(PositiveC(std::fabs(x)), x);
 }
 
 }  // namespace kalvex::specfun

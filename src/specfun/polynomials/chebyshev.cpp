@@ -1,13 +1,17 @@
-// Chebyshev polynomials by doubling the degree. The pair (T(m), U(m-1)) is cosine and sine of m
-// times an angle, the sine divided by that of the angle itself, hence (DLMF 18.5.1, 18.5.2)
+// Chebyshev polynomials. For low degrees by doubling: the pair (T(m), U(m-1)) is cosine and sine of
+// m times an angle, the sine divided by that of the angle itself, hence (DLMF 18.5.1, 18.5.2)
 //   T(2m) = 2 T(m)^2 - 1,              U(2m-1) = 2 T(m) U(m-1),
 //   T(m+1) = x T(m) - (1-x^2) U(m-1),  U(m) = T(m) + x U(m-1).
 // The bits of the degree, from the highest down, say when to double only and when to add one too.
-// Rounding errors grow with the square of the degree, so all is done at twice the precision:
-// 1e-21 of the amplitude is left at the greatest degree. The products keep the relative accuracy
-// of the odd polynomials near x = 0; where their parts would become denormal they are linear.
+// Rounding errors grow with the square of the degree, so all is done at twice the precision.
+// Above kDoubled the angle itself is multiplied by the degree, in double-double arithmetic: the
+// error is 2^-103 of the phase, far below what a rounding of x would do to it. The angle is taken
+// from the middle or from the end of the interval, so that odd polynomials keep their relative
+// accuracy near x = 0. Beyond x = 1 the same with hyperbolic functions.
 #include <cmath>
 
+#include "base/truncate.h"
+#include "specfun/polynomials/angle.h"
 #include "specfun/polynomials/degree.h"
 #include "specfun/precision/double_double.h"
 #include "specfun/specfun.h"
@@ -31,9 +35,9 @@ Pair Next(const Pair& p, double x, DoubleDouble oneLessSquare) {
 }
 
 /// The pair of degree m >= 1.
-Pair PairOf(unsigned m, double x) {
+Pair ByDoubling(int m, double x) {
     const DoubleDouble oneLessSquare = Multiply(TwoSum(1, -x), TwoSum(1, x));
-    unsigned bit = 1;
+    int bit = 1;
     while (bit <= m / 2)
         bit *= 2;
     Pair p = {{x, 0}, {1, 0}};
@@ -44,38 +48,109 @@ Pair PairOf(unsigned m, double x) {
     return p;
 }
 
-/// T(n) and U(n) for |x| so small that the next term vanishes beside the first.
-double OfTiny(int n, double leading, double x) {
-    const double sign = n % 4 < 2 ? 1 : -1;
-    return sign * (n % 2 == 0 ? 1 : leading * x);
+/// The degree of T or, plus one, that of U, from 0: it counts the angles.
+struct Count {
+    DoubleDouble value;  // the low part is -1, 0 or 1
+    int quarters;        // modulo 4
+};
+
+/// For 0 <= x < 1.
+Pair ByAngle(const Count& m, double x) {
+    const Angle angle = AngleOf(x);
+    const DoubleDouble phase = Multiply(m.value, angle.rest);
+    if (!(std::fabs(phase.high) <= kLargestPhase))
+        throw ap::ap_error{"Chebyshev: the degree is too large"};
+    const auto [cosine, sine] = CosineSineAt(phase, angle.quarters * m.quarters);
+    return {cosine, Divide(sine, angle.sine)};
 }
 
-constexpr double kTiny = 0x1p-100;
+/// For 1 < x; infinite where the values overflow.
+Pair ByHyperbolicAngle(const Count& m, double x) {
+    constexpr DoubleDouble kOverflow = {INFINITY, 0};
+    constexpr double kLargest = 0x1p100;  // of any degree from 11 on the values overflow
+    if (x > kLargest) return {kOverflow, kOverflow};
+    const auto [angle, sine] = HyperbolicAngleOf(x);
+    const DoubleDouble phase = Multiply(m.value, angle);
+    constexpr double kLargestExponent = 1000;  // U is exp(phase) over at most exp(angle) < 2^101
+    if (!(phase.high < kLargestExponent)) return {kOverflow, kOverflow};
+    if (phase.high < 1) {
+        const DoubleDouble rise = ExpMinusOne(phase);
+        const DoubleDouble fall = Divide(rise, Add(rise, 1.0));
+        const DoubleDouble twiceSine = Add(rise, fall);
+        const DoubleDouble twiceCosine = Add(Subtract(rise, fall), 2.0);
+        return {Scale(twiceCosine, -1), Divide(Scale(twiceSine, -1), sine)};
+    }
+    int exponent = 0;
+    const DoubleDouble growth = ExpScaled(phase, exponent);
+    const DoubleDouble decay = Scale(Divide({1, 0}, growth), -2 * exponent);
+    const DoubleDouble quotient = Divide(Subtract(growth, decay), sine);
+    return {Scale(Add(growth, decay), exponent - 1), Scale(quotient, exponent - 1)};
+}
 
-double FirstKind(int n, double x) {
+/// At x = 1/2 the angle is pi/3, the only one besides those of 0 and 1 where values are rational.
+Pair AtHalf(const Count& m) {
+    constexpr double kFirst[] = {1, 0.5, -0.5, -1, -0.5, 0.5};
+    constexpr double kSecond[] = {0, 1, 1, 0, -1, -1};
+    const double sixths = std::fmod(m.value.high, 6) + m.value.low + 6;
+    const int index = TruncateToInt32(std::fmod(sixths, 6));
+    return {{kFirst[index], 0}, {kSecond[index], 0}};
+}
+
+constexpr double kDoubled = 16384;  // above, the angle is as quick
+
+Pair OfMagnitude(const Count& m, double x) {
+    if (m.value.high <= kDoubled) return ByDoubling(TruncateToInt32(m.value.high), x);
+    if (x == 1) return {{1, 0}, m.value};
+    if (x == 0.5) return AtHalf(m);
+    return x < 1 ? ByAngle(m, x) : ByHyperbolicAngle(m, x);
+}
+
+bool IsTiny(const Count& m, double x) {
+    return m.value.high <= 0x1p53 && std::fabs(x) < 0x1p-100;
+}
+
+/// A polynomial for |x| so small that the next term vanishes beside the first: 1 or, for odd
+/// degrees, leading x, and its sign.
+double OfTiny(int quarters, double leading, double x) {
+    const double sign = quarters < 2 ? 1 : -1;
+    return sign * (quarters % 2 == 0 ? 1 : leading * x);
+}
+
+/// T(n), n >= 0.
+double FirstKind(double n, double x) {
     if (n == 0) return 1;
     if (n == 1) return x;
-    if (std::fabs(x) < kTiny) return OfTiny(n, n, x);
-    return ToDouble(PairOf(static_cast<unsigned>(n), x).t);
+    const Count m = {{n, 0}, QuartersOf(n)};
+    if (IsTiny(m, x)) return OfTiny(m.quarters, n, x);
+    const double value = ToDouble(OfMagnitude(m, std::fabs(x)).t);
+    return x < 0 && m.quarters % 2 == 1 ? -value : value;
 }
 
-double SecondKind(int n, double x) {
+/// U(m-1).
+double SecondKind(const Count& m, double x) {
+    const double n = m.value.high - 1;
     if (n == -1) return 0;
-    if (n < 0) return -SecondKind(-n - 2, x);
     if (n == 0) return 1;
     if (n == 1) return 2 * x;
-    if (std::fabs(x) < kTiny) return OfTiny(n, n + 1.0, x);
-    return ToDouble(PairOf(static_cast<unsigned>(n) + 1, x).u);
+    if (IsTiny(m, x)) return OfTiny((m.quarters + 3) % 4, m.value.high, x);
+    const double value = ToDouble(OfMagnitude(m, std::fabs(x)).u);
+    return x < 0 && m.quarters % 2 == 0 ? -value : value;
+}
+
+double OfAnyDegree(int kind, double n, double x) {
+    if (kind == 1) return FirstKind(std::fabs(n), x);
+    if (n >= 0) return SecondKind({TwoSum(n, 1), (QuartersOf(n) + 1) % 4}, x);
+    return -SecondKind({TwoSum(-n, -1), (QuartersOf(-n) + 3) % 4}, x);
 }
 
 }  // namespace
 
 KALVEX_WITH_FMA
 double Chebyshev(int kind, double degree, double x) {
-    const int n = IntegralDegree(degree, -INFINITY, "Chebyshev");
+    const double n = IntegralDegree(degree, -INFINITY, "Chebyshev");
     if (kind != 1 && kind != 2) throw ap::ap_error{"Domain error in Chebyshev"};
     if (std::isnan(x)) return x;
-    const double value = kind == 1 ? FirstKind(std::abs(n), x) : SecondKind(n, x);
+    const double value = OfAnyDegree(kind, n, x);
     if (!std::isfinite(value)) throw ap::ap_error{"Overflow in Chebyshev"};
     return value;
 }

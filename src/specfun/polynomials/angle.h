@@ -1,0 +1,43 @@
+// The angle whose cosine is the argument of a polynomial, and its multiples: what a polynomial of
+// high degree is at that argument. All is relative to what tends to 0 with the distance from the
+// middle or from the end of the interval, because that is what the value of the polynomial shows.
+#pragma once
+
+#include "specfun/precision/double_double.h"
+
+namespace kalvex::specfun {
+
+/// theta = quarters pi/2 + rest, with 0 <= theta <= pi/2.
+struct Angle {
+    int quarters = 0;   // 0 near the end x = 1, 1 near the middle x = 0
+    DoubleDouble rest;  // magnitude below 0.8; relative error below 2^-103
+    DoubleDouble sine;  // of theta; relative error below 2^-102
+};
+
+/// arccos(x) for 0 <= x <= 1.
+Angle AngleOf(double x);
+
+/// Beyond this magnitude a phase is refused: its error would pass 2^-49, and with it the digits of
+/// the polynomial.
+inline constexpr double kLargestPhase = 0x1p53;
+
+struct CosineSinePair {
+    DoubleDouble cosine;
+    DoubleDouble sine;
+};
+
+/// Cosine and sine of quarters pi/2 + phase, |phase| up to kLargestPhase. Errors of 2^-104
+/// of the phase, and then below 2^-58 relative.
+CosineSinePair CosineSineAt(DoubleDouble phase, int quarters);
+
+/// eta = arcosh(x) for 1 <= x <= 2^100 and sinh(eta), with relative errors below 2^-90.
+struct HyperbolicAngle {
+    DoubleDouble angle;
+    DoubleDouble sine;
+};
+HyperbolicAngle HyperbolicAngleOf(double x);
+
+/// The remainder of n by 4; n integral, from 0.
+int QuartersOf(double n);
+
+}  // namespace kalvex::specfun

@@ -1,0 +1,54 @@
+// Hermite polynomials by their recurrence (DLMF 18.9.1). Odd ones of a tiny x are computed at a
+// scaled x, so that no part is a denormal number. Few degrees have values within the range:
+// |H(n,0)| is n!/(n/2)! for even n, beyond it from n = 270 on; the odd ones begin with 2
+// n!/((n-1)/2)! x, beyond it from n = 493 on even for the least x. From there on all that is left
+// is the zero in the middle of the odd ones: no double is so close to another zero, by 500 digits
+// and more, that the value would come back into the range.
+#include <cmath>
+
+#include "specfun/polynomials/recurrence.h"
+#include "specfun/precision/double_double.h"
+#include "specfun/specfun.h"
+
+namespace kalvex::specfun {
+namespace {
+
+constexpr double kMostSteps = 600;     // all values but the zero in the middle are beyond the range
+constexpr double kFarthest = 0x1p511;  // 4x^2 - 2 is beyond the range, and more so higher degrees
+
+/// H(k+1) = 2x H(k) - 2k H(k-1).
+void HermiteStep(Neighbours& p, double twiceX, double twiceK) {
+    const DoubleDouble first = TwoProduct(twiceX, p.now.high);
+    const DoubleDouble second = TwoProduct(twiceK, p.before.high);
+    const DoubleDouble sum = TwoSum(first.high, -second.high);
+    const double rounding = sum.low + (first.low - second.low);
+    const double carried = twiceX * p.now.low - twiceK * p.before.low;
+    p.before = p.now;
+    p.now = {sum.high, rounding + carried};
+}
+
+KALVEX_WITH_FMA
+double Recurrence(double n, double x) {
+    const int tinyBits = TinyBits(x);
+    const double twiceX = 2 * std::ldexp(x, tinyBits);
+    Neighbours p = {{1, 0}, {twiceX, 0}, std::fmod(n, 2) == 0 ? 0 : -tinyBits};
+    for (double k = 1; k < n; ++k) {
+        KeepInRange(p);
+        HermiteStep(p, twiceX, 2 * k);
+    }
+    return Finite("Hermite", p);
+}
+
+}  // namespace
+
+double Hermite(double degree, double x) {
+    const double n = IntegralDegree(degree, 0, "Hermite");
+    if (std::isnan(x)) return x;
+    if (n == 0) return 1;
+    const double phase = std::fmod(n, 4);
+    if (x == 0 && (phase == 1 || phase == 3)) return phase == 1 ? x : -x;
+    if (n > kMostSteps || (n > 1 && std::fabs(x) >= kFarthest)) return Finite("Hermite", INFINITY);
+    return Recurrence(n, x);
+}
+
+}  // namespace kalvex::specfun
