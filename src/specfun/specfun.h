@@ -97,10 +97,12 @@ double AiryBi(double x);
 
 /// Bessel functions of real order: J and Y of every finite order, the modified ones up to
 /// MaxModifiedOrder in magnitude; for other orders they throw. All are computed in pairs of doubles
-/// with some 60 bits of precision and rounded once, to the same bits on every processor: n below
-/// 0.51 over orders to 100,000, at extrema and next to zeros too. Beyond, J and Y lose below one
-/// unit within 20 order^(1/3) of x = order and below 2^-9 of what a rounding of x changes
-/// elsewhere. A call takes 0.1 to 0.4 us, of J and Y of negative orders twice that.
+/// with some 57 to 60 bits of precision (J and Y against their modulus, K 55 next to x = 2) and
+/// rounded once, to the same bits on every processor: n below 0.51 by search over orders to
+/// 100,000, at extrema and next to zeros too, with few points above 1000, where exact values take
+/// long. Beyond 100,000, J and Y lose below one unit within 20 order^(1/3) of x = order and below
+/// 2^-9 of what a rounding of x changes elsewhere. A call takes 0.1 to 0.4 us, of J and Y of
+/// negative orders twice that.
 ///
 /// First kind. All x for integral orders, x from 0 for others, else it throws "Domain error in
 /// BesselJV"; negative orders that are not integral throw "Overflow in BesselJV" at 0 and where
