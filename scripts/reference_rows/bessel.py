@@ -4,7 +4,7 @@ import math
 import mpmath
 from mpmath import mp
 
-from .bessel_large import large_j, large_points, large_y, slope_of_large
+from .bessel_large import large_j, large_points, large_y, seam, slope_of_large
 from .frame import around, generator, linear, logarithmic, row
 
 NEAR_WHOLE = (1e-3, 1e-5, 1e-7, 1e-10, 1e-13)
@@ -135,6 +135,37 @@ TURNING = [(n, n * f) for n in (8, 31, 100, 256.5, 1000)
            for f in (0.9, 0.99, 1 - 1e-6, 1, 1 + 1e-6, 1.01, 1.1)]
 
 
+def expansion_points(far):
+    """Around the places where the expansions for large orders take over, and beyond them."""
+    found = []
+    for order in (math.nextafter(24, 0), 24, 31.25, 50, 99.5):
+        x = seam(order, -1)
+        found += [(order, x * (1 + step)) for step in (-1e-6, 1e-6, 0.3)] + [(order, far(order))]
+    for order in (math.nextafter(100, 0), 100, 137.5, 316.25, 999):
+        found += [(order, seam(order, sign) * (1 + step)) for sign in (-1, 1) for step in (-1e-6, 1e-6)]
+        found += [(order, order * f) for f in (0.7, 0.97, 1.04, 1.3, 2, 30)] + [(order, far(order))]
+    return found
+
+
+# Places where the errors were largest.
+WORST = [(0, 0.00054968347949789151), (0, 0.0078887364422563708), (0, 2.194106837201292),
+         (0.49997915798764969, 2.9718825457632536), (106.129771055501, 295.90298500463297),
+         (158, 172.29135548591873), (399, 423.24307856632356), (633, 310504.16248163575),
+         (42.75, 105.3), (0.5, 5.0290010391969654e+210)]
+
+# Both sides of the ends of the three ways to reduce an angle; next to a multiple of a quarter turn;
+# the largest.
+ANGLES = [(order, x) for order in (0, 0.5, 2.3) for place in (2.0 ** 19, 2.0 ** 30)
+          for x in around(place)[:3]]
+ANGLES += [(order, 6381956970095103 * 2.0 ** 797) for order in (0, 0.5, -0.5)]
+ANGLES += [(order, 1.7976931348623157e308) for order in (0, 0.3, 30)]
+# Where Stirling's series takes over in the leading factor.
+STIRLING = [(order, x) for order in (math.nextafter(16, 0), 16, 16.4, 23.7) for x in (1e-15, 0.3, 5, 8.2)]
+# Where fewer steps do in the Neumann series of Y.
+NEUMANN = [(order, x) for order in (0, 0.25, 3.5) for place in (2.0 ** -60, 1e-3, 0.1)
+           for x in around(place)[:3]]
+
+
 def rows_J():
     rng = generator('J')
     chosen = points(rng, 12, 1500, True) + seams((1.5, 22)) + REFLECTED + TURNING
@@ -146,6 +177,7 @@ def rows_J():
                (1, 5e-324), (0.25, 5e-324), (150.5, 0.5), (1000, 500), (1000, 330)]
     # Orders above the argument on both sides of the end of Steed's method for J.
     chosen += [(n, x) for n in (64.5, 70, 150.25) for x in around(64)[:5]]
+    chosen += ANGLES + STIRLING + WORST + expansion_points(lambda order: order * order * 3)
     condition = slope(bessel_j)
     found = [row(bessel_j, n, x, condition=condition if x != 0 else 0) for n, x in chosen]
     huge = large_points() + [(n, -x) for n, x in large_points() if n % 1 == 0][::5]
@@ -159,10 +191,17 @@ def rows_Y():
     chosen += [(n, x) for n in (0, 3, 2.3, 1000, -0.7) for x in logarithmic(rng, 1500, 1e300, 6)]
     chosen += [(n, x) for n in (0, 1, 5) for x in linear(rng, 7.5, 8.5, 5)]
     chosen += [(1, 5e-324), (0, 5e-324), (0.5, 5e-324), (-0.5, 5e-324), (150.5, 0.5), (1000, 500)]
+    chosen += ANGLES + NEUMANN + WORST + expansion_points(lambda order: order * order * 3)
     condition = slope(bessel_y)
     found = [row(bessel_y, n, x, condition=condition) for n, x in chosen]
     return found + [row(large_y, n, x, condition=slope_of_large(large_y))
                     for n, x in large_points()]
+
+
+# Both sides of the end of the recurrences of K and I, and beyond.
+UNIFORM = [(order, x) for order in (50, math.nextafter(50, 51), 52.5, 100, 300.25)
+           for x in (order / 3, order * 0.66, order, order * 2, 690)]
+UNIFORM += [(order, order * f) for order in (1066, 3000.5, 57392, 1e5) for f in (0.64, 0.655, 0.664)]
 
 
 def rows_I():
@@ -171,6 +210,7 @@ def rows_I():
     chosen += [(n, x) for n in (0, 1, 10, 20.5, 50) for x in around(max(25, n * n / 4))[:9]]
     chosen += [(n, x) for n in (0, 2.3, 100, 1000) for x in (700, 712, 713.5, 714, 720, 1200)]
     chosen += [(100.5, 720), (1, 5e-324), (0.25, 5e-324), (0, 1e-300), (1, 1e-310), (1000, 300)]
+    chosen += STIRLING + UNIFORM + [(0, 1.5295116850931289e-10), (0, 0.0067010912758608951)]
     return [row(bessel_i, n, x, condition=i_slope) for n, x in chosen]
 
 
@@ -180,4 +220,5 @@ def rows_K():
     chosen += [(n, x) for n in (0, 2.3, 100, 1000) for x in (650, 700, 705, 740, 745, 750, 1200)]
     chosen += [(n, x) for n in (0, 1, 31, 32) for x in linear(rng, 8, 10, 3)]
     chosen += [(0, 5e-324), (0.5, 5e-324), (0.9, 5e-324), (1, 1e-300), (1, 5e-324), (2, 1e-200)]
+    chosen += UNIFORM + [(0, 2.8306191019475784e-06), (0, 0.0014925942633352307)]
     return [row(bessel_k, n, x, condition=k_slope, digits=40) for n, x in chosen]

@@ -142,17 +142,21 @@ def slope_of_large(f):
     return condition
 
 
-# The last of the recurrences, the first beyond; whole, half-integral and generic; up to the largest
-# odd double, and beyond all fractions.
-ORDERS = [100000, math.nextafter(100000, math.inf), 100000.5, 100001, 123456.25, 1e6, 1e6 + 0.5,
+# Whole, half-integral and generic; up to the largest odd double, and beyond all fractions.
+ORDERS = [1000, 1778.25, 5623.5, 10000 + 1 / 3, 31622, 57392, 99999.5, 100000, math.nextafter(100000, math.inf), 100000.5, 100001, 123456.25, 1e6, 1e6 + 0.5,
           33333333 + 1 / 3, 1e9, 1e9 + 1, 1e12, 1e12 + 1, 1e12 - 0.125, 2.0 ** 53 - 1]
 HUGE = [1e16, 1e100, 1e300]
 
 
 def seam(order, sign):
-    """Where s^3 = 3000 order^2, below or above the order: from the one expansion to the other."""
-    w = (3000 / order) ** (2 / 3)
-    return order * math.sqrt(1 - sign * w)
+    """Where the bound of the exponent or phase, t^3/(3 - 1.8 t^2) times the order for t =
+    sqrt(1 - (x/order)^2), is 28, below or above the order: from the one expansion to the other."""
+    low, high = (0, 1) if sign > 0 else (-(30 + 100 / order) ** 2, 0)
+    for _ in range(200):
+        w = (low + high) / 2
+        beyond = order * abs(w) ** 1.5 > 28 * (3 - 1.8 * w)
+        low, high = (low, w) if beyond == (sign > 0) else (w, high)
+    return order * math.sqrt(1 - low)
 
 
 def table_end(order, y):
@@ -181,7 +185,7 @@ def places(rng, order):
     for sign in (-1, 1):
         edge = seam(order, sign)
         found += [edge * (1 + step) for step in (-1e-5, 1e-5)]
-        found.append(table_end(order, 12 * sign))
+        found.append(table_end(order, 12.5 * sign))
     found += [order * rng.uniform(1.01, 1.9), 2 * order, math.nextafter(2 * order, 0),
               order * rng.uniform(2.1, 9), order * 1e4, order * order * 1.1, 1e300]
     return found
@@ -191,7 +195,7 @@ def large_points():
     rng = generator('large orders')
     found = []
     for order in ORDERS:
-        for x in rng.sample(places(rng, order), 20):
+        for x in rng.sample(places(rng, order), 16):
             sign = -1 if order % 1 != 0 and rng.random() < 0.3 else 1
             found.append((sign * order, x))
     for order in HUGE:
@@ -199,11 +203,12 @@ def large_points():
     found += [(-n, x) for n in (100001.0, 1e9 + 1) for x in (n - 30 * n ** (1 / 3), n, 1.5 * n, 1e15)]
     found += [(n, x) for n in (100001.0, 234567.75) for f in (seam(n, 1), seam(n, -1), 2 * n)
               for x in around(f)[:7]]
-    found += [(100001.0, table_end(100001.0, y)) for y in (-12.02, -11.98, -0.5, 0.5, 11.98, 12.02)]
+    found += [(100001.0, table_end(100001.0, y)) for y in (-12.52, -12.48, -0.5, 0.5, 12.48, 12.52)]
     # The last denormal J, and the last Y before it overflows; also of negative orders.
     found += [(n, n + width * (n / 2) ** (1 / 3)) for n in (100001.0, 1e9 + 0.5, 1e12)
               for width in (-107, -105.5, -104.6, -104, -103)]
     found += [(-100000.25, 100000.25 + width * 5e4 ** (1 / 3)) for width in (-103.5, -104.5)]
-    for order, factor in ((100000.5, 1.001), (100003.0, 1.3), (200000.25, 2.5), (1e6 + 1, 1.05)):
+    for order, factor in ((1000.0, 1.02), (3162.25, 2), (10000.0, 1.01), (42958.25, 15), (99999.5, 1.2),
+                          (100000.5, 1.001), (100003.0, 1.3), (200000.25, 2.5), (1e6 + 1, 1.05)):
         found += extremum(order, order * factor)
     return found

@@ -96,41 +96,40 @@ double AiryAi(double x);
 double AiryBi(double x);
 
 /// Bessel functions of real order: J and Y of every finite order, the modified ones up to
-/// MaxModifiedOrder in magnitude; for other orders they throw. All are computed with 64 bits of
-/// precision (53 for what is small beside the rest) and rounded once: n below 0.6, for I and K
-/// slowly growing above order 1000. Near the zeros of J and Y the error is that small against their
-/// modulus for orders to 1000; from there to 100,000 it grows to some ten units in the last place.
-/// Beyond, it is below one within 20 order^(1/3) of x = order and below 2^-9 of what a rounding of
-/// x changes elsewhere. J and Y of orders to 100,000 take 4 to 6 ns for each order that x is
-/// beyond, so half a millisecond at the largest; of larger ones 0.3 to 1 us, of negative ones twice
-/// that.
+/// MaxModifiedOrder in magnitude; for other orders they throw. All are computed in pairs of doubles
+/// with some 57 to 60 bits of precision (J and Y against their modulus, K 55 next to x = 2) and
+/// rounded once, to the same bits on every processor: n below 0.51 by search over orders to
+/// 100,000, at extrema and next to zeros too, with few points above 1000, where exact values take
+/// long. Beyond 100,000, J and Y lose below one unit within 20 order^(1/3) of x = order and below
+/// 2^-9 of what a rounding of x changes elsewhere. A call takes 0.1 to 0.4 us, of J and Y of
+/// negative orders twice that.
 ///
 /// First kind. All x for integral orders, x from 0 for others, else it throws "Domain error in
 /// BesselJV"; negative orders that are not integral throw "Overflow in BesselJV" at 0 and where
-/// the value overflows. Power series while x^2/4 <= order + 1 (DLMF 10.2.2); up to x = 22 (64 for
-/// orders above x) Steed's method with Temme's confluent recurrence (1975); beyond, Hankel's
-/// expansion (10.17.5) for an order within 1/2 of 0 and recurrence upward, with the Wronskian for
-/// orders above x. Orders above 100,000: Olver's uniform expansion (10.20.4) near x = order,
-/// Debye's expansions below (10.19.3) and above (10.19.6), there down to 0. Negative orders by J
-/// and Y of the positive one.
+/// the value overflows. Orders from 100: Olver's uniform expansion (DLMF 10.20.4) near x = order,
+/// Debye's expansions below (10.19.3) and above (10.19.6), there from order 24 on. Smaller ones:
+/// power series while x^2/4 <= order + 1 (10.2.2); up to x = 22 (64 for orders above x) Steed's
+/// method with Temme's confluent recurrence (1975); beyond, Hankel's expansion (10.17.5) for an
+/// order within 1/2 of 0 and recurrence upward, with the Wronskian for orders above x. Negative
+/// orders by J and Y of the positive one.
 double BesselJ(double order, double x);
 
 /// Second kind. x above 0, else it throws "Domain error in BesselY". For an order within 1/2 of 0
 /// Neumann series up to x = 1.5 (Goldstein and Thaler 1959), Steed's method up to 22 and Hankel's
-/// expansion beyond, then recurrence upward; orders above 100,000 as J (10.20.5, 10.19.3, 10.19.6).
-/// Minus infinity (negative orders: plus or minus) where it overflows.
+/// expansion beyond, then recurrence upward; expansions for large orders (10.20.5, 10.19.3,
+/// 10.19.6) where J has them. Minus infinity (negative orders: plus or minus) where it overflows.
 double BesselY(double order, double x);
 
 /// Modified, second kind. x above 0, else it throws "Domain error in BesselKN"; "Overflow in
 /// BesselKN" where the value overflows. Even in the order. Temme's series up to x = 2, his
-/// confluent recurrence beyond, then upward recurrence; above order 1000 the uniform expansion
+/// confluent recurrence beyond, then upward recurrence; above order 50 the uniform expansion
 /// (DLMF 10.41.4).
 double BesselK(double order, double x);
 
 /// Modified, first kind. All x for integral orders, else order and x from 0, else it throws
 /// "Domain error in BesselIV"; "Overflow in BesselIV" where the value overflows. Power series up
 /// to x = 20 or x^2/4 = order + 1; Hankel's expansion from 25 while order^2 <= 4 x; else the
-/// Wronskian with K; above order 1000 the uniform expansion (DLMF 10.41.3).
+/// Wronskian with K; above order 50 the uniform expansion (DLMF 10.41.3).
 double BesselI(double order, double x);
 
 /// Gauss hypergeometric function, -1 < x < 1, else "Domain error in Hypergeometric2F1". A negative

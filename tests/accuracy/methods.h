@@ -65,7 +65,7 @@ inline constexpr std::array<Method, 41> kMethods = {{
     {"Beta", "a > 0, b > 0", "one Stirling series for the three gamma functions", "DLMF 5.11.1"},
     {"J", "real orders; x >= 0 unless the order is integral",
      "power series, Steed's method with Temme's recurrence, Hankel's expansion, recurrence; "
-     "uniform and Debye's expansions beyond order 100,000",
+     "uniform and Debye's expansions from order 100 and far from x = order",
      "DLMF 10.2.2, 10.17.5, 10.19.3, 10.19.6, 10.20.4; Temme 1975"},
     {"Y", "real orders, x > 0", "Neumann series, then as J",
      "Goldstein and Thaler 1959; Temme 1975; DLMF 10.17.5, 10.19.3, 10.19.6, 10.20.5"},

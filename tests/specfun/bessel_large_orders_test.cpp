@@ -1,4 +1,4 @@
-// J and Y of orders beyond the recurrences: identities and the edges of the range.
+// J and Y by the expansions for large orders: identities and the edges of the range.
 #include <gtest/gtest.h>
 
 #include <cfloat>
@@ -12,15 +12,13 @@ namespace kalvex::specfun {
 namespace {
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
-constexpr double kPi = 3.14159265358979323846;
 
 /// Arguments near the order, by the distance in widths of the turning point, and beyond it.
 constexpr double kWidths[] = {-20, -11.9, -5, -1, -0.25, 0, 0.25, 1, 5, 11.9, 20, 60, 200, 300};
 constexpr double kRatios[] = {1.001, 1.02, 1.3, 1.9999, 2, 2.0001, 7, 1e5, 1e20, 1e280};
 
-// The recurrence does not know of the expansions: its values at the last orders that it reaches
-// lead to those beyond. f(n+1) = 2n/x f(n) - f(n-1) (DLMF 10.6.1).
-TEST(BesselLargeOrders, ContinueTheRecurrence) {
+// The recurrence does not know of the expansions. f(n+1) = 2n/x f(n) - f(n-1) (DLMF 10.6.1).
+TEST(BesselLargeOrders, FollowTheRecurrence) {
     for (const double n : {1e5, 1e5 - 0.5}) {
         for (const double width : kWidths) {
             const double x = n + width * std::cbrt(n);
@@ -35,16 +33,40 @@ TEST(BesselLargeOrders, ContinueTheRecurrence) {
     }
 }
 
+// Both sides of the first order that has them, and of the places beyond it where they begin for
+// smaller ones: the recurrence leads from one method to the other.
+TEST(BesselLargeOrders, MeetTheRecurrence) {
+    const double orders[] = {24, 25, 31.75, 60.5, 99.5, 100, 100.25, 101};
+    for (const double n : orders) {
+        for (double x = 0.55 * n; x < 6 * n; x *= 1.003) {
+            for (const auto f : {BesselJ, BesselY}) {
+                const double below = f(n - 1, x);
+                const double middle = 2 * n / x * f(n, x);
+                const double above = f(n + 1, x);
+                const double scale = std::fabs(below) + std::fabs(middle) + std::fabs(above);
+                EXPECT_NEAR(above, middle - below, 4 * DBL_EPSILON * scale) << n << " " << x;
+            }
+        }
+    }
+}
+
 // Orders one apart, J(n+1) Y(n) - J(n) Y(n+1) = 2/(pi x) (10.5.2). What a rounding of s turns the
 // phases by counts against the little that they turn from one order to the next.
 TEST(BesselLargeOrders, Wronskian) {
-    for (const double n : {100000.5, 1e6, 3.25e7, 1e9}) {
+    for (const double n : {100.0, 100000.5, 1e6, 3.25e7, 1e9}) {
         for (const double width : kWidths) {
-            const Extended x = n + width * std::cbrt(n);
-            const Extended first = LargeOrderJ(n + 1, x) * LargeOrderY(n, x) * kPi * x;
-            const Extended second = LargeOrderJ(n, x) * LargeOrderY(n + 1, x) * kPi * x;
-            const Extended lost = 0x1p-55L * (std::fabs(first) + std::fabs(second)) + 0x1p-61L * n;
-            EXPECT_NEAR(static_cast<double>(first - second), 2, static_cast<double>(lost))
+            const double x = n + width * std::cbrt(n);
+            if (x < 0) continue;
+            const Extended scale = kHalfPi * x;
+            const Scaled j = LargeOrderJ(n, x);
+            const Scaled y = LargeOrderY(n, x);
+            const Scaled nextJ = LargeOrderJ(n + 1, x);
+            const Scaled nextY = LargeOrderY(n + 1, x);
+            const Scaled first{nextJ.value * y.value * scale, nextJ.exponent + y.exponent};
+            const Scaled second{-(j.value * nextY.value * scale), j.exponent + nextY.exponent};
+            const double lost =
+                0x1p-57 * (std::fabs(ToDouble(first)) + std::fabs(ToDouble(second)));
+            EXPECT_NEAR(ToDouble(Sum(first, second)), 1, lost + 0x1p-60 * n + 0x1p-53)
                 << n << " " << width;
         }
     }
@@ -53,16 +75,18 @@ TEST(BesselLargeOrders, Wronskian) {
 // Whatever the phase is, J^2 + Y^2 is 2/(pi s) but for about 1/(16 xi^2), s = sqrt(x^2 - n^2) and
 // xi the phase (10.18.17).
 TEST(BesselLargeOrders, Modulus) {
-    for (const double n : {123456.75, 1e8, 1e12, 1e16, 1e100}) {
+    for (const double n : {123456.75, 1e8, 1e12, 1e16, 1e100, 1e300}) {
         for (const double ratio : kRatios) {
-            const Extended x = ratio * n;
+            const double x = ratio * n;
             if (std::isinf(x)) continue;
-            const Extended j = LargeOrderJ(n, x);
-            const Extended y = LargeOrderY(n, x);
-            const Extended s = std::sqrt((x - n) * (x + n));
-            const double product = static_cast<double>((j * j + y * y) * s * kPi / 2);
-            const double phase = static_cast<double>(s - n * std::atan(s / n));
-            EXPECT_NEAR(product, 1, 0.1 / (phase * phase) + 4e-16) << n << " " << ratio;
+            // The fourth root of pi^2 s^2 / 4.
+            const double part = std::sqrt((x - n) / x * (1 + n / x));
+            const double root = std::sqrt(part * kHalfPi.high) * std::sqrt(x);
+            const double j = BesselJ(n, x) * root;
+            const double y = BesselY(n, x) * root;
+            const double t = std::sqrt((ratio - 1) * (ratio + 1));
+            const double phase = n * (t - std::atan(t));
+            EXPECT_NEAR(j * j + y * y, 1, 0.1 / (phase * phase) + 4e-15) << n << " " << ratio;
         }
     }
 }

@@ -191,6 +191,7 @@ TEST(Bessel, BeyondTheRangeOfDoubles) {
         {"J(99999.5,9e4)", BesselJ(99999.5, 5e4), 0},
         {"J(2.25,inf)", BesselJ(2.25, kInfinity), 0},
         {"Y(1000,1e-300)", BesselY(1000, 1e-300), -kInfinity},
+        {"Y(97.49,5e-324)", BesselY(97.49, DBL_TRUE_MIN), -kInfinity},
         {"Y(-1000.25,1)", BesselY(-1000.25, 1), -kInfinity},
         {"Y(-1000.5,1)", BesselY(-1000.5, 1), 0},
         {"I(1000,60)", BesselI(1000, 60), 0},
@@ -207,12 +208,12 @@ TEST(Bessel, BeyondTheRangeOfDoubles) {
         EXPECT_EQ(row.value, row.expected) << row.call;
 }
 
-// Above order 1000 I and K come from other expansions; both meet there.
+// Above order 50 I and K come from other expansions; both meet there.
 TEST(Bessel, UniformExpansionsMeet) {
-    const double above = std::nextafter(1000.0, kInfinity);
-    for (const double x : {600.0, 700.0, 900.0, 1000.0, 1050.0}) {
-        EXPECT_NEAR(BesselK(above, x) / BesselK(1000, x), 1, 2e-12) << x;
-        EXPECT_NEAR(BesselI(above, x) / BesselI(1000, x), 1, 2e-12) << x;
+    const double above = std::nextafter(50.0, kInfinity);
+    for (const double x : {1e-3, 3.0, 33.0, 50.0, 210.0, 650.0}) {
+        EXPECT_NEAR(BesselK(above, x) / BesselK(50, x), 1, 2e-13) << x;
+        EXPECT_NEAR(BesselI(above, x) / BesselI(50, x), 1, 2e-13) << x;
     }
 }
 
@@ -222,6 +223,21 @@ std::string ErrorOf(const std::function<double()>& call) {
     } catch (const ap::ap_error& error) {
         return error.msg;
     }
+}
+
+// The squares of these arguments are out of range.
+TEST(Bessel, EndsOfTheArguments) {
+    for (const double n : {0.0, 1e-300, 0.25, 7.0, 23.5, 24.0, 99.0}) {
+        const double j = BesselJ(n, DBL_MAX);
+        const double y = BesselY(n, DBL_MAX);
+        EXPECT_NEAR(std::hypot(j, y) * 1e154, std::sqrt(2 / (M_PI * (DBL_MAX / 1e300))) * 1e4,
+                    1e-15)
+            << n;
+    }
+    EXPECT_NEAR(BesselY(0.5, DBL_TRUE_MIN) / (std::sqrt(2 / M_PI) / std::sqrt(DBL_TRUE_MIN)), -1,
+                4 * kUnit);
+    EXPECT_NEAR(BesselK(0.5, DBL_TRUE_MIN) / (std::sqrt(M_PI / 2) / std::sqrt(DBL_TRUE_MIN)), 1,
+                4 * kUnit);
 }
 
 TEST(Bessel, Errors) {

@@ -1,5 +1,5 @@
-// The Airy functions with their derivatives in the extended format, as the uniform expansions of
-// the Bessel functions need them.
+// The Airy functions with their derivatives to some 64 bits, as the uniform expansions of the
+// Bessel functions need them.
 #pragma once
 
 #include "specfun/precision/extended.h"
@@ -8,11 +8,11 @@ namespace kalvex::specfun {
 
 struct AiryPair {
     Extended value;
-    Extended derivative;
+    double derivative;
 };
 
-/// Ai and Ai'. Up to 1000 in magnitude; the error is below 2^-58 + 2^-63 |y|^(3/2) of the value,
-/// for negative y of the modulus.
+/// Ai and Ai' for y from -13 to 13. The error of the value is below 2^-60 of it, of the derivative
+/// some units in the last place; for negative y of their moduli.
 AiryPair AiryAiPair(Extended y);
 
 /// Bi and Bi'; likewise.

@@ -3,7 +3,6 @@
 // whose coefficient is zero is left out, so that integral and half-integral orders lose nothing.
 #include <cmath>
 #include <limits>
-#include <numbers>
 #include <string>
 
 #include "specfun/bessel/modified.h"
@@ -32,21 +31,21 @@ bool IsOdd(double order) {
 }
 
 /// The value as a double; throws where it overflows.
-double Finite(Extended value, const char* message) {
-    const double result = static_cast<double>(value);
+double Finite(Scaled value, const char* message) {
+    const double result = ToDouble(value);
     if (!(std::fabs(result) <= kLargest)) throw ap::ap_error{message};
     return result;
 }
 
 /// J of the order -order, order > 0 not integral, x > 0.
-Extended ReflectedJ(double order, double x) {
-    const auto [cosine, sine] = CosineSinePi(std::fmod(order, 2.0));
+Scaled ReflectedJ(double order, double x) {
+    const auto [cosine, sine] = CosineSinePi({std::fmod(order, 2.0), 0});
     return OscillatingSum(order, x, cosine, -sine);
 }
 
 /// Y of the order -order, order > 0, x > 0.
-Extended ReflectedY(double order, double x) {
-    const auto [cosine, sine] = CosineSinePi(std::fmod(order, 2.0));
+Scaled ReflectedY(double order, double x) {
+    const auto [cosine, sine] = CosineSinePi({std::fmod(order, 2.0), 0});
     return OscillatingSum(order, x, sine, cosine);
 }
 
@@ -64,7 +63,7 @@ double BesselJ(double order, double x) {
         return order == 0 ? 1 : 0;
     }
     if (order < 0 && !integral) return Finite(ReflectedJ(n, x), "Overflow in BesselJV");
-    const double value = static_cast<double>(OscillatingJ(n, std::fabs(x)));
+    const double value = ToDouble(OscillatingJ(n, std::fabs(x)));
     return integral && IsOdd(n) && (order < 0) != (x < 0) ? -value : value;
 }
 
@@ -73,7 +72,7 @@ double BesselY(double order, double x) {
     CheckOrder(order, kLargest, "BesselY");
     if (x <= 0) throw ap::ap_error{"Domain error in BesselY"};
     if (std::isinf(x)) return 0;
-    return static_cast<double>(order < 0 ? ReflectedY(-order, x) : OscillatingY(order, x));
+    return ToDouble(order < 0 ? ReflectedY(-order, x) : OscillatingY(order, x));
 }
 
 double BesselK(double order, double x) {

@@ -1,113 +1,167 @@
-// The power series of J and I (DLMF 10.2.2, 10.25.2), its factor by a product; the ratio of
-// neighbouring orders by Olver's algorithm: the recurrence upward tells how far to go for the
-// truncation not to matter, downward from there it is stable. Taylor coefficients of 1/Gamma by
-// scripts/make-bessel-coefficients.
+// The power series of J and I (DLMF 10.2.2, 10.25.2), its factor by a product or Stirling's series
+// (5.11.1); the ratio of neighbouring orders by Olver's algorithm: the recurrence upward tells how
+// far to go for the truncation not to matter, downward from there it is stable. Taylor coefficients
+// of 1/Gamma by scripts/make-bessel-coefficients.
 #include "specfun/bessel/common.h"
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 
 #include "base/truncate.h"
 
 namespace kalvex::specfun {
 namespace {
 
-/// Coefficients of 1/Gamma(1 + t) at even powers of t.
-constexpr auto kEven = Coefficients({
-    1.00000000000000000000000L,
-    -0.655878071520253881077020L,
-    0.166538611382291489501701L,
-    -0.00962197152787697356211492L,
-    -0.00116516759185906511211397L,
-    0.000128050282388116186153199L,
-    -0.00000125049348214267065734536L,
-    -0.000000205633841697760710345015L,
-    5.00200764446922293005567e-9L,
-    1.04342671169110051049154e-10L,
-    -3.69680561864220570818782e-12L,
-    -2.05832605356650678322243e-14L,
-    1.22677862823826079015889e-15L,
-});
+/// Coefficients of 1/Gamma(1 + t) at even powers of t, and at odd ones.
+constexpr PowerCoefficients<10> kEven = {
+    {{1.0, 0.0},
+     {-0.6558780715202539, 2.137185197068536e-17},
+     {0.16653861138229148, 1.0189144546842026e-17}},
+    {-0.009621971527876973, -0.0011651675918590652, 0.0001280502823881162, -1.2504934821426706e-06,
+     -2.056338416977607e-07, 5.002007644469223e-09, 1.0434267116911005e-10, -3.696805618642206e-12,
+     -2.0583260535665066e-14, 1.2267786282382608e-15}};
+constexpr PowerCoefficients<10> kOdd = {
+    {{0.5772156649015329, -4.942915152430645e-18},
+     {-0.04200263503409524, 1.4920306285650505e-18},
+     {-0.04219773455554433, -3.3579992682480134e-18}},
+    {0.0072189432466631, -0.00021524167411495098, -2.013485478078824e-05, 1.133027231981696e-06,
+     6.116095104481416e-09, -1.18127457048702e-09, 7.782263439905071e-12, 5.100370287454476e-13,
+     -5.348122539423018e-15, -1.1812593016974588e-16}};
 
-/// At odd powers.
-constexpr auto kOdd = Coefficients({
-    0.577215664901532860606512L,
-    -0.0420026350340952355290039L,
-    -0.0421977345555443367482083L,
-    0.00721894324666309954239501L,
-    -0.000215241674114950972815730L,
-    -0.0000201348547807882386556894L,
-    0.00000113302723198169588237413L,
-    6.11609510448141581786250e-9L,
-    -1.18127457048702014458813e-9L,
-    7.78226343990507125404994e-12L,
-    5.10037028745447597901548e-13L,
-    -5.34812253942301798237002e-15L,
-    -1.18125930169745876951376e-16L,
-});
+/// ln(Gamma(n+1) / (sqrt(2 pi n) (n/e)^n)) in odd powers of 1/n, from n = 16.
+constexpr double kStirling[] = {1.0 / 12,   -1.0 / 360,      1.0 / 1260, -1.0 / 1680,
+                                1.0 / 1188, -691.0 / 360360, 1.0 / 156,  -3617.0 / 122400};
+constexpr double kStirlingFrom = 16;
+
+Scaled StirlingFactor(double order, double x) {
+    const double r = 1 / order;
+    double rest = 0;
+    for (std::size_t i = std::size(kStirling); i-- > 0;)
+        rest = rest * (r * r) + kStirling[i];
+    // Half of the quotient; x alone may be denormal.
+    int exponent = 0;
+    const double fraction = std::frexp(x, &exponent);
+    const Extended quotient = Extended{fraction} / (2 * order);
+    const Extended logarithm = LogOf(quotient) + kLn2 * static_cast<double>(exponent);
+    const Scaled power = ExpOf(order * (logarithm + 1.0) - rest * r);
+    return power * (1.0 / SquareRoot(2 * kPi * order));
+}
+
+/// x^n for n up to kStirlingFrom.
+Extended IntegerPower(double x, int n) {
+    Extended power{1};
+    for (int k = 0; k < n; ++k) {
+        const Extended product = TwoProduct(power.high, x);
+        power = {product.high, product.low + power.low * x};
+    }
+    return TwoSum(power.high, power.low);
+}
 
 }  // namespace
 
 SplitOrder Split(double order) {
-    const double whole = std::floor(order + 0.5);
-    return {TruncateToInt32(whole), Extended{order} - whole};
+    const double below = std::floor(order);
+    const double whole = order - below > 0.5 ? below + 1 : below;
+    // Less changes no digit of any value.
+    constexpr double kLeast = 0x1p-200;
+    const double part = order - whole;
+    return {TruncateToInt32(whole), std::fabs(part) < kLeast ? 0 : part};
 }
 
-Extended IntegerPower(Extended x, int n) {
-    Extended result = 1;
-    for (Extended power = x; n > 0; n /= 2, power *= power) {
-        if (n % 2 != 0) result *= power;
+Step StepOf(double x) {
+    int exponent = 0;
+    const double fraction = std::frexp(x, &exponent);
+    const int step = std::max(0, 2 - exponent);
+    return {Extended{2} / std::ldexp(fraction, exponent + step), step, std::ldexp(1.0, -2 * step)};
+}
+
+KALVEX_WITH_FMA
+OrderPair Upward(OrderPair pair, SplitOrder order, const Step& step, double sign) {
+    const double back = sign * step.back;
+    for (int k = 1; k <= order.whole; ++k) {
+        const Extended factor = FactorAt(step.scale, k, order.part);
+        const Extended above = RecurrenceStep(factor, pair.next, TimesPower(pair.at, back));
+        pair.at = pair.next;
+        pair.next = above;
     }
-    return result;
+    return {TwoSum(pair.at.high, pair.at.low), TwoSum(pair.next.high, pair.next.low)};
 }
 
-ReciprocalGamma ReciprocalGammaParts(Extended part) {
-    const Extended square = part * part;
+ReciprocalGamma ReciprocalGammaParts(double part) {
+    const Extended square = TwoProduct(part, part);
     return {Polynomial(kEven, square), Polynomial(kOdd, square)};
 }
 
-Extended LeadingFactor(double order, Extended x) {
-    if (order > 1000) return 0;
+KALVEX_WITH_FMA
+Scaled LeadingFactor(double order, double x) {
+    if (order >= kStirlingFrom) return StirlingFactor(order, x);
     const auto [whole, part] = Split(order);
     const auto [even, odd] = ReciprocalGammaParts(part);
-    Extended gamma = 1;
+    Extended gamma{1};
     for (int k = 1; k <= whole; ++k)
-        gamma *= k + part;
-    const Extended half = x / 2;
-    const Extended power = IntegerPower(half, whole) / gamma * (even + part * odd);
-    return part == 0 ? power : power * ExpOf(part * LogOfHalf(static_cast<double>(x)));
+        gamma = FactorAt(gamma, k, part);
+    int exponent = 0;
+    const double fraction = std::frexp(x, &exponent);
+    const Extended power =
+        IntegerPower(fraction, whole) * (even + part * odd) / TwoSum(gamma.high, gamma.low);
+    const int half = exponent - 1;
+    if (part == 0) return {power, half * whole};
+    const Extended logarithm = LogOf({fraction, 0}) + kLn2 * static_cast<double>(half);
+    const Scaled rest = ExpOf(part * logarithm);
+    return {power * rest.value, half * whole + rest.exponent};
 }
 
-Extended PowerSeries(Extended order, Extended q) {
-    constexpr Extended kNegligible = 0x1p-68L;
-    Extended sum = 1;
-    Extended term = 1;
-    for (Extended k = 1; std::fabs(term) > kNegligible * sum; ++k) {
-        term *= q / (k * (order + k));
-        sum += term;
+KALVEX_WITH_FMA
+Extended PowerSeries(double order, Extended q) {
+    // Terms below this of the sum are doubles.
+    constexpr double kSmall = 0x1p-11;
+    constexpr double kNegligible = 0x1p-66;
+    Extended sum{1};
+    Extended term{1};
+    double k = 1;
+    for (; std::fabs(term.high) > kSmall * sum.high; ++k) {
+        const Extended next = TwoSum(order, k);
+        const double divisor = k * next.high;
+        const double lower = std::fma(k, next.high, -divisor) + k * next.low;
+        const double inverse = 1 / divisor;
+        const double ratio = q.high * inverse;
+        const double rest = (std::fma(-ratio, divisor, q.high) + (q.low - ratio * lower)) * inverse;
+        const Extended product = TwoProduct(term.high, ratio);
+        term = {product.high, (product.low + term.high * rest) + term.low * ratio};
+        const Extended total = TwoSum(sum.high, term.high);
+        sum = {total.high, sum.low + (total.low + term.low)};
     }
-    return sum;
+    double tail = 0;
+    for (double small = term.high; std::fabs(small) > kNegligible * sum.high; ++k) {
+        small *= q.high / (k * (order + k));
+        tail += small;
+    }
+    return TwoSum(sum.high, sum.low + tail);
 }
 
-Extended RatioOfVanishing(Extended order, Extended x, int sign) {
+KALVEX_WITH_FMA
+Extended RatioOfVanishing(double order, double x, double sign) {
     // The error left is the sum of 1/(p(k) p(k+1)) over the rest, p being the growing solution.
-    constexpr Extended kEnough = 0x1p35L;
-    const Extended scale = 2 / x;
-    Extended before = 0;
-    Extended current = 1;
+    constexpr double kEnough = 0x1p35;
+    const Extended scale = Extended{2} / x;
+    double before = 0;
+    double current = 1;
     int last = 1;
     for (; current < kEnough; ++last) {
-        const Extended next = scale * (order + last) * current - sign * before;
+        const double next = scale.high * (order + last) * current - sign * before;
         before = current;
         current = next;
     }
-    Extended above = 0;
-    Extended value = 0x1p-16000L;
+    Extended above{0};
+    Extended value{1};
     for (int k = last; k > 0; --k) {
-        const Extended below = scale * (order + k) * value - sign * above;
+        const Extended below =
+            RecurrenceStep(FactorAt(scale, k, order), value, TimesPower(above, sign));
         above = value;
         value = below;
     }
-    return above / value;
+    return TwoSum(above.high, above.low) / TwoSum(value.high, value.low);
 }
 
 }  // namespace kalvex::specfun

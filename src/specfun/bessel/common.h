@@ -1,45 +1,72 @@
-// What the Bessel functions share. They are computed in the extended format of the processor (64
-// bits of precision, powers of ten to 4932): its eleven guard bits take up the rounding of a
-// thousand steps of a recurrence, and no intermediate value overflows where the result does not.
+// What the Bessel functions share. They are computed with some 64 bits of precision in pairs of
+// doubles. Recurrences leave the pairs as they come, the low part grows to the sum of the rounding
+// errors of the high one: that halves the time of a step. Where a value could leave the range of
+// doubles, a power of two is kept apart.
 #pragma once
 
 #include "specfun/precision/extended.h"
 
 namespace kalvex::specfun {
 
-/// order = whole + part exactly, part in -1/2..1/2. For orders from 0 to 2^30.
+/// order = whole + part exactly, but for parts next to 0; part in -1/2..1/2. For orders from 0 to
+/// 2^30.
 struct SplitOrder {
     int whole;
-    Extended part;
+    double part;
 };
 SplitOrder Split(double order);
 
-/// A function at two neighbouring orders.
+/// 2/x = scale 2^exponent, exponent >= 0, for x > 0: below 1 for small x, for large ones without a
+/// power.
+struct Step {
+    Extended scale;
+    int exponent;
+    double back;  ///< 2^(-2 exponent)
+};
+Step StepOf(double x);
+
+/// A function at two neighbouring orders, the next with the exponent of a step more.
 struct OrderPair {
     Extended at;
     Extended next;
 };
 
-/// x^n, n >= 0.
-Extended IntegerPower(Extended x, int n);
+/// scale (k + part), whole k.
+inline Extended FactorAt(Extended scale, double k, double part) {
+    const Extended order = TwoSum(k, part);
+    const double product = scale.high * order.high;
+    return {product, std::fma(scale.high, order.high, -product) +
+                         (scale.high * order.low + scale.low * order.high)};
+}
+
+/// factor f - before, a step of a recurrence.
+inline Extended RecurrenceStep(Extended factor, Extended f, Extended before) {
+    const Extended product = TwoProduct(factor.high, f.high);
+    const Extended sum = TwoSum(product.high, -before.high);
+    const double error = factor.low * f.high + product.low - before.low + sum.low;
+    return {sum.high, error + factor.high * f.low};
+}
+
+/// The pair some steps of the order higher: f(k+1) = 2k/x f(k) - sign f(k-1).
+OrderPair Upward(OrderPair pair, SplitOrder order, const Step& step, double sign);
 
 /// 1/Gamma(1 + part) = even + part odd and 1/Gamma(1 - part) = even - part odd, |part| <= 1/2.
 struct ReciprocalGamma {
     Extended even;
     Extended odd;
 };
-ReciprocalGamma ReciprocalGammaParts(Extended part);
+ReciprocalGamma ReciprocalGammaParts(double part);
 
-/// (x/2)^order / Gamma(order + 1), the leading factor of the power series of J and I, for order >=
-/// 0 and x up to 20 or x^2/4 up to order + 1. Zero where it underflows, so for orders above 1000.
-Extended LeadingFactor(double order, Extended x);
+/// (x/2)^order / Gamma(order + 1), the leading factor of the power series of J and I, for orders
+/// from 0 to 1000.
+Scaled LeadingFactor(double order, double x);
 
 /// The sum over k of q^k / (k! (order+1)...(order+k)), the rest of the power series: of I for
 /// q = x^2/4, of J for q = -x^2/4, there with x^2/4 <= order + 1 so that nothing cancels.
-Extended PowerSeries(Extended order, Extended q);
+Extended PowerSeries(double order, Extended q);
 
 /// f(order+1)/f(order) for the solution of f(k+1) = 2k/x f(k) - sign f(k-1) that vanishes with
-/// growing order: J for sign 1 (order >= x - 1), I for sign -1.
-Extended RatioOfVanishing(Extended order, Extended x, int sign);
+/// growing order: J for sign 1 (order >= x - 1), I for sign -1. x from 2.
+Extended RatioOfVanishing(double order, double x, double sign);
 
 }  // namespace kalvex::specfun

@@ -1,6 +1,6 @@
 // J and Y of orders within 1/2 of 0 for moderate and large arguments, from H(1) = J + i Y. Either
 // way what is not known in closed form is small beside the rest, so that plain doubles hold it; the
-// rest is computed in the extended format.
+// rest is computed in pairs of doubles.
 //
 // Moderate arguments: Steed's method. H(1) is K of an imaginary argument; the ratio of two
 // neighbouring orders is that of the vanishing solution of a recurrence of confluent hypergeometric
@@ -9,29 +9,15 @@
 // downward, and the Wronskian fixes the common factor.
 //
 // Large arguments: H(1) = sqrt(2/(pi x)) exp(i phase) (1 + small), phase = x - (part/2 + 1/4) pi,
-// by Hankel's expansion (DLMF 10.17.5), whose least term is exp(-2 x). Sine and cosine of x are
-// taken apart from those of the rest of the phase, an exact fraction.
+// by Hankel's expansion (DLMF 10.17.5), whose least term is exp(-2 x).
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
 #include "base/truncate.h"
 #include "specfun/bessel/oscillating.h"
 
 namespace kalvex::specfun {
 namespace {
-
-constexpr Extended kPi = std::numbers::pi_v<Extended>;
-
-struct Complex {
-    Extended real;
-    Extended imaginary;
-};
-
-Complex Times(Complex a, Complex b) {
-    return {a.real * b.real - a.imaginary * b.imaginary,
-            a.real * b.imaginary + a.imaginary * b.real};
-}
 
 struct PlainComplex {
     double real;
@@ -69,64 +55,79 @@ PlainComplex Confluent(double part, double x) {
     return {factor * quotient.real, factor * quotient.imaginary};
 }
 
-/// Hankel's expansion of H(1) of the order but for the factor, less 1; order up to 3/2.
-PlainComplex HankelSum(double order, double x) {
+/// Hankel's expansion of H(1) of the order but for the factor, less 1: its first term, up to 1/22,
+/// and the rest.
+struct HankelParts {
+    Extended first;  ///< imaginary
+    PlainComplex rest;
+};
+
+/// Order up to 3/2.
+HankelParts HankelSum(Extended order, double x) {
     constexpr double kNegligible = 0x1p-60;
     const double scale = 1 / (2 * x);
-    const double square = order * order;
-    PlainComplex sum{0, 0};
-    double term = 1;
-    for (double k = 1; std::fabs(term) > kNegligible; k += 2) {
+    const double square = order.high * order.high;
+    const Extended first = (order - 0.5) * (0.5 * order + 0.25) / x;
+    PlainComplex rest{0, 0};
+    double term = first.high;
+    for (double k = 2; std::fabs(term) > kNegligible; k += 2) {
         const double half = k - 0.5;
-        term *= (square - half * half) * (scale / k);
-        sum.imaginary += term;
-        term *= ((half + 1) * (half + 1) - square) * (scale / (k + 1));
-        sum.real += term;
+        term *= (half * half - square) * (scale / k);
+        rest.real += term;
+        term *= (square - (half + 1) * (half + 1)) * (scale / (k + 1));
+        rest.imaginary += term;
     }
-    return sum;
+    return {first, rest};
+}
+
+/// What the expansion adds to the real and the imaginary part of a factor.
+OrderPair Added(Extended real, Extended imaginary, const HankelParts& sum) {
+    const auto [first, rest] = sum;
+    const double a = real.high * rest.real - imaginary.high * rest.imaginary;
+    const double b = imaginary.high * rest.real + real.high * rest.imaginary;
+    return {a - imaginary * first, b + real * first};
 }
 
 }  // namespace
 
-LowOrders LowOrdersMiddle(Extended part, Extended x, int steps) {
-    const double argument = static_cast<double>(x);
+KALVEX_WITH_FMA
+LowOrders LowOrdersMiddle(double part, double x, int steps) {
     // J over Y falls by more than 2^66 from the wanted order, or the turning point at x, to there.
-    const int last = std::max(steps, TruncateToInt32(argument)) + 12 +
-                     TruncateToInt32(3.5 * std::sqrt(argument));
-    const Extended scale = 2 / x;
-    Extended higher = 0;
-    Extended above = 0;
-    Extended j = 1;
+    const int last = std::max(steps, TruncateToInt32(x)) + 12 + TruncateToInt32(3.5 * std::sqrt(x));
+    const Extended scale = Extended{2} / x;
+    Extended higher{0};
+    Extended above{0};
+    Extended j{1};
     for (int k = last; k > 0; --k) {
         if (k == steps) higher = j;
-        const Extended below = scale * (part + k) * j - above;
+        const Extended below = RecurrenceStep(FactorAt(scale, k, part), j, above);
         above = j;
         j = below;
     }
     if (steps == 0) higher = j;
-    const PlainComplex small = Confluent(static_cast<double>(part), argument);
-    const Extended real = (part + Extended{0.5} - small.real) / x;
-    const Extended imaginary = -1 - small.imaginary / x;
+    j = TwoSum(j.high, j.low);
+    above = TwoSum(above.high, above.low);
+    const PlainComplex small = Confluent(part, x);
+    const Extended real = (TwoSum(part, 0.5) - small.real) / x;
+    const Extended imaginary = -1 - Extended{small.imaginary} / x;
     const Extended y = (real * j - above) / imaginary;
-    const Extended factor = std::sqrt(2 / (-kPi * x * imaginary * (j * j + y * y)));
+    const Extended factor = 1.0 / SquareRoot(kHalfPi * x * -imaginary * (j * j + y * y));
     return {{factor * j, factor * above},
             {factor * y, factor * (imaginary * j + real * y)},
             factor * higher};
 }
 
-LowOrders LowOrdersFar(Extended part, Extended x) {
-    const double order = static_cast<double>(part);
-    const double argument = static_cast<double>(x);
-    const CosineSine rest = CosineSinePi(part / 2 + Extended{0.25});
-    const auto [c, s] = CosineSineOf(x);
-    const Extended root = std::sqrt(2 / (kPi * x));
-    const Complex leading{root * (c * rest.cosine + s * rest.sine),
-                          root * (s * rest.cosine - c * rest.sine)};
-    const PlainComplex p = HankelSum(order, argument);
-    const PlainComplex q = HankelSum(order + 1, argument);
-    const Complex at = Times(leading, {1 + Extended{p.real}, p.imaginary});
-    const Complex next = Times(leading, {q.imaginary, -1 - Extended{q.real}});
-    return {{at.real, next.real}, {at.imaginary, next.imaginary}, 0};
+KALVEX_WITH_FMA
+LowOrders LowOrdersFar(double part, double x) {
+    const auto [c, s] = CosineSineLess(x, TwoSum(part / 2, 0.25));
+    // The root of 2/(pi x), which the largest x would overflow.
+    const double unit = x > 0x1p500 ? 0x1p-300 : 1;
+    const Extended root = TimesPower(SquareRoot(1.0 / (kHalfPi * (x * unit * unit))), unit);
+    const Extended real = root * c;
+    const Extended imaginary = root * s;
+    const OrderPair at = Added(real, imaginary, HankelSum({part, 0}, x));
+    const OrderPair next = Added(imaginary, -real, HankelSum(TwoSum(part, 1), x));
+    return {{real + at.at, imaginary + next.at}, {imaginary + at.next, -real + next.next}, {}};
 }
 
 }  // namespace kalvex::specfun

@@ -1,18 +1,19 @@
-// J and Y of orders too large for a recurrence. Everything is written in w = 1 - (x/order)^2, the
-// product of exact differences, and in s = sqrt|order^2 - x^2|, by which a rounding of x turns the
-// phase or changes the exponent: an error of 2^-64 of s in these is far below one of x.
+// J and Y of orders too large for a recurrence, and of small ones far beyond the turning point.
+// Everything is written in the product of exact differences d = (order - x)(order + x), and in s =
+// sqrt|d|, by which a rounding of x turns the phase or changes the exponent: an error of 2^-60 of s
+// in these is far below one of x.
 //
-// Within some thousand units of the exponent or phase of the turning point x = order, Olver's
-// uniform expansion in Airy functions (DLMF 10.20.4, 10.20.5); all that it needs is a power series
-// in w there. Elsewhere Debye's expansions (10.19.3 for x below the order, 10.19.6 above it); term
-// k is below k!/(2 xi)^k for the exponent or phase xi, so that six of them have all digits. In
-// units of s their coefficients become those of Hankel's expansion for large x. From x = 2 order on
-// the phase is x - (order/2 + 1/4) pi and a rest, whose sines and cosines are taken apart: those of
-// x and of the multiple of pi lose nothing however large both are.
-#include <array>
+// Up to 30 units of the exponent or phase from the turning point x = order, Olver's uniform
+// expansion in Airy functions (DLMF 10.20.4, 10.20.5); all that it needs is a power series in
+// (order - x)/(order + x) there, which stays below 1/4. Elsewhere Debye's expansions (10.19.3 for x
+// below the order, 10.19.6 above it); term k is near (k-1)!/(2 pi (2 xi)^k) for the exponent or
+// phase xi, so that twenty of them have all digits. In units of s their coefficients become those
+// of Hankel's expansion for large x. From x = 2 order on the phase is x - (order/2 + 1/4) pi and a
+// rest, whose sines and cosines are taken apart where x is large: those of x and of the multiple of
+// pi lose nothing however large both are.
+#include <algorithm>
 #include <cmath>
 #include <iterator>
-#include <numbers>
 
 #include "specfun/airy/airy_pair.h"
 #include "specfun/bessel/large_order_coefficients.h"
@@ -21,28 +22,41 @@
 namespace kalvex::specfun {
 namespace {
 
-constexpr Extended kPi = std::numbers::pi_v<Extended>;
-
 /// Debye's expansions from this exponent or phase on.
-constexpr Extended kDebyeFrom = 1000;
+constexpr double kDebyeFrom = 28;
 
+/// Order, x and s in units of a power of four, so that their squares stay in range.
 struct Place {
-    Extended order;
-    Extended x;
-    Extended w;
+    double order;
+    double x;
+    double rootUnit;
     Extended s;
+    double square;  ///< order^2 / (order^2 - x^2)
 };
 
-Place PlaceOf(double order, Extended x) {
-    const Extended n = order;
-    const Extended difference = (n - x) * (n + x);
-    return {n, x, difference / (n * n), std::sqrt(std::fabs(difference))};
+double UnitOf(const Place& at) {
+    return at.rootUnit * at.rootUnit;
 }
 
-/// Near the turning point the exponent or phase is s^3 / (3 order^2).
+Place PlaceOf(double order, double x) {
+    constexpr double kLarge = 0x1p500;
+    double n = order;
+    double root = 1;
+    if (n > kLarge || x > kLarge) {
+        root = 0x1p300;
+        n = n / root / root;
+        x = x / root / root;
+    }
+    const Extended difference = TwoSum(n, -x) * TwoSum(n, x);
+    const Extended size = difference.high < 0 ? -difference : difference;
+    const Extended s = size.high == 0 ? Extended{} : SquareRoot(size);
+    return {n, x, root, s, n * n / difference.high};
+}
+
+/// With t = s/order the exponent over the order is artanh(t) - t, the phase t - atan(t); both are
+/// above t^3/(3 - 1.8 t^2), where the sign of t^2 is that of order - x.
 bool IsTurning(const Place& at) {
-    constexpr Extended kBound = 3 * kDebyeFrom;
-    return at.s / at.order * (at.s / at.order) * at.s < kBound;
+    return !(UnitOf(at) * at.s.high / std::fabs(3 * at.square - 1.8) >= kDebyeFrom);
 }
 
 /// A power series in plain doubles.
@@ -54,83 +68,140 @@ double SmallSeries(const double (&series)[count], double t) {
     return sum;
 }
 
-/// Olver's expansion with Ai and Ai', or Bi and Bi', at order^(2/3) zeta.
-Extended Turning(const Place& at, AiryPair (&airy)(Extended)) {
-    const Extended root = Polynomial(kTurningRoot, at.w);
-    const Extended scale = std::cbrt(at.order / 2);
-    const Extended square = scale * scale * root * root;
-    const AiryPair pair = airy(square * root * root * at.w);
-    const double w = static_cast<double>(at.w);
-    const Extended first = SmallSeries(kTurningA1, w) / (at.order * at.order);
-    const Extended second = SmallSeries(kTurningB0, w) / (scale * scale * scale * scale);
-    return root / scale * (pair.value * (1 + first) + pair.derivative * second);
+/// The cube root of a > 0.
+Extended CubeRoot(double a) {
+    const double root = std::cbrt(a);
+    const Extended rest = TwoProduct(root, root) * root - a;
+    return QuickTwoSum(root, -rest.high / (3 * root * root));
 }
 
-/// The sums of U(k)/order^k over even and odd k, for x above the order with the powers of i left
-/// out: then of (-1)^j U(2j) and (-1)^j U(2j+1).
+/// Olver's expansion with Ai and Ai', or Bi and Bi', at order^(2/3) zeta.
+Extended Turning(double order, double x, AiryPair (&airy)(Extended)) {
+    const Extended quotient = TwoSum(order / 2, -x / 2) / TwoSum(order / 2, x / 2);
+    const Extended root = Polynomial(kTurningRoot, quotient);
+    const Extended scale = CubeRoot(order / 2);
+    const Extended factor = 2 * (scale * root * root) / (1 + quotient);
+    const AiryPair pair = airy(factor * factor * quotient);
+    const double y = quotient.high;
+    const double r = 1 / order / order;
+    const double first = r * (SmallSeries(kTurningA1, y) +
+                              r * (SmallSeries(kTurningA2, y) + r * SmallSeries(kTurningA3, y)));
+    const double square = scale.high * scale.high;
+    const double second = (SmallSeries(kTurningB0, y) +
+                           r * (SmallSeries(kTurningB1, y) + r * SmallSeries(kTurningB2, y))) /
+                          square / square;
+    return root / scale * (pair.value + (pair.value.high * first + pair.derivative * second));
+}
+
+/// The sums of U(k)/order^k over even k, less 1, and odd k; for x above the order with the powers
+/// of i left out: then of (-1)^j U(2j) and (-1)^j U(2j+1).
 struct DebyeSums {
-    Extended even;
-    Extended odd;
+    double even;
+    double odd;
 };
 
 DebyeSums DebyeSumsAt(const Place& at) {
-    const double square = static_cast<double>(1 / at.w);
-    const double r = static_cast<double>(1 / at.s);
-    const double turn = at.w > 0 ? r * r : -r * r;
+    constexpr double kNegligible = 0x1p-64;
+    const double r = 1 / UnitOf(at) / at.s.high;
+    const double turn = at.order > at.x ? r * r : -r * r;
     double even = 0;
     double odd = 0;
     double power = 1;
-    for (std::size_t k = 0; k < std::size(kDebye); k += 2) {
-        odd += power * r * SmallSeries(kDebye[k], square);
+    double term = 1;
+    for (std::size_t k = 0; k < std::size(kDebye) && std::fabs(term) > kNegligible; k += 2) {
+        odd += power * r * DebyePolynomial(k, at.square);
         power *= turn;
-        even += power * SmallSeries(kDebye[k + 1], square);
+        term = power * DebyePolynomial(k + 1, at.square);
+        even += term;
     }
-    return {1 + Extended{even}, odd};
+    return {even, odd};
 }
 
-/// order alpha - s with cosh(alpha) = order/x, tanh(alpha) = s/order; infinite for the least x.
+/// 1/1, 1/3, 1/5 and so on.
+constexpr double kOddParts[] = {1.0,      1.0 / 3,  1.0 / 5,  1.0 / 7, 1.0 / 9,
+                                1.0 / 11, 1.0 / 13, 1.0 / 15, 1.0 / 17};
+
+/// For s up to this part of the order its exponent and phase come from their power series.
+constexpr double kFlat = 0.1;
+
+/// artanh(t) - t for positive `square` = t^2, t - atan(t) for negative ones, over t.
+double FlatPart(double square) {
+    double sum = 0;
+    for (std::size_t k = std::size(kOddParts) - 1; k > 0; --k)
+        sum = (sum + kOddParts[k]) * square;
+    return std::fabs(sum);
+}
+
+/// order alpha - s with cosh(alpha) = order/x, tanh(alpha) = s/order, in units of rootUnit^2.
 Extended Exponent(const Place& at) {
-    const Extended t = at.s / at.order;
-    return at.order * (std::log1p(2 * t / (1 - t)) / 2) - at.s;
-}
-
-/// The unit vector a turned back by b.
-CosineSine TurnedBack(CosineSine a, CosineSine b) {
-    return {a.cosine * b.cosine + a.sine * b.sine, a.sine * b.cosine - a.cosine * b.sine};
+    const double t = at.s.high / at.order;
+    if (t < kFlat) return at.s * FlatPart(t * t);
+    // Less is as far beyond the range.
+    constexpr double kLeast = 1e-200;
+    return at.order * LogOf((at.order + at.s) / std::max(at.x, kLeast)) - at.s;
 }
 
 /// Cosine and sine of s - order beta - pi/4, tan(beta) = s/order.
 CosineSine PhaseAt(const Place& at) {
-    const Extended n = at.order;
+    // Up to here the parts of the phase may be summed.
+    constexpr double kTogether = 0x1p30;
+    const double n = at.order;
+    const double unit = UnitOf(at);
     if (at.x < 2 * n) {
-        const CosineSine quarter = CosineSinePi(Extended{0.25});
-        return TurnedBack(CosineSineOf(at.s - n * std::atan(at.s / n)), quarter);
+        const double t = at.s.high / n;
+        const Extended phase =
+            t < kFlat ? at.s * FlatPart(-t * t) : at.s - n * AngleOf(at.s, {n, 0});
+        if (phase.high * unit < kTogether) return CosineSineOf(phase * unit - kHalfPi * 0.5);
+        return TurnedBack(CosineSineOf(TimesPower(phase, unit)), CosineSinePi({0.25, 0}));
     }
     // beta is pi/2 - arcsin(order/x), and s is x - order^2/(x + s).
-    const Extended rest = n * (n / (at.x + at.s) - std::asin(n / at.x));
-    const CosineSine multiple = CosineSinePi(std::fmod(n, Extended{4}) / 2 + Extended{0.25});
-    return TurnedBack(TurnedBack(CosineSineOf(at.x), multiple), CosineSineOf(rest));
+    const Extended rest = n * (n / (at.x + at.s) - AngleOf({n, 0}, at.s));
+    if (at.x * unit < kTogether) return CosineSineOf(at.x - kPi * TwoSum(n / 2, 0.25) - rest);
+    const Extended turns = TwoSum(std::fmod(n * unit, 4.0) / 2, 0.25);
+    return TurnedBack(CosineSineLess(at.x * unit, turns), CosineSineOf(TimesPower(rest, unit)));
+}
+
+/// exp(sign exponent) times the sums and sqrt(factor / s).
+Scaled Upright(const Place& at, double sign, Extended factor) {
+    const DebyeSums sums = DebyeSumsAt(at);
+    const Extended root = TimesPower(SquareRoot(factor / at.s), 1 / at.rootUnit);
+    return ExpOf(TimesPower(sign * Exponent(at), UnitOf(at))) *
+           (root * (1 + Extended{sums.even - sign * sums.odd}));
+}
+
+/// sqrt(2 / (pi s)).
+Extended ModulusAt(const Place& at) {
+    return TimesPower(SquareRoot(1.0 / (kHalfPi * at.s)), 1 / at.rootUnit);
 }
 
 }  // namespace
 
-Extended LargeOrderJ(double order, Extended x) {
-    const Place at = PlaceOf(order, x);
-    if (IsTurning(at)) return Turning(at, AiryAiPair);
-    const DebyeSums sums = DebyeSumsAt(at);
-    if (at.w > 0) return ExpOf(-Exponent(at)) / std::sqrt(2 * kPi * at.s) * (sums.even + sums.odd);
-    const auto [c, s] = PhaseAt(at);
-    return std::sqrt(2 / (kPi * at.s)) * (c * sums.even + s * sums.odd);
+KALVEX_WITH_FMA
+bool IsFarBeyond(double order, double x) {
+    return x > order && !IsTurning(PlaceOf(order, x));
 }
 
-Extended LargeOrderY(double order, Extended x) {
+KALVEX_WITH_FMA
+Scaled LargeOrderJ(double order, double x) {
     const Place at = PlaceOf(order, x);
-    if (IsTurning(at)) return -Turning(at, AiryBiPair);
-    const DebyeSums sums = DebyeSumsAt(at);
-    if (at.w > 0)
-        return -ExpOf(Exponent(at)) * std::sqrt(2 / (kPi * at.s)) * (sums.even - sums.odd);
+    if (IsTurning(at)) return {Turning(order, x, AiryAiPair)};
+    if (order > x) return Upright(at, -1, 1.0 / (2 * kPi));
+    const auto [even, odd] = DebyeSumsAt(at);
     const auto [c, s] = PhaseAt(at);
-    return std::sqrt(2 / (kPi * at.s)) * (s * sums.even - c * sums.odd);
+    return {ModulusAt(at) * (c + (c.high * even + s.high * odd))};
+}
+
+KALVEX_WITH_FMA
+Scaled LargeOrderY(double order, double x) {
+    const Place at = PlaceOf(order, x);
+    if (IsTurning(at)) return {-Turning(order, x, AiryBiPair)};
+    if (order > x) {
+        const Scaled value = Upright(at, 1, 1.0 / kHalfPi);
+        return {-value.value, value.exponent};
+    }
+    const auto [even, odd] = DebyeSumsAt(at);
+    const auto [c, s] = PhaseAt(at);
+    return {ModulusAt(at) * (s + (s.high * even - c.high * odd))};
 }
 
 }  // namespace kalvex::specfun

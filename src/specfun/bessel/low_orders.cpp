@@ -4,9 +4,7 @@
 // J(-m) = (x/2)^-2m times the sum of (-1)^k (m+2k) Gamma(m+k) (2m)_k / (k! Gamma(k+1-m)) J(m+2k),
 // put into the definition of Y, gives Y without cancellation for every order, integral ones too
 // (Goldstein and Thaler, 1959).
-#include <array>
 #include <cmath>
-#include <numbers>
 
 #include "base/truncate.h"
 #include "specfun/bessel/oscillating.h"
@@ -14,90 +12,127 @@
 namespace kalvex::specfun {
 namespace {
 
-constexpr Extended kPi = std::numbers::pi_v<Extended>;
-
-/// 1/k.
-constexpr auto kReciprocals = [] {
-    std::array<Extended, 16> all{};
-    for (std::size_t k = 1; k < all.size(); ++k)
-        all[k] = Extended{1} / static_cast<Extended>(k);
-    return all;
-}();
+/// Below, the sums are their first terms.
+constexpr double kTiny = 0x1p-60;
 
 /// Sums over the J(part + k) of the recurrence downward, all but for the same factor.
 struct NeumannSums {
-    OrderPair j;      ///< orders part and part + 1
+    OrderPair j;      ///< orders part and part + 1, without a power
     Extended norm;    ///< (x/2)^part / Gamma(1 + part)
     Extended second;  ///< the expansion of J(-part) from its second term on, over (x/2)^-2part
                       ///< 2 part Gamma(part + 1) / Gamma(1 - part)
-    Extended slope;   ///< the same with J' for J
+    Extended next;    ///< 3 part / x of it less the same with J' for J
 };
 
 /// The step above part at which to start, at most 26: J falls by more than 2^66 to there.
-int StartSteps(Extended x) {
-    return x < 0.1L ? 12 : TruncateToInt32(16 + 4.5 * static_cast<double>(x));
+int StartSteps(double x) {
+    if (x < 1e-3) return 6;
+    return x < 0.1 ? 12 : TruncateToInt32(16 + 4.5 * x);
+}
+
+/// The sums so far, and the values of the recurrence one and two steps above the even step 2m.
+struct Run {
+    Extended norm;
+    Extended second;
+    Extended slope;
+    Extended above;
+    Extended value;  ///< at the step 2m
+};
+
+/// The two steps of the recurrence down from 2m; returns the value at 2m - 1.
+Extended StepDown(Run& run, double part, Extended scale, int m) {
+    const Extended middle = RecurrenceStep(FactorAt(scale, 2 * m, part), run.value, run.above);
+    const Extended below = RecurrenceStep(FactorAt(scale, 2 * m - 1, part), middle, run.value);
+    run.above = middle;
+    run.value = below;
+    return middle;
+}
+
+/// The sums down to the step 2m, where they are below 2^-10 of all.
+void AddFar(Run& run, double part, Extended scale, int m) {
+    const double weight = part + 2 * m;
+    const double quotient = (part + m) / (m + 1);
+    const double factor = -quotient * (2 * part + m) / (m + 1 - part);
+    const double term = weight * run.value.high;
+    const double above = run.above.high;
+    const Extended middle = StepDown(run, part, scale, m);
+    run.norm.high = term + quotient * run.norm.high;
+    run.second.high = term + factor * run.second.high;
+    run.slope.high = weight * (middle.high - above) + factor * run.slope.high;
+}
+
+void AddNear(Run& run, double part, Extended scale, int m) {
+    const Extended weight = TwoSum(2 * m, part);
+    const Extended quotient = TwoSum(m, part) / static_cast<double>(m + 1);
+    const Extended factor = -quotient * TwoSum(m, 2 * part) / TwoSum(m + 1, -part);
+    const Extended term = weight * run.value;
+    const Extended above = run.above;
+    const Extended middle = StepDown(run, part, scale, m);
+    run.norm = term + quotient * run.norm;
+    run.second = term + factor * run.second;
+    run.slope = weight * (middle - above) + factor * run.slope;
 }
 
 /// The series run as nested products over the even steps 2m: each coefficient is the one below
 /// times a rational factor of m.
-NeumannSums RecurDownward(Extended part, Extended x) {
-    const Extended scale = 2 / x;
-    NeumannSums sums{};
-    Extended norm = 0;
-    Extended second = 0;
-    Extended slope = 0;
-    Extended above = 0;
-    Extended value = 0x1p-8000L;  // of the step 2m
-    for (int m = (StartSteps(x) + 1) / 2; m > 0; --m) {
-        const int grow = m + 1;
-        const Extended weight = part + 2 * m;
-        const Extended middle = scale * weight * value - above;
-        const Extended quotient = (part + m) * kReciprocals[static_cast<std::size_t>(grow)];
-        const Extended factor = -quotient * (2 * part + m) / (grow - part);
-        norm = weight * value + quotient * norm;
-        second = weight * value + factor * second;
-        slope = weight * (middle - above) + factor * slope;
-        above = middle;
-        value = scale * (weight - 1) * middle - value;
-    }
-    sums.j = {value, above};
+NeumannSums RecurDownward(double part, double x) {
+    constexpr int kNear = 2;
+    const Extended scale = Extended{2} / x;
+    Run run{};
+    run.value.high = 0x1p-800;
+    int m = (StartSteps(x) + 1) / 2;
+    for (; m > kNear; --m)
+        AddFar(run, part, scale, m);
+    for (; m > 0; --m)
+        AddNear(run, part, scale, m);
+    const Extended value = TwoSum(run.value.high, run.value.low);
+    const Extended above = TwoSum(run.above.high, run.above.low);
     // The terms m = 0 have the coefficient 1 in the norm, and are left out of the other two, where
     // m = 1 has the coefficient -1/(1 - part).
-    sums.norm = norm + value;
-    sums.second = second / (part - 1);
-    sums.slope = slope / (2 * (part - 1));
-    return sums;
+    const Extended down = TwoSum(part, -1);
+    const Extended second = run.second / down;
+    const Extended next = TwoProduct(3, part) / x * second - run.slope / (2.0 * down);
+    return {{value, above}, run.norm + value, second, next};
+}
+
+/// The same for x below kTiny, with J(part + 1) that much smaller.
+NeumannSums FirstTerms(double part, double x) {
+    return {{{1}, Extended{x / 2} / TwoSum(part, 1)}, {1}, {}, {}};
 }
 
 }  // namespace
 
-OrderPair LowYNear(Extended part, Extended x) {
-    const NeumannSums sums = RecurDownward(part, x);
+KALVEX_WITH_FMA
+OrderPair LowYNear(double part, double x, const Step& step) {
+    const NeumannSums sums = x < kTiny ? FirstTerms(part, x) : RecurDownward(part, x);
     const auto [even, odd] = ReciprocalGammaParts(part);
     const Extended reciprocal = even + part * odd;  // 1/Gamma(1 + part)
-    const Extended logarithm = LogOfHalf(static_cast<double>(x));
+    const Extended opposite = even - part * odd;
+    const Extended logarithm = LogOf({x, 0}) - kLn2;
     const Extended exponent = part * logarithm;
-    // (x/2)^part, and that less 1.
-    const bool flat = std::fabs(exponent) < 0.5L;
-    const Extended leading = flat ? 0 : ExpOf(exponent);
-    const Extended rise = part == 0 ? 0 : flat ? ExpMinusOneOf(exponent) : leading - 1;
-    const Extended scale = flat ? 1 + rise : leading;
-    const Extended factor = scale * reciprocal / sums.norm;
-    const OrderPair j{sums.j.at * factor, sums.j.next * factor};
-    // power = (x/2)^-2part Gamma(1+part)/Gamma(1-part), bracket = (cos - power)/sin (pi part).
-    const Extended quotient = (even - part * odd) / reciprocal;
-    const Extended square = 1 / (scale * scale);
-    const Extended power = quotient * square;
-    const auto [cosine, sine] = CosineSinePi(part);
-    const Extended perSine = part == 0 ? 1 / kPi : part / sine;
-    // ((x/2)^-2part - 1) / (-2 part)
-    const Extended relative = exponent == 0 ? logarithm : rise / part * (1 + rise / 2) * square;
-    const Extended bracket =
-        -sine / (1 + cosine) + 2 * perSine * (quotient * relative + odd / reciprocal);
-    const Extended series = 2 * perSine * power * factor;
-    return {bracket * j.at - series * sums.second,
-            bracket * j.next - 2 * perSine / x * power * j.at -
-                series * (3 * part / x * sums.second - sums.slope)};
+    // (x/2)^part, its inverse, and half their difference over part.
+    const bool flat = std::fabs(exponent.high) < 0.5;
+    const Scaled power = flat ? Scaled{} : ExpOf(exponent);
+    const Extended rise = flat ? ExpMinusOneOf(exponent) : Extended{};
+    const Extended scale =
+        flat ? 1 + rise : TimesPower(power.value, std::ldexp(1.0, power.exponent));
+    const Extended inverse = 1.0 / scale;
+    const Extended relative = exponent.high == 0 ? logarithm
+                              : flat             ? rise / part * (1 + 0.5 * rise) * inverse
+                                                 : (scale - inverse) / (2 * part);
+    const auto [cosine, sine] = CosineSinePi({part, 0});
+    const Extended perSine = part == 0 ? 1.0 / kPi : part / sine;
+    // J is its sum times scale and this; power = (x/2)^-2part Gamma(1+part)/Gamma(1-part), bracket
+    // = (cos - power)/sin (pi part), that times the scale, and the power likewise.
+    const Extended factor = reciprocal / sums.norm;
+    const Extended quotient = opposite / reciprocal;
+    const Extended bracket = -sine / (1 + cosine) * scale +
+                             2.0 * perSine * (quotient * relative + odd / reciprocal * scale);
+    const Extended leading = perSine * quotient * inverse * factor;
+    const double back = std::ldexp(1.0, -step.exponent);
+    return {bracket * factor * sums.j.at - 2 * leading * sums.second,
+            TimesPower(bracket * factor * sums.j.next - 2 * leading * sums.next, back) -
+                step.scale * leading * sums.j.at};
 }
 
 }  // namespace kalvex::specfun

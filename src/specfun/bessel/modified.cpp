@@ -2,72 +2,104 @@
 // (1975) for x up to 2 and his recurrence of confluent hypergeometric functions beyond. I by its
 // power series, all of whose terms are positive, or for larger x by the Wronskian with K and the
 // ratio of two neighbouring I, a sum of positive terms too, or for x large against the order by
-// Hankel's expansion (DLMF 10.40.1) and a short recurrence upward. Orders above 1000 by the uniform
+// Hankel's expansion (DLMF 10.40.1) and a short recurrence upward. Orders above 50 by the uniform
 // expansions for large order (Debye; DLMF 10.41). The exponential is applied last.
 #include "specfun/bessel/modified.h"
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
 #include "base/truncate.h"
+#include "specfun/bessel/large_order_coefficients.h"
 
 namespace kalvex::specfun {
 namespace {
 
-constexpr Extended kPi = std::numbers::pi_v<Extended>;
 /// Up to this x the series for K; beyond it the exponential is carried apart.
-constexpr Extended kSeriesEnd = 2;
-constexpr Extended kNegligible = 0x1p-68L;
+constexpr double kSeriesEnd = 2;
+constexpr double kNegligible = 0x1p-66;
 
 /// 1/(2k+1)!
-constexpr auto kSine =
-    Coefficients({Extended{1}, Extended{1} / 6, Extended{1} / 120, Extended{1} / 5040,
-                  Extended{1} / 362880, Extended{1} / 39916800, Extended{1} / 6227020800});
+constexpr PowerCoefficients<4> kSine = {
+    {{1, 0},
+     {0.16666666666666666, 9.25185853854297e-18},
+     {0.008333333333333333, 1.1564823173178714e-19}},
+    {1.0 / 5040, 1.0 / 362880, 1.0 / 39916800, 1.0 / 6227020800}};
 
-/// sinh(t)/t, where power = exp(t).
-Extended RelativeSine(Extended t, Extended power) {
-    return std::fabs(t) > 0.3L ? (power - 1 / power) / (2 * t) : Polynomial(kSine, t * t);
-}
+/// A term of the series: the factor (x^2/4)^k / k!, the rest for the one order, and for both what
+/// the next is made of.
+struct SeriesTerm {
+    double f;
+    double p;
+    double q;
+    double factor;
+};
 
-/// K at the orders part and part + 1 for x <= kSeriesEnd.
-OrderPair SeriesK(Extended part, Extended x) {
-    const auto [even, odd] = ReciprocalGammaParts(part);
-    const Extended logarithm = -LogOfHalf(static_cast<double>(x));
-    const Extended t = part * logarithm;
-    const Extended power = part == 0 ? 1 : ExpOf(t);
-    const Extended up = even + part * odd;
-    const Extended down = even - part * odd;
-    // 1/(up down) is pi part / sin(pi part).
-    Extended f =
-        (even * RelativeSine(t, power) * logarithm - odd * (power + 1 / power) / 2) / (up * down);
-    Extended p = power / (2 * up);
-    Extended q = 1 / (2 * power * down);
-    const Extended quarter = x * x / 4;
-    Extended factor = 1;
-    OrderPair sum{f, p};
-    for (int k = 1; factor > kNegligible; ++k) {
-        const Extended inverse = 1 / ((k - part) * (k + part));
+/// The sums from term k on, `before` being that before it.
+struct PlainSums {
+    double at;
+    double next;
+};
+PlainSums PlainTerms(int k, double part, double x, SeriesTerm before) {
+    auto [f, p, q, factor] = before;
+    PlainSums sum{0, 0};
+    for (; factor > kNegligible; ++k) {
+        const double inverse = 1 / ((k - part) * (k + part));
         f = (k * f + p + q) * inverse;
         p *= (k + part) * inverse;
         q *= (k - part) * inverse;
-        factor *= quarter / k;
+        factor *= x * x / 4 / k;
         sum.at += factor * f;
         sum.next += factor * (p - k * f);
     }
-    return {sum.at, sum.next * 2 / x};
+    return sum;
+}
+
+/// K at the orders part and part + 1 for x <= kSeriesEnd.
+OrderPair SeriesK(double part, double x, const Step& step) {
+    // From here on what the terms add is small beside the sums.
+    constexpr int kHead = 5;
+    const auto [even, odd] = ReciprocalGammaParts(part);
+    const Extended logarithm = kLn2 - LogOf({x, 0});
+    const Extended t = part * logarithm;
+    const Scaled scaled = part == 0 ? Scaled{{1}} : ExpOf(t);
+    const Extended power = TimesPower(scaled.value, std::ldexp(1.0, scaled.exponent));
+    const Extended inverse = part == 0 ? power : 1.0 / power;
+    const Extended up = even + part * odd;
+    const Extended down = even - part * odd;
+    const Extended sine =
+        std::fabs(t.high) > 0.3 ? (power - inverse) / (2 * t) : Polynomial(kSine, t * t);
+    // 1/(up down) is pi part / sin(pi part).
+    Extended f = (even * sine * logarithm - odd * (power + inverse) * 0.5) / (up * down);
+    Extended p = power / (2 * up);
+    Extended q = inverse / (2 * down);
+    const Extended quarter = TwoProduct(x / 2, x / 2);
+    Extended factor{1};
+    OrderPair sum{f, p};
+    for (int k = 1; k < kHead && factor.high > kNegligible; ++k) {
+        const Extended lower = TwoSum(k, -part);
+        const Extended higher = TwoSum(k, part);
+        const Extended product = 1.0 / (lower * higher);
+        f = (k * f + p + q) * product;
+        p = p * (higher * product);
+        q = q * (lower * product);
+        factor = factor * quarter / k;
+        sum.at = sum.at + factor * f;
+        sum.next = sum.next + factor * (p - k * f);
+    }
+    const PlainSums rest = PlainTerms(kHead, part, x, {f.high, p.high, q.high, factor.high});
+    return {sum.at + rest.at, (sum.next + rest.next) * step.scale};
 }
 
 /// K exp(x) at the orders part and part + 1 for x > kSeriesEnd. What the recurrence gives is at
 /// most 1/(8 x) beside 1 and needs no more than plain doubles. Its solution falls like exp(-2
 /// sqrt(2 n x)), which fixes where to start; it runs on the differences of neighbours, a sum of
 /// positive terms.
-OrderPair ConfluentK(Extended part, Extended x) {
-    const double order = static_cast<double>(part);
+OrderPair ConfluentK(double part, double x) {
     // Beyond, what comes out vanishes beside 1, and the powers of x must not overflow.
-    const double argument = static_cast<double>(std::min(x, Extended{1e60}));
-    const int last = x > 1e6L ? 4 : 10 + TruncateToInt32(180 / argument);
-    const double factor = (0.5 - order) * (0.5 + order);
+    const double argument = std::min(x, 1e60);
+    const int last = x > 1e6 ? 4 : 10 + TruncateToInt32(180 / argument);
+    const double factor = (0.5 - part) * (0.5 + part);
     double value = 1;
     double sum = 1;
     double difference = 1;  // from the value one higher
@@ -81,93 +113,111 @@ OrderPair ConfluentK(Extended part, Extended x) {
         sum += value;
     }
     const double first = 2 * (difference + argument * value);
-    const Extended at = std::sqrt(kPi / (2 * x)) / (1 + Extended{factor * (sum / first)});
-    return {at, at * (part + Extended{0.5} + x - factor * (value / first)) / x};
+    const Extended at = SquareRoot(kHalfPi / x) / (1 + Extended{factor * (sum / first)});
+    const Extended ratio = TwoSum(part, 0.5) - factor * (value / first);
+    return {at, at + at * ratio / x};
 }
 
-/// K exp(x) at the order and the next for x > 2, without the exponential below.
-OrderPair ScaledK(double order, Extended x) {
-    const SplitOrder split = Split(order);
-    OrderPair pair = x <= kSeriesEnd ? SeriesK(split.part, x) : ConfluentK(split.part, x);
-    const Extended scale = 2 / x;
-    for (int k = 1; k <= split.whole && std::isfinite(pair.next); ++k) {
-        const Extended above = scale * (split.part + k) * pair.next + pair.at;
-        pair.at = pair.next;
-        pair.next = above;
+/// K exp(x) at the order and the next for x > 2, without the exponential below. Their powers are
+/// the step's.
+OrderPair ScaledK(SplitOrder order, double x, const Step& step) {
+    const OrderPair pair =
+        x <= kSeriesEnd ? SeriesK(order.part, x, step) : ConfluentK(order.part, x);
+    return Upward(pair, order, step, -1);
+}
+
+/// Above this order the uniform expansions have all digits.
+constexpr double kUniformOrder = 50;
+
+/// The sum of (sign/order)^k U(k)(p) from k = 1 on; its terms fall like (k-1)!/(pi order)^k.
+double DebyeSum(double r, double p) {
+    const double square = p * p;
+    const double step = r * p;
+    double sum = 0;
+    double power = 1;
+    double term = 1;
+    double before = 1;
+    for (std::size_t k = 0; std::fabs(term) + std::fabs(before) > 0x1p-66; ++k) {
+        power *= step;
+        before = term;
+        term = power * DebyePolynomial(k, square);
+        sum += term;
     }
-    return pair;
+    return sum;
 }
-
-/// Above this order the uniform expansions with three terms have all digits.
-constexpr double kUniformOrder = 1000;
 
 /// exp(sign order eta) (1 + z^2)^(-1/4) sum of sign^k U(k)/order^k for x = order z.
-Extended Uniform(Extended order, Extended x, int sign) {
-    const Extended z = x / order;
-    const Extended root = std::hypot(Extended{1}, z);
-    const Extended p = 1 / root;
-    const Extended q = p * p;
-    const Extended eta = root + std::log(z / (1 + root));
-    const Extended r = sign / order;
-    const Extended u1 = p * (3 - 5 * q) / 24;
-    const Extended u2 = q * (81 + q * (-462 + 385 * q)) / 1152;
-    const Extended u3 = p * q * (30375 + q * (-369603 + q * (765765 - 425425 * q))) / 414720;
-    return std::exp(sign * order * eta) * std::sqrt(p) * (1 + r * (u1 + r * (u2 + r * u3)));
+Scaled Uniform(double order, double x, double sign) {
+    // Beyond, the exponent is far beyond the range, and below.
+    constexpr double kMost = 1e100;
+    constexpr double kLeast = 1e-280;
+    const Extended z = Extended{std::min(x, kMost)} / order;
+    if (z.high < kLeast) return {{1}, sign > 0 ? -30000 : 30000};
+    const Extended root = SquareRoot(1 + z * z);
+    const Extended p = 1.0 / root;
+    const Extended eta = root + LogOf(z / (1 + root));
+    const double sum = DebyeSum(sign / order, p.high);
+    return ExpOf(sign * (order * eta)) * (SquareRoot(p) * (1 + Extended{sum}));
 }
 
 /// I exp(-x) by the expansion for large argument; |order| <= 3/2, x > 25.
-Extended HankelI(Extended order, Extended x) {
-    const Extended scale = 1 / (2 * x);
-    Extended sum = 1;
-    Extended term = 1;
-    for (int k = 1; std::fabs(term) > kNegligible; ++k) {
-        const Extended half = k - Extended{0.5};
-        term *= (half - order) * (half + order) / k * scale;
-        sum += term;
+Extended HankelI(double order, double x) {
+    // From here on the terms are below 2^-12 of the sum.
+    constexpr int kHead = 4;
+    const Extended scale = Extended{0.5} / x;
+    Extended sum{1};
+    Extended term{1};
+    for (int k = 1; k < kHead; ++k) {
+        term = term * (TwoSum(k - 0.5, -order) * TwoSum(k - 0.5, order) * scale / k);
+        sum = sum + term;
     }
-    return sum / std::sqrt(2 * kPi * x);
+    double rest = 0;
+    double small = term.high;
+    for (double k = kHead; std::fabs(small) > kNegligible; ++k) {
+        small *= (k - 0.5 - order) * (k - 0.5 + order) * (scale.high / k);
+        rest += small;
+    }
+    return (sum + rest) / SquareRoot(2 * kPi * x);
 }
 
 /// I exp(-x) for order^2 <= 4 x: upward the recurrence loses a factor exp(order^2 / x) at most.
-Extended UpwardI(SplitOrder order, Extended x) {
-    Extended at = HankelI(order.part, x);
+Extended UpwardI(SplitOrder order, double x) {
+    const Extended at = HankelI(order.part, x);
     if (order.whole == 0) return at;
+    Extended before = at;
     Extended next = HankelI(order.part + 1, x);
-    const Extended scale = 2 / x;
+    const Extended scale = Extended{2} / x;
     for (int k = 1; k < order.whole; ++k) {
-        const Extended above = at - scale * (order.part + k) * next;
-        at = next;
+        const Extended above = RecurrenceStep(-FactorAt(scale, k, order.part), next, -before);
+        before = next;
         next = above;
     }
-    return next;
-}
-
-/// The product of a scaled value and exp(x), in two steps that do not overflow before it does.
-Extended Unscale(Extended value, Extended x) {
-    const Extended half = ExpOf(x / 2);
-    return value * half * half;
+    return TwoSum(next.high, next.low);
 }
 
 }  // namespace
 
-Extended ModifiedK(double order, Extended x) {
-    if (order > kUniformOrder) return std::sqrt(kPi / (2 * order)) * Uniform(order, x, -1);
-    const Extended value = ScaledK(order, x).at;
-    return x > kSeriesEnd ? Unscale(value, -x) : value;
+KALVEX_WITH_FMA
+Scaled ModifiedK(double order, double x) {
+    if (order > kUniformOrder) return Uniform(order, x, -1) * SquareRoot(kHalfPi / order);
+    const SplitOrder split = Split(order);
+    const Step step = StepOf(x);
+    const Extended value = ScaledK(split, x, step).at;
+    return x > kSeriesEnd ? ExpOf({-x, 0}) * value : Scaled{value, step.exponent * split.whole};
 }
 
-Extended ModifiedI(double order, Extended x) {
-    const Extended quarter = x * x / 4;
-    if (quarter < 100 || quarter <= order + Extended{1}) {
-        const Extended factor = LeadingFactor(order, x);
-        return factor == 0 ? 0 : factor * PowerSeries(order, quarter);
-    }
-    if (order > kUniformOrder) return Uniform(order, x, 1) / std::sqrt(2 * kPi * order);
+KALVEX_WITH_FMA
+Scaled ModifiedI(double order, double x) {
+    const double quarter = x / 2 * (x / 2);
+    if (order <= 1000 && (quarter < 100 || quarter <= order + 1))
+        return LeadingFactor(order, x) * PowerSeries(order, TwoProduct(x / 2, x / 2));
+    if (order > kUniformOrder) return Uniform(order, x, 1) * (1.0 / SquareRoot(2 * kPi * order));
     // Beyond, the value overflows for every order of this branch.
-    if (x > 11000) return std::numeric_limits<Extended>::infinity();
-    if (x > 25 && order * order <= 4 * x) return Unscale(UpwardI(Split(order), x), x);
-    const OrderPair k = ScaledK(order, x);
-    return Unscale(1 / (x * (k.next + RatioOfVanishing(order, x, -1) * k.at)), x);
+    if (x > 11000) return {{1}, 30000};
+    const SplitOrder split = Split(order);
+    if (x > 25 && order * order <= 4 * x) return ExpOf({x, 0}) * UpwardI(split, x);
+    const OrderPair k = ScaledK(split, x, StepOf(x));
+    return ExpOf({x, 0}) * (1.0 / (x * (k.next + RatioOfVanishing(order, x, -1) * k.at)));
 }
 
 }  // namespace kalvex::specfun

@@ -5,10 +5,10 @@
 
 namespace kalvex::specfun {
 
-/// I of the order; may be infinite or zero beyond the range of the extended format.
-Extended ModifiedI(double order, Extended x);
+/// I of the order.
+Scaled ModifiedI(double order, double x);
 
-/// K of the order; likewise.
-Extended ModifiedK(double order, Extended x);
+/// K of the order.
+Scaled ModifiedK(double order, double x);
 
 }  // namespace kalvex::specfun

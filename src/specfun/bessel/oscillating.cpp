@@ -1,96 +1,102 @@
 // Y by recurrence upward from an order within 1/2 of 0, which is stable always. J likewise while
 // the order stays below x. Beyond, J is the vanishing solution: its power series where that does
 // not cancel, else the recurrence downward that starts above the wanted order, or for large x the
-// Wronskian with Y and the ratio of two neighbouring J. Orders too large for that have a file of
-// their own.
+// Wronskian with Y and the ratio of two neighbouring J. Expansions for large orders, which have a
+// file of their own, take over where they have all digits.
 #include "specfun/bessel/oscillating.h"
 
 #include <cmath>
-#include <numbers>
 
 namespace kalvex::specfun {
 namespace {
 
-constexpr Extended kPi = std::numbers::pi_v<Extended>;
-
 /// Up to here the Neumann series for Y; J is always its power series there.
-constexpr Extended kNear = 1.5;
+constexpr double kNear = 1.5;
 /// From here Hankel's expansion.
-constexpr Extended kFar = 22;
+constexpr double kFar = 22;
 /// Up to here Steed's method for J alone of orders above x.
-constexpr Extended kMiddleEnd = 64;
+constexpr double kMiddleEnd = 64;
+/// Below this order a recurrence is as quick as an expansion.
+constexpr double kFewSteps = 24;
 
-/// The pair some steps of the order higher.
-OrderPair Upward(OrderPair pair, SplitOrder order, Extended x) {
-    const Extended scale = 2 / x;
-    for (int k = 1; k <= order.whole && std::isfinite(pair.next); ++k) {
-        const Extended above = scale * (order.part + k) * pair.next - pair.at;
-        pair.at = pair.next;
-        pair.next = above;
-    }
-    return pair;
+bool HasExpansion(double order, double x) {
+    return order >= kRecurrenceEnd || (order >= kFewSteps && IsFarBeyond(order, x));
 }
 
-Extended SeriesJ(double order, Extended quarter, Extended x) {
-    const Extended factor = LeadingFactor(order, x);
-    return factor == 0 ? 0 : factor * PowerSeries(order, -quarter);
+/// x^2/4.
+Extended QuarterOf(double x) {
+    return TwoProduct(x / 2, x / 2);
+}
+
+/// Whether the power series of J does not cancel.
+bool HasSeries(double order, double x) {
+    return x / 2 * (x / 2) <= order + 1;
+}
+
+Scaled SeriesJ(double order, double x) {
+    return LeadingFactor(order, x) * PowerSeries(order, -QuarterOf(x));
 }
 
 /// J by the Wronskian, for orders from x.
-Extended WronskianJ(double order, Extended x, OrderPair y) {
-    if (!std::isfinite(y.next)) return 0;
-    return 2 / (kPi * x) / (RatioOfVanishing(order, x, 1) * y.at - y.next);
+Extended WronskianJ(double order, double x, OrderPair y) {
+    return 2.0 / (kPi * x) / (RatioOfVanishing(order, x, 1) * y.at - y.next);
 }
 
-/// a times b; zero whenever a is, b may be infinite.
-Extended Weighted(Extended a, Extended b) {
-    return a == 0 ? 0 : a * b;
+/// The orders above a pair without powers; x from kNear.
+OrderPair UpwardFrom(OrderPair pair, SplitOrder order, double x) {
+    const Step step = StepOf(x);
+    pair.next = TimesPower(pair.next, std::ldexp(1.0, -step.exponent));
+    const OrderPair above = Upward(pair, order, step, 1);
+    return {TimesPower(above.at, std::ldexp(1.0, step.exponent * order.whole)),
+            TimesPower(above.next, std::ldexp(1.0, step.exponent * (order.whole + 1)))};
 }
 
 }  // namespace
 
-Extended OscillatingJ(double order, Extended x) {
-    if (order > kRecurrenceEnd) return LargeOrderJ(order, x);
-    const Extended quarter = x * x / 4;
-    if (quarter <= order + Extended{1}) return SeriesJ(order, quarter, x);
+Scaled OscillatingJ(double order, double x) {
+    if (HasExpansion(order, x)) return LargeOrderJ(order, x);
+    if (HasSeries(order, x)) return SeriesJ(order, x);
     const SplitOrder split = Split(order);
     if (x < kFar || (x < order && x < kMiddleEnd))
-        return LowOrdersMiddle(split.part, x, split.whole).higherJ;
+        return {LowOrdersMiddle(split.part, x, split.whole).higherJ};
     const LowOrders low = LowOrdersFar(split.part, x);
-    if (order <= x) return Upward(low.j, split, x).at;
-    return WronskianJ(order, x, Upward(low.y, split, x));
+    if (order <= x) return {UpwardFrom(low.j, split, x).at};
+    return {WronskianJ(order, x, UpwardFrom(low.y, split, x))};
 }
 
-Extended OscillatingY(double order, Extended x) {
-    if (order > kRecurrenceEnd) return LargeOrderY(order, x);
+Scaled OscillatingY(double order, double x) {
+    if (HasExpansion(order, x)) return LargeOrderY(order, x);
     const SplitOrder split = Split(order);
-    if (x < kNear) return Upward(LowYNear(split.part, x), split, x).at;
+    if (x < kNear) {
+        const Step step = StepOf(x);
+        const OrderPair low = LowYNear(split.part, x, step);
+        // A factor of up to 99! is to come.
+        const int spare = x < 0x1p-500 ? 500 : 0;
+        const double unit = std::ldexp(1.0, -spare);
+        const OrderPair lower{TimesPower(low.at, unit), TimesPower(low.next, unit)};
+        return {Upward(lower, split, step, 1).at, step.exponent * split.whole + spare};
+    }
     const LowOrders low =
         x < kFar ? LowOrdersMiddle(split.part, x, 0) : LowOrdersFar(split.part, x);
-    return Upward(low.y, split, x).at;
+    return {UpwardFrom(low.y, split, x).at};
 }
 
-Extended OscillatingSum(double order, Extended x, Extended ofJ, Extended ofY) {
-    if (order > kRecurrenceEnd)
-        return Weighted(ofJ, LargeOrderJ(order, x)) + Weighted(ofY, LargeOrderY(order, x));
-    const Extended quarter = x * x / 4;
-    if (quarter <= order + Extended{1}) {
-        if (ofY == 0) return ofJ * SeriesJ(order, quarter, x);
-        const Extended y = OscillatingY(order, x);
-        const Extended main = ofY * y;
-        // J is below 1/|Y| here.
-        if (std::fabs(main * y) > 0x1p70L) return main;
-        return main + Weighted(ofJ, SeriesJ(order, quarter, x));
+Scaled OscillatingSum(double order, double x, Extended ofJ, Extended ofY) {
+    if (HasExpansion(order, x))
+        return Sum(LargeOrderJ(order, x) * ofJ, LargeOrderY(order, x) * ofY);
+    if (HasSeries(order, x)) {
+        if (ofY.high == 0) return SeriesJ(order, x) * ofJ;
+        return Sum(OscillatingY(order, x) * ofY, SeriesJ(order, x) * ofJ);
     }
     const SplitOrder split = Split(order);
     const bool far = x >= kFar;
     const LowOrders low =
         far ? LowOrdersFar(split.part, x) : LowOrdersMiddle(split.part, x, split.whole);
-    const OrderPair y = Upward(low.y, split, x);
+    const OrderPair y = UpwardFrom(low.y, split, x);
     const Extended j = !far         ? low.higherJ
-                       : order <= x ? Upward(low.j, split, x).at
+                       : order <= x ? UpwardFrom(low.j, split, x).at
                                     : WronskianJ(order, x, y);
-    return Weighted(ofJ, j) + Weighted(ofY, y.at);
+    return {ofJ * j + ofY * y.at};
 }
 
 }  // namespace kalvex::specfun

@@ -5,21 +5,23 @@
 
 namespace kalvex::specfun {
 
-/// The recurrences go to this order, the expansions for large orders start beyond it.
-inline constexpr double kRecurrenceEnd = 100000;
+/// Recurrences below this order, except where IsFarBeyond says that the expansions for large orders
+/// have all digits.
+inline constexpr double kRecurrenceEnd = 100;
 
-Extended OscillatingJ(double order, Extended x);
-
-/// Minus infinity where even the extended format overflows.
-Extended OscillatingY(double order, Extended x);
+Scaled OscillatingJ(double order, double x);
+Scaled OscillatingY(double order, double x);
 
 /// ofJ J + ofY Y for coefficients of at most 1.
-Extended OscillatingSum(double order, Extended x, Extended ofJ, Extended ofY);
+Scaled OscillatingSum(double order, double x, Extended ofJ, Extended ofY);
 
-/// J and Y of orders beyond kRecurrenceEnd. Zero and minus infinity where the extended format
-/// underflows and overflows.
-Extended LargeOrderJ(double order, Extended x);
-Extended LargeOrderY(double order, Extended x);
+/// Whether x is so far above the order, as large as that may be or 0, that the expansions for large
+/// orders have all digits.
+bool IsFarBeyond(double order, double x);
+
+/// J and Y of orders from kRecurrenceEnd, or where IsFarBeyond.
+Scaled LargeOrderJ(double order, double x);
+Scaled LargeOrderY(double order, double x);
 
 /// J and Y of an order in -1/2..1/2 and of the next, and J some steps of the order higher.
 struct LowOrders {
@@ -29,12 +31,12 @@ struct LowOrders {
 };
 
 /// Y of an order in -1/2..1/2 and of the next, by Neumann series; x up to 2.
-OrderPair LowYNear(Extended part, Extended x);
+OrderPair LowYNear(double part, double x, const Step& step);
 
-/// By Steed's method; x from 1 to 64, steps up to x^2/4.
-LowOrders LowOrdersMiddle(Extended part, Extended x, int steps);
+/// By Steed's method, the pairs without a power; x from 1 to 64, steps up to x^2/4.
+LowOrders LowOrdersMiddle(double part, double x, int steps);
 
 /// By Hankel's expansion, higherJ is 0; x from 22.
-LowOrders LowOrdersFar(Extended part, Extended x);
+LowOrders LowOrdersFar(double part, double x);
 
 }  // namespace kalvex::specfun
