@@ -66,8 +66,8 @@ void Take(const Block& block, Traveller& t) {
     const DoubleDouble value = SumOfProducts(first.value, own.value, second.value, own.slope);
     own.slope = SumOfProducts(first.slope, own.value, second.slope, own.slope);
     own.value = value;
-    const double twin = first.twin * own.twin * kOff + second.twin * own.twinSlope;
-    own.twinSlope = first.twinSlope * own.twin * kOff + second.twinSlope * own.twinSlope;
+    const double twin = first.twin * own.twin * kOff + second.twin * own.twinSlope * kLess;
+    own.twinSlope = first.twinSlope * own.twin * kLess + second.twinSlope * own.twinSlope * kOff;
     own.twin = twin;
 }
 
