@@ -10,6 +10,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdint>
+#include <limits>
 
 #include "specfun/hypergeometric/forms.h"
 #include "specfun/specfun.h"
@@ -24,7 +26,8 @@ DoubleDouble LogOneLess(double x) {
     return std::fabs(x) < kSmall ? LogOnePlus({-x, 0}) : Log(TwoSum(1, -x));
 }
 
-/// The function from that of the form, `sum` at z.
+}  // namespace
+
 Value ValueOf(const Form& form, const HypergeometricPoint& sum, double x) {
     if (sum.singular) throw ap::ap_error{kOverflow};
     if (sum.failed) return {};
@@ -42,6 +45,8 @@ Value ValueOf(const Form& form, const HypergeometricPoint& sum, double x) {
     value.exponent += more;
     return value;
 }
+
+namespace {
 
 DoubleDouble ArgumentOf(const Form& form, double x) {
     return form.pfaff ? Divide({x, 0}, TwoSum(x, -1)) : DoubleDouble{x, 0};
@@ -77,6 +82,28 @@ std::array<Form, 2> FormsForShifts(const std::array<Form, 4>& forms, double x) {
         std::swap(found[0], found[1]);
     }
     return found;
+}
+
+/// The exponent of the last bit.
+int LastBit(double a) {
+    if (a == 0) return std::numeric_limits<int>::max();
+    int exponent = 0;
+    const double fraction = std::frexp(a, &exponent);
+    constexpr int kDigits = std::numeric_limits<double>::digits;
+    const auto digits = static_cast<std::uint64_t>(std::ldexp(std::fabs(fraction), kDigits));
+    int last = exponent - kDigits;
+    for (std::uint64_t rest = digits; rest % 2 == 0; rest /= 2)
+        ++last;
+    return last;
+}
+
+/// Whether the parameters along a walk and their differences, by which it divides, keep all their
+/// bits: the errors that the twin goes by are those of value and slope only.
+bool KeepsParameters(const HypergeometricParameters& p) {
+    constexpr int kMostBits = 103;
+    const double size = 8 + std::fabs(p.a.high) + std::fabs(p.b.high) + std::fabs(p.c.high);
+    const int last = std::min({LastBit(p.a.high), LastBit(p.b.high), LastBit(p.c.high)});
+    return std::ilogb(size) - last < kMostBits;
 }
 
 /// A polynomial's own walk, then the general ones.
@@ -118,10 +145,11 @@ Value BestValue(const HypergeometricParameters& p, double x) {
     const std::array<Form, 2> shifted = FormsForShifts(forms, x);
     std::sort(forms.begin(), forms.end(),
               [](const Form& left, const Form& right) { return left.cost < right.cost; });
-    const double walk = CostOfShifts(shifted[0], x);
+    const bool walks = KeepsParameters(p);
+    const double walk = walks ? CostOfShifts(shifted[0], x) : kMostTerms;
     Value best;
     TrySeries(forms, x, -1, std::min(walk, kMostTerms), best);
-    if (best.loss >= kGoodEnough) KeepBetter(best, ByShifts(shifted, x));
+    if (best.loss >= kGoodEnough && walks) KeepBetter(best, ByShifts(shifted, x));
     TrySeries(forms, x, walk, kMostTerms, best);
     TrySeries(forms, x, kHopeless, kHopeless + kMostTerms, best);
     return best;

@@ -4,6 +4,7 @@
 
 #include <cmath>
 
+#include "specfun/hypergeometric/forms.h"
 #include "specfun/hypergeometric/parts.h"
 
 namespace kalvex::specfun {
@@ -15,12 +16,15 @@ struct Value {
     double relative = INFINITY;  // the same by the value
 };
 
-inline constexpr double kGoodEnough = 0x1p-56;
-inline constexpr double kBearable = 0x1p-52;
+inline constexpr double kGoodEnough = 0x1p-58;
+inline constexpr double kBearable = 0x1p-57;
 
 inline void KeepBetter(Value& best, const Value& other) {
     if (other.loss < best.loss) best = other;
 }
+
+/// The function from that of the form, `sum` at z.
+Value ValueOf(const Form& form, const HypergeometricPoint& sum, double x);
 
 /// By the methods from the quickest up, until one is good enough. x is not 0, and at a pole in c
 /// the polynomial is the one that a ends.

@@ -1,0 +1,116 @@
+// The power series of the Gauss hypergeometric function with as many digits as it takes. Internal
+// to the special functions.
+#pragma once
+
+#include <algorithm>
+#include <cmath>
+
+#include "specfun/precision/wide.h"
+
+namespace kalvex::specfun {
+
+template <std::size_t limbs>
+struct WideParameters {
+    Wide<limbs> a;
+    Wide<limbs> b;
+    Wide<limbs> c;
+};
+
+/// A number and the logarithm to base 2 of a bound of its error.
+template <std::size_t limbs>
+struct Bounded {
+    Wide<limbs> value;
+    double error = -INFINITY;
+};
+
+/// The logarithm to base 2 of a bound of the magnitude.
+template <std::size_t limbs>
+double SizeOf(const Wide<limbs>& a) {
+    return a.sign == 0 ? -INFINITY : static_cast<double>(a.exponent);
+}
+
+template <std::size_t limbs>
+Bounded<limbs> Multiply(const Bounded<limbs>& a, const Bounded<limbs>& b) {
+    const double ofA = SizeOf(a.value);
+    const double ofB = SizeOf(b.value);
+    const double error = std::max(
+        {a.error + ofB, b.error + ofA, a.error + b.error, ofA + ofB - Wide<limbs>::kBits + 2});
+    return {Multiply(a.value, b.value), error + 2};
+}
+
+template <std::size_t limbs>
+Bounded<limbs> Add(const Bounded<limbs>& a, const Bounded<limbs>& b) {
+    const double size = std::max(SizeOf(a.value), SizeOf(b.value));
+    const double error = std::max({a.error, b.error, size - Wide<limbs>::kBits + 2});
+    return {Add(a.value, b.value), error + 2};
+}
+
+/// Value and slope, z times the derivative.
+template <std::size_t limbs>
+struct WideSum {
+    Bounded<limbs> value;
+    Bounded<limbs> slope;
+    bool failed = true;
+};
+
+inline constexpr int kMostWideTerms = 8000;
+
+/// The logarithm to base 2 of a bound of the sum over j > k of j t(j), by the k-th term t, once all
+/// factors are positive: quotients of two factors tend to 1 monotonically. a, b, c and next are
+/// those of the next ratio.
+inline double RestAfter(double a, double b, double c, double next, double z, double term) {
+    const double straight = std::max(1.0, a / c) * std::max(1.0, b / next);
+    const double crossed = std::max(1.0, b / c) * std::max(1.0, a / next);
+    const double ratio = std::fabs(z) * std::min(straight, crossed);
+    if (!(ratio < 1)) return INFINITY;
+    return term + std::log2(next) - 2 * std::log2(1 - ratio) + 1;
+}
+
+/// The terms, the exact parameters being a, b and c, until the rest counts for nothing beside what
+/// rounding leaves unknown or beside 2^-wanted times the sum. Each term has seven roundings more
+/// than the one before, and each sum one.
+template <std::size_t limbs>
+WideSum<limbs> SumWide(const WideParameters<limbs>& p, const Wide<limbs>& z, double wanted) {
+    constexpr double kRoundings = 8;  // and the sum of 1/k, as a logarithm
+    const double a = ToDouble(p.a);
+    const double b = ToDouble(p.b);
+    const double c = ToDouble(p.c);
+    const double settled = -std::min({a, b, c});
+    const Wide<limbs> one = WideOf<limbs>(1);
+    WideSum<limbs> sum = {{one, 0}, {}, true};
+    Wide<limbs> term = one;
+    double largest = 0;
+    double rest = INFINITY;  // what the end of the loop leaves
+    int count = 0;
+    for (; count < kMostWideTerms; ++count) {
+        const int k = count;
+        const Wide<limbs> ofA = PlusInteger(p.a, k);
+        const Wide<limbs> ofB = PlusInteger(p.b, k);
+        if (ofA.sign == 0 || ofB.sign == 0) {
+            rest = -INFINITY;
+            break;
+        }
+        const Wide<limbs> ofC = PlusInteger(p.c, k);
+        if (ofC.sign == 0) return sum;
+        const Wide<limbs> next = WideOf<limbs>(k + 1);
+        const Wide<limbs> numerator = Multiply(ofA, Multiply(ofB, Multiply(z, term)));
+        term = Divide(numerator, Multiply(next, ofC));
+        sum.value.value = Add(sum.value.value, term);
+        sum.slope.value = Add(sum.slope.value, Multiply(next, term));
+        const double size = SizeOf(term);
+        largest = std::max(largest, size + 3 * std::log2(k + 2.0));
+        if (k <= settled) continue;
+        rest = RestAfter(a + k + 1, b + k + 1, c + k + 1, k + 2, ToDouble(z), size);
+        const double floor =
+            std::max(largest - Wide<limbs>::kBits, SizeOf(sum.value.value) - wanted);
+        if (rest < floor) break;
+    }
+    const double rounding = largest + kRoundings + std::log2(count + 1.0) - Wide<limbs>::kBits;
+    const double error = std::max(rounding, rest) + 1;
+    sum.value.error = error;
+    sum.slope.error = error;
+    sum.failed = !std::isfinite(error);
+    return sum;
+}
+
+}  // namespace kalvex::specfun
