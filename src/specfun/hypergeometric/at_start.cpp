@@ -159,6 +159,7 @@ HypergeometricPoint AtStart(const HypergeometricParameters& p, const Place& plac
                             double tolerance) {
     constexpr double kFarthest = 0.85;
     constexpr double kMeeting = 0.75;
+    constexpr double kOfLogarithm = 0x1p-93;  // what Log, Exp and ExpMinusOne promise
     if (place.z.high <= kFarthest || IsNegativeInteger(p.a))
         return SumHypergeometric(p, place.z, tolerance);
     HypergeometricPoint start = SumHypergeometric(p, {kMeeting, 0}, tolerance);
@@ -176,6 +177,7 @@ HypergeometricPoint AtStart(const HypergeometricParameters& p, const Place& plac
     start.value = Add(Multiply(first, at.regular), Multiply(second, at.other));
     start.slope = Add(Multiply(first, at.regularSlope), Multiply(second, at.otherSlope));
     start.slope = Negate(Multiply(start.slope, place.odds));
+    start.error += kOfLogarithm * (std::fabs(start.value.high) + std::fabs(start.slope.high));
     return start;
 }
 

@@ -10,8 +10,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <cstdint>
-#include <limits>
 
 #include "specfun/hypergeometric/forms.h"
 #include "specfun/specfun.h"
@@ -84,26 +82,15 @@ std::array<Form, 2> FormsForShifts(const std::array<Form, 4>& forms, double x) {
     return found;
 }
 
-/// The exponent of the last bit.
-int LastBit(double a) {
-    if (a == 0) return std::numeric_limits<int>::max();
-    int exponent = 0;
-    const double fraction = std::frexp(a, &exponent);
-    constexpr int kDigits = std::numeric_limits<double>::digits;
-    const auto digits = static_cast<std::uint64_t>(std::ldexp(std::fabs(fraction), kDigits));
-    int last = exponent - kDigits;
-    for (std::uint64_t rest = digits; rest % 2 == 0; rest /= 2)
-        ++last;
-    return last;
-}
-
 /// Whether the parameters along a walk and their differences, by which it divides, keep all their
 /// bits: the errors that the twin goes by are those of value and slope only.
 bool KeepsParameters(const HypergeometricParameters& p) {
-    constexpr int kMostBits = 103;
-    const double size = 8 + std::fabs(p.a.high) + std::fabs(p.b.high) + std::fabs(p.c.high);
-    const int last = std::min({LastBit(p.a.high), LastBit(p.b.high), LastBit(p.c.high)});
-    return std::ilogb(size) - last < kMostBits;
+    const double unit = ParameterUnit(p);
+    const auto isMultiple = [unit](DoubleDouble a) {
+        const double multiple = a.high / unit;  // integral from 2^52 on
+        return std::floor(multiple) == multiple;
+    };
+    return isMultiple(p.a) && isMultiple(p.b) && isMultiple(p.c);
 }
 
 /// A polynomial's own walk, then the general ones.
@@ -136,6 +123,13 @@ void TrySeries(const std::array<Form, 4>& sorted, double x, double least, double
 }
 
 }  // namespace
+
+double ParameterUnit(const HypergeometricParameters& p) {
+    constexpr int kBits = 102;
+    constexpr double kMost = 0x1p1000;
+    const double size = 8 + std::fabs(p.a.high) + std::fabs(p.b.high) + std::fabs(p.c.high);
+    return std::ldexp(1, std::ilogb(std::min(size, kMost)) - kBits);
+}
 
 Value BestValue(const HypergeometricParameters& p, double x) {
     constexpr double kMostTerms = 1200;

@@ -26,6 +26,9 @@ inline void KeepBetter(Value& best, const Value& other) {
 /// The function from that of the form, `sum` at z.
 Value ValueOf(const Form& form, const HypergeometricPoint& sum, double x);
 
+/// Of what the parameters are multiples if walks do not round them.
+double ParameterUnit(const HypergeometricParameters& p);
+
 /// By the methods from the quickest up, until one is good enough. x is not 0, and at a pole in c
 /// the polynomial is the one that a ends.
 Value BestValue(const HypergeometricParameters& p, double x);

@@ -63,25 +63,39 @@ bool IsLinear(const HypergeometricParameters& p, double x) {
 
 Value CarefulValue(const HypergeometricParameters& p, double x);
 
-/// For a parameter next to 0, a or b, on which the function depends linearly there: its rise from 0
-/// to a larger one tells.
-Value OfTiny(HypergeometricParameters p, DoubleDouble HypergeometricParameters::*tiny, double x) {
-    constexpr double kDigits = 0x1p-100;  // of what the larger one's fraction holds
-    const double factor = (p.*tiny).high / kTiny;
-    p.*tiny = {kTiny, 0};
-    Value rise = CarefulValue(p, x);
-    rise = Sum(rise, {{-1, 0}, 0, kDigits, kDigits});
-    return Sum(One(kDigits), Times(rise, factor));
+/// A parameter next to 0 with fewer digits: the multiple of the unit next to it, but not less than
+/// kTiny.
+double Shortened(double a, double unit) {
+    const double multiple = std::nearbyint(a / unit) * unit;
+    return std::fabs(multiple) < kTiny ? kTiny : multiple;
+}
+
+/// For a parameter next to 0, a or b, on which the rise from 1 depends in proportion there: by that
+/// of another parameter instead.
+Value OfTiny(HypergeometricParameters p, DoubleDouble HypergeometricParameters::*tiny,
+             double instead, double x) {
+    constexpr double kDigits = 0x1p-100;  // of what a fraction holds
+    const DoubleDouble factor = Divide(p.*tiny, instead);
+    p.*tiny = {instead, 0};
+    Value rise = Sum(CarefulValue(p, x), {{-1, 0}, 0, kDigits, kDigits});
+    int own = 0;
+    const double scale = std::frexp(factor.high, &own);
+    rise.fraction = Multiply(rise.fraction, {scale, std::ldexp(factor.low, -own)});
+    rise.exponent += own;
+    return Sum(One(kDigits), rise);
 }
 
 /// Whatever it costs.
 Value CarefulValue(const HypergeometricParameters& p, double x) {
-    constexpr double kTiniest = 0x1p-140;  // of what the exact sums take as it is
+    constexpr double kProportional = 0x1p-40;
     Value best = BestValue(p, x);
     if (best.loss < kGoodEnough) return best;
+    const double unit = ParameterUnit(p);
     for (const auto part : {&HypergeometricParameters::a, &HypergeometricParameters::b}) {
-        if (std::fabs((p.*part).high) >= kTiniest) continue;
-        KeepBetter(best, OfTiny(p, part, x));
+        const double own = (p.*part).high;
+        const double instead = Shortened(own, unit);
+        if (!(std::fabs(own) < kProportional) || own == instead) continue;
+        KeepBetter(best, OfTiny(p, part, instead, x));
         return best;
     }
     KeepBetter(best, WideValue(p, x));

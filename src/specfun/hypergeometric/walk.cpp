@@ -162,8 +162,10 @@ bool WalkTo(const HypergeometricParameters& to, const Place& place, Traveller& t
 
 HypergeometricPoint PointOf(const Traveller& t) {
     constexpr double kLeastError = 0x1p-99;
+    // one sample of what rounding does, which may happen to be small where one rounding counts
+    constexpr double kMargin = 0x1p10;
     const Column<DoubleDouble>& own = t.at.columns[0];
-    const double error = kTwinError * std::fabs(own.twin - own.value.high) +
+    const double error = kMargin * kTwinError * std::fabs(own.twin - own.value.high) +
                          kLeastError * (std::fabs(own.value.high) + std::fabs(own.slope.high));
     const bool failed = !std::isfinite(error + own.value.high);
     return {own.value, own.slope, error, failed, false, t.exponent};
