@@ -30,7 +30,10 @@ def transformed(a, b, c, x):
         return hyper(a, b, c, x)
     if x < 0:
         return (1 - x) ** -a * hyper(a, c - b, c, x / (x - 1))
-    return mpmath.hyp2f1(a, b, c, x)
+    # mpmath is not aware of what parameters next to 0 cost
+    lost = sum(int(max(0, -mpmath.log10(abs(p)))) for p in (a, b, c) if p)
+    with mpmath.workdps(mpmath.mp.dps + lost):
+        return mpmath.hyp2f1(a, b, c, x)
 
 
 def slope(a, b, c, x):
