@@ -33,13 +33,15 @@ Value ValueOf(const Form& form, const HypergeometricPoint& sum, double x) {
     const double slope = own - form.power.high * x / (1 - x) * sum.value.high;
     Value value = {sum.value, sum.exponent,
                    sum.error / (std::fabs(sum.value.high) + std::fabs(slope)),
-                   sum.error / std::fabs(sum.value.high)};
+                   sum.error / std::fabs(sum.value.high), std::fabs(slope)};
     if (form.power.high == 0) return value;
     const DoubleDouble exponent = Multiply(form.power, LogOneLess(x));
     constexpr double kMostExponent = 1e8;
     if (!(std::fabs(exponent.high) < kMostExponent)) return {};
     int more = 0;
-    value.fraction = Multiply(value.fraction, ExpScaled(exponent, more));
+    const DoubleDouble factor = ExpScaled(exponent, more);
+    value.fraction = Multiply(value.fraction, factor);
+    value.slope *= factor.high;
     value.exponent += more;
     return value;
 }

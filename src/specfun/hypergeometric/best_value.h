@@ -14,6 +14,7 @@ struct Value {
     int exponent = 0;
     double loss = INFINITY;      // estimated error by what the last bit of x does
     double relative = INFINITY;  // the same by the value
+    double slope = 0;            // what the last bit of x does by that of the fraction
 };
 
 inline constexpr double kGoodEnough = 0x1p-58;

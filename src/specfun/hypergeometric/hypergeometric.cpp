@@ -18,25 +18,30 @@ constexpr double kTiny = 0x1p-75;  // whose square counts for nothing
 /// The sum of two values whose slopes have one sign, or one of which has none.
 Value Sum(const Value& left, const Value& right) {
     constexpr int kFar = 1000;  // beyond which one of the two counts for nothing
-    const int exponent = std::max(left.exponent, right.exponent);
+    const bool leads =
+        right.fraction.high == 0 || (left.fraction.high != 0 && left.exponent > right.exponent);
+    const int exponent = leads ? left.exponent : right.exponent;
     double error = 0;
     double slope = 0;
     const auto part = [&](const Value& of) {
-        const DoubleDouble own = Scale(of.fraction, std::max(of.exponent - exponent, -kFar));
-        const double size = std::fabs(own.high);
-        error += of.relative * size;
-        slope += of.loss > 0 ? (of.relative / of.loss - 1) * size : 0;
+        const int by = std::clamp(of.exponent - exponent, -kFar, kFar);
+        const DoubleDouble own = by > -kFar ? Scale(of.fraction, by) : DoubleDouble{};
+        const double ownSlope = std::ldexp(of.slope, by);
+        error += of.loss * (std::fabs(own.high) + ownSlope);
+        slope += ownSlope;
         return own;
     };
     const DoubleDouble first = part(left);
     const DoubleDouble sum = Add(first, part(right));
     const double size = std::fabs(sum.high);
-    return {sum, exponent, error / (size + slope), error / size};
+    return {sum, exponent, error / (size + slope), error / size, slope};
 }
 
-Value Times(Value value, double factor) {
+Value Times(Value value, DoubleDouble factor) {
     int own = 0;
-    value.fraction = Multiply(value.fraction, std::frexp(factor, &own));
+    const double high = std::frexp(factor.high, &own);
+    value.fraction = Multiply(value.fraction, {high, std::ldexp(factor.low, -own)});
+    value.slope *= std::fabs(high);
     value.exponent += own;
     return value;
 }
@@ -45,9 +50,11 @@ Value Times(Value value, double factor) {
 Value FirstTerm(const HypergeometricParameters& p, double x, const Value& factor) {
     int exponent = 0;
     Value term = factor;
+    const double inverse = 1 / std::frexp(p.c.high, &exponent);
     term.fraction = Divide(factor.fraction, std::frexp(p.c.high, &exponent));
+    term.slope *= std::fabs(inverse);
     term.exponent -= exponent;
-    return Times(Times(Times(term, p.a.high), p.b.high), x);
+    return Times(Times(Times(term, p.a), p.b), {x, 0});
 }
 
 constexpr Value One(double relative) {
@@ -77,12 +84,8 @@ Value OfTiny(HypergeometricParameters p, DoubleDouble HypergeometricParameters::
     constexpr double kDigits = 0x1p-100;  // of what a fraction holds
     const DoubleDouble factor = Divide(p.*tiny, instead);
     p.*tiny = {instead, 0};
-    Value rise = Sum(CarefulValue(p, x), {{-1, 0}, 0, kDigits, kDigits});
-    int own = 0;
-    const double scale = std::frexp(factor.high, &own);
-    rise.fraction = Multiply(rise.fraction, {scale, std::ldexp(factor.low, -own)});
-    rise.exponent += own;
-    return Sum(One(kDigits), rise);
+    const Value rise = Sum(CarefulValue(p, x), {{-1, 0}, 0, kDigits, kDigits});
+    return Sum(One(kDigits), Times(rise, factor));
 }
 
 /// Whatever it costs.
@@ -109,8 +112,7 @@ Value NextToPole(const HypergeometricParameters& p, double x) {
     const HypergeometricParameters there = {p.a, p.b, {larger, 0}};
     const Value pole = CarefulValue({PlusInteger(p.a, 1), PlusInteger(p.b, 1), {2, 0}}, x);
     // what 1/c is more than 1/larger
-    Value rise = FirstTerm(p, x, pole);
-    rise.fraction = Multiply(rise.fraction, TwoSum(1, -p.c.high / larger));
+    const Value rise = Times(FirstTerm(p, x, pole), TwoSum(1, -p.c.high / larger));
     return Sum(CarefulValue(there, x), rise);
 }
 

@@ -71,10 +71,12 @@ inline double RestAfter(double a, double b, double c, double next, double z, dou
 /// than the one before, and each sum one.
 template <std::size_t limbs>
 WideSum<limbs> SumWide(const WideParameters<limbs>& p, const Wide<limbs>& z, double wanted) {
+    constexpr int kBetweenLooks = 4;
     constexpr double kRoundings = 8;  // and the sum of 1/k, as a logarithm
     const double a = ToDouble(p.a);
     const double b = ToDouble(p.b);
     const double c = ToDouble(p.c);
+    const double argument = ToDouble(z);
     const double settled = -std::min({a, b, c});
     const Wide<limbs> one = WideOf<limbs>(1);
     WideSum<limbs> sum = {{one, 0}, {}, true};
@@ -98,9 +100,9 @@ WideSum<limbs> SumWide(const WideParameters<limbs>& p, const Wide<limbs>& z, dou
         sum.value.value = Add(sum.value.value, term);
         sum.slope.value = Add(sum.slope.value, Multiply(next, term));
         const double size = SizeOf(term);
-        largest = std::max(largest, size + 3 * std::log2(k + 2.0));
-        if (k <= settled) continue;
-        rest = RestAfter(a + k + 1, b + k + 1, c + k + 1, k + 2, ToDouble(z), size);
+        largest = std::max(largest, size + 3.0 * (std::ilogb(k + 1.0) + 1));
+        if (k <= settled || k % kBetweenLooks != 0) continue;
+        rest = RestAfter(a + k + 1, b + k + 1, c + k + 1, k + 2, argument, size);
         const double floor =
             std::max(largest - Wide<limbs>::kBits, SizeOf(sum.value.value) - wanted);
         if (rest < floor) break;

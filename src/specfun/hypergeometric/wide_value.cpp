@@ -181,7 +181,9 @@ Value Joining(const HypergeometricParameters& p, double x) {
     Value value = ValueOf({p, {}, false, 0}, point, x);
     if (point.failed) return value;
     int more = 0;
-    value.fraction = Multiply(value.fraction, ExpScaled(Negate(Multiply(kLn2, p.c)), more));
+    const DoubleDouble factor = ExpScaled(Negate(Multiply(kLn2, p.c)), more);
+    value.fraction = Multiply(value.fraction, factor);
+    value.slope *= factor.high;
     value.exponent += more;
     return value;
 }

@@ -142,6 +142,81 @@ Wide<limbs> Subtract(const Wide<limbs>& a, const Wide<limbs>& b) {
     return Add(a, Negate(b));
 }
 
+/// Divides by a limb whose first bit is set, by means of its reciprocal (Moeller and Granlund
+/// 2011).
+struct LimbDivisor {
+    std::uint64_t by;
+    std::uint64_t reciprocal;  // floor((2^128-1)/by) - 2^64
+
+    explicit LimbDivisor(std::uint64_t divisor)
+        : by(divisor), reciprocal(static_cast<std::uint64_t>(~TwoLimbs{0} / divisor)) {}
+
+    /// The quotient for an upper limb below the divisor; upper and lower become 0 and the rest.
+    std::uint64_t Divide(std::uint64_t upper, std::uint64_t& lower) const {
+        const TwoLimbs guess = static_cast<TwoLimbs>(reciprocal) * upper +
+                               ((static_cast<TwoLimbs>(upper) << 64) | lower);
+        std::uint64_t quotient = static_cast<std::uint64_t>(guess >> 64) + 1;
+        std::uint64_t rest = lower - quotient * by;
+        if (rest > static_cast<std::uint64_t>(guess)) {
+            --quotient;
+            rest += by;
+        }
+        if (rest >= by) {
+            ++quotient;
+            rest -= by;
+        }
+        lower = rest;
+        return quotient;
+    }
+};
+
+/// One digit of a quotient from the three first limbs of the rest and two of the divisor; at most
+/// one too large.
+inline std::uint64_t QuotientDigit(const std::array<std::uint64_t, 3>& rest, LimbDivisor top,
+                                   std::uint64_t next) {
+    std::uint64_t left = rest[1];
+    std::uint64_t guess = ~std::uint64_t{0};
+    if (rest[2] < top.by) {
+        guess = top.Divide(rest[2], left);
+    } else {
+        left = rest[1] + top.by;
+        if (left < top.by) return guess;
+    }
+    while (static_cast<TwoLimbs>(guess) * next > ((static_cast<TwoLimbs>(left) << 64) | rest[0])) {
+        --guess;
+        left += top.by;
+        if (left < top.by) break;
+    }
+    return guess;
+}
+
+/// rest -= digit b, from the limb `from` of b on; whether that is below 0.
+template <std::size_t limbs>
+bool TakeOff(std::uint64_t digit, const Wide<limbs>& b, std::size_t from, std::uint64_t* rest) {
+    std::uint64_t borrow = 0;
+    std::uint64_t carry = 0;
+    for (std::size_t i = from; i <= limbs; ++i) {
+        const TwoLimbs product =
+            static_cast<TwoLimbs>(digit) * (i < limbs ? b.digits[i] : 0) + carry;
+        carry = static_cast<std::uint64_t>(product >> 64);
+        const TwoLimbs less =
+            static_cast<TwoLimbs>(rest[i]) - static_cast<std::uint64_t>(product) - borrow;
+        borrow = static_cast<std::uint64_t>(less >> 64) != 0 ? 1 : 0;
+        rest[i] = static_cast<std::uint64_t>(less);
+    }
+    return borrow != 0;
+}
+
+template <std::size_t limbs>
+void PutBack(const Wide<limbs>& b, std::size_t from, std::uint64_t* rest) {
+    std::uint64_t carry = 0;
+    for (std::size_t i = from; i <= limbs; ++i) {
+        const TwoLimbs sum = static_cast<TwoLimbs>(rest[i]) + (i < limbs ? b.digits[i] : 0) + carry;
+        rest[i] = static_cast<std::uint64_t>(sum);
+        carry = static_cast<std::uint64_t>(sum >> 64);
+    }
+}
+
 /// b not 0: the quotient of Knuth's algorithm D, one limb more than the result's.
 template <std::size_t limbs>
 Wide<limbs> Divide(const Wide<limbs>& a, const Wide<limbs>& b) {
@@ -151,39 +226,17 @@ Wide<limbs> Divide(const Wide<limbs>& a, const Wide<limbs>& b) {
     for (std::size_t i = 0; i < limbs; ++i)
         rest[kQuotient - 1 + i] = a.digits[i];
     std::array<std::uint64_t, kQuotient> quotient = {};
-    const std::uint64_t top = b.digits[limbs - 1];
-    const std::uint64_t next = limbs > 1 ? b.digits[limbs - 2] : 0;
+    const LimbDivisor top(b.digits[limbs - 1]);
+    const std::uint64_t next = b.digits[limbs - 2];
+    std::size_t from = 0;
+    while (b.digits[from] == 0)
+        ++from;
     for (std::size_t j = kQuotient; j-- > 0;) {
-        const TwoLimbs upper = (static_cast<TwoLimbs>(rest[j + limbs]) << 64) | rest[j + limbs - 1];
-        TwoLimbs guess = rest[j + limbs] >= top ? ~std::uint64_t{0} : upper / top;
-        TwoLimbs left = upper - guess * top;
-        while ((left >> 64) == 0 &&
-               guess * next > ((left << 64) | (j + limbs >= 2 ? rest[j + limbs - 2] : 0))) {
-            --guess;
-            left += top;
-        }
-        std::uint64_t borrow = 0;
-        std::uint64_t carry = 0;
-        const auto digit = static_cast<std::uint64_t>(guess);
-        for (std::size_t i = 0; i <= limbs; ++i) {
-            const TwoLimbs product =
-                static_cast<TwoLimbs>(digit) * (i < limbs ? b.digits[i] : 0) + carry;
-            carry = static_cast<std::uint64_t>(product >> 64);
-            const TwoLimbs less =
-                static_cast<TwoLimbs>(rest[i + j]) - static_cast<std::uint64_t>(product) - borrow;
-            borrow = static_cast<std::uint64_t>(less >> 64) != 0 ? 1 : 0;
-            rest[i + j] = static_cast<std::uint64_t>(less);
-        }
-        quotient[j] = digit;
-        if (borrow == 0) continue;
+        const std::size_t last = j + limbs;
+        quotient[j] = QuotientDigit({rest[last - 2], rest[last - 1], rest[last]}, top, next);
+        if (!TakeOff(quotient[j], b, from, &rest[j])) continue;
         --quotient[j];
-        carry = 0;
-        for (std::size_t i = 0; i <= limbs; ++i) {
-            const TwoLimbs sum =
-                static_cast<TwoLimbs>(rest[i + j]) + (i < limbs ? b.digits[i] : 0) + carry;
-            rest[i + j] = static_cast<std::uint64_t>(sum);
-            carry = static_cast<std::uint64_t>(sum >> 64);
-        }
+        PutBack(b, from, &rest[j]);
     }
     return Normalised<limbs>(quotient, a.exponent - b.exponent + 64, a.sign * b.sign);
 }
