@@ -53,15 +53,28 @@ struct WideSum {
     bool failed = true;
 };
 
-inline constexpr int kMostWideTerms = 8000;
+inline constexpr int kMostWideTerms = 6000;
 
-/// The logarithm to base 2 of a bound of the sum over j > k of j t(j), by the k-th term t, once all
-/// factors are positive: quotients of two factors tend to 1 monotonically. a, b, c and next are
-/// those of the next ratio.
-inline double RestAfter(double a, double b, double c, double next, double z, double term) {
+/// A bound of (a+j)(b+j)/((c+j)(next+j)) for all j from 0 up, all four being positive. It is 1 and
+/// (alpha j + beta)/((c+j)(next+j)), where alpha < 0 below the greater of 1 and its first value,
+/// and where alpha and beta are positive it falls for good once it falls. Else by quotients of two
+/// factors, which tend to 1 monotonically.
+inline double GreatestRatio(double a, double b, double c, double next) {
+    const double ratio = a * b / (c * next);
+    const double alpha = a + b - c - next;
+    const double beta = a * b - c * next;
+    if (alpha < 0) return std::max(1.0, ratio);
+    if (beta >= 0 && alpha * c * next <= beta * (c + next)) return ratio;
     const double straight = std::max(1.0, a / c) * std::max(1.0, b / next);
     const double crossed = std::max(1.0, b / c) * std::max(1.0, a / next);
-    const double ratio = std::fabs(z) * std::min(straight, crossed);
+    return std::min(straight, crossed);
+}
+
+/// The logarithm to base 2 of a bound of the sum over j > k of j t(j), by the k-th term t, once all
+/// factors are positive. a, b, c and next are those of the next ratio.
+inline double RestAfter(double a, double b, double c, double next, double z, double term) {
+    constexpr double kRounding = 1 + 0x1p-40;
+    const double ratio = std::fabs(z) * GreatestRatio(a, b, c, next) * kRounding;
     if (!(ratio < 1)) return INFINITY;
     return term + std::log2(next) - 2 * std::log2(1 - ratio) + 1;
 }

@@ -150,14 +150,14 @@ HypergeometricPoint ByJoining(const HypergeometricParameters& p, bool moves, dou
     return PointOf(value);
 }
 
-/// The first of the numbers of limbs from `bits` on that is enough.
+/// The first of the numbers of limbs from `bits` to `most` bits that is enough.
 template <typename Function>
-HypergeometricPoint WithBits(double bits, const Function& function) {
+HypergeometricPoint WithBits(double bits, double most, const Function& function) {
     HypergeometricPoint point;
     point.failed = true;
     const auto attempt = [&]<std::size_t limbs>() {
         const bool known = !point.failed && point.error < PowerOfTwo(-kEnough);
-        if (!known && bits <= Wide<limbs>::kBits) {
+        if (!known && bits <= Wide<limbs>::kBits && Wide<limbs>::kBits <= most) {
             point = function.template operator()<limbs>();
         }
     };
@@ -171,13 +171,22 @@ HypergeometricPoint WithBits(double bits, const Function& function) {
 
 Value Joining(const HypergeometricParameters& p, double x) {
     constexpr double kMargin = 40;
+    constexpr double kMostTerms = 3000;
+    constexpr double kMostBits = 1024;
     const DoubleDouble s = Subtract(Subtract(p.c, p.a), p.b);
+    const HypergeometricParameters first = {p.a, p.b, PlusInteger(Negate(s), 1)};
+    const HypergeometricParameters second = {Subtract(p.c, p.a), Subtract(p.c, p.b),
+                                             PlusInteger(s, 1)};
+    for (const HypergeometricParameters& part : {p, first, second}) {
+        const bool ends = IsNegativeInteger(part.c);  // the solution moves instead
+        if (!ends && !(ForeseenOf(part, 0.5).terms < kMostTerms)) return {};
+    }
     const DoubleDouble left = Subtract(s, std::nearbyint(s.high));
     const bool moves = left.high == 0;
     const double lost = moves ? kMove : -std::log2(std::fabs(left.high));
-    const HypergeometricPoint point = WithBits(lost + kWanted + kMargin, [&]<std::size_t limbs>() {
-        return ByJoining<limbs>(p, moves, x);
-    });
+    const HypergeometricPoint point =
+        WithBits(lost + kWanted + kMargin, kMostBits,
+                 [&]<std::size_t limbs>() { return ByJoining<limbs>(p, moves, x); });
     Value value = ValueOf({p, {}, false, 0}, point, x);
     if (point.failed) return value;
     int more = 0;
@@ -192,6 +201,7 @@ Value Joining(const HypergeometricParameters& p, double x) {
 struct Choice {
     std::size_t form = 0;
     double bits = INFINITY;
+    double terms = INFINITY;
     double cost = INFINITY;
 };
 
@@ -216,7 +226,7 @@ Choice Cheapest(const std::array<Form, 4>& forms, double x) {
         const double sum = value - forms[i].power.high * std::log2(1 - x);
         const double bits = std::max(0.0, foreseen[i].largest - sum) + kWanted + kMargin;
         const double cost = foreseen[i].terms * (1 + bits / 64);
-        if (cost < best.cost) best = {i, bits, cost};
+        if (cost < best.cost) best = {i, bits, foreseen[i].terms, cost};
     }
     return best;
 }
@@ -224,14 +234,15 @@ Choice Cheapest(const std::array<Form, 4>& forms, double x) {
 }  // namespace
 
 Value WideValue(const HypergeometricParameters& p, double x) {
-    constexpr double kMostCost = 6000 * 16;
+    constexpr double kMostCost = 30000;  // terms times limbs
     const std::array<Form, 4> forms = FormsOf(p);
     const bool ends = DegreeOf(p) < INFINITY || DegreeOf(forms[1].p) < INFINITY;
     if (x > kFarthest && !ends) return Joining(p, x);
     const Choice choice = Cheapest(forms, x);
     if (!(choice.cost < kMostCost)) return {};
     const HypergeometricPoint point =
-        WithBits(choice.bits, [&]<std::size_t limbs>() { return BySum<limbs>(p, choice.form, x); });
+        WithBits(choice.bits, 64 * kMostCost / choice.terms,
+                 [&]<std::size_t limbs>() { return BySum<limbs>(p, choice.form, x); });
     return ValueOf(forms[choice.form], point, x);
 }
 
