@@ -115,6 +115,7 @@ HypergeometricPoint WalkFrom(const HypergeometricParameters& from,
     if (route.ups + route.downs <= kFewSteps) {
         HypergeometricPoint point = AtStart(from, place, kLessTolerance);
         point.error = 0;
+        point.slopeError = 0;
         if (!point.failed) point = Outwards(from, point, to, place);
         // the error of the start grows as that of the steps does, but is so much larger
         point.error *= kLessTolerance / kTolerance;

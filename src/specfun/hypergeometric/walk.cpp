@@ -123,7 +123,8 @@ Traveller StartOf(const HypergeometricParameters& p, const HypergeometricPoint& 
     t.at.p = {p.a, p.b, p.c};
     t.at.columns[0] = {point.value, point.slope,
                        value + relative * (std::fabs(value) + std::fabs(slope) / scale),
-                       slope - relative * (std::fabs(slope) + std::fabs(value))};
+                       slope - relative * (std::fabs(slope) + std::fabs(value)) -
+                           point.slopeError / kTwinError};
     t.exponent = point.exponent;
     return t;
 }
