@@ -65,7 +65,7 @@ double ComeFromFar(const HypergeometricParameters& p, const std::array<double, 3
 }
 
 bool IsGood(const HypergeometricPoint& point) {
-    constexpr double kGood = 0x1p-57;
+    constexpr double kGood = 0x1p-60;  // what the conversion to x makes of it included
     return point.error < kGood * (std::fabs(point.value.high) + std::fabs(point.slope.high));
 }
 

@@ -18,9 +18,10 @@
 namespace kalvex::specfun {
 namespace {
 
-constexpr double kWanted = 90;  // bits of a value
-constexpr double kEnough = 70;  // of them known to be right
-constexpr double kFarthest = 0.9;
+constexpr double kWanted = 90;     // bits of a value
+constexpr double kEnough = 70;     // of them known to be right
+constexpr double kFarthest = 0.9;  // where sums are the quicker way
+constexpr double kFarthestAtAll = 0.96;
 constexpr double kMove = 200;
 
 /// 2^exponent, for what is far from the ends of the range.
@@ -215,7 +216,7 @@ Choice Cheapest(const std::array<Form, 4>& forms, double x) {
     const bool atPole = IsNegativeInteger(forms[0].p.c);
     for (std::size_t i = 0; i < (atPole ? 1 : forms.size()); ++i) {
         const double z = forms[i].pfaff ? x / (x - 1) : x;
-        if (std::fabs(z) > kFarthest && !atPole && DegreeOf(forms[i].p) == INFINITY) continue;
+        if (std::fabs(z) > kFarthestAtAll && !atPole && DegreeOf(forms[i].p) == INFINITY) continue;
         foreseen[i] = ForeseenOf(forms[i].p, z);
         const double own = foreseen[i].sum + forms[i].power.high * std::log2(1 - x);
         value = std::min(value, own - (foreseen[i].measured ? 0 : kUnmeasured));
@@ -237,7 +238,10 @@ Value WideValue(const HypergeometricParameters& p, double x) {
     constexpr double kMostCost = 30000;  // terms times limbs
     const std::array<Form, 4> forms = FormsOf(p);
     const bool ends = DegreeOf(p) < INFINITY || DegreeOf(forms[1].p) < INFINITY;
-    if (x > kFarthest && !ends) return Joining(p, x);
+    if (x > kFarthest && !ends) {
+        const Value joined = Joining(p, x);
+        if (joined.loss < kGoodEnough) return joined;
+    }
     const Choice choice = Cheapest(forms, x);
     if (!(choice.cost < kMostCost)) return {};
     const HypergeometricPoint point =
