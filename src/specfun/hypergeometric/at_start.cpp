@@ -187,8 +187,8 @@ HypergeometricPoint AtStart(const HypergeometricParameters& p, const Place& plac
     start.slope = Negate(Multiply(start.slope, place.odds));
     const double error = kOfMatching * (std::fabs(first.high) + std::fabs(second.high));
     start.error += error * (std::fabs(at.regular.high) + std::fabs(at.other.high));
-    start.slopeError = error * place.odds.high *
-                       (std::fabs(at.regularSlope.high) + std::fabs(at.otherSlope.high));
+    start.slopeError =
+        error * place.odds.high * (std::fabs(at.regularSlope.high) + std::fabs(at.otherSlope.high));
     return start;
 }
 

@@ -121,10 +121,9 @@ Traveller StartOf(const HypergeometricParameters& p, const HypergeometricPoint& 
     const double relative = point.error / kTwinError / (std::fabs(value) + std::fabs(slope));
     Traveller t;
     t.at.p = {p.a, p.b, p.c};
-    t.at.columns[0] = {point.value, point.slope,
-                       value + relative * (std::fabs(value) + std::fabs(slope) / scale),
-                       slope - relative * (std::fabs(slope) + std::fabs(value)) -
-                           point.slopeError / kTwinError};
+    t.at.columns[0] = {
+        point.value, point.slope, value + relative * (std::fabs(value) + std::fabs(slope) / scale),
+        slope - relative * (std::fabs(slope) + std::fabs(value)) - point.slopeError / kTwinError};
     t.exponent = point.exponent;
     return t;
 }

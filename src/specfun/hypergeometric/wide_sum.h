@@ -79,6 +79,18 @@ inline double RestAfter(double a, double b, double c, double next, double z, dou
     return term + std::log2(next) - 2 * std::log2(1 - ratio) + 1;
 }
 
+/// The k-th term made the next one; 0 after the last. False where c+k is 0.
+template <std::size_t limbs>
+bool TakeTerm(const WideParameters<limbs>& p, const Wide<limbs>& z, int k, Wide<limbs>& term) {
+    const Wide<limbs> ofC = PlusInteger(p.c, k);
+    const Wide<limbs> ofBoth = Multiply(PlusInteger(p.a, k), PlusInteger(p.b, k));
+    if (ofC.sign == 0 && ofBoth.sign != 0) return false;
+    const Wide<limbs> next = WideOf<limbs>(k + 1);
+    term = ofBoth.sign == 0 ? ofBoth
+                            : Divide(Multiply(ofBoth, Multiply(z, term)), Multiply(next, ofC));
+    return true;
+}
+
 /// The terms, the exact parameters being a, b and c, until the rest counts for nothing beside what
 /// rounding leaves unknown or beside 2^-wanted times the sum. Each term has seven roundings more
 /// than the one before, and each sum one.
@@ -91,40 +103,28 @@ WideSum<limbs> SumWide(const WideParameters<limbs>& p, const Wide<limbs>& z, dou
     const double c = ToDouble(p.c);
     const double argument = ToDouble(z);
     const double settled = -std::min({a, b, c});
-    const Wide<limbs> one = WideOf<limbs>(1);
-    WideSum<limbs> sum = {{one, 0}, {}, true};
-    Wide<limbs> term = one;
+    Wide<limbs> term = WideOf<limbs>(1);
+    WideSum<limbs> sum = {{term, 0}, {}, true};
     double largest = 0;
-    double rest = INFINITY;  // what the end of the loop leaves
-    int count = 0;
-    for (; count < kMostWideTerms; ++count) {
-        const int k = count;
-        const Wide<limbs> ofA = PlusInteger(p.a, k);
-        const Wide<limbs> ofB = PlusInteger(p.b, k);
-        if (ofA.sign == 0 || ofB.sign == 0) {
-            rest = -INFINITY;
-            break;
-        }
-        const Wide<limbs> ofC = PlusInteger(p.c, k);
-        if (ofC.sign == 0) return sum;
-        const Wide<limbs> next = WideOf<limbs>(k + 1);
-        const Wide<limbs> numerator = Multiply(ofA, Multiply(ofB, Multiply(z, term)));
-        term = Divide(numerator, Multiply(next, ofC));
-        sum.value.value = Add(sum.value.value, term);
-        sum.slope.value = Add(sum.slope.value, Multiply(next, term));
+    double rest = INFINITY;
+    int k = 0;
+    for (; k < kMostWideTerms; ++k) {
+        if (!TakeTerm(p, z, k, term)) return sum;
         const double size = SizeOf(term);
+        rest = term.sign == 0 ? -INFINITY : INFINITY;
+        if (term.sign == 0) break;
+        sum.value.value = Add(sum.value.value, term);
+        sum.slope.value = Add(sum.slope.value, Multiply(WideOf<limbs>(k + 1), term));
         largest = std::max(largest, size + 3.0 * (std::ilogb(k + 1.0) + 1));
         if (k <= settled || k % kBetweenLooks != 0) continue;
         rest = RestAfter(a + k + 1, b + k + 1, c + k + 1, k + 2, argument, size);
-        const double floor =
-            std::max(largest - Wide<limbs>::kBits, SizeOf(sum.value.value) - wanted);
-        if (rest < floor) break;
+        const double known = largest - Wide<limbs>::kBits;
+        if (rest < std::max(known, SizeOf(sum.value.value) - wanted)) break;
     }
-    const double rounding = largest + kRoundings + std::log2(count + 1.0) - Wide<limbs>::kBits;
-    const double error = std::max(rounding, rest) + 1;
-    sum.value.error = error;
-    sum.slope.error = error;
-    sum.failed = !std::isfinite(error);
+    const double rounding = largest + kRoundings + std::log2(k + 1.0) - Wide<limbs>::kBits;
+    sum.value.error = std::max(rounding, rest) + 1;
+    sum.slope.error = sum.value.error;
+    sum.failed = !std::isfinite(sum.value.error);
     return sum;
 }
 
