@@ -75,8 +75,10 @@ inline constexpr std::array<Method, 41> kMethods = {{
      "DLMF 10.25.2, 10.28.2, 10.41.3"},
     {"Hyper", "-1 < x < 1",
      "the power series or transformation that cancels least; contiguous relations from small "
-     "parameters outwards or, where the function is the lesser solution, inwards",
-     "DLMF 15.2.1, 15.8.1, 15.8.7, 15.5.11 to 15.5.22; Gautschi 1967; Gil, Segura and Temme 2007"},
+     "parameters outwards or, where the function is the lesser solution, inwards; sums of 256 to "
+     "2048 bits where these lose too many digits",
+     "DLMF 15.2.1, 15.8.1, 15.8.7, 15.5.11 to 15.5.22, 15.10.13; Gautschi 1967; Gil, Segura and "
+     "Temme 2007"},
     {"log", "base > 0 and not 1, x > 0", "quotient of logarithms of twice the precision",
      "DLMF 4.38.5"},
     {"Cheb", "integral degrees, -1 to 1",

@@ -98,5 +98,22 @@ TEST(HypergeometricBlocks, KnowWhatAPoleCosts) {
     EXPECT_GT(errors[0], 0x1p20 * errors[1]);
 }
 
+// Where c-a is next to 0 the columns of a map are lost apart from each other, and a solution whose
+// value and slope the first step keeps together is lost in their sum: the twins must say so.
+TEST(HypergeometricBlocks, KnowWhatColumnsLose) {
+    const Place place = PlaceAt({0.1875, 0}, {0.8125, 0});
+    const double apart = 0x1p-49;
+    const HypergeometricParameters from = {{-24.25, apart}, {-3.25, 0}, {-24.25, 0}};
+    BlockTable table;
+    ASSERT_EQ(MapBlocks({from, from, from, from}, RouteOf({-13, -2, -13}), place, table), 1);
+    // F(c,b;c;z) = (1-z)^(-b)
+    const DoubleDouble value = {1, 0};
+    const DoubleDouble slope = Multiply(from.b, place.odds);
+    const auto& [first, second] = table[0][0];
+    const double twin = first.twin * value.high + second.twin * slope.high;
+    const double lost = kTwinError * std::fabs(twin);
+    EXPECT_GT(lost, 0x1p-52);
+}
+
 }  // namespace
 }  // namespace kalvex::specfun

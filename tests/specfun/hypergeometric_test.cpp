@@ -168,6 +168,18 @@ TEST(Hypergeometric, NextToIntegers) {
     }
 }
 
+// F(-1,b;c;x) = 1 - b x/c and F(-2,b;c;x) = 1 - 2 b x/c + b (b+1) x^2/(c (c+1)): for c next to 0
+// what does not have it below counts where the rest cancels.
+TEST(Hypergeometric, KeepsWhatAPoleLeaves) {
+    for (const double c : {0x1p-80, -0x1p-100, 0x1p-400, -0x1p-1070}) {
+        EXPECT_EQ(Hypergeometric2F1(-1, c, c, 0.5), 0.5) << c;
+        EXPECT_EQ(Hypergeometric2F1(-1, -3 * c, c, 0.25), 1.75) << c;
+        EXPECT_EQ(Hypergeometric2F1(2 * c, -1, c, 0.75), -0.5) << c;
+        // b+1 = 2/x: the terms with 1/c cancel, 1 - b (b+1) x^2 is left
+        EXPECT_EQ(Hypergeometric2F1(-2, 3, c, 0.5), -2) << c;
+    }
+}
+
 // Parameters as large as can be neither hang nor are they refused where the value is plain.
 TEST(Hypergeometric, HugeParameters) {
     EXPECT_EQ(Hypergeometric2F1(-0.1, 1e8, -2.1, 1e-100), 1);

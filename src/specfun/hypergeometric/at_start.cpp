@@ -22,12 +22,21 @@ struct Solutions {
     DoubleDouble otherSlope = {};
 };
 
-/// (w^s - 1)/s.
-DoubleDouble PowerQuotient(DoubleDouble s, DoubleDouble logarithm) {
+struct Power {
+    DoubleDouble value;     // w^s
+    DoubleDouble quotient;  // (w^s - 1)/s
+};
+
+/// Either with all its digits: w^s may be small beside 1, or next to it.
+Power PowerOf(DoubleDouble s, DoubleDouble logarithm) {
     const DoubleDouble exponent = Multiply(s, logarithm);
-    if (exponent.high == 0) return logarithm;
-    if (std::fabs(exponent.high) < 1) return Divide(ExpMinusOne(exponent), s);
-    return Divide(Subtract(Exp(exponent), 1.0), s);
+    if (exponent.high == 0) return {{1, 0}, logarithm};
+    if (std::fabs(exponent.high) < 1) {
+        const DoubleDouble rise = ExpMinusOne(exponent);
+        return {Add(rise, 1.0), Divide(rise, s)};
+    }
+    const DoubleDouble power = Exp(exponent);
+    return {power, Divide(Subtract(power, 1.0), s)};
 }
 
 /// Adds the terms of k = next.
@@ -44,8 +53,7 @@ void AddTerms(DoubleDouble term, DoubleDouble difference, double next, Solutions
 /// From the divided differences to the solution.
 void TakePower(DoubleDouble s, Solutions& at) {
     // y(s) = w^s (regular + s other'), other = (y(s) - y(0)) / s
-    const DoubleDouble quotient = PowerQuotient(s, Log(at.w));
-    const DoubleDouble power = Add(Multiply(s, quotient), 1.0);
+    const auto [power, quotient] = PowerOf(s, Log(at.w));
     const DoubleDouble upper = Add(at.regular, Multiply(s, at.other));
     at.other = Add(Multiply(power, at.other), Multiply(quotient, at.regular));
     at.otherSlope = Add(Add(Multiply(power, at.otherSlope), Multiply(quotient, at.regularSlope)),
@@ -159,6 +167,7 @@ HypergeometricPoint AtStart(const HypergeometricParameters& p, const Place& plac
                             double tolerance) {
     constexpr double kFarthest = 0.85;
     constexpr double kMeeting = 0.75;
+    constexpr double kOfMatching = 0x1p-98;  // logarithm, exponential and the coefficients
     if (place.z.high <= kFarthest || IsNegativeInteger(p.a))
         return SumHypergeometric(p, place.z, tolerance);
     HypergeometricPoint start = SumHypergeometric(p, {kMeeting, 0}, tolerance);
@@ -176,6 +185,10 @@ HypergeometricPoint AtStart(const HypergeometricParameters& p, const Place& plac
     start.value = Add(Multiply(first, at.regular), Multiply(second, at.other));
     start.slope = Add(Multiply(first, at.regularSlope), Multiply(second, at.otherSlope));
     start.slope = Negate(Multiply(start.slope, place.odds));
+    const double error = kOfMatching * (std::fabs(first.high) + std::fabs(second.high));
+    start.error += error * (std::fabs(at.regular.high) + std::fabs(at.other.high));
+    start.slopeError =
+        error * place.odds.high * (std::fabs(at.regularSlope.high) + std::fabs(at.otherSlope.high));
     return start;
 }
 

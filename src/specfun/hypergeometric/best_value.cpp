@@ -24,7 +24,8 @@ DoubleDouble LogOneLess(double x) {
     return std::fabs(x) < kSmall ? LogOnePlus({-x, 0}) : Log(TwoSum(1, -x));
 }
 
-/// The function from that of the form, `sum` at z.
+}  // namespace
+
 Value ValueOf(const Form& form, const HypergeometricPoint& sum, double x) {
     if (sum.singular) throw ap::ap_error{kOverflow};
     if (sum.failed) return {};
@@ -32,16 +33,20 @@ Value ValueOf(const Form& form, const HypergeometricPoint& sum, double x) {
     const double slope = own - form.power.high * x / (1 - x) * sum.value.high;
     Value value = {sum.value, sum.exponent,
                    sum.error / (std::fabs(sum.value.high) + std::fabs(slope)),
-                   sum.error / std::fabs(sum.value.high)};
+                   sum.error / std::fabs(sum.value.high), std::fabs(slope)};
     if (form.power.high == 0) return value;
     const DoubleDouble exponent = Multiply(form.power, LogOneLess(x));
     constexpr double kMostExponent = 1e8;
     if (!(std::fabs(exponent.high) < kMostExponent)) return {};
     int more = 0;
-    value.fraction = Multiply(value.fraction, ExpScaled(exponent, more));
+    const DoubleDouble factor = ExpScaled(exponent, more);
+    value.fraction = Multiply(value.fraction, factor);
+    value.slope *= factor.high;
     value.exponent += more;
     return value;
 }
+
+namespace {
 
 DoubleDouble ArgumentOf(const Form& form, double x) {
     return form.pfaff ? Divide({x, 0}, TwoSum(x, -1)) : DoubleDouble{x, 0};
@@ -79,6 +84,17 @@ std::array<Form, 2> FormsForShifts(const std::array<Form, 4>& forms, double x) {
     return found;
 }
 
+/// Whether the parameters along a walk and their differences, by which it divides, keep all their
+/// bits: the errors that the twin goes by are those of value and slope only.
+bool KeepsParameters(const HypergeometricParameters& p) {
+    const double unit = ParameterUnit(p);
+    const auto isMultiple = [unit](DoubleDouble a) {
+        const double multiple = a.high / unit;  // integral from 2^52 on
+        return std::floor(multiple) == multiple;
+    };
+    return isMultiple(p.a) && isMultiple(p.b) && isMultiple(p.c);
+}
+
 /// A polynomial's own walk, then the general ones.
 Value ByShifts(const std::array<Form, 2>& forms, double x) {
     const DoubleDouble z = ArgumentOf(forms[0], x);
@@ -110,6 +126,13 @@ void TrySeries(const std::array<Form, 4>& sorted, double x, double least, double
 
 }  // namespace
 
+double ParameterUnit(const HypergeometricParameters& p) {
+    constexpr int kBits = 102;
+    constexpr double kMost = 0x1p1000;
+    const double size = 8 + std::fabs(p.a.high) + std::fabs(p.b.high) + std::fabs(p.c.high);
+    return std::ldexp(1, std::ilogb(std::min(size, kMost)) - kBits);
+}
+
 Value BestValue(const HypergeometricParameters& p, double x) {
     constexpr double kMostTerms = 1200;
     std::array<Form, 4> forms = FormsOf(p);
@@ -118,10 +141,11 @@ Value BestValue(const HypergeometricParameters& p, double x) {
     const std::array<Form, 2> shifted = FormsForShifts(forms, x);
     std::sort(forms.begin(), forms.end(),
               [](const Form& left, const Form& right) { return left.cost < right.cost; });
-    const double walk = CostOfShifts(shifted[0], x);
+    const bool walks = KeepsParameters(p);
+    const double walk = walks ? CostOfShifts(shifted[0], x) : kMostTerms;
     Value best;
     TrySeries(forms, x, -1, std::min(walk, kMostTerms), best);
-    if (best.loss >= kGoodEnough) KeepBetter(best, ByShifts(shifted, x));
+    if (best.loss >= kGoodEnough && walks) KeepBetter(best, ByShifts(shifted, x));
     TrySeries(forms, x, walk, kMostTerms, best);
     TrySeries(forms, x, kHopeless, kHopeless + kMostTerms, best);
     return best;

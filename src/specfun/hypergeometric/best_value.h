@@ -4,6 +4,7 @@
 
 #include <cmath>
 
+#include "specfun/hypergeometric/forms.h"
 #include "specfun/hypergeometric/parts.h"
 
 namespace kalvex::specfun {
@@ -13,14 +14,21 @@ struct Value {
     int exponent = 0;
     double loss = INFINITY;      // estimated error by what the last bit of x does
     double relative = INFINITY;  // the same by the value
+    double slope = 0;            // what the last bit of x does by that of the fraction
 };
 
-inline constexpr double kGoodEnough = 0x1p-56;
-inline constexpr double kBearable = 0x1p-52;
+inline constexpr double kGoodEnough = 0x1p-58;
+inline constexpr double kBearable = 0x1p-57;
 
 inline void KeepBetter(Value& best, const Value& other) {
     if (other.loss < best.loss) best = other;
 }
+
+/// The function from that of the form, `sum` at z.
+Value ValueOf(const Form& form, const HypergeometricPoint& sum, double x);
+
+/// Of what the parameters are multiples if walks do not round them.
+double ParameterUnit(const HypergeometricParameters& p);
 
 /// By the methods from the quickest up, until one is good enough. x is not 0, and at a pole in c
 /// the polynomial is the one that a ends.

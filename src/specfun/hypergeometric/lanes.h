@@ -82,7 +82,9 @@ LanesOf<Unit> PlusInteger(const LanesOf<Unit>& a, double k) {
 template <typename Unit>
 LanesOf<Unit> Difference(const LanesOf<Unit>& a, const LanesOf<Unit>& b) {
     const LanesOf<Unit> highs = ExactSum<Unit>(a.high, -b.high);
-    return Normalised<Unit>(highs.high, highs.low + (a.low - b.low));
+    const LanesOf<Unit> lows = ExactSum<Unit>(a.low, -b.low);
+    const LanesOf<Unit> sum = Normalised<Unit>(highs.high, highs.low + lows.high);
+    return {sum.high, sum.low + lows.low};
 }
 
 template <typename Unit>

@@ -17,9 +17,12 @@ inline DoubleDouble Reciprocal(DoubleDouble a) {
     return {high, rest * high};
 }
 
+/// With all digits where the high parts cancel: the step divides by it.
 inline DoubleDouble Difference(DoubleDouble a, DoubleDouble b) {
     const DoubleDouble highs = TwoSum(a.high, -b.high);
-    return QuickTwoSum(highs.high, highs.low + (a.low - b.low));
+    const DoubleDouble lows = TwoSum(a.low, -b.low);
+    const DoubleDouble sum = QuickTwoSum(highs.high, highs.low + lows.high);
+    return {sum.high, sum.low + lows.low};
 }
 
 // The functions below take numbers one by one (DoubleDouble) or four at once (LanesOf).
@@ -81,9 +84,12 @@ struct Column {
 inline constexpr double kTwinOffset = 0x1p-40;
 inline constexpr double kTwinError = 0x1p-100 / kTwinOffset;  // of a column by that of its twin
 inline constexpr double kOff = 1 + kTwinOffset;
+inline constexpr double kLess = 1 - kTwinOffset * 0.75;
 
 /// What terms of the twin are multiplied by: other numbers in every step, lest one step takes out
-/// what another has put in.
+/// what another has put in, and every product by its own, for where all of a step but its last
+/// digits depends on one number, what counts later is only what rounding did to the one product and
+/// not to the other. For the same reason the two columns of a map have other offsets.
 struct Offsets {
     double first = 0.5;  // between 0 and 1
     double second = 0.25;
@@ -107,11 +113,13 @@ struct WalkerOf {
     Offsets offsets;
 };
 
-/// What is done to each column; the columns are counted out, so that they stay in registers.
+/// What is done to each column with its own offsets; the columns are counted out, so that they stay
+/// in registers.
 template <typename Number, std::size_t count, typename Function>
 void ForEachColumn(WalkerOf<Number, count>& at, const Function& function) {
-    function(at.columns[0]);
-    if constexpr (count > 1) function(at.columns[1]);
+    const Offsets& offsets = at.offsets;
+    function(at.columns[0], offsets.off, offsets.less);
+    if constexpr (count > 1) function(at.columns[1], offsets.less, offsets.off);
 }
 
 /// a + 1 in place of a, which is p[own], 0 or 1.
@@ -122,13 +130,13 @@ void Raise(WalkerOf<Number, count>& at, const PlaceOf<Number>& place) {
     const Number next = PlusInteger(a, 1);
     const Number ofRise = LooseProduct(Difference(next, at.p[2]), place.inverse);
     const Number ofValue = LooseProduct(at.p[1 - own], place.odds);
-    ForEachColumn(at, [&](Column<Number>& column) {
+    ForEachColumn(at, [&](Column<Number>& column, double off, double less) {
         const Number rise = LooseProduct(column.slope, inverse);
         column.value = QuickAdd(column.value, rise);
         column.slope = SumOfProducts(ofRise, rise, ofValue, column.value);
-        const auto twinRise = column.twinSlope * inverse.high * at.offsets.off;
-        column.twin = column.twin * at.offsets.less + twinRise;
-        column.twinSlope = ofRise.high * twinRise * at.offsets.off + ofValue.high * column.twin;
+        const auto twinRise = column.twinSlope * inverse.high * off;
+        column.twin = column.twin * less + twinRise;
+        column.twinSlope = ofRise.high * twinRise * off + ofValue.high * column.twin * less;
     });
     at.p[own] = next;
 }
@@ -141,14 +149,14 @@ void Lower(WalkerOf<Number, count>& at, const PlaceOf<Number>& place) {
     const Number ofSlope = LooseProduct(place.w, inverse);
     const Number ofValue = LooseProduct(LooseProduct(Negate(at.p[1 - own]), place.z), inverse);
     const Number before = PlusInteger(Negate(a), 1);
-    ForEachColumn(at, [&](Column<Number>& column) {
+    ForEachColumn(at, [&](Column<Number>& column, double off, double less) {
         const Number rise = SumOfProducts(ofSlope, column.slope, ofValue, column.value);
         column.value = QuickAdd(column.value, rise);
         column.slope = LooseProduct(before, rise);
         const auto twinRise =
-            ofSlope.high * column.twinSlope * at.offsets.off + ofValue.high * column.twin;
-        column.twin = column.twin * at.offsets.off + twinRise;
-        column.twinSlope = before.high * twinRise;
+            ofSlope.high * column.twinSlope * off + ofValue.high * column.twin * less;
+        column.twin = column.twin * off + twinRise;
+        column.twinSlope = before.high * twinRise * less;
     });
     at.p[own] = PlusInteger(a, -1);
 }
@@ -162,13 +170,12 @@ void RaiseThird(WalkerOf<Number, count>& at, const PlaceOf<Number>& place) {
     const Number factor = LooseProduct(c, Reciprocal(LooseProduct(fromA, fromB)));
     const Number ofSlope = LooseProduct(factor, place.evens);
     const Number ofValue = LooseProduct(factor, Difference(fromA, at.p[1]));
-    ForEachColumn(at, [&](Column<Number>& column) {
+    ForEachColumn(at, [&](Column<Number>& column, double off, double less) {
         const Number value = SumOfProducts(ofSlope, column.slope, ofValue, column.value);
         column.slope = LooseProduct(c, QuickAdd(column.value, Negate(value)));
         column.value = value;
-        const auto twin =
-            ofSlope.high * column.twinSlope * at.offsets.off + ofValue.high * column.twin;
-        column.twinSlope = c.high * (column.twin * at.offsets.off - twin);
+        const auto twin = ofSlope.high * column.twinSlope * off + ofValue.high * column.twin * less;
+        column.twinSlope = c.high * (column.twin * off - twin);
         column.twin = twin;
     });
     at.p[2] = PlusInteger(c, 1);
@@ -184,13 +191,12 @@ void LowerThird(WalkerOf<Number, count>& at, const PlaceOf<Number>& place) {
     const Number ofBefore =
         LooseProduct(LooseProduct(LooseProduct(fromA, fromB), inverse), place.odds);
     const Number ofValue = LooseProduct(Difference(at.p[1], fromA), place.odds);
-    ForEachColumn(at, [&](Column<Number>& column) {
+    ForEachColumn(at, [&](Column<Number>& column, double off, double less) {
         const Number value = QuickAdd(column.value, LooseProduct(column.slope, inverse));
         column.slope = SumOfProducts(ofBefore, column.value, ofValue, value);
         column.value = value;
-        const auto twin =
-            column.twin * at.offsets.less + column.twinSlope * inverse.high * at.offsets.off;
-        column.twinSlope = ofBefore.high * column.twin * at.offsets.off + ofValue.high * twin;
+        const auto twin = column.twin * less + column.twinSlope * inverse.high * off;
+        column.twinSlope = ofBefore.high * column.twin * off + ofValue.high * twin * less;
         column.twin = twin;
     });
     at.p[2] = c;

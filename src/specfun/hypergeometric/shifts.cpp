@@ -65,7 +65,7 @@ double ComeFromFar(const HypergeometricParameters& p, const std::array<double, 3
 }
 
 bool IsGood(const HypergeometricPoint& point) {
-    constexpr double kGood = 0x1p-57;
+    constexpr double kGood = 0x1p-60;  // what the conversion to x makes of it included
     return point.error < kGood * (std::fabs(point.value.high) + std::fabs(point.slope.high));
 }
 
@@ -115,6 +115,7 @@ HypergeometricPoint WalkFrom(const HypergeometricParameters& from,
     if (route.ups + route.downs <= kFewSteps) {
         HypergeometricPoint point = AtStart(from, place, kLessTolerance);
         point.error = 0;
+        point.slopeError = 0;
         if (!point.failed) point = Outwards(from, point, to, place);
         // the error of the start grows as that of the steps does, but is so much larger
         point.error *= kLessTolerance / kTolerance;

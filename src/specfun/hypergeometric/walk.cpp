@@ -66,8 +66,8 @@ void Take(const Block& block, Traveller& t) {
     const DoubleDouble value = SumOfProducts(first.value, own.value, second.value, own.slope);
     own.slope = SumOfProducts(first.slope, own.value, second.slope, own.slope);
     own.value = value;
-    const double twin = first.twin * own.twin * kOff + second.twin * own.twinSlope;
-    own.twinSlope = first.twinSlope * own.twin * kOff + second.twinSlope * own.twinSlope;
+    const double twin = first.twin * own.twin * kOff + second.twin * own.twinSlope * kLess;
+    own.twinSlope = first.twinSlope * own.twin * kLess + second.twinSlope * own.twinSlope * kOff;
     own.twin = twin;
 }
 
@@ -121,9 +121,9 @@ Traveller StartOf(const HypergeometricParameters& p, const HypergeometricPoint& 
     const double relative = point.error / kTwinError / (std::fabs(value) + std::fabs(slope));
     Traveller t;
     t.at.p = {p.a, p.b, p.c};
-    t.at.columns[0] = {point.value, point.slope,
-                       value + relative * (std::fabs(value) + std::fabs(slope) / scale),
-                       slope - relative * (std::fabs(slope) + std::fabs(value))};
+    t.at.columns[0] = {
+        point.value, point.slope, value + relative * (std::fabs(value) + std::fabs(slope) / scale),
+        slope - relative * (std::fabs(slope) + std::fabs(value)) - point.slopeError / kTwinError};
     t.exponent = point.exponent;
     return t;
 }
@@ -162,8 +162,10 @@ bool WalkTo(const HypergeometricParameters& to, const Place& place, Traveller& t
 
 HypergeometricPoint PointOf(const Traveller& t) {
     constexpr double kLeastError = 0x1p-99;
+    // one sample of what rounding does, which may happen to be small where one rounding counts
+    constexpr double kMargin = 0x1p10;
     const Column<DoubleDouble>& own = t.at.columns[0];
-    const double error = kTwinError * std::fabs(own.twin - own.value.high) +
+    const double error = kMargin * kTwinError * std::fabs(own.twin - own.value.high) +
                          kLeastError * (std::fabs(own.value.high) + std::fabs(own.slope.high));
     const bool failed = !std::isfinite(error + own.value.high);
     return {own.value, own.slope, error, failed, false, t.exponent};
