@@ -27,7 +27,7 @@ struct Simd {
         return value;
     }
     static void Store(double* to, Vec value) { __builtin_memcpy(to, &value, sizeof value); }
-    static Vec Set(double value) { return Vec{} + value; }
+    static Vec Set(double value) { return Vec{value, value}; }
     template <typename Mask>
     static bool Any(Mask mask) {
         for (std::size_t lane = 0; lane < kLanes; ++lane) {

@@ -32,6 +32,20 @@ constexpr OpCode kCh = FunctionOp(FunctionNumber::Ch);
 constexpr OpCode kTh = FunctionOp(FunctionNumber::Th);
 constexpr OpCode kGamma = FunctionOp(FunctionNumber::Gamma);
 
+TEST(KernelEnds, AVanishedGammaHasTheSignOfTheFunction) {
+    const struct {
+        double x;
+        bool isNegative;
+    } rows[] = {{-200.5, true}, {-201.5, false}, {-16734.031864316188, true}, {-16735.5, false}};
+    ForEachTable([&rows](const KernelTable& table) {
+        for (const auto& [x, isNegative] : rows) {
+            const double value = Compute(table, kGamma, {x})[0];
+            EXPECT_EQ(value, 0.0) << x;
+            EXPECT_EQ(std::signbit(value), isNegative) << x;
+        }
+    });
+}
+
 TEST(KernelEnds, OfFunctionsOfOneArgument) {
     constexpr double kBelowOne = 1.0 - 0x1p-53;
     const struct {
