@@ -21,6 +21,7 @@ struct Home {
             environment.insert(name, folder.path());
         }
         environment.insert("QT_QPA_PLATFORM", "offscreen");
+        environment.insert("LC_ALL", "C.UTF-8");  // Qt remarks on a locale without UTF-8
         process.setProcessEnvironment(environment);
         process.start(KALVEX_PROGRAM, QStringList());
     }
