@@ -69,6 +69,27 @@ TEST(Beta, EndsOfTheRange) {
     EXPECT_TRUE(std::isnan(Beta(std::nan(""), 1)));
 }
 
+TEST(Beta, OfNegativeArguments) {
+    constexpr double kMost = 1e-14;
+    const struct {
+        double a, b, expected;
+    } rows[] = {
+        {-0.5, 2, -4.0},
+        {-2.5, 1.25, -0.21850479619100998421},
+        {-2.5, 10.5, -212.55911583494964828},
+        {-3.5, -1.25, -18.780848179480407852},
+        {-0.25, -0.5, -3.5944207042067766223},
+        {-100.5, 30.25, 5.4070687819553083459e-28},
+        {-100.5, 200.75, -2.3842649090700116094e+59},
+        {-2.5, 0.25, 1.9665431657190898578},
+        {-1.5, 1.5, 0},
+    };
+    for (const auto& [a, b, expected] : rows) {
+        EXPECT_NEAR(Beta(a, b), expected, kMost * std::fabs(expected)) << a << " " << b;
+        EXPECT_EQ(Beta(a, b), Beta(b, a));
+    }
+}
+
 TEST(Beta, Poles) {
     for (const double pole : {0.0, -1.0, -7.0, -1e300}) {
         try {

@@ -17,6 +17,20 @@ constexpr double kLeast = std::numeric_limits<double>::denorm_min();
 
 using Function = double (*)(double);
 
+TEST(ExponentialIntegral, BelowZero) {
+    constexpr double kMost = 4e-15;
+    const struct {
+        double x, expected;
+    } rows[] = {
+        {-0.01, -4.0379295765381138112},   {-0.5, -0.55977359477616081175},
+        {-0.999, -0.21975218202294454114}, {-1, -0.21938393439552027368},
+        {-1.5, -0.1000195824066326519},    {-5, -0.0011482955912753257973},
+        {-30, -3.0215520106888125448e-15}, {-700, -1.4065187662340329228e-307},
+    };
+    for (const auto& [x, expected] : rows)
+        EXPECT_NEAR(Ei(x), expected, kMost * std::fabs(expected)) << x;
+}
+
 TEST(Integrals, KeepNotANumber) {
     for (const Function f :
          {Si, Ci, Shi, Chi, Ei, Li, DawsonF, FresnelS, FresnelC, AiryAi, AiryBi, Psi})

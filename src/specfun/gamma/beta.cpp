@@ -11,7 +11,6 @@
 #include <limits>
 
 #include "specfun/gamma/stirling.h"
-#include "specfun/library_call.h"
 #include "specfun/precision/double_double.h"
 #include "specfun/precision/quick_log_exp.h"
 #include "specfun/specfun.h"
@@ -83,6 +82,22 @@ double OfTiny(double a, double b) {
     return sumInTwo.high + (sumInTwo.low + rest);
 }
 
+/// sin(pi x), exactly 0 for a whole x.
+double SinePi(double x) {
+    const double whole = std::nearbyint(x);
+    const double sine = std::sin(kPi.high * (x - whole));
+    return std::fmod(whole, 2.0) == 0 ? sine : -sine;
+}
+
+/// a below 0, b at least a, neither a pole: the gamma functions of negative arguments reflected
+/// (DLMF 5.5.3), what is left being one of positive arguments.
+double Reflected(double a, double b) {
+    const double sum = a + b;
+    if (b > 0 && sum > 0) return kPi.high / (SinePi(a) * b * Beta(1 - a, sum));
+    if (b > 0) return SinePi(sum) / SinePi(a) * Beta(b, 1 - sum);
+    return kPi.high * SinePi(sum) / (SinePi(a) * SinePi(b) * (1 - sum) * Beta(1 - a, 1 - b));
+}
+
 }  // namespace
 
 KALVEX_WITH_FMA
@@ -91,7 +106,7 @@ double Beta(double a, double b) {
     if (IsPole(a) || IsPole(b)) throw ap::ap_error{"Overflow in Beta"};
     const double lesser = std::min(a, b);
     const double greater = std::max(a, b);
-    if (lesser < 0) return FromLibrary([a, b] { return alglib::beta(a, b); });
+    if (lesser < 0) return Reflected(lesser, greater);
     constexpr double kTiny = 0x1p-80;    // B = (a+b)/(ab) (1 - a (psi(1+b) + gamma) + ...)
     constexpr double kVanishing = 1100;  // B(a,a) is about 4^-a
     if (greater == kInfinity || lesser > kVanishing) return 0;

@@ -10,7 +10,6 @@
 #include "specfun/integrals/exponential_pieces.h"
 #include "specfun/integrals/hyperbolic_pieces.h"
 #include "specfun/integrals/integral_series.h"
-#include "specfun/library_call.h"
 #include "specfun/piecewise.h"
 #include "specfun/precision/quick_log_exp.h"
 #include "specfun/specfun.h"
@@ -73,6 +72,28 @@ double PositiveShi(double x) {
     return HalfOfEi(x);
 }
 
+/// E1(x) for x from 0 to 1: DLMF 6.6.2.
+double E1NearZero(double x) {
+    double term = 1;
+    double sum = 0;
+    for (int k = 1; k <= 20; ++k) {
+        term *= -x / k;
+        sum -= term / k;
+    }
+    return sum - kEulerGamma.high - std::log(x);
+}
+
+/// E1(x) for x above 0, from 1 on by the even part of its continued fraction (DLMF 6.9.1) from the
+/// back; at 1, where it converges slowest, about exp(-4 sqrt(k)) is left after k terms.
+double E1(double x) {
+    constexpr int kTerms = 120;
+    if (x < 1) return E1NearZero(x);
+    double tail = 0;
+    for (int k = kTerms; k >= 1; --k)
+        tail = 1.0 * k * k / (x + 2 * k + 1 - tail);
+    return std::exp(-x) / (x + 1 - tail);
+}
+
 }  // namespace
 
 KALVEX_WITH_FMA
@@ -81,7 +102,7 @@ double Ei(double x) {
     if (x == 0) return -kInfinity;
     if (x > 0) return PositiveEi(x);
     if (x < -750) return 0;  // below the least double
-    return FromLibrary([x] { return -alglib::exponentialintegralen(-x, 1); });
+    return -E1(-x);
 }
 
 KALVEX_WITH_FMA
