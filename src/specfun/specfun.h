@@ -26,8 +26,8 @@ namespace kalvex::specfun {
 /// Orders of the modified Bessel functions beyond this magnitude throw.
 inline constexpr double MaxModifiedOrder = 1e12;
 
-// The bounds from Gamma to FresnelC were searched for on 1.2 million points each, denormal values left out, half of them
-// random and half climbing from the worst of these; nothing above was found.
+// The bounds from Gamma to FresnelC were searched for on 1.2 million points each, denormal values
+// left out, half of them random and half climbing from the worst of these; nothing above was found.
 
 /// Gamma function. All x. 0 and negative integers give an infinity, above 171.62437 plus infinity;
 /// below -200 a zero of the right sign. Polynomials from 1 to 2, recurrence to 10, Stirling's
