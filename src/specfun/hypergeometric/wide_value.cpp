@@ -1,7 +1,8 @@
-// Sums in numbers of 256 to 2048 bits: the precision is what plain arithmetic says that the series
-// loses, and is doubled until the bound of the error, which follows from the greatest term, is
-// small enough. Up to x = 0.9 the form of the power series that loses least (DLMF 15.8.1). Beyond,
-// the function is a combination of the solutions at 1, with w = 1-x and s = c-a-b,
+// Sums in numbers of 192 to 2048 bits: the precision is what plain arithmetic says that the series
+// loses, and is raised until the bound of the error, which follows from the magnitudes of the
+// terms, is small enough. Up to x = 0.9 the form of the power series that loses least
+// (DLMF 15.8.1). Beyond, the function is a combination of the solutions at 1, with w = 1-x and s =
+// c-a-b,
 //   y1 = F(a,b;1-s;w),  y2 = w^s g,  g = F(c-a,c-b;1+s;w)  (DLMF 15.10.13, 15.10.14),
 // both matched with the series at 0 at the point 1/2 by their Wronskian s w^(s-1) (1-w)^(-c). Where
 // s is integral the two do not differ, and a is moved by 2^-200, which the value does not notice.
@@ -23,12 +24,6 @@ constexpr double kEnough = 70;     // of them known to be right
 constexpr double kFarthest = 0.9;  // where sums are the quicker way
 constexpr double kFarthestAtAll = 0.96;
 constexpr double kMove = 200;
-
-/// 2^exponent, for what is far from the ends of the range.
-double PowerOfTwo(double exponent) {
-    constexpr double kEnd = 1000;
-    return std::exp2(std::clamp(exponent, -kEnd, kEnd));
-}
 
 /// What a sum is going to be like: the greatest term and the sum, as logarithms to base 2. Of a sum
 /// that cancels too much for plain arithmetic only a bound is known.
@@ -73,16 +68,14 @@ Foreseen ForeseenOf(const HypergeometricParameters& p, double z) {
     return {};
 }
 
-template <std::size_t limbs>
-WideParameters<limbs> Widened(const HypergeometricParameters& p) {
-    return {WideOf<limbs>(p.a.high), WideOf<limbs>(p.b.high), WideOf<limbs>(p.c.high)};
+WideParameters Widened(const HypergeometricParameters& p) {
+    return {WideOf<6>(p.a.high), WideOf<6>(p.b.high), WideOf<6>(p.c.high)};
 }
 
 /// The i-th of FormsOf, exactly.
-template <std::size_t limbs>
-WideParameters<limbs> WideForm(const WideParameters<limbs>& p, std::size_t i) {
-    const Wide<limbs> fromA = Subtract(p.c, p.a);
-    const Wide<limbs> fromB = Subtract(p.c, p.b);
+WideParameters WideForm(const WideParameters& p, std::size_t i) {
+    const Exact fromA = Subtract(p.c, p.a);
+    const Exact fromB = Subtract(p.c, p.b);
     return {i % 2 == 1 ? fromA : p.a, i == 1 || i == 2 ? fromB : p.b, p.c};
 }
 
@@ -101,52 +94,61 @@ HypergeometricPoint PointOf(const Bounded<limbs>& sum) {
 
 template <std::size_t limbs>
 HypergeometricPoint BySum(const HypergeometricParameters& p, std::size_t i, double x) {
-    const Wide<limbs> own = WideOf<limbs>(x);
-    const Wide<limbs> z = i < 2 ? own : Divide(own, Subtract(own, WideOf<limbs>(1)));
-    const WideSum<limbs> sum = SumWide(WideForm(Widened<limbs>(p), i), z, kWanted);
+    const Exact own = WideOf<6>(x);
+    const Exact one = WideOf<6>(1);
+    const WideArgument z = {own, i < 2 ? one : Subtract(own, one)};
+    const WideSum<limbs> sum = SumWide<limbs, false, 3>(WideForm(Widened(p), i), z, kWanted);
     return PointOf(sum.failed ? Bounded<limbs>{{}, INFINITY} : sum.value);
 }
 
+/// The solutions at 1 and their exponents.
+struct AtOne {
+    WideParameters first;
+    WideParameters second;
+    Exact s;
+};
+
 /// From the values at 1/2, of the function as `middle`, to x; without the factor 2^-c.
 template <std::size_t limbs>
-Bounded<limbs> Joined(const WideSum<limbs>& middle, const WideParameters<limbs>& first,
-                      const WideParameters<limbs>& second, const Bounded<limbs>& s, double x) {
-    const Wide<limbs> half = WideOf<limbs>(0.5);
-    const Wide<limbs> w = Subtract(WideOf<limbs>(1), WideOf<limbs>(x));
-    const double all = Wide<limbs>::kBits;
-    const WideSum<limbs> one = SumWide(first, half, all);
-    const WideSum<limbs> other = SumWide(second, half, all);
-    const WideSum<limbs> oneThere = SumWide(first, w, all);
-    const WideSum<limbs> otherThere = SumWide(second, w, all);
+Bounded<limbs> Joined(const WideSum<limbs>& middle, const AtOne& p, double x) {
+    const WideArgument half = {WideOf<6>(0.5)};
+    const WideArgument w = {Subtract(WideOf<6>(1), WideOf<6>(x))};
+    const double all = LimbNumber<limbs>::kBits;
+    const WideSum<limbs> one = SumWide<limbs, true>(p.first, half, all);
+    const WideSum<limbs> other = SumWide<limbs, true>(p.second, half, all);
+    const WideSum<limbs> oneThere = SumWide<limbs, false>(p.first, w, all);
+    const WideSum<limbs> otherThere = SumWide<limbs, false>(p.second, w, all);
     if (one.failed || other.failed || oneThere.failed || otherThere.failed) return {{}, INFINITY};
+    const Bounded<limbs> s = {WideOf<limbs>(p.s), SizeOf(p.s) - Wide<limbs>::kBits};
     const Bounded<limbs> rise = Add(Multiply(s, other.value), other.slope);
     const Bounded<limbs> ofOne =
         Add(Multiply(middle.value, rise), Multiply(middle.slope, other.value));
     const Bounded<limbs> ofOther =
         Add(Multiply(one.value, middle.slope), Multiply(one.slope, middle.value));
-    const Wide<limbs> exponent = Multiply(s.value, Log(Scale(w, 1)));
+    const Wide<limbs> exponent = Multiply(s.value, Log(WideOf<limbs>(Scale(w.z, 1))));
     constexpr double kLost = 24;  // by the exponential
     const Wide<limbs> power = Exp(exponent);
-    const double known = kLost + std::max(0.0, SizeOf(exponent)) + 1 - all;
+    const double known = kLost + std::max(0.0, SizeOf(exponent)) + 1 - Wide<limbs>::kBits;
     const Bounded<limbs> factor = {Negate(power), SizeOf(power) + known};
     const Bounded<limbs> sum =
         Add(Multiply(ofOne, oneThere.value), Multiply(Multiply(ofOther, otherThere.value), factor));
-    return {Divide(sum.value, s.value), sum.error - SizeOf(s.value) + 2};
+    return {Divide(sum.value, s.value), sum.error - SizeOf(s.value) + 3};
 }
 
 template <std::size_t limbs>
 HypergeometricPoint ByJoining(const HypergeometricParameters& p, bool moves, double x) {
     constexpr double kNoticed = 120;  // of the move, at most, beside a value
-    WideParameters<limbs> wide = Widened<limbs>(p);
-    if (moves) wide.a = Add(wide.a, Scale(WideOf<limbs>(1), static_cast<int>(-kMove)));
-    const Wide<limbs> one = WideOf<limbs>(1);
-    const WideParameters<limbs> euler = WideForm(wide, 1);
-    const Wide<limbs> s = Subtract(euler.a, wide.b);
+    WideParameters wide = Widened(p);
+    if (moves) wide.a = Add(wide.a, Scale(WideOf<6>(1), static_cast<int>(-kMove)));
+    const Exact one = WideOf<6>(1);
+    const WideParameters euler = WideForm(wide, 1);
+    const Exact s = Subtract(euler.a, wide.b);
     const WideSum<limbs> middle =
-        SumWide(wide, WideOf<limbs>(0.5), static_cast<double>(Wide<limbs>::kBits));
+        SumWide<limbs, true>(wide, {WideOf<6>(0.5)}, LimbNumber<limbs>::kBits);
     if (middle.failed) return PointOf(Bounded<limbs>{{}, INFINITY});
-    Bounded<limbs> value = Joined<limbs>(middle, {wide.a, wide.b, Subtract(one, s)},
-                                         {euler.a, euler.b, Add(one, s)}, {s}, x);
+    const AtOne solutions = {
+        {wide.a, wide.b, Subtract(one, s)}, {euler.a, euler.b, Add(one, s)}, s};
+    Bounded<limbs> value = Joined<limbs>(middle, solutions, x);
     if (moves) value.error = std::max(value.error, SizeOf(value.value) + kNoticed - kMove) + 1;
     return PointOf(value);
 }
@@ -158,14 +160,17 @@ HypergeometricPoint WithBits(double bits, double most, const Function& function)
     point.failed = true;
     const auto attempt = [&]<std::size_t limbs>() {
         const bool known = !point.failed && point.error < PowerOfTwo(-kEnough);
-        if (!known && bits <= Wide<limbs>::kBits && Wide<limbs>::kBits <= most) {
+        if (!known && bits <= LimbNumber<limbs>::kBits && LimbNumber<limbs>::kBits <= most) {
             point = function.template operator()<limbs>();
         }
     };
     attempt.template operator()<4>();
+    attempt.template operator()<6>();
     attempt.template operator()<8>();
-    attempt.template operator()<16>();
-    attempt.template operator()<32>();
+    attempt.template operator()<12>();
+    attempt.template operator()<17>();
+    attempt.template operator()<24>();
+    attempt.template operator()<33>();
     point.failed = point.failed || !(point.error < PowerOfTwo(-kEnough));
     return point;
 }
