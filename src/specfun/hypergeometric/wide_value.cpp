@@ -23,6 +23,7 @@ constexpr double kWanted = 90;     // bits of a value
 constexpr double kEnough = 70;     // of them known to be right
 constexpr double kFarthest = 0.9;  // where sums are the quicker way
 constexpr double kFarthestAtAll = 0.96;
+constexpr double kFastDecay = 30;  // of terms at 1, by the power that they fall with
 constexpr double kMove = 200;
 
 /// What a sum is going to be like: the greatest term and the sum, as logarithms to base 2. Of a sum
@@ -153,20 +154,33 @@ HypergeometricPoint ByJoining(const HypergeometricParameters& p, bool moves, dou
     return PointOf(value);
 }
 
+/// The bits to try next: what lacks, if the sign of the value is known.
+double MoreBits(const HypergeometricPoint& point, double bits) {
+    constexpr double kMargin = 8;
+    constexpr double kSignKnown = 4;
+    constexpr double kTimes = 1.4;
+    const double known = point.failed ? 0 : -std::log2(point.error);
+    return known > kSignKnown ? bits + kEnough + kMargin - known : kTimes * bits;
+}
+
 /// The first of the numbers of limbs from `bits` to `most` bits that is enough.
 template <typename Function>
 HypergeometricPoint WithBits(double bits, double most, const Function& function) {
     HypergeometricPoint point;
     point.failed = true;
     const auto attempt = [&]<std::size_t limbs>() {
+        constexpr double kBits = LimbNumber<limbs>::kBits;
         const bool known = !point.failed && point.error < PowerOfTwo(-kEnough);
-        if (!known && bits <= LimbNumber<limbs>::kBits && LimbNumber<limbs>::kBits <= most) {
-            point = function.template operator()<limbs>();
-        }
+        if (known || bits > kBits || kBits > most) return;
+        point = function.template operator()<limbs>();
+        bits = MoreBits(point, kBits);
+        if (kBits < most) bits = std::min(bits, most);
     };
     attempt.template operator()<4>();
+    attempt.template operator()<5>();
     attempt.template operator()<6>();
-    attempt.template operator()<8>();
+    attempt.template operator()<7>();
+    attempt.template operator()<9>();
     attempt.template operator()<12>();
     attempt.template operator()<17>();
     attempt.template operator()<24>();
@@ -178,20 +192,24 @@ HypergeometricPoint WithBits(double bits, double most, const Function& function)
 Value Joining(const HypergeometricParameters& p, double x) {
     constexpr double kMargin = 40;
     constexpr double kMostTerms = 3000;
-    constexpr double kMostBits = 1024;
+    constexpr double kMostBits = LimbNumber<24>::kBits;
     const DoubleDouble s = Subtract(Subtract(p.c, p.a), p.b);
     const HypergeometricParameters first = {p.a, p.b, PlusInteger(Negate(s), 1)};
     const HypergeometricParameters second = {Subtract(p.c, p.a), Subtract(p.c, p.b),
                                              PlusInteger(s, 1)};
-    for (const HypergeometricParameters& part : {p, first, second}) {
-        const bool ends = IsNegativeInteger(part.c);  // the solution moves instead
-        if (!ends && !(ForeseenOf(part, 0.5).terms < kMostTerms)) return {};
+    double largest = 0;  // of what is to cancel
+    const std::array<HypergeometricParameters, 3> parts = {p, first, second};
+    for (const HypergeometricParameters& part : parts) {
+        if (IsNegativeInteger(part.c)) continue;  // the solution moves instead
+        const Foreseen foreseen = ForeseenOf(part, 0.5);
+        if (!(foreseen.terms < kMostTerms)) return {};
+        if (&part != parts.data()) largest = std::max(largest, foreseen.largest);
     }
     const DoubleDouble left = Subtract(s, std::nearbyint(s.high));
     const bool moves = left.high == 0;
     const double lost = moves ? kMove : -std::log2(std::fabs(left.high));
     const HypergeometricPoint point =
-        WithBits(lost + kWanted + kMargin, kMostBits,
+        WithBits(std::min(std::max(lost, largest) + kWanted + kMargin, kMostBits), kMostBits,
                  [&]<std::size_t limbs>() { return ByJoining<limbs>(p, moves, x); });
     Value value = ValueOf({p, {}, false, 0}, point, x);
     if (point.failed) return value;
@@ -221,10 +239,14 @@ Choice Cheapest(const std::array<Form, 4>& forms, double x) {
     const bool atPole = IsNegativeInteger(forms[0].p.c);
     for (std::size_t i = 0; i < (atPole ? 1 : forms.size()); ++i) {
         const double z = forms[i].pfaff ? x / (x - 1) : x;
-        if (std::fabs(z) > kFarthestAtAll && !atPole && DegreeOf(forms[i].p) == INFINITY) continue;
-        foreseen[i] = ForeseenOf(forms[i].p, z);
-        const double own = foreseen[i].sum + forms[i].power.high * std::log2(1 - x);
-        value = std::min(value, own - (foreseen[i].measured ? 0 : kUnmeasured));
+        const HypergeometricParameters& own = forms[i].p;
+        const double decay = own.c.high - own.a.high - own.b.high;
+        const bool isLong =
+            std::fabs(z) > kFarthestAtAll && !(std::fabs(z) < 1 && decay > kFastDecay);
+        if (isLong && !atPole && DegreeOf(own) == INFINITY) continue;
+        foreseen[i] = ForeseenOf(own, z);
+        const double size = foreseen[i].sum + forms[i].power.high * std::log2(1 - x);
+        value = std::min(value, size - (foreseen[i].measured ? 0 : kUnmeasured));
     }
     Choice best;
     for (std::size_t i = 0; i < forms.size(); ++i) {
@@ -237,22 +259,33 @@ Choice Cheapest(const std::array<Form, 4>& forms, double x) {
     return best;
 }
 
+/// For at most so many terms times limbs.
+Value Summed(const std::array<Form, 4>& forms, const Choice& choice, double most, double x) {
+    if (!(choice.cost < most)) return {};
+    const HypergeometricPoint point =
+        WithBits(choice.bits, 64 * most / choice.terms,
+                 [&]<std::size_t limbs>() { return BySum<limbs>(forms[0].p, choice.form, x); });
+    return ValueOf(forms[choice.form], point, x);
+}
+
 }  // namespace
 
 Value WideValue(const HypergeometricParameters& p, double x) {
     constexpr double kMostCost = 30000;  // terms times limbs
+    constexpr double kCostOfJoining = 5000;
     const std::array<Form, 4> forms = FormsOf(p);
     const bool ends = DegreeOf(p) < INFINITY || DegreeOf(forms[1].p) < INFINITY;
-    if (x > kFarthest && !ends) {
-        const Value joined = Joining(p, x);
-        if (joined.loss < kGoodEnough) return joined;
-    }
+    const bool joins = x > kFarthest && !ends;
     const Choice choice = Cheapest(forms, x);
-    if (!(choice.cost < kMostCost)) return {};
-    const HypergeometricPoint point =
-        WithBits(choice.bits, 64 * kMostCost / choice.terms,
-                 [&]<std::size_t limbs>() { return BySum<limbs>(p, choice.form, x); });
-    return ValueOf(forms[choice.form], point, x);
+    if (choice.cost < kCostOfJoining) {
+        const Value value = Summed(forms, choice, joins ? 2 * kCostOfJoining : kMostCost, x);
+        if (!joins || value.loss < kGoodEnough) return value;
+    }
+    if (joins) {
+        const Value value = Joining(p, x);
+        if (value.loss < kGoodEnough) return value;
+    }
+    return Summed(forms, choice, kMostCost, x);
 }
 
 }  // namespace kalvex::specfun

@@ -63,10 +63,12 @@ LimbNumber<limbs> OneInLimbs() {
     return one;
 }
 
-/// a *= factor, cut off to the limbs of a. The factor is not 0.
-template <std::size_t limbs>
-void MultiplyBy(const Factor& factor, LimbNumber<limbs>& a) {
-    std::array<std::uint64_t, limbs + kMostFactorLimbs> product;
+/// The same for a factor of so many limbs, or of more if that is 0; known numbers of limbs stay in
+/// registers.
+template <std::size_t known, std::size_t limbs>
+void MultiplyByLimbs(const Factor& factor, LimbNumber<limbs>& a) {
+    const std::size_t count = known != 0 ? known : factor.count;
+    std::array<std::uint64_t, limbs + (known != 0 ? known : kMostFactorLimbs)> product;
     std::uint64_t carry = 0;
     for (std::size_t j = 0; j < limbs; ++j) {
         const TwoLimbs sum = static_cast<TwoLimbs>(factor.digits[0]) * a.digits[j] + carry;
@@ -74,7 +76,7 @@ void MultiplyBy(const Factor& factor, LimbNumber<limbs>& a) {
         carry = static_cast<std::uint64_t>(sum >> 64);
     }
     product[limbs] = carry;
-    for (std::size_t i = 1; i < factor.count; ++i) {
+    for (std::size_t i = 1; i < count; ++i) {
         carry = 0;
         for (std::size_t j = 0; j < limbs; ++j) {
             const TwoLimbs sum =
@@ -84,10 +86,31 @@ void MultiplyBy(const Factor& factor, LimbNumber<limbs>& a) {
         }
         product[i + limbs] = carry;
     }
-    const std::size_t dropped = factor.count - (carry == 0 ? 1 : 0);
+    const bool isFull = carry != 0;
     for (std::size_t j = 0; j < limbs; ++j)
-        a.digits[j] = product[dropped + j];
-    a.exponent += static_cast<std::int64_t>(dropped);
+        a.digits[j] = isFull ? product[count + j] : product[count - 1 + j];
+    a.exponent += static_cast<std::int64_t>(count) - (isFull ? 0 : 1);
+}
+
+/// a *= factor, cut off to the limbs of a. The factor is not 0.
+template <std::size_t limbs>
+void MultiplyBy(const Factor& factor, LimbNumber<limbs>& a) {
+    constexpr std::size_t kMostInRegisters = 8;
+    if constexpr (limbs <= kMostInRegisters) {
+        switch (factor.count) {
+            case 1:
+                return MultiplyByLimbs<1>(factor, a);
+            case 2:
+                return MultiplyByLimbs<2>(factor, a);
+            case 3:
+                return MultiplyByLimbs<3>(factor, a);
+            case 4:
+                return MultiplyByLimbs<4>(factor, a);
+            default:
+                break;
+        }
+    }
+    MultiplyByLimbs<0>(factor, a);
 }
 
 /// After digits have cancelled.
