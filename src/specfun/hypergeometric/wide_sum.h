@@ -68,6 +68,7 @@ struct WideSum {
     Bounded<limbs> value;
     Bounded<limbs> slope;
     bool failed = true;
+    bool isLong = false;  // failed for want of terms, which more limbs do not help
 };
 
 inline constexpr int kMostWideTerms = 6000;
@@ -262,7 +263,8 @@ struct RunningSum {
 /// rounding leaves unknown or beside 2^-wanted times the sum. The relative error is at least that
 /// of the denominator, of `below` limbs.
 template <std::size_t limbs, bool slopes, std::size_t below = limbs>
-WideSum<limbs> SumWide(const WideParameters& p, const WideArgument& argument, double wanted) {
+WideSum<limbs> SumWide(const WideParameters& p, const WideArgument& argument, double wanted,
+                       double most = kMostWideTerms) {
     constexpr int kBetweenLooks = 4;
     constexpr double kSmall = 0x1p-60;
     constexpr double kRoundings = 3;  // 8, as a logarithm
@@ -274,7 +276,8 @@ WideSum<limbs> SumWide(const WideParameters& p, const WideArgument& argument, do
     double rest = INFINITY;
     double rounding = INFINITY;
     int k = 0;
-    for (; k < kMostWideTerms; ++k) {
+    for (; true; ++k) {
+        if (!(k < most)) return {{}, {}, true, true};
         const int ratio = factors.Take(k);
         const bool ends = factors.numerator.count == 0;
         if (!ends && factors.denominator.count == 0) return {};

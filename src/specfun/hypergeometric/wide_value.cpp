@@ -1,8 +1,8 @@
 // Sums in numbers of 192 to 2048 bits: the precision is what plain arithmetic says that the series
 // loses, and is raised until the bound of the error, which follows from the magnitudes of the
-// terms, is small enough. Up to x = 0.9 the form of the power series that loses least
-// (DLMF 15.8.1). Beyond, the function is a combination of the solutions at 1, with w = 1-x and s =
-// c-a-b,
+// terms, is small enough. Up to x = 0.9, and where its terms fall fast beyond, the form of the
+// power series that costs least (DLMF 15.8.1). Else the function is a combination of the solutions
+// at 1, with w = 1-x and s = c-a-b,
 //   y1 = F(a,b;1-s;w),  y2 = w^s g,  g = F(c-a,c-b;1+s;w)  (DLMF 15.10.13, 15.10.14),
 // both matched with the series at 0 at the point 1/2 by their Wronskian s w^(s-1) (1-w)^(-c). Where
 // s is integral the two do not differ, and a is moved by 2^-200, which the value does not notice.
@@ -35,6 +35,11 @@ struct Foreseen {
     bool measured = false;
 };
 
+/// Whether the terms from there on fall for good.
+bool FallsFrom(const HypergeometricParameters& p, double k, double z) {
+    return RestAfter(p.a.high + k, p.b.high + k, p.c.high + k, k + 1, z, 0) < INFINITY;
+}
+
 /// By the terms in plain arithmetic, scaled down where they grow.
 Foreseen ForeseenOf(const HypergeometricParameters& p, double z) {
     constexpr int kMost = 6000;
@@ -58,9 +63,8 @@ Foreseen ForeseenOf(const HypergeometricParameters& p, double z) {
                 *part = std::ldexp(*part, -kScale);
             scale += kScale;
         }
-        const bool settles = k > settled && std::fabs(ratio) < 1;
         const bool isSmall = std::fabs(term) * PowerOfTwo(kWanted) < std::fabs(sum);
-        if (numerator != 0 && !(settles && isSmall)) continue;
+        if (numerator != 0 && !(k > settled && isSmall && FallsFrom(p, k + 1.0, z))) continue;
         const double largest = std::log2(greatest);
         const double own = std::log2(std::fabs(sum));
         const bool measured = own > largest - kMeasured;
@@ -93,12 +97,15 @@ HypergeometricPoint PointOf(const Bounded<limbs>& sum) {
     return point;
 }
 
+constexpr HypergeometricPoint kLong = {{}, {}, INFINITY, true};  // more bits do not help
+
 template <std::size_t limbs>
-HypergeometricPoint BySum(const HypergeometricParameters& p, std::size_t i, double x) {
+HypergeometricPoint BySum(const HypergeometricParameters& p, std::size_t i, double most, double x) {
     const Exact own = WideOf<6>(x);
     const Exact one = WideOf<6>(1);
     const WideArgument z = {own, i < 2 ? one : Subtract(own, one)};
-    const WideSum<limbs> sum = SumWide<limbs, false, 3>(WideForm(Widened(p), i), z, kWanted);
+    const WideSum<limbs> sum = SumWide<limbs, false, 3>(WideForm(Widened(p), i), z, kWanted, most);
+    if (sum.isLong) return kLong;
     return PointOf(sum.failed ? Bounded<limbs>{{}, INFINITY} : sum.value);
 }
 
@@ -159,6 +166,7 @@ double MoreBits(const HypergeometricPoint& point, double bits) {
     constexpr double kMargin = 8;
     constexpr double kSignKnown = 4;
     constexpr double kTimes = 1.4;
+    if (point.error == INFINITY) return INFINITY;
     const double known = point.failed ? 0 : -std::log2(point.error);
     return known > kSignKnown ? bits + kEnough + kMargin - known : kTimes * bits;
 }
@@ -174,7 +182,7 @@ HypergeometricPoint WithBits(double bits, double most, const Function& function)
         if (known || bits > kBits || kBits > most) return;
         point = function.template operator()<limbs>();
         bits = MoreBits(point, kBits);
-        if (kBits < most) bits = std::min(bits, most);
+        if (kBits < most && bits < INFINITY) bits = std::min(bits, most);
     };
     attempt.template operator()<4>();
     attempt.template operator()<5>();
@@ -234,6 +242,7 @@ struct Choice {
 Choice Cheapest(const std::array<Form, 4>& forms, double x) {
     constexpr double kMargin = 30;
     constexpr double kUnmeasured = 40;
+    constexpr double kOfUnknown = 0.75;  // of what may cancel, which is most of it as a rule
     std::array<Foreseen, 4> foreseen;
     double value = INFINITY;
     const bool atPole = IsNegativeInteger(forms[0].p.c);
@@ -252,7 +261,8 @@ Choice Cheapest(const std::array<Form, 4>& forms, double x) {
     for (std::size_t i = 0; i < forms.size(); ++i) {
         if (!(foreseen[i].terms < INFINITY)) continue;
         const double sum = value - forms[i].power.high * std::log2(1 - x);
-        const double bits = std::max(0.0, foreseen[i].largest - sum) + kWanted + kMargin;
+        const double guess = foreseen[i].measured ? 0 : kOfUnknown * foreseen[i].largest;
+        const double bits = std::max({0.0, foreseen[i].largest - sum, guess}) + kWanted + kMargin;
         const double cost = foreseen[i].terms * (1 + bits / 64);
         if (cost < best.cost) best = {i, bits, foreseen[i].terms, cost};
     }
@@ -261,10 +271,13 @@ Choice Cheapest(const std::array<Form, 4>& forms, double x) {
 
 /// For at most so many terms times limbs.
 Value Summed(const std::array<Form, 4>& forms, const Choice& choice, double most, double x) {
+    constexpr double kTimes = 4;
+    constexpr double kMore = 200;
     if (!(choice.cost < most)) return {};
-    const HypergeometricPoint point =
-        WithBits(choice.bits, 64 * most / choice.terms,
-                 [&]<std::size_t limbs>() { return BySum<limbs>(forms[0].p, choice.form, x); });
+    const double terms = std::min<double>(kTimes * choice.terms + kMore, kMostWideTerms);
+    const HypergeometricPoint point = WithBits(
+        choice.bits, 64 * most / choice.terms,
+        [&]<std::size_t limbs>() { return BySum<limbs>(forms[0].p, choice.form, terms, x); });
     return ValueOf(forms[choice.form], point, x);
 }
 
@@ -272,14 +285,14 @@ Value Summed(const std::array<Form, 4>& forms, const Choice& choice, double most
 
 Value WideValue(const HypergeometricParameters& p, double x) {
     constexpr double kMostCost = 30000;  // terms times limbs
-    constexpr double kCostOfJoining = 5000;
+    constexpr double kCostOfJoining = 10000;
     const std::array<Form, 4> forms = FormsOf(p);
     const bool ends = DegreeOf(p) < INFINITY || DegreeOf(forms[1].p) < INFINITY;
     const bool joins = x > kFarthest && !ends;
     const Choice choice = Cheapest(forms, x);
-    if (choice.cost < kCostOfJoining) {
-        const Value value = Summed(forms, choice, joins ? 2 * kCostOfJoining : kMostCost, x);
-        if (!joins || value.loss < kGoodEnough) return value;
+    if (joins && choice.cost < kCostOfJoining) {
+        const Value value = Summed(forms, choice, 2 * kCostOfJoining, x);
+        if (value.loss < kGoodEnough) return value;
     }
     if (joins) {
         const Value value = Joining(p, x);
