@@ -85,22 +85,100 @@ TEST(Wide, LogarithmAndExponential) {
     EXPECT_NEAR(ToDouble(Exp(WideOf<8>(1))), std::exp(1.0), 1e-15);
 }
 
+Factor FactorOf(std::uint64_t low, std::uint64_t high) {
+    Factor factor;
+    factor.digits[0] = low;
+    factor.digits[1] = high;
+    factor.count = high != 0 ? 2 : 1;
+    return factor;
+}
+
+Wide<8> WholeOf(const Factor& factor) {
+    Wide<8> whole;
+    for (std::size_t i = factor.count; i-- > 0;) {
+        const Wide<8> high = WideOf<8>(static_cast<double>(factor.digits[i] >> 32));
+        const Wide<8> low = WideOf<8>(static_cast<double>(factor.digits[i] & 0xffffffffU));
+        whole = Add(Scale(whole, 64), Add(Scale(high, 32), low));
+    }
+    return whole;
+}
+
+// Against the same with numbers whose exponents count bits.
+TEST(LimbNumber, KeepsItsBits) {
+    std::mt19937_64 generator(5);
+    constexpr double kBits = LimbNumber<4>::kBits;
+    for (int i = 0; i < 3000; ++i) {
+        LimbNumber<4> a = OneInLimbs<4>();
+        LimbNumber<4> b = a;
+        Wide<8> exactA = WideOf<8>(1);
+        Wide<8> exactB = exactA;
+        for (int step = 0; step < 3; ++step) {
+            const Factor factor =
+                FactorOf(generator() >> (generator() % 64) | 1, generator() % 2 * generator());
+            const Wide<8> exact = WholeOf(factor);
+            MultiplyBy(factor, step % 2 == 0 ? a : b);
+            (step % 2 == 0 ? exactA : exactB) = Multiply(step % 2 == 0 ? exactA : exactB, exact);
+        }
+        if (generator() % 2 == 0) {
+            b.sign = -1;
+            exactB = Negate(exactB);
+        }
+        const double size = std::max(SizeOf(exactA), SizeOf(exactB));
+        AddTo(b, a);
+        const Wide<8> sum = Add(exactA, exactB);
+        EXPECT_LE(SizeOf(Subtract(WideOf<8>(a), sum)), size + 3 - kBits) << i;
+    }
+    LimbNumber<4> zero = OneInLimbs<4>();
+    LimbNumber<4> less = zero;
+    less.sign = -1;
+    AddTo(less, zero);
+    EXPECT_EQ(zero.sign, 0);
+}
+
+// Past 0, past limbs and back to where it came from.
+TEST(Counter, CountsExactly) {
+    for (const double a :
+         {-3.0, -2.5, 0.0, 7.0, -0x1p-100, 0x1.8p-64, -5 + 0x1p-50, 4e9, -300.75}) {
+        Counter counter(WideOf<6>(a));
+        ASSERT_FALSE(counter.failed) << a;
+        for (int k = 0; k < 600; ++k) {
+            const Wide<6> exact = Add(WideOf<6>(a), WideOf<6>(k));
+            Factor expected;
+            ASSERT_TRUE(SetInteger(exact, counter.scale, expected));
+            ASSERT_EQ(counter.magnitude.count, expected.count) << a << " " << k;
+            for (std::size_t i = 0; i < expected.count; ++i)
+                ASSERT_EQ(counter.magnitude.digits[i], expected.digits[i]) << a << " " << k;
+            if (exact.sign != 0) {
+                ASSERT_EQ(counter.negative, exact.sign < 0) << a << " " << k;
+            }
+            counter.Next();
+        }
+    }
+    EXPECT_TRUE(Counter(WideOf<6>(0x1p-300)).failed);
+    EXPECT_TRUE(Counter(WideOf<6>(0x1p300)).failed);
+}
+
 // (1-z)^(-b) = F(a,b;a;z), and a = c that would be 0: the bound holds and is not far off.
 TEST(Wide, SumsKnowTheirErrors) {
     const double z = 0.375;
-    for (const double b : {0.5, 7.25, -20.5}) {
-        const WideParameters<4> p = {WideOf<4>(2.5), WideOf<4>(b), WideOf<4>(2.5)};
-        const WideSum<4> sum = SumWide(p, WideOf<4>(z), 200);
+    for (const double b : {0.5, 7.25, -20.5, 0x1p-80}) {
+        const WideParameters p = {WideOf<6>(2.5), WideOf<6>(b), WideOf<6>(2.5)};
+        const WideSum<4> sum = SumWide<4, true>(p, {WideOf<6>(z)}, 200);
         ASSERT_FALSE(sum.failed);
-        const Wide<4> exact =
-            Exp(Multiply(WideOf<4>(-b), Log(Subtract(WideOf<4>(1), WideOf<4>(z)))));
-        EXPECT_LE(SizeOf(Subtract(sum.value.value, exact)),
-                  std::max(sum.value.error, SizeOf(exact) - 220))
-            << b;
-        EXPECT_LE(sum.value.error, SizeOf(exact) - 150) << b;
+        const Wide<8> base = Subtract(WideOf<8>(1), WideOf<8>(z));
+        const Wide<8> exact = Exp(Multiply(WideOf<8>(-b), Log(base)));
+        const Wide<8> slope = Multiply(exact, Divide(WideOf<8>(b * z), base));
+        EXPECT_LE(SizeOf(Subtract(WideOf<8>(sum.value.value), exact)), sum.value.error) << b;
+        EXPECT_LE(SizeOf(Subtract(WideOf<8>(sum.slope.value), slope)), sum.slope.error) << b;
+        EXPECT_LE(sum.value.error, SizeOf(exact) - 120) << b;
+        // z/(z-1) as a quotient
+        const WideSum<6> other = SumWide<6, false, 3>(p, {WideOf<6>(z), WideOf<6>(z - 1)}, 100);
+        const Wide<8> ofOther = Exp(Multiply(WideOf<8>(b), Log(base)));
+        EXPECT_LE(SizeOf(Subtract(WideOf<8>(other.value.value), ofOther)), other.value.error) << b;
+        EXPECT_LE(other.value.error, SizeOf(ofOther) - 80) << b;
     }
-    const WideParameters<4> pole = {WideOf<4>(2.5), WideOf<4>(1), WideOf<4>(-3)};
-    EXPECT_TRUE(SumWide(pole, WideOf<4>(z), 200).failed);
+    const WideParameters pole = {WideOf<6>(2.5), WideOf<6>(1), WideOf<6>(-3)};
+    EXPECT_TRUE((SumWide<4, true>(pole, {WideOf<6>(z)}, 200).failed));
 }
 
 // By the sums, and next to x = 1 by joining: F(a,b;c;x) is a polynomial, a power or a logarithm.

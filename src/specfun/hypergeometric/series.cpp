@@ -49,11 +49,14 @@ struct Decay {
 
 /// Once all factors are positive: the quotients of two factors tend to 1 monotonically, and
 /// (c+k)(k+1) - (a+k)(b+k) is linear in k, so that once it is positive and growing it stays so, and
-/// k times 1 less the ratio grows.
+/// k+1 times 1 less the ratio, a quotient of two linear functions, keeps between what it is and
+/// what it tends to.
 Decay DecayAfter(double a, double b, double c, double next, double z) {
     const double denominator = c * next;
     const double excess = denominator - a * b;
-    if (excess > 0 && a + b < c + next) return {z, next * excess / denominator};
+    if (excess > 0 && a + b < c + next) {
+        return {z, std::min(next * excess / denominator, c + next - a - b)};
+    }
     const double straight = std::max(1.0, a / c) * std::max(1.0, b / next);
     const double crossed = std::max(1.0, b / c) * std::max(1.0, a / next);
     return {z * std::min(straight, crossed)};

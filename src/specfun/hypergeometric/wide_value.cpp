@@ -1,7 +1,8 @@
-// Sums in numbers of 256 to 2048 bits: the precision is what plain arithmetic says that the series
-// loses, and is doubled until the bound of the error, which follows from the greatest term, is
-// small enough. Up to x = 0.9 the form of the power series that loses least (DLMF 15.8.1). Beyond,
-// the function is a combination of the solutions at 1, with w = 1-x and s = c-a-b,
+// Sums in numbers of 192 to 2048 bits: the precision is what plain arithmetic says that the series
+// loses, and is raised until the bound of the error, which follows from the magnitudes of the
+// terms, is small enough. Up to x = 0.9, and where its terms fall fast beyond, the form of the
+// power series that costs least (DLMF 15.8.1). Else the function is a combination of the solutions
+// at 1, with w = 1-x and s = c-a-b,
 //   y1 = F(a,b;1-s;w),  y2 = w^s g,  g = F(c-a,c-b;1+s;w)  (DLMF 15.10.13, 15.10.14),
 // both matched with the series at 0 at the point 1/2 by their Wronskian s w^(s-1) (1-w)^(-c). Where
 // s is integral the two do not differ, and a is moved by 2^-200, which the value does not notice.
@@ -11,6 +12,7 @@
 #include <array>
 #include <cmath>
 
+#include "specfun/hypergeometric/foreseen.h"
 #include "specfun/hypergeometric/forms.h"
 #include "specfun/hypergeometric/wide_sum.h"
 #include "specfun/precision/wide_functions.h"
@@ -18,71 +20,20 @@
 namespace kalvex::specfun {
 namespace {
 
-constexpr double kWanted = 90;     // bits of a value
 constexpr double kEnough = 70;     // of them known to be right
 constexpr double kFarthest = 0.9;  // where sums are the quicker way
 constexpr double kFarthestAtAll = 0.96;
+constexpr double kFastDecay = 30;  // of terms at 1, by the power that they fall with
 constexpr double kMove = 200;
 
-/// 2^exponent, for what is far from the ends of the range.
-double PowerOfTwo(double exponent) {
-    constexpr double kEnd = 1000;
-    return std::exp2(std::clamp(exponent, -kEnd, kEnd));
-}
-
-/// What a sum is going to be like: the greatest term and the sum, as logarithms to base 2. Of a sum
-/// that cancels too much for plain arithmetic only a bound is known.
-struct Foreseen {
-    double largest = INFINITY;
-    double sum = INFINITY;
-    double terms = INFINITY;
-    bool measured = false;
-};
-
-/// By the terms in plain arithmetic, scaled down where they grow.
-Foreseen ForeseenOf(const HypergeometricParameters& p, double z) {
-    constexpr int kMost = 6000;
-    constexpr int kScale = 300;
-    constexpr double kMeasured = 40;
-    const double large = std::ldexp(1, kScale);
-    const double settled = -std::min({p.a.high, p.b.high, p.c.high});
-    if (settled > kMost && DegreeOf(p) > kMost) return {};
-    double term = 1;
-    double sum = 1;
-    double greatest = 1;
-    double scale = 0;
-    for (int k = 0; k < kMost; ++k) {
-        const double numerator = (p.a.high + k + p.a.low) * (p.b.high + k + p.b.low) * z;
-        const double ratio = numerator / ((p.c.high + k + p.c.low) * (k + 1.0));
-        term *= ratio;
-        sum += term;
-        greatest = std::max(greatest, std::fabs(term));
-        if (greatest > large) {
-            for (double* part : {&term, &sum, &greatest})
-                *part = std::ldexp(*part, -kScale);
-            scale += kScale;
-        }
-        const bool settles = k > settled && std::fabs(ratio) < 1;
-        const bool isSmall = std::fabs(term) * PowerOfTwo(kWanted) < std::fabs(sum);
-        if (numerator != 0 && !(settles && isSmall)) continue;
-        const double largest = std::log2(greatest);
-        const double own = std::log2(std::fabs(sum));
-        const bool measured = own > largest - kMeasured;
-        return {largest + scale, (measured ? own : largest) + scale, k + 1.0, measured};
-    }
-    return {};
-}
-
-template <std::size_t limbs>
-WideParameters<limbs> Widened(const HypergeometricParameters& p) {
-    return {WideOf<limbs>(p.a.high), WideOf<limbs>(p.b.high), WideOf<limbs>(p.c.high)};
+WideParameters Widened(const HypergeometricParameters& p) {
+    return {WideOf<6>(p.a.high), WideOf<6>(p.b.high), WideOf<6>(p.c.high)};
 }
 
 /// The i-th of FormsOf, exactly.
-template <std::size_t limbs>
-WideParameters<limbs> WideForm(const WideParameters<limbs>& p, std::size_t i) {
-    const Wide<limbs> fromA = Subtract(p.c, p.a);
-    const Wide<limbs> fromB = Subtract(p.c, p.b);
+WideParameters WideForm(const WideParameters& p, std::size_t i) {
+    const Exact fromA = Subtract(p.c, p.a);
+    const Exact fromB = Subtract(p.c, p.b);
     return {i % 2 == 1 ? fromA : p.a, i == 1 || i == 2 ? fromB : p.b, p.c};
 }
 
@@ -99,56 +50,78 @@ HypergeometricPoint PointOf(const Bounded<limbs>& sum) {
     return point;
 }
 
+constexpr HypergeometricPoint kLong = {{}, {}, INFINITY, true};  // more bits do not help
+
 template <std::size_t limbs>
-HypergeometricPoint BySum(const HypergeometricParameters& p, std::size_t i, double x) {
-    const Wide<limbs> own = WideOf<limbs>(x);
-    const Wide<limbs> z = i < 2 ? own : Divide(own, Subtract(own, WideOf<limbs>(1)));
-    const WideSum<limbs> sum = SumWide(WideForm(Widened<limbs>(p), i), z, kWanted);
+HypergeometricPoint BySum(const HypergeometricParameters& p, std::size_t i, double most, double x) {
+    const Exact own = WideOf<6>(x);
+    const Exact one = WideOf<6>(1);
+    const WideArgument z = {own, i < 2 ? one : Subtract(own, one)};
+    const WideSum<limbs> sum = SumWide<limbs, false, 3>(WideForm(Widened(p), i), z, kWanted, most);
+    if (sum.isLong) return kLong;
     return PointOf(sum.failed ? Bounded<limbs>{{}, INFINITY} : sum.value);
 }
 
+/// The solutions at 1 and their exponents.
+struct AtOne {
+    WideParameters first;
+    WideParameters second;
+    Exact s;
+};
+
 /// From the values at 1/2, of the function as `middle`, to x; without the factor 2^-c.
 template <std::size_t limbs>
-Bounded<limbs> Joined(const WideSum<limbs>& middle, const WideParameters<limbs>& first,
-                      const WideParameters<limbs>& second, const Bounded<limbs>& s, double x) {
-    const Wide<limbs> half = WideOf<limbs>(0.5);
-    const Wide<limbs> w = Subtract(WideOf<limbs>(1), WideOf<limbs>(x));
-    const double all = Wide<limbs>::kBits;
-    const WideSum<limbs> one = SumWide(first, half, all);
-    const WideSum<limbs> other = SumWide(second, half, all);
-    const WideSum<limbs> oneThere = SumWide(first, w, all);
-    const WideSum<limbs> otherThere = SumWide(second, w, all);
+Bounded<limbs> Joined(const WideSum<limbs>& middle, const AtOne& p, double x) {
+    const WideArgument half = {WideOf<6>(0.5)};
+    const WideArgument w = {Subtract(WideOf<6>(1), WideOf<6>(x))};
+    const double all = LimbNumber<limbs>::kBits;
+    const WideSum<limbs> one = SumWide<limbs, true>(p.first, half, all);
+    const WideSum<limbs> other = SumWide<limbs, true>(p.second, half, all);
+    const WideSum<limbs> oneThere = SumWide<limbs, false>(p.first, w, all);
+    const WideSum<limbs> otherThere = SumWide<limbs, false>(p.second, w, all);
     if (one.failed || other.failed || oneThere.failed || otherThere.failed) return {{}, INFINITY};
+    const Bounded<limbs> s = {WideOf<limbs>(p.s), SizeOf(p.s) - Wide<limbs>::kBits};
     const Bounded<limbs> rise = Add(Multiply(s, other.value), other.slope);
     const Bounded<limbs> ofOne =
         Add(Multiply(middle.value, rise), Multiply(middle.slope, other.value));
     const Bounded<limbs> ofOther =
         Add(Multiply(one.value, middle.slope), Multiply(one.slope, middle.value));
-    const Wide<limbs> exponent = Multiply(s.value, Log(Scale(w, 1)));
+    const Wide<limbs> exponent = Multiply(s.value, Log(WideOf<limbs>(Scale(w.z, 1))));
     constexpr double kLost = 24;  // by the exponential
     const Wide<limbs> power = Exp(exponent);
-    const double known = kLost + std::max(0.0, SizeOf(exponent)) + 1 - all;
+    const double known = kLost + std::max(0.0, SizeOf(exponent)) + 1 - Wide<limbs>::kBits;
     const Bounded<limbs> factor = {Negate(power), SizeOf(power) + known};
     const Bounded<limbs> sum =
         Add(Multiply(ofOne, oneThere.value), Multiply(Multiply(ofOther, otherThere.value), factor));
-    return {Divide(sum.value, s.value), sum.error - SizeOf(s.value) + 2};
+    return {Divide(sum.value, s.value), sum.error - SizeOf(s.value) + 3};
 }
 
 template <std::size_t limbs>
 HypergeometricPoint ByJoining(const HypergeometricParameters& p, bool moves, double x) {
     constexpr double kNoticed = 120;  // of the move, at most, beside a value
-    WideParameters<limbs> wide = Widened<limbs>(p);
-    if (moves) wide.a = Add(wide.a, Scale(WideOf<limbs>(1), static_cast<int>(-kMove)));
-    const Wide<limbs> one = WideOf<limbs>(1);
-    const WideParameters<limbs> euler = WideForm(wide, 1);
-    const Wide<limbs> s = Subtract(euler.a, wide.b);
+    WideParameters wide = Widened(p);
+    if (moves) wide.a = Add(wide.a, Scale(WideOf<6>(1), static_cast<int>(-kMove)));
+    const Exact one = WideOf<6>(1);
+    const WideParameters euler = WideForm(wide, 1);
+    const Exact s = Subtract(euler.a, wide.b);
     const WideSum<limbs> middle =
-        SumWide(wide, WideOf<limbs>(0.5), static_cast<double>(Wide<limbs>::kBits));
+        SumWide<limbs, true>(wide, {WideOf<6>(0.5)}, LimbNumber<limbs>::kBits);
     if (middle.failed) return PointOf(Bounded<limbs>{{}, INFINITY});
-    Bounded<limbs> value = Joined<limbs>(middle, {wide.a, wide.b, Subtract(one, s)},
-                                         {euler.a, euler.b, Add(one, s)}, {s}, x);
+    const AtOne solutions = {
+        {wide.a, wide.b, Subtract(one, s)}, {euler.a, euler.b, Add(one, s)}, s};
+    Bounded<limbs> value = Joined<limbs>(middle, solutions, x);
     if (moves) value.error = std::max(value.error, SizeOf(value.value) + kNoticed - kMove) + 1;
     return PointOf(value);
+}
+
+/// The bits to try next: what lacks, if the sign of the value is known.
+double MoreBits(const HypergeometricPoint& point, double bits) {
+    constexpr double kMargin = 8;
+    constexpr double kSignKnown = 4;
+    constexpr double kTimes = 1.4;
+    if (point.error == INFINITY) return INFINITY;
+    const double known = point.failed ? 0 : -std::log2(point.error);
+    return known > kSignKnown ? bits + kEnough + kMargin - known : kTimes * bits;
 }
 
 /// The first of the numbers of limbs from `bits` to `most` bits that is enough.
@@ -157,15 +130,22 @@ HypergeometricPoint WithBits(double bits, double most, const Function& function)
     HypergeometricPoint point;
     point.failed = true;
     const auto attempt = [&]<std::size_t limbs>() {
+        constexpr double kBits = LimbNumber<limbs>::kBits;
         const bool known = !point.failed && point.error < PowerOfTwo(-kEnough);
-        if (!known && bits <= Wide<limbs>::kBits && Wide<limbs>::kBits <= most) {
-            point = function.template operator()<limbs>();
-        }
+        if (known || bits > kBits || kBits > most) return;
+        point = function.template operator()<limbs>();
+        bits = MoreBits(point, kBits);
+        if (kBits < most && bits < INFINITY) bits = std::min(bits, most);
     };
     attempt.template operator()<4>();
-    attempt.template operator()<8>();
-    attempt.template operator()<16>();
-    attempt.template operator()<32>();
+    attempt.template operator()<5>();
+    attempt.template operator()<6>();
+    attempt.template operator()<7>();
+    attempt.template operator()<9>();
+    attempt.template operator()<12>();
+    attempt.template operator()<17>();
+    attempt.template operator()<24>();
+    attempt.template operator()<33>();
     point.failed = point.failed || !(point.error < PowerOfTwo(-kEnough));
     return point;
 }
@@ -173,20 +153,24 @@ HypergeometricPoint WithBits(double bits, double most, const Function& function)
 Value Joining(const HypergeometricParameters& p, double x) {
     constexpr double kMargin = 40;
     constexpr double kMostTerms = 3000;
-    constexpr double kMostBits = 1024;
+    constexpr double kMostBits = LimbNumber<24>::kBits;
     const DoubleDouble s = Subtract(Subtract(p.c, p.a), p.b);
     const HypergeometricParameters first = {p.a, p.b, PlusInteger(Negate(s), 1)};
     const HypergeometricParameters second = {Subtract(p.c, p.a), Subtract(p.c, p.b),
                                              PlusInteger(s, 1)};
-    for (const HypergeometricParameters& part : {p, first, second}) {
-        const bool ends = IsNegativeInteger(part.c);  // the solution moves instead
-        if (!ends && !(ForeseenOf(part, 0.5).terms < kMostTerms)) return {};
+    double largest = 0;  // of what is to cancel
+    const std::array<HypergeometricParameters, 3> parts = {p, first, second};
+    for (const HypergeometricParameters& part : parts) {
+        if (IsNegativeInteger(part.c)) continue;  // the solution moves instead
+        const Foreseen foreseen = ForeseenOf(part, 0.5);
+        if (!(foreseen.terms < kMostTerms)) return {};
+        if (&part != parts.data()) largest = std::max(largest, foreseen.largest);
     }
     const DoubleDouble left = Subtract(s, std::nearbyint(s.high));
     const bool moves = left.high == 0;
     const double lost = moves ? kMove : -std::log2(std::fabs(left.high));
     const HypergeometricPoint point =
-        WithBits(lost + kWanted + kMargin, kMostBits,
+        WithBits(std::min(std::max(lost, largest) + kWanted + kMargin, kMostBits), kMostBits,
                  [&]<std::size_t limbs>() { return ByJoining<limbs>(p, moves, x); });
     Value value = ValueOf({p, {}, false, 0}, point, x);
     if (point.failed) return value;
@@ -211,43 +195,63 @@ struct Choice {
 Choice Cheapest(const std::array<Form, 4>& forms, double x) {
     constexpr double kMargin = 30;
     constexpr double kUnmeasured = 40;
+    constexpr double kOfUnknown = 0.75;  // of what may cancel, which is most of it as a rule
     std::array<Foreseen, 4> foreseen;
     double value = INFINITY;
     const bool atPole = IsNegativeInteger(forms[0].p.c);
     for (std::size_t i = 0; i < (atPole ? 1 : forms.size()); ++i) {
         const double z = forms[i].pfaff ? x / (x - 1) : x;
-        if (std::fabs(z) > kFarthestAtAll && !atPole && DegreeOf(forms[i].p) == INFINITY) continue;
-        foreseen[i] = ForeseenOf(forms[i].p, z);
-        const double own = foreseen[i].sum + forms[i].power.high * std::log2(1 - x);
-        value = std::min(value, own - (foreseen[i].measured ? 0 : kUnmeasured));
+        const HypergeometricParameters& own = forms[i].p;
+        const double decay = own.c.high - own.a.high - own.b.high;
+        const bool isLong =
+            std::fabs(z) > kFarthestAtAll && !(std::fabs(z) < 1 && decay > kFastDecay);
+        if (isLong && !atPole && DegreeOf(own) == INFINITY) continue;
+        foreseen[i] = ForeseenOf(own, z);
+        const double size = foreseen[i].sum + forms[i].power.high * std::log2(1 - x);
+        value = std::min(value, size - (foreseen[i].measured ? 0 : kUnmeasured));
     }
     Choice best;
     for (std::size_t i = 0; i < forms.size(); ++i) {
         if (!(foreseen[i].terms < INFINITY)) continue;
         const double sum = value - forms[i].power.high * std::log2(1 - x);
-        const double bits = std::max(0.0, foreseen[i].largest - sum) + kWanted + kMargin;
+        const double guess = foreseen[i].measured ? 0 : kOfUnknown * foreseen[i].largest;
+        const double bits = std::max({0.0, foreseen[i].largest - sum, guess}) + kWanted + kMargin;
         const double cost = foreseen[i].terms * (1 + bits / 64);
         if (cost < best.cost) best = {i, bits, foreseen[i].terms, cost};
     }
     return best;
 }
 
+/// For at most so many terms times limbs.
+Value Summed(const std::array<Form, 4>& forms, const Choice& choice, double most, double x) {
+    constexpr double kTimes = 4;
+    constexpr double kMore = 200;
+    if (!(choice.cost < most)) return {};
+    const double terms = std::min<double>(kTimes * choice.terms + kMore, kMostWideTerms);
+    const HypergeometricPoint point = WithBits(
+        choice.bits, 64 * most / choice.terms,
+        [&]<std::size_t limbs>() { return BySum<limbs>(forms[0].p, choice.form, terms, x); });
+    return ValueOf(forms[choice.form], point, x);
+}
+
 }  // namespace
 
 Value WideValue(const HypergeometricParameters& p, double x) {
     constexpr double kMostCost = 30000;  // terms times limbs
+    constexpr double kCostOfJoining = 10000;
     const std::array<Form, 4> forms = FormsOf(p);
     const bool ends = DegreeOf(p) < INFINITY || DegreeOf(forms[1].p) < INFINITY;
-    if (x > kFarthest && !ends) {
-        const Value joined = Joining(p, x);
-        if (joined.loss < kGoodEnough) return joined;
-    }
+    const bool joins = x > kFarthest && !ends;
     const Choice choice = Cheapest(forms, x);
-    if (!(choice.cost < kMostCost)) return {};
-    const HypergeometricPoint point =
-        WithBits(choice.bits, 64 * kMostCost / choice.terms,
-                 [&]<std::size_t limbs>() { return BySum<limbs>(p, choice.form, x); });
-    return ValueOf(forms[choice.form], point, x);
+    if (joins && choice.cost < kCostOfJoining) {
+        const Value value = Summed(forms, choice, 2 * kCostOfJoining, x);
+        if (value.loss < kGoodEnough) return value;
+    }
+    if (joins) {
+        const Value value = Joining(p, x);
+        if (value.loss < kGoodEnough) return value;
+    }
+    return Summed(forms, choice, kMostCost, x);
 }
 
 }  // namespace kalvex::specfun

@@ -4,6 +4,7 @@
 // bits, so that nothing overflows.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstddef>
@@ -69,6 +70,17 @@ Wide<limbs> WideOf(double a) {
     result.digits[limbs - 1] = static_cast<std::uint64_t>(std::ldexp(fraction, 64));
     result.exponent = exponent;
     result.sign = a < 0 ? -1 : 1;
+    return result;
+}
+
+/// With more limbs, or cut off.
+template <std::size_t limbs, std::size_t from>
+Wide<limbs> WideOf(const Wide<from>& a) {
+    Wide<limbs> result;
+    result.exponent = a.exponent;
+    result.sign = a.sign;
+    for (std::size_t i = 1; i <= std::min(limbs, from); ++i)
+        result.digits[limbs - i] = a.digits[from - i];
     return result;
 }
 
