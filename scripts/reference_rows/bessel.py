@@ -164,6 +164,13 @@ STIRLING = [(order, x) for order in (math.nextafter(16, 0), 16, 16.4, 23.7) for 
 # Where fewer steps do in the Neumann series of Y.
 NEUMANN = [(order, x) for order in (0, 0.25, 3.5) for place in (2.0 ** -60, 1e-3, 0.1)
            for x in around(place)[:3]]
+# Next to the orders k + 1/2, where Y of a tiny x is the least and the greatest of its recurrence,
+# and that of the negative order has a cosine of 1e-16 before it.
+HALVES = [(sign * order, x)
+          for order in (0.5, math.nextafter(0.5, 1), 0.50000001, 0.51, 0.52, math.nextafter(1.5, 1),
+                        math.nextafter(1.5, 2), math.nextafter(2.5, 3))
+          for x in (5e-324, 1e-323, 3e-310, 1e-300, 1e-285, 2.0 ** -500, math.nextafter(2.0 ** -500, 0))
+          for sign in (1, -1)]
 
 
 def rows_J():
@@ -177,7 +184,7 @@ def rows_J():
                (1, 5e-324), (0.25, 5e-324), (150.5, 0.5), (1000, 500), (1000, 330)]
     # Orders above the argument on both sides of the end of Steed's method for J.
     chosen += [(n, x) for n in (64.5, 70, 150.25) for x in around(64)[:5]]
-    chosen += ANGLES + STIRLING + WORST + expansion_points(lambda order: order * order * 3)
+    chosen += HALVES + ANGLES + STIRLING + WORST + expansion_points(lambda order: order * order * 3)
     condition = slope(bessel_j)
     found = [row(bessel_j, n, x, condition=condition if x != 0 else 0) for n, x in chosen]
     huge = large_points() + [(n, -x) for n, x in large_points() if n % 1 == 0][::5]
@@ -191,7 +198,7 @@ def rows_Y():
     chosen += [(n, x) for n in (0, 3, 2.3, 1000, -0.7) for x in logarithmic(rng, 1500, 1e300, 6)]
     chosen += [(n, x) for n in (0, 1, 5) for x in linear(rng, 7.5, 8.5, 5)]
     chosen += [(1, 5e-324), (0, 5e-324), (0.5, 5e-324), (-0.5, 5e-324), (150.5, 0.5), (1000, 500)]
-    chosen += ANGLES + NEUMANN + WORST + expansion_points(lambda order: order * order * 3)
+    chosen += HALVES + ANGLES + NEUMANN + WORST + expansion_points(lambda order: order * order * 3)
     condition = slope(bessel_y)
     found = [row(bessel_y, n, x, condition=condition) for n, x in chosen]
     return found + [row(large_y, n, x, condition=slope_of_large(large_y))

@@ -148,11 +148,12 @@ double BesselI(double order, double x);
 double Hypergeometric2F1(double a, double b, double c, double x);
 
 /// Chebyshev polynomial of kind 1 (T) or 2 (U), integral degrees, all x; T(-n) = T(n),
-/// U(-n) = -U(n-2), U(-1) = 0. Throws "Overflow in Chebyshev" where the value overflows, only
-/// beyond |x| = 1, and "Chebyshev: the degree is too large" where the degree is beyond 2^53 and,
-/// times the angle from x to the middle or to the nearer end of the interval, beyond 2^53 too.
-/// Doubling of the degree (DLMF 18.5.1, 18.5.2) up to degree 16384, beyond that the cosine of the
-/// multiplied angle, in double-double arithmetic. n below 0.51 for degrees to 2^53; 0.05 to 0.2 us.
+/// U(-n) = -U(n-2), U(-1) = 0. A zero has no sign, as of all polynomials here. Throws "Overflow in
+/// Chebyshev" where the value overflows, only beyond |x| = 1, and "Chebyshev: the degree is too
+/// large" where the degree is beyond 2^53 and, times the angle from x to the middle or to the
+/// nearer end of the interval, beyond 2^53 too. Doubling of the degree (DLMF 18.5.1, 18.5.2) up to
+/// degree 16384, beyond that the cosine of the multiplied angle, in double-double arithmetic. n
+/// below 0.51 for degrees to 2^53; 0.05 to 0.2 us.
 double Chebyshev(int kind, double degree, double x);
 
 /// Physicists' Hermite polynomials, integral degrees from 0, all x. Throws "Overflow in Hermite"

@@ -47,6 +47,13 @@ bool IsNegative(const Ball& a) {
     return arf_sgn(arb_midref(a.value)) < 0;
 }
 
+/// Ci and Chi are those of |x|; Arb has no real value for a negative x.
+Ball Magnitude(const Ball& a) {
+    Ball result;
+    arb_abs(result.value, a.value);
+    return result;
+}
+
 /// T(-n) = T(n), U(-n) = -U(n-2).
 void ChebyshevBall(Ball& r, const Balls& a, slong bits) {
     const ulong n = Degree(a[1]);
@@ -121,9 +128,11 @@ constexpr std::array<Known, 38> kKnown = {{
     {"atg", [](Ball& r, Arguments a, slong p) { arb_atan(r.value, a[0].value, p); }},
     {"Gamma", [](Ball& r, Arguments a, slong p) { arb_gamma(r.value, a[0].value, p); }},
     {"Si", [](Ball& r, Arguments a, slong p) { arb_hypgeom_si(r.value, a[0].value, p); }},
-    {"Ci", [](Ball& r, Arguments a, slong p) { arb_hypgeom_ci(r.value, a[0].value, p); }},
+    {"Ci",
+     [](Ball& r, Arguments a, slong p) { arb_hypgeom_ci(r.value, Magnitude(a[0]).value, p); }},
     {"Shi", [](Ball& r, Arguments a, slong p) { arb_hypgeom_shi(r.value, a[0].value, p); }},
-    {"Chi", [](Ball& r, Arguments a, slong p) { arb_hypgeom_chi(r.value, a[0].value, p); }},
+    {"Chi",
+     [](Ball& r, Arguments a, slong p) { arb_hypgeom_chi(r.value, Magnitude(a[0]).value, p); }},
     {"Psi", [](Ball& r, Arguments a, slong p) { arb_digamma(r.value, a[0].value, p); }},
     {"DawsonF", DawsonBall},
     {"Ei", [](Ball& r, Arguments a, slong p) { arb_hypgeom_ei(r.value, a[0].value, p); }},

@@ -194,6 +194,8 @@ TEST(Bessel, BeyondTheRangeOfDoubles) {
         {"Y(97.49,5e-324)", BesselY(97.49, DBL_TRUE_MIN), -kInfinity},
         {"Y(-1000.25,1)", BesselY(-1000.25, 1), -kInfinity},
         {"Y(-1000.5,1)", BesselY(-1000.5, 1), 0},
+        {"Y(-1.5000000000000002,5e-324)", BesselY(-1.5 - 0x1p-52, DBL_TRUE_MIN), -kInfinity},
+        {"Y(-2.5000000000000004,5e-324)", BesselY(-2.5 - 0x1p-51, DBL_TRUE_MIN), kInfinity},
         {"I(1000,60)", BesselI(1000, 60), 0},
         {"I(5000.5,60)", BesselI(5000.5, 60), 0},
         {"K(0,1e300)", BesselK(0, 1e300), 0},

@@ -73,6 +73,34 @@ TEST(Polynomials, EndsAndMiddle) {
     }
 }
 
+// An exact zero is printed without a sign, whichever way the recurrence comes to it.
+TEST(Polynomials, ExactZerosHaveNoSign) {
+    const Row rows[] = {
+        {"T(1,-0)", Chebyshev(1, 1, -0.0), 0, 0},
+        {"T(3,0)", Chebyshev(1, 3, 0), 0, 0},
+        {"T(-3,0)", Chebyshev(1, -3, 0), 0, 0},
+        {"T(5,-0)", Chebyshev(1, 5, -0.0), 0, 0},
+        {"T(99999,0)", Chebyshev(1, 99999, 0), 0, 0},
+        {"U(-1,0.3)", Chebyshev(2, -1, 0.3), 0, 0},
+        {"U(-1,-0.3)", Chebyshev(2, -1, -0.3), 0, 0},
+        {"U(1,-0)", Chebyshev(2, 1, -0.0), 0, 0},
+        {"U(3,0)", Chebyshev(2, 3, 0), 0, 0},
+        {"U(-5,0)", Chebyshev(2, -5, 0), 0, 0},
+        {"U(2,-0.5)", Chebyshev(2, 2, -0.5), 0, 0},
+        {"U(5,-0.5)", Chebyshev(2, 5, -0.5), 0, 0},
+        {"U(99998,-0.5)", Chebyshev(2, 99998, -0.5), 0, 0},
+        {"H(3,0)", Hermite(3, 0), 0, 0},
+        {"H(99999,0)", Hermite(99999, 0), 0, 0},
+        {"L(1,1)", Laguerre(1, 1), 0, 0},
+        {"P(1,-0)", Legendre(1, -0.0), 0, 0},
+        {"P(3,-0)", Legendre(3, -0.0), 0, 0},
+        {"P(99999,0)", Legendre(99999, 0), 0, 0},
+    };
+    ExpectRows(std::begin(rows), std::end(rows));
+    for (const Row& row : rows)
+        EXPECT_FALSE(std::signbit(row.value)) << row.call;
+}
+
 // P(n,1-h) = 1 - n(n+1)/2 h (1 - ...), L(n,h) = 1 - n h + n(n-1)/4 h^2: a plain recurrence of high
 // degree loses digits here.
 TEST(Polynomials, NearTheSpecialPoints) {

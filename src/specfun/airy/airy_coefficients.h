@@ -93,7 +93,6 @@ inline constexpr double kAiScaled20[] = {
 };
 
 /// Bi(x)/(x - zero); with the rests of two coefficients.
-inline constexpr double kBiZeroMiddle = -1.173713222709128;
 inline constexpr double kBiZero[] = {
     -5.0228470606597227e-17, 1.8100010257712115e-35,  0.60195788797623961,
     3.6878927857592734e-17,  -0.11775432210529541,    0.050163157331352216,

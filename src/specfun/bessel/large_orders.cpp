@@ -136,9 +136,9 @@ double FlatPart(double square) {
 Extended Exponent(const Place& at) {
     const double t = at.s.high / at.order;
     if (t < kFlat) return at.s * FlatPart(t * t);
-    // Less is as far beyond the range.
-    constexpr double kLeast = 1e-200;
-    return at.order * LogOf((at.order + at.s) / std::max(at.x, kLeast)) - at.s;
+    // Less of the order is as far beyond the range; the quotient stays within it for every order.
+    constexpr double kLeast = 0x1p-900;
+    return at.order * LogOf((at.order + at.s) / std::max(at.x, kLeast * at.order)) - at.s;
 }
 
 /// Cosine and sine of s - order beta - pi/4, tan(beta) = s/order.

@@ -14,6 +14,8 @@ namespace {
 constexpr double kNear = 1.5;
 /// From here Hankel's expansion.
 constexpr double kFar = 22;
+/// Below, Y of an order above 1/2 is its leading term.
+constexpr double kLeading = 0x1p-500;
 /// Up to here Steed's method for J alone of orders above x.
 constexpr double kMiddleEnd = 64;
 /// Below this order a recurrence is as quick as an expansion.
@@ -40,6 +42,17 @@ Scaled SeriesJ(double order, double x) {
 /// J by the Wronskian, for orders from x.
 Extended WronskianJ(double order, double x, OrderPair y) {
     return 2.0 / (kPi * x) / (RatioOfVanishing(order, x, 1) * y.at - y.next);
+}
+
+/// Y of orders above 1/2 for x below kLeading, from Y at part + 1. That is between 2^-537 and 2^537
+/// and a factor of up to 99! is to come: its power of two is kept apart, so that nothing overflows
+/// and no low part is denormal. Y at part, below x^-1/2, changes no digit of the orders from
+/// part + 2 on.
+Scaled LeadingY(Extended next, SplitOrder order, const Step& step) {
+    int power = 0;
+    std::frexp(next.high, &power);
+    const OrderPair pair{{}, TimesPower(next, std::ldexp(1.0, -power))};
+    return {Upward(pair, order, step, 1).at, step.exponent * order.whole + power};
 }
 
 /// The orders above a pair without powers; x from kNear.
@@ -70,11 +83,8 @@ Scaled OscillatingY(double order, double x) {
     if (x < kNear) {
         const Step step = StepOf(x);
         const OrderPair low = LowYNear(split.part, x, step);
-        // A factor of up to 99! is to come.
-        const int spare = x < 0x1p-500 ? 500 : 0;
-        const double unit = std::ldexp(1.0, -spare);
-        const OrderPair lower{TimesPower(low.at, unit), TimesPower(low.next, unit)};
-        return {Upward(lower, split, step, 1).at, step.exponent * split.whole + spare};
+        if (x < kLeading && split.whole > 0) return LeadingY(low.next, split, step);
+        return {Upward(low, split, step, 1).at, step.exponent * split.whole};
     }
     const LowOrders low =
         x < kFar ? LowOrdersMiddle(split.part, x, 0) : LowOrdersFar(split.part, x);

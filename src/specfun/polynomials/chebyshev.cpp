@@ -152,7 +152,7 @@ double Chebyshev(int kind, double degree, double x) {
     if (std::isnan(x)) return x;
     const double value = OfAnyDegree(kind, n, x);
     if (!std::isfinite(value)) throw ap::ap_error{"Overflow in Chebyshev"};
-    return value;
+    return value + 0.0;  // a zero without a sign
 }
 
 }  // namespace kalvex::specfun

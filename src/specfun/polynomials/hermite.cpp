@@ -45,8 +45,7 @@ double Hermite(double degree, double x) {
     const double n = IntegralDegree(degree, 0, "Hermite");
     if (std::isnan(x)) return x;
     if (n == 0) return 1;
-    const double phase = std::fmod(n, 4);
-    if (x == 0 && (phase == 1 || phase == 3)) return phase == 1 ? x : -x;
+    if (x == 0 && std::fmod(n, 2) == 1) return 0;
     if (n > kMostSteps || (n > 1 && std::fabs(x) >= kFarthest)) return Finite("Hermite", INFINITY);
     return Recurrence(n, x);
 }

@@ -34,10 +34,10 @@ inline void KeepInRange(Neighbours& p) {
     p.exponent += kScalingBits;
 }
 
-/// The value; throws "Overflow in NAME" where it is beyond the range.
+/// The value, a zero without a sign; throws "Overflow in NAME" where it is beyond the range.
 inline double Finite(const char* name, double value) {
     if (!std::isfinite(value)) throw ap::ap_error{std::string("Overflow in ") + name};
-    return value;
+    return value + 0.0;
 }
 
 /// The value of `now`.
