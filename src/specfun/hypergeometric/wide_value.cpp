@@ -75,7 +75,10 @@ Foreseen ForeseenOf(const HypergeometricParameters& p, double z) {
 
 template <std::size_t limbs>
 WideParameters<limbs> Widened(const HypergeometricParameters& p) {
-    return {WideOf<limbs>(p.a.high), WideOf<limbs>(p.b.high), WideOf<limbs>(p.c.high)};
+    const auto widened = [](DoubleDouble a) {
+        return Add(WideOf<limbs>(a.high), WideOf<limbs>(a.low));
+    };
+    return {widened(p.a), widened(p.b), widened(p.c)};
 }
 
 /// The i-th of FormsOf, exactly.
