@@ -106,6 +106,16 @@ POLES = [(-7, -4, -7, 1 - 2.0 ** -24), (-581, -5, -5, -0.3505), (-12, 486.6, -12
          (1, -274, -274, -0.99999), (-65, -278, -331, 0.9985), (-925.5, -399, -570, 0.982), (-1, -725.001, -1, 0.99),
          (-213, -76, -212, 1 - 2.0 ** -49), (-651, 740.0625, -696, 0.494), (-129, 763, -129, 0.872), (-446, -594, -707, 0.999)]
 
+# a or b is c, or next to it, both next to 0 or not: (1-x)^-b and a rest that may count for more; the
+# two cancel in the last.
+TIED = [(1e-30, -30.5, 1e-30, 0.8), (1e-310, -13.358781157379749, 1e-310, 0.9921875), (1e-200, -84.07, 1e-200, 0.33),
+        (1.000000003e-200, -30.5, 1e-200, 0.8), (20.5, 1e-310, 1e-310, -0.9),
+        (-3.3049464862702617e-24, -54.103390256474235, -3.3049464862699167e-24, 0.4244779721157927),
+        (3.0000000000003e-23, -13.358781157379749, 3e-23, 0.9921875), (1.0000000000001e-22, -2.7712666, 1e-22, 0.9999999),
+        (0.9999999999999999, -16.33907459010512, -2.308203520651703e-75, 0.9992078311761078),
+        (0.25, -43.5, 0.25, 0.97), (-13.75, -8.125, -13.75, -0.9375), (7.5, 3.5, 3.5, 0.999),
+        (-2.9526647632265977e-20, 0.6127573717542205, 2.9526647632265974e-19, 0.9800252579154141)]
+
 # c next to 0, where the terms without 1/c count beside F(a+1,b+1;2;x) next to a zero.
 NEXT_TO_POLE = [
     (1, -10, 1e-30, 0.9999), (4, -27.75, 2.2134140802739054e-26, 0.9969954939724794),
@@ -238,6 +248,18 @@ def next_to_zero(rng, count):
     return found
 
 
+def tied(rng, count):
+    """a, or b, is c (1 + little)."""
+    found = []
+    for _ in range(count):
+        c = rng.choice([-1, 1]) * 10.0 ** rng.choice([rng.uniform(-290, -9), rng.uniform(-25, -20), rng.uniform(-6, 1)])
+        a = c * (1 + rng.choice([0, -1, 1]) * 10.0 ** rng.uniform(-16, -1))
+        b = rng.choice([rng.uniform(-60, 60), rng.uniform(-3, 3)])
+        x = rng.uniform(-0.8, 0.8)
+        found.append((a, b, c, x) if rng.randrange(2) else (b, a, c, x))
+    return found
+
+
 def rows_Hyper():
     rng = generator('Hyper')
     parameters = [(1, 1, 2), (0.5, 1, 1.5), (0.5, 0.5, 1), (1 / 3, 2 / 3, 1), (0.1, 0.2, 0.3), (1, 2, 1.5),
@@ -262,6 +284,6 @@ def rows_Hyper():
         points += [(-n, n + 1, 1, x) for x in (0.01, 0.3, 0.45, 0.77, 0.95, -0.4)]
         points += [(-n, 0.5, 2.25, x) for x in (0.3, 0.95, -0.9)]
     points += SWINGING + NEGATIVE_C + NEXT_TO_ONE + LONG_WALKS + OUTGROWN + BESIDE_POLES + POLES
-    points += NEXT_TO_POLE + TINY + NEARLY_INTEGRAL
-    points += nearly_integral(rng, 120) + next_to_zero(rng, 40)
+    points += NEXT_TO_POLE + TINY + NEARLY_INTEGRAL + TIED
+    points += nearly_integral(rng, 120) + next_to_zero(rng, 40) + tied(rng, 60)
     return [row(transformed, *p, condition=slope) for p in points]

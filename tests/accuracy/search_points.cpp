@@ -28,7 +28,7 @@ constexpr ArgumentRange Degrees(double least, bool bothSigns = false) {
 constexpr ArgumentRange kUnit = {kTiny, 1, 1, true, false};
 constexpr ArgumentRange kOrder = {kTiny, 1e5, 50, true, false};
 constexpr ArgumentRange kOrderFromZero = {kTiny, 1e5, 50, false, false};
-constexpr ArgumentRange kParameter = {1e-30, 300, 20, true, false};
+constexpr ArgumentRange kParameter = {1e-310, 300, 20, true, false, 1e-30};
 
 double Uniform(Random& random, double low, double high) {
     return std::uniform_real_distribution<double>(low, high)(random);
@@ -39,7 +39,7 @@ int Choice(Random& random, int count) {
 }
 
 double ByMagnitude(const ArgumentRange& range, Random& random) {
-    const double low = std::log(std::max(range.least, kTiny));
+    const double low = std::log(std::max({range.least, range.ordinaryLeast, kTiny}));
     return std::exp(Uniform(random, low, std::log(range.most)));
 }
 
@@ -78,6 +78,29 @@ double RandomArgument(const ArgumentRange& range, Random& random) {
     }
     if (range.integral) x = std::nearbyint(x);
     return range.bothSigns && Choice(random, 2) == 0 ? -x : x;
+}
+
+/// For the hypergeometric function: parameters next to each other, or integers apart but for
+/// little, c and what is next to it down to 1e-309 at times.
+void Tie(std::vector<double>& p, Random& random) {
+    constexpr int kFarthest = 5;
+    constexpr int kBits = 53;
+    constexpr double kLeast = -309;  // a decimal exponent
+    const auto shift = [&random] { return Choice(random, 2 * kFarthest + 1) - kFarthest; };
+    const auto near = [&random](double of) {
+        const int kind = Choice(random, 3);
+        if (kind == 0) return of;
+        if (kind == 1) return Moved(of, Choice(random, 2 * kFarthest + 1) - kFarthest);
+        return of + of * std::ldexp(Uniform(random, -1, 1), -Choice(random, kBits));
+    };
+    double& other = p[static_cast<std::size_t>(Choice(random, 2))];
+    if (Choice(random, 2) == 0)
+        p[2] = std::copysign(std::pow(10, Uniform(random, kLeast, 0)), p[2]);
+    const int kind = Choice(random, 4);
+    if (kind == 0) p[1] = near(p[0]);
+    if (kind == 1) p[2] = near(p[0] + p[1] + shift());
+    if (kind == 2) other = near(p[2] + shift());
+    if (kind == 3) other = near(p[2]);
 }
 
 bool IsInside(const ArgumentRange& range, double x) {
@@ -153,6 +176,8 @@ std::vector<double> RandomPoint(const SearchedFunction& function, Random& random
     std::vector<double> point;
     for (const ArgumentRange& range : function.arguments)
         point.push_back(RandomArgument(range, random));
+    constexpr int kUntied = 3;  // times out of four
+    if (function.name == "Hyper" && Choice(random, kUntied + 1) == kUntied) Tie(point, random);
     return point;
 }
 

@@ -18,6 +18,7 @@ struct ArgumentRange {
     double ordinary = 0;  ///< up to which even spreads go
     bool bothSigns = false;
     bool integral = false;
+    double ordinaryLeast = 0;  ///< magnitudes below are drawn on purpose only
 };
 
 struct SearchedFunction {

@@ -181,6 +181,33 @@ TEST(Hypergeometric, KeepsWhatAPoleLeaves) {
 }
 
 // Parameters as large as can be neither hang nor are they refused where the value is plain.
+TEST(Hypergeometric, IsAPowerWhereParametersAreTied) {
+    const double tied[] = {0.25, -13.5, 7, 1e-30, -1e-200, 1e-310, 5e-324, 1e300};
+    const double powers[][3] = {// b, x, (1-x)^-b
+                                {-30, 0.5, 0x1p-30}, {20, 0.75, 0x1p40},   {-2, -0.5, 2.25},
+                                {-1000, 0.75, 0},    {-0.5, 0.9375, 0.25}, {4, 0.5, 16}};
+    for (const double a : tied) {
+        for (const auto& [b, x, power] : powers) {
+            EXPECT_EQ(Hypergeometric2F1(a, b, a, x), power) << a << ' ' << b << ' ' << x;
+            EXPECT_EQ(Hypergeometric2F1(b, a, a, x), power) << a << ' ' << b << ' ' << x;
+        }
+    }
+    EXPECT_EQ(Hypergeometric2F1(-3, 2, -3, 0.5), 1 + 1 + 0.75 + 0.5);  // the polynomial
+}
+
+/// With a next to c, both next to 0, 1 - a/c and the power.
+TEST(Hypergeometric, RestBesideThePower) {
+    for (const double c : {1e-22, -1e-25, 1e-60, -1e-200, 1e-290}) {
+        for (const double ratio : {1 + 0x1p-45, 0.5, -3.0, 1 - 0x1p-30, 0x1p10}) {
+            const double a = ratio * c;
+            const double rest = (c - a) / c;
+            EXPECT_DOUBLE_EQ(Hypergeometric2F1(a, -120, c, 0.75), rest) << c << ' ' << ratio;
+            EXPECT_DOUBLE_EQ(Hypergeometric2F1(a, -3, c, -1 + 0.5), rest + a / c * 3.375)
+                << c << ' ' << ratio;
+        }
+    }
+}
+
 TEST(Hypergeometric, HugeParameters) {
     EXPECT_EQ(Hypergeometric2F1(-0.1, 1e8, -2.1, 1e-100), 1);
     EXPECT_EQ(Hypergeometric2F1(1e-8, -1e20, -1.99999999, -1e-100), 1);

@@ -19,12 +19,12 @@ namespace {
 
 constexpr char kOverflow[] = "Overflow in Hypergeometric2F1";
 
+}  // namespace
+
 DoubleDouble LogOneLess(double x) {
     constexpr double kSmall = 0.4;
     return std::fabs(x) < kSmall ? LogOnePlus({-x, 0}) : Log(TwoSum(1, -x));
 }
-
-}  // namespace
 
 Value ValueOf(const Form& form, const HypergeometricPoint& sum, double x) {
     if (sum.singular) throw ap::ap_error{kOverflow};
@@ -33,7 +33,7 @@ Value ValueOf(const Form& form, const HypergeometricPoint& sum, double x) {
     const double slope = own - form.power.high * x / (1 - x) * sum.value.high;
     Value value = {sum.value, sum.exponent,
                    sum.error / (std::fabs(sum.value.high) + std::fabs(slope)),
-                   sum.error / std::fabs(sum.value.high), std::fabs(slope)};
+                   sum.error / std::fabs(sum.value.high), slope};
     if (form.power.high == 0) return value;
     const DoubleDouble exponent = Multiply(form.power, LogOneLess(x));
     constexpr double kMostExponent = 1e8;

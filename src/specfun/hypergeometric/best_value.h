@@ -14,7 +14,7 @@ struct Value {
     int exponent = 0;
     double loss = INFINITY;      // estimated error by what the last bit of x does
     double relative = INFINITY;  // the same by the value
-    double slope = 0;            // what the last bit of x does by that of the fraction
+    double slope = 0;            // x times the derivative, of the fraction
 };
 
 inline constexpr double kGoodEnough = 0x1p-58;
@@ -23,6 +23,9 @@ inline constexpr double kBearable = 0x1p-57;
 inline void KeepBetter(Value& best, const Value& other) {
     if (other.loss < best.loss) best = other;
 }
+
+/// ln(1-x).
+DoubleDouble LogOneLess(double x);
 
 /// The function from that of the form, `sum` at z.
 Value ValueOf(const Form& form, const HypergeometricPoint& sum, double x);

@@ -2,6 +2,7 @@
 // the function is simpler, from which its methods (best_value.cpp) would come with too few digits.
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "specfun/hypergeometric/best_value.h"
 #include "specfun/hypergeometric/forms.h"
@@ -15,7 +16,6 @@ constexpr char kOverflow[] = "Overflow in Hypergeometric2F1";
 
 constexpr double kTiny = 0x1p-75;  // whose square counts for nothing
 
-/// The sum of two values whose slopes have one sign, or one of which has none.
 Value Sum(const Value& left, const Value& right) {
     constexpr int kFar = 1000;  // beyond which one of the two counts for nothing
     const bool leads =
@@ -27,23 +27,32 @@ Value Sum(const Value& left, const Value& right) {
         const int by = std::clamp(of.exponent - exponent, -kFar, kFar);
         const DoubleDouble own = by > -kFar ? Scale(of.fraction, by) : DoubleDouble{};
         const double ownSlope = std::ldexp(of.slope, by);
-        error += of.loss * (std::fabs(own.high) + ownSlope);
+        error += of.loss * (std::fabs(own.high) + std::fabs(ownSlope));
         slope += ownSlope;
         return own;
     };
     const DoubleDouble first = part(left);
     const DoubleDouble sum = Add(first, part(right));
     const double size = std::fabs(sum.high);
-    return {sum, exponent, error / (size + slope), error / size, slope};
+    return {sum, exponent, error / (size + std::fabs(slope)), error / size, slope};
 }
 
 Value Times(Value value, DoubleDouble factor) {
     int own = 0;
     const double high = std::frexp(factor.high, &own);
     value.fraction = Multiply(value.fraction, {high, std::ldexp(factor.low, -own)});
-    value.slope *= std::fabs(high);
+    value.slope *= high;
     value.exponent += own;
     return value;
+}
+
+/// Times x, which adds to the slope, too.
+Value TimesArgument(Value value, double x) {
+    const double size = std::fabs(value.fraction.high);
+    const double error = value.loss * (size + std::fabs(value.slope));
+    value.slope += value.fraction.high;
+    if (value.slope != 0 || size != 0) value.loss = error / (size + std::fabs(value.slope));
+    return Times(value, {x, 0});
 }
 
 /// a b x / c factor.
@@ -52,9 +61,9 @@ Value FirstTerm(const HypergeometricParameters& p, double x, const Value& factor
     Value term = factor;
     const double inverse = 1 / std::frexp(p.c.high, &exponent);
     term.fraction = Divide(factor.fraction, std::frexp(p.c.high, &exponent));
-    term.slope *= std::fabs(inverse);
+    term.slope *= inverse;
     term.exponent -= exponent;
-    return Times(Times(Times(term, p.a), p.b), {x, 0});
+    return TimesArgument(Times(Times(term, p.a), p.b), x);
 }
 
 constexpr Value One(double relative) {
@@ -88,9 +97,17 @@ Value OfTiny(HypergeometricParameters p, DoubleDouble HypergeometricParameters::
     return Sum(One(kDigits), Times(rise, factor));
 }
 
+/// What the sums of many digits ask of their parameters.
+bool MayBeWide(const HypergeometricParameters& p) {
+    constexpr double kLeast = 0x1p-140;
+    const auto may = [](DoubleDouble a) { return a.high == 0 || std::fabs(a.high) >= kLeast; };
+    return may(p.a) && may(p.b) && may(p.c);
+}
+
+constexpr double kProportional = 0x1p-40;
+
 /// Whatever it costs.
 Value CarefulValue(const HypergeometricParameters& p, double x) {
-    constexpr double kProportional = 0x1p-40;
     Value best = BestValue(p, x);
     if (best.loss < kGoodEnough) return best;
     const double unit = ParameterUnit(p);
@@ -99,29 +116,122 @@ Value CarefulValue(const HypergeometricParameters& p, double x) {
         const double instead = Shortened(own, unit);
         if (!(std::fabs(own) < kProportional) || own == instead) continue;
         KeepBetter(best, OfTiny(p, part, instead, x));
-        return best;
+        break;
     }
-    KeepBetter(best, WideValue(p, x));
+    if (best.loss >= kGoodEnough && MayBeWide(p)) KeepBetter(best, WideValue(p, x));
     return best;
+}
+
+/// (1-x)^-b, which is the function where a is c.
+Value Power(double b, double x) {
+    constexpr double kMost = 1e8;  // beyond, in logarithms, there is nothing to be told apart
+    constexpr int kOutOfRange = 1 << 20;
+    constexpr double kDigits = 0x1p-100;
+    const double size = -b * std::log1p(-x);
+    if (!(std::fabs(size) < kMost)) {
+        return {{1, 0}, size > 0 ? kOutOfRange : -kOutOfRange, kDigits, kDigits, 0};
+    }
+    HypergeometricPoint one;
+    one.value = {1, 0};
+    one.error = kDigits;
+    return ValueOf(Form{{}, {-b, 0}}, one, x);
+}
+
+/// (1-x)^-b - 1 where that is small; denormal b have all their digits, too.
+Value PowerMinusOne(double b, double x) {
+    constexpr double kDigits = 0x1p-85;
+    constexpr int kLinear = -110;
+    int exponent = 0;
+    const double fraction = -std::frexp(b, &exponent);
+    const DoubleDouble log = Multiply(LogOneLess(x), fraction);
+    const double slope = -fraction * x / (1 - x);
+    if (std::ilogb(log.high) + exponent < kLinear) {
+        return {log, exponent, kDigits, kDigits, slope};
+    }
+    const DoubleDouble rise = ExpMinusOne(Scale(log, exponent));
+    return {rise, 0, kDigits, kDigits, std::ldexp(slope, exponent) * (1 + rise.high)};
+}
+
+/// numerator / c, which may be denormal.
+Value Ratio(DoubleDouble numerator, double c) {
+    int own = 0;
+    int ofC = 0;
+    const double divisor = std::frexp(c, &ofC);
+    const double high = std::frexp(numerator.high, &own);
+    const DoubleDouble fraction = {high, std::ldexp(numerator.low, -own)};
+    constexpr double kDigits = 0x1p-100;
+    return {Divide(fraction, divisor), own - ofC, kDigits, kDigits};
+}
+
+Value Product(const Value& constant, const Value& value) {
+    Value product = Times(value, constant.fraction);
+    product.exponent += constant.exponent;
+    return product;
+}
+
+double SizeAt(const Value& value, int exponent) {
+    constexpr int kMost = 1000;
+    return std::ldexp(std::fabs(value.fraction.high),
+                      std::clamp(value.exponent - exponent, -kMost, kMost));
+}
+
+/// For a and c next to 0: with r = a/c the terms are r (b)_k/k! x^k (1 + (a-c) H_(k-1) + ...), and
+///   F = 1 + r ((1-x)^-b - 1) + r (a-c) G.
+/// As E(y) = (1-y)^-b - 1 is convex or concave, and so E(y)/y monotone, the integral of
+/// (E(x) - E(xt)/t)/(1-t) from 0 to 1, which is G, is at most
+///   max(|bx|, |E(x)|) (1 + 2 ln((1+|b|)/(1-x))).
+Value TiedValue(double a, double b, double c, double x) {
+    constexpr double kSmall = 0.5;
+    constexpr double kOfLogarithm = 0x1p-85;
+    constexpr double kHigherOrders = 2;
+    const Value ratio = Ratio({a, 0}, c);
+    const bool small = std::fabs(b * std::log1p(-x)) < kSmall;
+    const Value rise = Product(ratio, small ? PowerMinusOne(b, x) : Power(b, x));
+    Value value = Sum(small ? One(kOfLogarithm) : Ratio(TwoSum(c, -a), c), rise);
+    // r max(|bx|, |E(x)|), at most
+    const double most = small ? 2 * SizeAt(rise, value.exponent)
+                              : SizeAt(rise, value.exponent) +
+                                    SizeAt(ratio, value.exponent) * (1 + std::fabs(b * x));
+    const double logarithm = 1 + 2 * (std::log1p(std::fabs(b)) - std::min(0.0, std::log1p(-x)));
+    const double error = kHigherOrders * most * std::fabs(a - c) * logarithm;
+    const double own = std::fabs(value.fraction.high);
+    value.loss += error / (own + std::fabs(value.slope));
+    value.relative += error / own;
+    return value;
 }
 
 /// For c next to 0. The function is a b x / c F(a+1,b+1;2;x) and a part that c does not change
 /// there, which is told by a larger c: it is all that counts where F(a+1,b+1;2;x) is next to 0.
 Value NextToPole(const HypergeometricParameters& p, double x) {
+    constexpr double kOfLarger = 0x1p-68;  // what the larger c changes, by the part's own size
     const double larger = std::copysign(kTiny, p.c.high);
     const HypergeometricParameters there = {p.a, p.b, {larger, 0}};
     const Value pole = CarefulValue({PlusInteger(p.a, 1), PlusInteger(p.b, 1), {2, 0}}, x);
     // what 1/c is more than 1/larger
     const Value rise = Times(FirstTerm(p, x, pole), TwoSum(1, -p.c.high / larger));
-    return Sum(CarefulValue(there, x), rise);
+    Value part = CarefulValue(there, x);
+    part.loss += kOfLarger;
+    Value best = Sum(part, rise);
+    if (best.loss >= kGoodEnough && MayBeWide(p)) KeepBetter(best, WideValue(p, x));
+    return best;
 }
 
-Value ValueOf(HypergeometricParameters p, double x) {
+Value ValueOf(const HypergeometricParameters& p, double x) {
+    const double c = p.c.high;
+    if (!IsNegativeInteger(p.c) && (p.a.high == c || p.b.high == c)) {
+        return Power(p.a.high == c ? p.b.high : p.a.high, x);
+    }
     if (IsLinear(p, x)) {
         return Sum(One(kGoodEnough / 4), FirstTerm(p, x, One(kGoodEnough / 4)));
     }
-    if (p.c.high != 0 && std::fabs(p.c.high) < kTiny) return NextToPole(p, x);
-    return CarefulValue(p, x);
+    if (c == 0 || !(std::fabs(c) < kProportional)) return CarefulValue(p, x);
+    Value best;
+    for (const auto& [a, b] : {std::pair{p.a.high, p.b.high}, std::pair{p.b.high, p.a.high}}) {
+        if (std::fabs(a) < kProportional) KeepBetter(best, TiedValue(a, b, c, x));
+    }
+    if (best.loss < kGoodEnough) return best;
+    KeepBetter(best, std::fabs(c) < kTiny ? NextToPole(p, x) : CarefulValue(p, x));
+    return best;
 }
 
 }  // namespace

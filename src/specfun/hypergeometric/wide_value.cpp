@@ -27,7 +27,8 @@ constexpr double kFastDecay = 30;  // of terms at 1, by the power that they fall
 constexpr double kMove = 200;
 
 WideParameters Widened(const HypergeometricParameters& p) {
-    return {WideOf<6>(p.a.high), WideOf<6>(p.b.high), WideOf<6>(p.c.high)};
+    const auto widened = [](DoubleDouble a) { return Add(WideOf<6>(a.high), WideOf<6>(a.low)); };
+    return {widened(p.a), widened(p.b), widened(p.c)};
 }
 
 /// The i-th of FormsOf, exactly.
