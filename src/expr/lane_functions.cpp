@@ -163,8 +163,11 @@ bool RunLaneByLane(FunctionNumber number, const KernelCall& call) {
     std::optional<LaneResult> result;
     bool anyFailed = false;
     for (std::size_t lane = 0; lane < wanted; ++lane) {
-        call.out[lane] = 0.0;
-        if (call.errors[lane] != 0) continue;
+        if (call.errors[lane] != 0) {
+            call.out[lane] = 0.0;
+            continue;
+        }
+        // The arguments are read before anything is written: `out` may be their array.
         if (!hasOneValue || !result) result = ComputeLane(function, call, lane);
         call.out[lane] = result->value;
         call.errors[lane] = result->code;

@@ -5,7 +5,11 @@
 #include <cmath>
 #include <vector>
 
+#include "base/encoding.h"
+#include "expr/evaluator.h"
 #include "expr/kernels.h"
+#include "expr/program.h"
+#include "specfun/specfun.h"
 
 namespace kalvex {
 namespace {
@@ -46,6 +50,58 @@ TEST(RunLaneByLane, CopiesTheLastWantedLaneIntoThePadding) {
         EXPECT_TRUE(failing.failed) << padding;
         for (std::size_t i = 0; i < kCount; ++i)
             EXPECT_EQ(failing.errors[i], i + 1 < wanted ? 0 : 9) << padding << ", " << i;
+    }
+}
+
+TEST(RunLaneByLane, MayPutItsResultsInThePlaceOfAnOperand) {
+    const Lanes apart = [] {
+        std::vector<double> xs(kCount);
+        for (std::size_t i = 0; i < kCount; ++i)
+            xs[i] = 0.5 + static_cast<double>(i);
+        return RunOver(FunctionNumber::J, {{nullptr, 0.5}, {xs.data(), 0.0}}, 3);
+    }();
+    Lanes same;
+    for (std::size_t i = 0; i < kCount; ++i)
+        same.out[i] = 0.5 + static_cast<double>(i);
+    const std::vector<Source> sources = {{nullptr, 0.5}, {same.out.data(), 0.0}};
+    KernelCall call{same.out.data(), sources.data(), kCount, same.errors.data()};
+    call.padding = 3;
+    EXPECT_FALSE(RunLaneByLane(FunctionNumber::J, call));
+    EXPECT_EQ(same.out, apart.out);
+}
+
+TEST(RunLaneByLane, ComputesFunctionsInTheMiddleOfAnExpression) {
+    const struct {
+        const char16_t* text;
+        double (*expected)(double x, double y);
+    } rows[] = {
+        {u"Si(x*y)-0.5", [](double x, double y) { return specfun::Si(x * y) - 0.5; }},
+        {u"1+J(0.3,abs(x*y)+1)",
+         [](double x, double y) { return 1 + specfun::BesselJ(0.3, std::fabs(x * y) + 1); }},
+        {u"Leg(9,Cheb(1,5,x/4))*y",
+         [](double x, double y) {
+             return specfun::Legendre(9, specfun::Chebyshev(1, 5, x / 4)) * y;
+         }},
+        {u"x+Beta(abs(x*y)+1,abs(x-y)+1)",
+         [](double x, double y) {
+             return x + specfun::Beta(std::fabs(x * y) + 1, std::fabs(x - y) + 1);
+         }},
+    };
+    constexpr double kOrdinate = 1.75;
+    std::vector<double> xs;
+    for (int i = 0; i < 61; ++i)
+        xs.push_back(-3 + 0.1 * i);
+    std::vector<double> values(xs.size());
+    std::vector<std::int32_t> errors(xs.size());
+    for (const auto& row : rows) {
+        const CompiledExpression expression{CompileProgram(row.text, ActiveKernels())};
+        EvaluateInto(expression, xs, kOrdinate, values, errors);
+        for (std::size_t i = 0; i < xs.size(); ++i) {
+            const double expected = row.expected(xs[i], kOrdinate);
+            EXPECT_EQ(values[i], expected) << ToUtf8(row.text) << " at " << xs[i];
+            EXPECT_EQ(EvaluateExpression(expression, xs[i], kOrdinate), expected) << xs[i];
+            EXPECT_EQ(errors[i], 0);
+        }
     }
 }
 
