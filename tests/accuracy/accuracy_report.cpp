@@ -110,7 +110,7 @@ void WriteFunction(const Goal& goal, const Method& method) {
     const Worst worst = WorstOf(goal.name, rows);
     const Times times = TimesOf(goal.name, rows);
     const Searched searched = SearchedOf(goal.name);
-    std::cout << "| `" << goal.name << "` | " << Digits(goal.most, 1) << " | "
+    std::cout << "| `" << goal.name << "` | " << Digits(goal.most, 2) << " | "
               << Digits(worst.error, 2) << " | `" << worst.where << "` | " << rows.size() << " | "
               << searched.error << " | `" << searched.where << "` | " << searched.points << " | "
               << Digits(times.median, 0) << " | " << Digits(times.longest, 0) << " | "
