@@ -32,7 +32,7 @@ bool ReadPoints(FunctionEntry& entry) {
 }  // namespace
 
 bool IsSelectedFile(const FunctionEntry& entry) {
-    return entry.selected == 1 && entry.type == static_cast<std::int32_t>(EquationType::File);
+    return entry.selected == 1 && entry.type == EquationType::File;
 }
 
 ApproxParameters ParametersOf(const FunctionEntry& entry) {

@@ -69,7 +69,7 @@ void PlotFunction(GraphState& state, FunctionEntry& entry, int slot, const Optio
                   const DrawProgress& progress, DrawList& list) {
     const Viewport& viewport = state.viewport;
     const Pen pen{ColorOf(entry.color), PenWidthOf(options)};
-    switch (static_cast<EquationType>(entry.type)) {
+    switch (entry.type) {
         case EquationType::Polar:
             PlotPolar(entry, viewport, options.MaxAngle, pen, list);
             break;
@@ -109,8 +109,7 @@ DrawList DrawGraph(GraphState& state, FunctionList& functions, const Options& op
     }
     for (int slot = 0; slot < kSlotCount && !state.trace.function; ++slot) {
         const FunctionEntry& entry = functions[static_cast<std::size_t>(slot)];
-        if (IsDrawn(entry) && entry.type != static_cast<std::int32_t>(EquationType::Implicit))
-            state.trace.function = slot;
+        if (IsDrawn(entry) && entry.type != EquationType::Implicit) state.trace.function = slot;
     }
     if (state.mode == GraphMode::Trace) RefreshTraceCursor(state, functions);
     if (options.Label != 0) DrawLegend(viewport, functions, options, measure, list);

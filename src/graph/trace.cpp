@@ -15,7 +15,7 @@ namespace kalvex {
 namespace {
 
 bool HasType(const FunctionEntry& entry, EquationType type) {
-    return entry.type == static_cast<std::int32_t>(type);
+    return entry.type == type;
 }
 
 bool HasParameter(const FunctionEntry& entry) {

@@ -31,12 +31,12 @@ constexpr std::array<Example, 7> kExamples = {{
 Workspace ExampleWorkspace(std::u16string_view pointFile) {
     Workspace workspace = DefaultWorkspace();
     for (std::size_t i = 0; i < kExamples.size(); ++i) {
-        workspace.functions[i].type = static_cast<std::int32_t>(kExamples[i].type);
+        workspace.functions[i].type = kExamples[i].type;
         workspace.lines[i] = kExamples[i].text;
     }
     if (pointFile.empty() || pointFile.size() >= kStoredUnits) return workspace;
     FunctionEntry& file = workspace.functions[kExamples.size()];
-    file.type = static_cast<std::int32_t>(EquationType::File);
+    file.type = EquationType::File;
     file.approx = static_cast<std::int32_t>(ApproxMethod::CubicHermite);
     workspace.lines[kExamples.size()] = pointFile;
     return workspace;

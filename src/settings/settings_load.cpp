@@ -109,7 +109,8 @@ void LoadView(Loader& loader, ViewWindow& view, Options& options) {
 
 void LoadEntry(Loader& loader, FunctionEntry& entry) {
     entry.color = SlotNumber(loader, "Color", entry.color);  // KEEP: written as `color`
-    entry.type = SlotNumber(loader, "type", entry.type);
+    entry.type = static_cast<EquationType>(
+        SlotNumber(loader, "type", static_cast<std::int32_t>(entry.type)));
     entry.approx = SlotNumber(loader, "approx", entry.approx);
     entry.approx_val = SlotNumber(loader, "approx_val", entry.approx_val);
     entry.approx_val2 = SlotNumber(loader, "approx_val2", entry.approx_val2);

@@ -83,7 +83,7 @@ bool WriteView(const Registry& registry, const ViewWindow& view, const Options& 
 bool WriteEntry(const Registry& registry, std::string_view key, const FunctionEntry& entry) {
     return WriteNumbers(registry, key,
                         {{"color", entry.color},
-                         {"type", entry.type},
+                         {"type", static_cast<std::int32_t>(entry.type)},
                          {"approx", entry.approx},
                          {"approx_val", entry.approx_val},
                          {"approx_val2", entry.approx_val2}}) &&

@@ -9,7 +9,7 @@
 namespace kalvex {
 
 /// The label of an equation type (" r(x)=", " Y(x)=", ...); " Y(x)=" for any other number.
-std::u16string_view LabelOf(std::int32_t type);
+std::u16string_view LabelOf(EquationType type);
 
 /// Toggles `selected`.
 void ToggleSelected(FunctionEntry& entry);

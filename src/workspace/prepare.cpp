@@ -52,7 +52,7 @@ bool CompileParametric(FunctionEntry& entry, int slot, const ShowMessage& show) 
 }
 
 bool CompileSelected(FunctionEntry& entry, int slot, const ShowMessage& show) {
-    switch (static_cast<EquationType>(entry.type)) {
+    switch (entry.type) {
         case EquationType::Polar:
         case EquationType::Decart:
             return CompileExplicit(entry, slot, entry.workingText, entry.compiled[0], show);
@@ -72,7 +72,7 @@ bool PrepareFunction(FunctionEntry& entry, int slot, std::u16string_view line,
     entry.text = line;
     entry.workingText = line;
     if (entry.selected == 1 && !CompileSelected(entry, slot, show)) return false;
-    if (entry.type == static_cast<std::int32_t>(EquationType::File)) {
+    if (entry.type == EquationType::File) {
         // Paths of a desktop have slashes; a name never holds either sign.
         const std::size_t last = entry.workingText.find_last_of(u"\\/");
         if (last != entry.workingText.npos) entry.text = entry.workingText.substr(last + 1);

@@ -45,7 +45,7 @@ TEST(EditorCommands, Types) {
     Bench bench;
     for (const auto& [number, type] : rows) {
         EXPECT_TRUE(bench.Run(8, static_cast<CommandId>(number)));
-        EXPECT_EQ(bench.workspace.functions[8].type, type);
+        EXPECT_EQ(static_cast<int>(bench.workspace.functions[8].type), type);
     }
     EXPECT_EQ(bench.filesAsked, std::vector<int>{8});  // only for a File line
 }
@@ -98,7 +98,7 @@ TEST(EditorCommands, WithoutALineNothingChanges) {
     }
     for (const FunctionEntry& entry : bench.workspace.functions) {
         EXPECT_EQ(entry.color, 0);
-        EXPECT_EQ(entry.type, 0);
+        EXPECT_EQ(entry.type, EquationType::None);
         EXPECT_EQ(entry.approx, 0);
         EXPECT_FALSE(entry.selected);
     }

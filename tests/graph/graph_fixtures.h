@@ -29,7 +29,7 @@ inline Viewport MakeViewport(double xmin, double xmax, double ymin, double ymax,
 inline FunctionEntry MakeEntry(EquationType type, std::u16string_view text,
                                std::u16string_view yText = {}) {
     FunctionEntry entry;
-    entry.type = static_cast<std::int32_t>(type);
+    entry.type = type;
     entry.color = 1;
     entry.selected = 1;
     entry.text = text;

@@ -298,7 +298,7 @@ TEST(TraceMode, SlidesToAnotherFunction) {
 TEST(TraceMode, NeedsAFunction) {
     Graph graph;
     graph.functions[0].selected = 0;
-    graph.functions[2].type = static_cast<std::int32_t>(EquationType::Implicit);
+    graph.functions[2].type = EquationType::Implicit;
     EXPECT_EQ(graph.Run(CommandId::Trace), PictureChange::None);
     EXPECT_EQ(graph.state.mode, GraphMode::Normal);
 }

@@ -109,7 +109,7 @@ TEST(Load, ShowsOneBoxWhenThereIsNoKeyAtAll) {
     EXPECT_TRUE(workspace.registryErrorShown);
     EXPECT_EQ(workspace.view.Xmin, -10);
     EXPECT_EQ(workspace.functions[3].color, 4);
-    EXPECT_EQ(workspace.functions[3].type, 2);
+    EXPECT_EQ(workspace.functions[3].type, EquationType::Decart);
     EXPECT_EQ(workspace.lines[0], u"");
 }
 
@@ -189,7 +189,7 @@ Workspace UnusualWorkspace() {
     w.view.Yfactor = 4;
     for (std::size_t i = 0; i < 9; ++i) {
         w.functions[i].color = 9 - static_cast<std::int32_t>(i);
-        w.functions[i].type = 5;
+        w.functions[i].type = EquationType::Implicit;
         w.functions[i].approx = 12;
         w.functions[i].approx_val = 3;
         w.functions[i].approx_val2 = 2;
@@ -262,7 +262,7 @@ TEST(Load, TakesAWrongTypeForAMissingValue) {
     EXPECT_EQ(workspace.view.Ymax, 10);
     LoadFunctionSettings(faulty.registry, workspace, shown.show);
     EXPECT_EQ(shown.boxes->size(), 3u);
-    EXPECT_EQ(workspace.functions[3].type, 2);
+    EXPECT_EQ(workspace.functions[3].type, EquationType::Decart);
 }
 
 struct BoundsCase {

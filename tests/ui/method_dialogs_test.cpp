@@ -16,7 +16,7 @@ struct MethodProgram : TestProgram {
         if (!application.editor) {
             Start();
             ClearLines();
-            Entry(2).type = 4;
+            Entry(2).type = EquationType::File;
             Editor().ShowLines();
         }
         Editor().FocusLine(1);
@@ -109,7 +109,7 @@ class MethodDialogsTest final : public QObject {
         MethodProgram program;
         program.Start();
         program.ClearLines();
-        program.Entry(2).type = 4;
+        program.Entry(2).type = EquationType::File;
         program.Entry(2).approx_val = 17;  // no flag
         program.Entry(2).approx_val2 = 2;
         program.Editor().ShowLines();
@@ -153,7 +153,7 @@ class MethodDialogsTest final : public QObject {
             MethodProgram program;
             program.Start();
             program.ClearLines();
-            program.Entry(2).type = 4;
+            program.Entry(2).type = EquationType::File;
             program.Editor().FocusLine(1);
             program.Editor().Run(static_cast<CommandId>(32919 + code));
             const bool dialog = code == 0 || code == 3 || code == 10;
@@ -164,7 +164,7 @@ class MethodDialogsTest final : public QObject {
         MethodProgram program;
         program.Start();
         program.ClearLines();
-        program.Entry(2).type = program.Entry(3).type = 4;
+        program.Entry(2).type = program.Entry(3).type = EquationType::File;
         program.Entry(2).approx = 6;
         program.Entry(3).approx = 12;
         program.Editor().ShowLines();
