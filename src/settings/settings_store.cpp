@@ -5,11 +5,11 @@
 
 #include "base/decimal.h"
 #include "base/encoding.h"
-#include "base/truncate.h"
 #include "resources/samples.h"
 #include "settings/examples.h"
 #include "settings/settings.h"
 #include "settings/settings_names.h"
+#include "workspace/option_rows.h"
 
 namespace kalvex {
 namespace {
@@ -51,32 +51,22 @@ bool WriteReals(const Registry& registry, std::string_view key,
 }
 
 bool WriteOptions(const Registry& registry, const Options& options) {
-    return WriteNumbers(registry, "",
-                        {{"Axex", options.Axex},
-                         {"ColorText", options.ColorText},
-                         {"Diff", options.Diff},
-                         {"Coord", options.Coord},
-                         {"Setka", options.Setka},
-                         {"Label", options.Label},
-                         {"Screen", options.Screen},
-                         {"TextSize", options.TextSize},
-                         {"InterpolationType", options.InterpolationType},
-                         {"Wight", options.Wight},
-                         {"MaxAngle", TruncateToInt32(options.MaxAngle)},
-                         {"Resolution", options.Resolution}});
+    return std::ranges::all_of(kOptionRows, [&](const OptionRow& row) {
+        return row.kind == OptionKind::Range ||
+               registry.writeNumber("", row.name, StoredNumberOf(options, row));
+    });
 }
 
-// KEEP: written as `Xmin`, read as `xmin`.
 bool WriteView(const Registry& registry, const ViewWindow& view, const Options& options) {
-    return WriteReals(registry, "",
-                      {{"Xmin", view.Xmin},
-                       {"Xmax", view.Xmax},
-                       {"Ymin", view.Ymin},
-                       {"Ymax", view.Ymax},
-                       {"Xfactor", view.Xfactor},
-                       {"Yfactor", view.Yfactor},
-                       {"MinParam", options.MinParam},
-                       {"MaxParam", options.MaxParam}});
+    const auto writeValue = [&](const ViewValue& value) {
+        return WriteReal(registry, "", value.storedAs, view.*value.field);
+    };
+    const auto writeRange = [&](const OptionRow& row) {
+        return row.kind != OptionKind::Range ||
+               WriteReal(registry, "", row.name, ValueOf(options, row));
+    };
+    return std::ranges::all_of(kViewValues, writeValue) &&
+           std::ranges::all_of(kOptionRows, writeRange);
 }
 
 // KEEP: written as `color`, read as `Color`.

@@ -8,6 +8,7 @@
 #include "settings/faulty_registry.h"
 #include "settings/settings.h"
 #include "workspace/defaults.h"
+#include "workspace/option_rows.h"
 
 namespace kalvex {
 namespace {
@@ -31,26 +32,19 @@ TEST(LoadSettings, ReadsInTheProgramsOrder) {
     const FaultyRegistry faulty = MakeFilledRegistry();
     Workspace workspace;
     LoadSettings(faulty.registry, workspace, ShownBoxes().show);
-    const Log expected = {"open /",
-                          "readNumber /Axex",
-                          "readNumber /ColorText",
-                          "readNumber /Diff",
-                          "readNumber /Coord",
-                          "readNumber /Setka",
-                          "readNumber /Label",
-                          "readNumber /Screen",
-                          "readNumber /TextSize",
-                          "readNumber /InterpolationType",
-                          "readNumber /Wight",
-                          "readNumber /MaxAngle",
-                          "readText /xmin",
-                          "readText /Xmax",
-                          "readText /Ymin",
-                          "readText /Ymax",
-                          "readText /Xfactor",
-                          "readText /Yfactor",
-                          "readText /MinParam",
-                          "readText /MaxParam"};
+    Log expected = {"open /"};
+    Log ranges;
+    for (const OptionRow& row : kOptionRows) {
+        if (row.kind == OptionKind::WriteOnly) continue;
+        if (row.kind == OptionKind::Range) {
+            ranges.push_back("readText /" + std::string(row.name));
+        } else {
+            expected.push_back("readNumber /" + std::string(row.name));
+        }
+    }
+    for (const char* const name : {"xmin", "Xmax", "Ymin", "Ymax", "Xfactor", "Yfactor"})
+        expected.push_back(std::string("readText /") + name);
+    expected.insert(expected.end(), ranges.begin(), ranges.end());
     EXPECT_EQ(*faulty.log, expected);
 }
 
