@@ -5,23 +5,9 @@
 #include <cstdio>
 
 #include "base/encoding.h"
+#include "base/message_line.h"
 
 namespace kalvex {
-namespace {
-
-void AppendEscaped(std::string& line, std::string_view text) {
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool pair = text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n';
-        if (pair) continue;
-        if (text[i] == '\n' || text[i] == '\r')
-            line += "\\n";
-        else
-            line += text[i];
-    }
-}
-
-}  // namespace
-
 ExitStatus ForEachText(const std::optional<std::string>& argument, std::istream& input,
                        const HandleText& handle) {
     if (argument) return handle(ToUtf16(*argument));
@@ -45,14 +31,6 @@ ExitStatus FinishOutput() {
     if (flushed && std::ferror(stdout) == 0) return ExitStatus::Done;
     std::fputs("Standard output could not be written.\n", stderr);
     return ExitStatus::NotWritten;
-}
-
-std::string MessageLine(const MessageBox& box) {
-    std::string line;
-    AppendEscaped(line, ToUtf8(box.caption));
-    line += ": ";
-    AppendEscaped(line, ToUtf8(box.text));
-    return line;
 }
 
 MessageAnswer ShowOnStandardError(const MessageBox& box) {

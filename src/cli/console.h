@@ -27,9 +27,6 @@ bool WriteOut(std::string_view text);
 /// Empties the buffer of standard output; NotWritten when not everything reached its target.
 ExitStatus FinishOutput();
 
-/// A message box as one line: the caption, ": ", the text with each line break written as \n.
-std::string MessageLine(const MessageBox& box);
-
 /// Shows a box as its line on standard error.
 MessageAnswer ShowOnStandardError(const MessageBox& box);
 

@@ -11,7 +11,7 @@
 #include <QSpacerItem>
 #include <cstdio>
 
-#include "base/encoding.h"
+#include "base/message_line.h"
 #include "ui/parts/qt_text.h"
 #include "ui/parts/touch.h"
 
@@ -88,15 +88,7 @@ MessageAnswer ShowMessageWindow(const MessageBox& box) {
 }
 
 MessageAnswer WriteMessageLine(const MessageBox& box) {
-    std::string line = ToUtf8(box.caption) + ": ";
-    for (const char character : ToUtf8(box.text)) {
-        if (character == '\n') {
-            line += "\\n";
-        } else {
-            line += character;
-        }
-    }
-    std::fprintf(stderr, "%s\n", line.c_str());
+    std::fprintf(stderr, "%s\n", MessageLine(box).c_str());
     return box.buttons == MessageButtons::YesNo ? MessageAnswer::No : MessageAnswer::Ok;
 }
 
