@@ -1,12 +1,11 @@
 // The two text types of the program meet here: UTF-16 of the engine, QString of the windows.
 #pragma once
 
-#include <QColor>
 #include <QString>
 #include <string>
 #include <string_view>
 
-#include "workspace/function_entry.h"
+#include "painter/qt_color.h"
 
 namespace kalvex {
 
@@ -17,10 +16,6 @@ inline QString ToQString(std::u16string_view text) {
 
 inline std::u16string FromQString(const QString& text) {
     return text.toStdU16String();
-}
-
-inline QColor ToQColor(Rgb color) {
-    return QColor(color.red, color.green, color.blue);
 }
 
 }  // namespace kalvex
