@@ -10,7 +10,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QStandardPaths>
 #include <limits>
 #include <memory>
@@ -21,6 +20,7 @@
 #include "base/decimal.h"
 #include "base/truncate.h"
 #include "resources/strings.h"
+#include "settings/complete_file.h"
 #include "settings/ini_text.h"
 
 namespace kalvex {
@@ -68,17 +68,12 @@ void Refresh(FileStore& store) {
     store.ini = ReadIni({bytes.constData(), static_cast<std::size_t>(bytes.size())});
 }
 
-/// The new file is complete on the disk before it takes the old one's place.
+/// The settings are a file of their own: a device or a pipe at their path is left alone.
 bool Save(const FileStore& store) {
-    const std::string bytes = WriteIni(store.ini);
-    const auto size = static_cast<qint64>(bytes.size());
-    QDir().mkpath(QFileInfo(store.file).absolutePath());
-    QSaveFile file(store.file);
-    if (!file.open(QIODevice::WriteOnly)) return false;
-    const bool complete =
-        file.write(bytes.data(), size) == size && file.flush() && file.size() == size;
-    if (!complete) file.cancelWriting();
-    return file.commit() && complete;
+    const QFileInfo old(store.file);
+    if (old.exists() && !old.isFile()) return false;
+    QDir().mkpath(old.absolutePath());
+    return WriteCompleteFile(store.file, WriteIni(store.ini));
 }
 
 /// Brings the postponed writes into the file, or memory back to what the file has.
