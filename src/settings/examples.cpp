@@ -34,7 +34,7 @@ Workspace ExampleWorkspace(std::u16string_view pointFile) {
         workspace.functions[i].type = kExamples[i].type;
         workspace.lines[i] = kExamples[i].text;
     }
-    if (pointFile.empty() || pointFile.size() >= kStoredUnits) return workspace;
+    if (pointFile.empty() || !IsStoredWhole(pointFile)) return workspace;
     FunctionEntry& file = workspace.functions[kExamples.size()];
     file.type = EquationType::File;
     file.approx = static_cast<std::int32_t>(ApproxMethod::CubicHermite);
