@@ -7,7 +7,6 @@
 #include <cstdio>
 #include <memory>
 
-#include "base/decimal.h"
 #include "cli/commands.h"
 #include "cli/console.h"
 #include "cli/number_argument.h"
@@ -15,6 +14,7 @@
 #include "cli/point_table.h"
 #include "graph/approx_failure.h"
 #include "graph/file_lines.h"
+#include "numbers/decimal.h"
 
 namespace kalvex {
 namespace {

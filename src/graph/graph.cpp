@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "base/truncate.h"
 #include "graph/axes.h"
 #include "graph/coordinates.h"
 #include "graph/curves.h"
@@ -13,6 +12,7 @@
 #include "graph/implicit.h"
 #include "graph/legend.h"
 #include "graph/trace.h"
+#include "numbers/truncate.h"
 
 namespace kalvex {
 namespace {

@@ -4,10 +4,10 @@
 #include <algorithm>
 #include <cmath>
 
-#include "base/truncate.h"
 #include "expr/eval_error.h"
 #include "graph/curves.h"
 #include "graph/file_lines.h"
+#include "numbers/truncate.h"
 
 namespace kalvex {
 namespace {

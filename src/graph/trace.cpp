@@ -6,9 +6,9 @@
 #include <cmath>
 #include <optional>
 
-#include "base/decimal.h"
 #include "expr/eval_error.h"
 #include "graph/legend.h"
+#include "numbers/decimal.h"
 #include "resources/strings.h"
 
 namespace kalvex {

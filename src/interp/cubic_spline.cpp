@@ -2,7 +2,7 @@
 // what lies below the diagonal, one upwards solves.
 #include "interp/cubic_spline.h"
 
-#include "base/decimal.h"
+#include "numbers/decimal.h"
 
 namespace kalvex {
 namespace {

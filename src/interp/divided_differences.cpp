@@ -8,18 +8,11 @@
 #include <limits>
 #include <type_traits>
 
-#include "base/decimal.h"
-#include "specfun/precision/double_double.h"
+#include "numbers/decimal.h"
+#include "numbers/double_double.h"
 
 namespace kalvex {
 namespace {
-
-using specfun::Add;
-using specfun::Divide;
-using specfun::DoubleDouble;
-using specfun::Multiply;
-using specfun::Subtract;
-using specfun::TwoSum;
 
 constexpr std::string_view kRoutine = "DATA_TO_DIF";
 constexpr double kNan = std::numeric_limits<double>::quiet_NaN();

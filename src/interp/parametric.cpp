@@ -2,7 +2,7 @@
 // Overhauser splines are cubic Hermite pieces whose end slopes are those of parabolas.
 #include "interp/parametric.h"
 
-#include "base/decimal.h"
+#include "numbers/decimal.h"
 
 namespace kalvex {
 namespace {

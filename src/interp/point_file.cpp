@@ -13,8 +13,8 @@
 #include <cstdint>
 #include <optional>
 
-#include "base/decimal.h"
 #include "interp/line_pieces.h"
+#include "numbers/decimal.h"
 
 namespace kalvex {
 namespace {

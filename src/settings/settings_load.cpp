@@ -4,7 +4,7 @@
 // then.
 #include <cmath>
 
-#include "base/decimal.h"
+#include "numbers/decimal.h"
 #include "resources/strings.h"
 #include "settings/settings.h"
 #include "settings/settings_names.h"

@@ -3,9 +3,9 @@
 // stored, and nothing beyond the text is ever read.
 #include <algorithm>
 
-#include "base/decimal.h"
 #include "base/encoding.h"
-#include "base/truncate.h"
+#include "numbers/decimal.h"
+#include "numbers/truncate.h"
 #include "resources/samples.h"
 #include "settings/examples.h"
 #include "settings/settings.h"

@@ -2,10 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "base/decimal.h"
 #include "base/encoding.h"
 #include "expr/eval_error.h"
 #include "graph_fixtures.h"
+#include "numbers/decimal.h"
 
 namespace kalvex {
 namespace {

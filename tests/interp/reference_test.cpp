@@ -11,9 +11,9 @@
 #include <string>
 #include <vector>
 
-#include "base/decimal.h"
 #include "expr/eval_error.h"
 #include "interp/approximation.h"
+#include "numbers/decimal.h"
 
 namespace kalvex {
 namespace {
