@@ -7,7 +7,7 @@
 #include "base/truncate.h"
 #include "expr/eval_error.h"
 #include "graph/curves.h"
-#include "graph/file_lines.h"
+#include "interp/approximation.h"
 
 namespace kalvex {
 namespace {
@@ -113,8 +113,7 @@ Failure plotFileFunction(FunctionEntry& entry, const Viewport& viewport, const P
     }
     const std::vector<double> xs = Abscissas(viewport);
     std::vector<double> values(xs.size());
-    Approximation approximation =
-        SetUpApproximation(x, y, ParametersOf(entry), Half(progress, 0.0));
+    Approximation approximation = SetUpApproximation(x, y, entry.method, Half(progress, 0.0));
     EvaluateApproximation(approximation, xs, values, Half(progress, 0.5));
     entry.samples = SamplesOf(xs, values, viewport.view);
     DrawRuns(entry.samples, viewport, pen, list);

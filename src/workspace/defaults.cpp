@@ -5,7 +5,7 @@
 
 #include <array>
 
-#include "interp/approximation.h"
+#include "resources/methods.h"
 #include "workspace/settings_names.h"
 
 namespace kalvex {
@@ -52,7 +52,7 @@ Workspace ExampleWorkspace(std::u16string_view pointFile) {
     if (pointFile.empty() || pointFile.size() >= kStoredUnits) return workspace;
     FunctionEntry& file = workspace.functions[kExamples.size()];
     file.type = static_cast<std::int32_t>(EquationType::File);
-    file.approx = static_cast<std::int32_t>(ApproxMethod::CubicHermite);
+    file.method.approx = static_cast<std::int32_t>(ApproxMethod::CubicHermite);
     workspace.lines[kExamples.size()] = pointFile;
     return workspace;
 }

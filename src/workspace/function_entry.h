@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "expr/evaluator.h"
+#include "interp/approx_parameters.h"
 
 namespace kalvex {
 
@@ -35,20 +36,16 @@ using PointRecord = CurveSample;
 
 /// One function line. Compiled forms: index 0 is the expression (of `Parametric`: X), 1 is Y.
 struct FunctionEntry {
-    std::int32_t type = 0;    ///< an EquationType as stored; other numbers are kept, never drawn
-    std::int32_t color = 0;   ///< 1..9, index into the colour table
-    std::int32_t approx = 0;  ///< approximation method 0..12
-    std::u16string text;      ///< the line as typed; of a File its name without the path
+    std::int32_t type = 0;   ///< an EquationType as stored; other numbers are kept, never drawn
+    std::int32_t color = 0;  ///< 1..9, index into the colour table
+    std::u16string text;     ///< the line as typed; of a File its name without the path
     std::u16string workingText;
     std::u16string yText;
     std::array<CompiledExpression, 2> compiled;
     std::vector<CurveSample> samples;
     std::uint8_t selected = 0;
     std::vector<PointRecord> points;
-    std::int32_t approx_val = 1;
-    std::int32_t approx_val2 = 0;
-    double beta1 = 1.0;
-    double beta2 = 0.0;
+    ApproxParameters method;  ///< of a File
 };
 
 inline constexpr int kSlotCount = 9;

@@ -42,8 +42,8 @@ class FileLines : public testing::Test {
         FunctionEntry& entry = functions[slot];
         entry.type = 4;
         entry.selected = 1;
-        entry.approx = approx;
-        entry.approx_val = terms;
+        entry.method.approx = approx;
+        entry.method.approx_val = terms;
         entry.text = ToUtf16(name);
         entry.workingText = ToUtf16((folder / name).string());
     }

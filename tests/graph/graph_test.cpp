@@ -204,7 +204,7 @@ TEST(Graph, SurvivesEverySize) {
 /// A File line with as many points on y = x as are asked for.
 FunctionEntry FileEntry(int points, std::int32_t approx) {
     FunctionEntry entry = MakeEntry(EquationType::File, u"a.txt");
-    entry.approx = approx;
+    entry.method.approx = approx;
     entry.points.resize(static_cast<std::size_t>(points));
     for (int i = 0; i < points; ++i)
         entry.points[static_cast<std::size_t>(i)].x = entry.points[static_cast<std::size_t>(i)].y =
@@ -241,7 +241,7 @@ TEST(Graph, TellsWhichMethodsFailedInTheLastRedraw) {
         EXPECT_EQ(state.approxFailures[1].slot, 8);
     }
     EXPECT_EQ(state.trace.status, 1000);
-    functions[1].approx = functions[8].approx = 8;
+    functions[1].method.approx = functions[8].method.approx = 8;
     Draw(state, functions, PlainOptions());
     EXPECT_TRUE(state.approxFailures.empty());
 }

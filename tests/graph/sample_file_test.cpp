@@ -16,7 +16,7 @@ using fixtures::RecordsOf;
 FunctionEntry EntryOf(const std::vector<double>& x, const std::vector<double>& y,
                       std::int32_t approx) {
     FunctionEntry entry = fixtures::MakeEntry(EquationType::File, u"");
-    entry.approx = approx;
+    entry.method.approx = approx;
     for (std::size_t i = 0; i < x.size(); ++i) {
         entry.points.emplace_back();
         entry.points.back().x = x[i];
@@ -154,7 +154,7 @@ TEST(FileFunction, SurvivesExtremeWindowsAndPoints) {
     const std::vector<double> y = {1, -1e308, NAN, inf, 0, 3, 1e30, -inf, 2};
     for (const fixtures::Size size : fixtures::kExtremeSizes) {
         for (const auto& [low, high] : fixtures::ExtremeBounds()) {
-            for (std::int32_t method = -1; method <= 13; ++method) {
+            for (std::int32_t method = -1; method <= kMethodCount; ++method) {
                 FunctionEntry entry = EntryOf(x, y, method);
                 PlotOf(entry, MakeViewport(low, high, low, high, std::min(size.width, 300),
                                            std::min(size.height, 300)));

@@ -2,6 +2,8 @@
 
 #include <QTest>
 
+#include "resources/methods.h"
+
 using namespace kalvex;
 
 namespace {
@@ -56,11 +58,12 @@ class EditorCommandsTest final : public QObject {
         QCOMPARE(bench.filesAsked, std::vector<int>{8});  // only for a File line
     }
     void Methods() {
-        for (int code = 0; code < 13; ++code) {
+        for (const MethodChoice& choice : kMethods) {
             Bench bench;
-            bench.workspace.functions[7].approx = 77;
-            QVERIFY(bench.Run(7, static_cast<CommandId>(32919 + code)));
-            QCOMPARE(bench.workspace.functions[7].approx, code);
+            bench.workspace.functions[7].method.approx = 77;
+            QVERIFY(bench.Run(7, choice.command));
+            QCOMPARE(bench.workspace.functions[7].method.approx,
+                     static_cast<std::int32_t>(choice.method));
             QCOMPARE(bench.methodsSetUp, std::vector<int>{7});
         }
     }
@@ -100,7 +103,7 @@ class EditorCommandsTest final : public QObject {
         for (const FunctionEntry& entry : bench.workspace.functions) {
             QCOMPARE(entry.color, 0);
             QCOMPARE(entry.type, 0);
-            QCOMPARE(entry.approx, 0);
+            QCOMPARE(entry.method.approx, 0);
             QVERIFY(!entry.selected);
         }
         for (const std::u16string& line : bench.workspace.lines)

@@ -18,11 +18,11 @@ TEST(DefaultWorkspace, IsANewUsers) {
         EXPECT_EQ(entry.type, 2);
         EXPECT_EQ(entry.color, static_cast<std::int32_t>(i) + 1);
         EXPECT_EQ(entry.selected, 0);
-        EXPECT_EQ(entry.approx, 0);
-        EXPECT_EQ(entry.approx_val, 1);
-        EXPECT_EQ(entry.approx_val2, 0);
-        EXPECT_EQ(entry.beta1, 1);
-        EXPECT_EQ(entry.beta2, 0);
+        EXPECT_EQ(entry.method.approx, 0);
+        EXPECT_EQ(entry.method.approx_val, 1);
+        EXPECT_EQ(entry.method.approx_val2, 0);
+        EXPECT_EQ(entry.method.beta1, 1);
+        EXPECT_EQ(entry.method.beta2, 0);
         EXPECT_TRUE(workspace.lines[i].empty());
     }
     EXPECT_EQ(workspace.view.Xmin, -10);
@@ -50,7 +50,7 @@ TEST(ExampleWorkspace, ShowsAPointFileWhosePathTheStoreCanKeep) {
     const Workspace with = ExampleWorkspace(fits);
     EXPECT_EQ(with.lines[7], fits);
     EXPECT_EQ(with.functions[7].type, 4);
-    EXPECT_EQ(with.functions[7].approx, 11);
+    EXPECT_EQ(with.functions[7].method.approx, 11);
     EXPECT_TRUE(with.lines[8].empty());
     const Workspace without = ExampleWorkspace(fits + u'a');
     EXPECT_EQ(without.lines, ExampleWorkspace().lines);

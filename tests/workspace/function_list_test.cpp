@@ -56,7 +56,7 @@ TEST(ReleaseFunctions, LeavesTheSettings) {
     entry.type = 3;
     entry.color = 5;
     entry.selected = 1;
-    entry.approx_val = 6;
+    entry.method.approx_val = 6;
     entry.text = entry.workingText = entry.yText = u"x";
     entry.compiled = {CompileExpression(u"x"), CompileExpression(u"x")};
     entry.samples.resize(3);
@@ -71,7 +71,7 @@ TEST(ReleaseFunctions, LeavesTheSettings) {
     EXPECT_EQ(entry.type, 3);
     EXPECT_EQ(entry.color, 5);
     EXPECT_EQ(entry.selected, 1);
-    EXPECT_EQ(entry.approx_val, 6);
+    EXPECT_EQ(entry.method.approx_val, 6);
 }
 
 }  // namespace
