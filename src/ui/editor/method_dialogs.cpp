@@ -7,11 +7,11 @@
 #include <string>
 #include <vector>
 
+#include "commands/number_input.h"
 #include "interp/method_table.h"
 #include "resources/strings.h"
 #include "ui/parts/form_dialog.h"
 #include "ui/parts/qt_text.h"
-#include "workspace/number_input.h"
 
 namespace kalvex {
 namespace {
