@@ -19,15 +19,10 @@ MessageBox WarningBox(std::u16string text) {
 }
 
 bool ReadPoints(FunctionEntry& entry) {
-    entry.points.clear();
-    const PointFile file = ReadPointFile(ToUtf8(entry.workingText));
-    if (file.error != PointFileError::None) return false;
-    entry.points.resize(file.points.x.size());
-    for (std::size_t i = 0; i < entry.points.size(); ++i) {
-        entry.points[i].x = file.points.x[i];
-        entry.points[i].y = file.points.y[i];
-    }
-    return true;
+    entry.pointPixels = {};
+    PointFile file = ReadPointFile(ToUtf8(entry.workingText));
+    entry.points = std::move(file.points);
+    return file.error == PointFileError::None;
 }
 
 }  // namespace
@@ -61,7 +56,7 @@ MessageBox TermCountBox(int function) {
 bool CheckTermCounts(const FunctionList& functions, const ShowMessage& show) {
     for (int slot = 0; slot < kSlotCount; ++slot) {
         const FunctionEntry& entry = functions[static_cast<std::size_t>(slot)];
-        const bool good = HasGoodTermCount(entry.method, entry.points.size());
+        const bool good = HasGoodTermCount(entry.method, CountOf(entry.points));
         if (!IsSelectedFile(entry) || good) continue;
         show(TermCountBox(slot + 1));
         return false;
@@ -72,7 +67,7 @@ bool CheckTermCounts(const FunctionList& functions, const ShowMessage& show) {
 bool ConfirmManyLines(const FunctionList& functions, const ShowMessage& show) {
     bool confirmed = true;
     for (const FunctionEntry& entry : functions) {
-        if (!IsSelectedFile(entry) || entry.points.size() <= kManyPoints) continue;
+        if (!IsSelectedFile(entry) || CountOf(entry.points) <= kManyPoints) continue;
         // KEEP: the others are still asked about after a No.
         const MessageAnswer answer = show({std::u16string(Text(StringId::Warning)),
                                            FillIn(Text(StringId::ManyLines), {entry.text}),

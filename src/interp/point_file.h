@@ -13,15 +13,10 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
-#include <vector>
+
+#include "interp/point_table.h"
 
 namespace kalvex {
-
-/// The points in the order of the file; both vectors have the same length.
-struct PointTable {
-    std::vector<double> x;
-    std::vector<double> y;
-};
 
 /// More lines than these are refused: 4,194,304 points are 64 MiB here and 200 MiB in a function.
 inline constexpr std::size_t kMostLines = std::size_t{1} << 22;

@@ -8,6 +8,7 @@
 
 #include "expr/evaluator.h"
 #include "interp/approx_parameters.h"
+#include "interp/point_table.h"
 
 namespace kalvex {
 
@@ -31,8 +32,11 @@ struct CurveSample {
     std::int32_t status = 0;  ///< EvalError code of the sample, 0 when it is good
 };
 
-/// A row of a point table; the layout of a sample, of which only x and y are read from the file.
-using PointRecord = CurveSample;
+/// The pixel of a point, the centre of its circle; logical pixels.
+struct PointPixel {
+    std::int32_t column = 0;
+    std::int32_t row = 0;
+};
 
 /// One function line. Compiled forms: index 0 is the expression (of `Parametric`: X), 1 is Y.
 struct FunctionEntry {
@@ -44,8 +48,9 @@ struct FunctionEntry {
     std::array<CompiledExpression, 2> compiled;
     std::vector<CurveSample> samples;
     std::uint8_t selected = 0;
-    std::vector<PointRecord> points;
-    ApproxParameters method;  ///< of a File
+    PointTable points;                    ///< of a File
+    std::vector<PointPixel> pointPixels;  ///< one per point, from the last redraw
+    ApproxParameters method;              ///< of a File
 };
 
 inline constexpr int kSlotCount = 9;

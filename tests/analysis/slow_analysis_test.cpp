@@ -80,11 +80,9 @@ DrawnLine DrawFile(Generator& generator, const fixtures::Window& window) {
     const std::size_t count = 3 + 2 * Below(generator, 6);
     double x = std::min(window.xmin, window.xmax);
     for (std::size_t i = 0; i < count; ++i) {
-        PointRecord point;
         x += std::fabs(window.xmax - window.xmin) * Between(generator, 0.02, 0.3);
-        point.x = x;
-        point.y = Between(generator, window.ymin, window.ymax);
-        entry.points.push_back(point);
+        entry.points.x.push_back(x);
+        entry.points.y.push_back(Between(generator, window.ymin, window.ymax));
     }
     const auto measure = [](std::u16string_view, std::int32_t) { return TextExtent{}; };
     DrawGraph(drawn.state, drawn.functions, {}, measure, {});

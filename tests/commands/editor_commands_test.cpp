@@ -102,7 +102,7 @@ TEST(EditorCommands, WithoutALineNothingChanges) {
     for (const FunctionEntry& entry : bench.workspace.functions) {
         EXPECT_EQ(entry.color, 0);
         EXPECT_EQ(entry.type, 0);
-        EXPECT_EQ(entry.approx, 0);
+        EXPECT_EQ(entry.method.approx, 0);
         EXPECT_FALSE(entry.selected);
     }
     for (const std::u16string& line : bench.workspace.lines)

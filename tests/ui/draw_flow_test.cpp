@@ -132,13 +132,13 @@ class DrawFlowTest final : public QObject {
         FileProgram program;
         const QString path = program.AddFile(1, "0 1\n1 2\n2 0\n", 8);
         program.OpenGraph();
-        QCOMPARE(program.Entry(1).points.size(), std::size_t{3});
+        QCOMPARE(CountOf(program.Entry(1).points), std::size_t{3});
         QCOMPARE(program.Entry(1).samples.size(),
                  static_cast<std::size_t>(program.Canvas().width()));
         program.Graph().Run(CommandId::GraphTable);
         program.Write(path, "0 1\n1 2\n");
         program.OpenGraph();
-        QCOMPARE(program.Entry(1).points.size(), std::size_t{2});
+        QCOMPARE(CountOf(program.Entry(1).points), std::size_t{2});
         QVERIFY(program.shown.boxes->empty());
     }
     void TermsAreComparedWithThePoints() {

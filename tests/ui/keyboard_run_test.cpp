@@ -244,7 +244,7 @@ class KeyboardRunTest final : public QObject {
         const std::size_t boxes = p.shown.boxes->size();
         p.Press(Qt::Key_F5);
         QVERIFY(p.IsInFront("graph"));
-        QTRY_COMPARE(p.Entry(4).points.size(), std::size_t{3});
+        QTRY_COMPARE(CountOf(p.Entry(4).points), std::size_t{3});
         QCOMPARE(p.shown.boxes->size(), boxes);
     }
     void Ends() {
