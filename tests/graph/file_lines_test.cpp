@@ -69,6 +69,9 @@ TEST_F(FileLines, AreReadWhenTheyAreSelected) {
     EXPECT_EQ(functions[4].points[3].x, 3);
     EXPECT_EQ(functions[4].points[3].y, 9);
     EXPECT_TRUE(functions[7].points.empty());
+    functions[7].selected = 2;
+    EXPECT_TRUE(Prepare());
+    EXPECT_TRUE(functions[7].points.empty()) << "1 alone means selected";
     Line(4, 2);
     EXPECT_TRUE(Prepare());
     EXPECT_EQ(functions[4].points.size(), 2u);
