@@ -32,6 +32,8 @@ TEST(UpdateMainMenu, NamesTheSelectionOfTheFocusedLine) {
     functions[4].selected = 1;
     EXPECT_EQ(StateFor(functions, {4, false, u"PocketPC"})[CommandId::Select].text, u"Unselect");
     EXPECT_EQ(StateFor(functions, {3, false, u"PocketPC"})[CommandId::Select].text, u"Select");
+    functions[3].selected = 2;
+    EXPECT_EQ(StateFor(functions, {3, false, u"PocketPC"})[CommandId::Select].text, u"Select");
 }
 
 TEST(UpdateMainMenu, EnablesUnselectAllWhileALineIsSelected) {

@@ -69,6 +69,9 @@ TEST_F(FileLines, AreReadWhenTheyAreSelected) {
     EXPECT_EQ(functions[4].points.x[3], 3);
     EXPECT_EQ(functions[4].points.y[3], 9);
     EXPECT_EQ(CountOf(functions[7].points), 0u);
+    functions[7].selected = 2;
+    EXPECT_TRUE(Prepare());
+    EXPECT_EQ(CountOf(functions[7].points), 0u) << "1 alone means selected";
     Line(4, 2);
     EXPECT_TRUE(Prepare());
     EXPECT_EQ(CountOf(functions[4].points), 2u);

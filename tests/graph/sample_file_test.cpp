@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cmath>
+#include <limits>
 
 #include "expr/eval_error.h"
 #include "graph/curves.h"
@@ -12,6 +13,8 @@ namespace {
 
 using fixtures::MakeViewport;
 using fixtures::RecordsOf;
+
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 FunctionEntry EntryOf(const std::vector<double>& x, const std::vector<double>& y,
                       std::int32_t approx) {
@@ -55,6 +58,30 @@ TEST(FileFunction, DrawsItsPointsAsCircles) {
     EXPECT_TRUE(std::holds_alternative<EllipseRecord>(plot.list.records.front()));
 }
 
+// Points have a formula of their own: by origin and scale they would be on the pixel beside.
+TEST(FileFunction, PutsItsPointsOnTheirExactPixels) {
+    struct Row {
+        double low, high;
+        std::int32_t size;
+        double at;
+        std::int32_t pixel;
+    };
+    const Row columns[] = {
+        {1.3, 4.8, 480, 4.1, 384}, {1.1, 5.9, 240, 2.7, 79}, {-10, 10, 200, -10.07, 0}};
+    for (const auto& row : columns) {
+        FunctionEntry entry = EntryOf({row.at}, {0}, 7);
+        PlotOf(entry, MakeViewport(row.low, row.high, -1, 1, row.size, 100));
+        EXPECT_EQ(entry.points[0].column, row.pixel) << row.at;
+    }
+    const Row rows[] = {
+        {0.3, 2.5, 480, 1.4, 239}, {-4.0, -1.5, 100, -3.3, 71}, {-10, 10, 200, 10.07, 0}};
+    for (const auto& row : rows) {
+        FunctionEntry entry = EntryOf({0}, {row.at}, 7);
+        PlotOf(entry, MakeViewport(-1, 1, row.low, row.high, 100, row.size));
+        EXPECT_EQ(entry.points[0].row, row.pixel) << row.at;
+    }
+}
+
 TEST(FileFunction, LeavesOutCirclesThatCannotBeSeen) {
     const Viewport viewport = MakeViewport(0, 100, 0, 100, 100, 100);
     // Beyond each edge by more than the radius, touching it, and twice on the same pixel.
@@ -85,6 +112,8 @@ TEST(FileFunction, SamplesOneValuePerColumnBetweenTheBounds) {
             EXPECT_EQ(sample.row, WorldToScreenY(viewport.view, sample.y));
         }
     }
+    PlotOf(entry, MakeViewport(0.2, 7.5, -10, 10));
+    EXPECT_EQ(entry.samples[144].x, 4.598326359832637) << "multiplied before it is divided";
     PlotOf(entry, MakeViewport(5, 7, 0, 1, 1, 1));
     ASSERT_EQ(entry.samples.size(), 1u);
     EXPECT_EQ(entry.samples[0].x, 5);
@@ -98,13 +127,15 @@ TEST(FileFunction, DrawsNoValuesOf2To31AndMore) {
         bool drawn;
     } rows[] = {{2147483647.0, true},  {2147483647.9, true},   {2147483648.0, false},
                 {-2147483647.9, true}, {-2147483648.0, false}, {1e30, false},
-                {-1e30, false},        {1e300, false}};
+                {-1e30, false},        {1e300, false},         {kInfinity, false},
+                {-kInfinity, false}};
     for (const auto& row : rows) {
         FunctionEntry entry = EntryOf({5}, {row.value}, 7);
         const Plot plot = PlotOf(entry, viewport);
         EXPECT_EQ(RecordsOf<PolylineRecord>(plot.list).size(), row.drawn ? 1u : 0u) << row.value;
         EXPECT_EQ(entry.samples[3].row, row.drawn ? WorldToScreenY(viewport.view, row.value) : 0);
-        EXPECT_EQ(entry.samples[3].status, row.value == 1e30 ? 1000 : 0) << row.value;
+        const bool hasValue = row.value != 1e30 && std::isfinite(row.value);
+        EXPECT_EQ(entry.samples[3].status, hasValue ? 0 : 1000) << row.value;
         EXPECT_EQ(entry.samples[3].y, row.value);
     }
 }

@@ -296,6 +296,11 @@ TEST(LoadSettings, RepairsUnusableBounds) {
         EXPECT_EQ(workspace.view.Xmin, row.loadedLow);
         EXPECT_EQ(workspace.view.Xmax, row.loadedHigh);
         EXPECT_EQ(workspace.view.Ymin, 1);
+        faulty.registry.writeText("", "Ymin", row.low);
+        faulty.registry.writeText("", "Ymax", row.high);
+        LoadSettings(faulty.registry, workspace, ShownBoxes().show);
+        EXPECT_EQ(workspace.view.Ymin, row.loadedLow);
+        EXPECT_EQ(workspace.view.Ymax, row.loadedHigh);
     }
 }
 

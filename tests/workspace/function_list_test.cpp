@@ -43,6 +43,10 @@ TEST(Selection, TogglesAndClears) {
     EXPECT_TRUE(AnySelected(functions));
     ToggleSelected(functions[8]);
     EXPECT_FALSE(AnySelected(functions));
+    functions[8].selected = 2;
+    EXPECT_FALSE(AnySelected(functions)) << "1 alone means selected";
+    ToggleSelected(functions[8]);
+    EXPECT_EQ(functions[8].selected, 1);
     for (FunctionEntry& entry : functions)
         entry.selected = 1;
     UnselectAll(functions);
