@@ -21,6 +21,11 @@ if(KALVEX_SANITIZE)
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(kalvex_flags INTERFACE -fsanitize=address,undefined)
 endif()
+if(KALVEX_COVERAGE)
+  # The windows use threads, and the tests are many processes that share the counts.
+  target_compile_options(kalvex_flags INTERFACE --coverage -fprofile-update=atomic)
+  target_link_options(kalvex_flags INTERFACE --coverage)
+endif()
 
 # kalvex_room(NAME SOURCES file...): links what the table of rooms says that the room may use.
 function(kalvex_room NAME)
