@@ -7,7 +7,7 @@
 
 #include "base/decimal.h"
 #include "base/encoding.h"
-#include "workspace/complete_file.h"
+#include "settings/complete_file.h"
 
 namespace kalvex {
 namespace {
