@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <fstream>
 
 #include "cli/tool_expect.h"
 #include "resources/methods.h"
@@ -217,11 +218,49 @@ TEST(Tool, DrawsPictures) {
     const std::string pdf = folder.PathOf("d.Pdf");
     Expect({{"draw", "-o", pdf, "decart:x"}, "", 0, "", ""});
     EXPECT_EQ(ReadFile(pdf).substr(0, 4), "%PDF");
-    for (const char* name : {"missing/a.png", "missing/a.bmp", "missing/a.svg", "missing/a.pdf"}) {
+    for (const char* name :
+         {"missing/a.png", "missing/a.bmp", "missing/a.svg", "missing/a.pdf", "missing/a.txt"}) {
         const ToolRun run = RunTool({"draw", "-o", folder.PathOf(name), "decart:x"});
         EXPECT_EQ(run.status, 3) << name;
         EXPECT_NE(run.err, "") << name;
     }
+}
+
+TEST(Tool, WritesTheDrawingRecordsAsText) {
+    const TemporaryFolder folder;
+    const std::string text = folder.PathOf("a.txt");
+    Expect({{"draw", "--size", "4x4", "--window", "-2,2,-2,2", "--no-coords", "--no-labels", "-o",
+             text, "decart:x", "implicit,color=Blue:y"},
+            "",
+            0,
+            "",
+            ""});
+    EXPECT_EQ(ReadFile(text),
+              "picture\t4\t4\n"
+              "segments\tgrid\t-\t#828282\t1\t2,0,2,4 0,2,4,2\n"
+              "segments\taxes\t-\t#000000\t1\t"
+              "2,0,2,4 0,2,4,2 1,2,1,1 3,2,3,1 2,1,3,1 2,3,3,3\n"
+              "polyline\tcurve\t1\t#ff0000\t1\t0,4 1,2 2,1 4,0\n"
+              "pixels\tcurve\t2\t#0000ff\t-\t0,2,4\n");
+    const std::string points = folder.PathOf("\xd0\xb6.txt");
+    std::ofstream(points) << "-1 -1\n0 0\n1 1\n";
+    Expect({{"draw", "--size", "4x4", "--window", "-2,2,-2,2", "--no-coords", "--no-axes",
+             "--no-grid", "-o", text, "file:" + points},
+            "",
+            0,
+            "",
+            ""},
+           {"LC_ALL=de_DE.UTF-8"});
+    EXPECT_EQ(ReadFile(text),
+              "picture\t4\t4\n"
+              "ellipse\tcurve\t1\t#ff0000\t1\t-2,0,4,6\t-\n"
+              "ellipse\tcurve\t1\t#ff0000\t1\t-1,-1,5,5\t-\n"
+              "ellipse\tcurve\t1\t#ff0000\t1\t0,-2,6,4\t-\n"
+              "polyline\tcurve\t1\t#ff0000\t1\t0,2 1,2 2,2 4,2\n"
+              "text\tname\t1\t#ff0000\t-\t5,5\t14\t\xd0\xb6.tx\n");
+    EXPECT_EQ(RunTool({"draw", "-o", folder.PathOf("a.jpg"), "decart:x"}).err,
+              "-o: a name that ends in .bmp, .png, .svg, .pdf or .txt expected\n"
+              "Run with --help for more information.\n");
 }
 
 TEST(Tool, ZoomsAutomatically) {
