@@ -53,10 +53,7 @@ bool RunInstruction(const BlockRun& run, const Instruction& instruction, double*
         sources[i] = SourceOf(run, instruction.operands[i]);
     }
     const KernelCall call{out, sources, run.count, run.errors, instruction.immediate, run.padding};
-    const auto op = static_cast<std::size_t>(instruction.op);
-    if (const Kernel kernel = run.kernels.kernels[op]) return kernel(call);
-    return RunLaneByLane(
-        static_cast<FunctionNumber>(op - static_cast<std::size_t>(OpCode::Function)), call);
+    return run.kernels.kernels[static_cast<std::size_t>(instruction.op)](call);
 }
 
 /// Leaves the block's values in `out` (padded) and returns whether a lane failed.

@@ -2,19 +2,17 @@
 // span. Rounding to nearest is monotone: when an operand grows, the rounded sum, difference,
 // product or quotient never moves against the exact one. So the rounded results at the ends of the
 // operands' intervals bound every rounded result in between, and no outward rounding is needed.
-// The same holds for square root, floor and magnitude. The elementary functions are not known to be
-// monotone to the last bit; of those that stay between fixed limits, generous limits are taken, and
-// an expression with any other function has no bounds.
+// The same holds for the square root. The functions of the language bring their own bounds
+// (function_bounds.h); an expression with a function that has none has no bounds.
 #include <algorithm>
 #include <array>
 #include <cmath>
 
+#include "expr/function_table.h"
 #include "expr/grid.h"
 
 namespace kalvex {
 namespace {
-
-using MaybeBounds = std::optional<Bounds>;
 
 MaybeBounds Checked(double low, double high) {
     if (std::isnan(low) || std::isnan(high)) return std::nullopt;
@@ -58,30 +56,9 @@ MaybeBounds SquareRoot(const Bounds& a) {
     return Bounds{std::sqrt(a.low), std::sqrt(a.high)};
 }
 
-MaybeBounds Magnitude(const Bounds& a) {
-    const double high = std::max(std::fabs(a.low), std::fabs(a.high));
-    const bool hasZero = a.low <= 0.0 && a.high >= 0.0;
-    return Bounds{hasZero ? 0.0 : std::min(std::fabs(a.low), std::fabs(a.high)), high};
-}
-
-MaybeBounds OfFunction(FunctionNumber function, const Bounds& a) {
-    constexpr Bounds kAboutOne{-1.001, 1.001};
-    switch (function) {
-        case FunctionNumber::Sin:
-        case FunctionNumber::Cos:
-            // Of an infinite argument they are not-a-number.
-            return std::isfinite(a.low) && std::isfinite(a.high) ? MaybeBounds(kAboutOne)
-                                                                 : std::nullopt;
-        case FunctionNumber::Th:
-        case FunctionNumber::Erf:
-            return kAboutOne;
-        case FunctionNumber::Int:
-            return Bounds{std::floor(a.low), std::floor(a.high)};
-        case FunctionNumber::Abs:
-            return Magnitude(a);
-        default:
-            return std::nullopt;
-    }
+MaybeBounds OfFunction(FunctionNumber function, const Bounds* arguments) {
+    const FunctionBounds bounds = FunctionAt(function).bounds;
+    return bounds != nullptr ? bounds(arguments) : std::nullopt;
 }
 
 using Operands = std::array<Bounds, kMostOperands>;
@@ -142,9 +119,7 @@ MaybeBounds OfInstruction(const Instruction& instruction, const Operands& in) {
         case OpCode::PowerTerm:
             return std::nullopt;
         default:
-            return OfFunction(static_cast<FunctionNumber>(static_cast<int>(instruction.op) -
-                                                          static_cast<int>(OpCode::Function)),
-                              in[0]);
+            return OfFunction(FunctionOf(instruction.op), in.data());
     }
 }
 

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "expr/evaluator.h"
+#include "expr/function_bounds.h"
 
 namespace kalvex {
 
@@ -25,20 +26,14 @@ std::shared_ptr<Grid> PrepareGrid(const CompiledExpression& expression, std::spa
 void EvaluateGridRow(Grid& grid, std::size_t row, std::size_t firstColumn, std::size_t count,
                      double* values);
 
-/// Bounds of computed values, both included.
-struct Bounds {
-    double low = 0.0;
-    double high = 0.0;
-};
-
 /// Abscissas of one tile; a tile's bounds take in the first abscissa of the next tile too.
 inline constexpr std::size_t kTileColumns = 64;
 
 /// Bounds of the values at `rowCount` ordinates from `firstRow` on, for each tile of abscissas in
 /// order; nothing for a tile where they cannot be told: a primitive may fail there, a value may be
 /// not-a-number, or the expression holds a function that is not bounded here.
-std::vector<std::optional<Bounds>> GridTileBounds(const Grid& grid, std::size_t firstRow,
-                                                  std::size_t rowCount);
+std::vector<MaybeBounds> GridTileBounds(const Grid& grid, std::size_t firstRow,
+                                        std::size_t rowCount);
 
 /// Whether a[i] * b[i] <= 0 for some i below `count`: a sign change between two rows of values.
 bool HasSignChange(const double* a, const double* b, std::size_t count);

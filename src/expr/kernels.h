@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "expr/eval_code.h"
 #include "expr/names.h"
 
 namespace kalvex {
@@ -31,13 +32,23 @@ enum class OpCode : std::uint8_t {
     MultiplySubtractPlus,    ///< (a * b - c) + d
     SubtractMultipliedPlus,  ///< (c - a * b) + d
     PowerTerm,               ///< b * a ^ immediate + c: a and c arrays, b one number
-    Function = 16,
+    Function,
 };
 
-inline constexpr std::size_t kOpCodeCount = 16 + kFunctionNames.size();
+inline constexpr std::size_t kOpCodeCount =
+    static_cast<std::size_t>(OpCode::Function) + kFunctionCount;
 
 constexpr OpCode FunctionOp(FunctionNumber number) {
     return static_cast<OpCode>(static_cast<int>(OpCode::Function) + static_cast<int>(number));
+}
+
+constexpr bool IsFunction(OpCode op) {
+    return op >= OpCode::Function;
+}
+
+/// The function that an operation for which IsFunction holds calls.
+constexpr FunctionNumber FunctionOf(OpCode op) {
+    return static_cast<FunctionNumber>(static_cast<int>(op) - static_cast<int>(OpCode::Function));
 }
 
 /// Exponents up to this magnitude are computed as products.
@@ -70,7 +81,7 @@ struct KernelTable {
     const char* name = "";
     /// Whether a[i] * b[i] <= 0 for some i; not-a-number is not.
     bool (*anyProductNotPositive)(const double* a, const double* b, std::size_t count) = nullptr;
-    Kernel kernels[kOpCodeCount] = {};  ///< null: a function without an array form
+    Kernel kernels[kOpCodeCount] = {};  ///< by OpCode; none is null
 };
 
 /// The tables that this processor can run, best first; never empty.
@@ -83,9 +94,9 @@ KernelTables AvailableKernelTables();
 /// The best table of this processor.
 const KernelTable& ActiveKernels();
 
-/// Computes a function without an array form lane by lane. Lanes that failed before are skipped;
-/// padding lanes become copies of the last lane before them, code and all, and a function of
-/// scalars alone is computed once.
+/// Computes a function without a kernel of its own lane by lane. Lanes that failed before are
+/// skipped; padding lanes become copies of the last lane before them, code and all, and a function
+/// of scalars alone is computed once. A function that has a kernel is computed by it.
 bool RunLaneByLane(FunctionNumber function, const KernelCall& call);
 
 }  // namespace kalvex

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "expr/function_table.h"
+
 namespace kalvex {
 namespace {
 
@@ -21,15 +23,8 @@ bool OperationCanFail(OpCode op, std::span<const Node* const> operands) {
         case OpCode::Divide:
             return operands[1]->kind != NodeKind::Constant || operands[1]->value == 0.0;
         default:
-            break;
+            return !IsFunction(op) || CanFail(FunctionAt(FunctionOf(op)));
     }
-    constexpr FunctionNumber kTotal[] = {
-        FunctionNumber::Sin, FunctionNumber::Cos,  FunctionNumber::Tg,  FunctionNumber::Sh,
-        FunctionNumber::Ch,  FunctionNumber::Th,   FunctionNumber::Exp, FunctionNumber::Atg,
-        FunctionNumber::Int, FunctionNumber::Frac, FunctionNumber::Abs, FunctionNumber::Gamma,
-        FunctionNumber::Erf};
-    return std::none_of(std::begin(kTotal), std::end(kTotal),
-                        [op](FunctionNumber total) { return FunctionOp(total) == op; });
 }
 
 /// Registers for operands evaluated one after the other, each result held in a register.
@@ -59,13 +54,7 @@ bool Fold(const SyntaxTree& tree, const Node& node, std::span<const Node* const>
     double out[kPaddedLanes];
     std::int32_t errors[kPaddedLanes] = {};
     const KernelCall call{out, sources, kPaddedLanes, errors, node.immediate, kPaddedLanes - 1};
-    const Kernel kernel = tree.kernels->kernels[static_cast<std::size_t>(node.op)];
-    const bool failed =
-        kernel != nullptr
-            ? kernel(call)
-            : RunLaneByLane(static_cast<FunctionNumber>(static_cast<int>(node.op) -
-                                                        static_cast<int>(OpCode::Function)),
-                            call);
+    const bool failed = tree.kernels->kernels[static_cast<std::size_t>(node.op)](call);
     value = out[0];
     return !failed;
 }
