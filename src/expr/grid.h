@@ -9,6 +9,18 @@
 
 namespace kalvex {
 
+/// A program cut for a grid: what depends on one variable alone is computed once for each of its
+/// values, and only the rest once for each point.
+struct GridPlan {
+    std::vector<InstructionList> columns;  ///< of x alone; results are arrays 1, 2, ... of the body
+    std::vector<InstructionList> rows;  ///< of y alone, as array 0; scalars 1, 2, ... of the body
+    InstructionList body;               ///< over the columns as arrays and one row as scalars
+};
+
+/// Cuts a program's tree. `xIsFinite` says that no abscissa of the grid is infinite or
+/// not-a-number: then the leading "x*0+" of a text of two variables is left out.
+GridPlan PlanGrid(const SyntaxTree& tree, bool xIsFinite);
+
 struct Grid {
     std::shared_ptr<const Program> program;
     std::size_t columnCount = 0;

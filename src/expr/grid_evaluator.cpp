@@ -11,6 +11,7 @@
 namespace kalvex {
 namespace {
 
+/// The largest sub-trees of one variable alone, and of none.
 struct Cut {
     std::vector<NodeIndex> columnParts;
     std::vector<NodeIndex> rowParts;
@@ -31,7 +32,7 @@ void FindParts(const SyntaxTree& tree, NodeIndex index, Cut& cut) {
 
 /// The node whose values are those of the root. Texts of two variables begin with "x*0+", which is
 /// a sum with zero (of either sign) wherever x is finite; it need not be added to every point.
-NodeIndex WithoutZeroTerm(const SyntaxTree& tree, std::span<const double> xs) {
+NodeIndex WithoutZeroTerm(const SyntaxTree& tree) {
     const Node& root = tree.nodes[static_cast<std::size_t>(tree.root)];
     if (root.kind != NodeKind::Operation || root.op != OpCode::Add) return tree.root;
     const Node& term = tree.nodes[static_cast<std::size_t>(root.operands[0])];
@@ -40,8 +41,7 @@ NodeIndex WithoutZeroTerm(const SyntaxTree& tree, std::span<const double> xs) {
     const Node& right = tree.nodes[static_cast<std::size_t>(term.operands[1])];
     const bool isZero =
         left.kind == NodeKind::X && right.kind == NodeKind::Constant && right.value == 0.0;
-    const bool finite = std::ranges::all_of(xs, [](double x) { return std::isfinite(x); });
-    return isZero && finite ? root.operands[1] : tree.root;
+    return isZero ? root.operands[1] : tree.root;
 }
 
 /// Length of the arrays of an axis. Rows begin anywhere and are read up to the next multiple of
@@ -93,25 +93,38 @@ std::vector<Bounds> TileBounds(const std::vector<double>& values, std::size_t co
     return tiles;
 }
 
-/// Computes the parts of one variable and returns what stands for them in the body.
-std::vector<Replacement> AddParts(Grid& grid, const Cut& cut) {
-    const SyntaxTree& tree = grid.program->tree;
-    std::vector<Replacement> replacements;
-    for (const NodeIndex part : cut.columnParts) {
-        grid.anyColumnFailed |= AddPart(Flatten(tree, part, {}), *tree.kernels, grid.columns,
-                                        grid.columnCount, grid.columnFailed);
-        const auto index = static_cast<std::uint16_t>(grid.columns.size() - 1);
-        replacements.push_back({part, {OperandKind::Array, index, 0.0}});
+/// Computes the parts of one variable as further arrays of their axis.
+void AddParts(Grid& grid, const GridPlan& plan) {
+    const KernelTable& kernels = *grid.program->tree.kernels;
+    for (const InstructionList& part : plan.columns) {
+        grid.anyColumnFailed |=
+            AddPart(part, kernels, grid.columns, grid.columnCount, grid.columnFailed);
     }
-    for (const NodeIndex part : cut.rowParts) {
-        AddPart(FlattenOverY(tree, part), *tree.kernels, grid.rows, grid.rowCount, grid.rowFailed);
-        const auto index = static_cast<std::uint16_t>(grid.rows.size() - 1);
-        replacements.push_back({part, {OperandKind::Scalar, index, 0.0}});
-    }
-    return replacements;
+    for (const InstructionList& part : plan.rows)
+        AddPart(part, kernels, grid.rows, grid.rowCount, grid.rowFailed);
 }
 
 }  // namespace
+
+GridPlan PlanGrid(const SyntaxTree& tree, bool xIsFinite) {
+    const NodeIndex root = xIsFinite ? WithoutZeroTerm(tree) : tree.root;
+    Cut cut;
+    FindParts(tree, root, cut);
+    GridPlan plan;
+    std::vector<Replacement> replacements;
+    for (const NodeIndex part : cut.columnParts) {
+        plan.columns.push_back(Flatten(tree, part, {}));
+        const auto index = static_cast<std::uint16_t>(plan.columns.size());
+        replacements.push_back({part, {OperandKind::Array, index, 0.0}});
+    }
+    for (const NodeIndex part : cut.rowParts) {
+        plan.rows.push_back(FlattenOverY(tree, part));
+        const auto index = static_cast<std::uint16_t>(plan.rows.size());
+        replacements.push_back({part, {OperandKind::Scalar, index, 0.0}});
+    }
+    plan.body = Flatten(tree, root, replacements);
+    return plan;
+}
 
 std::shared_ptr<Grid> PrepareGrid(const CompiledExpression& expression, std::span<const double> xs,
                                   std::span<const double> ys) {
@@ -125,12 +138,10 @@ std::shared_ptr<Grid> PrepareGrid(const CompiledExpression& expression, std::spa
     grid->rowFailed.resize(grid->rows[0].size());
     grid->errors.resize(grid->columns[0].size());
 
-    const SyntaxTree& tree = grid->program->tree;
-    const NodeIndex root = WithoutZeroTerm(tree, xs);
-    Cut cut;
-    FindParts(tree, root, cut);
-    const std::vector<Replacement> replacements = AddParts(*grid, cut);
-    grid->body = Flatten(tree, root, replacements);
+    const bool xIsFinite = std::ranges::all_of(xs, [](double x) { return std::isfinite(x); });
+    GridPlan plan = PlanGrid(grid->program->tree, xIsFinite);
+    AddParts(*grid, plan);
+    grid->body = std::move(plan.body);
     for (const auto& column : grid->columns) {
         grid->columnBounds.push_back(TileBounds(column, grid->columnCount));
     }
