@@ -27,7 +27,7 @@ struct BlockRun {
     const ProgramInputs& inputs;
     std::size_t offset = 0;
     std::size_t count = 0;    ///< padded
-    std::size_t padding = 0;  ///< so many of the count
+    std::size_t padding = 0;  ///< how many of the count are padding
     double* registers = nullptr;
     std::size_t registerStride = 0;
     std::int32_t* errors = nullptr;  ///< padded, zero at the start

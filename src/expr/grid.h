@@ -26,7 +26,7 @@ struct Grid {
     std::size_t columnCount = 0;
     std::size_t rowCount = 0;
     std::vector<std::vector<double>> columns;  ///< array 0: x; then the x-only parts
-    std::vector<std::uint8_t> columnFailed;    ///< by abscissa: an x-only part failed there
+    std::vector<std::uint8_t> columnFailed;    ///< by abscissa: whether a part of x failed there
     bool anyColumnFailed = false;
     std::vector<std::vector<double>> rows;  ///< scalar 0: y; then the y-only parts
     std::vector<std::uint8_t> rowFailed;

@@ -1,9 +1,10 @@
-// Interval arithmetic over a program's body, on the intervals that the computed columns and rows
-// span. Rounding to nearest is monotone: when an operand grows, the rounded sum, difference,
-// product or quotient never moves against the exact one. So the rounded results at the ends of the
-// operands' intervals bound every rounded result in between, and no outward rounding is needed.
-// The same holds for the square root. The functions of the language bring their own bounds
-// (function_bounds.h); an expression with a function that has none has no bounds.
+// Interval arithmetic: the body of a grid's plan is run over intervals instead of numbers. The
+// interval of a column or row holds all its computed values in the rectangle. Rounding to nearest
+// is monotone: when an operand grows, the rounded sum, difference, product or quotient never moves
+// against the exact one. So the rounded results at the ends of the operands' intervals bound every
+// rounded result in between, and no outward rounding is needed. The same holds for the square root.
+// The functions of the language bring their own bounds (function_bounds.h); an expression with a
+// function that has none has no bounds.
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -37,12 +38,13 @@ MaybeBounds Product(const Bounds& a, const Bounds& b) {
     return OfCorners({a.low * b.low, a.low * b.high, a.high * b.low, a.high * b.high});
 }
 
-/// Of a divisor that may be zero: nothing.
+/// No bounds where the divisor may be zero.
 MaybeBounds Quotient(const Bounds& a, const Bounds& b) {
     if (!(b.low > 0.0) && !(b.high < 0.0)) return std::nullopt;
     return OfCorners({a.low / b.low, a.low / b.high, a.high / b.low, a.high / b.high});
 }
 
+/// The product of an interval with itself, where both factors are the same number: never negative.
 MaybeBounds Square(const Bounds& a) {
     const MaybeBounds product = Product(a, a);
     if (!product) return product;
@@ -125,7 +127,7 @@ MaybeBounds OfInstruction(const Instruction& instruction, const Operands& in) {
 
 struct Rectangle {
     const Grid& grid;
-    std::vector<Bounds> rowBounds;  ///< by scalar, over the rows of the rectangle
+    std::vector<Bounds> rowBounds;  ///< of each scalar, over the rows of the rectangle
     std::size_t tile = 0;
 };
 

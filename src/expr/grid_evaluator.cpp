@@ -1,7 +1,7 @@
 // The tree is cut at the largest sub-trees that depend on one variable alone: those of x are
 // computed once for all rows, those of y once for all columns, and only the rest runs over every
-// point. Nothing is regrouped, so each value has the bits of a point-by-point evaluation (but for
-// the sign of a zero, see WithoutZeroTerm).
+// point. Nothing is regrouped, so each value has the bits of a point-by-point evaluation; only the
+// sign of a zero may differ, see WithoutZeroTerm.
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -30,8 +30,8 @@ void FindParts(const SyntaxTree& tree, NodeIndex index, Cut& cut) {
     }
 }
 
-/// The node whose values are those of the root. Texts of two variables begin with "x*0+", which is
-/// a sum with zero (of either sign) wherever x is finite; it need not be added to every point.
+/// The root without the term "x*0+" in front of it, with which texts of two variables begin. For a
+/// finite x the term is a zero of either sign, and adding it to every point would be wasted work.
 NodeIndex WithoutZeroTerm(const SyntaxTree& tree) {
     const Node& root = tree.nodes[static_cast<std::size_t>(tree.root)];
     if (root.kind != NodeKind::Operation || root.op != OpCode::Add) return tree.root;
@@ -44,8 +44,9 @@ NodeIndex WithoutZeroTerm(const SyntaxTree& tree) {
     return isZero ? root.operands[1] : tree.root;
 }
 
-/// Length of the arrays of an axis. Rows begin anywhere and are read up to the next multiple of
-/// eight behind their end, whole axes up to the next multiple of eight of this.
+/// Length of the arrays of an axis with `count` elements. A run of values may begin at any element
+/// and its length is rounded up to a multiple of eight, so up to seven elements behind the last one
+/// are read; the length itself is a multiple of eight too, for runs over the whole axis.
 std::size_t WithSpare(std::size_t count) {
     return (count + 3 * kPaddedLanes - 1) / kPaddedLanes * kPaddedLanes;
 }
@@ -56,9 +57,9 @@ std::vector<double> Copied(std::span<const double> values) {
     return copy;
 }
 
-/// Computes a part over the first `count` elements of an axis, whose values are given, as a further
-/// array beside them, the rest filled with the last one; marks where it failed and returns whether
-/// it did.
+/// Computes a part over the first `count` elements of an axis, whose own values are axis[0], and
+/// appends the results as a further array, filled up with the last result. Marks in `failedAt` the
+/// elements where the part failed and returns whether it failed anywhere.
 bool AddPart(const InstructionList& list, const KernelTable& kernels,
              std::vector<std::vector<double>>& axis, std::size_t count,
              std::vector<std::uint8_t>& failedAt) {
@@ -75,7 +76,7 @@ bool AddPart(const InstructionList& list, const KernelTable& kernels,
     return failed;
 }
 
-/// Bounds of an array by tile; not-a-number where it holds one.
+/// The bounds of each tile of an array; both are not-a-number where the tile holds one.
 std::vector<Bounds> TileBounds(const std::vector<double>& values, std::size_t count) {
     std::vector<Bounds> tiles;
     for (std::size_t first = 0; first < count; first += kTileColumns) {

@@ -1,7 +1,8 @@
-// The array operations behind the evaluator: one table of kernels for each instruction set, chosen
-// once at the start by what the processor has. Within one table every lane is computed
-// independently of its neighbours, so one point and many points agree bit for bit; the tables with
-// fused multiply-add (AVX2, AVX-512, NEON) agree with each other too.
+// The array operations behind the evaluator. A kernel applies one operation to all elements, here
+// called lanes, of its operand arrays. There is one table of kernels for each instruction set; the
+// program chooses one at the start by what the processor offers. Within a table every lane is
+// computed independently of its neighbours, so one point and many points agree bit for bit; the
+// tables with fused multiply-add (AVX2, AVX-512, NEON) also agree with each other.
 #pragma once
 
 #include <cstddef>
@@ -54,7 +55,7 @@ constexpr FunctionNumber FunctionOf(OpCode op) {
 /// Exponents up to this magnitude are computed as products.
 inline constexpr int kLargestIntegerPower = 1024;
 
-/// Exponents whose products are compiled in; the only ones of PowerTerm.
+/// Exponents whose products are compiled in, one kernel each. PowerTerm has no others.
 inline constexpr int kFirstFixedPower = 3;
 inline constexpr int kLastFixedPower = 20;
 
@@ -68,9 +69,9 @@ struct KernelCall {
     double* out = nullptr;           ///< may be one of the operands' arrays
     const Source* in = nullptr;      ///< as many as the operation has operands
     std::size_t count = 0;           ///< a multiple of kPaddedLanes
-    std::int32_t* errors = nullptr;  ///< first failure of each lane; kernels fill zeros only
+    std::int32_t* errors = nullptr;  ///< by lane; a code that is there already is kept
     int immediate = 0;
-    std::size_t padding = 0;  ///< lanes at the end, fewer than all, whose values nobody asks for
+    std::size_t padding = 0;  ///< lanes at the end, fewer than all, whose results are not used
 };
 
 /// Computes all lanes; true when a lane failed its domain test (its code is then in `errors`, its
@@ -79,7 +80,7 @@ using Kernel = bool (*)(const KernelCall&);
 
 struct KernelTable {
     const char* name = "";
-    /// Whether a[i] * b[i] <= 0 for some i; not-a-number is not.
+    /// Whether a[i] * b[i] <= 0 for some i. A product that is not-a-number does not count.
     bool (*anyProductNotPositive)(const double* a, const double* b, std::size_t count) = nullptr;
     Kernel kernels[kOpCodeCount] = {};  ///< by OpCode; none is null
 };
