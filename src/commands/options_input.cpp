@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <span>
 
-#include "base/decimal.h"
 #include "base/encoding.h"
+#include "numbers/decimal.h"
 #include "resources/strings.h"
 #include "settings/settings.h"
 

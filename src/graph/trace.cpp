@@ -6,9 +6,9 @@
 #include <cmath>
 #include <optional>
 
-#include "base/decimal.h"
 #include "expr/eval_error.h"
 #include "graph/legend.h"
+#include "numbers/decimal.h"
 #include "resources/strings.h"
 
 namespace kalvex {
@@ -26,8 +26,9 @@ std::u16string YText(const CurveSample& sample) {
     if (sample.y == UndefinedValue && sample.status != 0) {
         std::u16string title;
         std::u16string message;
+        // No box for an unknown code: the picture asks for this text each time it is painted.
         DescribeEvalError(sample.status, title, message, {});
-        if (!message.empty()) return message;
+        if (!message.empty()) return title + u'\n' + message;
     }
     return FillIn(Text(StringId::TraceY), {FixedText(sample.y)});
 }

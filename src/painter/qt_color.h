@@ -3,7 +3,7 @@
 
 #include <QColor>
 
-#include "workspace/function_entry.h"
+#include "graph/draw_list.h"
 
 namespace kalvex {
 

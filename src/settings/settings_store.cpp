@@ -3,8 +3,8 @@
 // stored, and nothing beyond the text is ever read.
 #include <algorithm>
 
-#include "base/decimal.h"
 #include "base/encoding.h"
+#include "numbers/decimal.h"
 #include "resources/samples.h"
 #include "settings/examples.h"
 #include "settings/settings.h"
@@ -31,22 +31,10 @@ struct NumberValue {
     std::int32_t value;
 };
 
-struct RealValue {
-    std::string_view name;
-    double value;
-};
-
 bool WriteNumbers(const Registry& registry, std::string_view key,
                   std::initializer_list<NumberValue> values) {
     return std::all_of(values.begin(), values.end(), [&](const NumberValue& number) {
         return registry.writeNumber(key, number.name, number.value);
-    });
-}
-
-bool WriteReals(const Registry& registry, std::string_view key,
-                std::initializer_list<RealValue> values) {
-    return std::all_of(values.begin(), values.end(), [&](const RealValue& real) {
-        return WriteReal(registry, key, real.name, real.value);
     });
 }
 
@@ -69,15 +57,22 @@ bool WriteView(const Registry& registry, const ViewWindow& view, const Options& 
            std::ranges::all_of(kOptionRows, writeRange);
 }
 
+bool WriteMethod(const Registry& registry, std::string_view key, const ApproxParameters& method) {
+    return std::all_of(kWholeParameters.begin(), kWholeParameters.end(),
+                       [&](const auto& whole) {
+                           return registry.writeNumber(key, whole.name, method.*whole.field);
+                       }) &&
+           std::all_of(kRealParameters.begin(), kRealParameters.end(), [&](const auto& real) {
+               return WriteReal(registry, key, real.name, method.*real.field);
+           });
+}
+
 // KEEP: written as `color`, read as `Color`.
 bool WriteEntry(const Registry& registry, std::string_view key, const FunctionEntry& entry) {
-    return WriteNumbers(registry, key,
-                        {{"color", entry.color},
-                         {"type", static_cast<std::int32_t>(entry.type)},
-                         {"approx", entry.approx},
-                         {"approx_val", entry.approx_val},
-                         {"approx_val2", entry.approx_val2}}) &&
-           WriteReals(registry, key, {{"beta1", entry.beta1}, {"beta2", entry.beta2}});
+    return WriteNumbers(
+               registry, key,
+               {{"color", entry.color}, {"type", static_cast<std::int32_t>(entry.type)}}) &&
+           WriteMethod(registry, key, entry.method);
 }
 
 bool CreateMainKey(const Registry& registry, const Workspace& workspace) {

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "base/truncate.h"
+#include "numbers/truncate.h"
 
 namespace kalvex {
 
