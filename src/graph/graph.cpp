@@ -1,5 +1,5 @@
-// White picture, background layers, curves in slot order, names: later records paint over earlier
-// ones. The trace cursor follows the plotting, so the last function that places it decides.
+// The order of the records is the order of painting: background layers, curves in slot order,
+// names. Each plotted function places the trace cursor, so the last one decides where it is.
 #include "graph/graph.h"
 
 #include <algorithm>
@@ -59,7 +59,7 @@ void PlotImplicit(GraphState& state, FunctionEntry& entry, const DrawProgress& p
     state.trace.pixel = {state.viewport.ClientWidth / 2, state.viewport.ClientWidth / 2};
 }
 
-/// The part that is done as a bar from the left edge, like that of an implicit curve.
+/// Turns the share of the work that is done (0 to 1) into stretches of the progress bar.
 WorkProgress AsStretches(const DrawProgress& progress, std::int32_t width, const Rgb& color) {
     if (!progress) return {};
     return [&progress, width, color, next = 0](double done) mutable {

@@ -33,7 +33,7 @@ std::u16string YText(const CurveSample& sample) {
     return FillIn(Text(StringId::TraceY), {FixedText(sample.y)});
 }
 
-/// Nothing when a value is undefined or the quotient is no finite number.
+/// The quotient of differences; nothing when a value is undefined or the quotient is not finite.
 std::optional<double> Quotient(double to, double from, double argument, double argumentBefore) {
     if (to == UndefinedValue || from == UndefinedValue || argument == argumentBefore) return {};
     const double quotient = (to - from) / (argument - argumentBefore);

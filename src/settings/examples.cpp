@@ -1,5 +1,6 @@
 // The examples fill the view -10..10, show a different colour each, and are written the way a
-// newcomer would type them: implicit products, but none behind a closing bracket.
+// newcomer would type them: with implicit products, but with none behind a closing bracket, which
+// would open the box "Test".
 #include "settings/examples.h"
 
 #include <array>

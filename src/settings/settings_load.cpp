@@ -1,7 +1,7 @@
-// One small reader per kind of value, each with its default, so that a damaged store costs only
-// the damaged fields. Two rules decide on the message: a failed key or function number is reported
-// once per run, a failed value of the main key or a real parameter of a function each time until
-// then.
+// Each kind of value has a reader with a default, so only the damaged fields of a store get their
+// defaults. The message about a damaged store follows two rules. A key that cannot be opened and a
+// number of a function key show it and set the flag that suppresses it from then on. A value of the
+// main key and a real parameter of a function show it too, but do not set the flag.
 #include <cmath>
 
 #include "numbers/decimal.h"
@@ -53,7 +53,7 @@ std::int32_t SlotNumber(Loader& loader, std::string_view name, std::int32_t fall
     return value.value_or(fallback);
 }
 
-/// A stored text that is not a number is 0, not the default.
+/// A stored text that is not a number gives 0, not the default.
 double Real(Loader& loader, std::string_view name, double fallback) {
     const auto text = loader.registry.readText(loader.key, name);
     if (!text) ReportValue(loader);
@@ -132,7 +132,8 @@ void LoadFunctionTexts(const Registry& registry, Workspace& workspace, const Sho
     for (int slot = 0; slot < kSlotCount; ++slot) {
         const auto index = static_cast<std::size_t>(slot);
         std::u16string line;
-        // A line that cannot be read in a key that opens is empty without a message.
+        // When the key can be opened but the line cannot be read, the line is empty and no message
+        // is shown.
         if (OpenKey(loader, SlotKey(slot))) {
             line = registry.readText(loader.key, "equ").value_or(u"").substr(0, kLineUnits);
         }

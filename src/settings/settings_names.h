@@ -11,7 +11,7 @@
 
 namespace kalvex {
 
-/// Every text is stored as 100 bytes, whatever its length: so many UTF-16 units.
+/// Every text is stored as 100 bytes, which are 50 UTF-16 units, whatever its length.
 inline constexpr std::size_t kStoredUnits = 50;
 
 /// Whether a text and its terminating zero fit into what is stored.
@@ -19,7 +19,7 @@ constexpr bool IsStoredWhole(std::u16string_view text) {
     return text.size() < kStoredUnits;
 }
 
-/// The reader's buffer of a line: 510 bytes.
+/// The most that is read of a line: a buffer of 510 bytes.
 inline constexpr std::size_t kLineUnits = 255;
 
 struct ViewValue {

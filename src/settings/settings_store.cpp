@@ -1,6 +1,6 @@
 // Every operation opens an existing key, writes in a fixed order and stops at the first failure.
-// Texts are written with a fixed size of 100 bytes; only what a reader gets back of those is
-// stored, and nothing beyond the text is ever read.
+// A text is written as 100 bytes. Only the part up to its terminating zero is stored here, because
+// a reader gets nothing else back.
 #include <algorithm>
 
 #include "base/encoding.h"
@@ -14,7 +14,7 @@
 namespace kalvex {
 namespace {
 
-// KEEP: a text is cut to the 50 units of its fixed write, a line as well as a long number.
+// KEEP: every text, whether a line or a number, is cut to the 50 units of those 100 bytes.
 bool WriteFixed(const Registry& registry, std::string_view key, std::string_view name,
                 std::u16string_view text) {
     text = text.substr(0, kStoredUnits);

@@ -23,12 +23,12 @@ struct Options {
     double MaxParam = 6.283185307179586;
 };
 
-/// `Wight` as it may be drawn. The store keeps any number; 1 to 64 is what a pen can have.
+/// The width of the pen for `Wight`: 1 to 64. The stored number may be any.
 constexpr std::int32_t PenWidthOf(const Options& options) {
     return std::clamp<std::int32_t>(options.Wight, 1, 64);
 }
 
-/// `TextSize` as it may be drawn, 1 to 200 pixels.
+/// The height of the texts for `TextSize`: 1 to 200 pixels. The stored number may be any.
 constexpr std::int32_t TextHeightOf(const Options& options) {
     return std::clamp<std::int32_t>(options.TextSize, 1, 200);
 }

@@ -183,7 +183,7 @@ struct GridRow {
     std::uint8_t after;
 };
 
-// The first three rows are a dialog that nobody touched.
+// In the first three rows no box has been changed.
 constexpr GridRow kGridRows[] = {
     {0, false, false, 0}, {1, true, false, 1},  {2, true, true, 2},   {0, false, true, 0},
     {0, true, false, 1},  {0, true, true, 2},   {1, false, false, 0}, {1, false, true, 0},
@@ -282,7 +282,8 @@ TEST(IsParameterRange, LetsNoNanThrough) {
     EXPECT_FALSE(IsParameterRange(-0.0, 0.0));
 }
 
-// KEEP: a range is taken as it reads, six decimals; fails when an untouched field keeps more.
+// KEEP: a range is taken from its text, which has six decimals. Fails when a field that was not
+// edited keeps more digits.
 TEST(SaveOptions, RoundsAnUntouchedRange) {
     FaultyRegistry store = MakeFilledRegistry();
     Options options;

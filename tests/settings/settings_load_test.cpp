@@ -238,8 +238,8 @@ TEST(Load, FallsBackFieldByField) {
             ++different;
             EXPECT_EQ(loaded[i], defaults[i]) << operation;
         }
-        // A field may differ from its default only by having been read; slot 9's colour of 1 and
-        // the like differ from their defaults everywhere but in the middle.
+        // Only the field that could not be read is different: it has its default. The colour of
+        // slot 5 was stored with the value of its default, so nothing differs there.
         EXPECT_EQ(different, operation == "readNumber 5/Color" ? 0 : 1) << operation;
     }
 }
