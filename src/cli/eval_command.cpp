@@ -15,6 +15,7 @@
 #include "expr/checker.h"
 #include "expr/evaluator.h"
 #include "expr/normaliser.h"
+#include "resources/message_boxes.h"
 #include "resources/strings.h"
 
 namespace kalvex {
@@ -54,9 +55,7 @@ bool Accepts(std::u16string& text, bool implicit) {
     const CheckResult result =
         CheckExpression(text, implicit ? CheckMode::TwoVariables : CheckMode::OneVariable);
     if (result.code >= 0) return true;
-    ShowOnStandardError({std::u16string(Text(StringId::Error)),
-                         FillIn(Text(StringId::ErrorFormat), {result.message}), MessageIcon::Stop,
-                         MessageButtons::Ok});
+    ShowOnStandardError(ErrorBox(FillIn(Text(StringId::ErrorFormat), {result.message})));
     return false;
 }
 

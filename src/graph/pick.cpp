@@ -9,6 +9,7 @@
 #include "graph/legend.h"
 #include "graph/trace.h"
 #include "graph/zoom.h"
+#include "resources/message_boxes.h"
 #include "resources/strings.h"
 
 namespace kalvex {
@@ -89,8 +90,7 @@ PictureChange FinishBox(GraphState& state, const ShowMessage& show) {
     EnterNormalMode(state);
     LayoutViewport(state.viewport);
     if (!isBox) {
-        show({std::u16string(Text(StringId::Error)), std::u16string(Text(StringId::SamePoints)),
-              MessageIcon::Stop, MessageButtons::Ok});
+        show(ErrorBox(Text(StringId::SamePoints)));
     }
     return PictureChange::Curves;
 }

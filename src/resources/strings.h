@@ -12,9 +12,11 @@ namespace kalvex {
 
 /// The number of a text. Numbers below 1000 are fixed, all others may change.
 enum class StringId : std::int32_t {
+#ifndef Q_MOC_RUN  // Qt's moc, which reads the tests, knows no include within an enumeration
 #define KALVEX_TEXT(name, number, text) name = (number),
 #include "resources/texts/texts.inc"
 #undef KALVEX_TEXT
+#endif
 };
 
 /// The text of a number; empty for a number that no text has.

@@ -11,6 +11,7 @@
 
 #include "graph/approx_failure.h"
 #include "graph/pick.h"
+#include "resources/message_boxes.h"
 #include "resources/platform.h"
 #include "resources/strings.h"
 #include "ui/dialogs/calculator_dialog.h"
@@ -40,9 +41,7 @@ void StoreOpenView(Application& application, const ShowMessage& show) {
     Workspace& workspace = application.workspace;
     workspace.view = application.graph.viewport.view;
     if (StoreView(application.registry, workspace.view, workspace.options)) return;
-    show({std::u16string(Text(StringId::Error)),
-          std::u16string(Text(StringId::SaveIntoRegistryFailed)), MessageIcon::None,
-          MessageButtons::Ok});
+    show(BoxOf(StringId::Error, Text(StringId::SaveIntoRegistryFailed), MessageIcon::None));
 }
 
 /// Saves the picture where the user wants it; the next dialog starts in the same folder.

@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QScreen>
 
+#include "resources/message_boxes.h"
 #include "resources/platform.h"
 #include "resources/strings.h"
 #include "ui/parts/form_dialog.h"
@@ -74,8 +75,7 @@ void CalculateLine(QLineEdit& edit, QLabel& detail, CalculatorHistory& history,
     ShowDetail(detail, ToQString(answer.detail));
     edit.setAccessibleDescription(detail.text());
     if (!answer.accepted) {
-        show({std::u16string(Text(StringId::Error)), answer.text, MessageIcon::Stop,
-              MessageButtons::Ok});
+        show(ErrorBox(answer.text));
         edit.setFocus(Qt::OtherFocusReason);
     }
 }
@@ -92,13 +92,14 @@ QPoint CalculatorPlace(const QSize& dialog, const QRect& screen, std::u16string_
 }
 
 void OpenCalculator(QWidget* parent, CalculatorHistory& history, const ShowMessage& show) {
-    auto* const dialog = new FormDialog("Calculator", parent, "Calc");
+    auto* const dialog =
+        new FormDialog(TextOf(StringId::MenuCalculator), parent, TextOf(StringId::CalcKey));
     dialog->setObjectName("calculatorDialog");
     auto* const edit = new CalculatorEdit(history, dialog);
     edit->setObjectName("expression");
     edit->setProperty("controlId", kEditId);
-    edit->setAccessibleName("Expression");
-    edit->setText(ToQString(Text(StringId::EnterExpression)));
+    edit->setAccessibleName(TextOf(StringId::CalculatorLine));
+    edit->setText(TextOf(StringId::EnterExpression));
     dialog->AddWide(edit);
     edit->setMinimumHeight(kTouchTarget);
     QLabel* const detail = AddDetail(*dialog);

@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "resources/command_ids.h"
+#include "resources/message_boxes.h"
 #include "resources/strings.h"
 #include "ui/parts/form_dialog.h"
 #include "ui/parts/qt_text.h"
@@ -109,7 +110,7 @@ void AddBoxes(FormDialog& dialog, const OptionsInput& shown, OptionsControls& co
     controls.colours = NewBox(&dialog, StringId::OptionColours, shown.colours, "colours");
     controls.colours->setProperty("controlId", 1049);
     dialog.AddWide(controls.colours);
-    auto* const group = new QGroupBox(ToQString(Text(StringId::OptionShowGroup)), &dialog);
+    auto* const group = new QGroupBox(TextOf(StringId::OptionShowGroup), &dialog);
     Name(*group, "showOnGraph", 1069);
     auto* const grid = new QGridLayout(group);
     grid->setVerticalSpacing(0);
@@ -165,7 +166,7 @@ OptionsInput Read(const OptionsControls& controls) {
 
 void OpenOptionsDialog(QWidget* parent, Options& options, const Registry& registry,
                        const ShowMessage& show, std::function<void()> changed) {
-    auto* const dialog = new FormDialog("Options", parent);
+    auto* const dialog = new FormDialog(TextOf(StringId::MenuOptions), parent);
     dialog->setObjectName("optionsDialog");
     const OptionsInput shown = InputOf(options);
     OptionsControls controls;
@@ -177,8 +178,7 @@ void OpenOptionsDialog(QWidget* parent, Options& options, const Registry& regist
     dialog->save = [controls, &options, registry, show, changed = std::move(changed)] {
         const auto problem = SaveOptions(Read(controls), options, registry);
         if (problem) {
-            show({std::u16string(Text(StringId::Error)), problem->message, MessageIcon::Stop,
-                  MessageButtons::Ok});
+            show(ErrorBox(problem->message));
             PointAt(*(problem->field == 0 ? controls.minParam : controls.maxParam));
         }
         changed();

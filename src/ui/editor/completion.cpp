@@ -84,7 +84,7 @@ void Completion::Open(LineEdit* edited) {
                                 room ? room() : window->rect()));
     list->show();
     list->raise();
-    Say(ToQString(FillIn(Text(StringId::NamesOffered), {FromQString(JoinedNames(names))})));
+    Say(TextOf(StringId::NamesOffered, {FromQString(JoinedNames(names))}));
 }
 
 void Completion::Close() {
@@ -113,9 +113,8 @@ void Completion::MoveHighlight(int step) {
     const int row = std::clamp(list->Highlighted() + step, -1, list->count() - 1);
     list->Highlight(row);
     if (row < 0) return;
-    Say(ToQString(FillIn(
-        Text(StringId::NameHighlighted),
-        {FromQString(list->item(row)->text()), NumberText(row + 1), NumberText(list->count())})));
+    Say(TextOf(StringId::NameHighlighted, {FromQString(list->item(row)->text()),
+                                           NumberText(row + 1), NumberText(list->count())}));
 }
 
 bool Completion::TakeKey(const QKeyEvent& key) {

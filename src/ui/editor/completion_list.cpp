@@ -56,7 +56,7 @@ QRect PlaceList(const QRect& line, int left, QSize wanted, const QRect& room) {
 CompletionList::CompletionList(QWidget* window) : QListWidget(window) {
     setObjectName("completion");
     setProperty("controlId", kControlId);
-    setAccessibleName(ToQString(Text(StringId::NamesList)));
+    setAccessibleName(TextOf(StringId::NamesList));
     setFocusPolicy(Qt::NoFocus);
     setItemDelegate(new RowDelegate(this));
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

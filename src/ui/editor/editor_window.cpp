@@ -48,7 +48,7 @@ EditorWindow::EditorWindow(Workspace& shown, EditorActions actions)
       inputPanel(std::move(actions.inputPanel)),
       platform(actions.platform),
       menuState(InitialMainMenu()) {
-    setWindowTitle("Kalvex");
+    setWindowTitle(TextOf(StringId::Title));
     setObjectName("editor");
     setMinimumSize(kLeastWidth, LeastLineAreaHeight() + kBottomBarHeight);
     state.showLines = [this] { ShowLines(); };

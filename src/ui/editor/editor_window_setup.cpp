@@ -54,12 +54,11 @@ void EditorWindow::ConnectLine(int slot) {
 }
 
 void EditorWindow::AddKeys() {
-    bar = new BottomBar("Menu", "Draw", this);
+    bar = new BottomBar(TextOf(StringId::MenuKey), TextOf(StringId::DrawKey), this);
     bar->actionButton()->setToolTip(KeysForTip(EditorShortCuts(), CommandId::Draw));
-    bar->menuButton()->setToolTip("F10");
-    QPushButton* const insert =
-        bar->AddMiddleKey(ToQString(Text(StringId::InsertKey)), "insertKey");
-    const QString tip = ToQString(Text(StringId::InsertKeyTip));
+    bar->menuButton()->setToolTip(TextOf(StringId::MenuKeyTip));
+    QPushButton* const insert = bar->AddMiddleKey(TextOf(StringId::InsertKey), "insertKey");
+    const QString tip = TextOf(StringId::InsertKeyTip);
     insert->setToolTip(tip);
     insert->setAccessibleDescription(tip);
     connect(bar->menuButton(), &QPushButton::clicked, this, &EditorWindow::OpenMenu);

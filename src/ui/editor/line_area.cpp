@@ -35,7 +35,7 @@ LineArea::LineArea(QWidget* window) : QWidget(window) {
         AddRow(slot);
     scroll = new QScrollBar(Qt::Vertical, this);
     scroll->setObjectName("lineScroll");
-    scroll->setAccessibleName(ToQString(Text(StringId::LinesScroll)));
+    scroll->setAccessibleName(TextOf(StringId::LinesScroll));
     scroll->setSingleStep(1);
     scroll->setRange(0, 0);
     scroll->hide();

@@ -15,7 +15,7 @@ constexpr std::size_t kLongestKeptLine = 49;
 }  // namespace
 
 QString NameOfLine(int slot, const FunctionEntry& entry) {
-    return ToQString(FillIn(Text(StringId::LineNumber), {NumberText(slot + 1)})) +
+    return TextOf(StringId::LineNumber, {NumberText(slot + 1)}) +
            (LabelOf(entry.type).starts_with(u' ') ? "" : " ") + ToQString(LabelOf(entry.type));
 }
 
@@ -24,14 +24,13 @@ QString DescriptionOfLine(const FunctionEntry& entry, const QString& hint) {
     if (entry.color >= 1 && entry.color <= static_cast<int>(kColorTable.size())) {
         words += ToQString(kColorTable[static_cast<std::size_t>(entry.color - 1)].name);
     }
-    words +=
-        ToQString(Text(entry.selected == 1 ? StringId::LineSelected : StringId::LineNotSelected));
+    words += TextOf(entry.selected == 1 ? StringId::LineSelected : StringId::LineNotSelected);
     if (!hint.isEmpty()) words += hint;
     return words.join(", ");
 }
 
 QString HintOfLine(std::u16string_view line) {
-    return line.size() > kLongestKeptLine ? ToQString(Text(StringId::KeptCharacters)) : QString();
+    return line.size() > kLongestKeptLine ? TextOf(StringId::KeptCharacters) : QString();
 }
 
 }  // namespace kalvex

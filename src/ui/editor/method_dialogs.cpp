@@ -8,6 +8,7 @@
 #include <array>
 
 #include "interp/approximation.h"
+#include "resources/message_boxes.h"
 #include "resources/strings.h"
 #include "ui/parts/form_dialog.h"
 #include "ui/parts/qt_text.h"
@@ -15,10 +16,6 @@
 
 namespace kalvex {
 namespace {
-
-QString TextOf(StringId id) {
-    return ToQString(Text(id));
-}
 
 /// The name of a field in a message: its label without the sign behind it.
 std::u16string_view NameOf(StringId label) {
@@ -41,8 +38,7 @@ bool TakeBetas(const std::array<NumberField, 2>& fields, FunctionEntry& entry,
                               FromQString(fields[1].edit->text())};
     const std::array names = {NameOf(fields[0].label), NameOf(fields[1].label)};
     if (const auto problem = ReadFiniteNumbers(texts, names, numbers)) {
-        show({std::u16string(Text(StringId::Error)), problem->message, MessageIcon::Stop,
-              MessageButtons::Ok});
+        show(ErrorBox(problem->message));
         PointAt(*fields[problem->field].edit);
         return false;
     }
@@ -51,8 +47,8 @@ bool TakeBetas(const std::array<NumberField, 2>& fields, FunctionEntry& entry,
     return true;
 }
 
-FormDialog* NewDialog(QWidget* parent, const QString& title, const char* name) {
-    auto* const dialog = new FormDialog(title, parent);
+FormDialog* NewDialog(QWidget* parent, StringId title, const char* name) {
+    auto* const dialog = new FormDialog(TextOf(title), parent);
     dialog->setObjectName(name);
     return dialog;
 }
@@ -65,10 +61,11 @@ NumberField AddNumber(FormDialog& dialog, StringId label, double value, const QS
 }
 
 void OpenTermsDialog(QWidget* parent, FunctionEntry& entry) {
-    FormDialog* const dialog = NewDialog(parent, "Least squares polyn.", "termsDialog");
+    FormDialog* const dialog = NewDialog(parent, StringId::MethodLeastSquares, "termsDialog");
     dialog->AddNote(TextOf(StringId::TermsNote));
-    QLineEdit* const field = dialog->AddText("Terms:", ToQString(NumberText(entry.approx_val)),
-                                             TextOf(StringId::TermsNote));
+    QLineEdit* const field =
+        dialog->AddText(TextOf(StringId::TermsCaption), ToQString(NumberText(entry.approx_val)),
+                        TextOf(StringId::TermsNote));
     field->setObjectName("terms");
     field->setInputMethodHints(Qt::ImhDigitsOnly);
     dialog->save = [field, &entry] {
@@ -80,7 +77,7 @@ void OpenTermsDialog(QWidget* parent, FunctionEntry& entry) {
 }
 
 void OpenBetaDialog(QWidget* parent, FunctionEntry& entry, const ShowMessage& show) {
-    FormDialog* const dialog = NewDialog(parent, "Beta splines", "betaDialog");
+    FormDialog* const dialog = NewDialog(parent, StringId::MethodBetaSplines, "betaDialog");
     dialog->AddNote(TextOf(StringId::BetaNote));
     const std::array fields = {
         AddNumber(*dialog, StringId::BetaBias, entry.beta1, TextOf(StringId::BetaBiasTip), "beta1"),
@@ -99,10 +96,10 @@ constexpr FlagTips kRightTips = {StringId::RightQuadratic, StringId::RightFirstD
                                  StringId::RightSecondDerivative};
 
 /// A list of the three flags; the tip of the chosen one stands under it.
-QComboBox* AddFlag(FormDialog& dialog, const QString& label, const FlagTips& tips,
-                   std::int32_t flag, const char* name) {
+QComboBox* AddFlag(FormDialog& dialog, StringId label, const FlagTips& tips, std::int32_t flag,
+                   const char* name) {
     const int chosen = flag >= 0 && flag <= 2 ? flag : 0;
-    QComboBox* const list = dialog.AddChoice(label, {"0", "1", "2"}, chosen);
+    QComboBox* const list = dialog.AddChoice(TextOf(label), {"0", "1", "2"}, chosen);
     list->setObjectName(name);
     for (int i = 0; i < 3; ++i)
         list->setItemData(i, TextOf(tips[static_cast<std::size_t>(i)]), Qt::ToolTipRole);
@@ -119,13 +116,13 @@ QComboBox* AddFlag(FormDialog& dialog, const QString& label, const FlagTips& tip
 }
 
 void OpenCubicDialog(QWidget* parent, FunctionEntry& entry, const ShowMessage& show) {
-    FormDialog* const dialog = NewDialog(parent, "cubic spline", "cubicDialog");
+    FormDialog* const dialog = NewDialog(parent, StringId::MethodCubicSpline, "cubicDialog");
     QComboBox* const left =
-        AddFlag(*dialog, "Left boundary:", kLeftTips, entry.approx_val, "leftFlag");
+        AddFlag(*dialog, StringId::LeftBoundary, kLeftTips, entry.approx_val, "leftFlag");
     const NumberField leftValue =
         AddNumber(*dialog, StringId::LeftValue, entry.beta1, {}, "leftValue");
     QComboBox* const right =
-        AddFlag(*dialog, "Right boundary:", kRightTips, entry.approx_val2, "rightFlag");
+        AddFlag(*dialog, StringId::RightBoundary, kRightTips, entry.approx_val2, "rightFlag");
     const NumberField rightValue =
         AddNumber(*dialog, StringId::RightValue, entry.beta2, {}, "rightValue");
     dialog->save = [=, &entry] {

@@ -11,17 +11,20 @@
 
 #include "resources/samples.h"
 #include "ui/parts/file_dialogs.h"
+#include "ui/parts/qt_text.h"
 
 namespace kalvex {
 
 void OpenPointFileDialog(QWidget* parent, const QString& folder,
                          std::function<void(const QString& path)> chosen) {
-    auto* const dialog = new QFileDialog(parent, "Open File", folder);
+    auto* const dialog = new QFileDialog(parent, TextOf(StringId::OpenFileTitle), folder);
     dialog->setObjectName("openFileDialog");
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::ExistingFile);
     dialog->setOption(QFileDialog::HideNameFilterDetails);
-    dialog->setNameFilters({"All (*.*) (*)", "txt (*.txt) (*.txt)", "Kalvex files (*.kx) (*.kx)"});
+    dialog->setNameFilters({TextOf(StringId::FilterAll) + " (*)",
+                            TextOf(StringId::FilterTxt) + " (*.txt)",
+                            TextOf(StringId::FilterKalvex) + " (*.kx)"});
     const QString sample = QString::fromStdString(SamplePath(kPeakSample));
     if (!sample.isEmpty()) {
         const QUrl samples = QUrl::fromLocalFile(QFileInfo(sample).absolutePath());

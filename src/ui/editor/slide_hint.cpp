@@ -17,7 +17,7 @@ constexpr int kSideMargins = 24;
 
 SlideHint::SlideHint(QWidget* window) : QLabel(window) {
     setObjectName("slideHint");
-    setText(ToQString(Text(StringId::SlideToSelect)));
+    setText(TextOf(StringId::SlideToSelect));
     setAlignment(Qt::AlignCenter);
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setAutoFillBackground(true);

@@ -34,7 +34,7 @@ GraphCanvas::GraphCanvas(GraphState& shownGraph, Workspace& shown, CanvasActions
     setObjectName("canvas");
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_AcceptTouchEvents);
-    setAccessibleName("Graph");
+    setAccessibleName(TextOf(StringId::GraphPicture));
     redrawTimer.setSingleShot(true);
     redrawTimer.setInterval(0);
     connect(&redrawTimer, &QTimer::timeout, this, &GraphCanvas::Redraw);
@@ -136,17 +136,14 @@ void GraphCanvas::Describe() {
         drawn += (ToQString(LabelOf(entry.type)) + ToQString(entry.text)).trimmed();
     }
     const ViewWindow& view = graph.viewport.view;
-    const QString bounds = QString("x %1 to %2, y %3 to %4")
-                               .arg(view.Xmin)
-                               .arg(view.Xmax)
-                               .arg(view.Ymin)
-                               .arg(view.Ymax);
+    const QString bounds =
+        TextOf(StringId::GraphBounds).arg(view.Xmin).arg(view.Xmax).arg(view.Ymin).arg(view.Ymax);
     QStringList parts = {drawn.join("; "), bounds};
     for (const std::u16string& text :
          OverlayOf(graph, workspace.functions, workspace.options).texts) {
         parts += ToQString(text);
     }
-    if (stopped) parts += "Stopped";
+    if (stopped) parts += TextOf(StringId::GraphStopped);
     // Setting it speaks, so the same words are not set again.
     const QString description = parts.join(". ");
     if (description != accessibleDescription()) setAccessibleDescription(description);

@@ -36,11 +36,11 @@ bool CanTraceAny(const FunctionList& functions) {
 
 GraphWindow::GraphWindow(GraphState& shownGraph, Workspace& shown, GraphActions given)
     : graph(shownGraph), workspace(shown), actions(std::move(given)) {
-    setWindowTitle("Kalvex");
+    setWindowTitle(TextOf(StringId::Title));
     setObjectName("graph");
     setMinimumSize(kLeastCanvas.width(), kLeastCanvas.height() + kBottomBarHeight);
     canvas = new GraphCanvas(graph, workspace, ActionsOfCanvas(), this);
-    bar = new BottomBar("Menu", "Trace", this);
+    bar = new BottomBar(TextOf(StringId::MenuKey), TextOf(StringId::TraceKey), this);
     connect(bar->menuButton(), &QPushButton::clicked, this, &GraphWindow::PressLeftKey);
     connect(bar->actionButton(), &QPushButton::clicked, this, &GraphWindow::PressRightKey);
     pictureTimer.setSingleShot(true);
@@ -64,8 +64,8 @@ CanvasActions GraphWindow::ActionsOfCanvas() {
     CanvasActions told;
     told.show = actions.show;
     told.slow = [this] {
-        if (bar->menuButton()->text() == "Escape") return;
-        bar->menuButton()->setText("Escape");
+        if (std::exchange(leftKeyEscapes, true)) return;
+        bar->menuButton()->setText(TextOf(StringId::EscapeKey));
         bar->repaint();
     };
     told.isStopKey = [this](QPointF at) {
@@ -238,9 +238,10 @@ void GraphWindow::ShowMode() {
     const FunctionEntry* const traced = TracedFunction(graph, workspace.functions);
     const bool normal = graph.mode == GraphMode::Normal;
     const bool trace = graph.mode == GraphMode::Trace;
-    left.setText(normal ? "Menu" : "Escape");
-    left.setToolTip(normal ? "F10" : "Esc");
-    right.setText(trace ? "Analyze" : "Trace");
+    leftKeyEscapes = !normal;
+    left.setText(TextOf(normal ? StringId::MenuKey : StringId::EscapeKey));
+    left.setToolTip(TextOf(normal ? StringId::MenuKeyTip : StringId::EscapeKeyTip));
+    right.setText(TextOf(trace ? StringId::AnalyzeKey : StringId::TraceKey));
     right.setToolTip(KeysForTip(GraphShortCuts(), trace ? CommandId::Analyze : CommandId::Trace));
     right.setVisible(normal || (trace && traced != nullptr && OffersAnalysis(*traced)));
     right.setEnabled(trace || CanTraceAny(workspace.functions));
@@ -273,7 +274,7 @@ void GraphWindow::closeEvent(QCloseEvent* event) {
 }
 
 void GraphWindow::keyPressEvent(QKeyEvent* event) {
-    if (event->text() == "#") {
+    if (event->text() == QChar('#')) {
         if (!event->isAutoRepeat()) Run(CommandId::FullScreen);
         return;
     }

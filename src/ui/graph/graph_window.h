@@ -68,8 +68,9 @@ class GraphWindow final : public QWidget {
     GraphActions actions;
     GraphCanvas* canvas;
     BottomBar* bar;
-    QTimer pictureTimer;  ///< timer 2
-    QTimer layoutTimer;   ///< after a change of state whose resize may never come
+    bool leftKeyEscapes = false;  ///< the left key leaves a mode or stops a computation
+    QTimer pictureTimer;          ///< timer 2
+    QTimer layoutTimer;           ///< after a change of state whose resize may never come
     PixelPoint popupPoint;
     ZoomGesture keyGesture;
 };

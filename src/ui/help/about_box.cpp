@@ -28,10 +28,6 @@ QLabel* AddText(QVBoxLayout& column, const QString& text) {
     return label;
 }
 
-QString TextOf(StringId id) {
-    return ToQString(Text(id));
-}
-
 void AddTexts(QVBoxLayout& column, double density) {
     QLabel* const picture = AddText(column, {});
     picture->setObjectName("picture");

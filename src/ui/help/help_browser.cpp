@@ -12,6 +12,7 @@
 #include <QTextFrame>
 
 #include "ui/parts/contrast.h"
+#include "ui/parts/qt_text.h"
 
 namespace kalvex {
 namespace {
@@ -30,7 +31,7 @@ bool IsPlus(int key) {
 
 HelpBrowser::HelpBrowser(QWidget* parent) : QTextBrowser(parent) {
     setObjectName("helpPage");
-    setAccessibleName("Help");
+    setAccessibleName(TextOf(StringId::MenuHelp));
     setFrameShape(QFrame::NoFrame);
     setOpenLinks(false);
     setOpenExternalLinks(false);

@@ -27,10 +27,6 @@ constexpr int kLeastWidth = 240;
 constexpr int kLeastHeight = 240;
 constexpr int kGap = 8;
 
-QString TextOf(StringId id) {
-    return ToQString(Text(id));
-}
-
 /// As large as another window and in its place.
 void TakePlaceOf(const QWidget& below, QWidget& window) {
     window.setWindowState(below.windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen));

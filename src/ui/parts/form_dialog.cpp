@@ -53,7 +53,7 @@ FormDialog::FormDialog(const QString& title, QWidget* parent, const QString& sav
 }
 
 void FormDialog::AddKeys(const QString& saveWord) {
-    auto* const bar = new BottomBar(saveWord, "Cancel", this);
+    auto* const bar = new BottomBar(saveWord, TextOf(StringId::CancelKey), this);
     saveKey = bar->menuButton();
     cancelKey = bar->actionButton();
     saveKey->setObjectName("saveKey");

@@ -6,6 +6,8 @@
 #include <QStringList>
 #include <functional>
 
+#include "ui/parts/qt_text.h"
+
 class QComboBox;
 class QFormLayout;
 class QLabel;
@@ -19,7 +21,8 @@ namespace kalvex {
 /// "Cancel" and Escape close. As wide as its fields need, whatever the window below measures.
 class FormDialog final : public QDialog {
   public:
-    FormDialog(const QString& title, QWidget* parent, const QString& saveWord = "Save");
+    FormDialog(const QString& title, QWidget* parent,
+               const QString& saveWord = TextOf(StringId::SaveKey));
 
     QLineEdit* AddText(const QString& label, const QString& text, const QString& tip = {});
     QComboBox* AddChoice(const QString& label, const QStringList& entries, int index,

@@ -67,7 +67,7 @@ QWidget* MakePage(const QString& title, std::u16string_view text, QWidget* paren
 QDialog* MakeDialog(QWidget* parent, const ReportActions& actions) {
     auto* const dialog = new QDialog(parent);
     dialog->setObjectName("report");
-    dialog->setWindowTitle(ToQString(Text(StringId::AnalysisTitle)));
+    dialog->setWindowTitle(TextOf(StringId::AnalysisTitle));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->resize((parent->size() - kFrame).boundedTo(kLargestSize));
     QObject::connect(dialog, &QDialog::finished, dialog, [actions] { actions.closed(); });
@@ -106,9 +106,10 @@ void OpenExportMenu(QDialog* dialog, const QWidget* key, bool paged, const Run& 
 
 /// The soft keys below the text, and the keys of the keyboard.
 void AddKeys(QDialog* dialog, bool paged, const ReportActions& actions) {
-    auto* const bar = new BottomBar("Ok", "Export", dialog);
+    auto* const bar =
+        new BottomBar(TextOf(StringId::ReportOk), TextOf(StringId::ExportKey), dialog);
     bar->actionButton()->setAutoDefault(false);
-    bar->actionButton()->setToolTip("F10");
+    bar->actionButton()->setToolTip(TextOf(StringId::MenuKeyTip));
     for (QPushButton* const key : {bar->menuButton(), bar->actionButton()})
         key->setFocusPolicy(Qt::StrongFocus);
     dialog->layout()->addWidget(bar);

@@ -6,20 +6,24 @@
 #include <QScreen>
 #include <utility>
 
+#include "resources/message_boxes.h"
 #include "resources/strings.h"
 #include "ui/parts/file_dialogs.h"
+#include "ui/parts/qt_text.h"
 #include "workspace/complete_file.h"
 
 namespace kalvex {
 
 void OpenSaveResultDialog(QWidget* parent, const QString& folder,
                           std::function<void(const QString& path)> chosen) {
-    auto* const dialog = new QFileDialog(parent, "Save File As", StartFolder(folder));
+    auto* const dialog =
+        new QFileDialog(parent, TextOf(StringId::SaveResultTitle), StartFolder(folder));
     dialog->setObjectName("saveResultDialog");
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setOption(QFileDialog::HideNameFilterDetails);
-    dialog->setNameFilters({"Text (*.txt) (*.txt)", "Kalvex files (*.kx) (*.kx)"});
+    dialog->setNameFilters(
+        {TextOf(StringId::FilterText) + " (*.txt)", TextOf(StringId::FilterKalvex) + " (*.kx)"});
     dialog->setDefaultSuffix("txt");
     // KEEP: the proposed name is of the second kind while the first one is selected.
     dialog->selectFile("result.kx");
@@ -31,13 +35,10 @@ void OpenSaveResultDialog(QWidget* parent, const QString& folder,
 bool SaveResult(const QString& path, std::string_view bytes, const ShowMessage& show) {
     const bool written = WriteCompleteFile(path, bytes);
     if (!written) {
-        show({std::u16string(Text(StringId::FileErrorCaption)),
-              std::u16string(Text(StringId::FileErrorText)), MessageIcon::None,
-              MessageButtons::Ok});
+        show(BoxOf(StringId::FileErrorCaption, Text(StringId::FileErrorText), MessageIcon::None));
     }
     // KEEP: shown after an error too, which the box before it has told.
-    const std::u16string saved(Text(StringId::Saved));
-    show({saved, saved, MessageIcon::Information, MessageButtons::Ok});
+    show(BoxOf(StringId::Saved, Text(StringId::Saved), MessageIcon::Information));
     return written;
 }
 
