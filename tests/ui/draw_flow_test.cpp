@@ -1,4 +1,4 @@
-#include "ui/draw_flow.h"
+#include "commands/draw_flow.h"
 
 #include <QFile>
 #include <QFileInfo>

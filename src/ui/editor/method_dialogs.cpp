@@ -7,12 +7,12 @@
 #include <QLineEdit>
 #include <array>
 
+#include "commands/number_input.h"
 #include "interp/approximation.h"
 #include "resources/message_boxes.h"
 #include "resources/strings.h"
 #include "ui/parts/form_dialog.h"
 #include "ui/parts/qt_text.h"
-#include "workspace/number_input.h"
 
 namespace kalvex {
 namespace {

@@ -15,9 +15,9 @@
 #include "painter/write_picture.h"
 #include "resources/message_boxes.h"
 #include "resources/strings.h"
+#include "settings/settings.h"
 #include "ui/parts/file_dialogs.h"
 #include "ui/parts/qt_text.h"
-#include "workspace/settings.h"
 
 namespace kalvex {
 namespace {

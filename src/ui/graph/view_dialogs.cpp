@@ -6,11 +6,11 @@
 #include <span>
 #include <utility>
 
+#include "commands/view_input.h"
 #include "resources/message_boxes.h"
 #include "resources/strings.h"
 #include "ui/parts/form_dialog.h"
 #include "ui/parts/qt_text.h"
-#include "workspace/view_input.h"
 
 namespace kalvex {
 namespace {

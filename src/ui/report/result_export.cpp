@@ -8,9 +8,9 @@
 
 #include "resources/message_boxes.h"
 #include "resources/strings.h"
+#include "settings/complete_file.h"
 #include "ui/parts/file_dialogs.h"
 #include "ui/parts/qt_text.h"
-#include "workspace/complete_file.h"
 
 namespace kalvex {
 
