@@ -36,12 +36,13 @@ constexpr std::string_view kNoTexts[] = {
     // Names, kinds and patterns of files.
     "png", "svg", "pdf", "bmp", "txt", ".bmp", " (*.txt)", " (*.kx)", "Kalvex_", "Kalvex.png",
     "result.kx", "/kalvex/window.ini", ":/icons/kalvex-%1.png", "_Kalvex_", "_Kalvex_.lock",
-    // What a second start sends to the first; the form of a line of standard error.
-    "r", "%s\\n", "\\\\n"};
+    // What a second start sends to the first; the blanks that may stand around a number.
+    "r", " \\t\\u00a0"};
 
 struct Literal {
     std::string text;    ///< as it is written, escapes included
-    std::string before;  ///< the line before it, without its last quotation mark or prefix
+    std::string before;  ///< the line before it, without its prefix
+    bool wide = false;   ///< UTF-16: it has the prefix u
 };
 
 /// Skips a comment or a character at `i`; false when there is none.
@@ -72,8 +73,9 @@ std::vector<Literal> LiteralsOf(std::string_view source) {
             i += source[i] == '\\' ? 2 : 1;
         const std::size_t line = source.rfind('\n', first) + 1;
         std::string before(source.substr(line, first - 1 - line));
-        if (before.ends_with('u')) before.pop_back();
-        literals.push_back({std::string(source.substr(first, i - first)), before});
+        const bool wide = before.ends_with('u');
+        if (wide) before.pop_back();
+        literals.push_back({std::string(source.substr(first, i - first)), before, wide});
         ++i;
     }
     return literals;
@@ -100,14 +102,21 @@ bool IsNoText(const Literal& literal) {
            std::find(std::begin(kNoTexts), std::end(kNoTexts), literal.text) != std::end(kNoTexts);
 }
 
-std::vector<std::filesystem::path> CheckedSources() {
-    const std::filesystem::path sources = KALVEX_SOURCES;
-    std::vector<std::filesystem::path> paths = {sources / "resources/menus.cpp"};
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(sources / "ui")) {
+std::vector<std::filesystem::path> SourcesOf(std::string_view room) {
+    std::vector<std::filesystem::path> paths;
+    const auto folder = std::filesystem::path(KALVEX_SOURCES) / room;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
         const std::string ending = entry.path().extension().string();
         if (ending == ".cpp" || ending == ".h") paths.push_back(entry.path());
     }
     return paths;
+}
+
+std::vector<Literal> LiteralsIn(const std::filesystem::path& path) {
+    std::ifstream file(path);
+    const std::string source(std::istreambuf_iterator<char>(file), {});
+    EXPECT_FALSE(source.empty()) << path;
+    return LiteralsOf(source);
 }
 
 TEST(Literals, AreFoundInSources) {
@@ -150,18 +159,33 @@ TEST(Literals, AreTextsUnlessTheyAreNames) {
 }
 
 TEST(Literals, OfTheWindowsAreNoTexts) {
+    std::vector<std::filesystem::path> paths = SourcesOf("ui");
+    paths.push_back(std::filesystem::path(KALVEX_SOURCES) / "resources/menus.cpp");
     std::size_t seen = 0;
-    for (const std::filesystem::path& path : CheckedSources()) {
-        std::ifstream file(path);
-        const std::string source(std::istreambuf_iterator<char>(file), {});
-        ASSERT_FALSE(source.empty()) << path;
-        for (const Literal& literal : LiteralsOf(source)) {
+    for (const std::filesystem::path& path : paths) {
+        for (const Literal& literal : LiteralsIn(path)) {
             ++seen;
             EXPECT_TRUE(IsNoText(literal))
                 << path << ": \"" << literal.text << "\" belongs to resources/texts";
         }
     }
     EXPECT_GT(seen, 50u);
+}
+
+// What these rooms hand to the windows is UTF-16; other literals are names of their own.
+TEST(Literals, OfTheEngineAreNoTexts) {
+    std::size_t seen = 0;
+    for (const std::string_view room : {"analysis", "commands", "graph", "painter"}) {
+        for (const std::filesystem::path& path : SourcesOf(room)) {
+            for (const Literal& literal : LiteralsIn(path)) {
+                if (!literal.wide) continue;
+                ++seen;
+                EXPECT_TRUE(IsNoText(literal))
+                    << path << ": \"" << literal.text << "\" belongs to resources/texts";
+            }
+        }
+    }
+    EXPECT_GT(seen, 3u);
 }
 
 }  // namespace

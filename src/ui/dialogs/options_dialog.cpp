@@ -48,7 +48,7 @@ void Name(QObject& control, const char* name, int id) {
 QStringList EntriesOf(std::span<const OptionChoice> choices) {
     QStringList entries;
     for (const OptionChoice& choice : choices)
-        entries += ToQString(choice.text);
+        entries += TextOf(choice.word);
     return entries;
 }
 

@@ -22,7 +22,7 @@ QString NameOfLine(int slot, const FunctionEntry& entry) {
 QString DescriptionOfLine(const FunctionEntry& entry, const QString& hint) {
     QStringList words;
     if (entry.color >= 1 && entry.color <= static_cast<int>(kColorTable.size())) {
-        words += ToQString(kColorTable[static_cast<std::size_t>(entry.color - 1)].name);
+        words += TextOf(kColorTable[static_cast<std::size_t>(entry.color - 1)].word);
     }
     words += TextOf(entry.selected == 1 ? StringId::LineSelected : StringId::LineNotSelected);
     if (!hint.isEmpty()) words += hint;

@@ -24,7 +24,7 @@ template <std::size_t Count>
 struct NumberForm {
     StringId title{};
     const char* name;
-    const std::array<std::u16string_view, Count>& labels;
+    std::array<std::u16string_view, Count> labels;
     std::array<double, Count> values;
     Reader<Count> read;
 };
@@ -64,7 +64,7 @@ void OpenViewWindowDialog(QWidget* parent, ViewWindow& view, const ShowMessage& 
                           std::function<void()> changed) {
     const NumberForm<4> form{StringId::MenuViewWindow,
                              "viewWindowDialog",
-                             kBoundNames,
+                             BoundNames(),
                              {view.Xmin, view.Xmax, view.Ymin, view.Ymax},
                              ReadBounds};
     OpenNumberForm(parent, form, view, show, std::move(changed));
@@ -74,7 +74,7 @@ void OpenFactorDialog(QWidget* parent, ViewWindow& view, const ShowMessage& show
                       std::function<void()> changed) {
     const NumberForm<2> form{StringId::FactorTitle,
                              "factorDialog",
-                             kFactorNames,
+                             FactorNames(),
                              {view.Xfactor, view.Yfactor},
                              ReadFactors};
     OpenNumberForm(parent, form, view, show, std::move(changed));
