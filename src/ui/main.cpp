@@ -2,6 +2,7 @@
 // ends only when somebody says so.
 #include <QApplication>
 
+#include "base/message_line.h"
 #include "settings/registry_file.h"
 #include "ui/application.h"
 #include "ui/graph/picture_export.h"

@@ -9,9 +9,7 @@
 #include <QGridLayout>
 #include <QMessageBox>
 #include <QSpacerItem>
-#include <cstdio>
 
-#include "base/encoding.h"
 #include "ui/parts/qt_text.h"
 #include "ui/parts/touch.h"
 
@@ -85,19 +83,6 @@ MessageAnswer ShowMessageWindow(const MessageBox& box) {
     const int answer = window.exec();
     if (!question) return MessageAnswer::Ok;
     return answer == QMessageBox::Yes ? MessageAnswer::Yes : MessageAnswer::No;
-}
-
-MessageAnswer WriteMessageLine(const MessageBox& box) {
-    std::string line = ToUtf8(box.caption) + ": ";
-    for (const char character : ToUtf8(box.text)) {
-        if (character == '\n') {
-            line += "\\n";
-        } else {
-            line += character;
-        }
-    }
-    std::fprintf(stderr, "%s\n", line.c_str());
-    return box.buttons == MessageButtons::YesNo ? MessageAnswer::No : MessageAnswer::Ok;
 }
 
 }  // namespace kalvex
