@@ -12,6 +12,7 @@
 #include "commands/draw_flow.h"
 #include "graph/approx_failure.h"
 #include "graph/pick.h"
+#include "graph/trace.h"
 #include "resources/message_boxes.h"
 #include "resources/platform.h"
 #include "resources/strings.h"
@@ -21,6 +22,7 @@
 #include "ui/editor/point_file_dialog.h"
 #include "ui/graph/graph_canvas.h"
 #include "ui/graph/picture_export.h"
+#include "ui/help/help_window.h"
 #include "ui/parts/qt_text.h"
 #include "ui/report/analysis_flow.h"
 
@@ -83,10 +85,12 @@ QString FolderOfLine(const Application& application, int slot) {
     return file.isFile() ? file.absolutePath() : application.windowState.folder;
 }
 
-/// Lets the user choose the file of a File line.
-void ChoosePointFile(Application& application, int slot) {
-    OpenPointFileDialog(application.editor.get(), FolderOfLine(application, slot),
-                        [&application, slot](const QString& path) {
+/// Lets the user choose the file of the line with the focus.
+void ChoosePointFile(Application& application) {
+    const std::optional<int> slot = application.editor->FocusedSlot();
+    if (!slot) return;
+    OpenPointFileDialog(application.editor.get(), FolderOfLine(application, *slot),
+                        [&application, slot = *slot](const QString& path) {
                             application.windowState.folder = QFileInfo(path).absolutePath();
                             application.workspace.lines[static_cast<std::size_t>(slot)] =
                                 FromQString(path);
@@ -109,32 +113,65 @@ void ShowCalculator(Application& application) {
     OpenCalculator(VisibleWindow(application), application.calculated, application.show);
 }
 
-GraphActions ActionsOfGraph(Application& application) {
-    GraphActions actions;
-    actions.graphTable = [&application] { ReturnToTable(application); };
-    actions.exit = [&application] { ExitApplication(application); };
-    actions.openOptions = [&application] { OpenOptions(application); };
-    actions.openCalculator = [&application] { ShowCalculator(application); };
-    actions.show = application.show;
-    actions.analyse = [&application](const FunctionEntry& entry) {
-        OpenAnalysis({application.graphWindow.get(), application.analysis,
-                      application.windowState.folder, application.show, kPlatformType},
-                     entry, application.graph.viewport);
-    };
-    actions.redrawn = [&application] { TellFailures(application); };
-    actions.savePictureAs = [&application] { AskForPicture(application); };
-    actions.copyPicture = [&application] {
-        const GraphCanvas& canvas = application.graphWindow->Canvas();
-        CopyPicture(canvas.Picture(), canvas.devicePixelRatioF());
-    };
-    actions.picture = [&application] {
-        ExportPicture(application.graphWindow->Canvas().Picture(), application.workspace.options,
-                      application.registry, application.pictureFolder, application.show);
-    };
-    return actions;
+void AnalyseTraced(Application& application) {
+    const FunctionEntry* const traced =
+        TracedFunction(application.graph, application.workspace.functions);
+    if (traced == nullptr) return;
+    OpenAnalysis({application.graphWindow.get(), application.analysis,
+                  application.windowState.folder, application.show, kPlatformType},
+                 *traced, application.graph.viewport);
 }
 
+void CopyShownPicture(Application& application) {
+    const GraphCanvas& canvas = application.graphWindow->Canvas();
+    CopyPicture(canvas.Picture(), canvas.devicePixelRatioF());
+}
+
+void ExportShownPicture(Application& application) {
+    ExportPicture(application.graphWindow->Canvas().Picture(), application.workspace.options,
+                  application.registry, application.pictureFolder, application.show);
+}
+
+void MakeGraphWindow(Application& application) {
+    const auto run = [&application](CommandId command) {
+        return RunProgramCommand(application, command);
+    };
+    application.graphWindow = std::make_unique<GraphWindow>(
+        application.graph, application.workspace, GraphActions{run, application.show});
+    QObject::connect(&application.graphWindow->Canvas(), &GraphCanvas::Redrawn,
+                     application.graphWindow.get(), [&application] { TellFailures(application); });
+}
+
+struct ProgramCommand {
+    CommandId id;
+    void (*run)(Application&);
+    bool ofGraph = false;  ///< only once there is a graph window
+};
+
+constexpr ProgramCommand kProgramCommands[] = {
+    {CommandId::Draw, DrawFunctions},
+    {CommandId::File, ChoosePointFile},
+    {CommandId::Options, OpenOptions},
+    {CommandId::Calculator, ShowCalculator},
+    {CommandId::Exit, ExitApplication},
+    {CommandId::GraphTable, ReturnToTable, true},
+    {CommandId::Analyze, AnalyseTraced, true},
+    {CommandId::Picture, ExportShownPicture, true},
+    {CommandId::SavePictureAs, AskForPicture, true},
+    {CommandId::CopyPicture, CopyShownPicture, true},
+    {CommandId::GraphExit, ExitApplication, true},
+};
+
 }  // namespace
+
+bool RunProgramCommand(Application& application, CommandId command) {
+    for (const ProgramCommand& row : kProgramCommands) {
+        if (row.id != command || (row.ofGraph && !application.graphWindow)) continue;
+        row.run(application);
+        return true;
+    }
+    return RunHelpCommand(VisibleWindow(application), command);
+}
 
 void LoadWorkspace(Application& application) {
     const Registry& registry = application.registry;
@@ -154,14 +191,11 @@ void StartApplication(Application& application) {
     LoadWorkspace(application);
     if (application.ended) return;
     application.windowState = LoadWindowState(application.windowStatePath);
-    EditorActions actions;
-    actions.draw = [&application] { DrawFunctions(application); };
-    actions.exit = [&application] { ExitApplication(application); };
-    actions.choosePointFile = [&application](int slot) { ChoosePointFile(application, slot); };
-    actions.openOptions = [&application] { OpenOptions(application); };
-    actions.openCalculator = [&application] { ShowCalculator(application); };
-    actions.show = application.show;
-    application.editor = std::make_unique<EditorWindow>(application.workspace, std::move(actions));
+    const auto run = [&application](CommandId command) {
+        return RunProgramCommand(application, command);
+    };
+    application.editor =
+        std::make_unique<EditorWindow>(application.workspace, EditorActions{run, application.show});
     ApplyWindowState(*application.editor, application.windowState);
     application.editor->FocusLine(0);
     application.editor->show();
@@ -174,10 +208,7 @@ void DrawFunctions(Application& application) {
     EnterNormalMode(application.graph);
     application.viewUnsaved = true;
     application.failuresUntold = true;
-    if (!application.graphWindow) {
-        application.graphWindow = std::make_unique<GraphWindow>(
-            application.graph, application.workspace, ActionsOfGraph(application));
-    }
+    if (!application.graphWindow) MakeGraphWindow(application);
     application.graphWindow->Canvas().StartAfresh();
     TakeWindowPlace(*application.editor, *application.graphWindow);
     application.graphWindow->Canvas().ScheduleRedraw();

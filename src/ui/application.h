@@ -49,6 +49,10 @@ void LoadWorkspace(Application& application);
 /// ended while a message of the loading was on the screen.
 void StartApplication(Application& application);
 
+/// Runs a command of the whole program. Both windows hand on to it what they cannot run themselves.
+/// False for a number that is no command, and for a command of the graph before the first Draw.
+bool RunProgramCommand(Application& application, CommandId command);
+
 /// The Draw flow and, when it succeeds, the graph window in the editor's place.
 void DrawFunctions(Application& application);
 

@@ -80,6 +80,28 @@ class ApplicationTest final : public QObject {
             QVERIFY(program.store.store->keys == before);
         }
     }
+    void CommandsOfTheProgram() {
+        TestProgram program;
+        program.Start();
+        const auto run = [&program](CommandId command) {
+            return RunProgramCommand(program.application, command);
+        };
+        for (const CommandId command :
+             {CommandId::GraphTable, CommandId::Analyze, CommandId::Picture,
+              CommandId::SavePictureAs, CommandId::CopyPicture, CommandId::GraphExit,
+              CommandId::None, CommandId::Red, CommandId::ZoomIn}) {
+            QVERIFY2(!run(command), QByteArray::number(static_cast<int>(command)).constData());
+        }
+        QCOMPARE(program.quits, 0);
+        program.Entry(1).selected = 1;
+        QVERIFY(run(CommandId::Draw));
+        QVERIFY(program.Graph().isVisible());
+        QVERIFY(!run(CommandId::ZoomIn));
+        QVERIFY(run(CommandId::GraphTable));
+        QVERIFY(program.Editor().isVisible());
+        QVERIFY(run(CommandId::Exit));
+        QCOMPARE(program.quits, 1);
+    }
     void GraphTableStoresTheView() {
         TestProgram program;
         program.Start();

@@ -43,10 +43,10 @@ QString JoinedNames(const std::vector<std::u16string_view>& names) {
 }  // namespace
 
 Completion::Completion(QWidget* window) : QObject(window), list(new CompletionList(window)) {
-    list->chosen = [this](const QString& name) {
+    connect(list, &CompletionList::Chosen, this, [this](const QString& name) {
         tapped = line;
         Choose(name);
-    };
+    });
 }
 
 void Completion::Watch(LineEdit* watched) {
@@ -96,7 +96,7 @@ void Completion::Close() {
 
 void Completion::Say(const QString& text) {
     said = text;
-    if (told) told();
+    emit Told();
 }
 
 void Completion::Choose(const QString& name) {

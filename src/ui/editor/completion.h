@@ -19,6 +19,7 @@ namespace kalvex {
 /// moved caret and the loss of the focus close it; Enter and the refused blank do not. Down and Up
 /// highlight, Enter takes the highlighted name, Escape closes.
 class Completion final : public QObject {
+    Q_OBJECT
   public:
     explicit Completion(QWidget* window);
 
@@ -29,8 +30,10 @@ class Completion final : public QObject {
     QString SaidOf(const LineEdit* asked) const { return asked == line ? said : QString(); }
 
     std::u16string_view platform = kPlatformType;  ///< only kPocketPc offers names
-    std::function<QRect()> room;                   ///< the part of the window for the list
-    std::function<void()> told;                    ///< SaidOf has changed
+    std::function<QRect()> room;  ///< asked for the part of the window for the list
+
+  signals:
+    void Told();  ///< SaidOf has changed
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

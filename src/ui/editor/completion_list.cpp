@@ -66,7 +66,7 @@ CompletionList::CompletionList(QWidget* window) : QListWidget(window) {
     hide();
     connect(this, &QListWidget::itemSelectionChanged, this, [this] {
         const auto items = selectedItems();
-        if (!items.isEmpty() && chosen) chosen(items.first()->text());
+        if (!items.isEmpty()) emit Chosen(items.first()->text());
     });
 }
 

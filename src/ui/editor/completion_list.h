@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QListWidget>
-#include <functional>
 #include <string_view>
 #include <vector>
 
@@ -16,6 +15,7 @@ QRect PlaceList(const QRect& line, int left, QSize wanted, const QRect& room);
 /// A list box that never takes the focus. Choosing an entry is selecting it: with the pointer by
 /// lifting it on the entry. Highlighting one does not choose it.
 class CompletionList final : public QListWidget {
+    Q_OBJECT
   public:
     explicit CompletionList(QWidget* window);
 
@@ -26,7 +26,8 @@ class CompletionList final : public QListWidget {
     int Highlighted() const;
     void Highlight(int row);
 
-    std::function<void(const QString& name)> chosen;
+  signals:
+    void Chosen(const QString& name);
 
   protected:
     void mousePressEvent(QMouseEvent* event) override;

@@ -41,7 +41,7 @@ LineArea::LineArea(QWidget* window) : QWidget(window) {
     scroll->hide();
     connect(scroll, &QScrollBar::valueChanged, this, [this] {
         Place();
-        if (scrolled) scrolled();
+        emit Scrolled();
     });
 }
 

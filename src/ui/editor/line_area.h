@@ -3,7 +3,6 @@
 
 #include <QWidget>
 #include <array>
-#include <functional>
 
 #include "ui/editor/line_layout.h"
 
@@ -18,6 +17,7 @@ class LineLabel;
 /// Labels, edit lines and hints. They are named "label1", "line1", "hint1" and so on and carry the
 /// program's control numbers (2000 and 1000 upward) as the property "controlId".
 class LineArea final : public QWidget {
+    Q_OBJECT
   public:
     struct Row {
         LineLabel* label = nullptr;
@@ -37,7 +37,8 @@ class LineArea final : public QWidget {
     /// The visible line nearest to a height in the area's coordinates.
     int SlotAt(int y) const;
 
-    std::function<void()> scrolled;
+  signals:
+    void Scrolled();  ///< other lines show now
 
   protected:
     void wheelEvent(QWheelEvent* event) override;

@@ -66,7 +66,7 @@ LineEdit::LineEdit(QWidget* parent) : QLineEdit(parent) {
     holdTimer.setSingleShot(true);
     holdTimer.setInterval(kHoldMilliseconds);
     connect(&holdTimer, &QTimer::timeout, this, [this] {
-        if (penDown && toggled) toggled();
+        if (penDown) emit Toggled();
     });
 }
 
@@ -98,7 +98,7 @@ void LineEdit::PasteText() {
 }
 
 void LineEdit::AskForPopup() {
-    if (popupAskedAt) popupAskedAt(mapToGlobal(QPoint(cursorRect().left(), height())));
+    emit PopupAsked(mapToGlobal(QPoint(cursorRect().left(), height())));
 }
 
 void LineEdit::LiftPen() {
@@ -150,19 +150,19 @@ void LineEdit::mouseReleaseEvent(QMouseEvent* event) {
 void LineEdit::mouseDoubleClickEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) return QLineEdit::mouseDoubleClickEvent(event);
     LiftPen();
-    if (toggled) toggled();
+    emit Toggled();
 }
 
 void LineEdit::contextMenuEvent(QContextMenuEvent* event) {
     LiftPen();
     setFocus(Qt::OtherFocusReason);
     if (event->reason() == QContextMenuEvent::Keyboard) return AskForPopup();
-    if (popupAskedAt) popupAskedAt(event->globalPos());
+    emit PopupAsked(event->globalPos());
 }
 
 void LineEdit::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
-    if (focused) focused();
+    emit Focused();
 }
 
 void LineEdit::focusOutEvent(QFocusEvent* event) {

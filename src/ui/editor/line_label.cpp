@@ -95,19 +95,19 @@ void LineLabel::paintEvent(QPaintEvent*) {
 }
 
 void LineLabel::mousePressEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton && picked) picked();
+    if (event->button() == Qt::LeftButton) emit Picked();
 }
 
 void LineLabel::mouseMoveEvent(QMouseEvent* event) {
-    if ((event->buttons() & Qt::LeftButton) && slidTo) slidTo(event->globalPosition().toPoint());
+    if (event->buttons() & Qt::LeftButton) emit SlidTo(event->globalPosition().toPoint());
 }
 
 void LineLabel::mouseReleaseEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton && lifted) lifted();
+    if (event->button() == Qt::LeftButton) emit Lifted();
 }
 
 void LineLabel::mouseDoubleClickEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton && toggled) toggled();
+    if (event->button() == Qt::LeftButton) emit Toggled();
 }
 
 }  // namespace kalvex

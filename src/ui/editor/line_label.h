@@ -3,7 +3,6 @@
 
 #include <QColor>
 #include <QLabel>
-#include <functional>
 #include <optional>
 
 namespace kalvex {
@@ -11,6 +10,7 @@ namespace kalvex {
 /// Shows the type of a line in its colour; a selected one on a dark ground with a check mark and
 /// a heavier face. `text()` is the plain label.
 class LineLabel final : public QLabel {
+    Q_OBJECT
   public:
     explicit LineLabel(QWidget* parent);
 
@@ -22,10 +22,11 @@ class LineLabel final : public QLabel {
     QColor Ground() const;
     QColor TextColor() const;
 
-    std::function<void()> toggled;          ///< double click or tap
-    std::function<void()> picked;           ///< the pen is down
-    std::function<void(QPoint at)> slidTo;  ///< it moves while down; screen position
-    std::function<void()> lifted;           ///< it is up again
+  signals:
+    void Toggled();          ///< double click or tap
+    void Picked();           ///< the pen is down
+    void SlidTo(QPoint at);  ///< it moves while down; screen position
+    void Lifted();           ///< it is up again
 
   protected:
     void paintEvent(QPaintEvent* event) override;

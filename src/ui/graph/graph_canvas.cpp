@@ -28,9 +28,13 @@ constexpr int kGesturePause = 400;  // milliseconds: the next turn of the wheel 
 
 }  // namespace
 
-GraphCanvas::GraphCanvas(GraphState& shownGraph, Workspace& shown, CanvasActions given,
-                         QWidget* parent)
-    : QWidget(parent), graph(shownGraph), workspace(shown), actions(std::move(given)) {
+GraphCanvas::GraphCanvas(GraphState& shownGraph, Workspace& shown, IsStopKey stopKey,
+                         ShowMessage show, QWidget* parent)
+    : QWidget(parent),
+      graph(shownGraph),
+      workspace(shown),
+      isStopKey(std::move(stopKey)),
+      showMessage(std::move(show)) {
     setObjectName("canvas");
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_AcceptTouchEvents);
@@ -90,7 +94,7 @@ void GraphCanvas::ShowMode() {
     } else {
         unsetCursor();
     }
-    actions.changed();
+    emit Changed();
 }
 
 void GraphCanvas::Redraw() {
@@ -99,7 +103,7 @@ void GraphCanvas::Redraw() {
         return;
     }
     redrawAgain = false;
-    gate = std::make_unique<InputGate>(actions.isStopKey);
+    gate = std::make_unique<InputGate>(isStopKey);
     LayoutViewport(graph.viewport, width(), height());
     progress.clear();
     sinceStart.start();
@@ -114,14 +118,14 @@ void GraphCanvas::Redraw() {
     update();
     ShowMode();
     Describe();
-    actions.redrawn();
+    emit Redrawn();
     if (redrawAgain) redrawTimer.start();
 }
 
 bool GraphCanvas::ShowProgress(const ProgressStretch& stretch) {
     progress.push_back(stretch);
     if (sinceProgress.elapsed() >= kProgressInterval) {
-        if (sinceStart.elapsed() >= kSlow) actions.slow();
+        if (sinceStart.elapsed() >= kSlow) emit Slow();
         repaint(0, 0, width(), kProgressRows);
         gate->Poll();
         sinceProgress.start();

@@ -33,7 +33,7 @@ void GraphCanvas::Lift(QPointF at) {
     holdTimer.stop();
     const bool trembled = std::exchange(holdPending, false);
     const PixelPoint end = trembled ? graph.pointer.pressed : PixelOf(at);
-    Apply(LiftPointer(graph, workspace.functions, end, actions.show));
+    Apply(LiftPointer(graph, workspace.functions, end, showMessage));
 }
 
 void GraphCanvas::Hold() {
@@ -45,7 +45,7 @@ void GraphCanvas::Hold() {
 
 void GraphCanvas::OpenPopup(QPoint at) {
     LosePointer();
-    actions.held(at);
+    emit Held(at);
 }
 
 void GraphCanvas::LosePointer() {

@@ -13,7 +13,6 @@
 #include "resources/menus.h"
 #include "ui/graph/graph_keys.h"
 #include "ui/graph/view_dialogs.h"
-#include "ui/help/help_window.h"
 #include "ui/parts/bottom_bar.h"
 #include "ui/parts/menu_builder.h"
 #include "ui/parts/qt_text.h"
@@ -39,7 +38,7 @@ GraphWindow::GraphWindow(GraphState& shownGraph, Workspace& shown, GraphActions 
     setWindowTitle(TextOf(StringId::Title));
     setObjectName("graph");
     setMinimumSize(kLeastCanvas.width(), kLeastCanvas.height() + kBottomBarHeight);
-    canvas = new GraphCanvas(graph, workspace, ActionsOfCanvas(), this);
+    AddCanvas();
     bar = new BottomBar(TextOf(StringId::MenuKey), TextOf(StringId::TraceKey), this);
     connect(bar->menuButton(), &QPushButton::clicked, this, &GraphWindow::PressLeftKey);
     connect(bar->actionButton(), &QPushButton::clicked, this, &GraphWindow::PressRightKey);
@@ -50,7 +49,7 @@ GraphWindow::GraphWindow(GraphState& shownGraph, Workspace& shown, GraphActions 
         if (canvas->IsComputing()) {
             pictureTimer.start();
         } else {
-            actions.picture();
+            actions.run(CommandId::Picture);
         }
     });
     layoutTimer.setSingleShot(true);
@@ -60,22 +59,19 @@ GraphWindow::GraphWindow(GraphState& shownGraph, Workspace& shown, GraphActions 
     ShowMode();
 }
 
-CanvasActions GraphWindow::ActionsOfCanvas() {
-    CanvasActions told;
-    told.show = actions.show;
-    told.slow = [this] {
-        if (std::exchange(leftKeyEscapes, true)) return;
-        bar->menuButton()->setText(TextOf(StringId::EscapeKey));
-        bar->repaint();
-    };
-    told.isStopKey = [this](QPointF at) {
+void GraphWindow::AddCanvas() {
+    const auto isStopKey = [this](QPointF at) {
         const QPushButton& key = *bar->menuButton();
         return key.isVisible() && key.rect().contains(key.mapFromGlobal(at).toPoint());
     };
-    told.redrawn = actions.redrawn;
-    told.changed = [this] { ShowMode(); };
-    told.held = [this](QPoint at) { OpenPopup(at); };
-    return told;
+    canvas = new GraphCanvas(graph, workspace, isStopKey, actions.show, this);
+    connect(canvas, &GraphCanvas::Slow, this, [this] {
+        if (std::exchange(leftKeyEscapes, true)) return;
+        bar->menuButton()->setText(TextOf(StringId::EscapeKey));
+        bar->repaint();
+    });
+    connect(canvas, &GraphCanvas::Changed, this, &GraphWindow::ShowMode);
+    connect(canvas, &GraphCanvas::Held, this, &GraphWindow::OpenPopup);
 }
 
 void GraphWindow::AddShortcuts() {
@@ -118,20 +114,20 @@ void GraphWindow::OpenPopup(QPoint at) {
 bool GraphWindow::Run(CommandId command) {
     canvas->EndGestures();
     keyGesture = {};
-    if (RunHelpCommand(this, command)) return true;
     const auto change = RunExploreCommand(graph, workspace.functions, command, actions.show);
     if (change) {
         canvas->Apply(*change);
         return true;
     }
-    return RunShellCommand(command) || RunDialogCommand(command) || RunPopupCommand(command);
+    return RunShellCommand(command) || RunDialogCommand(command) || RunPopupCommand(command) ||
+           actions.run(command);
 }
 
 bool GraphWindow::RunShellCommand(CommandId command) {
     switch (command) {
         case CommandId::GraphTable:
             LeavePick();
-            actions.graphTable();
+            actions.run(command);
             SetFullScreen(*this, false);
             return true;
         case CommandId::FullScreen:
@@ -141,25 +137,12 @@ bool GraphWindow::RunShellCommand(CommandId command) {
         case CommandId::Picture:
             pictureTimer.start();
             return true;
-        case CommandId::SavePictureAs:
-            actions.savePictureAs();
-            return true;
-        case CommandId::CopyPicture:
-            actions.copyPicture();
-            return true;
         case CommandId::Analyze:
             Analyse();
             return true;
         case CommandId::Options:
             LeavePick();
-            actions.openOptions();
-            return true;
-        case CommandId::Calculator:
-            actions.openCalculator();
-            return true;
-        case CommandId::GraphExit:
-            actions.exit();
-            return true;
+            return actions.run(command);
         default:
             return false;
     }
@@ -170,7 +153,7 @@ void GraphWindow::Analyse() {
     if (graph.mode != GraphMode::Trace || traced == nullptr || !OffersAnalysis(*traced)) return;
     // The keys before this one may have moved the window: samples and interval have to be of one
     // picture.
-    if (canvas->BringUpToDate()) actions.analyse(*traced);
+    if (canvas->BringUpToDate()) actions.run(CommandId::Analyze);
 }
 
 bool GraphWindow::RunDialogCommand(CommandId command) {
