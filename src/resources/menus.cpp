@@ -1,8 +1,10 @@
-// Each menu is written down as it reads: a command and the number of its word.
+// Each menu is written down as it reads: a command and the number of its word. That of the methods
+// is made of their table.
 #include "resources/menus.h"
 
 #include <utility>
 
+#include "resources/methods.h"
 #include "resources/strings.h"
 
 namespace kalvex {
@@ -44,34 +46,23 @@ Menu Types() {
     };
 }
 
-Menu Overhausers() {
-    return {
-        Entry(CommandId::OverhauserNonuniform, StringId::MethodOverhauserNonuniform),
-        Entry(CommandId::OverhauserUniform, StringId::MethodOverhauserUniform),
-        Entry(CommandId::Overhauser, StringId::MethodOverhauser),
-    };
+StringId WordOf(MethodSubmenu submenu) {
+    return submenu == MethodSubmenu::Overhauser ? StringId::OverhauserMenu
+                                                : StringId::PiecewiseMenu;
 }
 
-Menu PiecewiseMethods() {
-    return {
-        Entry(CommandId::ConstantSpline, StringId::MethodConstantSpline),
-        Entry(CommandId::LinearSpline, StringId::MethodLinearSpline),
-        Entry(CommandId::QuadraticSpline, StringId::MethodQuadraticSpline),
-        Entry(CommandId::CubicSpline, StringId::MethodCubicSpline),
-        Entry(CommandId::CubicHermite, StringId::MethodCubicHermite),
-    };
-}
-
+/// A submenu stands at the place of its first method.
 Menu Methods() {
-    return {
-        Entry(CommandId::LeastSquares, StringId::MethodLeastSquares),
-        Entry(CommandId::DividedDifferences, StringId::MethodDividedDifferences),
-        Entry(CommandId::BSplines, StringId::MethodBSplines),
-        Entry(CommandId::BetaSplines, StringId::MethodBetaSplines),
-        Submenu(StringId::OverhauserMenu, Overhausers()),
-        Submenu(StringId::PiecewiseMenu, PiecewiseMethods()),
-        Entry(CommandId::Lagrange, StringId::MethodLagrange),
-    };
+    Menu menu;
+    MethodSubmenu open = MethodSubmenu::None;
+    for (const MethodChoice& choice : kMethods) {
+        const bool inside = choice.submenu != MethodSubmenu::None;
+        if (inside && choice.submenu != open) menu.push_back(Submenu(WordOf(choice.submenu), {}));
+        open = choice.submenu;
+        Menu& place = inside ? menu.back().children : menu;
+        place.push_back(Entry(choice.command, choice.word));
+    }
+    return menu;
 }
 
 Menu Zooms() {

@@ -46,6 +46,7 @@ void ReleaseFunctions(FunctionList& functions) {
             FreeExpression(expression);
         entry.samples = {};
         entry.points = {};
+        entry.pointPixels = {};
     }
 }
 
