@@ -1,6 +1,6 @@
-// The editor lives as long as the program; the graph window is made by the first Draw and kept.
-// Only one of the two is visible. Whatever ends the program (a command, a closed window, the end
-// of the session, a signal) comes through EndApplication, which works once.
+// The editor exists as long as the program; the graph window is made by the first Draw and kept.
+// Only one of the two is visible. Every end of the program (a command, a closed window, the end of
+// the session, a signal) calls EndApplication, which works once.
 #include "ui/application.h"
 
 #include <QApplication>
@@ -29,7 +29,7 @@
 namespace kalvex {
 namespace {
 
-/// Settings first, then what was typed since the last Draw; the first failure ends it silently.
+/// Stores the settings, then the lines; silently stops at the first failure.
 void StoreFunctions(const Application& application) {
     const Workspace& workspace = application.workspace;
     if (!StoreFunctionSettings(application.registry, workspace.functions)) return;
@@ -57,7 +57,8 @@ void AskForPicture(Application& application) {
         });
 }
 
-/// Shows boxes when no picture is being computed: until then nobody could answer them.
+/// Shows boxes as soon as no picture is being computed; during a computation input is held back and
+/// nobody could answer them.
 void ShowWhenIdle(Application& application, const std::vector<MessageBox>& boxes, int delay) {
     constexpr int kRetry = 50;  // milliseconds
     QTimer::singleShot(delay, application.graphWindow.get(), [&application, boxes] {
@@ -68,8 +69,8 @@ void ShowWhenIdle(Application& application, const std::vector<MessageBox>& boxes
     });
 }
 
-/// What the methods of the File lines met: lines to standard error at every redraw, boxes once per
-/// Draw, when the picture is on the screen.
+/// Reports why methods of File lines gave no curve: lines on standard error at every redraw, boxes
+/// once per Draw, when the picture is on the screen.
 void TellFailures(Application& application) {
     const auto& failures = application.graph.approxFailures;
     const std::string lines = FailureLines(failures);
@@ -79,7 +80,7 @@ void TellFailures(Application& application) {
     if (!boxes.empty()) ShowWhenIdle(application, boxes, 0);
 }
 
-/// Where the choice of a line's file starts: where its file is, else in the last folder.
+/// The folder in which the choice of a line's file starts: that of its file, else the last one.
 QString FolderOfLine(const Application& application, int slot) {
     const QFileInfo file(ToQString(application.workspace.lines[static_cast<std::size_t>(slot)]));
     return file.isFile() ? file.absolutePath() : application.windowState.folder;
@@ -99,7 +100,7 @@ void ChoosePointFile(Application& application) {
                         });
 }
 
-/// The Options dialog; what it saves shows at once, in the lines and in an open graph.
+/// Opens the Options dialog. Saved options take effect at once in the lines and in an open graph.
 void OpenOptions(Application& application) {
     OpenOptionsDialog(VisibleWindow(application), application.workspace.options,
                       application.registry, application.show, [&application] {

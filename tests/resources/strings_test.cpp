@@ -14,7 +14,7 @@ TEST(Text, GivesTheTextOfANumber) {
     EXPECT_EQ(Text(static_cast<StringId>(-1)), u"");
 }
 
-// Texts that point files and methods show; scripts and users know them letter by letter.
+// The texts about point files and methods are fixed letter by letter.
 TEST(Text, HasTheTextsOfPointFiles) {
     const struct {
         int number;

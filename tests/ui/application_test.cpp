@@ -29,7 +29,7 @@ class ApplicationTest final : public QObject {
         for (int number = 1; number <= 9; ++number) {
             QCOMPARE(int{program.Entry(number).selected}, number == 1 ? 1 : 0);
         }
-        program.OpenGraph();  // a newcomer presses Draw at once
+        program.OpenGraph();  // Draw works without any change
         QVERIFY(program.shown.boxes->empty());
     }
     void LaterStart() {
@@ -62,7 +62,7 @@ class ApplicationTest final : public QObject {
         QVERIFY(program.Editor().isVisible());
         program.Line(1)->setText("x");
         program.Entry(1).selected = 1;
-        program.OpenGraph();  // what was missing is there again
+        program.OpenGraph();  // the missing keys have been made
         QCOMPARE(program.shown.boxes->size(), std::size_t{1});
     }
     void AnEndDuringTheLoadingLosesNothing() {

@@ -1,5 +1,6 @@
-// One line and what became of it. The text below has room for three rows from the start, so that
-// nothing moves when a reason is longer than a number; on a narrow screen it may need one more.
+// The line with the expression and, below it, a text about the result. That text has room for three
+// rows from the start, so that nothing moves when it is a reason and not a number; on a narrow
+// screen it may need a fourth.
 #include "ui/dialogs/calculator_dialog.h"
 
 #include <QGuiApplication>
@@ -26,7 +27,7 @@ constexpr int kCalcId = 1009;
 constexpr int kCancelId = 1024;
 constexpr int kDetailRows = 3;
 
-/// The expression, with the lines before it on Up and Down.
+/// The line with the expression. Up and Down bring back earlier lines.
 class CalculatorEdit final : public QLineEdit {
   public:
     CalculatorEdit(CalculatorHistory& lines, QWidget* parent) : QLineEdit(parent), history(lines) {}
@@ -112,7 +113,7 @@ void OpenCalculator(QWidget* parent, CalculatorHistory& history, const ShowMessa
     };
     QObject::connect(dialog, &QDialog::finished, dialog,
                      [] { QGuiApplication::inputMethod()->hide(); });
-    // The small line is about the line that was calculated, not about another one.
+    // The text below belongs to the expression that was calculated, so it goes when that changes.
     QObject::connect(edit, &QLineEdit::textChanged, detail, [edit, detail] {
         ShowDetail(*detail, {});
         edit->setAccessibleDescription({});

@@ -1,5 +1,5 @@
-// The form is made from what the options are and read back into the same record; taking and storing
-// are the record's matter. The focus moves in the order in which the controls are made here.
+// The form is made from an OptionsInput and read back into one; SaveOptions takes and stores it.
+// Tab moves the focus in the order in which the controls are made here.
 #include "ui/dialogs/options_dialog.h"
 
 #include <QComboBox>
@@ -127,13 +127,13 @@ void AddBoxes(FormDialog& dialog, const OptionsInput& shown, OptionsControls& co
     add(controls.axes, StringId::OptionAxes, shown.axes, "axes", 1020);
     controls.polarGrid = NewBox(group, StringId::OptionPolarGrid, shown.polarGrid, "polarGrid");
     grid->addWidget(controls.polarGrid, 2, 1);
-    // Its kind is a matter of a grid that is there.
+    // The kind of the grid can be chosen only while there is a grid.
     controls.polarGrid->setEnabled(shown.grid);
     QObject::connect(controls.grid, &QCheckBox::toggled, controls.polarGrid, &QWidget::setEnabled);
     dialog.AddWide(group);
 }
 
-/// KEEP: the list is there and saved, but out of sight: nothing draws by it.
+/// KEEP: the list exists and is saved, but is hidden, because drawing does not depend on it.
 void AddHiddenList(FormDialog& dialog, const OptionsInput& shown, OptionsControls& controls) {
     auto* const caption = new TipCaption(Text(StringId::OptionInterpolation), &dialog);
     controls.interpolation = NewList(dialog, EntriesOf(kInterpolations), shown.interpolation);

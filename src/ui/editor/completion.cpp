@@ -1,6 +1,6 @@
-// The filter sees a key before the line does and notes whether it is a letter; the line then
-// reports the edit, with the letter in it, and the list opens for the word as it stands. Whatever
-// else changes text or caret closes it.
+// The event filter sees a key before the line does and notes whether it types a letter. When the
+// line then reports the edit, the word before the caret contains the letter, and the list opens for
+// it. Any other change of the text or the caret closes the list.
 #include "ui/editor/completion.h"
 
 #include <QInputMethodEvent>
@@ -16,7 +16,7 @@
 namespace kalvex {
 namespace {
 
-constexpr int kInset = 5;  // of a name in the list, which so stands below the word
+constexpr int kInset = 5;  // of a name in the list: the names stand exactly below the word
 
 /// The character that an event types; 0 when it types none.
 char16_t TypedCharacter(const QKeyEvent& key) {
@@ -104,7 +104,7 @@ void Completion::Choose(const QString& name) {
     LineEdit* const edited = line;
     const int length = wordLength;
     Close();
-    letterTyped = false;  // what follows is an edit, but nobody typed it
+    letterTyped = false;  // the edit that follows is not a typed letter
     edited->setSelection(edited->cursorPosition() - length, length);
     edited->InsertText(name);
 }
@@ -137,7 +137,7 @@ bool Completion::TakeKey(const QKeyEvent& key) {
     return false;
 }
 
-/// The second half of a double tap on a name falls on the line behind the closed list.
+/// The second press of a double tap on a name reaches the line, because the list has closed.
 bool Completion::TakeSecondTap() {
     if (!tapped) return false;
     tapped->setFocus(Qt::OtherFocusReason);

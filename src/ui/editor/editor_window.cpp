@@ -1,6 +1,6 @@
-// The window only mirrors the workspace: typing writes into it, commands change it and ShowLines
-// brings the controls up to date. The line with the focus is the current one; neither a tap on a
-// soft key nor a menu takes the focus from it.
+// The window shows the workspace: typing writes into it, commands change it, and ShowLines brings
+// the controls up to date. Commands act on the line with the focus, so neither a tap on a soft key
+// nor an open menu takes the focus from it.
 #include "ui/editor/editor_window.h"
 
 #include <QCloseEvent>
@@ -58,7 +58,7 @@ EditorWindow::EditorWindow(Workspace& shown, EditorActions given)
     ShowLines();
 }
 
-// Hidden while everything still stands: hiding makes lines and list report.
+// Hiding makes the lines and the list emit signals, so it happens while all members still exist.
 EditorWindow::~EditorWindow() {
     hide();
 }
@@ -185,7 +185,7 @@ void EditorWindow::resizeEvent(QResizeEvent*) {
 
 void EditorWindow::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    // The panel's place is known relative to the active window only.
+    // Qt gives the place of the input panel relative to the active window.
     if (event->type() == QEvent::ActivationChange && isActiveWindow()) LayOut();
 }
 

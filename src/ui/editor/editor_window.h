@@ -42,8 +42,8 @@ class EditorWindow final : public QWidget {
 
     /// Brings labels, texts and hints up to date with the workspace.
     void ShowLines();
-    /// Index of the line that has the focus of this window, also while a menu is open; while a soft
-    /// key has it, the line that had it before.
+    /// Index of the line that has the focus, also while a menu is open. While a soft key has the
+    /// focus, the line that had it before.
     std::optional<int> FocusedSlot() const;
     void FocusLine(int slot);
     /// Opens the menu for the focused line.
@@ -63,7 +63,7 @@ class EditorWindow final : public QWidget {
 
   private:
     void UpdateMenu();
-    /// Whether the menu would let a command be chosen now: keys do no more than it does.
+    /// Whether the menu offers a command now; short cuts run no command that it does not offer.
     bool IsOffered(CommandId command);
     void AddLines();
     void ConnectLine(int slot);

@@ -10,8 +10,9 @@ namespace kalvex {
 /// How long the pen rests on a line until that toggles its selection.
 inline constexpr int kHoldMilliseconds = 400;
 
-/// A single line in a face that tells l, 1 and I apart. Blanks are refused: a typed one with a
-/// beep, pasted ones are dropped. A line that keeps blanks (a file path) is an ordinary one.
+/// A text line in a font in which l, 1 and I look different. It holds no blanks: a typed blank is
+/// refused with a beep, pasted ones are removed. With `keepsBlanks` (a file path) it accepts any
+/// text.
 class LineEdit final : public QLineEdit {
     Q_OBJECT
   public:

@@ -7,8 +7,8 @@
 
 namespace kalvex {
 
-/// Shows the type of a line in its colour; a selected one on a dark ground with a check mark and
-/// a heavier face. `text()` is the plain label.
+/// Shows the type of a line in its colour; that of a selected line in bold on a dark background
+/// with a check mark. `text()` is the label alone.
 class LineLabel final : public QLabel {
     Q_OBJECT
   public:
@@ -18,7 +18,7 @@ class LineLabel final : public QLabel {
     void Show(const QString& label, std::optional<QColor> color, bool isSelected);
 
     bool selected() const { return isSelectedLine; }
-    /// Ground and text as painted, for the present palette.
+    /// Colours of background and text as they are painted with the present palette.
     QColor Ground() const;
     QColor TextColor() const;
 

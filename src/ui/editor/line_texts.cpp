@@ -1,4 +1,4 @@
-// Words come from the tables that the menus use, so that what is heard can be found there.
+// The words are those of the menus, so that who hears a word finds it in the menu.
 #include "ui/editor/line_texts.h"
 
 #include <QStringList>

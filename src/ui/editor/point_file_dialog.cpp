@@ -1,5 +1,6 @@
-// The filters read as they always did, in their order. What they really match stands in a second
-// bracket, which is not shown: "*.*" would hide every file without a dot on most systems.
+// The texts and the order of the filters are fixed. The pattern that a filter applies stands in a
+// second bracket, which the dialog does not show: with the pattern "*.*" most systems would hide
+// every file without a dot.
 #include "ui/editor/point_file_dialog.h"
 
 #include <QDir>

@@ -1,10 +1,10 @@
-// A timer of no length runs after all waiting input, so drags and resizes that arrive while a slow
-// picture is being computed end in one more computation, not in many. The first computation waits
-// for the first paint: the window stands, white, and the progress bar of an implicit curve is seen
-// growing on it. Between two steps of the bar waiting events are handled behind a gate that holds
-// all input back, so the window repaints and a key can stop the computation, but nothing changes
-// what is being drawn and no second computation starts inside the first. A hidden canvas computes
-// nothing: what it owes is computed when it is shown.
+// A redraw is started by a timer of length 0, which runs after all waiting input. Drags and resizes
+// that arrive during a slow computation therefore cause one more computation, not many. The first
+// computation starts after the first paint: the window shows, white, and the progress bar of an
+// implicit curve grows on it. Between two steps of the bar the waiting events are handled behind a
+// gate (InputGate) that holds back all input. So the window is repainted and a key can stop the
+// computation, but nothing changes the state that is being drawn, and no second computation starts
+// inside the first. A hidden canvas computes nothing until it is shown again.
 #include "ui/graph/graph_canvas.h"
 
 #include <QGuiApplication>
@@ -23,9 +23,9 @@ namespace kalvex {
 namespace {
 
 constexpr int kProgressInterval = 15;  // milliseconds: about a frame of the screen
-constexpr int kSlow = 300;             // milliseconds until the stop key shows: no flicker
+constexpr int kSlow = 300;  // milliseconds until the stop key shows, so that it does not flicker
 constexpr int kProgressRows = 4;
-constexpr int kGesturePause = 400;  // milliseconds: the next turn of the wheel is a new gesture
+constexpr int kGesturePause = 400;  // milliseconds without a turn of the wheel that end a gesture
 
 }  // namespace
 
@@ -82,7 +82,7 @@ void GraphCanvas::Apply(PictureChange change) {
     if (change == PictureChange::Curves) ScheduleRedraw();
     if (change == PictureChange::Overlay) update();
     ShowMode();
-    // The picture that stands is described until the new one does.
+    // When a redraw is due, the description waits for the new picture.
     if (change != PictureChange::Curves && !redrawTimer.isActive()) Describe();
 }
 
@@ -149,7 +149,7 @@ void GraphCanvas::Describe() {
         parts += ToQString(text);
     }
     if (stopped) parts += TextOf(StringId::GraphStopped);
-    // Setting it speaks, so the same words are not set again.
+    // A screen reader speaks whenever the description is set, so the same text is not set again.
     const QString description = parts.join(". ");
     if (description != accessibleDescription()) setAccessibleDescription(description);
 }

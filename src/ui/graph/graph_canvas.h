@@ -35,15 +35,15 @@ class GraphCanvas final : public QWidget {
                 QWidget* parent);
     ~GraphCanvas() override;
 
-    /// Computes the picture anew as soon as the events that wait have been handled. Any number of
-    /// calls until then make one computation.
+    /// Computes the picture again after the waiting events have been handled. Any number of calls
+    /// until then cause one computation.
     void ScheduleRedraw();
-    /// Computes at once a picture that is due. False when none stands then that shows the present
-    /// state: the canvas was never shown, or a computation is under way.
+    /// Computes a picture that is due at once. False when the picture does not show the present
+    /// state afterwards, because the canvas was never shown or is computing.
     bool BringUpToDate();
     /// Forgets the last picture: the next one is of other functions.
     void StartAfresh();
-    /// Ends a hold, a pinch and a run of wheel turns: a command has come between.
+    /// Ends a hold, a pinch and a series of wheel turns, because a command interrupts them.
     void EndGestures();
     /// Brings the screen up to date after a change.
     void Apply(PictureChange change);
@@ -109,7 +109,7 @@ class GraphCanvas final : public QWidget {
     QElapsedTimer sinceProgress;
 
     QTimer holdTimer;          ///< timer 1
-    bool holdPending = false;  ///< a hold may still become a popup
+    bool holdPending = false;  ///< the hold may still open the popup
     WheelRest wheel;
     ZoomGesture wheelGesture;
     QTimer wheelPause;  ///< a pause ends the gesture

@@ -1,6 +1,6 @@
-// Canvas above, soft keys below; in full screen the canvas alone. The mode is the engine's: after
-// every change the window only asks for the title and sets its two keys. A picture is exported a
-// moment after the command, when the menu has left the screen.
+// The canvas is above, the soft keys are below; in full screen there is the canvas alone. The mode
+// is part of GraphState: after every change the window asks for the title and sets its two keys. A
+// picture is exported a moment after the command, when the menu has left the screen.
 #include "ui/graph/graph_window.h"
 
 #include <QCloseEvent>
@@ -45,7 +45,7 @@ GraphWindow::GraphWindow(GraphState& shownGraph, Workspace& shown, GraphActions 
     pictureTimer.setSingleShot(true);
     pictureTimer.setInterval(kPictureDelay);
     connect(&pictureTimer, &QTimer::timeout, this, [this] {
-        // Its message box could not be answered while the gate is closed.
+        // A computation holds back input, so the message box could not be answered.
         if (canvas->IsComputing()) {
             pictureTimer.start();
         } else {
@@ -151,8 +151,7 @@ bool GraphWindow::RunShellCommand(CommandId command) {
 void GraphWindow::Analyse() {
     const FunctionEntry* const traced = TracedFunction(graph, workspace.functions);
     if (graph.mode != GraphMode::Trace || traced == nullptr || !OffersAnalysis(*traced)) return;
-    // The keys before this one may have moved the window: samples and interval have to be of one
-    // picture.
+    // Earlier keys may have moved the view. The samples must be of the interval that is analysed.
     if (canvas->BringUpToDate()) actions.run(CommandId::Analyze);
 }
 
@@ -245,8 +244,8 @@ void GraphWindow::resizeEvent(QResizeEvent*) {
 }
 
 void GraphWindow::changeEvent(QEvent* event) {
-    // The new size comes a moment later: laid out at once, a picture of the old one would be
-    // computed.
+    // The new size arrives a moment later. Laying out at once would compute a picture of the old
+    // size.
     if (event->type() == QEvent::WindowStateChange) layoutTimer.start();
     QWidget::changeEvent(event);
 }

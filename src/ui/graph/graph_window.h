@@ -64,7 +64,7 @@ class GraphWindow final : public QWidget {
     BottomBar* bar;
     bool leftKeyEscapes = false;  ///< the left key leaves a mode or stops a computation
     QTimer pictureTimer;          ///< timer 2
-    QTimer layoutTimer;           ///< after a change of state whose resize may never come
+    QTimer layoutTimer;  ///< after a change of the window's state, which need not resize it
     PixelPoint popupPoint;
     ZoomGesture keyGesture;
 };

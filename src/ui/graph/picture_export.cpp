@@ -1,5 +1,5 @@
-// The counter is stored before the file is tried: whatever fails afterwards, the next picture
-// never overwrites this one.
+// The counter is stored before the file is written, so that the next picture never overwrites this
+// one, whatever fails afterwards.
 #include "ui/graph/picture_export.h"
 
 #include <QClipboard>

@@ -1,4 +1,4 @@
-// Both dialogs are the same form over another set of numbers.
+// Both dialogs are one form with different numbers.
 #include "ui/graph/view_dialogs.h"
 
 #include <QLineEdit>

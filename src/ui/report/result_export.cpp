@@ -1,5 +1,5 @@
-// As for point files, the filters read as they always did; what they match stands in a second
-// bracket, which is not shown.
+// As in the dialog of the point files, the texts of the filters are fixed, and the pattern that a
+// filter applies stands in a second bracket, which the dialog does not show.
 #include "ui/report/result_export.h"
 
 #include <QFileDialog>
@@ -25,7 +25,7 @@ void OpenSaveResultDialog(QWidget* parent, const QString& folder,
     dialog->setNameFilters(
         {TextOf(StringId::FilterText) + " (*.txt)", TextOf(StringId::FilterKalvex) + " (*.kx)"});
     dialog->setDefaultSuffix("txt");
-    // KEEP: the proposed name is of the second kind while the first one is selected.
+    // KEEP: the proposed name has the ending of the second filter while the first is selected.
     dialog->selectFile("result.kx");
     WhenChosen(*dialog, std::move(chosen));
     FitFileDialog(*dialog, dialog->screen()->availableGeometry().size());
@@ -37,7 +37,7 @@ bool SaveResult(const QString& path, std::string_view bytes, const ShowMessage& 
     if (!written) {
         show(BoxOf(StringId::FileErrorCaption, Text(StringId::FileErrorText), MessageIcon::None));
     }
-    // KEEP: shown after an error too, which the box before it has told.
+    // KEEP: shown after an error too, which the box before this one has reported.
     show(BoxOf(StringId::Saved, Text(StringId::Saved), MessageIcon::Information));
     return written;
 }
