@@ -29,11 +29,11 @@ struct Report {
 std::u16string Summary(const Report& report) {
     const AnalysisResult& result = report.result;
     // KEEP: the least value is introduced as a maximum too.
-    return FillIn(Text(report.form.summary),
-                  {FixedText(result.a), FixedText(result.b), report.name,
-                   NumberText(result.rootCount), NumberText(result.maximumCount),
-                   NumberText(result.minimumCount), report.name, FixedText(result.greatestY),
-                   report.name, FixedText(result.leastY), FixedText(result.meanValue)});
+    return FillIn(
+        Text(report.form.summary),
+        {FixedText(result.a), FixedText(result.b), report.name, NumberText(result.rootCount),
+         NumberText(result.maximumCount), NumberText(result.minimumCount),
+         FixedText(result.greatestY), FixedText(result.leastY), FixedText(result.meanValue)});
 }
 
 std::u16string IntegralText(const Report& report, std::u16string_view summary) {

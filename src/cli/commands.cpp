@@ -7,6 +7,7 @@
 #include "cli/console.h"
 #include "expr/checker.h"
 #include "expr/normaliser.h"
+#include "resources/message_boxes.h"
 #include "resources/strings.h"
 
 namespace kalvex {
@@ -32,9 +33,7 @@ bool AcceptText(std::u16string& text, bool implicit) {
     const CheckResult result =
         CheckExpression(text, implicit ? CheckMode::TwoVariables : CheckMode::OneVariable);
     if (result.code >= 0) return true;
-    ShowOnStandardError({std::u16string(Text(StringId::Error)),
-                         FillIn(Text(StringId::ErrorFormat), {result.message}), MessageIcon::Stop,
-                         MessageButtons::Ok});
+    ShowOnStandardError(ErrorBox(FillIn(Text(StringId::ErrorFormat), {result.message})));
     return false;
 }
 

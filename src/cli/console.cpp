@@ -1,5 +1,4 @@
-// Output goes through the C streams, bytes as they are. A box that asks a question is answered with
-// No: nobody is there to agree to anything.
+// Output goes through the C streams and is not converted on the way.
 #include "cli/console.h"
 
 #include <cstdio>
@@ -7,20 +6,6 @@
 #include "base/encoding.h"
 
 namespace kalvex {
-namespace {
-
-void AppendEscaped(std::string& line, std::string_view text) {
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool pair = text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n';
-        if (pair) continue;
-        if (text[i] == '\n' || text[i] == '\r')
-            line += "\\n";
-        else
-            line += text[i];
-    }
-}
-
-}  // namespace
 
 ExitStatus ForEachText(const std::optional<std::string>& argument, std::istream& input,
                        const HandleText& handle) {
@@ -47,18 +32,8 @@ ExitStatus FinishOutput() {
     return ExitStatus::NotWritten;
 }
 
-std::string MessageLine(const MessageBox& box) {
-    std::string line;
-    AppendEscaped(line, ToUtf8(box.caption));
-    line += ": ";
-    AppendEscaped(line, ToUtf8(box.text));
-    return line;
-}
-
 MessageAnswer ShowOnStandardError(const MessageBox& box) {
-    const std::string line = MessageLine(box) + '\n';
-    std::fwrite(line.data(), 1, line.size(), stderr);
-    return box.buttons == MessageButtons::YesNo ? MessageAnswer::No : MessageAnswer::Ok;
+    return WriteMessageLine(box);
 }
 
 }  // namespace kalvex

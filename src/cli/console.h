@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "base/message_box.h"
+#include "base/message_line.h"
 #include "cli/exit_status.h"
 
 namespace kalvex {
@@ -26,9 +26,6 @@ bool WriteOut(std::string_view text);
 
 /// Empties the buffer of standard output; NotWritten when not everything reached its target.
 ExitStatus FinishOutput();
-
-/// A message box as one line: the caption, ": ", the text with each line break written as \n.
-std::string MessageLine(const MessageBox& box);
 
 /// Shows a box as its line on standard error.
 MessageAnswer ShowOnStandardError(const MessageBox& box);
