@@ -7,13 +7,7 @@
 
 #include <cmath>
 
-// A function whose time goes into fused multiplications is compiled a second time for processors
-// that have them; the bits are the same. Flattened, because what it calls is compiled for all.
-#if defined(__x86_64__) && !defined(__clang__) && !defined(__SANITIZE_ADDRESS__)
-#define KALVEX_WITH_FMA [[gnu::target_clones("default", "fma"), gnu::flatten]]
-#else
-#define KALVEX_WITH_FMA
-#endif
+#include "numbers/processor.h"
 
 namespace kalvex {
 
