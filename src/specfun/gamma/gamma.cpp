@@ -33,10 +33,10 @@ struct Scaled {
 
 /// x from 10 to 200.
 Scaled ByStirling(double x) {
-    DoubleDouble logarithm = Multiply(QuickLog(x), x - 0.5);  // exact: x has bits to spare
-    logarithm = Add(Subtract(logarithm, x), kHalfLnTwoPi);
+    DoubleDouble logarithm = QuickLog(x) * (x - 0.5);  // exact: x has bits to spare
+    logarithm = logarithm - x + kHalfLnTwoPi;
     Scaled result;
-    result.value = QuickExp(Add(logarithm, StirlingCorrection(x)), result.exponent);
+    result.value = QuickExp(logarithm + StirlingCorrection(x), result.exponent);
     return result;
 }
 
@@ -45,7 +45,7 @@ DoubleDouble FromOneToTen(double x) {
     const double steps = std::floor(x) - 1;
     DoubleDouble result = AtPiece(kGamma, {x - steps, 0});
     for (double k = 1; k <= steps; ++k)
-        result = Multiply(result, x - k);
+        result = result * (x - k);
     return result;
 }
 
@@ -55,18 +55,18 @@ Scaled PositiveGamma(double x) {
     if (x >= 1) return {FromOneToTen(x)};
     const DoubleDouble above = TwoSum(1, x);
     if (above.high == 2) return {{1, 0}};
-    return {Divide(AtPiece(kGamma, above), x)};
+    return {AtPiece(kGamma, above) / x};
 }
 
 /// sin(pi x) for x from 0 to 1/2.
 DoubleDouble SineOfPart(double x) {
     if (x == 0.5) return {1, 0};
     if (x >= 0.0625) return AtPiece(kSineOfTurns, {x, 0});
-    const DoubleDouble angle = Multiply(kPi, x);
+    const DoubleDouble angle = kPi * x;
     const double square = angle.high * angle.high;
     const double tail = 1.0 / 362880 - square * (1.0 / 39916800 - square / 6227020800);
     const double rest = 1.0 / 6 - square * (1.0 / 120 - square * (1.0 / 5040 - square * tail));
-    return Add(angle, -angle.high * (square * rest));
+    return angle - angle.high * (square * rest);
 }
 
 /// sin(pi x), x not integral.
@@ -74,7 +74,7 @@ DoubleDouble SineOfTurns(double x) {
     const double whole = std::nearbyint(x);
     const DoubleDouble sine = SineOfPart(std::fabs(x - whole));
     const bool negative = (x < whole) != (std::fmod(whole, 2.0) != 0);
-    return negative ? Negate(sine) : sine;
+    return negative ? -sine : sine;
 }
 
 }  // namespace
@@ -88,8 +88,8 @@ double Gamma(double x) {
     if (x < kVanishing) return std::fmod(std::floor(x), 2.0) != 0 ? -0.0 : 0.0;
     const Scaled positive = PositiveGamma(std::fabs(x));
     if (x > 0) return std::ldexp(ToDouble(positive.value), positive.exponent);
-    const DoubleDouble product = Multiply(Multiply(positive.value, SineOfTurns(x)), -x);
-    return std::ldexp(ToDouble(Divide(kPi, product)), -positive.exponent);
+    const DoubleDouble product = positive.value * SineOfTurns(x) * -x;
+    return std::ldexp(ToDouble(kPi / product), -positive.exponent);
 }
 
 }  // namespace kalvex::specfun
