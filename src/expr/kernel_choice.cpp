@@ -1,4 +1,4 @@
-// The kernel tables that the processor can run, the fastest first.
+// Which tables the processor can run, the fastest first.
 #include "expr/kernel_tables.h"
 #include "numbers/processor.h"
 

@@ -14,9 +14,9 @@
 #include "painter/picture_file.h"
 #include "painter/write_picture.h"
 #include "resources/strings.h"
+#include "settings/settings.h"
 #include "ui/parts/file_dialogs.h"
 #include "ui/parts/qt_text.h"
-#include "workspace/settings.h"
 
 namespace kalvex {
 namespace {
@@ -80,9 +80,10 @@ void OpenSavePictureDialog(QWidget* parent, const QString& folder,
 }
 
 void SavePicture(const DrawList& picture, const QString& path, const ShowMessage& show) {
-    const auto format = PictureFormatOf(path);
-    if (format && WritePicture(path, picture, *format)) return;
-    const StringId reason = format ? StringId::PictureNotWritten : StringId::PictureEnding;
+    const PictureFormat* format = PictureFormatOf(path);
+    const bool offered = format != nullptr && format->use == FormatUse::Everywhere;
+    if (offered && format->write(path, picture)) return;
+    const StringId reason = offered ? StringId::PictureNotWritten : StringId::PictureEnding;
     show({std::u16string(Text(StringId::Error)), FillIn(Text(reason), {FromQString(path)}),
           MessageIcon::Stop, MessageButtons::Ok});
 }
