@@ -25,45 +25,6 @@ constexpr double kPointCost = std::is_same_v<Number, double> ? 12.0 : 60.0;
 template <typename Number>
 constexpr int kRounds = std::is_same_v<Number, double> ? 2 : 1;
 
-double Sum(double a, double b) {
-    return a + b;
-}
-DoubleDouble Sum(DoubleDouble a, DoubleDouble b) {
-    return Add(a, b);
-}
-double Difference(double a, double b) {
-    return a - b;
-}
-DoubleDouble Difference(DoubleDouble a, DoubleDouble b) {
-    return Subtract(a, b);
-}
-double Product(double a, double b) {
-    return a * b;
-}
-DoubleDouble Product(DoubleDouble a, DoubleDouble b) {
-    return Multiply(a, b);
-}
-double Quotient(double a, double b) {
-    return a / b;
-}
-DoubleDouble Quotient(DoubleDouble a, DoubleDouble b) {
-    return Divide(a, b);
-}
-double HighOf(double number) {
-    return number;
-}
-double HighOf(DoubleDouble number) {
-    return number.high;
-}
-
-template <typename Number>
-Number Whole(double value) {
-    if constexpr (std::is_same_v<Number, double>)
-        return value;
-    else
-        return {value, 0.0};
-}
-
 /// A sum of many terms; of plain doubles a compensated one.
 template <typename Number>
 struct LongSum {
@@ -79,7 +40,7 @@ void AddTo(LongSum<double>& sum, double value) {
 }
 
 void AddTo(LongSum<DoubleDouble>& sum, DoubleDouble value) {
-    sum.total = Add(sum.total, value);
+    sum.total += value;
 }
 
 double TotalOf(const LongSum<double>& sum) {
@@ -170,27 +131,27 @@ Projection<Number> Project(const Orthogonalisation<Number>& data) {
     LongSum<Number> centre;
     LongSum<Number> part;
     for (std::size_t i = 0; i < data.x.size(); ++i) {
-        const Number weighted = Product(Whole<Number>(data.weight[i]), data.now[i]);
-        const Number squared = Product(weighted, data.now[i]);
+        const Number weighted = Number{data.weight[i]} * data.now[i];
+        const Number squared = weighted * data.now[i];
         AddTo(square, squared);
-        AddTo(centre, Product(squared, Whole<Number>(data.x[i])));
-        AddTo(part, Product(weighted, data.rest[i]));
+        AddTo(centre, squared * Number{data.x[i]});
+        AddTo(part, weighted * data.rest[i]);
     }
     const Number length = TotalOf(square);
-    return {length, Quotient(TotalOf(centre), length), Quotient(TotalOf(part), length)};
+    return {length, TotalOf(centre) / length, TotalOf(part) / length};
 }
 
 /// P(k+1) at a point.
 template <typename Number>
 Number NextValue(double x, Number B, Number C, Number now, Number before) {
-    return Difference(Product(Difference(Whole<Number>(x), B), now), Product(C, before));
+    return (Number{x} - B) * now - C * before;
 }
 
 /// Takes the part along P(k) off the rest and goes on to P(k+1).
 template <typename Number>
 void Advance(Orthogonalisation<Number>& data, Number part, Number B, Number C) {
     for (std::size_t i = 0; i < data.x.size(); ++i) {
-        data.rest[i] = Difference(data.rest[i], Product(part, data.now[i]));
+        data.rest[i] -= part * data.now[i];
         const Number next = NextValue(data.x[i], B, C, data.now[i], data.before[i]);
         data.before[i] = data.now[i];
         data.now[i] = next;
@@ -201,14 +162,14 @@ void Advance(Orthogonalisation<Number>& data, Number part, Number B, Number C) {
 /// underflow or overflow.
 template <typename Number>
 bool FitRound(Orthogonalisation<Number>& data, Coefficients<Number>& fit, Work& work) {
-    std::fill(data.now.begin(), data.now.end(), Whole<Number>(1.0));
+    std::fill(data.now.begin(), data.now.end(), Number{1.0});
     std::fill(data.before.begin(), data.before.end(), Number{});
-    Number squareBefore = Whole<Number>(1.0);
+    Number squareBefore = Number{1.0};
     for (std::size_t k = 0; k < fit.D.size(); ++k) {
         const Projection<Number> projection = Project(data);
-        fit.D[k] = Sum(fit.D[k], projection.part);
+        fit.D[k] += projection.part;
         fit.B[k] = projection.centre;
-        fit.C[k] = k == 0 ? Number{} : Quotient(projection.square, squareBefore);
+        fit.C[k] = k == 0 ? Number{} : projection.square / squareBefore;
         squareBefore = projection.square;
         if (!std::isfinite(HighOf(projection.centre)) || !std::isfinite(HighOf(projection.part)))
             return false;
@@ -231,7 +192,7 @@ Coefficients<Number> FitTerms(std::span<const double> X, std::span<const double>
     for (double& x : data.x)
         x *= scale;
     for (const double value : F)
-        data.rest.push_back(Whole<Number>(value));
+        data.rest.push_back(Number{value});
     Coefficients<Number> fit{std::vector<Number>(terms), std::vector<Number>(terms),
                              std::vector<Number>(terms)};
     for (int round = 0; round < kRounds<Number>; ++round)
@@ -269,11 +230,11 @@ bool IsFinite(std::span<const double> numbers) {
 template <typename Number, typename CoefficientOf>
 Number SumOfTerms(std::size_t terms, double scaled, const CoefficientOf& coefficient) {
     Number before{};
-    Number now = Whole<Number>(1.0);
+    Number now = Number{1.0};
     Number value{};
     for (std::size_t k = 0; k < terms; ++k) {
         const auto [B, C, D] = coefficient(k);
-        value = Sum(value, Product(D, now));
+        value += D * now;
         const Number next = NextValue(scaled, B, C, now, before);
         before = now;
         now = next;
