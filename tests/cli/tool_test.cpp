@@ -164,6 +164,27 @@ TEST(Tool, SurvivesAnyInput) {
     }
 }
 
+TEST(Tool, RefusesPensAndTextsThatCannotBeDrawn) {
+    const struct {
+        const char* option;
+        const char* largest;
+        const char* tooLarge;
+    } rows[] = {{"--width", "64", "65"}, {"--text-size", "200", "201"}};
+    for (const auto& row : rows) {
+        Expect({{"samples", "--size", "1x1", row.option, row.largest, "decart:0"},
+                "",
+                0,
+                "0\t0\t-10\t0\t0\t0\n",
+                ""});
+        for (const char* number : {"0", row.tooLarge, "1000"}) {
+            const ToolRun run = RunTool({"samples", row.option, number, "decart:0"});
+            EXPECT_EQ(run.status, 2) << row.option << ' ' << number;
+            const std::string wanted = "a whole number from 1 to " + std::string(row.largest);
+            EXPECT_NE(run.err.find(wanted), std::string::npos) << run.err;
+        }
+    }
+}
+
 TEST(Tool, NoticesThatItsOutputIsLost) {
     EXPECT_EQ(RunTool({"eval", "x", "--range", "0,1,9007199254740992"}, "", {}, "/dev/full").status,
               3);
