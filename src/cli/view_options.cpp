@@ -171,13 +171,15 @@ bool PrepareLines(FunctionList& functions, const std::vector<std::string>& lines
         parsed.push_back(ParseLineArgument(line, static_cast<std::int32_t>(parsed.size() + 1)));
         if (!parsed.back().error.empty()) WrongUsage("LINE", parsed.back().error);
     }
+    FilePaths paths;
     for (std::size_t slot = 0; slot < parsed.size(); ++slot) {
         functions[slot] = parsed[slot].entry;
+        paths[slot] = parsed[slot].path;
         if (!PrepareFunction(functions[slot], static_cast<int>(slot), parsed[slot].line,
                              ShowOnStandardError))
             return false;
     }
-    return PrepareFileLines(functions, ShowAndGoOn);
+    return PrepareFileLines(functions, paths, ShowAndGoOn);
 }
 
 DrawList DrawOffScreen(ViewOptions& view, FunctionList& functions, const MeasureText& measure) {

@@ -17,9 +17,9 @@ MessageBox WarningBox(std::u16string text) {
             MessageButtons::Ok};
 }
 
-bool ReadPoints(FunctionEntry& entry) {
+bool ReadPoints(FunctionEntry& entry, const std::string& path) {
     entry.points.clear();
-    const PointFile file = ReadPointFile(ToUtf8(entry.workingText));
+    const PointFile file = ReadPointFile(path);
     if (file.error != PointFileError::None) return false;
     entry.points.resize(file.points.x.size());
     for (std::size_t i = 0; i < entry.points.size(); ++i) {
@@ -39,10 +39,19 @@ ApproxParameters ParametersOf(const FunctionEntry& entry) {
     return {entry.approx, entry.approx_val, entry.approx_val2, entry.beta1, entry.beta2};
 }
 
-bool ReadPointFiles(FunctionList& functions) {
-    return std::all_of(functions.begin(), functions.end(), [](FunctionEntry& entry) {
-        return !IsSelectedFile(entry) || ReadPoints(entry);
-    });
+FilePaths PathsOf(const FunctionList& functions) {
+    FilePaths paths;
+    for (std::size_t slot = 0; slot < paths.size(); ++slot)
+        paths[slot] = ToUtf8(functions[slot].workingText);
+    return paths;
+}
+
+bool ReadPointFiles(FunctionList& functions, const FilePaths& paths) {
+    for (std::size_t slot = 0; slot < paths.size(); ++slot) {
+        FunctionEntry& entry = functions[slot];
+        if (IsSelectedFile(entry) && !ReadPoints(entry, paths[slot])) return false;
+    }
+    return true;
 }
 
 bool HasGoodTermCount(const ApproxParameters& parameters, std::size_t points) {
@@ -79,12 +88,16 @@ bool ConfirmManyLines(const FunctionList& functions, const ShowMessage& show) {
     return confirmed;
 }
 
-bool PrepareFileLines(FunctionList& functions, const ShowMessage& show) {
-    if (!ReadPointFiles(functions)) {
+bool PrepareFileLines(FunctionList& functions, const FilePaths& paths, const ShowMessage& show) {
+    if (!ReadPointFiles(functions, paths)) {
         show(WarningBox(std::u16string(Text(StringId::ErrorInFile))));
         return false;
     }
     return CheckTermCounts(functions, show) && ConfirmManyLines(functions, show);
+}
+
+bool PrepareFileLines(FunctionList& functions, const ShowMessage& show) {
+    return PrepareFileLines(functions, PathsOf(functions), show);
 }
 
 }  // namespace kalvex
