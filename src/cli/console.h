@@ -30,7 +30,8 @@ ExitStatus FinishOutput();
 /// A message box as one line: the caption, ": ", the text with each line break written as \n.
 std::string MessageLine(const MessageBox& box);
 
-/// Shows a box as its line on standard error.
+/// Shows a box as its line on standard error. A box of the normaliser whose text already has too
+/// many tokens to be accepted is left out.
 MessageAnswer ShowOnStandardError(const MessageBox& box);
 
 }  // namespace kalvex
