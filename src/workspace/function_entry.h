@@ -30,6 +30,10 @@ struct CurveSample {
     std::int32_t status = 0;  ///< EvalError code of the sample, 0 when it is good
 };
 
+/// The samples of one line as its last drawing left them; trace, automatic zoom and analysis read
+/// them. An implicit curve has none.
+using SampleCache = std::vector<CurveSample>;
+
 /// A row of a point table; the layout of a sample, of which only x and y are read from the file.
 using PointRecord = CurveSample;
 
@@ -42,7 +46,7 @@ struct FunctionEntry {
     std::u16string workingText;
     std::u16string yText;
     std::array<CompiledExpression, 2> compiled;
-    std::vector<CurveSample> samples;
+    SampleCache samples;
     std::uint8_t selected = 0;
     std::vector<PointRecord> points;
     std::int32_t approx_val = 1;
