@@ -33,7 +33,7 @@ bool RunLineCommand(FunctionEntry& entry, std::u16string& line, CommandId comman
         entry.color = PlaceAfter(command, CommandId::Red) + 1;
     } else if (const auto type = TypeOf(command)) {
         entry.type = static_cast<std::int32_t>(*type);
-    } else if (IsBetween(command, CommandId::LeastSquares, CommandId::Lagrange)) {
+    } else if (IsBetween(command, CommandId::LeastSquares, CommandId::Largange)) {
         entry.approx = PlaceAfter(command, CommandId::LeastSquares);
     } else {
         return false;
@@ -50,7 +50,7 @@ bool IsLineCommand(CommandId command) {
 /// What some line commands go on with once the line has changed.
 void OpenDialogOf(const EditorState& state, int slot, CommandId command) {
     if (command == CommandId::File) state.choosePointFile(slot);
-    if (IsBetween(command, CommandId::LeastSquares, CommandId::Lagrange)) state.setMethodUp(slot);
+    if (IsBetween(command, CommandId::LeastSquares, CommandId::Largange)) state.setMethodUp(slot);
 }
 
 }  // namespace

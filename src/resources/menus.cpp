@@ -55,7 +55,7 @@ Menu ApproxMenu() {
         {CommandId::None, u"Overhauser spline", OverhauserMenu()},
         {CommandId::None, u"Piecewise", PiecewiseMenu()},
         // KEEP: the menu word is spelled so.
-        {CommandId::Lagrange, u"Largange", {}},
+        {CommandId::Largange, u"Largange", {}},
     };
 }
 

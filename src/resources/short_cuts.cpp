@@ -39,7 +39,7 @@ constexpr ShortCut kEditor[] = {
     {CommandId::QuadraticSpline, u"Ctrl+M, 9"},
     {CommandId::CubicSpline, u"Ctrl+M, A"},
     {CommandId::CubicHermite, u"Ctrl+M, B"},
-    {CommandId::Lagrange, u"Ctrl+M, C"},
+    {CommandId::Largange, u"Ctrl+M, C"},
     {CommandId::Options, u"Ctrl+,"},
     {CommandId::Calculator, u"F9"},
     {CommandId::Help, u"F1"},

@@ -58,7 +58,7 @@ TEST(UpdateMainMenu, ChecksColourTypeAndMethod) {
     functions[2].type = 5;
     functions[2].approx = 12;
     EXPECT_EQ(Checked(StateFor(functions, {2, false, u""})),
-              (Ids{CommandId::Great, CommandId::Lagrange, CommandId::Implicit}));
+              (Ids{CommandId::Great, CommandId::Largange, CommandId::Implicit}));
     functions[2].color = 77;
     functions[2].type = 0;
     functions[2].approx = std::numeric_limits<std::int32_t>::min();

@@ -130,7 +130,7 @@ void EditorWindow::UpdateMenu() {
 
 bool EditorWindow::IsOffered(CommandId command) {
     UpdateMenu();
-    const bool method = command >= CommandId::LeastSquares && command <= CommandId::Lagrange;
+    const bool method = command >= CommandId::LeastSquares && command <= CommandId::Largange;
     if (method && !menuState[CommandId::ApproxTypeMenu].visible) return false;
     const auto found = menuState.find(command);
     return found == menuState.end() || found->second.enabled;
