@@ -1,8 +1,8 @@
 // Files are made in memory and written at once, so that a failure leaves no half of one behind.
 #include "analysis/export_files.h"
 
-#include "base/decimal.h"
 #include "base/encoding.h"
+#include "numbers/decimal.h"
 
 namespace kalvex {
 namespace {

@@ -17,6 +17,7 @@ namespace kalvex {
 void AddNormaliseCommand(CLI::App& tool, ExitStatus& status);
 void AddCheckCommand(CLI::App& tool, ExitStatus& status);
 void AddEvalCommand(CLI::App& tool, ExitStatus& status);
+void AddExplainCommand(CLI::App& tool, ExitStatus& status);
 void AddInterpolateCommand(CLI::App& tool, ExitStatus& status);
 void AddPointsCommand(CLI::App& tool, ExitStatus& status);
 void AddSamplesCommand(CLI::App& tool, ExitStatus& status);
@@ -30,6 +31,10 @@ CLI::App* AddCommand(CLI::App& tool, const std::string& name, const std::string&
 /// Adds the optional TEXT; without it the texts come from standard input. `text` must outlive the
 /// parsing.
 void AddTextArgument(CLI::App& command, std::optional<std::string>& text);
+
+/// Rewrites a text into the strict notation and checks it. A rejected text gives false and a line
+/// on standard error.
+bool AcceptText(std::u16string& text, bool implicit);
 
 /// Ends parsing with "OPTION: MESSAGE" and the status of wrong usage.
 [[noreturn]] void WrongUsage(const std::string& option, const std::string& message);

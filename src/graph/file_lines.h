@@ -5,16 +5,13 @@
 #include <string>
 
 #include "base/message_box.h"
-#include "interp/approximation.h"
+#include "interp/approx_parameters.h"
 #include "workspace/function_entry.h"
 
 namespace kalvex {
 
 /// A selected line of type File.
 bool IsSelectedFile(const FunctionEntry& entry);
-
-/// Method and parameters as the entry keeps them.
-ApproxParameters ParametersOf(const FunctionEntry& entry);
 
 /// The path of each slot as bytes. A name of a file need not be UTF-8, the text of a line is.
 using FilePaths = std::array<std::string, kSlotCount>;
@@ -26,7 +23,8 @@ FilePaths PathsOf(const FunctionList& functions);
 /// cannot be read ends it with false; its own table is then empty, those read before stay.
 bool ReadPointFiles(FunctionList& functions, const FilePaths& paths);
 
-/// Whether least squares may have this number of terms; every other method takes any.
+/// Whether a method that asks for a number of terms may have its one with this many points. Methods
+/// that ask for none take any.
 bool HasGoodTermCount(const ApproxParameters& parameters, std::size_t points);
 
 /// Message 79 about a function of a number from 1.

@@ -45,12 +45,13 @@ void DrawLegend(const Viewport& viewport, const FunctionList& functions, const O
     const std::int32_t height = TextHeightOf(options);
     const auto limit = static_cast<std::size_t>(std::max(viewport.ClientWidth, 0));
     std::int32_t top = 5;
-    for (const FunctionEntry& entry : functions) {
+    for (std::int32_t slot = 0; slot < kSlotCount; ++slot) {
+        const FunctionEntry& entry = functions[static_cast<std::size_t>(slot)];
         if (!IsDrawn(entry)) continue;
         std::u16string text = LegendText(entry, limit);
         const std::int32_t lineHeight = measure(text, height).height;
-        list.records.emplace_back(
-            TextRecord{5, top, std::move(text), ColorOf(entry.color), height});
+        list.records.emplace_back(TextRecord{5, top, std::move(text), ColorOf(entry.color), height,
+                                             RecordOrigin{DrawLayer::Name, slot}});
         top += lineHeight;
     }
 }

@@ -49,7 +49,7 @@ enum class CommandId : int {
     QuadraticSpline = 32928,
     CubicSpline = 32929,
     CubicHermite = 32930,
-    Largange = 32931,  // KEEP: spelled as its menu word and its method
+    Lagrange = 32931,
     Implicit = 32932,
 
     // Popup menu of an edit line.
@@ -124,7 +124,5 @@ enum class CommandId : int {
     CopyPicture,
     ReportToFile,
 };
-
-inline constexpr int kMethodCount = 13;
 
 }  // namespace kalvex

@@ -7,10 +7,10 @@
 #include <string>
 #include <vector>
 
-#include "base/decimal.h"
 #include "base/encoding.h"
 #include "expr/names.h"
 #include "expr/shape_tokens.h"
+#include "numbers/decimal.h"
 #include "random_text.h"
 
 namespace kalvex {

@@ -19,12 +19,8 @@ constexpr double kInfinity = std::numeric_limits<double>::infinity();
 FunctionEntry EntryOf(const std::vector<double>& x, const std::vector<double>& y,
                       std::int32_t approx) {
     FunctionEntry entry = fixtures::MakeEntry(EquationType::File, u"");
-    entry.approx = approx;
-    for (std::size_t i = 0; i < x.size(); ++i) {
-        entry.points.emplace_back();
-        entry.points.back().x = x[i];
-        entry.points.back().y = y[i];
-    }
+    entry.method.approx = approx;
+    entry.points = {x, y};
     return entry;
 }
 
@@ -46,8 +42,8 @@ TEST(FileFunction, DrawsItsPointsAsCircles) {
     ASSERT_EQ(circles.size(), 3u);
     const PixelPoint centres[] = {{0, 0}, {100, 50}, {125, 75}};
     for (std::size_t i = 0; i < 3; ++i) {
-        EXPECT_EQ(entry.points[i].column, centres[i].x);
-        EXPECT_EQ(entry.points[i].row, centres[i].y);
+        EXPECT_EQ(entry.pointPixels[i].column, centres[i].x);
+        EXPECT_EQ(entry.pointPixels[i].row, centres[i].y);
         EXPECT_EQ(circles[i].left, centres[i].x - 3);
         EXPECT_EQ(circles[i].top, centres[i].y - 3);
         EXPECT_EQ(circles[i].right, centres[i].x + 3);
@@ -92,8 +88,8 @@ TEST(FileFunction, LeavesOutCirclesThatCannotBeSeen) {
     FunctionEntry entry =
         EntryOf({-5, -3, 104, 102, 50, 50, 1e300}, {50, 50, 50, 50, 105, 103, 0}, 7);
     EXPECT_EQ(RecordsOf<EllipseRecord>(PlotOf(entry, viewport).list).size(), 3u);
-    EXPECT_EQ(entry.points[0].column, -5);
-    EXPECT_EQ(entry.points[6].column, 2147483647);
+    EXPECT_EQ(entry.pointPixels[0].column, -5);
+    EXPECT_EQ(entry.pointPixels[6].column, 2147483647);
     FunctionEntry twice = EntryOf({50, 50.5, 50.25, 51}, {50, 50, 48.9, 50}, 7);
     EXPECT_EQ(RecordsOf<EllipseRecord>(PlotOf(twice, viewport).list).size(), 3u);
 }
@@ -185,7 +181,7 @@ TEST(FileFunction, SurvivesExtremeWindowsAndPoints) {
     const std::vector<double> y = {1, -1e308, NAN, inf, 0, 3, 1e30, -inf, 2};
     for (const fixtures::Size size : fixtures::kExtremeSizes) {
         for (const auto& [low, high] : fixtures::ExtremeBounds()) {
-            for (std::int32_t method = -1; method <= 13; ++method) {
+            for (std::int32_t method = -1; method <= kMethodCount; ++method) {
                 FunctionEntry entry = EntryOf(x, y, method);
                 PlotOf(entry, MakeViewport(low, high, low, high, std::min(size.width, 300),
                                            std::min(size.height, 300)));

@@ -80,9 +80,10 @@ void OpenSavePictureDialog(QWidget* parent, const QString& folder,
 }
 
 void SavePicture(const DrawList& picture, const QString& path, const ShowMessage& show) {
-    const auto format = PictureFormatOf(path);
-    if (format && WritePicture(path, picture, *format)) return;
-    const StringId reason = format ? StringId::PictureNotWritten : StringId::PictureEnding;
+    const PictureFormat* format = PictureFormatOf(path);
+    const bool offered = format != nullptr && format->use == FormatUse::Everywhere;
+    if (offered && format->write(path, picture)) return;
+    const StringId reason = offered ? StringId::PictureNotWritten : StringId::PictureEnding;
     show({std::u16string(Text(StringId::Error)), FillIn(Text(reason), {FromQString(path)}),
           MessageIcon::Stop, MessageButtons::Ok});
 }
