@@ -1,6 +1,7 @@
 // One linear pass over the samples for each figure, in the order in which the report names them.
-// Only the extreme values, the mean and the integral ask whether a sample is defined: the others
-// read y as it stands, and the test of the rows keeps the jumps to and from the marker 1e30 out.
+// The extreme values, the mean and the integral ask whether a sample is defined. Roots, extremums
+// and the interval do not: to them the marker 1e30 of an undefined sample is a value like any
+// other. The row test does not keep it out either, because an unplotted sample has row 0.
 #include "analysis/analysis.h"
 
 #include <cstdlib>
@@ -38,6 +39,8 @@ void FindExtremeValues(AnalysisResult& result, Samples samples) {
 }
 
 void FindRoots(AnalysisResult& result, Samples samples, std::int32_t viewHeight) {
+    // KEEP: undefined samples are not left out. A curve that is negative beside a gap has a root
+    // there, because the marker is positive.
     for (std::size_t p = 1; p < samples.size(); ++p) {
         const CurveSample& left = samples[p - 1];
         const CurveSample& right = samples[p];
@@ -58,6 +61,8 @@ void FindExtremums(AnalysisResult& result, Samples samples, std::int32_t viewHei
         const CurveSample& right = samples[p + 1];
         const bool low = left.y > at.y && right.y > at.y;
         const bool high = left.y < at.y && right.y < at.y;
+        // KEEP: undefined samples are not left out. The last value beside a gap is a minimum when
+        // its other neighbour is higher, and a gap of one sample is a maximum.
         if (!low && !high) continue;
         if (!Joined(left, at, viewHeight) || !Joined(at, right, viewHeight)) continue;
         (low ? result.minimums : result.maximums).push_back(at);
@@ -74,6 +79,7 @@ void FindInterval(AnalysisResult& result, const FunctionEntry& entry, const View
         return;
     }
     if (samples.empty()) return;
+    // KEEP: undefined samples are not left out; the x of one, 1e30, becomes an end of the interval.
     result.a = samples[0].x;
     result.b = samples[0].x;
     for (const CurveSample& sample : samples.subspan(1)) {

@@ -27,7 +27,8 @@ bool WriteOut(std::string_view text);
 /// Empties the buffer of standard output; NotWritten when not everything reached its target.
 ExitStatus FinishOutput();
 
-/// Shows a box as its line on standard error.
+/// Shows a box as its line on standard error. A box of the normaliser whose text already has too
+/// many tokens to be accepted is left out.
 MessageAnswer ShowOnStandardError(const MessageBox& box);
 
 }  // namespace kalvex

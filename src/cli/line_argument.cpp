@@ -105,7 +105,8 @@ LineArgument ParseLineArgument(std::string_view argument, std::int32_t defaultCo
             return result;
         }
     }
-    result.line = ToUtf16(argument.substr(colon + 1));
+    result.path = argument.substr(colon + 1);
+    result.line = ToUtf16(result.path);
     return result;
 }
 

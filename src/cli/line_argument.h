@@ -11,6 +11,7 @@ namespace kalvex {
 struct LineArgument {
     FunctionEntry entry;  ///< type, colour, approximation settings; selected
     std::u16string line;  ///< the text behind the first ":", as it would be typed
+    std::string path;     ///< the same as bytes: what a File line opens
     std::string error;    ///< why the argument is none; empty when it is good
 };
 

@@ -28,7 +28,7 @@ double ValueOf(const CurveSample& sample) {
 }
 
 /// Nothing when no sample has a value.
-std::optional<Extremes> ExtremesOf(const std::vector<CurveSample>& samples) {
+std::optional<Extremes> ExtremesOf(const SampleCache& samples) {
     Extremes found;
     for (const CurveSample& sample : samples) {
         found.maximum = ValueOf(sample);

@@ -14,9 +14,9 @@ namespace {
 
 constexpr std::size_t kManyPoints = 50;
 
-bool ReadPoints(FunctionEntry& entry) {
+bool ReadPoints(FunctionEntry& entry, const std::string& path) {
     entry.pointPixels = {};
-    PointFile file = ReadPointFile(ToUtf8(entry.workingText));
+    PointFile file = ReadPointFile(path);
     entry.points = std::move(file.points);
     return file.error == PointFileError::None;
 }
@@ -27,10 +27,19 @@ bool IsSelectedFile(const FunctionEntry& entry) {
     return entry.selected == 1 && entry.type == static_cast<std::int32_t>(EquationType::File);
 }
 
-bool ReadPointFiles(FunctionList& functions) {
-    return std::all_of(functions.begin(), functions.end(), [](FunctionEntry& entry) {
-        return !IsSelectedFile(entry) || ReadPoints(entry);
-    });
+FilePaths PathsOf(const FunctionList& functions) {
+    FilePaths paths;
+    for (std::size_t slot = 0; slot < paths.size(); ++slot)
+        paths[slot] = ToUtf8(functions[slot].workingText);
+    return paths;
+}
+
+bool ReadPointFiles(FunctionList& functions, const FilePaths& paths) {
+    for (std::size_t slot = 0; slot < paths.size(); ++slot) {
+        FunctionEntry& entry = functions[slot];
+        if (IsSelectedFile(entry) && !ReadPoints(entry, paths[slot])) return false;
+    }
+    return true;
 }
 
 bool HasGoodTermCount(const ApproxParameters& parameters, std::size_t points) {
@@ -73,12 +82,16 @@ bool ConfirmManyLines(const FunctionList& functions, const ShowMessage& show) {
     return confirmed;
 }
 
-bool PrepareFileLines(FunctionList& functions, const ShowMessage& show) {
-    if (!ReadPointFiles(functions)) {
+bool PrepareFileLines(FunctionList& functions, const FilePaths& paths, const ShowMessage& show) {
+    if (!ReadPointFiles(functions, paths)) {
         show(WarningBox(Text(StringId::ErrorInFile)));
         return false;
     }
     return CheckTermCounts(functions, show) && ConfirmManyLines(functions, show);
+}
+
+bool PrepareFileLines(FunctionList& functions, const ShowMessage& show) {
+    return PrepareFileLines(functions, PathsOf(functions), show);
 }
 
 }  // namespace kalvex

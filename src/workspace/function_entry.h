@@ -33,6 +33,10 @@ struct CurveSample {
     std::int32_t status = 0;  ///< EvalError code of the sample, 0 when it is good
 };
 
+/// The samples of one line as its last drawing left them; trace, automatic zoom and analysis read
+/// them. An implicit curve has none.
+using SampleCache = std::vector<CurveSample>;
+
 /// The pixel of a point, the centre of its circle; logical pixels.
 struct PointPixel {
     std::int32_t column = 0;
@@ -47,7 +51,7 @@ struct FunctionEntry {
     std::u16string workingText;
     std::u16string yText;
     std::array<CompiledExpression, 2> compiled;
-    std::vector<CurveSample> samples;
+    SampleCache samples;
     std::uint8_t selected = 0;
     PointTable points;                    ///< of a File
     std::vector<PointPixel> pointPixels;  ///< one per point, from the last redraw

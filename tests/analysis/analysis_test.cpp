@@ -251,6 +251,34 @@ TEST(Analysis, OfATangentHasNoRootsAtItsPoles) {
         EXPECT_LT(std::fabs(std::tan(root)), 0.2) << root;
 }
 
+// KEEP rows: the marker of an undefined sample is a value for roots, extremums and the interval.
+TEST(Analysis, OfALogarithmHasARootAndAMinimumBesideItsGap) {
+    const fixtures::DrawnLine drawn = Draw(EquationType::Decart, u"ln(x)", {});
+    const std::vector<CurveSample>& samples = drawn.functions[0].samples;
+    const AnalysisResult result = Analyse(drawn);
+    EXPECT_EQ(samples[119].y, UndefinedValue);
+    EXPECT_EQ(result.rootCount, 2);
+    ASSERT_EQ(result.roots.size(), 2u);
+    EXPECT_EQ(result.roots[0], samples[119].x) << "the last undefined sample";
+    EXPECT_NEAR(result.roots[1], 1.0, 0.09);
+    EXPECT_EQ(Abscissas(result.minimums), std::vector<double>{samples[120].x});
+    EXPECT_EQ(result.maximumCount, 0);
+}
+
+TEST(Analysis, AGapOfOneSampleIsAMaximum) {
+    const AnalysisResult result =
+        Analyse(Draw(EquationType::Decart, u"1+0/x", {-10, 10, -10, 10, 201}));
+    EXPECT_EQ(result.maximumCount, 1);
+    ASSERT_EQ(result.maximums.size(), 1u);
+    EXPECT_EQ(result.maximums[0].y, UndefinedValue);
+}
+
+TEST(Analysis, TheIntervalReachesToAnUndefinedSample) {
+    const AnalysisResult result = Analyse(Draw(EquationType::Parametric, u"ln(x-1)", {}, u"x"));
+    EXPECT_EQ(result.b, UndefinedValue);
+    EXPECT_LT(result.a, 0.0);
+}
+
 TEST(Analysis, OfConstants) {
     const AnalysisResult four = Analyse(Draw(EquationType::Decart, u"4", {}));
     EXPECT_EQ(four.greatestY, 4.0);

@@ -201,6 +201,55 @@ TEST(Tool, SurvivesAnyInput) {
     }
 }
 
+/// A text with this many products behind ")": three tokens for each factor, one for each "*" that
+/// the normaliser puts in.
+std::string Products(int count) {
+    std::string text;
+    for (int i = 0; i <= count; ++i)
+        text += "(x)";
+    return text;
+}
+
+// The check takes 255 tokens. A longer text is rejected, so its "Test" lines end where it has more.
+TEST(Tool, TellsTheProductsOfATextThatMayBeAccepted) {
+    const auto lines = [](const std::string& text) {
+        return std::count(text.begin(), text.end(), '\n');
+    };
+    const ToolRun longest = RunTool({"check", Products(63)});
+    EXPECT_EQ(longest.out, "0\tSucsses!\n");
+    EXPECT_EQ(lines(longest.err), 63);
+    const ToolRun longer = RunTool({"check", Products(63) + "+x"});
+    EXPECT_EQ(longer.out, "-8\tCheck the placement of commas\n");
+    EXPECT_EQ(lines(longer.err), 61) << "with the 62nd product it has 256 tokens";
+    const std::string huge = Products(300000) + '\n';
+    for (const Arguments& arguments : {Arguments{"normalise"}, {"check"}, {"eval"}}) {
+        const ToolRun run = RunTool(arguments, huge);
+        EXPECT_LE(run.err.size(), 100u) << Joined(arguments);
+    }
+    EXPECT_EQ(lines(RunTool({"samples", "decart:" + Products(90)}).err), 1) << "the rejection";
+}
+
+TEST(Tool, RefusesPensAndTextsThatCannotBeDrawn) {
+    const struct {
+        const char* option;
+        const char* largest;
+        const char* tooLarge;
+    } rows[] = {{"--width", "64", "65"}, {"--text-size", "200", "201"}};
+    for (const auto& row : rows) {
+        Expect({{"samples", "--size", "1x1", row.option, row.largest, "decart:0"},
+                "",
+                0,
+                "0\t0\t-10\t0\t0\t0\n",
+                ""});
+        for (const char* number : {"0", row.tooLarge, "1000"}) {
+            const ToolRun run = RunTool({"samples", row.option, number, "decart:0"});
+            EXPECT_EQ(run.status, 2) << row.option << ' ' << number;
+            const std::string wanted = "a whole number from 1 to " + std::string(row.largest);
+            EXPECT_NE(run.err.find(wanted), std::string::npos) << run.err;
+        }
+    }
+}
+
 TEST(Tool, NoticesThatItsOutputIsLost) {
     EXPECT_EQ(RunTool({"eval", "x", "--range", "0,1,9007199254740992"}, "", {}, "/dev/full").status,
               3);
