@@ -1,5 +1,5 @@
-// Output goes through the C streams, bytes as they are. A box that asks a question is answered with
-// No: nobody is there to agree to anything.
+// Output goes unchanged through the C streams. A box that asks a question is answered with No,
+// because there is nobody to ask.
 #include "cli/console.h"
 
 #include <cstdio>
