@@ -2,20 +2,21 @@
 # says so: the build links the rooms by it, and tests/rooms compares it with the includes of src/
 # and with the table in docs/architecture.md.
 set(KALVEX_ROOMS
-  # room     | rooms that it uses                                                       | libraries
-  "base      |                                                                          |"
-  "resources | base                                                                     |"
-  "specfun   | base                                                                     |"
-  "expr      | base resources specfun                                                   | PkgConfig::SLEEF"
-  "interp    | base resources specfun expr                                              |"
-  "workspace | base resources expr                                                      |"
-  "settings  | base resources interp workspace                                          | Qt6::Core"
-  "graph     | base resources expr interp workspace                                     |"
-  "analysis  | base resources workspace                                                 |"
-  "commands  | base resources expr workspace settings graph                             |"
-  "painter   | base settings graph                                                      | Qt6::Gui Qt6::Svg"
-  "ui        | base resources interp workspace settings graph analysis commands painter | Qt6::Widgets Qt6::Network"
-  "cli       | base resources expr interp workspace settings graph analysis painter     | CLI11::CLI11 Qt6::Gui"
+  # room     | rooms that it uses                                                               | libraries
+  "base      |                                                                                  |"
+  "numbers   | base                                                                             |"
+  "resources | base                                                                             |"
+  "specfun   | numbers                                                                          |"
+  "expr      | base numbers resources specfun                                                   | PkgConfig::SLEEF"
+  "interp    | base numbers resources expr                                                      |"
+  "workspace | base resources expr interp                                                       |"
+  "settings  | base numbers resources workspace                                                 | Qt6::Core"
+  "graph     | base numbers resources expr interp workspace                                     |"
+  "analysis  | base numbers resources workspace                                                 |"
+  "commands  | base numbers resources expr workspace settings graph                             |"
+  "painter   | base settings graph                                                              | Qt6::Gui Qt6::Svg"
+  "ui        | base numbers resources interp workspace settings graph analysis commands painter | Qt6::Widgets Qt6::Network"
+  "cli       | base numbers resources expr interp workspace settings graph analysis painter     | CLI11::CLI11 Qt6::Gui"
 )
 
 # kalvex_room_row(ROW NAME USES LIBRARIES): the columns of one row.

@@ -1,8 +1,8 @@
 // The contents are made in memory, so that the caller can write the whole file or none of it.
 #include "analysis/export_files.h"
 
-#include "base/decimal.h"
 #include "base/encoding.h"
+#include "numbers/decimal.h"
 
 namespace kalvex {
 namespace {

@@ -2,7 +2,7 @@
 // indentation of the lines.
 #include "analysis/report.h"
 
-#include "base/decimal.h"
+#include "numbers/decimal.h"
 #include "resources/strings.h"
 
 namespace kalvex {

@@ -7,7 +7,6 @@
 #include <iostream>
 #include <memory>
 
-#include "base/decimal.h"
 #include "base/encoding.h"
 #include "cli/commands.h"
 #include "cli/console.h"
@@ -15,6 +14,7 @@
 #include "expr/checker.h"
 #include "expr/evaluator.h"
 #include "expr/normaliser.h"
+#include "numbers/decimal.h"
 #include "resources/strings.h"
 
 namespace kalvex {

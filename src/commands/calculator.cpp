@@ -6,11 +6,11 @@
 #include <cmath>
 #include <limits>
 
-#include "base/decimal.h"
 #include "base/encoding.h"
-#include "base/truncate.h"
 #include "expr/checker.h"
 #include "expr/normaliser.h"
+#include "numbers/decimal.h"
+#include "numbers/truncate.h"
 #include "resources/strings.h"
 
 namespace kalvex {

@@ -1,7 +1,9 @@
-// Colours, types and methods are numbered in runs, so the number itself says what to store.
+// The commands of the colours and of the first types have consecutive numbers, from which the
+// number to store follows. The methods have a table.
 #include "commands/editor_commands.h"
 
 #include "resources/menus.h"
+#include "resources/methods.h"
 #include "workspace/function_list.h"
 
 namespace kalvex {
@@ -33,8 +35,8 @@ bool RunLineCommand(FunctionEntry& entry, std::u16string& line, CommandId comman
         entry.color = PlaceAfter(command, CommandId::Red) + 1;
     } else if (const auto type = TypeOf(command)) {
         entry.type = static_cast<std::int32_t>(*type);
-    } else if (IsBetween(command, CommandId::LeastSquares, CommandId::Lagrange)) {
-        entry.approx = PlaceAfter(command, CommandId::LeastSquares);
+    } else if (const auto method = MethodOfCommand(command)) {
+        entry.method.approx = static_cast<std::int32_t>(*method);
     } else {
         return false;
     }
@@ -50,7 +52,7 @@ bool IsLineCommand(CommandId command) {
 /// What some line commands go on with once the line has changed.
 void OpenDialogOf(const EditorState& state, int slot, CommandId command) {
     if (command == CommandId::File) state.choosePointFile(slot);
-    if (IsBetween(command, CommandId::LeastSquares, CommandId::Lagrange)) state.setMethodUp(slot);
+    if (MethodOfCommand(command)) state.setMethodUp(slot);
 }
 
 }  // namespace

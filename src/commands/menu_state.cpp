@@ -3,6 +3,7 @@
 #include "commands/menu_state.h"
 
 #include "resources/menus.h"
+#include "resources/methods.h"
 #include "resources/platform.h"
 #include "resources/strings.h"
 #include "workspace/function_list.h"
@@ -48,7 +49,9 @@ void UpdateForLine(MainMenuState& menu, const FunctionEntry& entry, bool lineEmp
         Text(entry.selected == 1 ? StringId::Unselect : StringId::Select);
     menu[CommandId::Delete].enabled = !lineEmpty;
     CheckOneOf(menu, CommandId::Red, 9, std::int64_t{entry.color} - 1);
-    CheckOneOf(menu, CommandId::LeastSquares, kMethodCount, entry.approx);
+    for (const MethodChoice& choice : kMethods)
+        menu[choice.command].checked =
+            entry.method.approx == static_cast<std::int32_t>(choice.method);
     for (const CommandId id : {CommandId::Polar, CommandId::Decart, CommandId::Parametric,
                                CommandId::File, CommandId::Implicit}) {
         menu[id].checked = id == TypeCommand(entry.type);

@@ -5,9 +5,9 @@
 #include <cmath>
 #include <vector>
 
-#include "base/decimal.h"
 #include "base/encoding.h"
-#include "base/truncate.h"
+#include "numbers/decimal.h"
+#include "numbers/truncate.h"
 #include "resources/strings.h"
 
 namespace kalvex {

@@ -6,9 +6,9 @@
 #include <algorithm>
 #include <span>
 
-#include "base/decimal.h"
 #include "base/encoding.h"
-#include "base/truncate.h"
+#include "numbers/decimal.h"
+#include "numbers/truncate.h"
 #include "resources/strings.h"
 #include "settings/settings.h"
 

@@ -4,7 +4,7 @@
 
 #include <array>
 
-#include "interp/approximation.h"
+#include "resources/methods.h"
 #include "settings/settings_names.h"
 #include "workspace/defaults.h"
 
@@ -37,7 +37,7 @@ Workspace ExampleWorkspace(std::u16string_view pointFile) {
     if (pointFile.empty() || pointFile.size() >= kStoredUnits) return workspace;
     FunctionEntry& file = workspace.functions[kExamples.size()];
     file.type = static_cast<std::int32_t>(EquationType::File);
-    file.approx = static_cast<std::int32_t>(ApproxMethod::CubicHermite);
+    file.method.approx = static_cast<std::int32_t>(ApproxMethod::CubicHermite);
     workspace.lines[kExamples.size()] = pointFile;
     return workspace;
 }

@@ -18,8 +18,8 @@
 #include <set>
 #include <utility>
 
-#include "base/decimal.h"
-#include "base/truncate.h"
+#include "numbers/decimal.h"
+#include "numbers/truncate.h"
 #include "resources/strings.h"
 #include "settings/ini_text.h"
 

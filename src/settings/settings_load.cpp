@@ -4,7 +4,7 @@
 // then.
 #include <cmath>
 
-#include "base/decimal.h"
+#include "numbers/decimal.h"
 #include "resources/strings.h"
 #include "settings/settings.h"
 #include "settings/settings_names.h"
@@ -110,22 +110,18 @@ void LoadView(Loader& loader, ViewWindow& view, Options& options) {
 void LoadEntry(Loader& loader, FunctionEntry& entry) {
     entry.color = SlotNumber(loader, "Color", entry.color);  // KEEP: written as `color`
     entry.type = SlotNumber(loader, "type", entry.type);
-    entry.approx = SlotNumber(loader, "approx", entry.approx);
-    entry.approx_val = SlotNumber(loader, "approx_val", entry.approx_val);
-    entry.approx_val2 = SlotNumber(loader, "approx_val2", entry.approx_val2);
-    entry.beta1 = Real(loader, "beta1", entry.beta1);
-    entry.beta2 = Real(loader, "beta2", entry.beta2);
+    ApproxParameters& method = entry.method;
+    for (const auto& whole : kWholeParameters)
+        method.*whole.field = SlotNumber(loader, whole.name, method.*whole.field);
+    for (const auto& real : kRealParameters)
+        method.*real.field = Real(loader, real.name, method.*real.field);
 }
 
 void SetDefaults(FunctionEntry& entry, int slot) {
     const FunctionEntry defaults = DefaultEntry(slot);
     entry.type = defaults.type;
     entry.color = defaults.color;
-    entry.approx = defaults.approx;
-    entry.approx_val = defaults.approx_val;
-    entry.approx_val2 = defaults.approx_val2;
-    entry.beta1 = defaults.beta1;
-    entry.beta2 = defaults.beta2;
+    entry.method = defaults.method;
 }
 
 }  // namespace

@@ -3,9 +3,9 @@
 // stored, and nothing beyond the text is ever read.
 #include <algorithm>
 
-#include "base/decimal.h"
 #include "base/encoding.h"
-#include "base/truncate.h"
+#include "numbers/decimal.h"
+#include "numbers/truncate.h"
 #include "resources/samples.h"
 #include "settings/examples.h"
 #include "settings/settings.h"
@@ -79,15 +79,20 @@ bool WriteView(const Registry& registry, const ViewWindow& view, const Options& 
                        {"MaxParam", options.MaxParam}});
 }
 
+bool WriteMethod(const Registry& registry, std::string_view key, const ApproxParameters& method) {
+    return std::all_of(kWholeParameters.begin(), kWholeParameters.end(),
+                       [&](const auto& whole) {
+                           return registry.writeNumber(key, whole.name, method.*whole.field);
+                       }) &&
+           std::all_of(kRealParameters.begin(), kRealParameters.end(), [&](const auto& real) {
+               return WriteReal(registry, key, real.name, method.*real.field);
+           });
+}
+
 // KEEP: written as `color`, read as `Color`.
 bool WriteEntry(const Registry& registry, std::string_view key, const FunctionEntry& entry) {
-    return WriteNumbers(registry, key,
-                        {{"color", entry.color},
-                         {"type", entry.type},
-                         {"approx", entry.approx},
-                         {"approx_val", entry.approx_val},
-                         {"approx_val2", entry.approx_val2}}) &&
-           WriteReals(registry, key, {{"beta1", entry.beta1}, {"beta2", entry.beta2}});
+    return WriteNumbers(registry, key, {{"color", entry.color}, {"type", entry.type}}) &&
+           WriteMethod(registry, key, entry.method);
 }
 
 bool CreateMainKey(const Registry& registry, const Workspace& workspace) {

@@ -8,7 +8,7 @@
 #include "analysis/analysis.h"
 #include "base/message_box.h"
 #include "commands/calculator_history.h"
-#include "graph/graph.h"
+#include "graph/graph_state.h"
 #include "settings/registry.h"
 #include "ui/editor/editor_window.h"
 #include "ui/graph/graph_window.h"

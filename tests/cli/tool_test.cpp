@@ -5,6 +5,7 @@
 #include <fstream>
 
 #include "cli/tool_expect.h"
+#include "resources/methods.h"
 
 namespace kalvex {
 namespace {
@@ -95,7 +96,7 @@ TEST(Tool, AnswersWrongUsageWithTwo) {
         {"samples", "decart:x", "decart:x"},
         {"interpolate", "points.txt"},
         {"interpolate", "--method", "8"},
-        {"interpolate", "--method", "13", "points.txt"},
+        {"interpolate", "--method", std::to_string(kMethodCount), "points.txt"},
         {"interpolate", "--method", "-1", "points.txt"},
         {"interpolate", "--method", "1.5", "points.txt"},
         {"interpolate", "--method", "8", "--at", "a", "points.txt"},

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "resources/methods.h"
+
 namespace kalvex {
 namespace {
 
@@ -51,11 +53,12 @@ TEST(EditorCommands, Types) {
 }
 
 TEST(EditorCommands, Methods) {
-    for (int code = 0; code < 13; ++code) {
+    for (const MethodChoice& choice : kMethods) {
         Bench bench;
-        bench.workspace.functions[7].approx = 77;
-        EXPECT_TRUE(bench.Run(7, static_cast<CommandId>(32919 + code)));
-        EXPECT_EQ(bench.workspace.functions[7].approx, code);
+        bench.workspace.functions[7].method.approx = 77;
+        EXPECT_TRUE(bench.Run(7, choice.command));
+        EXPECT_EQ(bench.workspace.functions[7].method.approx,
+                  static_cast<std::int32_t>(choice.method));
         EXPECT_EQ(bench.methodsSetUp, std::vector<int>{7});
     }
 }
@@ -99,7 +102,7 @@ TEST(EditorCommands, WithoutALineNothingChanges) {
     for (const FunctionEntry& entry : bench.workspace.functions) {
         EXPECT_EQ(entry.color, 0);
         EXPECT_EQ(entry.type, 0);
-        EXPECT_EQ(entry.approx, 0);
+        EXPECT_EQ(entry.method.approx, 0);
         EXPECT_FALSE(entry.selected);
     }
     for (const std::u16string& line : bench.workspace.lines)

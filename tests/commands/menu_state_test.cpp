@@ -32,6 +32,8 @@ TEST(UpdateMainMenu, NamesTheSelectionOfTheFocusedLine) {
     functions[4].selected = 1;
     EXPECT_EQ(StateFor(functions, {4, false, u"PocketPC"})[CommandId::Select].text, u"Unselect");
     EXPECT_EQ(StateFor(functions, {3, false, u"PocketPC"})[CommandId::Select].text, u"Select");
+    functions[3].selected = 2;
+    EXPECT_EQ(StateFor(functions, {3, false, u"PocketPC"})[CommandId::Select].text, u"Select");
 }
 
 TEST(UpdateMainMenu, EnablesUnselectAllWhileALineIsSelected) {
@@ -54,12 +56,12 @@ TEST(UpdateMainMenu, ChecksColourTypeAndMethod) {
               (Ids{CommandId::Red, CommandId::Decart, CommandId::LeastSquares}));
     functions[2].color = 9;
     functions[2].type = 5;
-    functions[2].approx = 12;
+    functions[2].method.approx = 12;
     EXPECT_EQ(Checked(StateFor(functions, {2, false, u""})),
               (Ids{CommandId::Great, CommandId::Lagrange, CommandId::Implicit}));
     functions[2].color = 77;
     functions[2].type = 0;
-    functions[2].approx = std::numeric_limits<std::int32_t>::min();
+    functions[2].method.approx = std::numeric_limits<std::int32_t>::min();
     EXPECT_EQ(Checked(StateFor(functions, {2, false, u""})), Ids{});
     functions[2].color = std::numeric_limits<std::int32_t>::min();
     functions[2].type = 4;

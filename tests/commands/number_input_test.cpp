@@ -5,7 +5,7 @@
 #include <array>
 #include <limits>
 
-#include "base/decimal.h"
+#include "numbers/decimal.h"
 
 namespace kalvex {
 namespace {

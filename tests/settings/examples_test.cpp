@@ -29,7 +29,7 @@ TEST(ExampleWorkspace, ShowsAPointFileWhosePathTheStoreCanKeep) {
     const Workspace with = ExampleWorkspace(fits);
     EXPECT_EQ(with.lines[7], fits);
     EXPECT_EQ(with.functions[7].type, 4);
-    EXPECT_EQ(with.functions[7].approx, 11);
+    EXPECT_EQ(with.functions[7].method.approx, 11);
     EXPECT_TRUE(with.lines[8].empty());
     const Workspace without = ExampleWorkspace(fits + u'a');
     EXPECT_EQ(without.lines, ExampleWorkspace().lines);

@@ -170,8 +170,9 @@ std::vector<std::string> Fields(const Workspace& w) {
         add(v);
     }
     for (const FunctionEntry& f : w.functions) {
-        for (const double v : {double(f.color), double(f.type), double(f.approx),
-                               double(f.approx_val), double(f.approx_val2), f.beta1, f.beta2}) {
+        for (const double v :
+             {double(f.color), double(f.type), double(f.method.approx), double(f.method.approx_val),
+              double(f.method.approx_val2), f.method.beta1, f.method.beta2}) {
             add(v);
         }
     }
@@ -190,11 +191,11 @@ Workspace UnusualWorkspace() {
     for (std::size_t i = 0; i < 9; ++i) {
         w.functions[i].color = 9 - static_cast<std::int32_t>(i);
         w.functions[i].type = 5;
-        w.functions[i].approx = 12;
-        w.functions[i].approx_val = 3;
-        w.functions[i].approx_val2 = 2;
-        w.functions[i].beta1 = 2.5;
-        w.functions[i].beta2 = -4;
+        w.functions[i].method.approx = 12;
+        w.functions[i].method.approx_val = 3;
+        w.functions[i].method.approx_val2 = 2;
+        w.functions[i].method.beta1 = 2.5;
+        w.functions[i].method.beta2 = -4;
     }
     return w;
 }
@@ -295,6 +296,11 @@ TEST(LoadSettings, RepairsUnusableBounds) {
         EXPECT_EQ(workspace.view.Xmin, row.loadedLow);
         EXPECT_EQ(workspace.view.Xmax, row.loadedHigh);
         EXPECT_EQ(workspace.view.Ymin, 1);
+        faulty.registry.writeText("", "Ymin", row.low);
+        faulty.registry.writeText("", "Ymax", row.high);
+        LoadSettings(faulty.registry, workspace, ShownBoxes().show);
+        EXPECT_EQ(workspace.view.Ymin, row.loadedLow);
+        EXPECT_EQ(workspace.view.Ymax, row.loadedHigh);
     }
 }
 

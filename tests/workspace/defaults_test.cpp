@@ -12,11 +12,11 @@ TEST(DefaultWorkspace, IsANewUsers) {
         EXPECT_EQ(entry.type, 2);
         EXPECT_EQ(entry.color, static_cast<std::int32_t>(i) + 1);
         EXPECT_EQ(entry.selected, 0);
-        EXPECT_EQ(entry.approx, 0);
-        EXPECT_EQ(entry.approx_val, 1);
-        EXPECT_EQ(entry.approx_val2, 0);
-        EXPECT_EQ(entry.beta1, 1);
-        EXPECT_EQ(entry.beta2, 0);
+        EXPECT_EQ(entry.method.approx, 0);
+        EXPECT_EQ(entry.method.approx_val, 1);
+        EXPECT_EQ(entry.method.approx_val2, 0);
+        EXPECT_EQ(entry.method.beta1, 1);
+        EXPECT_EQ(entry.method.beta2, 0);
         EXPECT_TRUE(workspace.lines[i].empty());
     }
     EXPECT_EQ(workspace.view.Xmin, -10);

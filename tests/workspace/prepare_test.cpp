@@ -21,6 +21,7 @@ const LineCase kLines[] = {
     {2, 0, u"", true, u"", u"", u"", u""},
     {2, 1, u"", false, u"", u"", u"", u"Error in 4 function:\n\nEmpty string"},
     {2, 0, u"2x+", true, u"2x+", u"2x+", u"", u""},
+    {2, 2, u"2x+", true, u"2x+", u"2x+", u"", u""},  // 1 alone means selected
     {2, 1, u"2x", true, u"2x", u"2*x", u"", u""},
     {1, 1, u"-x", true, u"-x", u"0-x", u"", u""},
     {2, 1, u"2q", false, u"2q", u"2*q", u"",

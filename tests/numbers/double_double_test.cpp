@@ -1,12 +1,12 @@
 // Reference values: 60 digits by mpmath 1.3, split into two doubles.
-#include "specfun/precision/double_double.h"
+#include "numbers/double_double.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <limits>
 
-namespace kalvex::specfun {
+namespace kalvex {
 namespace {
 
 /// |a - b| / |b| below the bound.
@@ -118,4 +118,4 @@ TEST(DoubleDouble, SineAndCosineOfManyTurns) {
 }
 
 }  // namespace
-}  // namespace kalvex::specfun
+}  // namespace kalvex

@@ -1,13 +1,13 @@
 // The elementary functions in pairs of doubles against those of twice the precision, and by
 // identities.
-#include "specfun/precision/extended.h"
+#include "numbers/extended.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <limits>
 
-namespace kalvex::specfun {
+namespace kalvex {
 namespace {
 
 double Distance(Extended a, Extended b) {
@@ -121,4 +121,4 @@ TEST(Extended, NumbersWithAPower) {
 }
 
 }  // namespace
-}  // namespace kalvex::specfun
+}  // namespace kalvex

@@ -3,9 +3,9 @@
 
 #include <cstdint>
 
-#include "specfun/precision/extended.h"
+#include "numbers/extended.h"
 
-namespace kalvex::specfun {
+namespace kalvex {
 
 /// 256 over the middles of 64 equal intervals from 1 to 2, rounded.
 inline constexpr double kInverses[] = {
@@ -120,4 +120,4 @@ inline constexpr std::uint32_t kTwoOverPi[] = {
     0x7527bac7, 0xebe5f17b, 0x3d0739f7, 0x8a5292ea, 0x6bfb5fb1, 0x1f8d5d08, 0x56033046, 0xfc7b6bab,
 };
 
-}  // namespace kalvex::specfun
+}  // namespace kalvex

@@ -10,9 +10,9 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "specfun/precision/double_double.h"
+#include "numbers/double_double.h"
 
-namespace kalvex::specfun {
+namespace kalvex {
 
 __extension__ using TwoLimbs = unsigned __int128;
 
@@ -281,4 +281,4 @@ double ToDouble(const Wide<limbs>& a) {
     return std::ldexp(ToDouble(FractionOf(a)), static_cast<int>(exponent));
 }
 
-}  // namespace kalvex::specfun
+}  // namespace kalvex

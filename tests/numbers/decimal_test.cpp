@@ -1,4 +1,4 @@
-#include "base/decimal.h"
+#include "numbers/decimal.h"
 
 #include <gtest/gtest.h>
 

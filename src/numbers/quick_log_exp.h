@@ -7,11 +7,11 @@
 #include <cmath>
 #include <cstddef>
 
-#include "base/truncate.h"
-#include "specfun/precision/double_double.h"
-#include "specfun/precision/log_exp_tables.h"
+#include "numbers/double_double.h"
+#include "numbers/log_exp_tables.h"
+#include "numbers/truncate.h"
 
-namespace kalvex::specfun {
+namespace kalvex {
 
 /// ln x for finite x above 0, relative error below 2^-66 (a million points).
 inline DoubleDouble QuickLog(double x) {
@@ -59,4 +59,4 @@ inline DoubleDouble QuickExp(DoubleDouble a, int& exponent) {
                        sum.low + (product.low + (start.low + start.low * h + start.high * rest)));
 }
 
-}  // namespace kalvex::specfun
+}  // namespace kalvex

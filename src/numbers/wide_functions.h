@@ -3,9 +3,9 @@
 
 #include <cstdint>
 
-#include "specfun/precision/wide.h"
+#include "numbers/wide.h"
 
-namespace kalvex::specfun {
+namespace kalvex {
 
 /// ln((1+t)/(1-t)) = 2 (t + t^3/3 + ...), for |t| up to 1/3; relative error 2^-(bits-6).
 template <std::size_t limbs>
@@ -56,4 +56,4 @@ Wide<limbs> Exp(const Wide<limbs>& a) {
     return Scale(sum, static_cast<std::int64_t>(multiple));
 }
 
-}  // namespace kalvex::specfun
+}  // namespace kalvex

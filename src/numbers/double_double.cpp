@@ -3,15 +3,15 @@
 // those beyond the eighth need only one double, and five steps p -> 2p + p^2 undo the division.
 // The logarithm corrects the runtime's by one step of Newton's method, whose error is the third
 // power of the correction.
-#include "specfun/precision/double_double.h"
+#include "numbers/double_double.h"
 
 #include <cmath>
 #include <iterator>
 #include <limits>
 
-#include "base/truncate.h"
+#include "numbers/truncate.h"
 
-namespace kalvex::specfun {
+namespace kalvex {
 namespace {
 
 constexpr int kHalvings = 5;
@@ -128,4 +128,4 @@ SinCosPair SinCos(DoubleDouble a) {
     return {-c, s};
 }
 
-}  // namespace kalvex::specfun
+}  // namespace kalvex

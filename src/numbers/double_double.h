@@ -15,7 +15,7 @@
 #define KALVEX_WITH_FMA
 #endif
 
-namespace kalvex::specfun {
+namespace kalvex {
 
 struct DoubleDouble {
     double high = 0;
@@ -142,4 +142,4 @@ inline constexpr DoubleDouble kHalfPi = {1.570796326794896558, 6.123233995736766
 inline constexpr DoubleDouble kLn2 = {0.69314718055994528623, 2.3190468138462995584e-17};
 inline constexpr DoubleDouble kEulerGamma = {0.57721566490153286555, -4.942915152430644868e-18};
 
-}  // namespace kalvex::specfun
+}  // namespace kalvex

@@ -1,7 +1,7 @@
 // Reading: the longest number is found by its grammar, then std::from_chars converts exactly those
 // characters. from_chars reports overflow and underflow alike and leaves no value; the decimal
 // exponent of the first non-zero digit tells which of the two it was.
-#include "base/decimal.h"
+#include "numbers/decimal.h"
 
 #include <charconv>
 #include <cmath>

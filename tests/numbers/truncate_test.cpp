@@ -1,4 +1,4 @@
-#include "base/truncate.h"
+#include "numbers/truncate.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
 // Made by scripts/make-log-exp-tables.
 #pragma once
 
-#include "specfun/precision/double_double.h"
+#include "numbers/double_double.h"
 
 // clang-format off
-namespace kalvex::specfun {
+namespace kalvex {
 
 inline constexpr int kLogTurn = 54;
 
@@ -151,4 +151,4 @@ inline constexpr DoubleDouble kExpParts[] = {
 /// ln 2 over 64, the high part short.
 inline constexpr DoubleDouble kExpStep = {0.01083042469326756, 2.9815858269852933e-12};
 
-}  // namespace kalvex::specfun
+}  // namespace kalvex

@@ -3,17 +3,17 @@
 // quarter turn off, for large arguments with as many digits of 2/pi as count (Payne and Hanek,
 // 1983). The angle starts from a short series and is corrected by the sine and cosine of that. The
 // tables are by scripts/make-extended-tables.
-#include "specfun/precision/extended.h"
+#include "numbers/extended.h"
 
 #include <array>
 #include <bit>
 #include <cmath>
 #include <cstdint>
 
-#include "base/truncate.h"
-#include "specfun/precision/extended_tables.h"
+#include "numbers/extended_tables.h"
+#include "numbers/truncate.h"
 
-namespace kalvex::specfun {
+namespace kalvex {
 namespace {
 
 /// The nearest whole number, |x| < 2^51; quicker than the library's.
@@ -241,4 +241,4 @@ CosineSine CosineSineLess(double x, Extended t) {
     return TurnedBack(CosineSineOf({x, 0}), CosineSinePi(t));
 }
 
-}  // namespace kalvex::specfun
+}  // namespace kalvex

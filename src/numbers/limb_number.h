@@ -7,9 +7,9 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "specfun/precision/wide.h"
+#include "numbers/wide.h"
 
-namespace kalvex::specfun {
+namespace kalvex {
 
 inline constexpr std::size_t kMostFactorLimbs = 14;
 
@@ -178,4 +178,4 @@ Wide<limbs> WideOf(const LimbNumber<from>& a) {
     return Normalised<limbs>(all, 64 * (a.exponent + static_cast<std::int64_t>(from)), a.sign);
 }
 
-}  // namespace kalvex::specfun
+}  // namespace kalvex

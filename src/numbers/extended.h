@@ -5,9 +5,9 @@
 
 #include <cstddef>
 
-#include "specfun/precision/double_double.h"
+#include "numbers/double_double.h"
 
-namespace kalvex::specfun {
+namespace kalvex {
 
 using Extended = DoubleDouble;
 
@@ -146,4 +146,4 @@ CosineSine CosineSineOf(Extended x);
 /// cos(x - pi t) and sin(x - pi t), absolute error below 2^-60 for |t| up to 2^30 and all finite x.
 CosineSine CosineSineLess(double x, Extended t);
 
-}  // namespace kalvex::specfun
+}  // namespace kalvex

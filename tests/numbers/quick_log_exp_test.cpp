@@ -1,12 +1,12 @@
 // The quick logarithm and exponential against the slow ones, which are good to 90 bits and more.
-#include "specfun/precision/quick_log_exp.h"
+#include "numbers/quick_log_exp.h"
 
 #include <gtest/gtest.h>
 
 #include <cfloat>
 #include <cmath>
 
-namespace kalvex::specfun {
+namespace kalvex {
 namespace {
 
 constexpr double kBound = 0x1p-66;
@@ -63,4 +63,4 @@ TEST(QuickLogExp, ExponentialOfPairs) {
 }
 
 }  // namespace
-}  // namespace kalvex::specfun
+}  // namespace kalvex
