@@ -6,6 +6,7 @@
 #include <cstddef>
 
 #include "numbers/double_double.h"
+#include "numbers/power_coefficients.h"
 
 namespace kalvex {
 
@@ -81,14 +82,8 @@ inline Extended SquareRoot(Extended a) {
     return QuickTwoSum(root, (std::fma(-root, root, a.high) + a.low) / (2 * root));
 }
 
-/// A power series: the first three coefficients, and the rest as doubles.
-template <std::size_t count>
-struct PowerCoefficients {
-    Extended head[3];
-    double tail[count];
-};
-
-/// Its sum; full precision where the terms from the fourth on are below 2^-10 of it together.
+/// The sum of a power series; full precision where the terms from the fourth on are below 2^-10 of
+/// it together.
 template <std::size_t count>
 Extended Polynomial(const PowerCoefficients<count>& of, Extended t) {
     double tail = 0;
