@@ -5,6 +5,11 @@
 
 #include <CLI/CLI.hpp>
 
+#include "cli/console.h"
+#include "expr/checker.h"
+#include "expr/normaliser.h"
+#include "resources/strings.h"
+
 namespace kalvex {
 
 CLI::App* AddCommand(CLI::App& tool, const std::string& name, const std::string& purpose) {
@@ -18,6 +23,20 @@ void AddTextArgument(CLI::App& command, std::optional<std::string>& text) {
     command.add_option_function<std::string>(
         "TEXT", [&text](const std::string& given) { text = given; },
         "Left out: one text per line of standard input.");
+}
+
+bool AcceptText(std::u16string& text, bool implicit) {
+    if (implicit)
+        NormaliseImplicit(text);
+    else
+        NormaliseExplicit(text, ShowOnStandardError);
+    const CheckResult result =
+        CheckExpression(text, implicit ? CheckMode::TwoVariables : CheckMode::OneVariable);
+    if (result.code >= 0) return true;
+    ShowOnStandardError({std::u16string(Text(StringId::Error)),
+                         FillIn(Text(StringId::ErrorFormat), {result.message}), MessageIcon::Stop,
+                         MessageButtons::Ok});
+    return false;
 }
 
 void WrongUsage(const std::string& option, const std::string& message) {

@@ -16,6 +16,7 @@ namespace kalvex {
 void AddNormaliseCommand(CLI::App& tool, ExitStatus& status);
 void AddCheckCommand(CLI::App& tool, ExitStatus& status);
 void AddEvalCommand(CLI::App& tool, ExitStatus& status);
+void AddExplainCommand(CLI::App& tool, ExitStatus& status);
 void AddInterpolateCommand(CLI::App& tool, ExitStatus& status);
 void AddPointsCommand(CLI::App& tool, ExitStatus& status);
 void AddSamplesCommand(CLI::App& tool, ExitStatus& status);
@@ -29,6 +30,10 @@ CLI::App* AddCommand(CLI::App& tool, const std::string& name, const std::string&
 /// Adds the optional argument TEXT; without it the texts come from standard input. `text` must
 /// exist until parsing has ended.
 void AddTextArgument(CLI::App& command, std::optional<std::string>& text);
+
+/// Rewrites a text into the strict notation and checks it. A rejected text gives false and a line
+/// on standard error.
+bool AcceptText(std::u16string& text, bool implicit);
 
 /// Ends parsing with the message "OPTION: MESSAGE" and the status WrongUsage.
 [[noreturn]] void WrongUsage(const std::string& option, const std::string& message);

@@ -11,9 +11,7 @@
 #include "cli/commands.h"
 #include "cli/console.h"
 #include "cli/point_list.h"
-#include "expr/checker.h"
 #include "expr/evaluator.h"
-#include "expr/normaliser.h"
 #include "numbers/decimal.h"
 #include "resources/strings.h"
 
@@ -44,20 +42,6 @@ void ReadPoints(Arguments& arguments) {
         if (!arguments.points.range) WrongUsage("--range", "A,B,N with N of 1 or more expected");
     }
     if (CountOf(arguments.points) == 0) arguments.points.single.push_back({0.0, 0.0});
-}
-
-bool Accepts(std::u16string& text, bool implicit) {
-    if (implicit)
-        NormaliseImplicit(text);
-    else
-        NormaliseExplicit(text, ShowOnStandardError);
-    const CheckResult result =
-        CheckExpression(text, implicit ? CheckMode::TwoVariables : CheckMode::OneVariable);
-    if (result.code >= 0) return true;
-    ShowOnStandardError({std::u16string(Text(StringId::Error)),
-                         FillIn(Text(StringId::ErrorFormat), {result.message}), MessageIcon::Stop,
-                         MessageButtons::Ok});
-    return false;
 }
 
 std::string ValueAndCode(double value, std::int32_t error) {
@@ -99,7 +83,7 @@ void PrintGridValues(const CompiledExpression& expression, const PointList& poin
 }
 
 ExitStatus EvaluateOne(const Arguments& arguments, std::u16string text) {
-    if (!Accepts(text, arguments.implicit)) return ExitStatus::Rejected;
+    if (!AcceptText(text, arguments.implicit)) return ExitStatus::Rejected;
     const CompiledExpression expression = CompileExpression(text);
     if (arguments.implicit)
         PrintGridValues(expression, arguments.points);

@@ -24,6 +24,7 @@ int main(int argc, char** argv) {
     kalvex::AddNormaliseCommand(tool, status);
     kalvex::AddCheckCommand(tool, status);
     kalvex::AddEvalCommand(tool, status);
+    kalvex::AddExplainCommand(tool, status);
     kalvex::AddInterpolateCommand(tool, status);
     kalvex::AddPointsCommand(tool, status);
     kalvex::AddSamplesCommand(tool, status);

@@ -30,12 +30,12 @@ std::u16string ResultText(double value) {
     return Widen(FormatFixed(WithoutNanSign(value)));
 }
 
-std::u16string ResultDetail(const EvaluationResult& result) {
+std::u16string ResultDetail(const EvaluationResult& result, const ShowMessage& show) {
     if (result.error == 0) return Widen(FormatShortest(WithoutNanSign(result.value)));
     std::u16string title;
     std::u16string message;
-    DescribeEvalError(result.error, title, message, {});
-    return message.empty() ? title : message;
+    DescribeEvalError(result.error, title, message, show);
+    return message.empty() ? title : title + u'\n' + message;
 }
 
 CalculatorAnswer Calculate(std::u16string_view typed, const ShowMessage& show) {
@@ -46,7 +46,7 @@ CalculatorAnswer Calculate(std::u16string_view typed, const ShowMessage& show) {
     const CompiledExpression expression = CompileExpression(text);
     constexpr std::array kX = {0.0};
     const EvaluationResult result = EvaluateAt(expression, kX).front();
-    return {true, ResultText(result.value), ResultDetail(result)};
+    return {true, ResultText(result.value), ResultDetail(result, show)};
 }
 
 }  // namespace kalvex

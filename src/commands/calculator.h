@@ -13,8 +13,10 @@ namespace kalvex {
 /// bits (a larger one is the nearest that fits), any other with six decimals; "inf", "-inf", "nan".
 std::u16string ResultText(double value);
 
-/// The small line under the result: every digit of the value, or why there is none.
-std::u16string ResultDetail(const EvaluationResult& result);
+/// The small text under the result: every digit of the value, or why there is none: title and
+/// message of its error code on two lines. `show` gets the diagnostic box of an unknown code, for
+/// which the title stands alone.
+std::u16string ResultDetail(const EvaluationResult& result, const ShowMessage& show);
 
 struct CalculatorAnswer {
     bool accepted = false;
@@ -23,7 +25,7 @@ struct CalculatorAnswer {
 };
 
 /// Normalises, checks, compiles and evaluates a text of one variable at x = 0. `show` gets the
-/// boxes of the normaliser; the box about a rejected text is the caller's.
+/// boxes of the normaliser and of ResultDetail; the box about a rejected text is the caller's.
 CalculatorAnswer Calculate(std::u16string_view typed, const ShowMessage& show);
 
 }  // namespace kalvex

@@ -1,4 +1,4 @@
-// Asks the processor once which tables it can run.
+// Which tables the processor can run.
 #include "expr/kernel_tables.h"
 
 namespace kalvex {

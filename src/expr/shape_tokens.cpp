@@ -1,8 +1,7 @@
-// Tokens: signs and brackets first, then a number, then a function name by prefix (one argument,
-// two, three, four), then a variable. The reduction tries six patterns at each position from the
-// left, replaces the first that matches by one operand and starts again at the first token. The
-// stream is short (kShapeCapacity), so the restart costs at most some ten thousand comparisons
-// and is kept as the plain definition of the result.
+// A token is a sign or bracket, a number, a variable or the head of a call: a function's name with
+// its "(". The reduction looks for the leftmost place where one of six patterns matches, replaces
+// the match by one operand and starts again at the first token. The restart is how the result is
+// defined. As the stream is short (kShapeCapacity), it costs at most some ten thousand comparisons.
 #include "expr/shape_tokens.h"
 
 #include <algorithm>
@@ -31,7 +30,7 @@ Token PunctuationAt(char16_t c) {
     return {};
 }
 
-/// A function's head; no token as well when its name stands here without "(". No name is the
+/// The head of a call; no token where a function's name stands without "(". No name is the
 /// beginning of another, so the order in which they are tried does not matter.
 Token HeadAt(std::u16string_view rest) {
     for (const FunctionName& function : kFunctionNames) {

@@ -26,8 +26,9 @@ std::u16string YText(const CurveSample& sample) {
     if (sample.y == UndefinedValue && sample.status != 0) {
         std::u16string title;
         std::u16string message;
+        // No box for an unknown code: the picture asks for this text each time it is painted.
         DescribeEvalError(sample.status, title, message, {});
-        if (!message.empty()) return message;
+        if (!message.empty()) return title + u'\n' + message;
     }
     return FillIn(Text(StringId::TraceY), {FixedText(sample.y)});
 }

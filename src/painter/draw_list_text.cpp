@@ -5,8 +5,8 @@
 #include <array>
 #include <string_view>
 
-#include "base/decimal.h"
 #include "base/encoding.h"
+#include "numbers/decimal.h"
 #include "settings/complete_file.h"
 
 namespace kalvex {

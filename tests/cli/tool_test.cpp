@@ -50,6 +50,36 @@ const OutputRow kEval[] = {
     {{"eval"}, "x\n\nx+1\n", 1, "0\t0\t0\n0\t1\t0\n", "Error!: Error Empty string\n"},
 };
 
+const OutputRow kExplain[] = {
+    {{"explain", "2x^3+x"},
+     "",
+     0,
+     "text\n  2*x^3+x\n"
+     "tree\n  +\n    *\n      2\n      ^ 3\n        x\n    x\n"
+     "program\n  r0 = 2 * x ^ 3 + x\n  value = r0\n",
+     ""},
+    {{"explain", "1/x"},
+     "",
+     0,
+     "text\n  1/x\ntree\n  / may fail\n    1\n    x\n"
+     "program\n  r0 = 1 / x\n  value = r0\n",
+     ""},
+    {{"explain", "--implicit", "x^2-y"},
+     "",
+     0,
+     "text\n  x*0+x^2-y\n"
+     "tree\n  +\n    *\n      x\n      0\n    -\n      *\n        x\n        x\n      y\n"
+     "program\n  r0 = x * 0\n  r1 = x * x - y\n  r0 = r0 + r1\n  value = r0\n"
+     "program of a grid\n  r0 = x * x\n  X1 = r0\n  r0 = X1 - y\n  value = r0\n",
+     ""},
+    {{"explain"},
+     "x\n\n2+1",
+     1,
+     "text\n  x\ntree\n  x\nprogram\n  value = x\n"
+     "text\n  2+1\ntree\n  3\nprogram\n  value = 3\n",
+     "Error!: Error Empty string\n"},
+};
+
 TEST(Tool, Normalises) {
     for (const OutputRow& row : kNormalise)
         Expect(row);
@@ -66,6 +96,11 @@ TEST(Tool, Checks) {
 
 TEST(Tool, Evaluates) {
     for (const OutputRow& row : kEval)
+        Expect(row);
+}
+
+TEST(Tool, Explains) {
+    for (const OutputRow& row : kExplain)
         Expect(row);
 }
 
@@ -137,8 +172,8 @@ TEST(Tool, AnswersWrongUsageWithTwo) {
 }
 
 TEST(Tool, ExplainsItself) {
-    for (const char* command : {"", "normalise", "check", "eval", "interpolate", "points",
-                                "samples", "draw", "analyze", "table"}) {
+    for (const char* command : {"", "normalise", "check", "eval", "explain", "interpolate",
+                                "points", "samples", "draw", "analyze", "table"}) {
         for (const char* option : {"--help", "--version"}) {
             Arguments arguments = {option};
             if (*command != '\0') arguments.insert(arguments.begin(), command);

@@ -66,13 +66,23 @@ TEST(ResultDetail, HasEveryDigitOrTheReason) {
         {{1e30, 0}, "1e+30"},
         {{kInfinity, 0}, "inf"},
         {{-kNan, 0}, "nan"},
-        {{1e30, 1}, "Division by 0 not allowed"},
-        {{1e30, 3}, "The logarithm of a negative argument is not specified"},
-        {{1e30, 10}, "The function Ei is defined only on nonnegative numbers"},
-        {{1e30, 999}, "Unknown error"},
+        {{1e30, 1}, "Devide error\nDivision by 0 not allowed"},
+        {{1e30, 3}, "ln error\nThe logarithm of a negative argument is not specified"},
+        {{1e30, 10}, "Ei error\nThe function Ei is defined only on nonnegative numbers"},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(ToUtf8(ResultDetail(row.result)), row.text) << row.result.error;
+    for (const auto& row : rows) {
+        ShownBoxes shown;
+        EXPECT_EQ(ToUtf8(ResultDetail(row.result, shown.show)), row.text) << row.result.error;
+        EXPECT_TRUE(shown.boxes->empty()) << row.result.error;
+    }
+}
+
+TEST(ResultDetail, ShowsABoxForAnUnknownCode) {
+    ShownBoxes shown;
+    EXPECT_EQ(ToUtf8(ResultDetail({1e30, 999}, shown.show)), "Unknown error");
+    ASSERT_EQ(shown.boxes->size(), 1U);
+    EXPECT_EQ(ToUtf8(shown.boxes->front().caption), "батарея 999");
+    EXPECT_EQ(ToUtf8(shown.boxes->front().text), "RegOpenKeyEx");
 }
 
 TEST(Calculate, AcceptsWhatAFunctionLineMayHold) {
@@ -98,9 +108,10 @@ TEST(Calculate, AcceptsWhatAFunctionLineMayHold) {
         {u"exp(1000)", "inf", "inf"},
         {u"0-exp(1000)", "-inf", "-inf"},
         {u"exp(1000)-exp(1000)", "nan", "nan"},
-        {u"1/0", "2147483647", "Division by 0 not allowed"},
-        {u"1/x", "2147483647", "Division by 0 not allowed"},
-        {u"ln(-1)", "2147483647", "The logarithm of a negative argument is not specified"},
+        {u"1/0", "2147483647", "Devide error\nDivision by 0 not allowed"},
+        {u"1/x", "2147483647", "Devide error\nDivision by 0 not allowed"},
+        {u"ln(-1)", "2147483647",
+         "ln error\nThe logarithm of a negative argument is not specified"},
         {u"10^30", "2147483647", "1e+30"},
         {u"x+ 5", "5", "5"},
         {u"-x", "0", "0"},

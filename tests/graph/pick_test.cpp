@@ -444,7 +444,8 @@ TEST(Overlay, HidesTheCrossOnAnUnplottedSample) {
     MoveTraceTo(graph.state, graph.functions, 3);
     const Overlay overlay = OverlayOf(graph.state, graph.functions, Options{});
     EXPECT_FALSE(overlay.cross);
-    EXPECT_EQ(overlay.texts.at(1), u"The logarithm of a negative argument is not specified");
+    EXPECT_EQ(overlay.texts.at(1),
+              u"ln error\nThe logarithm of a negative argument is not specified");
     EXPECT_EQ(overlay.texts.at(2), u"dy/dx: error");
 }
 

@@ -81,9 +81,10 @@ TEST(TraceTexts, ShowTheReasonOfAnUndefinedValue) {
         std::int32_t status;
         std::u16string_view text;
     } rows[] = {
-        {kUndefined, 1, u"Division by 0 not allowed"},
-        {kUndefined, 3, u"The logarithm of a negative argument is not specified"},
-        {kUndefined, 1000, u"When linear interpolation, extrapolation is impossible"},
+        {kUndefined, 1, u"Devide error\nDivision by 0 not allowed"},
+        {kUndefined, 3, u"ln error\nThe logarithm of a negative argument is not specified"},
+        {kUndefined, 1000,
+         u"Interpolation error\nWhen linear interpolation, extrapolation is impossible"},
         {kUndefined, 0, u"y=1000000000000000019884624838656.000000"},
         {kUndefined, 4711, u"y=1000000000000000019884624838656.000000"},
         {5.0, 1, u"y=5.000000"},

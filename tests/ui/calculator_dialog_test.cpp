@@ -112,8 +112,9 @@ class CalculatorDialogTest final : public QObject {
             {"1/3", "0.333333", "0.3333333333333333"},
             {"x", "0", "0"},
             {"-1/2", "-0.500000", "-0.5"},
-            {"1/0", "2147483647", "Division by 0 not allowed"},
-            {"lg(0)", "2147483647", "The logarithm of a negative argument is not specified"},
+            {"1/0", "2147483647", "Devide error\nDivision by 0 not allowed"},
+            {"lg(0)", "2147483647",
+             "lg error\nThe logarithm of a negative argument is not specified"},
             {"2^40", "2147483647", "1099511627776"},
             {"exp(999)", "inf", "inf"},
         };

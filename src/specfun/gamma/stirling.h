@@ -1,4 +1,4 @@
-// Stirling's series, which the gamma and the beta function share (DLMF 5.11.1).
+// Stirling's series for the beta function (DLMF 5.11.1).
 #pragma once
 
 #include "numbers/double_double.h"
