@@ -1,4 +1,5 @@
-// Output goes through the C streams and is not converted on the way.
+// Output goes unchanged through the C streams. A box that asks a question is answered with No,
+// because there is nobody to ask.
 #include "cli/console.h"
 
 #include <cstdio>

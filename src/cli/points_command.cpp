@@ -1,5 +1,5 @@
-// points: prints a point file as it is read, with what the rules about short and long lines make of
-// it.
+// points: prints the points of a file as the program reads them, which shows how its rules treat
+// short and long lines.
 #include <CLI/CLI.hpp>
 #include <memory>
 

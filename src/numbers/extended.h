@@ -6,6 +6,7 @@
 #include <cstddef>
 
 #include "numbers/double_double.h"
+#include "numbers/power_coefficients.h"
 
 namespace kalvex {
 
@@ -14,14 +15,8 @@ inline DoubleDouble TimesPower(DoubleDouble a, double power) {
     return {a.high * power, a.low * power};
 }
 
-/// A power series: the first three coefficients, and the rest as doubles.
-template <std::size_t count>
-struct PowerCoefficients {
-    DoubleDouble head[3];
-    double tail[count];
-};
-
-/// Its sum; full precision where the terms from the fourth on are below 2^-10 of it together.
+/// The sum of a power series; full precision where the terms from the fourth on are below 2^-10 of
+/// it together.
 template <std::size_t count>
 DoubleDouble Polynomial(const PowerCoefficients<count>& of, DoubleDouble t) {
     double tail = 0;
