@@ -1,5 +1,7 @@
+// Output goes through the C streams and is not converted on the way.
 #include "base/message_line.h"
 
+#include <cstdio>
 #include <string_view>
 
 #include "base/encoding.h"
@@ -26,6 +28,12 @@ std::string MessageLine(const MessageBox& box) {
     line += ": ";
     AppendEscaped(line, ToUtf8(box.text));
     return line;
+}
+
+MessageAnswer WriteMessageLine(const MessageBox& box) {
+    const std::string line = MessageLine(box) + '\n';
+    std::fwrite(line.data(), 1, line.size(), stderr);
+    return box.buttons == MessageButtons::YesNo ? MessageAnswer::No : MessageAnswer::Ok;
 }
 
 }  // namespace kalvex

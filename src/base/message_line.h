@@ -1,4 +1,4 @@
-// A message box as a line of text, for where no window can be shown.
+// A message box as a line of text: for the tool, and for the windows when nobody can answer them.
 #pragma once
 
 #include <string>
@@ -7,8 +7,11 @@
 
 namespace kalvex {
 
-/// The caption, ": " and the text, as UTF-8 without a line end. Each line break of either (\n, \r
-/// or the two together) is written as a backslash and the letter n.
+/// The caption, ": " and the text in UTF-8, without a line feed at the end. Each line break in them
+/// (line feed, carriage return, or both together) is written as the two characters \n.
 std::string MessageLine(const MessageBox& box);
+
+/// Writes the line to standard error. `Yes`/`No` boxes get `No`: nobody is there to agree.
+MessageAnswer WriteMessageLine(const MessageBox& box);
 
 }  // namespace kalvex

@@ -1,13 +1,25 @@
-// Output goes through the C streams, bytes as they are. A box that asks a question is answered with
-// No: nobody is there to agree to anything.
+// Output goes unchanged through the C streams. A box that asks a question is answered with No,
+// because there is nobody to ask.
 #include "cli/console.h"
 
 #include <cstdio>
 
 #include "base/encoding.h"
-#include "base/message_line.h"
+#include "expr/shape_tokens.h"
+#include "resources/strings.h"
 
 namespace kalvex {
+namespace {
+
+/// The box of the normaliser repeats the whole text at each product. A text that already has more
+/// tokens than the check takes will be rejected, so its further products are not told: a text of
+/// megabytes would be written hundreds of times.
+bool IsProductOfLongText(const MessageBox& box) {
+    return box.caption == Text(StringId::TestTitle) && ShapeLength(box.text) > kShapeCapacity;
+}
+
+}  // namespace
+
 ExitStatus ForEachText(const std::optional<std::string>& argument, std::istream& input,
                        const HandleText& handle) {
     if (argument) return handle(ToUtf16(*argument));
@@ -34,9 +46,8 @@ ExitStatus FinishOutput() {
 }
 
 MessageAnswer ShowOnStandardError(const MessageBox& box) {
-    const std::string line = MessageLine(box) + '\n';
-    std::fwrite(line.data(), 1, line.size(), stderr);
-    return box.buttons == MessageButtons::YesNo ? MessageAnswer::No : MessageAnswer::Ok;
+    if (IsProductOfLongText(box)) return MessageAnswer::Ok;
+    return WriteMessageLine(box);
 }
 
 }  // namespace kalvex

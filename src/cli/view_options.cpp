@@ -1,6 +1,6 @@
-// Each option writes straight into the records that the graph room reads; most come from the table
-// of options. Windows are taken as they
-// are, equal, reversed and infinite bounds included: drawing has to cope with them anyway.
+// Each option writes into the records that the graph room reads; most come from the table of
+// options. Any bounds of a window are accepted, also equal, reversed and infinite ones, because
+// drawing has to handle them anyway.
 #include "cli/view_options.h"
 
 #include <CLI/CLI.hpp>
@@ -142,7 +142,8 @@ void AddTableOptions(CLI::App& command, Options& options) {
     }
 }
 
-/// Whoever calls the tool with a large file wants it drawn: the question is told and answered.
+/// Prints the question about a large file and answers it with Yes: a user who names the file wants
+/// it drawn.
 MessageAnswer ShowAndGoOn(const MessageBox& box) {
     ShowOnStandardError(box);
     return box.buttons == MessageButtons::YesNo ? MessageAnswer::Yes : MessageAnswer::Ok;
@@ -167,13 +168,15 @@ bool PrepareLines(FunctionList& functions, const std::vector<std::string>& lines
         parsed.push_back(ParseLineArgument(line, static_cast<std::int32_t>(parsed.size() + 1)));
         if (!parsed.back().error.empty()) WrongUsage("LINE", parsed.back().error);
     }
+    FilePaths paths;
     for (std::size_t slot = 0; slot < parsed.size(); ++slot) {
         functions[slot] = parsed[slot].entry;
+        paths[slot] = parsed[slot].path;
         if (!PrepareFunction(functions[slot], static_cast<int>(slot), parsed[slot].line,
                              ShowOnStandardError))
             return false;
     }
-    return PrepareFileLines(functions, ShowAndGoOn);
+    return PrepareFileLines(functions, paths, ShowAndGoOn);
 }
 
 DrawList DrawOffScreen(ViewOptions& view, FunctionList& functions, const MeasureText& measure) {
@@ -183,7 +186,8 @@ DrawList DrawOffScreen(ViewOptions& view, FunctionList& functions, const Measure
     for (const MessageBox& box : FailureBoxes(view.state.approxFailures))
         ShowOnStandardError(box);
     if (!view.automatic) return list;
-    // Bounds that cannot be found are no failure: the message says so, the window stays.
+    // When no bounds can be found, the message says so and the window is not changed; the command
+    // still succeeds.
     if (!AutoZoom(view.state.viewport, functions, ShowOnStandardError)) return list;
     return draw();
 }

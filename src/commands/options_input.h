@@ -7,6 +7,7 @@
 #include <string>
 
 #include "commands/number_input.h"
+#include "resources/strings.h"
 #include "settings/registry.h"
 #include "workspace/option_rows.h"
 

@@ -1,6 +1,9 @@
 // What Draw does with the File lines before the graph is shown.
 #pragma once
 
+#include <array>
+#include <string>
+
 #include "base/message_box.h"
 #include "interp/approx_parameters.h"
 #include "workspace/function_entry.h"
@@ -10,10 +13,16 @@ namespace kalvex {
 /// Whether a line is selected and of type File.
 bool IsSelectedFile(const FunctionEntry& entry);
 
-/// Reads the point tables of the selected File lines afresh from the paths in their working texts,
-/// in slot order. Stops with false at the first file that cannot be read: the table of that line is
-/// then empty, and the tables read before stay.
-bool ReadPointFiles(FunctionList& functions);
+/// The path of each slot as bytes. A name of a file need not be UTF-8, the text of a line is.
+using FilePaths = std::array<std::string, kSlotCount>;
+
+/// The working texts as paths.
+FilePaths PathsOf(const FunctionList& functions);
+
+/// Reads the point tables of the selected File lines afresh, in slot order. Stops with false at
+/// the first file that cannot be read: the table of that line is then empty, and the tables read
+/// before stay.
+bool ReadPointFiles(FunctionList& functions, const FilePaths& paths);
 
 /// Whether a method that has a number of terms can use its number with this many points. True for
 /// every other method.
@@ -32,6 +41,9 @@ bool ConfirmManyLines(const FunctionList& functions, const ShowMessage& show);
 
 /// Everything that Draw checks about File lines, in its order: reads the files (message 75 on
 /// failure), CheckTermCounts, ConfirmManyLines. False when nothing may be drawn.
+bool PrepareFileLines(FunctionList& functions, const FilePaths& paths, const ShowMessage& show);
+
+/// The same with PathsOf the functions.
 bool PrepareFileLines(FunctionList& functions, const ShowMessage& show);
 
 }  // namespace kalvex

@@ -1,5 +1,5 @@
-// Each kind of record writes its own geometry; what all kinds share is written in one place. All
-// numbers are whole ones.
+// Each kind of record writes its own geometry; the columns that all kinds share are written by
+// AppendStart. All numbers are integers.
 #include "painter/draw_list_text.h"
 
 #include <array>
@@ -30,7 +30,7 @@ std::string ColorText(const Rgb& color) {
     return text;
 }
 
-/// The characters of a text in one column.
+/// A text with the characters escaped that would end a column or a line.
 std::string Escaped(std::u16string_view text) {
     std::string escaped;
     for (const char c : ToUtf8(text)) {

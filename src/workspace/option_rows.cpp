@@ -32,7 +32,7 @@ void SetValue(Options& options, const OptionRow& row, double value) {
 }
 
 std::u16string ChoiceText(const OptionChoice& choice) {
-    if (!choice.text.empty()) return std::u16string(choice.text);
+    if (choice.word != StringId{}) return std::u16string(Text(choice.word));
     return FillIn(Text(StringId::TextSizeFormat),
                   {NumberText(choice.number), Text(StringId::TextSizeUnit)});
 }

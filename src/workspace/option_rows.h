@@ -30,7 +30,7 @@ enum class OptionKind {
 
 /// One entry of a list: its text and the number that it stands for.
 struct OptionChoice {
-    std::u16string_view text;  ///< empty: the number is a text size and its text is made from it
+    StringId word{};  ///< none: the number is a text size, and its text is made from it
     std::int32_t number = 0;
 };
 
@@ -71,17 +71,20 @@ struct OptionRow {
     ToolFlag tool = {};
 };
 
-inline constexpr std::array<OptionChoice, 2> kLineWidths = {{{u"1 pix", 1}, {u"2 pix", 2}}};
+inline constexpr std::array<OptionChoice, 2> kLineWidths = {
+    {{StringId::OnePixel, 1}, {StringId::TwoPixels, 2}}};
 
 /// Multiples of 2 pi.
 inline constexpr std::array<OptionChoice, 4> kMaxAngles = {
-    {{u"2 pi", 1}, {u"4 pi", 2}, {u"6 pi", 3}, {u"8 pi", 4}}};
+    {{StringId::TwoPi, 1}, {StringId::FourPi, 2}, {StringId::SixPi, 3}, {StringId::EightPi, 4}}};
 
 inline constexpr std::array<OptionChoice, 2> kInterpolations = {
-    {{u"Linear", 0}, {u"Quadratic", 1}}};
+    {{StringId::Linear, 0}, {StringId::Quadratic, 1}}};
 
-inline constexpr std::array<OptionChoice, 4> kResolutions = {
-    {{u"1 point", 1}, {u"2 points", 2}, {u"4 points", 4}, {u"5 points", 5}}};
+inline constexpr std::array<OptionChoice, 4> kResolutions = {{{StringId::OnePoint, 1},
+                                                              {StringId::TwoPoints, 2},
+                                                              {StringId::FourPoints, 4},
+                                                              {StringId::FivePoints, 5}}};
 
 /// 8 to 29.
 inline constexpr std::array<OptionChoice, 22> kTextSizes = [] {
@@ -129,7 +132,8 @@ inline constexpr std::array kOptionRows = std::to_array<OptionRow>({
      .kind = OptionKind::Number,
      .saved = 7,
      .control = {3, ControlKind::List, "textSize", 1071, StringId::OptionTextSize, kTextSizes},
-     .tool = {4, "--text-size", "Height of the function names in pixels (default 14).", "N", 1000}},
+     .tool = {4, "--text-size", "Height of the function names in pixels, 1 to 200 (default 14).",
+              "N", kTallestText}},
     {.name = "InterpolationType",
      .field = &Options::InterpolationType,
      .kind = OptionKind::Number,
@@ -143,7 +147,8 @@ inline constexpr std::array kOptionRows = std::to_array<OptionRow>({
      .control = {1, ControlKind::List, "lineWidth", 1036, StringId::OptionLineWidth, kLineWidths,
                  1079},
      .tool = {3, "--width",
-              "Pen width of the curves in pixels (default 1; implicit curves have 1).", "N", 1000}},
+              "Pen width of the curves in pixels, 1 to 64 (default 1; implicit curves have 1).",
+              "N", kWidestPen}},
     {.name = "MaxAngle",
      .field = &Options::MaxAngle,
      .kind = OptionKind::Number,

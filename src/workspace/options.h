@@ -23,14 +23,17 @@ struct Options {
     double MaxParam = 6.283185307179586;
 };
 
-/// The width of the pen for `Wight`: 1 to 64. The stored number may be any.
+inline constexpr std::int32_t kWidestPen = 64;     ///< largest `Wight` that is drawn
+inline constexpr std::int32_t kTallestText = 200;  ///< largest `TextSize` that is drawn
+
+/// The width of the pen for `Wight`, 1 to kWidestPen pixels. The stored number may be any.
 constexpr std::int32_t PenWidthOf(const Options& options) {
-    return std::clamp<std::int32_t>(options.Wight, 1, 64);
+    return std::clamp<std::int32_t>(options.Wight, 1, kWidestPen);
 }
 
-/// The height of the texts for `TextSize`: 1 to 200 pixels. The stored number may be any.
+/// The height of the texts for `TextSize`, 1 to kTallestText pixels. The stored number may be any.
 constexpr std::int32_t TextHeightOf(const Options& options) {
-    return std::clamp<std::int32_t>(options.TextSize, 1, 200);
+    return std::clamp<std::int32_t>(options.TextSize, 1, kTallestText);
 }
 
 }  // namespace kalvex

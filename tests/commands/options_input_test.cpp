@@ -146,14 +146,14 @@ TEST(SaveOptions, TakesEveryEntryOfTheLists) {
         EXPECT_EQ(Stored(store, "InterpolationType"), number);
     }
     for (std::int32_t size = 8; size <= 29; ++size) {
-        TextIn(input, &Options::TextSize) = ChoiceText({u"", size});
+        TextIn(input, &Options::TextSize) = ChoiceText({{}, size});
         save();
         EXPECT_EQ(options.TextSize, size);
         EXPECT_EQ(Stored(store, "TextSize"), size);
         EXPECT_EQ(InputOf(options).controls[OptionIndex(&Options::TextSize)].text,
                   TextIn(input, &Options::TextSize));
     }
-    EXPECT_EQ(ChoiceText({u"", 8}), u"8 pt");
+    EXPECT_EQ(ChoiceText({{}, 8}), u"8 pt");
     for (const char16_t* const text : {u"7 pt", u"30 pt", u"12", u"12 px", u""}) {
         TextIn(input, &Options::TextSize) = text;
         save();

@@ -12,6 +12,7 @@
 
 #include "commands/options_input.h"
 #include "resources/command_ids.h"
+#include "resources/message_boxes.h"
 #include "resources/strings.h"
 #include "ui/parts/form_dialog.h"
 #include "ui/parts/qt_text.h"
@@ -89,7 +90,7 @@ QWidget* AddControl(FormDialog& dialog, const OptionRow& row, const ControlState
 
 /// The check boxes of the group in two columns, and the box of the grid's kind behind them.
 void AddGroup(FormDialog& dialog, const OptionsInput& shown, OptionsControls& controls) {
-    auto* const group = new QGroupBox(ToQString(Text(StringId::OptionShowGroup)), &dialog);
+    auto* const group = new QGroupBox(TextOf(StringId::OptionShowGroup), &dialog);
     Name(*group, "showOnGraph", 1069);
     auto* const grid = new QGridLayout(group);
     grid->setVerticalSpacing(0);
@@ -152,7 +153,7 @@ QLineEdit& FieldOf(const OptionsControls& controls, const InputProblem& problem)
 
 void OpenOptionsDialog(QWidget* parent, Options& options, const Registry& registry,
                        const ShowMessage& show, std::function<void()> changed) {
-    auto* const dialog = new FormDialog("Options", parent);
+    auto* const dialog = new FormDialog(TextOf(StringId::MenuOptions), parent);
     dialog->setObjectName("optionsDialog");
     const OptionsInput shown = InputOf(options);
     OptionsControls controls;
@@ -162,8 +163,7 @@ void OpenOptionsDialog(QWidget* parent, Options& options, const Registry& regist
     dialog->save = [controls, &options, registry, show, changed = std::move(changed)] {
         const auto problem = SaveOptions(Read(controls), options, registry);
         if (problem) {
-            show({std::u16string(Text(StringId::Error)), problem->message, MessageIcon::Stop,
-                  MessageButtons::Ok});
+            show(ErrorBox(problem->message));
             PointAt(FieldOf(controls, *problem));
         }
         changed();

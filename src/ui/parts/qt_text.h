@@ -2,10 +2,12 @@
 #pragma once
 
 #include <QString>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
 #include "painter/qt_color.h"
+#include "resources/strings.h"
 
 namespace kalvex {
 
@@ -16,6 +18,16 @@ inline QString ToQString(std::u16string_view text) {
 
 inline std::u16string FromQString(const QString& text) {
     return text.toStdU16String();
+}
+
+/// A text of the program's table.
+inline QString TextOf(StringId id) {
+    return ToQString(Text(id));
+}
+
+/// A text of the table with its numbered places filled in, as FillIn does.
+inline QString TextOf(StringId id, std::initializer_list<std::u16string_view> places) {
+    return ToQString(FillIn(Text(id), places));
 }
 
 }  // namespace kalvex
