@@ -14,7 +14,7 @@ TEST(PrepareFunctions, StoresEveryLineAsTyped) {
     EditorLines lines;
     for (std::size_t i = 0; i < 9; ++i)
         lines[i] = std::u16string(i, u'x');
-    functions[8].type = 4;
+    functions[8].type = EquationType::File;
     functions[8].selected = 1;
     lines[8] = u"\\My Documents\\data.txt";
     const FaultyRegistry faulty = MakeFilledRegistry();

@@ -77,10 +77,10 @@ TEST(AutoZoom, TakesTheExtremesOfTheCaches) {
         {{{10, 20}}, 10 * 1.1, 20 * 1.1},
         {{{-20, -10}}, -20 * 1.1, -10 * 1.1},
         {{{5, 5}}, 5 * 1.1, 5 * 1.1},
-        // The limits themselves are no excess.
+        // The limits themselves are allowed.
         {{{-131, 131}}, -131 * 1.1, 131 * 1.1},
         {{{0, 1}, {-131, 131}}, 1 * -0.1, 1 * 1.1},
-        // Undefined values count for nothing, first or later.
+        // Undefined values are ignored, at the beginning as well as later.
         {{{kUndefined, 3, kUndefined, -1}}, -1 * 1.1, 3 * 1.1},
         {{{2, kUndefined, kUndefined}}, 2 * 1.1, 2 * 1.1},
         {{{kNan, 3, kNan, 1}}, 1 * 1.1, 3 * 1.1},

@@ -40,7 +40,7 @@ class FileLines : public testing::Test {
         for (int i = 0; i < points; ++i)
             file << i << ' ' << i * i << '\n';
         FunctionEntry& entry = functions[slot];
-        entry.type = 4;
+        entry.type = EquationType::File;
         entry.selected = 1;
         entry.method.approx = approx;
         entry.method.approx_val = terms;
@@ -60,7 +60,7 @@ TEST_F(FileLines, AreReadWhenTheyAreSelected) {
     Line(4, 5);
     Line(7, 2);
     functions[7].selected = 0;
-    functions[2].type = 2;
+    functions[2].type = EquationType::Decart;
     functions[2].selected = 1;
     functions[2].workingText = u"no/such/file";
     EXPECT_TRUE(Prepare());

@@ -29,7 +29,7 @@ inline Viewport MakeViewport(double xmin, double xmax, double ymin, double ymax,
 inline FunctionEntry MakeEntry(EquationType type, std::u16string_view text,
                                std::u16string_view yText = {}) {
     FunctionEntry entry;
-    entry.type = static_cast<std::int32_t>(type);
+    entry.type = type;
     entry.color = 1;
     entry.selected = 1;
     entry.text = text;
@@ -58,7 +58,7 @@ struct Size {
 
 inline constexpr Size kExtremeSizes[] = {{0, 0}, {1, 1}, {1, 500}, {240, 268}, {1920, 1080}};
 
-/// Bounds of one axis that no dialog would let pass, and some that it would.
+/// Bounds of one axis: some that the dialogs refuse and some that they accept.
 inline const std::vector<std::pair<double, double>>& ExtremeBounds() {
     constexpr double kInfinity = std::numeric_limits<double>::infinity();
     constexpr double kNan = std::numeric_limits<double>::quiet_NaN();

@@ -98,7 +98,7 @@ TEST(Graph, DrawsSelectedSlotsInOrderAndLeavesTheOthersAlone) {
     functions[0].selected = 0;
     functions[0].samples.resize(3);
     functions[1] = MakeEntry(EquationType::None, u"x");
-    functions[1].type = 77;
+    functions[1].type = static_cast<EquationType>(77);
     functions[2] = MakeEntry(EquationType::Decart, u"x");
     functions[2].color = 5;
     functions[4] = MakeEntry(EquationType::Decart, u"2*x");

@@ -20,7 +20,8 @@ double ValueAt(const CompiledExpression& expression, double x, double y) {
     return EvalError == 0 ? value : UndefinedValue;
 }
 
-/// The method point by point: 3 W + 1 evaluations for each row. Sizes above one pixel only.
+/// The curve computed point by point, with 3 W + 1 evaluations for each row. For pictures of more
+/// than one row and column.
 Mask PlainImplicitPixels(const CompiledExpression& expression, const Viewport& viewport) {
     const ViewWindow& view = viewport.view;
     const std::int32_t width = viewport.ClientWidth;
@@ -99,7 +100,7 @@ TEST(Implicit, HasThePixelsOfThePlainMethod) {
     }
 }
 
-// Pictures of several tiles and bands, so that some are left out.
+// The pictures have several tiles and bands, and bounds prove some of them empty.
 TEST(Implicit, HasThePixelsOfThePlainMethodForRandomExpressions) {
     testing_support::Generator generator(2718);
     const Viewport views[] = {

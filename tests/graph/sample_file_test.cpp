@@ -58,7 +58,7 @@ TEST(FileFunction, DrawsItsPointsAsCircles) {
     EXPECT_TRUE(std::holds_alternative<EllipseRecord>(plot.list.records.front()));
 }
 
-// Points have a formula of their own: by origin and scale they would be on the pixel beside.
+// Points have a formula of their own. Origin and scale would give the neighbouring pixel.
 TEST(FileFunction, PutsItsPointsOnTheirExactPixels) {
     struct Row {
         double low, high;
@@ -119,7 +119,7 @@ TEST(FileFunction, SamplesOneValuePerColumnBetweenTheBounds) {
     EXPECT_EQ(entry.samples[0].x, 5);
 }
 
-// The value itself is held to 2^31 - 1, however large the window is.
+// The value itself must not exceed 2^31 - 1, however large the window is.
 TEST(FileFunction, DrawsNoValuesOf2To31AndMore) {
     const Viewport viewport = MakeViewport(0, 10, -1e12, 1e12, 11, 100);
     const struct {

@@ -51,7 +51,7 @@ TEST(SampleParametric, TakesTheStatusOfXFirst) {
     }
 }
 
-// A running sum, or another order of the same operations, gives the column beside.
+// A running sum, or another order of the same operations, gives the neighbouring column.
 TEST(SampleParametric, TakesItsParametersByMultiplication) {
     const struct {
         double xmin, xmax, minParam, maxParam;

@@ -15,7 +15,7 @@ TEST(LabelOf, GivesTheExactLabels) {
         {-1, u" Y(x)="}, {6, u" Y(x)="},  {std::numeric_limits<std::int32_t>::min(), u" Y(x)="},
     };
     for (const auto& [type, label] : rows)
-        EXPECT_EQ(LabelOf(type), label) << type;
+        EXPECT_EQ(LabelOf(static_cast<EquationType>(type)), label) << type;
 }
 
 // KEEP row: the ninth colour is "Great" and a dark grey.
@@ -57,7 +57,7 @@ TEST(Selection, TogglesAndClears) {
 TEST(ReleaseFunctions, LeavesTheSettings) {
     FunctionList functions;
     FunctionEntry& entry = functions[3];
-    entry.type = 3;
+    entry.type = EquationType::Parametric;
     entry.color = 5;
     entry.selected = 1;
     entry.method.approx_val = 6;
@@ -74,7 +74,7 @@ TEST(ReleaseFunctions, LeavesTheSettings) {
     EXPECT_TRUE(entry.points.y.empty() && entry.pointPixels.empty());
     EXPECT_EQ(entry.compiled[0].program, nullptr);
     EXPECT_EQ(entry.compiled[1].program, nullptr);
-    EXPECT_EQ(entry.type, 3);
+    EXPECT_EQ(entry.type, EquationType::Parametric);
     EXPECT_EQ(entry.color, 5);
     EXPECT_EQ(entry.selected, 1);
     EXPECT_EQ(entry.method.approx_val, 6);

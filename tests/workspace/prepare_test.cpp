@@ -56,7 +56,7 @@ const LineCase kLines[] = {
 TEST(PrepareFunction, TreatsEachTypeItsWay) {
     for (const LineCase& row : kLines) {
         FunctionEntry entry;
-        entry.type = row.type;
+        entry.type = static_cast<EquationType>(row.type);
         entry.selected = row.selected;
         ShownBoxes shown;
         const std::string line(row.line.begin(), row.line.end());
@@ -80,7 +80,7 @@ TEST(PrepareFunction, TreatsEachTypeItsWay) {
 
 TEST(PrepareFunction, CompilesBothHalves) {
     FunctionEntry entry;
-    entry.type = 3;
+    entry.type = EquationType::Parametric;
     entry.selected = 1;
     ASSERT_TRUE(PrepareFunction(entry, 0, u"2x;3x", ShownBoxes().show));
     EXPECT_EQ(EvaluateExpression(entry.compiled[0], 2), 4);
@@ -89,7 +89,7 @@ TEST(PrepareFunction, CompilesBothHalves) {
 
 TEST(PrepareFunction, KeepsTheOlderFormUntilCompiledAgain) {
     FunctionEntry entry;
-    entry.type = 2;
+    entry.type = EquationType::Decart;
     entry.selected = 1;
     ASSERT_TRUE(PrepareFunction(entry, 0, u"2x", ShownBoxes().show));
     EXPECT_FALSE(PrepareFunction(entry, 0, u"3q", ShownBoxes().show));
@@ -104,7 +104,7 @@ TEST(PrepareFunction, KeepsTheOlderFormUntilCompiledAgain) {
 
 TEST(PrepareFunction, ShowsTheTestBoxOfYBeforeThatOfX) {
     FunctionEntry entry;
-    entry.type = 3;
+    entry.type = EquationType::Parametric;
     entry.selected = 1;
     ShownBoxes shown;
     EXPECT_TRUE(PrepareFunction(entry, 0, u"(x)2;(x)3", shown.show));
