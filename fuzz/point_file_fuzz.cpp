@@ -50,8 +50,9 @@ void RunMethod(const kalvex::PointTable& points, const kalvex::ApproxParameters&
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (size < 5) return 0;
-    const kalvex::ApproxParameters parameters{data[0] % 15 - 1, data[1] - 2, data[2] - 2,
-                                              data[3] / 8.0 - 4.0, data[4] / 8.0 - 4.0};
+    const kalvex::ApproxParameters parameters{data[0] % (kalvex::kMethodCount + 2) - 1, data[1] - 2,
+                                              data[2] - 2, data[3] / 8.0 - 4.0,
+                                              data[4] / 8.0 - 4.0};
     const std::string_view text(reinterpret_cast<const char*>(data + 5), size - 5);
     const kalvex::PointFile file = kalvex::ReadPointText(text);
     Require(file.points.x.size() == file.points.y.size());

@@ -1,7 +1,7 @@
 // Both forms are made of the same parts; they differ in the summary and in the indent of the lines.
 #include "analysis/report.h"
 
-#include "base/decimal.h"
+#include "numbers/decimal.h"
 #include "resources/strings.h"
 
 namespace kalvex {

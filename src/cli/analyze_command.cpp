@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 
+#include "analysis/export_files.h"
 #include "analysis/report.h"
 #include "base/encoding.h"
 #include "cli/analyzed_line.h"
@@ -12,7 +13,6 @@
 #include "cli/line_argument.h"
 #include "cli/view_options.h"
 #include "cli/write_file.h"
-#include "workspace/export_files.h"
 
 namespace kalvex {
 namespace {

@@ -7,12 +7,12 @@
 #include <iostream>
 #include <memory>
 
-#include "base/decimal.h"
 #include "base/encoding.h"
 #include "cli/commands.h"
 #include "cli/console.h"
 #include "cli/point_list.h"
 #include "expr/evaluator.h"
+#include "numbers/decimal.h"
 #include "resources/strings.h"
 
 namespace kalvex {

@@ -15,7 +15,7 @@ struct LineArgument {
 };
 
 /// Types: polar, decart, parametric, file, implicit. Keys: color (1 to 9 or a colour's menu word),
-/// approx (0 to 12), approx_val, approx_val2, beta1, beta2. The colour is `defaultColor` when not
+/// the fields of ApproxParameters by their stored names. The colour is `defaultColor` when not
 /// given.
 LineArgument ParseLineArgument(std::string_view argument, std::int32_t defaultColor);
 

@@ -3,10 +3,10 @@
 #include <CLI/CLI.hpp>
 #include <memory>
 
-#include "base/decimal.h"
 #include "cli/commands.h"
 #include "cli/console.h"
 #include "cli/point_table.h"
+#include "numbers/decimal.h"
 #include "resources/strings.h"
 
 namespace kalvex {

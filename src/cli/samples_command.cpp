@@ -3,12 +3,12 @@
 #include <CLI/CLI.hpp>
 #include <memory>
 
-#include "base/decimal.h"
 #include "base/encoding.h"
 #include "cli/commands.h"
 #include "cli/console.h"
 #include "cli/line_argument.h"
 #include "cli/view_options.h"
+#include "numbers/decimal.h"
 #include "resources/strings.h"
 
 namespace kalvex {

@@ -13,6 +13,7 @@
 #include "cli/number_argument.h"
 #include "graph/auto_zoom.h"
 #include "graph/file_lines.h"
+#include "graph/graph.h"
 #include "workspace/function_list.h"
 
 namespace kalvex {

@@ -6,7 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "graph/graph.h"
+#include "graph/draw_list.h"
+#include "graph/graph_state.h"
 #include "workspace/function_entry.h"
 #include "workspace/options.h"
 

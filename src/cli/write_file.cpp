@@ -5,7 +5,7 @@
 #include <QString>
 #include <cstdio>
 
-#include "workspace/complete_file.h"
+#include "settings/complete_file.h"
 
 namespace kalvex {
 

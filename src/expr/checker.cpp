@@ -8,9 +8,9 @@
 #include <array>
 #include <cstddef>
 
-#include "base/decimal.h"
 #include "expr/names.h"
 #include "expr/shape_tokens.h"
+#include "numbers/decimal.h"
 #include "resources/strings.h"
 
 namespace kalvex {

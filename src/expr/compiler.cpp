@@ -15,9 +15,9 @@
 #include <string_view>
 #include <vector>
 
-#include "base/decimal.h"
 #include "expr/evaluator.h"
 #include "expr/program.h"
+#include "numbers/decimal.h"
 
 namespace kalvex {
 namespace {

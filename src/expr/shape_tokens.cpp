@@ -9,8 +9,8 @@
 #include <iterator>
 #include <span>
 
-#include "base/decimal.h"
 #include "expr/names.h"
+#include "numbers/decimal.h"
 
 namespace kalvex {
 namespace {

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "base/encoding.h"
+#include "interp/method_table.h"
 #include "interp/point_file.h"
 #include "resources/strings.h"
 
@@ -18,25 +19,16 @@ MessageBox WarningBox(std::u16string text) {
 }
 
 bool ReadPoints(FunctionEntry& entry) {
-    entry.points.clear();
-    const PointFile file = ReadPointFile(ToUtf8(entry.workingText));
-    if (file.error != PointFileError::None) return false;
-    entry.points.resize(file.points.x.size());
-    for (std::size_t i = 0; i < entry.points.size(); ++i) {
-        entry.points[i].x = file.points.x[i];
-        entry.points[i].y = file.points.y[i];
-    }
-    return true;
+    entry.pointPixels = {};
+    PointFile file = ReadPointFile(ToUtf8(entry.workingText));
+    entry.points = std::move(file.points);
+    return file.error == PointFileError::None;
 }
 
 }  // namespace
 
 bool IsSelectedFile(const FunctionEntry& entry) {
     return entry.selected == 1 && entry.type == static_cast<std::int32_t>(EquationType::File);
-}
-
-ApproxParameters ParametersOf(const FunctionEntry& entry) {
-    return {entry.approx, entry.approx_val, entry.approx_val2, entry.beta1, entry.beta2};
 }
 
 bool ReadPointFiles(FunctionList& functions) {
@@ -46,9 +38,15 @@ bool ReadPointFiles(FunctionList& functions) {
 }
 
 bool HasGoodTermCount(const ApproxParameters& parameters, std::size_t points) {
-    if (parameters.approx != static_cast<std::int32_t>(ApproxMethod::LeastSquares)) return true;
-    // KEEP: as many terms as points pass, although the message asks for fewer.
-    return parameters.approx_val >= 1 && static_cast<std::size_t>(parameters.approx_val) <= points;
+    const MethodRow* const row = FindMethod(parameters.approx);
+    if (row == nullptr) return true;
+    const auto isGood = [&](const MethodParameter& parameter) {
+        if (parameter.kind != ParameterKind::Terms) return true;
+        const std::int32_t terms = parameters.*parameter.whole;
+        // KEEP: as many terms as points pass, although the message asks for fewer.
+        return terms >= 1 && static_cast<std::size_t>(terms) <= points;
+    };
+    return std::all_of(row->form.parameters.begin(), row->form.parameters.end(), isGood);
 }
 
 MessageBox TermCountBox(int function) {
@@ -58,7 +56,7 @@ MessageBox TermCountBox(int function) {
 bool CheckTermCounts(const FunctionList& functions, const ShowMessage& show) {
     for (int slot = 0; slot < kSlotCount; ++slot) {
         const FunctionEntry& entry = functions[static_cast<std::size_t>(slot)];
-        const bool good = HasGoodTermCount(ParametersOf(entry), entry.points.size());
+        const bool good = HasGoodTermCount(entry.method, CountOf(entry.points));
         if (!IsSelectedFile(entry) || good) continue;
         show(TermCountBox(slot + 1));
         return false;
@@ -69,7 +67,7 @@ bool CheckTermCounts(const FunctionList& functions, const ShowMessage& show) {
 bool ConfirmManyLines(const FunctionList& functions, const ShowMessage& show) {
     bool confirmed = true;
     for (const FunctionEntry& entry : functions) {
-        if (!IsSelectedFile(entry) || entry.points.size() <= kManyPoints) continue;
+        if (!IsSelectedFile(entry) || CountOf(entry.points) <= kManyPoints) continue;
         // KEEP: the others are still asked about after a No.
         const MessageAnswer answer = show({std::u16string(Text(StringId::Warning)),
                                            FillIn(Text(StringId::ManyLines), {entry.text}),

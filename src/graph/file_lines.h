@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/message_box.h"
-#include "interp/approximation.h"
+#include "interp/approx_parameters.h"
 #include "workspace/function_entry.h"
 
 namespace kalvex {
@@ -10,15 +10,13 @@ namespace kalvex {
 /// A selected line of type File.
 bool IsSelectedFile(const FunctionEntry& entry);
 
-/// Method and parameters as the entry keeps them.
-ApproxParameters ParametersOf(const FunctionEntry& entry);
-
 /// Reads the point tables of the selected File lines afresh from the paths in their working texts,
 /// in slot order. The first file that cannot be read ends it with false; its own table is then
 /// empty, those read before stay.
 bool ReadPointFiles(FunctionList& functions);
 
-/// Whether least squares may have this number of terms; every other method takes any.
+/// Whether a method that asks for a number of terms may have its one with this many points. Methods
+/// that ask for none take any.
 bool HasGoodTermCount(const ApproxParameters& parameters, std::size_t points);
 
 /// Message 79 about a function of a number from 1.

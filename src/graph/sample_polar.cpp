@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "base/truncate.h"
 #include "graph/curves.h"
+#include "numbers/truncate.h"
 
 namespace kalvex {
 namespace {

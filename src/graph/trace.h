@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "graph/graph.h"
+#include "graph/graph_state.h"
 
 namespace kalvex {
 

@@ -12,18 +12,11 @@
 #include <type_traits>
 #include <utility>
 
-#include "base/decimal.h"
-#include "specfun/precision/double_double.h"
+#include "numbers/decimal.h"
+#include "numbers/double_double.h"
 
 namespace kalvex {
 namespace {
-
-using specfun::Add;
-using specfun::Divide;
-using specfun::DoubleDouble;
-using specfun::Multiply;
-using specfun::Subtract;
-using specfun::ToDouble;
 
 constexpr std::string_view kRoutine = "LEAST_SET";
 /// Of one point for one term, nanoseconds, and how often all terms are gone through.

@@ -5,7 +5,7 @@
 #include <QtEndian>
 #include <cstdint>
 
-#include "workspace/complete_file.h"
+#include "settings/complete_file.h"
 
 namespace kalvex {
 namespace {

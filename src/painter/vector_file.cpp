@@ -8,7 +8,7 @@
 #include <QSvgGenerator>
 
 #include "painter/vector_play.h"
-#include "workspace/complete_file.h"
+#include "settings/complete_file.h"
 
 namespace kalvex {
 namespace {

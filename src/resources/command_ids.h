@@ -125,6 +125,4 @@ enum class CommandId : int {
     ReportToFile,
 };
 
-inline constexpr int kMethodCount = 13;
-
 }  // namespace kalvex

@@ -1,6 +1,7 @@
-// Each menu is written down as it reads.
+// Each menu is written down as it reads, but for that of the methods, which is made of their table.
 #include "resources/menus.h"
 
+#include "resources/methods.h"
 #include "resources/strings.h"
 
 namespace kalvex {
@@ -28,35 +29,24 @@ Menu TypeMenu() {
     };
 }
 
-Menu OverhauserMenu() {
-    return {
-        {CommandId::OverhauserNonuniform, u"nonuniform spline", {}},
-        {CommandId::OverhauserUniform, u"uniform spline", {}},
-        {CommandId::Overhauser, u"Overhauser spline", {}},
-    };
+StringId WordOf(MethodSubmenu submenu) {
+    return submenu == MethodSubmenu::Overhauser ? StringId::OverhauserMenu
+                                                : StringId::PiecewiseMenu;
 }
 
-Menu PiecewiseMenu() {
-    return {
-        {CommandId::ConstantSpline, u"constant spline", {}},
-        {CommandId::LinearSpline, u"linear spline", {}},
-        {CommandId::QuadraticSpline, u"quadratic spline", {}},
-        {CommandId::CubicSpline, u"cubic spline", {}},
-        {CommandId::CubicHermite, u"cubic Hermite", {}},
-    };
-}
-
+/// A submenu stands at the place of its first method.
 Menu ApproxMenu() {
-    return {
-        {CommandId::LeastSquares, u"Least squares polyn.", {}},
-        {CommandId::DividedDifferences, u"Divided differ. polyn.", {}},
-        {CommandId::BSplines, u"B splines", {}},
-        {CommandId::BetaSplines, u"Beta splines", {}},
-        {CommandId::None, u"Overhauser spline", OverhauserMenu()},
-        {CommandId::None, u"Piecewise", PiecewiseMenu()},
-        // KEEP: the menu word is spelled so.
-        {CommandId::Lagrange, u"Largange", {}},
-    };
+    Menu menu;
+    MethodSubmenu open = MethodSubmenu::None;
+    for (const MethodChoice& choice : kMethods) {
+        const bool inside = choice.submenu != MethodSubmenu::None;
+        if (inside && choice.submenu != open)
+            menu.push_back({CommandId::None, Text(WordOf(choice.submenu)), {}});
+        open = choice.submenu;
+        Menu& place = inside ? menu.back().children : menu;
+        place.push_back({choice.command, Text(choice.word), {}});
+    }
+    return menu;
 }
 
 Menu ZoomMenu() {

@@ -240,6 +240,25 @@ constexpr Entry kTable[] = {
      u"Free software under the GNU General Public License, version 3 or later."},
     {StringId::AboutPicture, u"The Kalvex icon: a curve through the origin"},
     {StringId::AboutOk, u"OK"},
+    {StringId::TermsCaption, u"Terms:"},
+    {StringId::LeftBoundary, u"Left boundary:"},
+    {StringId::RightBoundary, u"Right boundary:"},
+    {StringId::MethodLeastSquares, u"Least squares polyn."},
+    {StringId::MethodDividedDifferences, u"Divided differ. polyn."},
+    {StringId::MethodBSplines, u"B splines"},
+    {StringId::MethodBetaSplines, u"Beta splines"},
+    {StringId::MethodOverhauserNonuniform, u"nonuniform spline"},
+    {StringId::MethodOverhauserUniform, u"uniform spline"},
+    {StringId::MethodOverhauser, u"Overhauser spline"},
+    {StringId::MethodConstantSpline, u"constant spline"},
+    {StringId::MethodLinearSpline, u"linear spline"},
+    {StringId::MethodQuadraticSpline, u"quadratic spline"},
+    {StringId::MethodCubicSpline, u"cubic spline"},
+    {StringId::MethodCubicHermite, u"cubic Hermite"},
+    // KEEP: the menu word is spelled so.
+    {StringId::MethodLagrange, u"Largange"},
+    {StringId::OverhauserMenu, u"Overhauser spline"},
+    {StringId::PiecewiseMenu, u"Piecewise"},
 };
 
 }  // namespace

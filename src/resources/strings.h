@@ -193,6 +193,28 @@ enum class StringId : std::int32_t {
     AboutLicence = 1276,
     AboutPicture = 1277,
     AboutOk = 1278,
+
+    // Captions of the dialogs of the methods.
+    TermsCaption = 1322,
+    LeftBoundary = 1323,
+    RightBoundary = 1324,
+
+    // The methods in the menu.
+    MethodLeastSquares = 1520,
+    MethodDividedDifferences = 1521,
+    MethodBSplines = 1522,
+    MethodBetaSplines = 1523,
+    MethodOverhauserNonuniform = 1524,
+    MethodOverhauserUniform = 1525,
+    MethodOverhauser = 1526,
+    MethodConstantSpline = 1527,
+    MethodLinearSpline = 1528,
+    MethodQuadraticSpline = 1529,
+    MethodCubicSpline = 1530,
+    MethodCubicHermite = 1531,
+    MethodLagrange = 1532,
+    OverhauserMenu = 1533,
+    PiecewiseMenu = 1534,
 };
 
 /// The text of a number; empty for a number that the table does not hold.

@@ -9,19 +9,19 @@
 #include <cstdio>
 #include <utility>
 
+#include "commands/draw_flow.h"
 #include "graph/approx_failure.h"
 #include "graph/pick.h"
 #include "resources/platform.h"
 #include "resources/strings.h"
+#include "settings/settings.h"
 #include "ui/dialogs/calculator_dialog.h"
 #include "ui/dialogs/options_dialog.h"
-#include "ui/draw_flow.h"
 #include "ui/editor/point_file_dialog.h"
 #include "ui/graph/graph_canvas.h"
 #include "ui/graph/picture_export.h"
 #include "ui/parts/qt_text.h"
 #include "ui/report/analysis_flow.h"
-#include "workspace/settings.h"
 
 namespace kalvex {
 namespace {

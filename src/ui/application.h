@@ -7,13 +7,13 @@
 
 #include "analysis/analysis.h"
 #include "base/message_box.h"
-#include "graph/graph.h"
+#include "commands/calculator_history.h"
+#include "graph/graph_state.h"
+#include "settings/registry.h"
 #include "ui/editor/editor_window.h"
 #include "ui/graph/graph_window.h"
 #include "ui/single_instance.h"
 #include "ui/window_state.h"
-#include "workspace/calculator_history.h"
-#include "workspace/registry.h"
 #include "workspace/workspace.h"
 
 namespace kalvex {

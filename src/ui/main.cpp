@@ -2,6 +2,7 @@
 // ends only when somebody says so.
 #include <QApplication>
 
+#include "settings/registry_file.h"
 #include "ui/application.h"
 #include "ui/graph/picture_export.h"
 #include "ui/parts/message_window.h"
@@ -9,7 +10,6 @@
 #include "ui/program_icon.h"
 #include "ui/terminate_signal.h"
 #include "workspace/function_list.h"
-#include "workspace/registry_file.h"
 
 int main(int argc, char** argv) {
     using namespace kalvex;

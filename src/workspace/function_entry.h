@@ -7,6 +7,8 @@
 #include <vector>
 
 #include "expr/evaluator.h"
+#include "interp/approx_parameters.h"
+#include "interp/point_table.h"
 
 namespace kalvex {
 
@@ -30,25 +32,25 @@ struct CurveSample {
     std::int32_t status = 0;  ///< EvalError code of the sample, 0 when it is good
 };
 
-/// A row of a point table; the layout of a sample, of which only x and y are read from the file.
-using PointRecord = CurveSample;
+/// The pixel of a point, the centre of its circle; logical pixels.
+struct PointPixel {
+    std::int32_t column = 0;
+    std::int32_t row = 0;
+};
 
 /// One function line. Compiled forms: index 0 is the expression (of `Parametric`: X), 1 is Y.
 struct FunctionEntry {
-    std::int32_t type = 0;    ///< an EquationType as stored; other numbers are kept, never drawn
-    std::int32_t color = 0;   ///< 1..9, index into the colour table
-    std::int32_t approx = 0;  ///< approximation method 0..12
-    std::u16string text;      ///< the line as typed; of a File its name without the path
+    std::int32_t type = 0;   ///< an EquationType as stored; other numbers are kept, never drawn
+    std::int32_t color = 0;  ///< 1..9, index into the colour table
+    std::u16string text;     ///< the line as typed; of a File its name without the path
     std::u16string workingText;
     std::u16string yText;
     std::array<CompiledExpression, 2> compiled;
     std::vector<CurveSample> samples;
     std::uint8_t selected = 0;
-    std::vector<PointRecord> points;
-    std::int32_t approx_val = 1;
-    std::int32_t approx_val2 = 0;
-    double beta1 = 1.0;
-    double beta2 = 0.0;
+    PointTable points;                    ///< of a File
+    std::vector<PointPixel> pointPixels;  ///< one per point, from the last redraw
+    ApproxParameters method;              ///< of a File
 };
 
 inline constexpr int kSlotCount = 9;

@@ -45,6 +45,7 @@ void ReleaseFunctions(FunctionList& functions) {
             FreeExpression(expression);
         entry.samples = {};
         entry.points = {};
+        entry.pointPixels = {};
     }
 }
 

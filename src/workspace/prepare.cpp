@@ -1,11 +1,10 @@
-// A line on its way to the graph: the text is copied, a selected line's expressions are normalised,
-// checked and compiled one after the other, and the line goes to the store. The first thing that
-// fails ends everything, so an entry may keep the compiled form of an earlier Draw.
+// A line on its way to the graph: the text is copied, and a selected line's expressions are
+// normalised, checked and compiled one after the other. The first failure ends it, so an entry may
+// keep the compiled form of an earlier Draw.
 #include "expr/checker.h"
 #include "expr/normaliser.h"
 #include "resources/strings.h"
 #include "workspace/function_list.h"
-#include "workspace/settings.h"
 
 namespace kalvex {
 namespace {
@@ -77,18 +76,6 @@ bool PrepareFunction(FunctionEntry& entry, int slot, std::u16string_view line,
         // Paths of a desktop have slashes; a name never holds either sign.
         const std::size_t last = entry.workingText.find_last_of(u"\\/");
         if (last != entry.workingText.npos) entry.text = entry.workingText.substr(last + 1);
-    }
-    return true;
-}
-
-bool PrepareFunctions(FunctionList& functions, const EditorLines& lines, const Registry& registry,
-                      const ShowMessage& show) {
-    for (int slot = 0; slot < kSlotCount; ++slot) {
-        const auto index = static_cast<std::size_t>(slot);
-        if (!PrepareFunction(functions[index], slot, lines[index], show) ||
-            !StoreFunctionText(registry, slot, lines[index])) {
-            return false;
-        }
     }
     return true;
 }

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "cli/tool_expect.h"
+#include "resources/methods.h"
 
 namespace kalvex {
 namespace {
@@ -129,7 +130,7 @@ TEST(Tool, AnswersWrongUsageWithTwo) {
         {"samples", "decart:x", "decart:x"},
         {"interpolate", "points.txt"},
         {"interpolate", "--method", "8"},
-        {"interpolate", "--method", "13", "points.txt"},
+        {"interpolate", "--method", std::to_string(kMethodCount), "points.txt"},
         {"interpolate", "--method", "-1", "points.txt"},
         {"interpolate", "--method", "1.5", "points.txt"},
         {"interpolate", "--method", "8", "--at", "a", "points.txt"},

@@ -145,14 +145,12 @@ TEST(Graph, PlacesTheCursorOnTheMiddleSample) {
     Draw(state, functions, PlainOptions());
     EXPECT_EQ(state.trace.index, 120);
     EXPECT_EQ(state.trace.pixel, PixelPoint{});
-    EXPECT_NE(state.trace.status, 0);
     functions[0] = MakeEntry(EquationType::Decart, u"x");
     state.mode = GraphMode::Box;
     Draw(state, functions, PlainOptions());
-    EXPECT_NE(state.trace.status, 0) << "a pick keeps its cursor";
+    EXPECT_EQ(state.trace.pixel, PixelPoint{}) << "a pick keeps its cursor";
     state.mode = GraphMode::Normal;
     Draw(state, functions, PlainOptions());
-    EXPECT_EQ(state.trace.status, 0);
     EXPECT_EQ(state.trace.pixel,
               (PixelPoint{functions[0].samples[120].column, functions[0].samples[120].row}));
 }
@@ -204,11 +202,10 @@ TEST(Graph, SurvivesEverySize) {
 /// A File line with as many points on y = x as are asked for.
 FunctionEntry FileEntry(int points, std::int32_t approx) {
     FunctionEntry entry = MakeEntry(EquationType::File, u"a.txt");
-    entry.approx = approx;
-    entry.points.resize(static_cast<std::size_t>(points));
+    entry.method.approx = approx;
     for (int i = 0; i < points; ++i)
-        entry.points[static_cast<std::size_t>(i)].x = entry.points[static_cast<std::size_t>(i)].y =
-            i;
+        entry.points.x.push_back(i);
+    entry.points.y = entry.points.x;
     return entry;
 }
 
@@ -240,8 +237,8 @@ TEST(Graph, TellsWhichMethodsFailedInTheLastRedraw) {
         EXPECT_EQ(state.approxFailures[0].diagnostic.reason, StringId::QuadraticEven);
         EXPECT_EQ(state.approxFailures[1].slot, 8);
     }
-    EXPECT_EQ(state.trace.status, 1000);
-    functions[1].approx = functions[8].approx = 8;
+    EXPECT_EQ(functions[8].samples[static_cast<std::size_t>(state.trace.index)].status, 1000);
+    functions[1].method.approx = functions[8].method.approx = 8;
     Draw(state, functions, PlainOptions());
     EXPECT_TRUE(state.approxFailures.empty());
 }
@@ -250,8 +247,8 @@ TEST(Graph, TellsTheProgressOfALongFileLineAndStopsIt) {
     GraphState state = StateOf(MakeViewport(-10, 10, -10, 10));
     FunctionList functions;
     functions[0] = FileEntry(3000, 12);
-    for (PointRecord& point : functions[0].points)
-        point.x = 9 * std::cos(point.x / 1000);
+    for (double& x : functions[0].points.x)
+        x = 9 * std::cos(x / 1000);
     std::int32_t next = 0;
     int calls = 0;
     const auto progress = [&](const ProgressStretch& stretch) {

@@ -50,6 +50,28 @@ TEST(SampleParametric, TakesTheStatusOfXFirst) {
     }
 }
 
+// A running sum, or another order of the same operations, gives the column beside.
+TEST(SampleParametric, TakesItsParametersByMultiplication) {
+    const struct {
+        double xmin, xmax, minParam, maxParam;
+        std::int32_t width;
+        std::size_t index;
+        double parameter;
+        std::int32_t column;
+    } rows[] = {
+        {2.0, 9.0, -5.0, 11.0, 300, 154, 3.2133333333333347, 52},
+        {-3.9, 9.1, -6.0, 0.6, 640, 570, -0.12187500000000107, 185},
+    };
+    for (const auto& row : rows) {
+        FunctionEntry entry = MakeEntry(EquationType::Parametric, u"x", u"1");
+        DrawList list;
+        PlotParametric(entry, MakeViewport(row.xmin, row.xmax, -10, 10, row.width), row.minParam,
+                       row.maxParam, Pen{}, list);
+        EXPECT_EQ(entry.samples[row.index].parameter, row.parameter) << row.xmin;
+        EXPECT_EQ(entry.samples[row.index].column, row.column) << row.xmin;
+    }
+}
+
 TEST(SampleParametric, SurvivesEveryWindowAndRange) {
     for (const auto& [low, high] : fixtures::ExtremeBounds())
         for (const auto& size : fixtures::kExtremeSizes) {

@@ -2,10 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "base/decimal.h"
 #include "base/encoding.h"
 #include "expr/eval_error.h"
 #include "graph_fixtures.h"
+#include "numbers/decimal.h"
 
 namespace kalvex {
 namespace {
@@ -62,6 +62,14 @@ TEST(TraceTexts, ShowErrorsWhereAQuotientIsNone) {
         EXPECT_EQ(TraceTexts(WithSamples(EquationType::Polar, {before, at}), 1, true).back(),
                   u"dy/dx: error\ndx/dT: error\ndy/dT: error");
     }
+    // With X undefined and Y defined all three quotients would have finite values.
+    const std::pair<CurveSample, CurveSample> halves[] = {
+        {{0, 0, kUndefined, 3, 0, 3}, {0, 0, 2, 4, 1, 0}},
+        {{0, 0, 1, 3, 0, 0}, {0, 0, kUndefined, 4, 1, 3}},
+    };
+    for (const auto& [before, at] : halves)
+        EXPECT_EQ(TraceTexts(WithSamples(EquationType::Parametric, {before, at}), 1, true).back(),
+                  u"dy/dx: error\ndx/dT: error\ndy/dT: error");
     const FunctionEntry still =
         WithSamples(EquationType::Parametric, {{0, 0, 1, 2, 3, 0}, {0, 0, 4, 5, 3, 0}});
     EXPECT_EQ(TraceTexts(still, 1, true).back(), u"dy/dx: error\ndx/dT: error\ndy/dT: error");

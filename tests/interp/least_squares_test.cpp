@@ -82,6 +82,20 @@ TEST(LeastSquares, NamesItsFatalConditionsWithABoxForEach) {
               "  but weight 3\n  is -0.5\n");
     EXPECT_EQ(Text(*weight->box), u"LEAST_SET - Fatal error!\n");
     EXPECT_EQ(weight->reason, StringId::LeastSquaresWeights);
+    const Failure both = LEAST_SET(Numbers{1, 2, 1}, Numbers{1, 2, 3}, weights, 3, fit, work);
+    EXPECT_EQ(both->reason, StringId::LeastSquaresDistinct) << "the x are looked at first";
+    EXPECT_TRUE(fit.D.empty());
+}
+
+// With both conditions unmet, the number of distinct abscissas is the one that is told.
+TEST(LeastSquares, ChecksTheAbscissasBeforeTheWeights) {
+    Work work;
+    LeastSquaresFit fit;
+    const Failure failure =
+        LEAST_SET(Numbers{1, 1, 2}, Numbers{1, 2, 3}, Numbers{1, -1, 1}, 3, fit, work);
+    ASSERT_TRUE(failure);
+    EXPECT_EQ(failure->reason, StringId::LeastSquaresDistinct);
+    EXPECT_EQ(failure->box, StringId::LeastSetFailed);
     EXPECT_TRUE(fit.D.empty());
 }
 

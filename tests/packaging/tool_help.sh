@@ -17,6 +17,14 @@ tool_options() {
   "$tool" "$@" --help | awk '/^  -/ { gsub(",", "\n", $1); print $1 }'
 }
 
+# How many methods the tool has, by the help of interpolate: "The method, 0 to 12, ...".
+tool_methods() {
+  local last
+  last=$("$tool" interpolate --help | grep -oE 'method, 0 to [0-9]+' | grep -oE '[0-9]+$') ||
+    fail "methods not found in the help of interpolate"
+  echo $((last + 1))
+}
+
 # A help that is read wrongly would make every test pass.
 expect_readable_help() {
   local name

@@ -5,8 +5,8 @@
 #include <limits>
 #include <numbers>
 
+#include "numbers/double_double.h"
 #include "specfun/airy/turns.h"
-#include "specfun/precision/double_double.h"
 #include "specfun/specfun.h"
 
 namespace kalvex::specfun {

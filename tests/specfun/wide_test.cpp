@@ -4,9 +4,9 @@
 #include <cmath>
 #include <random>
 
+#include "numbers/wide_functions.h"
 #include "specfun/hypergeometric/wide_sum.h"
 #include "specfun/hypergeometric/wide_value.h"
-#include "specfun/precision/wide_functions.h"
 
 namespace kalvex::specfun {
 namespace {

@@ -118,6 +118,26 @@ class GraphModesTest final : public QObject {
         QCOMPARE(program.Title(), QString("Kalvex"));
         QTRY_VERIFY(program.Canvas().RedrawCount() > count);
     }
+    void BoxModeLastsUntilTheRefusalIsAnswered() {
+        ModesProgram program;
+        QStringList seen;
+        program.application.show = [&](const MessageBox&) {
+            // A new size while the box is open makes the window show its mode again.
+            const int count = program.Canvas().RedrawCount();
+            program.Graph().resize(program.Graph().width() - 20, program.Graph().height() - 20);
+            const auto isRedrawn = [&] { return program.Canvas().RedrawCount() > count; };
+            if (!QTest::qWaitFor(isRedrawn)) seen << "not drawn again";
+            seen << program.Title() << program.LeftKey()->text();
+            return MessageAnswer::Ok;
+        };
+        program.Open({{2, "x"}});
+        program.Choose(CommandId::ZoomBox);
+        program.Tap(QPoint(10, 50));
+        program.Tap(QPoint(90, 50));
+        QCOMPARE(seen, QStringList({"Choose Second point", "Escape"}));
+        QCOMPARE(program.Title(), QString("Kalvex"));
+        QCOMPARE(program.LeftKey()->text(), QString("Menu"));
+    }
     void BoxByKeysAlone() {
         ModesProgram program;
         program.Open({{2, "x"}});

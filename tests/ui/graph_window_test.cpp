@@ -327,7 +327,7 @@ class GraphWindowTest final : public QObject {
         file.write("0 1\n1 2\n2 0\n3 1\n");
         file.close();
         program.Entry(1).type = 4;
-        program.Entry(1).approx = 9;
+        program.Entry(1).method.approx = 9;
         program.Entry(2).type = 5;
         program.Entry(1).selected = program.Entry(2).selected = 1;
         program.Editor().ShowLines();

@@ -10,6 +10,7 @@
 #include "expr/names.h"
 #include "resources/edit_popup.h"
 #include "resources/menus.h"
+#include "resources/methods.h"
 #include "resources/short_cuts.h"
 #include "resources/strings.h"
 #include "ui/parts/qt_text.h"

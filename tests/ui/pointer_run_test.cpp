@@ -255,7 +255,7 @@ class PointerRunTest final : public QObject {
         QVERIFY(p.IsInFront("editor"));
         QCOMPARE(p.Line(5)->text(), p.folder.filePath("result.kx"));
         p.ChooseInMenu(CommandId::LinearSpline);
-        QCOMPARE(p.Entry(5).approx, 8);
+        QCOMPARE(p.Entry(5).method.approx, 8);
         p.DoubleTap(p.Label(5));
         p.TapKey("actionKey");
         QVERIFY(p.IsInFront("graph"));

@@ -9,13 +9,13 @@
 #include <QTest>
 
 #include "resources/strings.h"
+#include "settings/faulty_registry.h"
 #include "ui/application.h"
 #include "ui/editor/line_edit.h"
 #include "ui/editor/line_label.h"
 #include "ui/graph/graph_canvas.h"
 #include "ui/parts/bottom_bar.h"
 #include "ui/parts/qt_text.h"
-#include "workspace/faulty_registry.h"
 
 namespace kalvex {
 

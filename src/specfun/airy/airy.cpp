@@ -5,11 +5,11 @@
 #include <cmath>
 #include <cstddef>
 
+#include "numbers/double_double.h"
 #include "specfun/airy/airy_coefficients.h"
 #include "specfun/airy/roots.h"
 #include "specfun/airy/wave.h"
 #include "specfun/polynomial.h"
-#include "specfun/precision/double_double.h"
 #include "specfun/specfun.h"
 
 namespace kalvex::specfun {

@@ -6,7 +6,7 @@
 
 #include <cmath>
 
-#include "base/truncate.h"
+#include "numbers/truncate.h"
 #include "specfun/airy/airy_pair_table.h"
 
 namespace kalvex::specfun {

@@ -2,7 +2,7 @@
 // Bessel functions need them.
 #pragma once
 
-#include "specfun/precision/extended.h"
+#include "numbers/extended.h"
 
 namespace kalvex::specfun {
 

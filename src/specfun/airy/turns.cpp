@@ -13,7 +13,7 @@
 #include <cmath>
 #include <cstdint>
 
-#include "base/truncate.h"
+#include "numbers/truncate.h"
 #include "specfun/airy/turns_table.h"
 
 namespace kalvex::specfun {

@@ -5,12 +5,12 @@
 
 #include <cmath>
 
-#include "base/truncate.h"
+#include "numbers/double_double.h"
+#include "numbers/truncate.h"
 #include "specfun/airy/airy_coefficients.h"
 #include "specfun/airy/roots.h"
 #include "specfun/airy/turns.h"
 #include "specfun/polynomial.h"
-#include "specfun/precision/double_double.h"
 
 namespace kalvex::specfun {
 namespace {

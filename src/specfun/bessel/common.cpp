@@ -8,7 +8,7 @@
 #include <cmath>
 #include <iterator>
 
-#include "base/truncate.h"
+#include "numbers/truncate.h"
 
 namespace kalvex::specfun {
 namespace {

@@ -4,7 +4,7 @@
 // doubles, a power of two is kept apart.
 #pragma once
 
-#include "specfun/precision/extended.h"
+#include "numbers/extended.h"
 
 namespace kalvex::specfun {
 

@@ -13,7 +13,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "base/truncate.h"
+#include "numbers/truncate.h"
 #include "specfun/bessel/oscillating.h"
 
 namespace kalvex::specfun {

@@ -6,7 +6,7 @@
 // (Goldstein and Thaler, 1959).
 #include <cmath>
 
-#include "base/truncate.h"
+#include "numbers/truncate.h"
 #include "specfun/bessel/oscillating.h"
 
 namespace kalvex::specfun {

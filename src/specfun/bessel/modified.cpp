@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "base/truncate.h"
+#include "numbers/truncate.h"
 #include "specfun/bessel/large_order_coefficients.h"
 
 namespace kalvex::specfun {

@@ -10,9 +10,9 @@
 #include <cmath>
 #include <limits>
 
+#include "numbers/double_double.h"
+#include "numbers/quick_log_exp.h"
 #include "specfun/gamma/stirling.h"
-#include "specfun/precision/double_double.h"
-#include "specfun/precision/quick_log_exp.h"
 #include "specfun/specfun.h"
 
 namespace kalvex::specfun {

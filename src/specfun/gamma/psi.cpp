@@ -5,10 +5,10 @@
 #include <cmath>
 #include <limits>
 
+#include "numbers/double_double.h"
+#include "numbers/quick_log_exp.h"
 #include "specfun/gamma/psi_pieces.h"
 #include "specfun/piecewise.h"
-#include "specfun/precision/double_double.h"
-#include "specfun/precision/quick_log_exp.h"
 #include "specfun/specfun.h"
 
 namespace kalvex::specfun {

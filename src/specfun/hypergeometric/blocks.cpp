@@ -8,6 +8,8 @@
 namespace kalvex::specfun {
 namespace {
 
+using specfun::InAllLanes;
+
 template <typename Unit>
 using LaneWalker = WalkerOf<LanesOf<Unit>, 2>;
 

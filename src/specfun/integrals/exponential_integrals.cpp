@@ -7,11 +7,11 @@
 #include <cmath>
 #include <limits>
 
+#include "numbers/quick_log_exp.h"
 #include "specfun/integrals/exponential_pieces.h"
 #include "specfun/integrals/hyperbolic_pieces.h"
 #include "specfun/integrals/integral_series.h"
 #include "specfun/piecewise.h"
-#include "specfun/precision/quick_log_exp.h"
 #include "specfun/specfun.h"
 
 namespace kalvex::specfun {

@@ -7,11 +7,11 @@
 // power series (DLMF 7.6.4, 7.6.6). Sums are pairs of doubles and are rounded once.
 #include <cmath>
 
-#include "base/truncate.h"
+#include "numbers/double_double.h"
+#include "numbers/truncate.h"
 #include "specfun/integrals/fresnel_pieces.h"
 #include "specfun/integrals/turning.h"
 #include "specfun/piecewise.h"
-#include "specfun/precision/double_double.h"
 #include "specfun/specfun.h"
 
 namespace kalvex::specfun {

@@ -2,8 +2,8 @@
 // with q = x^2 the latter (DLMF 6.6.5, 6.6.6).
 #pragma once
 
-#include "specfun/precision/double_double.h"
-#include "specfun/precision/quick_log_exp.h"
+#include "numbers/double_double.h"
+#include "numbers/quick_log_exp.h"
 
 namespace kalvex::specfun {
 

@@ -7,11 +7,11 @@
 #include <cmath>
 #include <limits>
 
+#include "numbers/double_double.h"
 #include "specfun/integrals/integral_series.h"
 #include "specfun/integrals/trigonometric_pieces.h"
 #include "specfun/integrals/turning.h"
 #include "specfun/piecewise.h"
-#include "specfun/precision/double_double.h"
 #include "specfun/specfun.h"
 
 namespace kalvex::specfun {

@@ -7,7 +7,7 @@
 
 #include <cmath>
 
-#include "base/truncate.h"
+#include "numbers/truncate.h"
 
 namespace kalvex::specfun {
 namespace {

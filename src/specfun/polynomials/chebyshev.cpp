@@ -10,10 +10,10 @@
 // accuracy near x = 0. Beyond x = 1 the same with hyperbolic functions.
 #include <cmath>
 
-#include "base/truncate.h"
+#include "numbers/double_double.h"
+#include "numbers/truncate.h"
 #include "specfun/polynomials/angle.h"
 #include "specfun/polynomials/degree.h"
-#include "specfun/precision/double_double.h"
 #include "specfun/specfun.h"
 
 namespace kalvex::specfun {

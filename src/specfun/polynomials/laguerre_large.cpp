@@ -15,8 +15,8 @@
 #include <iterator>
 #include <limits>
 
+#include "numbers/double_double.h"
 #include "specfun/polynomials/laguerre_coefficients.h"
-#include "specfun/precision/double_double.h"
 #include "specfun/specfun.h"
 
 namespace kalvex::specfun {

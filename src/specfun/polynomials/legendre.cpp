@@ -10,10 +10,10 @@
 // - Beyond x = 1 with theta = i eta: the same series, then the growing half of the same expansion.
 #include <cmath>
 
-#include "base/truncate.h"
+#include "numbers/double_double.h"
+#include "numbers/truncate.h"
 #include "specfun/polynomials/angle.h"
 #include "specfun/polynomials/recurrence.h"
-#include "specfun/precision/double_double.h"
 #include "specfun/specfun.h"
 
 namespace kalvex::specfun {

@@ -10,12 +10,12 @@
 #include <QPushButton>
 #include <QScreen>
 
+#include "commands/calculator.h"
 #include "resources/platform.h"
 #include "resources/strings.h"
 #include "ui/parts/form_dialog.h"
 #include "ui/parts/qt_text.h"
 #include "ui/parts/touch.h"
-#include "workspace/calculator.h"
 
 namespace kalvex {
 namespace {

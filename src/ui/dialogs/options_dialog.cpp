@@ -11,12 +11,12 @@
 #include <span>
 #include <utility>
 
+#include "commands/options_input.h"
 #include "resources/command_ids.h"
 #include "resources/strings.h"
 #include "ui/parts/form_dialog.h"
 #include "ui/parts/qt_text.h"
 #include "ui/parts/tip_controls.h"
-#include "workspace/options_input.h"
 
 namespace kalvex {
 namespace {

@@ -4,8 +4,8 @@
 #include <functional>
 
 #include "base/message_box.h"
+#include "settings/registry.h"
 #include "workspace/options.h"
-#include "workspace/registry.h"
 
 class QWidget;
 

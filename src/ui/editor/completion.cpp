@@ -8,10 +8,10 @@
 #include <algorithm>
 #include <utility>
 
+#include "commands/completion.h"
 #include "resources/strings.h"
 #include "ui/parts/qt_text.h"
 #include "ui/parts/touch.h"
-#include "workspace/completion.h"
 
 namespace kalvex {
 namespace {

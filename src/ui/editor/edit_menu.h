@@ -3,8 +3,8 @@
 
 #include <functional>
 
+#include "commands/menu_state.h"
 #include "resources/menus.h"
-#include "workspace/menu_state.h"
 
 class QMenu;
 class QWidget;

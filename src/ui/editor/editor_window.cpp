@@ -10,6 +10,7 @@
 #include <QMenu>
 #include <utility>
 
+#include "resources/methods.h"
 #include "ui/editor/completion.h"
 #include "ui/editor/edit_menu.h"
 #include "ui/editor/line_area.h"
@@ -130,8 +131,8 @@ void EditorWindow::UpdateMenu() {
 
 bool EditorWindow::IsOffered(CommandId command) {
     UpdateMenu();
-    const bool method = command >= CommandId::LeastSquares && command <= CommandId::Lagrange;
-    if (method && !menuState[CommandId::ApproxTypeMenu].visible) return false;
+    const bool hidden = !menuState[CommandId::ApproxTypeMenu].visible;
+    if (hidden && MethodOfCommand(command)) return false;
     const auto found = menuState.find(command);
     return found == menuState.end() || found->second.enabled;
 }

@@ -6,9 +6,9 @@
 #include <optional>
 
 #include "base/message_box.h"
+#include "commands/editor_commands.h"
+#include "commands/menu_state.h"
 #include "resources/platform.h"
-#include "ui/editor/editor_commands.h"
-#include "workspace/menu_state.h"
 #include "workspace/workspace.h"
 
 class QMenu;

@@ -4,7 +4,7 @@
 #include <QLineF>
 #include <cmath>
 
-#include "base/truncate.h"
+#include "numbers/truncate.h"
 
 namespace kalvex {
 namespace {

@@ -12,6 +12,7 @@
 #include <QStyleHints>
 #include <utility>
 
+#include "graph/graph.h"
 #include "painter/painter.h"
 #include "ui/graph/input_gate.h"
 #include "ui/graph/overlay_painter.h"

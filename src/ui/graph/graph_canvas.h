@@ -9,6 +9,7 @@
 #include <memory>
 #include <vector>
 
+#include "graph/draw_progress.h"
 #include "graph/explore_commands.h"
 #include "ui/graph/canvas_gestures.h"
 #include "workspace/workspace.h"

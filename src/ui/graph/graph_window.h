@@ -6,7 +6,7 @@
 #include <functional>
 
 #include "base/message_box.h"
-#include "graph/graph.h"
+#include "graph/graph_state.h"
 #include "resources/command_ids.h"
 #include "ui/graph/graph_canvas.h"
 #include "workspace/workspace.h"

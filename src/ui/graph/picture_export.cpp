@@ -14,9 +14,9 @@
 #include "painter/picture_file.h"
 #include "painter/write_picture.h"
 #include "resources/strings.h"
+#include "settings/settings.h"
 #include "ui/parts/file_dialogs.h"
 #include "ui/parts/qt_text.h"
-#include "workspace/settings.h"
 
 namespace kalvex {
 namespace {

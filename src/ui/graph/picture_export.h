@@ -6,8 +6,8 @@
 
 #include "base/message_box.h"
 #include "graph/draw_list.h"
+#include "settings/registry.h"
 #include "workspace/options.h"
-#include "workspace/registry.h"
 
 class QWidget;
 

@@ -6,10 +6,10 @@
 #include <span>
 #include <utility>
 
+#include "commands/view_input.h"
 #include "resources/strings.h"
 #include "ui/parts/form_dialog.h"
 #include "ui/parts/qt_text.h"
-#include "workspace/view_input.h"
 
 namespace kalvex {
 namespace {

@@ -5,11 +5,11 @@
 #include <QFileInfo>
 #include <string>
 
+#include "analysis/export_files.h"
 #include "analysis/report.h"
 #include "resources/platform.h"
 #include "ui/report/report_window.h"
 #include "ui/report/result_export.h"
-#include "workspace/export_files.h"
 
 namespace kalvex {
 namespace {

@@ -6,7 +6,7 @@
 
 #include "analysis/analysis.h"
 #include "base/message_box.h"
-#include "graph/graph.h"
+#include "graph/graph_state.h"
 
 class QWidget;
 

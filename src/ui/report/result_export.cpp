@@ -7,8 +7,8 @@
 #include <utility>
 
 #include "resources/strings.h"
+#include "settings/complete_file.h"
 #include "ui/parts/file_dialogs.h"
-#include "workspace/complete_file.h"
 
 namespace kalvex {
 
