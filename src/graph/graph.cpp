@@ -17,11 +17,24 @@
 namespace kalvex {
 namespace {
 
+/// Notes the origin of the records that a step of the drawing adds.
+template <typename Step>
+void DrawAs(const RecordOrigin& origin, DrawList& list, const Step& step) {
+    const std::size_t first = list.records.size();
+    step();
+    for (std::size_t i = first; i < list.records.size(); ++i)
+        std::visit([&origin](auto& record) { record.origin = origin; }, list.records[i]);
+}
+
 void DrawBackground(const Viewport& viewport, const Options& options, const MeasureText& measure,
                     DrawList& list) {
-    DrawGrid(viewport, options.Setka, list);
-    if (options.Axex != 0) DrawAxes(viewport, list);
-    if (options.Coord != 0) DrawCoordinates(viewport, measure, list);
+    DrawAs({DrawLayer::Grid}, list, [&] { DrawGrid(viewport, options.Setka, list); });
+    DrawAs({DrawLayer::Axes}, list, [&] {
+        if (options.Axex != 0) DrawAxes(viewport, list);
+    });
+    DrawAs({DrawLayer::Numbers}, list, [&] {
+        if (options.Coord != 0) DrawCoordinates(viewport, measure, list);
+    });
 }
 
 /// Puts the trace cursor on the middle sample.
@@ -105,7 +118,9 @@ DrawList DrawGraph(GraphState& state, FunctionList& functions, const Options& op
     state.approxFailures.clear();
     for (int slot = 0; slot < kSlotCount; ++slot) {
         FunctionEntry& entry = functions[static_cast<std::size_t>(slot)];
-        if (IsDrawn(entry)) PlotFunction(state, entry, slot, options, progress, list);
+        if (!IsDrawn(entry)) continue;
+        DrawAs({DrawLayer::Curve, slot}, list,
+               [&] { PlotFunction(state, entry, slot, options, progress, list); });
     }
     for (int slot = 0; slot < kSlotCount && !state.trace.function; ++slot) {
         const FunctionEntry& entry = functions[static_cast<std::size_t>(slot)];

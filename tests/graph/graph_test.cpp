@@ -46,6 +46,31 @@ TEST(Graph, DrawsItsLayersInOrder) {
     EXPECT_EQ(std::get<TextRecord>(list.records[count - 1]).text, u"x");
 }
 
+RecordOrigin OriginOf(const DrawRecord& record) {
+    return std::visit([](const auto& one) { return one.origin; }, record);
+}
+
+TEST(Graph, NotesTheOriginOfEachRecord) {
+    GraphState state = StateOf(MakeViewport(-10, 10, -10, 10));
+    FunctionList functions;
+    functions[0] = MakeEntry(EquationType::Polar, u"5");
+    functions[2] = MakeEntry(EquationType::Decart, u"1/x");
+    functions[3] = MakeEntry(EquationType::Decart, u"x");
+    functions[3].selected = 0;
+    functions[8] = MakeEntry(EquationType::Implicit, u"x-y");
+    const DrawList list = Draw(state, functions, Options{});
+    std::vector<RecordOrigin> origins;  // without repetitions
+    for (const DrawRecord& record : list.records) {
+        const RecordOrigin origin = OriginOf(record);
+        if (origins.empty() || !(origins.back() == origin)) origins.push_back(origin);
+    }
+    const std::vector<RecordOrigin> expected = {
+        {DrawLayer::Grid},     {DrawLayer::Axes},     {DrawLayer::Numbers},
+        {DrawLayer::Curve, 0}, {DrawLayer::Curve, 2}, {DrawLayer::Curve, 8},
+        {DrawLayer::Name, 0},  {DrawLayer::Name, 2},  {DrawLayer::Name, 8}};
+    EXPECT_EQ(origins, expected);
+}
+
 TEST(Graph, SwitchesEachLayer) {
     FunctionList functions;
     const auto count = [&](const Options& options) {
