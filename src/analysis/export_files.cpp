@@ -1,4 +1,4 @@
-// Files are made in memory and written at once, so that a failure leaves no half of one behind.
+// The contents are made in memory, so that the caller can write the whole file or none of it.
 #include "analysis/export_files.h"
 
 #include "base/encoding.h"

@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <array>
-#include <iterator>
 #include <span>
 
 #include "expr/names.h"
@@ -72,14 +71,19 @@ std::size_t MatchAt(std::span<const ShapeToken> rest) {
     return 0;
 }
 
+/// Takes out the tokens that a reduction has used up.
+void CompactShape(std::vector<ShapeToken>& tokens) {
+    std::erase(tokens, Deleted);
+}
+
 /// Replaces the leftmost match; false when there is none.
 bool ReduceOnce(std::vector<ShapeToken>& tokens) {
     for (std::size_t i = 0; i < tokens.size(); ++i) {
         const std::size_t length = MatchAt(std::span(tokens).subspan(i));
         if (length == 0) continue;
         tokens[i] = Operand;
-        const auto consumed = std::next(tokens.begin(), static_cast<std::ptrdiff_t>(i + 1));
-        tokens.erase(consumed, std::next(consumed, static_cast<std::ptrdiff_t>(length - 1)));
+        std::fill_n(tokens.begin() + static_cast<std::ptrdiff_t>(i + 1), length - 1, Deleted);
+        CompactShape(tokens);
         return true;
     }
     return false;
@@ -96,6 +100,16 @@ std::optional<std::vector<ShapeToken>> TokenizeShape(std::u16string_view text) {
         at += token.length;
     }
     return tokens;
+}
+
+std::size_t ShapeLength(std::u16string_view text) {
+    std::size_t count = 0;
+    for (std::size_t at = 0; at < text.size() && count <= kShapeCapacity; ++count) {
+        const std::size_t length = TokenAt(text.substr(at)).length;
+        if (length == 0) break;
+        at += length;
+    }
+    return count;
 }
 
 void ReduceShape(std::vector<ShapeToken>& tokens) {

@@ -44,8 +44,7 @@ bool HasPosition(const ViewWindow& view, double x, double y);
 
 /// y = f(x): one sample per pixel column. Plotted samples have a defined value and a defined right
 /// neighbour; the others have pixel (0, 0).
-std::vector<CurveSample> SampleDecart(const CompiledExpression& expression,
-                                      const Viewport& viewport);
+SampleCache SampleDecart(const CompiledExpression& expression, const Viewport& viewport);
 
 /// Refills the entry's cache and draws it.
 void PlotDecart(FunctionEntry& entry, const Viewport& viewport, const Pen& pen, DrawList& list);

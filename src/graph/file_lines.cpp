@@ -6,6 +6,7 @@
 #include "base/encoding.h"
 #include "interp/method_table.h"
 #include "interp/point_file.h"
+#include "resources/message_boxes.h"
 #include "resources/strings.h"
 
 namespace kalvex {
@@ -13,14 +14,9 @@ namespace {
 
 constexpr std::size_t kManyPoints = 50;
 
-MessageBox WarningBox(std::u16string text) {
-    return {std::u16string(Text(StringId::Warning)), std::move(text), MessageIcon::Exclamation,
-            MessageButtons::Ok};
-}
-
-bool ReadPoints(FunctionEntry& entry) {
+bool ReadPoints(FunctionEntry& entry, const std::string& path) {
     entry.pointPixels = {};
-    PointFile file = ReadPointFile(ToUtf8(entry.workingText));
+    PointFile file = ReadPointFile(path);
     entry.points = std::move(file.points);
     return file.error == PointFileError::None;
 }
@@ -31,10 +27,19 @@ bool IsSelectedFile(const FunctionEntry& entry) {
     return entry.selected == 1 && entry.type == static_cast<std::int32_t>(EquationType::File);
 }
 
-bool ReadPointFiles(FunctionList& functions) {
-    return std::all_of(functions.begin(), functions.end(), [](FunctionEntry& entry) {
-        return !IsSelectedFile(entry) || ReadPoints(entry);
-    });
+FilePaths PathsOf(const FunctionList& functions) {
+    FilePaths paths;
+    for (std::size_t slot = 0; slot < paths.size(); ++slot)
+        paths[slot] = ToUtf8(functions[slot].workingText);
+    return paths;
+}
+
+bool ReadPointFiles(FunctionList& functions, const FilePaths& paths) {
+    for (std::size_t slot = 0; slot < paths.size(); ++slot) {
+        FunctionEntry& entry = functions[slot];
+        if (IsSelectedFile(entry) && !ReadPoints(entry, paths[slot])) return false;
+    }
+    return true;
 }
 
 bool HasGoodTermCount(const ApproxParameters& parameters, std::size_t points) {
@@ -69,20 +74,24 @@ bool ConfirmManyLines(const FunctionList& functions, const ShowMessage& show) {
     for (const FunctionEntry& entry : functions) {
         if (!IsSelectedFile(entry) || CountOf(entry.points) <= kManyPoints) continue;
         // KEEP: the others are still asked about after a No.
-        const MessageAnswer answer = show({std::u16string(Text(StringId::Warning)),
-                                           FillIn(Text(StringId::ManyLines), {entry.text}),
-                                           MessageIcon::Information, MessageButtons::YesNo});
+        const std::u16string question = FillIn(Text(StringId::ManyLines), {entry.text});
+        const MessageAnswer answer = show(
+            BoxOf(StringId::Warning, question, MessageIcon::Information, MessageButtons::YesNo));
         confirmed = confirmed && answer == MessageAnswer::Yes;
     }
     return confirmed;
 }
 
-bool PrepareFileLines(FunctionList& functions, const ShowMessage& show) {
-    if (!ReadPointFiles(functions)) {
-        show(WarningBox(std::u16string(Text(StringId::ErrorInFile))));
+bool PrepareFileLines(FunctionList& functions, const FilePaths& paths, const ShowMessage& show) {
+    if (!ReadPointFiles(functions, paths)) {
+        show(WarningBox(Text(StringId::ErrorInFile)));
         return false;
     }
     return CheckTermCounts(functions, show) && ConfirmManyLines(functions, show);
+}
+
+bool PrepareFileLines(FunctionList& functions, const ShowMessage& show) {
+    return PrepareFileLines(functions, PathsOf(functions), show);
 }
 
 }  // namespace kalvex

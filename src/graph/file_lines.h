@@ -1,6 +1,9 @@
 // What Draw does with the File lines before the graph is shown.
 #pragma once
 
+#include <array>
+#include <string>
+
 #include "base/message_box.h"
 #include "interp/approx_parameters.h"
 #include "workspace/function_entry.h"
@@ -10,10 +13,15 @@ namespace kalvex {
 /// A selected line of type File.
 bool IsSelectedFile(const FunctionEntry& entry);
 
-/// Reads the point tables of the selected File lines afresh from the paths in their working texts,
-/// in slot order. The first file that cannot be read ends it with false; its own table is then
-/// empty, those read before stay.
-bool ReadPointFiles(FunctionList& functions);
+/// The path of each slot as bytes. A name of a file need not be UTF-8, the text of a line is.
+using FilePaths = std::array<std::string, kSlotCount>;
+
+/// The working texts as paths.
+FilePaths PathsOf(const FunctionList& functions);
+
+/// Reads the point tables of the selected File lines afresh, in slot order. The first file that
+/// cannot be read ends it with false; its own table is then empty, those read before stay.
+bool ReadPointFiles(FunctionList& functions, const FilePaths& paths);
 
 /// Whether a method that asks for a number of terms may have its one with this many points. Methods
 /// that ask for none take any.
@@ -32,6 +40,9 @@ bool ConfirmManyLines(const FunctionList& functions, const ShowMessage& show);
 
 /// Everything that Draw checks about File lines, in its order: reads the files (message 75 on
 /// failure), CheckTermCounts, ConfirmManyLines. False: nothing is drawn.
+bool PrepareFileLines(FunctionList& functions, const FilePaths& paths, const ShowMessage& show);
+
+/// The same with PathsOf the functions.
 bool PrepareFileLines(FunctionList& functions, const ShowMessage& show);
 
 }  // namespace kalvex

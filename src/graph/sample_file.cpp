@@ -83,9 +83,9 @@ bool IsDrawable(double value) {
     return value != UndefinedValue && std::fabs(value) < 2147483648.0;
 }
 
-std::vector<CurveSample> SamplesOf(std::span<const double> xs, std::span<const double> values,
-                                   const ViewWindow& view) {
-    std::vector<CurveSample> samples(xs.size());
+SampleCache SamplesOf(std::span<const double> xs, std::span<const double> values,
+                      const ViewWindow& view) {
+    SampleCache samples(xs.size());
     for (std::size_t i = 0; i < xs.size(); ++i) {
         const bool defined = std::isfinite(values[i]) && values[i] != UndefinedValue;
         samples[i] = {0, 0, xs[i], values[i], 0.0, defined ? 0 : kNoValueStatus};

@@ -1,8 +1,8 @@
-// Each term is projected out of what the terms before it left over. In plain doubles the rest is
-// projected once more when all are done: rounding makes the polynomials lose some of their
-// orthogonality, and the second round gives back what that cost; sums are compensated (A. Neumaier,
-// 1974), because a thousand and more roundings in a row would be the largest error of all. Two
-// doubles per number need neither. One template serves both.
+// Each term is projected out of the residual of the terms before it. In double precision the
+// polynomials lose some of their orthogonality by rounding, so the final residual is projected on
+// all of them a second time, which restores the accuracy. Sums are compensated there (A. Neumaier,
+// 1974): the errors of a thousand additions would otherwise be the largest of all. Double-double
+// arithmetic needs neither. One template serves both.
 #include "interp/least_squares.h"
 
 #include <algorithm>
@@ -19,7 +19,7 @@ namespace kalvex {
 namespace {
 
 constexpr std::string_view kRoutine = "LEAST_SET";
-/// Of one point for one term, nanoseconds, and how often all terms are gone through.
+/// Operations for one point and one term; then how many times all terms are projected.
 template <typename Number>
 constexpr double kPointCost = std::is_same_v<Number, double> ? 12.0 : 60.0;
 template <typename Number>
@@ -55,7 +55,7 @@ std::size_t DistinctCount(std::span<const double> X) {
     std::vector<double> sorted;
     std::copy_if(X.begin(), X.end(), std::back_inserter(sorted),
                  [](double value) { return !std::isnan(value); });
-    const std::size_t different = X.size() - sorted.size();  // each equals nothing, not even itself
+    const std::size_t different = X.size() - sorted.size();  // a not-a-number equals no other
     std::sort(sorted.begin(), sorted.end());
     const auto end = std::unique(sorted.begin(), sorted.end());
     return different + static_cast<std::size_t>(end - sorted.begin());
@@ -70,7 +70,7 @@ Failure CheckDistinct(std::span<const double> X, std::int32_t NTERMS) {
          "  at least NTERMS = " + std::to_string(NTERMS),
          "  but the input data has only " + std::to_string(distinct), "  distinct entries."},
         StringId::LeastSquaresDistinct);
-    // KEEP: this text has no line feed at its end, that of the weights has one.
+    // KEEP: this box text has no line feed at its end, the one about the weights has.
     diagnostic.box = StringId::LeastSetFailed;
     return diagnostic;
 }
@@ -89,8 +89,8 @@ Failure CheckWeights(std::span<const double> W) {
     return std::nullopt;
 }
 
-/// A power of two that brings half the range of X near 2, where the size of the polynomials stays
-/// nearest to 1.
+/// A power of two that scales half the range of X to about 2, where the values of the polynomials
+/// stay nearest to 1.
 double ScaleOf(std::span<const double> X) {
     const auto [low, high] = std::minmax_element(X.begin(), X.end());
     const double half = *high / 2.0 - *low / 2.0;
@@ -100,12 +100,12 @@ double ScaleOf(std::span<const double> X) {
     return std::ldexp(1.0, std::clamp((small ? 1 : 0) - exponent, -1000, 1000));
 }
 
-/// The data on the way through the terms.
+/// The values at the points while the terms are computed one by one.
 template <typename Number>
 struct Orthogonalisation {
     std::vector<double> x;
     std::vector<double> weight;
-    std::vector<Number> rest;    ///< the data less the terms so far
+    std::vector<Number> rest;    ///< residual: the data minus the terms so far
     std::vector<Number> now;     ///< P(k) at the points
     std::vector<Number> before;  ///< P(k-1)
 };
@@ -117,7 +117,7 @@ struct Coefficients {
     std::vector<Number> D;
 };
 
-/// The squared length of P(k), its mean x, and the part of the rest that lies along it.
+/// The squared norm of P(k), its weighted mean of x, and the coefficient of the residual along it.
 template <typename Number>
 struct Projection {
     Number square{};
@@ -147,7 +147,7 @@ Number NextValue(double x, Number B, Number C, Number now, Number before) {
     return (Number{x} - B) * now - C * before;
 }
 
-/// Takes the part along P(k) off the rest and goes on to P(k+1).
+/// Subtracts the part along P(k) from the residual and computes P(k+1).
 template <typename Number>
 void Advance(Orthogonalisation<Number>& data, Number part, Number B, Number C) {
     for (std::size_t i = 0; i < data.x.size(); ++i) {
@@ -158,8 +158,8 @@ void Advance(Orthogonalisation<Number>& data, Number part, Number B, Number C) {
     }
 }
 
-/// One round over all terms. False when the work is stopped or nothing is a number any more, by
-/// underflow or overflow.
+/// Projects all terms once. False when the work is stopped, or when underflow or overflow has made
+/// a coefficient infinite or not-a-number.
 template <typename Number>
 bool FitRound(Orthogonalisation<Number>& data, Coefficients<Number>& fit, Work& work) {
     std::fill(data.now.begin(), data.now.end(), Number{1.0});
@@ -269,7 +269,8 @@ Failure LEAST_SET(std::span<const double> X, std::span<const double> F, std::spa
         return FatalError(kRoutine, {"  Too many points."}, StringId::TooMuchWork);
     fit.scale = ScaleOf(X);
     if (FitsTwice(X.size(), terms)) FitTwice(X, F, W, terms, fit, work);
-    // Two doubles reach less far than one does; where they have failed, plain ones may not.
+    // Double-double arithmetic overflows and underflows earlier than double precision. Where it has
+    // failed, double precision may still give a fit.
     const bool failed = !IsFinite(fit.B) || !IsFinite(fit.C) || !IsFinite(fit.D);
     if (fit.D.empty() || failed) {
         auto plain = FitTerms<double>(X, F, W, fit.scale, terms, work);

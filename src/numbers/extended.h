@@ -6,6 +6,7 @@
 #include <cstddef>
 
 #include "numbers/double_double.h"
+#include "numbers/power_coefficients.h"
 
 namespace kalvex {
 
@@ -13,13 +14,6 @@ namespace kalvex {
 inline DoubleDouble TimesPower(DoubleDouble a, double power) {
     return {a.high * power, a.low * power};
 }
-
-/// A power series: the first three coefficients as double-doubles, the others as doubles.
-template <std::size_t count>
-struct PowerCoefficients {
-    DoubleDouble head[3];
-    double tail[count];
-};
 
 /// The sum of the series at t. It has full precision where the terms from the fourth on, together,
 /// are below 2^-10 of it.

@@ -1,4 +1,4 @@
-// The tool as its users meet it: arguments and standard input in, lines and exit status out.
+// The built tool from the outside: arguments and standard input, printed lines and exit status.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -104,7 +104,7 @@ TEST(Tool, Explains) {
         Expect(row);
 }
 
-// A locale with a decimal comma changes nothing, neither does one without UTF-8.
+// Neither a locale with a decimal comma nor one without UTF-8 changes the output.
 TEST(Tool, FollowsNoLocale) {
     for (const char* locale : {"LC_ALL=de_DE.UTF-8", "LC_ALL=C"}) {
         Expect({{"eval", "x/2", "--at", "0.5"}, "", 0, "0.5\t0.25\t0\n", ""}, {locale});
@@ -198,6 +198,55 @@ TEST(Tool, SurvivesAnyInput) {
         const int expected = arguments[0] == "normalise" ? 0 : 1;
         for (const std::string& input : {garbage, million + '\n', brackets + '\n'})
             EXPECT_EQ(RunTool(arguments, input).status, expected) << Joined(arguments);
+    }
+}
+
+/// A text with this many products behind ")": three tokens for each factor, one for each "*" that
+/// the normaliser puts in.
+std::string Products(int count) {
+    std::string text;
+    for (int i = 0; i <= count; ++i)
+        text += "(x)";
+    return text;
+}
+
+// The check takes 255 tokens. A longer text is rejected, so its "Test" lines end where it has more.
+TEST(Tool, TellsTheProductsOfATextThatMayBeAccepted) {
+    const auto lines = [](const std::string& text) {
+        return std::count(text.begin(), text.end(), '\n');
+    };
+    const ToolRun longest = RunTool({"check", Products(63)});
+    EXPECT_EQ(longest.out, "0\tSucsses!\n");
+    EXPECT_EQ(lines(longest.err), 63);
+    const ToolRun longer = RunTool({"check", Products(63) + "+x"});
+    EXPECT_EQ(longer.out, "-8\tCheck the placement of commas\n");
+    EXPECT_EQ(lines(longer.err), 61) << "with the 62nd product it has 256 tokens";
+    const std::string huge = Products(300000) + '\n';
+    for (const Arguments& arguments : {Arguments{"normalise"}, {"check"}, {"eval"}}) {
+        const ToolRun run = RunTool(arguments, huge);
+        EXPECT_LE(run.err.size(), 100u) << Joined(arguments);
+    }
+    EXPECT_EQ(lines(RunTool({"samples", "decart:" + Products(90)}).err), 1) << "the rejection";
+}
+
+TEST(Tool, RefusesPensAndTextsThatCannotBeDrawn) {
+    const struct {
+        const char* option;
+        const char* largest;
+        const char* tooLarge;
+    } rows[] = {{"--width", "64", "65"}, {"--text-size", "200", "201"}};
+    for (const auto& row : rows) {
+        Expect({{"samples", "--size", "1x1", row.option, row.largest, "decart:0"},
+                "",
+                0,
+                "0\t0\t-10\t0\t0\t0\n",
+                ""});
+        for (const char* number : {"0", row.tooLarge, "1000"}) {
+            const ToolRun run = RunTool({"samples", row.option, number, "decart:0"});
+            EXPECT_EQ(run.status, 2) << row.option << ' ' << number;
+            const std::string wanted = "a whole number from 1 to " + std::string(row.largest);
+            EXPECT_NE(run.err.find(wanted), std::string::npos) << run.err;
+        }
     }
 }
 
@@ -305,7 +354,7 @@ TEST(Tool, ZoomsAutomatically) {
             "0\t0\t-10\t100\t0\t0\n1\t3\t-5\t25\t0\t0\n2\t4\t0\t0\t0\t0\n"
             "3\t3\t5\t25\t0\t0\n5\t0\t10\t100\t0\t0\n",
             ""});
-    // Bounds that cannot be found: a message, and the window as it was.
+    // When no bounds can be found there is a message and the window is not changed.
     Expect({{"samples", "--auto", "--size", "1x4", "decart:x+200"},
             "",
             0,

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "base/encoding.h"
 #include "graph/curves.h"
 #include "graph/graph_fixtures.h"
 
@@ -69,6 +70,27 @@ TEST(SampleParametric, TakesItsParametersByMultiplication) {
                        row.maxParam, Pen{}, list);
         EXPECT_EQ(entry.samples[row.index].parameter, row.parameter) << row.xmin;
         EXPECT_EQ(entry.samples[row.index].column, row.column) << row.xmin;
+    }
+}
+
+// Parameters 0, 1, 2 and so on; a half is undefined from 3 on or up to 3.
+TEST(SampleParametric, LeavesASampleBesideAnUndefinedOneUnplotted) {
+    const struct {
+        const char16_t* x;
+        const char16_t* y;
+        std::size_t unplotted;
+        std::size_t plotted;
+    } rows[] = {{u"ln(3-x)", u"x+1", 2, 1},
+                {u"x+1", u"ln(3-x)", 2, 1},
+                {u"ln(x-3)", u"x+1", 3, 4},
+                {u"x+1", u"ln(x-3)", 3, 4}};
+    for (const auto& row : rows) {
+        FunctionEntry entry = MakeEntry(EquationType::Parametric, row.x, row.y);
+        DrawList list;
+        PlotParametric(entry, MakeViewport(-10, 10, -10, 10), 0.0, 240.0, Pen{}, list);
+        EXPECT_EQ(entry.samples[row.unplotted].column, 0) << ToUtf8(row.x);
+        EXPECT_EQ(entry.samples[row.unplotted].row, 0) << ToUtf8(row.x);
+        EXPECT_NE(entry.samples[row.plotted].column, 0) << ToUtf8(row.x);
     }
 }
 

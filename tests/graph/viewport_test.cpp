@@ -20,6 +20,9 @@ TEST(Viewport, MapsTheStandardWindow) {
     EXPECT_EQ(view.ScaleY, 13.4);
     EXPECT_EQ(view.StepX, 2.0);
     EXPECT_EQ(view.StepY, 2.0);
+    // A tenth is taken by multiplication with 0.1; a division by 10 would give 0.3.
+    EXPECT_EQ(MakeViewport(0, 3, 0, 3).view.StepX, 0.30000000000000004);
+    EXPECT_EQ(MakeViewport(0, 3, 0, 3).view.StepY, 0.30000000000000004);
     const struct {
         double x;
         std::int32_t column;
