@@ -1,7 +1,8 @@
 // What the Bessel functions share. They are computed with some 64 bits of precision as
-// double-doubles. Recurrences do not normalise these: the low part grows to the sum of the rounding
-// errors of the high part, and a step takes half the time. Where a value could leave the range of
-// doubles, a power of two is kept beside it.
+// double-doubles, for which the loose sums and quotients are accurate enough. Recurrences do not
+// normalise the numbers: the low part grows to the sum of the rounding errors of the high part, and
+// a step takes half the time. Where a value could leave the range of doubles, a power of two is
+// kept beside it.
 #pragma once
 
 #include "numbers/extended.h"
