@@ -1,4 +1,4 @@
-// Files are made in memory and written at once, so that a failure leaves no half of one behind.
+// A file is made in memory and written at once, so that a failure leaves no partial file behind.
 #include "analysis/export_files.h"
 
 #include "base/encoding.h"

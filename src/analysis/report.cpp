@@ -28,7 +28,7 @@ struct Report {
 
 std::u16string Summary(const Report& report) {
     const AnalysisResult& result = report.result;
-    // KEEP: the least value is introduced as a maximum too.
+    // KEEP: the text says "reaches a maximum" before the least value too.
     return FillIn(Text(report.form.summary),
                   {FixedText(result.a), FixedText(result.b), report.name,
                    NumberText(result.rootCount), NumberText(result.maximumCount),

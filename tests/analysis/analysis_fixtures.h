@@ -9,7 +9,7 @@
 
 namespace kalvex::fixtures {
 
-/// A sample; its row is 0 and it is defined unless told otherwise.
+/// A sample; by default its row is 0 and it is defined (status 0).
 inline CurveSample At(double x, double y, std::int32_t row = 0, std::int32_t status = 0) {
     CurveSample sample;
     sample.x = x;

@@ -1,4 +1,5 @@
-// Analyses of varied functions of all types in random windows against a slow second reading.
+// Varied functions of all types in random windows: the analysis must agree with its slow second
+// implementation.
 #include "analysis/slow_analysis.h"
 
 #include <gtest/gtest.h>
@@ -16,7 +17,7 @@ using fixtures::DrawnLine;
 using testing_support::Below;
 using testing_support::Generator;
 
-/// The same double, or both not a number.
+/// Whether two doubles are equal or both not-a-number.
 bool Same(double one, double other) {
     return one == other || (std::isnan(one) && std::isnan(other));
 }

@@ -1,4 +1,4 @@
-// Runs the built tool as a user's shell would, but without a shell.
+// Runs the built tool with arguments, input and environment, without a shell.
 #pragma once
 
 #include <string>

@@ -1,4 +1,4 @@
-// The tool as its users meet it: arguments and standard input in, lines and exit status out.
+// The tool as its users see it: arguments and standard input, output lines and exit status.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -104,7 +104,7 @@ TEST(Tool, Explains) {
         Expect(row);
 }
 
-// A locale with a decimal comma changes nothing, neither does one without UTF-8.
+// Neither a locale with a decimal comma nor one without UTF-8 changes the output.
 TEST(Tool, FollowsNoLocale) {
     for (const char* locale : {"LC_ALL=de_DE.UTF-8", "LC_ALL=C"}) {
         Expect({{"eval", "x/2", "--at", "0.5"}, "", 0, "0.5\t0.25\t0\n", ""}, {locale});
@@ -354,7 +354,7 @@ TEST(Tool, ZoomsAutomatically) {
             "0\t0\t-10\t100\t0\t0\n1\t3\t-5\t25\t0\t0\n2\t4\t0\t0\t0\t0\n"
             "3\t3\t5\t25\t0\t0\n5\t0\t10\t100\t0\t0\n",
             ""});
-    // Bounds that cannot be found: a message, and the window as it was.
+    // When the bounds cannot be found, a message says so and the window stays as it was.
     Expect({{"samples", "--auto", "--size", "1x4", "decart:x+200"},
             "",
             0,

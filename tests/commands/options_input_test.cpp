@@ -173,7 +173,7 @@ struct GridRow {
     std::uint8_t after;
 };
 
-// The first three rows are a dialog that nobody touched.
+// In the first three rows nothing was changed in the dialog.
 constexpr GridRow kGridRows[] = {
     {0, false, false, 0}, {1, true, false, 1},  {2, true, true, 2},   {0, false, true, 0},
     {0, true, false, 1},  {0, true, true, 2},   {1, false, false, 0}, {1, false, true, 0},
@@ -271,7 +271,7 @@ TEST(IsParameterRange, LetsNoNanThrough) {
     EXPECT_FALSE(IsParameterRange(-0.0, 0.0));
 }
 
-// KEEP: a range is taken as it reads, six decimals; fails when an untouched field keeps more.
+// KEEP: the range is read back from its text of six decimals, even if its fields were not edited.
 TEST(SaveOptions, RoundsAnUntouchedRange) {
     FaultyRegistry store = MakeFilledRegistry();
     Options options;
