@@ -21,16 +21,16 @@ bool IsDefined(const CurveSample& sample) {
     return sample.status == 0;
 }
 
-/// Whether two neighbours are less than the picture's height apart. Farther ones are a jump, as at
-/// a pole.
+/// Whether two neighbours are less than the height of the picture apart; otherwise the curve jumps
+/// there.
 bool Joined(const CurveSample& left, const CurveSample& right, std::int32_t viewHeight) {
     const std::int64_t jump = static_cast<std::int64_t>(left.row) - right.row;
     return std::abs(jump) < viewHeight;
 }
 
 void FindExtremeValues(AnalysisResult& result, Samples samples) {
-    // KEEP: with an undefined first sample the greatest value starts at -1e100, the least one at
-    // the y of that sample. Existing reports show this difference.
+    // KEEP: when the first sample is undefined, the greatest value starts at -1e100 but the least
+    // one at that sample's y; existing reports depend on it.
     result.greatestY = IsDefined(samples[0]) ? samples[0].y : -1e100;
     result.leastY = samples[0].y;
     for (const CurveSample& sample : samples.subspan(1)) {
@@ -46,7 +46,7 @@ void FindRoots(AnalysisResult& result, Samples samples, std::int32_t viewHeight)
         const CurveSample& left = samples[p - 1];
         const CurveSample& right = samples[p];
         if (right.y == 0.0) {
-            // KEEP: an exact zero is counted here and once more as the left sample of the next
+            // KEEP: a sample that is exactly 0 is a root here and again as the left one of the next
             // pair.
             result.roots.push_back(right.x);
         } else if (right.y * left.y <= 0.0 && Joined(left, right, viewHeight)) {
@@ -91,7 +91,7 @@ void FindInterval(AnalysisResult& result, const FunctionEntry& entry, const View
 }
 
 double MeanOf(Samples samples) {
-    // KEEP: the divisor is the number of samples, not of pairs; pairs left out do not change it.
+    // KEEP: the divisor is the number of samples, not of pairs, also when pairs were left out.
     const double divisor = static_cast<double>(samples.size()) * 2.0;
     double mean = 0.0;
     for (std::size_t p = 0; p + 1 < samples.size(); ++p) {

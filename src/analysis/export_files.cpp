@@ -1,4 +1,4 @@
-// A file is made in memory and written at once, so that a failure leaves no partial file behind.
+// The contents are made in memory, so that the caller can write the whole file or none of it.
 #include "analysis/export_files.h"
 
 #include "base/encoding.h"

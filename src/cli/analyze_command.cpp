@@ -1,5 +1,5 @@
-// analyze: draws one line off screen, analyses its samples and prints the report that the windows
-// show, with plain line feeds; into a file goes what they would export.
+// analyze: draws one line off screen, analyses its samples and prints the report of the windows
+// with line feeds as line ends. The file of -o has the bytes that the windows would export.
 #include <CLI/CLI.hpp>
 #include <memory>
 #include <optional>
@@ -23,7 +23,7 @@ struct Arguments {
     std::optional<std::string> report;
 };
 
-/// UTF-8 with line feeds, the last line ended.
+/// The text in UTF-8 with "\n" as line ends, also at its end.
 std::string Printed(std::u16string_view text) {
     std::string lines = ToUtf8(text);
     std::erase(lines, '\r');

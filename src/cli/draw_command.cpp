@@ -1,5 +1,5 @@
-// draw: paints up to nine lines into a picture file, with the fonts and the painter of the windows
-// but without a window system.
+// draw: draws up to nine lines into a picture file. Fonts and painter are those of the windows, but
+// no window system is needed.
 #include <CLI/CLI.hpp>
 #include <QGuiApplication>
 #include <QString>
@@ -26,8 +26,8 @@ const PictureFormat& FormatFor(const std::string& path) {
     WrongUsage("-o", "a name that ends in " + PictureEndings() + " expected");
 }
 
-/// Qt remarks on the locale and the session's folders on standard error. The picture depends on
-/// neither, and that stream is for what concerns the user; only what ends the program passes.
+/// Suppresses Qt's warnings about the locale and the session's folders on standard error: the
+/// picture does not depend on them. The message of a fatal error still appears.
 void DropRemarks(QtMsgType type, const QMessageLogContext&, const QString& message) {
     if (type != QtFatalMsg) return;
     const std::string line = message.toStdString() + '\n';

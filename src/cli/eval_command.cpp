@@ -1,6 +1,6 @@
 // eval: normalises, checks, compiles and evaluates each text at the same points. Functions of x are
-// evaluated and printed block by block, so that a range of any length needs the same memory;
-// functions of x and y point by point, as the implicit curves' plain method does.
+// evaluated and printed in blocks, so that memory does not grow with the length of a range.
+// Functions of x and y are evaluated one point at a time.
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <array>
@@ -48,7 +48,7 @@ std::string ValueAndCode(double value, std::int32_t error) {
     return '\t' + FormatGeneral17(value) + '\t' + ToUtf8(NumberText(error)) + '\n';
 }
 
-/// Prints a function of x; stops early when nobody reads on.
+/// Prints a function of x; stops when standard output can no longer be written.
 void PrintValues(const CompiledExpression& expression, const PointList& points) {
     std::array<double, kBlock> xs{};
     std::array<double, kBlock> values{};

@@ -1,6 +1,6 @@
-// interpolate: reads a point file, sets a method up and prints its values. They are computed and
-// printed block by block, so that a range of any length needs the same memory; a method that can
-// fail at a single value is first run over all of them, because then none is defined.
+// interpolate: reads a point file, sets up a method and prints its values. Values are computed and
+// printed in blocks, so that memory does not grow with the length of a range. Some methods can fail
+// at one abscissa, which makes all values undefined; those are first run over all abscissas.
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <array>
@@ -78,14 +78,14 @@ void ReadArguments(Arguments& arguments) {
     if (!arguments.abscissas.range) WrongUsage("--range", "A,B,N with N of 1 or more expected");
 }
 
-/// The check of the windows: how many terms there may be depends on the points.
+/// The check that the windows make too: the number of points limits the number of terms.
 bool HasGoodTerms(const Arguments& arguments, const PointTable& table) {
     if (HasGoodTermCount(arguments.parameters, table.x.size())) return true;
     ShowOnStandardError(TermCountBox(1));
     return false;
 }
 
-/// What is done with a block of values; false ends it early.
+/// Called with each block of values; false stops the computation.
 using TakeBlock = bool (*)(std::span<const double> x, std::span<const double> y);
 
 void ForEachBlock(Approximation& approximation, const PointList& abscissas, TakeBlock take) {

@@ -49,7 +49,8 @@ std::vector<Key> Keys() {
     return keys;
 }
 
-/// What is wrong with a setting that was not taken: the key, or the value of a known one.
+/// The message for a setting that is not accepted: the key is unknown, or the value does not fit
+/// it.
 std::string ProblemWith(std::string_view setting) {
     const std::string_view name = setting.substr(0, setting.find('='));
     std::string names;

@@ -1,5 +1,6 @@
-// The grammar of a number is the one of the whole program (numbers/decimal.h), which knows no
-// words. Here inf and nan are let in, so that extreme windows and arguments can be tried.
+// Numbers follow the grammar of the whole program (numbers/decimal.h), which has no words for
+// infinity and not-a-number. Arguments accept inf and nan too, so that extreme windows can be
+// tried.
 #include "cli/number_argument.h"
 
 #include <limits>

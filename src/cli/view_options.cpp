@@ -1,5 +1,5 @@
-// Each option writes straight into the records that the graph room reads. Windows are taken as they
-// are, equal, reversed and infinite bounds included: drawing has to cope with them anyway.
+// Each option writes into the records that the graph room reads. Any bounds of a window are
+// accepted, also equal, reversed and infinite ones, because drawing has to handle them anyway.
 #include "cli/view_options.h"
 
 #include <CLI/CLI.hpp>
@@ -146,7 +146,8 @@ void AddLayerOptions(CLI::App& command, Options& options) {
         "--no-labels", [&] { options.Label = 0; }, "Leave the function names out.");
 }
 
-/// Whoever calls the tool with a large file wants it drawn: the question is told and answered.
+/// Prints the question about a large file and answers it with Yes: a user who names the file wants
+/// it drawn.
 MessageAnswer ShowAndGoOn(const MessageBox& box) {
     ShowOnStandardError(box);
     return box.buttons == MessageButtons::YesNo ? MessageAnswer::Yes : MessageAnswer::Ok;
@@ -190,7 +191,8 @@ DrawList DrawOffScreen(ViewOptions& view, FunctionList& functions, const Measure
     for (const MessageBox& box : FailureBoxes(view.state.approxFailures))
         ShowOnStandardError(box);
     if (!view.automatic) return list;
-    // Bounds that cannot be found are no failure: the message says so, the window stays.
+    // When no bounds can be found, the message says so and the window is not changed; the command
+    // still succeeds.
     if (!AutoZoom(view.state.viewport, functions, ShowOnStandardError)) return list;
     return draw();
 }

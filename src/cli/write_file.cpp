@@ -1,4 +1,4 @@
-// The same writer as the windows' exports.
+// Files are written by the function that the windows use for their exports.
 #include "cli/write_file.h"
 
 #include <QIODevice>

@@ -2,6 +2,7 @@
 #include "commands/draw_flow.h"
 
 #include "graph/file_lines.h"
+#include "resources/message_boxes.h"
 #include "resources/strings.h"
 #include "settings/settings.h"
 #include "workspace/function_list.h"
@@ -24,9 +25,7 @@ bool RunDrawFlow(Workspace& workspace, const Registry& registry, const ShowMessa
     if (!PrepareFunctions(workspace.functions, workspace.lines, registry, show)) return false;
     if (!StoreFunctionSettings(registry, workspace.functions)) return false;
     if (!AnySelected(workspace.functions)) {
-        show({std::u16string(Text(StringId::Warning)),
-              std::u16string(Text(StringId::MustChooseFunction)), MessageIcon::Exclamation,
-              MessageButtons::Ok});
+        show(WarningBox(Text(StringId::MustChooseFunction)));
         return false;
     }
     return PrepareFileLines(workspace.functions, show);

@@ -49,36 +49,26 @@ bool IsLineCommand(CommandId command) {
     return RunLineCommand(entry, line, command);
 }
 
-/// What some line commands go on with once the line has changed.
-void OpenDialogOf(const EditorState& state, int slot, CommandId command) {
-    if (command == CommandId::File) state.choosePointFile(slot);
-    if (MethodOfCommand(command)) state.setMethodUp(slot);
+/// What follows when a command has changed a line.
+EditorStep StepAfter(CommandId command) {
+    if (command == CommandId::File) return EditorStep::ChoosePointFile;
+    return MethodOfCommand(command) ? EditorStep::SetMethodUp : EditorStep::ShowLines;
 }
 
 }  // namespace
 
-bool RunCommand(EditorState& state, CommandId command) {
+std::optional<EditorStep> RunEditorCommand(Workspace& workspace, EditorState& state,
+                                           CommandId command) {
     if (IsBetween(command, CommandId::Select, CommandId::Great)) state.menuOpen = false;
-    if (command == CommandId::Draw) {
-        state.draw();
-    } else if (command == CommandId::Exit) {
-        state.exit();
-    } else if (command == CommandId::Options) {
-        state.openOptions();
-    } else if (command == CommandId::Calculator) {
-        state.openCalculator();
-    } else if (command == CommandId::UnselectAll) {
-        UnselectAll(state.workspace.functions);
-        state.showLines();
-    } else if (!IsLineCommand(command)) {
-        return false;
-    } else if (state.slot && *state.slot >= 0 && *state.slot < kSlotCount) {
-        const auto slot = static_cast<std::size_t>(*state.slot);
-        RunLineCommand(state.workspace.functions[slot], state.workspace.lines[slot], command);
-        state.showLines();
-        OpenDialogOf(state, *state.slot, command);
+    if (command == CommandId::UnselectAll) {
+        UnselectAll(workspace.functions);
+        return EditorStep::ShowLines;
     }
-    return true;
+    if (!IsLineCommand(command)) return std::nullopt;
+    if (!state.slot || *state.slot < 0 || *state.slot >= kSlotCount) return EditorStep::Nothing;
+    const auto slot = static_cast<std::size_t>(*state.slot);
+    RunLineCommand(workspace.functions[slot], workspace.lines[slot], command);
+    return StepAfter(command);
 }
 
 }  // namespace kalvex

@@ -1,7 +1,6 @@
-// The commands of the main window, by number.
+// The commands of the nine lines, by number.
 #pragma once
 
-#include <functional>
 #include <optional>
 
 #include "resources/command_ids.h"
@@ -9,22 +8,23 @@
 
 namespace kalvex {
 
-/// What a command acts on and whom it tells.
+/// What a command depends on besides the workspace.
 struct EditorState {
-    Workspace& workspace;
-    std::optional<int> slot;          ///< index of the line with the focus
-    bool menuOpen = false;            ///< cleared by the commands 32772 to 32785
-    std::function<void()> showLines;  ///< a label, a selection or a text has changed
-    std::function<void()> draw;
-    std::function<void()> exit;
-    std::function<void(int slot)> choosePointFile;  ///< asks for the file of a line
-    std::function<void(int slot)> setMethodUp;      ///< opens the dialog of its method, if any
-    std::function<void()> openOptions;
-    std::function<void()> openCalculator;
+    std::optional<int> slot;  ///< index of the line with the focus
+    bool menuOpen = false;    ///< cleared by the commands 32772 to 32785
 };
 
-/// Runs one command. Commands of a line do nothing without a focused line. False for a number
-/// that is no command of this window.
-bool RunCommand(EditorState& state, CommandId command);
+/// What is left to the window when a command has changed the workspace.
+enum class EditorStep {
+    Nothing,
+    ShowLines,        ///< a label, a selection or a text has changed
+    ChoosePointFile,  ///< show the lines, then ask for the file of the line
+    SetMethodUp,      ///< show the lines, then open the dialog of the line's method, if it has one
+};
+
+/// Runs a command of the lines and says what is left to do. A command of one line does nothing
+/// without a focused line. No value for a command that does not belong to the lines.
+std::optional<EditorStep> RunEditorCommand(Workspace& workspace, EditorState& state,
+                                           CommandId command);
 
 }  // namespace kalvex

@@ -15,8 +15,10 @@
 namespace kalvex {
 namespace {
 
-constexpr std::array<OptionChoice, 4> kResolutions = {
-    {{u"1 point", 1}, {u"2 points", 2}, {u"4 points", 4}, {u"5 points", 5}}};
+constexpr std::array<OptionChoice, 4> kResolutions = {{{StringId::OnePoint, 1},
+                                                       {StringId::TwoPoints, 2},
+                                                       {StringId::FourPoints, 4},
+                                                       {StringId::FivePoints, 5}}};
 
 constexpr std::size_t kMaxParamField = 1;
 
@@ -24,13 +26,14 @@ std::u16string TextOfNumber(std::span<const OptionChoice> choices, double number
     const auto found = std::find_if(choices.begin(), choices.end(), [&](const OptionChoice& one) {
         return static_cast<double>(one.number) == number;
     });
-    return found == choices.end() ? std::u16string() : std::u16string(found->text);
+    return found == choices.end() ? std::u16string() : std::u16string(Text(found->word));
 }
 
 /// Nothing for a text that is none of the entries.
 std::optional<std::int32_t> NumberOfText(std::span<const OptionChoice> choices,
                                          std::u16string_view text) {
-    const auto found = std::ranges::find(choices, text, &OptionChoice::text);
+    const auto found = std::ranges::find(
+        choices, text, [](const OptionChoice& choice) { return Text(choice.word); });
     if (found == choices.end()) return std::nullopt;
     return found->number;
 }

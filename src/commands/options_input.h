@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "commands/number_input.h"
+#include "resources/strings.h"
 #include "settings/registry.h"
 #include "workspace/options.h"
 
@@ -15,18 +16,19 @@ namespace kalvex {
 
 /// One entry of a list: its text and the number that it stands for.
 struct OptionChoice {
-    std::u16string_view text;
+    StringId word{};
     std::int32_t number = 0;
 };
 
-inline constexpr std::array<OptionChoice, 2> kLineWidths = {{{u"1 pix", 1}, {u"2 pix", 2}}};
+inline constexpr std::array<OptionChoice, 2> kLineWidths = {
+    {{StringId::OnePixel, 1}, {StringId::TwoPixels, 2}}};
 
 /// Multiples of 2 pi.
 inline constexpr std::array<OptionChoice, 4> kMaxAngles = {
-    {{u"2 pi", 1}, {u"4 pi", 2}, {u"6 pi", 3}, {u"8 pi", 4}}};
+    {{StringId::TwoPi, 1}, {StringId::FourPi, 2}, {StringId::SixPi, 3}, {StringId::EightPi, 4}}};
 
 inline constexpr std::array<OptionChoice, 2> kInterpolations = {
-    {{u"Linear", 0}, {u"Quadratic", 1}}};
+    {{StringId::Linear, 0}, {StringId::Quadratic, 1}}};
 
 inline constexpr std::int32_t kLeastTextSize = 8;
 inline constexpr std::int32_t kLargestTextSize = 29;

@@ -7,14 +7,23 @@
 
 namespace kalvex {
 
+std::array<std::u16string_view, 4> BoundNames() {
+    return {Text(StringId::LeastX), Text(StringId::GreatestX), Text(StringId::LeastY),
+            Text(StringId::GreatestY)};
+}
+
+std::array<std::u16string_view, 2> FactorNames() {
+    return {Text(StringId::FactorX), Text(StringId::FactorY)};
+}
+
 std::optional<InputProblem> ReadBounds(const std::array<std::u16string, 4>& texts,
                                        ViewWindow& view) {
     std::array<double, 4> bounds{};
-    if (auto problem = ReadFiniteNumbers(texts, kBoundNames, bounds)) return problem;
+    const auto names = BoundNames();
+    if (auto problem = ReadFiniteNumbers(texts, names, bounds)) return problem;
     for (std::size_t i = 0; i < texts.size(); i += 2) {
         if (bounds[i] != bounds[i + 1]) continue;
-        return InputProblem{
-            i + 1, FillIn(Text(StringId::BoundsEqual), {kBoundNames[i], kBoundNames[i + 1]})};
+        return InputProblem{i + 1, FillIn(Text(StringId::BoundsEqual), {names[i], names[i + 1]})};
     }
     view.Xmin = bounds[0];
     view.Xmax = bounds[1];
@@ -29,7 +38,7 @@ std::optional<InputProblem> ReadFactors(const std::array<std::u16string, 2>& tex
     for (std::size_t i = 0; i < texts.size(); ++i) {
         const std::optional<double> number = WholeNumber(texts[i]);
         if (!number || !std::isfinite(*number) || !(*number > 0.0))
-            return InputProblem{i, FillIn(Text(StringId::FactorInvalid), {kFactorNames[i]})};
+            return InputProblem{i, FillIn(Text(StringId::FactorInvalid), {FactorNames()[i]})};
         factors[i] = *number;
     }
     view.Xfactor = factors[0];

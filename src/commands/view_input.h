@@ -12,9 +12,8 @@
 namespace kalvex {
 
 /// Names of the fields in the order of the dialogs, as labels and messages call them.
-inline constexpr std::array<std::u16string_view, 4> kBoundNames = {u"X minimum", u"X maximum",
-                                                                   u"Y minimum", u"Y maximum"};
-inline constexpr std::array<std::u16string_view, 2> kFactorNames = {u"X factor", u"Y factor"};
+std::array<std::u16string_view, 4> BoundNames();
+std::array<std::u16string_view, 2> FactorNames();
 
 /// Sets the four bounds (Xmin, Xmax, Ymin, Ymax), or none of them: each must be a finite number,
 /// the two of an axis must differ; reversed ones give a mirrored picture. Blanks around a number

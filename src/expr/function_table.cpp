@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "expr/syntax_tree.h"
 #include "specfun/specfun.h"
 
 namespace kalvex {

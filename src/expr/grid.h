@@ -2,9 +2,10 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <vector>
 
-#include "expr/grid_evaluator.h"
+#include "expr/function_bounds.h"
 #include "expr/program.h"
 
 namespace kalvex {

@@ -11,6 +11,7 @@
 
 #include "expr/function_table.h"
 #include "expr/grid.h"
+#include "expr/grid_evaluator.h"
 
 namespace kalvex {
 namespace {

@@ -2,6 +2,8 @@
 // computed once for all rows, those of y once for all columns, and only the rest runs over every
 // point. Nothing is regrouped, so each value has the bits of a point-by-point evaluation; only the
 // sign of a zero may differ, see WithoutZeroTerm.
+#include "expr/grid_evaluator.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>

@@ -28,4 +28,7 @@ inline constexpr auto kFunctionNames = std::to_array<FunctionName>({
 
 inline constexpr std::size_t kFunctionCount = kFunctionNames.size();
 
+/// Operands that a function or another operation has at most.
+inline constexpr std::size_t kMostOperands = 4;
+
 }  // namespace kalvex

@@ -6,8 +6,8 @@
 #include <cmath>
 #include <string_view>
 
-#include "base/decimal.h"
 #include "base/encoding.h"
+#include "numbers/decimal.h"
 
 namespace kalvex {
 namespace {

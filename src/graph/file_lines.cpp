@@ -6,17 +6,13 @@
 #include "base/encoding.h"
 #include "interp/method_table.h"
 #include "interp/point_file.h"
+#include "resources/message_boxes.h"
 #include "resources/strings.h"
 
 namespace kalvex {
 namespace {
 
 constexpr std::size_t kManyPoints = 50;
-
-MessageBox WarningBox(std::u16string text) {
-    return {std::u16string(Text(StringId::Warning)), std::move(text), MessageIcon::Exclamation,
-            MessageButtons::Ok};
-}
 
 bool ReadPoints(FunctionEntry& entry, const std::string& path) {
     entry.pointPixels = {};
@@ -78,9 +74,9 @@ bool ConfirmManyLines(const FunctionList& functions, const ShowMessage& show) {
     for (const FunctionEntry& entry : functions) {
         if (!IsSelectedFile(entry) || CountOf(entry.points) <= kManyPoints) continue;
         // KEEP: the others are still asked about after a No.
-        const MessageAnswer answer = show({std::u16string(Text(StringId::Warning)),
-                                           FillIn(Text(StringId::ManyLines), {entry.text}),
-                                           MessageIcon::Information, MessageButtons::YesNo});
+        const std::u16string question = FillIn(Text(StringId::ManyLines), {entry.text});
+        const MessageAnswer answer = show(
+            BoxOf(StringId::Warning, question, MessageIcon::Information, MessageButtons::YesNo));
         confirmed = confirmed && answer == MessageAnswer::Yes;
     }
     return confirmed;
@@ -88,7 +84,7 @@ bool ConfirmManyLines(const FunctionList& functions, const ShowMessage& show) {
 
 bool PrepareFileLines(FunctionList& functions, const FilePaths& paths, const ShowMessage& show) {
     if (!ReadPointFiles(functions, paths)) {
-        show(WarningBox(std::u16string(Text(StringId::ErrorInFile))));
+        show(WarningBox(Text(StringId::ErrorInFile)));
         return false;
     }
     return CheckTermCounts(functions, show) && ConfirmManyLines(functions, show);

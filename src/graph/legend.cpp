@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "resources/strings.h"
+
 namespace kalvex {
 namespace {
 
@@ -20,9 +22,9 @@ std::u16string_view NameOf(const FunctionEntry& entry) {
 
 std::u16string LegendText(const FunctionEntry& entry, std::size_t limit) {
     const bool polar = entry.type == static_cast<std::int32_t>(EquationType::Polar);
-    std::u16string shown = DisplayText(entry, limit);
-    if (polar && NameOf(entry).size() <= limit) shown += u" (r)";
-    return shown;
+    const std::u16string shown = DisplayText(entry, limit);
+    if (!polar || NameOf(entry).size() > limit) return shown;
+    return FillIn(Text(StringId::LegendPolar), {shown});
 }
 
 }  // namespace

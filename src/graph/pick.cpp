@@ -9,6 +9,7 @@
 #include "graph/legend.h"
 #include "graph/trace.h"
 #include "graph/zoom.h"
+#include "resources/message_boxes.h"
 #include "resources/strings.h"
 
 namespace kalvex {
@@ -87,8 +88,7 @@ PictureChange Slide(GraphState& state, const FunctionList& functions, const Pixe
 PictureChange FinishBox(GraphState& state, const ShowMessage& show) {
     const WorldPoint second = CursorPoint(state);
     if (!ZoomToBox(state.viewport, *state.firstCorner, second)) {
-        show({std::u16string(Text(StringId::Error)), std::u16string(Text(StringId::SamePoints)),
-              MessageIcon::Stop, MessageButtons::Ok});
+        show(ErrorBox(Text(StringId::SamePoints)));
     }
     EnterNormalMode(state);
     LayoutViewport(state.viewport);

@@ -52,32 +52,6 @@ std::string ValueLine(double value) {
     return "  XTAB[%d] = " + FormatGeneral6(value);
 }
 
-/// (a - b) / (to - from).
-double Difference(double a, double b, double to, double from) {
-    return (a - b) / (to - from);
-}
-
-DoubleDouble Difference(DoubleDouble a, DoubleDouble b, double to, double from) {
-    return Divide(Subtract(a, b), TwoSum(to, -from));
-}
-
-/// coefficient + (x - at) * value.
-double Nest(double coefficient, double x, double at, double value) {
-    return coefficient + (x - at) * value;
-}
-
-DoubleDouble Nest(DoubleDouble coefficient, double x, double at, DoubleDouble value) {
-    return Add(coefficient, Multiply(TwoSum(x, -at), value));
-}
-
-double HighOf(double number) {
-    return number;
-}
-
-double HighOf(DoubleDouble number) {
-    return number.high;
-}
-
 /// Computes the differences of one order. False when those of higher orders need not be computed.
 template <typename Number>
 bool NextColumn(std::span<const double> X, std::span<Number> table, std::size_t order, Work& work) {
@@ -86,7 +60,7 @@ bool NextColumn(std::span<const double> X, std::span<Number> table, std::size_t 
     for (std::size_t end = table.size(); end > order;) {
         const std::size_t begin = end - std::min(kBlock, end - order);
         for (std::size_t j = end; j-- > begin;) {
-            table[j] = Difference(table[j], table[j - 1], X[j], X[j - order]);
+            table[j] = (table[j] - table[j - 1]) / DifferenceOf<Number>(X[j], X[j - order]);
             allZero = allZero && HighOf(table[j]) == 0.0;
             anyFinite = anyFinite || std::isfinite(HighOf(table[j]));
         }
@@ -134,7 +108,7 @@ double NestedValue(std::span<const double> X, const DifferenceTable& DIFTAB, dou
         const std::size_t begin = i - std::min(kBlock, i);
         if (!Spend(work, CostOf<Number>() * static_cast<double>(i - begin))) return kNan;
         for (; i > begin; --i)
-            value = Nest(NumberAt(DIFTAB, i - 1, Number{}), x, X[i - 1], value);
+            value = NumberAt(DIFTAB, i - 1, Number{}) + DifferenceOf<Number>(x, X[i - 1]) * value;
     }
     return HighOf(value);
 }

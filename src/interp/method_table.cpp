@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-#include "interp/approximation.h"
+#include "interp/approximation_record.h"
 #include "interp/hermite.h"
 #include "interp/parametric.h"
 

@@ -31,13 +31,6 @@ constexpr DoubleDouble kHeadCoefficients[] = {{2.4801587301587302e-05, 2.1511947
 constexpr double kThirdOfHalfPi = -1.4973849048591698329e-33;  // what kHalfPi leaves
 constexpr double kThirdOfLn2 = 5.7077084384162120658e-34;      // what kLn2 leaves
 
-/// a + b where the high parts have one sign or |a| is twice |b| at least: nothing cancels, so that
-/// the low parts may be added as they are.
-DoubleDouble AddSimilar(DoubleDouble a, DoubleDouble b) {
-    const DoubleDouble sum = TwoSum(a.high, b.high);
-    return QuickTwoSum(sum.high, sum.low + (a.low + b.low));
-}
-
 /// exp(r) - 1 for |r| below 0.04.
 DoubleDouble ShortExpMinusOne(DoubleDouble r) {
     const double x = r.high;
@@ -46,15 +39,15 @@ DoubleDouble ShortExpMinusOne(DoubleDouble r) {
         tail = coefficient + x * tail;
     DoubleDouble sum = QuickTwoSum(kHeadCoefficients[0].high, kHeadCoefficients[0].low + x * tail);
     for (std::size_t i = 1; i < std::size(kHeadCoefficients); ++i)
-        sum = AddSimilar(kHeadCoefficients[i], Multiply(sum, r));
-    return AddSimilar(r, Multiply(Multiply(r, r), sum));
+        sum = LooseSum(kHeadCoefficients[i], sum * r);
+    return LooseSum(r, r * r * sum);
 }
 
 /// a - k (c + third), for the multiple k of a constant given to three doubles.
 DoubleDouble TakeOff(DoubleDouble a, double k, DoubleDouble c, double third) {
     const DoubleDouble first = TwoProduct(k, c.high);
     const DoubleDouble second = TwoProduct(k, c.low);
-    return Subtract(Subtract(a, first), {second.high, second.low + k * third});
+    return a - first - DoubleDouble{second.high, second.low + k * third};
 }
 
 }  // namespace
@@ -63,7 +56,7 @@ KALVEX_WITH_FMA
 DoubleDouble ExpMinusOne(DoubleDouble a) {
     DoubleDouble p = ShortExpMinusOne({a.high * kPart, a.low * kPart});
     for (int i = 0; i < kHalvings; ++i)
-        p = AddSimilar({2 * p.high, 2 * p.low}, Multiply(p, p));
+        p = LooseSum({2 * p.high, 2 * p.low}, p * p);
     return p;
 }
 
@@ -71,7 +64,7 @@ KALVEX_WITH_FMA
 DoubleDouble ExpScaled(DoubleDouble a, int& exponent) {
     const double k = std::nearbyint(a.high / kLn2.high);
     exponent = TruncateToInt32(k);
-    return Add(ExpMinusOne(TakeOff(a, k, kLn2, kThirdOfLn2)), 1.0);
+    return ExpMinusOne(TakeOff(a, k, kLn2, kThirdOfLn2)) + 1.0;
 }
 
 DoubleDouble Exp(DoubleDouble a) {
@@ -89,11 +82,11 @@ DoubleDouble Log(DoubleDouble a) {
     const DoubleDouble fraction = {fractionHigh, std::ldexp(a.low, -exponent)};
     const double first = std::log(fraction.high);
     // fraction exp(-first) - 1, the difference of the products' high parts being exact.
-    const DoubleDouble inverse = AddSimilar({1, 0}, ExpMinusOne({-first, 0}));
-    const DoubleDouble product = Multiply(fraction, inverse);
+    const DoubleDouble inverse = LooseSum({1, 0}, ExpMinusOne({-first, 0}));
+    const DoubleDouble product = fraction * inverse;
     const DoubleDouble rest = QuickTwoSum(product.high - 1, product.low);
     const double square = rest.high * rest.high;
-    const DoubleDouble fractionLog = Add(Add(rest, -square / 2 + square * rest.high / 3), first);
+    const DoubleDouble fractionLog = rest + (-square / 2 + square * rest.high / 3) + first;
     const double k = exponent;
     return k == 0 ? fractionLog : TakeOff(fractionLog, -k, kLn2, kThirdOfLn2);
 }
@@ -104,8 +97,8 @@ DoubleDouble LogOnePlus(DoubleDouble a) {
     // e = exp(y) - 1.
     const double first = std::log1p(a.high);
     const DoubleDouble e = ExpMinusOne({first, 0});
-    const DoubleDouble rest = Divide(Subtract(a, e), Add(e, 1.0));
-    return Add(Add(rest, -rest.high * rest.high / 2), first);
+    const DoubleDouble rest = (a - e) / (e + 1.0);
+    return rest - rest.high * rest.high / 2 + first;
 }
 
 KALVEX_WITH_FMA

@@ -6,14 +6,9 @@
 #pragma once
 
 #include <cmath>
+#include <type_traits>
 
-// A function whose time goes into fused multiplications is compiled a second time for processors
-// that have them; the bits are the same. Flattened, because what it calls is compiled for all.
-#if defined(__x86_64__) && !defined(__clang__) && !defined(__SANITIZE_ADDRESS__)
-#define KALVEX_WITH_FMA [[gnu::target_clones("default", "fma"), gnu::flatten]]
-#else
-#define KALVEX_WITH_FMA
-#endif
+#include "numbers/processor.h"
 
 namespace kalvex {
 
@@ -41,71 +36,196 @@ inline DoubleDouble TwoProduct(double a, double b) {
     return {product, std::fma(a, b, -product)};
 }
 
+/// The nearest double.
 inline double ToDouble(DoubleDouble a) {
     return a.high + a.low;
 }
 
-inline DoubleDouble Negate(DoubleDouble a) {
+// Operators: the result is normalised, and its relative error is below 2^-103, also where the
+// arguments of a sum cancel.
+
+inline DoubleDouble operator-(DoubleDouble a) {
     return {-a.high, -a.low};
 }
 
-inline DoubleDouble Add(DoubleDouble a, double b) {
+inline DoubleDouble operator+(DoubleDouble a, double b) {
     const DoubleDouble sum = TwoSum(a.high, b);
     return QuickTwoSum(sum.high, sum.low + a.low);
 }
 
-/// The error is relative to the sum even where the arguments cancel.
-inline DoubleDouble Add(DoubleDouble a, DoubleDouble b) {
+inline DoubleDouble operator+(double a, DoubleDouble b) {
+    return b + a;
+}
+
+inline DoubleDouble operator+(DoubleDouble a, DoubleDouble b) {
     const DoubleDouble highs = TwoSum(a.high, b.high);
     const DoubleDouble lows = TwoSum(a.low, b.low);
     const DoubleDouble sum = QuickTwoSum(highs.high, highs.low + lows.high);
     return QuickTwoSum(sum.high, sum.low + lows.low);
 }
 
-inline DoubleDouble Subtract(DoubleDouble a, double b) {
-    return Add(a, -b);
+inline DoubleDouble operator-(DoubleDouble a, double b) {
+    return a + -b;
 }
 
-inline DoubleDouble Subtract(DoubleDouble a, DoubleDouble b) {
-    return Add(a, Negate(b));
+inline DoubleDouble operator-(double a, DoubleDouble b) {
+    return -b + a;
 }
 
-inline DoubleDouble Multiply(DoubleDouble a, double b) {
+inline DoubleDouble operator-(DoubleDouble a, DoubleDouble b) {
+    return a + -b;
+}
+
+inline DoubleDouble operator*(DoubleDouble a, double b) {
     const DoubleDouble product = TwoProduct(a.high, b);
     return QuickTwoSum(product.high, product.low + a.low * b);
 }
 
-inline DoubleDouble Multiply(DoubleDouble a, DoubleDouble b) {
+inline DoubleDouble operator*(double a, DoubleDouble b) {
+    return b * a;
+}
+
+inline DoubleDouble operator*(DoubleDouble a, DoubleDouble b) {
     const DoubleDouble product = TwoProduct(a.high, b.high);
     return QuickTwoSum(product.high, product.low + (a.high * b.low + a.low * b.high));
 }
 
-inline DoubleDouble Divide(DoubleDouble a, double b) {
+inline DoubleDouble operator/(DoubleDouble a, double b) {
     const double quotient = a.high / b;
     const DoubleDouble product = TwoProduct(quotient, b);
     const double rest = ((a.high - product.high) - product.low) + a.low;
     return QuickTwoSum(quotient, rest / b);
 }
 
-inline DoubleDouble Divide(DoubleDouble a, DoubleDouble b) {
+inline DoubleDouble operator/(DoubleDouble a, DoubleDouble b) {
     const double first = a.high / b.high;
-    DoubleDouble rest = Subtract(a, Multiply(b, first));
+    DoubleDouble rest = a - b * first;
     const double second = rest.high / b.high;
-    rest = Subtract(rest, Multiply(b, second));
-    return Add(QuickTwoSum(first, second), rest.high / b.high);
+    rest = rest - b * second;
+    return QuickTwoSum(first, second) + rest.high / b.high;
 }
 
-/// a at least 0.
+inline DoubleDouble operator/(double a, DoubleDouble b) {
+    return DoubleDouble{a} / b;
+}
+
+template <typename Number>
+DoubleDouble& operator+=(DoubleDouble& a, Number b) {
+    return a = a + b;
+}
+
+template <typename Number>
+DoubleDouble& operator-=(DoubleDouble& a, Number b) {
+    return a = a - b;
+}
+
+template <typename Number>
+DoubleDouble& operator*=(DoubleDouble& a, Number b) {
+    return a = a * b;
+}
+
+// Loose forms: shorter, for values whose last digits do not count. A loose sum adds the low parts
+// as plain doubles, so that its error is below 2^-104 of |a| + |b|, not of the sum: where a and b
+// cancel, digits are lost. A loose quotient multiplies by the rounded inverse of b; its relative
+// error is below 2^-102.
+
+inline DoubleDouble LooseSum(DoubleDouble a, DoubleDouble b) {
+    const DoubleDouble sum = TwoSum(a.high, b.high);
+    return QuickTwoSum(sum.high, sum.low + (a.low + b.low));
+}
+
+inline DoubleDouble LooseDifference(DoubleDouble a, DoubleDouble b) {
+    return LooseSum(a, -b);
+}
+
+inline DoubleDouble LooseQuotient(DoubleDouble a, DoubleDouble b) {
+    const double inverse = 1 / b.high;
+    const double quotient = a.high * inverse;
+    const double rest = std::fma(-quotient, b.high, a.high) + (a.low - quotient * b.low);
+    return QuickTwoSum(quotient, rest * inverse);
+}
+
+inline DoubleDouble LooseQuotient(DoubleDouble a, double b) {
+    return LooseQuotient(a, DoubleDouble{b});
+}
+
+inline DoubleDouble LooseQuotient(double a, DoubleDouble b) {
+    return LooseQuotient(DoubleDouble{a}, b);
+}
+
+/// The square root of a, which is above 0; relative error below 2^-103.
+inline DoubleDouble LooseSqrt(DoubleDouble a) {
+    const double root = std::sqrt(a.high);
+    return QuickTwoSum(root, (std::fma(-root, root, a.high) + a.low) / (2 * root));
+}
+
+/// The square root of a, which is at least 0; relative error below 2^-103.
 inline DoubleDouble Sqrt(DoubleDouble a) {
     if (a.high <= 0) return {};
     const double root = std::sqrt(a.high);
-    const DoubleDouble rest = Subtract(a, TwoProduct(root, root));
+    const DoubleDouble rest = a - TwoProduct(root, root);
     return QuickTwoSum(root, rest.high / (2 * root));
 }
 
-/// a times a power of two.
+/// The leading part; for code that serves numbers of one double and of two.
+inline double HighOf(double a) {
+    return a;
+}
+
+inline double HighOf(DoubleDouble a) {
+    return a.high;
+}
+
+/// a - b, as a pair without an error; for the same code.
+template <typename Number>
+Number DifferenceOf(double a, double b) {
+    if constexpr (std::is_same_v<Number, double>)
+        return a - b;
+    else
+        return TwoSum(a, -b);
+}
+
+/// a times 2^exponent.
 inline DoubleDouble Scale(DoubleDouble a, int exponent) {
     return {std::ldexp(a.high, exponent), std::ldexp(a.low, exponent)};
+}
+
+// The operators by name.
+
+inline DoubleDouble Negate(DoubleDouble a) {
+    return -a;
+}
+
+inline DoubleDouble Add(DoubleDouble a, double b) {
+    return a + b;
+}
+
+inline DoubleDouble Add(DoubleDouble a, DoubleDouble b) {
+    return a + b;
+}
+
+inline DoubleDouble Subtract(DoubleDouble a, double b) {
+    return a - b;
+}
+
+inline DoubleDouble Subtract(DoubleDouble a, DoubleDouble b) {
+    return a - b;
+}
+
+inline DoubleDouble Multiply(DoubleDouble a, double b) {
+    return a * b;
+}
+
+inline DoubleDouble Multiply(DoubleDouble a, DoubleDouble b) {
+    return a * b;
+}
+
+inline DoubleDouble Divide(DoubleDouble a, double b) {
+    return a / b;
+}
+
+inline DoubleDouble Divide(DoubleDouble a, DoubleDouble b) {
+    return a / b;
 }
 
 /// exp(a) - 1 for |a| at most 1, relative error below 2^-90.

@@ -35,7 +35,7 @@ constexpr double kExpSeries[] = {1.0 / 2,   1.0 / 6,    1.0 / 24,   1.0 / 120,
                                  1.0 / 720, 1.0 / 5040, 1.0 / 40320};
 
 template <std::size_t count>
-Extended WithSeries(const double (&series)[count], Extended r) {
+DoubleDouble WithSeries(const double (&series)[count], DoubleDouble r) {
     double sum = 0;
     for (std::size_t i = count; i-- > 0;)
         sum = sum * r.high + series[i];
@@ -45,25 +45,25 @@ Extended WithSeries(const double (&series)[count], Extended r) {
 /// exp(t) = 2^exponent (1 + rise) (1 + rest).
 struct TakenApart {
     int exponent;
-    Extended rise;
-    Extended rest;
+    DoubleDouble rise;
+    DoubleDouble rest;
 };
 
 /// |t| up to 2^14.
-TakenApart TakeApart(Extended t) {
+TakenApart TakeApart(DoubleDouble t) {
     constexpr double kPartsPerUnit = 46.166241308446828384;
     const double parts = Nearest(t.high * kPartsPerUnit);
     // The parts of 33 bits times their number are exact.
-    const Extended most = TwoSum(t.high - parts * kLn2Part1, -parts * kLn2Part2);
-    const Extended r = QuickTwoSum(most.high, most.low + (t.low - parts * kLn2Part3));
+    const DoubleDouble most = TwoSum(t.high - parts * kLn2Part1, -parts * kLn2Part2);
+    const DoubleDouble r = QuickTwoSum(most.high, most.low + (t.low - parts * kLn2Part3));
     const int whole = TruncateToInt32(parts);
     const int index = whole & 31;
     return {(whole - index) / 32, kRises[index], WithSeries(kExpSeries, r)};
 }
 
 /// For |angle| up to a little more than pi/4.
-CosineSine NearZero(Extended angle) {
-    const Extended square = angle * angle;
+CosineSine NearZero(DoubleDouble angle) {
+    const DoubleDouble square = angle * angle;
     return {Polynomial(kCosine, square), angle * Polynomial(kSine, square)};
 }
 
@@ -85,7 +85,7 @@ CosineSine Turned(CosineSine point, int quarters) {
 /// An angle less so many quarter turns, known modulo four.
 struct Reduced {
     int quarters;
-    Extended rest;
+    DoubleDouble rest;
 };
 
 constexpr std::size_t kWords = 6;
@@ -127,10 +127,10 @@ Reduced ReduceLarge(double x) {
     bits[0] &= 0x3fffffff;
     const bool above = bits[0] >> 29 != 0;
     if (above) ++quarters;
-    Extended rest{above ? -1.0 : 0.0};
+    DoubleDouble rest{above ? -1.0 : 0.0};
     double unit = 0x1p-30;
     for (const std::uint32_t word : bits) {
-        rest = Add(rest, word * unit);
+        rest += word * unit;
         unit *= 0x1p-32;
     }
     return {quarters, rest * kHalfPi};
@@ -145,7 +145,7 @@ Reduced Reduce(double x) {
     }
     constexpr double kPerQuarter = 0.63661977236758134308;
     const double quarters = Nearest(x * kPerQuarter);
-    const Extended most = TwoSum(x - quarters * kHalfPi1, -quarters * kHalfPi2);
+    const DoubleDouble most = TwoSum(x - quarters * kHalfPi1, -quarters * kHalfPi2);
     return {TruncateToInt32(quarters), QuickTwoSum(most.high, most.low - quarters * kHalfPi3)};
 }
 
@@ -171,61 +171,62 @@ Scaled Sum(Scaled a, Scaled b) {
     if (a.exponent < b.exponent) return Sum(b, a);
     const int lower = b.exponent - a.exponent;
     if (lower < -2000) return a;
-    return {a.value + TimesPower(b.value, PowerOfTwo(lower)), a.exponent};
+    return {LooseSum(a.value, TimesPower(b.value, PowerOfTwo(lower))), a.exponent};
 }
 
 KALVEX_WITH_FMA
-Extended LogOf(Extended a) {
+DoubleDouble LogOf(DoubleDouble a) {
     int exponent = 0;
     const double fraction = 2 * std::frexp(a.high, &exponent);
     const double lower = 2 * std::ldexp(a.low, -exponent);
     const int index = TruncateToInt32((fraction - 1) * 64);
     const double inverse = kInverses[index] / 256;
-    const Extended product = TwoProduct(fraction, inverse);
-    const Extended r = QuickTwoSum(product.high - 1, product.low + lower * inverse);
-    const Extended rest = kLogarithms[index] + WithSeries(kLogSeries, r);
-    return kLn2 * static_cast<double>(exponent - 1) + rest;
+    const DoubleDouble product = TwoProduct(fraction, inverse);
+    const DoubleDouble r = QuickTwoSum(product.high - 1, product.low + lower * inverse);
+    const DoubleDouble rest = LooseSum(kLogarithms[index], WithSeries(kLogSeries, r));
+    return LooseSum(kLn2 * static_cast<double>(exponent - 1), rest);
 }
 
 KALVEX_WITH_FMA
-Scaled ExpOf(Extended t) {
+Scaled ExpOf(DoubleDouble t) {
     constexpr double kEnd = 12000;
     if (!(std::fabs(t.high) <= kEnd)) return {{1, 0}, t.high > 0 ? 30000 : -30000};
     const auto [exponent, rise, rest] = TakeApart(t);
-    return {1 + (rise + (1 + rise) * rest), exponent};
+    return {1 + LooseSum(rise, (1 + rise) * rest), exponent};
 }
 
 KALVEX_WITH_FMA
-Extended ExpMinusOneOf(Extended t) {
+DoubleDouble ExpMinusOneOf(DoubleDouble t) {
     const auto [exponent, rise, rest] = TakeApart(t);
-    const Extended base = exponent < 0 ? (rise - 1) * 0.5 : rise;
-    return base + (1 + base) * rest;
+    const DoubleDouble base = exponent < 0 ? (rise - 1) * 0.5 : rise;
+    return LooseSum(base, (1 + base) * rest);
 }
 
 KALVEX_WITH_FMA
-Extended AngleOf(Extended y, Extended x) {
+DoubleDouble AngleOf(DoubleDouble y, DoubleDouble x) {
     const double rough = RoughAngle(y.high / x.high);
     const auto [c, s] = NearZero({rough / 2, 0});
     // Cosine and sine of the rough angle, by those of its half.
-    const Extended cosine = 1 - 2 * (s * s);
-    const Extended sine = 2 * (s * c);
-    const Extended tangent = (y * cosine - x * sine) / (x * cosine + y * sine);
+    const DoubleDouble cosine = 1 - 2 * (s * s);
+    const DoubleDouble sine = 2 * (s * c);
+    const DoubleDouble tangent =
+        LooseQuotient(LooseDifference(y * cosine, x * sine), LooseSum(x * cosine, y * sine));
     const double cube = tangent.high * tangent.high * tangent.high;
     return rough + (tangent - cube / 3);
 }
 
 KALVEX_WITH_FMA
-CosineSine CosineSinePi(Extended t) {
+CosineSine CosineSinePi(DoubleDouble t) {
     const double halves = Nearest(2 * t.high);
     return Turned(NearZero(kPi * (t - halves / 2)), TruncateToInt32(halves));
 }
 
 KALVEX_WITH_FMA
-CosineSine CosineSineOf(Extended x) {
+CosineSine CosineSineOf(DoubleDouble x) {
     constexpr double kSmall = 1e-3;
     Reduced reduced = Reduce(x.high);
     if (std::fabs(x.low) < kSmall) {
-        reduced.rest = reduced.rest + x.low;
+        reduced.rest += x.low;
         return Turned(NearZero(reduced.rest), reduced.quarters);
     }
     const Reduced lower = Reduce(x.low);
@@ -234,7 +235,7 @@ CosineSine CosineSineOf(Extended x) {
 }
 
 KALVEX_WITH_FMA
-CosineSine CosineSineLess(double x, Extended t) {
+CosineSine CosineSineLess(double x, DoubleDouble t) {
     // The difference is exact enough up to here.
     constexpr double kTogether = 0x1p30;
     if (std::fabs(x) < kTogether) return CosineSineOf(x - kPi * t);

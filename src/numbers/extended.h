@@ -6,108 +6,36 @@
 #include <cstddef>
 
 #include "numbers/double_double.h"
+#include "numbers/power_coefficients.h"
 
 namespace kalvex {
 
-using Extended = DoubleDouble;
-
-// Errors are below 2^-100 of the largest argument of a sum, and of a product or quotient.
-
-inline Extended operator-(Extended a) {
-    return {-a.high, -a.low};
-}
-
-inline Extended operator+(Extended a, Extended b) {
-    const Extended sum = TwoSum(a.high, b.high);
-    return QuickTwoSum(sum.high, sum.low + (a.low + b.low));
-}
-
-inline Extended operator+(Extended a, double b) {
-    const Extended sum = TwoSum(a.high, b);
-    return QuickTwoSum(sum.high, sum.low + a.low);
-}
-
-inline Extended operator+(double a, Extended b) {
-    return b + a;
-}
-
-inline Extended operator-(Extended a, Extended b) {
-    return a + -b;
-}
-
-inline Extended operator-(Extended a, double b) {
-    return a + -b;
-}
-
-inline Extended operator-(double a, Extended b) {
-    return -b + a;
-}
-
-inline Extended operator*(Extended a, Extended b) {
-    return Multiply(a, b);
-}
-
-inline Extended operator*(Extended a, double b) {
-    return Multiply(a, b);
-}
-
-inline Extended operator*(double a, Extended b) {
-    return Multiply(b, a);
-}
-
-inline Extended operator/(Extended a, Extended b) {
-    const double inverse = 1 / b.high;
-    const double quotient = a.high * inverse;
-    const double rest = std::fma(-quotient, b.high, a.high) + (a.low - quotient * b.low);
-    return QuickTwoSum(quotient, rest * inverse);
-}
-
-inline Extended operator/(Extended a, double b) {
-    return a / Extended{b};
-}
-
-inline Extended operator/(double a, Extended b) {
-    return Extended{a} / b;
-}
-
 /// a times a power of two, exactly but for underflow.
-inline Extended TimesPower(Extended a, double power) {
+inline DoubleDouble TimesPower(DoubleDouble a, double power) {
     return {a.high * power, a.low * power};
 }
 
-/// The square root of a > 0.
-inline Extended SquareRoot(Extended a) {
-    const double root = std::sqrt(a.high);
-    return QuickTwoSum(root, (std::fma(-root, root, a.high) + a.low) / (2 * root));
-}
-
-/// A power series: the first three coefficients, and the rest as doubles.
+/// The sum of a power series; full precision where the terms from the fourth on are below 2^-10 of
+/// it together.
 template <std::size_t count>
-struct PowerCoefficients {
-    Extended head[3];
-    double tail[count];
-};
-
-/// Its sum; full precision where the terms from the fourth on are below 2^-10 of it together.
-template <std::size_t count>
-Extended Polynomial(const PowerCoefficients<count>& of, Extended t) {
+DoubleDouble Polynomial(const PowerCoefficients<count>& of, DoubleDouble t) {
     double tail = 0;
     for (std::size_t i = count; i-- > 0;)
         tail = tail * t.high + of.tail[i];
-    const Extended sum = of.head[2] + tail * t.high;
-    return (sum * t + of.head[1]) * t + of.head[0];
+    const DoubleDouble sum = of.head[2] + tail * t.high;
+    return LooseSum(LooseSum(sum * t, of.head[1]) * t, of.head[0]);
 }
 
 /// A number times a power of two: values beyond the range of doubles.
 struct Scaled {
-    Extended value;
+    DoubleDouble value;
     int exponent = 0;
 };
 
 /// Infinite, zero or denormal where it must be.
 double ToDouble(Scaled a);
 
-inline Scaled operator*(Scaled a, Extended b) {
+inline Scaled operator*(Scaled a, DoubleDouble b) {
     return {a.value * b, a.exponent};
 }
 
@@ -115,35 +43,36 @@ inline Scaled operator*(Scaled a, Extended b) {
 Scaled Sum(Scaled a, Scaled b);
 
 /// ln(a) with an absolute error below 2^-62 + 2^-100 |ln(a)|. a > 0.
-Extended LogOf(Extended a);
+DoubleDouble LogOf(DoubleDouble a);
 
 /// exp(t), the error below 2^-61 + 2^-100 |t|; far beyond the range of doubles only the side of it
 /// is right.
-Scaled ExpOf(Extended t);
+Scaled ExpOf(DoubleDouble t);
 
 /// exp(t) - 1 with a relative error below 2^-58. |t| up to 1/2.
-Extended ExpMinusOneOf(Extended t);
+DoubleDouble ExpMinusOneOf(DoubleDouble t);
 
 /// atan(y / x) for 0 <= y <= 2 x, relative error below 2^-60.
-Extended AngleOf(Extended y, Extended x);
+DoubleDouble AngleOf(DoubleDouble y, DoubleDouble x);
 
 struct CosineSine {
-    Extended cosine;
-    Extended sine;
+    DoubleDouble cosine;
+    DoubleDouble sine;
 };
 
 /// The unit vector a turned back by b.
 inline CosineSine TurnedBack(CosineSine a, CosineSine b) {
-    return {a.cosine * b.cosine + a.sine * b.sine, a.sine * b.cosine - a.cosine * b.sine};
+    return {LooseSum(a.cosine * b.cosine, a.sine * b.sine),
+            LooseDifference(a.sine * b.cosine, a.cosine * b.sine)};
 }
 
 /// cos(pi t) and sin(pi t); exact at the multiples of 1/2. |t| up to 2^30.
-CosineSine CosineSinePi(Extended t);
+CosineSine CosineSinePi(DoubleDouble t);
 
 /// cos(x) and sin(x) with an absolute error below 2^-61, near 0 relative to the sine.
-CosineSine CosineSineOf(Extended x);
+CosineSine CosineSineOf(DoubleDouble x);
 
 /// cos(x - pi t) and sin(x - pi t), absolute error below 2^-60 for |t| up to 2^30 and all finite x.
-CosineSine CosineSineLess(double x, Extended t);
+CosineSine CosineSineLess(double x, DoubleDouble t);
 
 }  // namespace kalvex

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "numbers/extended.h"
+#include "numbers/power_coefficients.h"
 
 namespace kalvex {
 

@@ -268,7 +268,7 @@ DoubleDouble FractionOf(const Wide<limbs>& a) {
     const double low = std::ldexp(static_cast<double>(top & kLow), -64) +
                        std::ldexp(static_cast<double>(a.digits[limbs - 2] >> 11), -117);
     const DoubleDouble sum = QuickTwoSum(high, low);
-    return a.sign > 0 ? sum : Negate(sum);
+    return a.sign > 0 ? sum : -sum;
 }
 
 /// Rounded; beyond the range infinite or 0.

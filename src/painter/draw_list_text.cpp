@@ -1,12 +1,12 @@
-// Each kind of record writes its own geometry; what all kinds share is written in one place. All
-// numbers are whole ones.
+// Each kind of record writes its own geometry; the columns that all kinds share are written by
+// AppendStart. All numbers are integers.
 #include "painter/draw_list_text.h"
 
 #include <array>
 #include <string_view>
 
-#include "base/decimal.h"
 #include "base/encoding.h"
+#include "numbers/decimal.h"
 #include "settings/complete_file.h"
 
 namespace kalvex {
@@ -30,7 +30,7 @@ std::string ColorText(const Rgb& color) {
     return text;
 }
 
-/// The characters of a text in one column.
+/// A text with the characters escaped that would end a column or a line.
 std::string Escaped(std::u16string_view text) {
     std::string escaped;
     for (const char c : ToUtf8(text)) {

@@ -23,8 +23,8 @@ namespace kalvex {
 /// characters that would end a column or a line.
 std::string DrawListText(const DrawList& list);
 
-/// Writes that text as a file. False when the list has no size, like the other picture files, or
-/// when the file cannot be written; an old file survives then.
+/// Writes that text as a file. False when the picture has no pixels, as for the other formats, or
+/// when the file cannot be written; a file that was there before is then unchanged.
 bool WriteDrawListText(const QString& path, const DrawList& list);
 
 }  // namespace kalvex

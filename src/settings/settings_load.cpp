@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "numbers/decimal.h"
+#include "resources/message_boxes.h"
 #include "resources/strings.h"
 #include "settings/settings.h"
 #include "settings/settings_names.h"
@@ -23,9 +24,8 @@ struct Loader {
 // KEEP: without the flag set, every further missing value of the main key shows its own box.
 void ReportValue(Loader& loader) {
     if (loader.errorShown) return;
-    loader.show({std::u16string(Text(StringId::RegistryErrorTitle)),
-                 std::u16string(Text(StringId::RegistryErrorText)), MessageIcon::Information,
-                 MessageButtons::Ok});
+    loader.show(BoxOf(StringId::RegistryErrorTitle, Text(StringId::RegistryErrorText),
+                      MessageIcon::Information));
 }
 
 void ReportOnce(Loader& loader) {

@@ -9,6 +9,7 @@
 #include "expr/evaluator.h"
 #include "interp/approx_parameters.h"
 #include "interp/point_table.h"
+#include "resources/strings.h"
 
 namespace kalvex {
 
@@ -72,22 +73,23 @@ struct Rgb {
 };
 
 struct NamedColor {
-    std::u16string_view name;  ///< the menu word
+    std::u16string_view name;  ///< what the tool calls it
+    StringId word{};           ///< the menu word
     Rgb rgb;
 };
 
 /// Indexed by `color` - 1.
 inline constexpr std::array<NamedColor, 9> kColorTable = {{
-    {u"Red", {255, 0, 0}},
-    {u"Orange", {255, 165, 0}},
-    {u"Violet", {138, 43, 226}},
-    {u"Green", {50, 205, 50}},
-    {u"Blue", {0, 0, 255}},
-    {u"Magenta", {255, 0, 255}},
-    {u"Cyan", {0, 255, 255}},
-    {u"Black", {0, 0, 0}},
+    {u"Red", StringId::ColourRed, {255, 0, 0}},
+    {u"Orange", StringId::ColourOrange, {255, 165, 0}},
+    {u"Violet", StringId::ColourViolet, {138, 43, 226}},
+    {u"Green", StringId::ColourGreen, {50, 205, 50}},
+    {u"Blue", StringId::ColourBlue, {0, 0, 255}},
+    {u"Magenta", StringId::ColourMagenta, {255, 0, 255}},
+    {u"Cyan", StringId::ColourCyan, {0, 255, 255}},
+    {u"Black", StringId::ColourBlack, {0, 0, 0}},
     // KEEP: the ninth word is "Great" and the colour a dark grey; settings and menus rely on it.
-    {u"Great", {105, 105, 105}},
+    {u"Great", StringId::ColourGreat, {105, 105, 105}},
 }};
 
 /// The colour of an index 1..9; black for any other index.

@@ -3,23 +3,19 @@
 // keep the compiled form of an earlier Draw.
 #include "expr/checker.h"
 #include "expr/normaliser.h"
+#include "resources/message_boxes.h"
 #include "resources/strings.h"
 #include "workspace/function_list.h"
 
 namespace kalvex {
 namespace {
 
-void ShowError(const ShowMessage& show, std::u16string text) {
-    show({std::u16string(Text(StringId::Error)), std::move(text), MessageIcon::Stop,
-          MessageButtons::Ok});
-}
-
 bool CheckAndCompile(const FunctionEntry& entry, int slot, std::u16string_view expression,
                      CheckMode mode, CompiledExpression& compiled, const ShowMessage& show) {
     const CheckResult result = CheckExpression(expression, mode);
     if (result.code < 0) {
-        ShowError(show, FillIn(Text(StringId::ErrorInFunction),
-                               {NumberText(slot + 1), entry.text, result.message}));
+        show(ErrorBox(FillIn(Text(StringId::ErrorInFunction),
+                             {NumberText(slot + 1), entry.text, result.message})));
         return false;
     }
     compiled = CompileExpression(expression);
@@ -42,7 +38,7 @@ bool CompileImplicit(FunctionEntry& entry, int slot, const ShowMessage& show) {
 bool CompileParametric(FunctionEntry& entry, int slot, const ShowMessage& show) {
     const std::size_t split = entry.text.find(u';');
     if (split == entry.text.npos) {
-        ShowError(show, std::u16string(Text(StringId::ParametricNeedsTwo)));
+        show(ErrorBox(Text(StringId::ParametricNeedsTwo)));
         return false;
     }
     entry.workingText = entry.text.substr(0, split);

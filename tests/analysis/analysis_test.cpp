@@ -34,7 +34,7 @@ TEST(Analysis, ExtremeValues) {
         {{At(0, 3)}, 3, 3},
         {{At(0, 3), At(1, 5), At(2, -4), At(3, 5)}, 5, -4},
         {{At(0, 3), At(1, 500, 0, 2), At(2, -400, 0, 2)}, 3, 3},
-        // An undefined first sample is used for the least value, not for the greatest.
+        // An undefined first sample takes part in the least value only.
         {{At(0, 1e30, 0, 2), At(1, 5), At(2, 7)}, 7, 5},
         {{At(0, -9, 0, 2), At(1, 5), At(2, 7)}, 7, -9},
         {{At(0, 1e30, 0, 2)}, -1e100, 1e30},
@@ -57,14 +57,14 @@ TEST(Analysis, Roots) {
         {{0}, {}},
         {{1, -1}, {0}},
         {{-1, 1, 1, -1}, {0, 2}},
-        {{0, 1}, {0}},        // the first sample is the right one of no pair
+        {{0, 1}, {0}},        // the first sample is never the right one of a pair
         {{1, 0, 1}, {1, 1}},  // an exact zero counts twice
-        {{1, 0}, {1}},        // a zero at the end counts once
+        {{1, 0}, {1}},        // the last sample counts once
         {{1, 0, 0, 1}, {1, 2, 2}},
         {{0, 0, 0, 0}, {1, 2, 3}},
         {{1, -0.0, -1}, {1, 1}},
         {{kNan, 1, kNan, -1}, {}},
-        // The product of the two values underflows to 0, which counts as a change of sign.
+        // The product of the two values underflows to 0, and the test is on the product.
         {{1e-200, 1e-200}, {0}},
     };
     for (const auto& row : rows) {
@@ -92,8 +92,7 @@ TEST(Analysis, AJumpOverTheWholePictureIsNoRoot) {
         const AnalysisResult result = Analyse(EntryOf({At(4, 1, row.left), At(5, -1, row.right)}));
         EXPECT_EQ(result.rootCount, row.root ? 1 : 0) << row.left << ' ' << row.right;
     }
-    // An exact zero is counted even behind a jump. The second count needs a next sample without
-    // one.
+    // An exact zero counts even after a jump, and only once when a jump follows it.
     EXPECT_EQ(Analyse(EntryOf({At(4, 1, 0), At(5, 0, 500)})).rootCount, 1);
     EXPECT_EQ(Analyse(EntryOf({At(4, 0, 0), At(5, 1, 500)})).rootCount, 0);
 }

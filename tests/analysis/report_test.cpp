@@ -121,7 +121,7 @@ TEST(ReportText, OfACurveWithoutAnything) {
               "Minimums of 5 on the interval (0.000000,0.000000) not found.\r\n");
 }
 
-// A "%" in the name of a function is printed, not taken for a format.
+// A name is inserted as it is, also when it contains format characters.
 TEST(Report, TakesAnyName) {
     for (const std::u16string_view name : {u"", u"100%s of %d%f%%.txt", u"результат.kx"}) {
         const auto pages = ReportPages(SomeResult(), name);

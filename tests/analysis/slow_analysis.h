@@ -1,5 +1,5 @@
-// A second implementation of the analysis, written to be checked by eye and not for speed: each
-// figure is computed on its own from the list of all samples.
+// A second implementation of the analysis, written for clarity and not for speed: each result is
+// computed separately from the list of all samples.
 #pragma once
 
 #include <algorithm>
@@ -50,8 +50,8 @@ inline std::vector<double> Roots(const Samples& samples, int viewHeight) {
     return roots;
 }
 
-/// The x and y of the samples that are strictly above (`side` 1: maximums) or strictly below
-/// (`side` -1: minimums) both neighbours.
+/// The x and y of the samples that lie strictly above (`side` 1: maximums) or below (`side` -1:
+/// minimums) both neighbours.
 inline std::vector<std::pair<double, double>> Extremums(const Samples& samples, int viewHeight,
                                                         double side) {
     std::vector<std::pair<double, double>> found;

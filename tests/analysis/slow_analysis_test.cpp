@@ -1,5 +1,5 @@
-// Varied functions of all types in random windows: the analysis must agree with its slow second
-// implementation.
+// Compares the analysis with a slow second implementation, for functions of all types in random
+// windows.
 #include "analysis/slow_analysis.h"
 
 #include <gtest/gtest.h>
@@ -17,7 +17,7 @@ using fixtures::DrawnLine;
 using testing_support::Below;
 using testing_support::Generator;
 
-/// Whether two doubles are equal or both not-a-number.
+/// Whether two doubles are the same number or both not-a-number.
 bool Same(double one, double other) {
     return one == other || (std::isnan(one) && std::isnan(other));
 }

@@ -1,4 +1,4 @@
-// A run of the tool together with the output that is expected of it.
+// A run of the tool and its expected results.
 #pragma once
 
 #include <gtest/gtest.h>

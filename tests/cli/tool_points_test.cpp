@@ -8,7 +8,7 @@
 namespace kalvex {
 namespace {
 
-/// A point file in a folder of its own.
+/// A point file in its own temporary folder.
 struct PointFileOf {
     TemporaryFolder folder;
     std::string path;

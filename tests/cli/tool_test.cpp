@@ -1,4 +1,4 @@
-// The tool as its users see it: arguments and standard input, output lines and exit status.
+// The built tool from the outside: arguments and standard input, printed lines and exit status.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -354,7 +354,7 @@ TEST(Tool, ZoomsAutomatically) {
             "0\t0\t-10\t100\t0\t0\n1\t3\t-5\t25\t0\t0\n2\t4\t0\t0\t0\t0\n"
             "3\t3\t5\t25\t0\t0\n5\t0\t10\t100\t0\t0\n",
             ""});
-    // When the bounds cannot be found, a message says so and the window stays as it was.
+    // When no bounds can be found there is a message and the window is not changed.
     Expect({{"samples", "--auto", "--size", "1x4", "decart:x+200"},
             "",
             0,

@@ -128,10 +128,10 @@ TEST(KernelEnds, OfPowers) {
 /// The largest double whose n-th power, rounded, is finite: n ln x below the logarithm of
 /// 2^1024 (1 - 2^-54), decided with 31 digits.
 double LargestBase(int n) {
-    const DoubleDouble limit = Subtract(Multiply(kLn2, 1024.0), 0x1p-54);
+    const DoubleDouble limit = kLn2 * 1024.0 - 0x1p-54;
     const auto excess = [&limit, n](double x) {
-        const DoubleDouble power = Multiply(Log(DoubleDouble{x}), static_cast<double>(n));
-        return ToDouble(Subtract(power, limit));
+        const DoubleDouble power = Log(DoubleDouble{x}) * (static_cast<double>(n));
+        return ToDouble(power - limit);
     };
     double x = std::exp2(1024.0 / n);
     x -= x * excess(x) / n;
@@ -174,7 +174,7 @@ TEST(KernelEnds, OfIntegralPowersHaveTheirDigits) {
             const auto powers = Compute(table, OpCode::IntegerPower, bases, {}, n);
             for (std::size_t i = 0; i < bases.size(); ++i) {
                 const auto ofBase = Log(DoubleDouble{bases[i]});
-                const auto exponent = Multiply(ofBase, static_cast<double>(n));
+                const auto exponent = ofBase * (static_cast<double>(n));
                 const double expected = ToDouble(Exp(exponent));
                 EXPECT_LE(Units(powers[i], expected), 1.0) << bases[i] << "^" << n;
             }

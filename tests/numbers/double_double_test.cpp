@@ -11,7 +11,7 @@ namespace {
 
 /// |a - b| / |b| below the bound.
 void ExpectClose(DoubleDouble a, DoubleDouble b, double bound, const char* what) {
-    const DoubleDouble distance = Subtract(a, b);
+    const DoubleDouble distance = a - b;
     EXPECT_LE(std::fabs(distance.high), bound * std::fabs(b.high))
         << what << ": " << a.high << " + " << a.low << ", expected " << b.high << " + " << b.low;
 }
@@ -28,11 +28,11 @@ TEST(DoubleDouble, SumsAndProductsAreExact) {
 
 TEST(DoubleDouble, OperationsAreGoodToThirtyDigits) {
     constexpr double kBound = 1e-30;
-    const DoubleDouble third = Divide(DoubleDouble{1, 0}, 3);
-    ExpectClose(Multiply(third, 3), {1, 0}, kBound, "1/3 * 3");
-    ExpectClose(Multiply(Divide(kPi, kLn2), kLn2), kPi, kBound, "pi/ln2 * ln2");
-    ExpectClose(Multiply(Sqrt(kPi), Sqrt(kPi)), kPi, kBound, "sqrt(pi)^2");
-    ExpectClose(Subtract(Add(kPi, kLn2), kLn2), kPi, kBound, "pi + ln2 - ln2");
+    const DoubleDouble third = DoubleDouble{1, 0} / 3;
+    ExpectClose(third * 3, {1, 0}, kBound, "1/3 * 3");
+    ExpectClose(kPi / kLn2 * kLn2, kPi, kBound, "pi/ln2 * ln2");
+    ExpectClose(Sqrt(kPi) * Sqrt(kPi), kPi, kBound, "sqrt(pi)^2");
+    ExpectClose(kPi + kLn2 - kLn2, kPi, kBound, "pi + ln2 - ln2");
     EXPECT_EQ(Sqrt({0, 0}).high, 0);
 }
 
@@ -106,7 +106,7 @@ TEST(DoubleDouble, ExponentialAtTheEndsOfTheRange) {
 
 TEST(DoubleDouble, SineAndCosineOfManyTurns) {
     for (const double turns : {0.0, 1.0, 12345.0, 1e13}) {
-        const DoubleDouble angle = Add(Multiply(kPi, 2 * turns), 0.5);
+        const DoubleDouble angle = kPi * (2 * turns) + 0.5;
         const auto [sine, cosine] = SinCos(angle);
         // pi is known to 2^-108: what it lacks, times the turns, is the error.
         EXPECT_NEAR(sine, std::sin(0.5), 1e-16 + turns * 1e-31) << turns;
@@ -114,7 +114,7 @@ TEST(DoubleDouble, SineAndCosineOfManyTurns) {
     }
     EXPECT_NEAR(SinCos(kPi).sine, 0, 1e-31);
     EXPECT_NEAR(SinCos(kPi).cosine, -1, 1e-16);
-    EXPECT_NEAR(SinCos(Negate(kHalfPi)).sine, -1, 1e-16);
+    EXPECT_NEAR(SinCos(-kHalfPi).sine, -1, 1e-16);
 }
 
 }  // namespace

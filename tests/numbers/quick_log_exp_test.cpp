@@ -14,7 +14,7 @@ constexpr double kBound = 0x1p-66;
 TEST(QuickLogExp, LogarithmThroughTheWholeRange) {
     for (double x = DBL_TRUE_MIN; x < DBL_MAX / 1.7; x *= 1.6180339887) {
         const DoubleDouble expected = Log({x, 0});
-        const DoubleDouble distance = Subtract(QuickLog(x), expected);
+        const DoubleDouble distance = QuickLog(x) - expected;
         EXPECT_LE(std::fabs(distance.high), kBound * std::fabs(expected.high)) << x;
         if (x < 1e-320) x = 1e-320;
     }
@@ -29,7 +29,7 @@ TEST(QuickLogExp, LogarithmNextToOne) {
             const double exact = x - 1;
             if (exact == 0 || std::fabs(exact) > 0.4) continue;
             const DoubleDouble expected = LogOnePlus({exact, 0});
-            const DoubleDouble error = Subtract(QuickLog(x), expected);
+            const DoubleDouble error = QuickLog(x) - expected;
             EXPECT_LE(std::fabs(error.high), kBound * std::fabs(expected.high)) << x;
         }
     }
@@ -41,7 +41,7 @@ TEST(QuickLogExp, LogarithmAtEverySeam) {
             const double x = std::nextafter(1 + i / 128.0, side == 0 ? 1 + i / 128.0 : side * 9);
             if (x <= 1) continue;
             const DoubleDouble expected = Log({x, 0});
-            const DoubleDouble distance = Subtract(QuickLog(x), expected);
+            const DoubleDouble distance = QuickLog(x) - expected;
             EXPECT_LE(std::fabs(distance.high), kBound * expected.high + 0x1p-94) << x;
         }
     }
@@ -54,7 +54,7 @@ TEST(QuickLogExp, ExponentialOfPairs) {
         int expectedExponent = 0;
         const DoubleDouble value = QuickExp(argument, exponent);
         const DoubleDouble expected = ExpScaled(argument, expectedExponent);
-        const DoubleDouble distance = Subtract(value, Scale(expected, expectedExponent - exponent));
+        const DoubleDouble distance = value - Scale(expected, expectedExponent - exponent);
         EXPECT_LE(std::fabs(distance.high), kBound * value.high) << a;
     }
     int exponent = 0;

@@ -1,5 +1,5 @@
 # shellcheck shell=bash disable=SC2154
-# What the tool says about itself, for the tests beside this file. They set `tool` to its path.
+# Reads the tool's --help for the tests in this folder, which set `tool` to its path.
 
 failures=0
 fail() {
@@ -30,7 +30,7 @@ picture_endings() {
   "$tool" draw --help | grep -- '^  -o ' | grep -oE '\.[a-z]{3,4}\b'
 }
 
-# A help that is read wrongly would make every test pass.
+# If the help were not parsed correctly, the lists would be empty and every test would pass.
 expect_readable_help() {
   local name
   (($(tool_subcommands | wc -l) >= 7)) || fail "subcommands not found in the help"

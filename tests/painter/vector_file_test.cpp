@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::int32_t kHuge = 2'000'000'000;
 
-/// One record of each kind, some reaching far outside.
+/// One record of each kind; some reach far outside the picture.
 DrawList Sample() {
     DrawList list{120, 80, {}};
     const Pen red{{255, 0, 0}, 3};

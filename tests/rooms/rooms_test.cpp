@@ -58,6 +58,10 @@ TEST(Rooms, TheTableHoldsNothingThatIsNotUsed) {
     EXPECT_EQ(UnusedEntries(TableOfTheBuild(), ReadSources(KALVEX_SOURCES)), Lines{});
 }
 
+TEST(Rooms, NoFilesIncludeEachOtherInACircle) {
+    EXPECT_EQ(Circles(ReadSources(KALVEX_SOURCES)), Lines{});
+}
+
 TEST(Rooms, AreDocumentedAsTheyAre) {
     EXPECT_EQ(ReadDocumentedRooms(Contents(KALVEX_ARCHITECTURE)), TableOfTheBuild());
 }

@@ -1,4 +1,4 @@
-// The modes of the graph window by real events: menus, soft keys, mouse, wheel, fingers, keys.
+// The modes of the graph window, driven by menus, soft keys, mouse, wheel, fingers and keys.
 #include <QtTest/qtesttouch.h>
 
 #include <QPointingDevice>
@@ -205,7 +205,7 @@ class GraphModesTest final : public QObject {
         double least = 100.0;
         for (const CurveSample& sample : program.Entry(1).samples)
             least = std::min(least, sample.y);
-        QVERIFY(least > 0.0);  // an even number of columns: none is the middle
+        QVERIFY(least > 0.0);  // with an even number of columns none is exactly in the middle
         CompareBounds(program.View(), -10, 10, least * 1.1, 100 * 1.1);
         QCOMPARE(program.State().viewport.PreviousWindow.Ymax, 10.0);
         ModesProgram large;
@@ -605,7 +605,7 @@ class GraphModesTest final : public QObject {
             program.Key(Qt::Key_F11);
             program.Settle();
             QVERIFY(program.Graph().isFullScreen());
-            // What some window managers do: they forget it.
+            // Some window managers forget that the window was maximised.
             program.Graph().setWindowState(Qt::WindowFullScreen);
             program.Settle();
             if (byCommand) {
@@ -688,7 +688,7 @@ class GraphModesTest final : public QObject {
                      program.Title());
             const ViewWindow before = program.View();
             QTest::mouseRelease(&program.Canvas(), Qt::LeftButton, {}, QPoint(90, 95));
-            // The lift ends the pick that it began in, and no other.
+            // Lifting the pointer ends only the pick in which it was pressed.
             QCOMPARE(program.View().Xmin != before.Xmin, goesOn);
             program.Settle();
         }

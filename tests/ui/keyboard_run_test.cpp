@@ -1,4 +1,4 @@
-// Through the whole program without touching a pointer: every event is a key.
+// A walk through the whole program with the keyboard alone.
 #include <QComboBox>
 #include <QPlainTextEdit>
 
@@ -228,7 +228,7 @@ class KeyboardRunTest final : public QObject {
         file.close();
         for (int i = 0; i < 3; ++i)
             p.Press(Qt::Key_Down);
-        p.Ctrl(Qt::Key_M);  // two strokes, and no method of a line that is no file
+        p.Ctrl(Qt::Key_M);  // a method's two strokes do nothing unless the line is a File line
         p.Press(Qt::Key_C);
         QCOMPARE(p.Entry(4).method.approx, 0);
         p.Ctrl(Qt::Key_4);

@@ -59,10 +59,10 @@ class MethodDialogsTest final : public QObject {
         QTRY_VERIFY(!program.dialog);
         QCOMPARE(program.Entry(2).method.approx, 0);
         QCOMPARE(program.Entry(2).method.approx_val, 4);
-        QCOMPARE(program.Entry(1).method.approx_val, 1);  // every line has its own
+        QCOMPARE(program.Entry(1).method.approx_val, 1);  // each line keeps its own number
         program.Open(CommandId::LeastSquares, "termsDialog");
         QCOMPARE(program.Field("terms")->text(), QString("4"));
-        program.Type("none");  // not checked here
+        program.Type("none");  // the dialog accepts any text
         program.Press(Qt::Key_Return);
         QTRY_VERIFY(!program.dialog);
         QCOMPARE(program.Entry(2).method.approx_val, 0);

@@ -39,8 +39,8 @@ struct TestProgram {
         QVERIFY(QTest::qWaitForWindowActive(application.editor.get()));
         ShowThePointer();
     }
-    /// Puts the pointer somewhere, as a screen always has it: while none was ever seen, a menu of
-    /// Qt 6.8 takes no click.
+    /// Puts the pointer on the screen. Until the pointer has been somewhere, menus of Qt 6.8 ignore
+    /// clicks.
     void ShowThePointer() {
         QCursor::setPos(application.editor->screen()->geometry().bottomRight());
         QCoreApplication::processEvents();

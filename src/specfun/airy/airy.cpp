@@ -34,7 +34,7 @@ DoubleDouble ClosePolynomial(const double (&c)[N], double h) {
 /// exp(+-zeta)/(sqrt(pi) x^(1/4)) times a factor. The exponential function alone may be out of
 /// range.
 double Leading(DoubleDouble zeta, double sign, const Roots& roots, double factor) {
-    const DoubleDouble amplitude = Multiply(roots.inverse, kInverseRootOfPi);
+    const DoubleDouble amplitude = roots.inverse * kInverseRootOfPi;
     const DoubleDouble scaled = TwoProduct(amplitude.high, factor);
     const double low = scaled.low + (amplitude.low * factor + scaled.high * (sign * zeta.low));
     const bool halved = zeta.high > kHalved;

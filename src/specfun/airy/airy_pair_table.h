@@ -11,8 +11,8 @@ namespace kalvex::specfun {
 inline constexpr int kAiryTableEnd = 13;
 
 struct AiryEntry {
-    Extended value;
-    Extended derivative;
+    DoubleDouble value;
+    DoubleDouble derivative;
 };
 
 /// Ai from -13 to 13.

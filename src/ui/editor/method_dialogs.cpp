@@ -9,16 +9,13 @@
 
 #include "commands/number_input.h"
 #include "interp/method_table.h"
+#include "resources/message_boxes.h"
 #include "resources/strings.h"
 #include "ui/parts/form_dialog.h"
 #include "ui/parts/qt_text.h"
 
 namespace kalvex {
 namespace {
-
-QString TextOf(StringId id) {
-    return ToQString(Text(id));
-}
 
 /// The name of a field in a message: its label without the sign behind it.
 std::u16string_view NameOf(StringId label) {
@@ -97,8 +94,7 @@ bool TakeNumbers(const std::vector<Control>& controls, ApproxParameters& values,
     }
     std::vector<double> numbers(asked.size());
     if (const auto problem = ReadFiniteNumbers(texts, names, numbers)) {
-        show({std::u16string(Text(StringId::Error)), problem->message, MessageIcon::Stop,
-              MessageButtons::Ok});
+        show(ErrorBox(problem->message));
         PointAt(*asked[problem->field]->edit);
         return false;
     }

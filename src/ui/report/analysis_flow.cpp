@@ -1,5 +1,5 @@
-// What the exports need is copied when the report opens: the picture below it may be computed anew
-// while it is on the screen.
+// The data of the exported files are copied when the report opens, because the picture below it may
+// be computed again while the report is on the screen.
 #include "ui/report/analysis_flow.h"
 
 #include <QFileInfo>
