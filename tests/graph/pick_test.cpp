@@ -311,8 +311,7 @@ TEST(TraceMode, SlidesToAnotherFunction) {
     EXPECT_EQ(graph.Move(100, 120), PictureChange::Overlay);
     EXPECT_EQ(graph.state.trace.function, 0);
     graph.Lift(100, 120);
-    // One event may change the function several times; the rest of its distance counts for the
-    // next.
+    // One long move changes the function several times; the rest of its distance is kept.
     graph.functions[5] = MakeEntry(EquationType::Decart, u"5");
     graph.functions[7] = MakeEntry(EquationType::Decart, u"7");
     graph.Press(10, 0);

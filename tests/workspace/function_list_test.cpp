@@ -7,7 +7,7 @@
 namespace kalvex {
 namespace {
 
-// KEEP row: the label of `Implicit` alone has no leading blank.
+// KEEP: only the label of `Implicit` has no leading blank.
 TEST(LabelOf, GivesTheExactLabels) {
     const std::pair<std::int32_t, std::u16string_view> rows[] = {
         {1, u" r(x)="},  {2, u" Y(x)="},  {3, u" X;Y="},
@@ -18,7 +18,7 @@ TEST(LabelOf, GivesTheExactLabels) {
         EXPECT_EQ(LabelOf(static_cast<EquationType>(type)), label) << type;
 }
 
-// KEEP row: the ninth colour is "Great" and a dark grey.
+// KEEP: the ninth colour is called "Great" and is a dark grey.
 TEST(ColorTable, HoldsNineColours) {
     const NamedColor rows[] = {
         {u"Red", {255, 0, 0}},     {u"Orange", {255, 165, 0}}, {u"Violet", {138, 43, 226}},
