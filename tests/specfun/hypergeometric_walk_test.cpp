@@ -153,5 +153,21 @@ TEST(HypergeometricOutgrown, ChangesSignWithTheExponentAtZero) {
     EXPECT_NEAR(down, -up, 1e-9);
 }
 
+TEST(HypergeometricOverflows, IsCertainOnlyFarBeyondTheRange) {
+    // F(a,c;c;x) = (1-x)^-a for w = 1-x = 2^-14, beyond the range from a = 74 on, and neighbours
+    const double w = 0x1p-14;
+    for (const double c : {40.25, -40.25}) {
+        EXPECT_FALSE(Overflows(Parameters(60, c + 0.5, c), 1 - w)) << c;
+        EXPECT_FALSE(Overflows(Parameters(75, c + 0.5, c), 1 - w)) << c;
+        EXPECT_TRUE(Overflows(Parameters(120, c + 0.5, c), 1 - w)) << c;
+    }
+    // what is small by its factor is not beyond the range for all that w^s is
+    EXPECT_FALSE(Overflows(Parameters(1e-300, 90, 1.5), 1 - w));
+    // nothing is certain away from 1, nor for polynomials and powers that w^s is no part of
+    EXPECT_FALSE(Overflows(Parameters(4000, 4000, 1.5), 0.5));
+    EXPECT_FALSE(Overflows(Parameters(-100, 300, 20), 1 - w));
+    EXPECT_FALSE(Overflows(Parameters(1e300, 1e300, 1.5), 1 - w));
+}
+
 }  // namespace
 }  // namespace kalvex::specfun

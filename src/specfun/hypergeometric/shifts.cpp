@@ -128,6 +128,7 @@ HypergeometricPoint WalkFrom(const HypergeometricParameters& from,
     constexpr double kLessTolerance = 0x1p-72;
     constexpr double kWorthIt = 15;
     constexpr double kMostSteps = 4000;
+    constexpr double kNextToOne = 0.1;
     const Route route = RouteOf(StepsBetween(from, to));
     if (route.ups + route.downs <= kFewSteps) {
         HypergeometricPoint point = AtStart(from, place, kLessTolerance);
@@ -139,7 +140,9 @@ HypergeometricPoint WalkFrom(const HypergeometricParameters& from,
     const double outgrown = to.c.high > 1 ? Outgrown(to, place.z.high, place.w.high) : 0;
     if (outgrown > kBearable) return Inwards(from, start, to, place, outgrown);
     HypergeometricPoint point = Outwards(from, start, to, place, true);
-    const bool mayTakeSteps = route.ups + route.downs <= kMostSteps && !IsNextToInteger(to);
+    // without the walk it would be a sum of many digits, which costs most next to z = 1
+    const bool isHopeful = place.w.high < kNextToOne || !IsNextToInteger(to);
+    const bool mayTakeSteps = route.ups + route.downs <= kMostSteps && isHopeful;
     if (mayTakeSteps && (point.failed || !IsGood(point))) {
         point = Outwards(from, start, to, place, false);
     }
