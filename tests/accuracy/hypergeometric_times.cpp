@@ -1,5 +1,6 @@
 // Times the Gauss hypergeometric function at random points of each kind and, if asked to, checks
-// the values against ball arithmetic. A call is timed twice and the quicker one counts: on a
+// the values against ball arithmetic, or the errors of walks along the contiguous relations against
+// their bounds. A call is timed twice and the quicker one counts: on a
 // machine with other work the slower one tells of that.
 #include <time.h>
 
@@ -15,6 +16,8 @@
 
 #include "accuracy/exact_value.h"
 #include "accuracy/hypergeometric_points.h"
+#include "specfun/hypergeometric/best_value.h"
+#include "specfun/hypergeometric/parts.h"
 #include "specfun/specfun.h"
 
 namespace kalvex::accuracy {
@@ -24,6 +27,7 @@ struct Settings {
     int count = 4000;
     std::uint64_t seed = 7;
     bool checks = false;
+    bool bounds = false;
     std::string values;
     std::vector<std::string> kinds;
 };
@@ -135,15 +139,65 @@ void Measure(const HypergeometricKind& kind, const Settings& settings, std::ostr
     Print(kind, settings, tally);
 }
 
+/// Whether walks keep all bits of the parameters, which is what they are taken for.
+bool KeepsBits(const specfun::HypergeometricParameters& p) {
+    const double unit = specfun::ParameterUnit(p);
+    const auto isMultiple = [unit](specfun::DoubleDouble a) {
+        return std::floor(a.high / unit) == a.high / unit;
+    };
+    return isMultiple(p.a) && isMultiple(p.b) && isMultiple(p.c);
+}
+
+/// The walk to the parameters themselves, if it comes to something that can be compared: its error
+/// by its bound, else a negative number.
+double ErrorByBound(const HypergeometricArguments& at) {
+    constexpr double kMostSteps = 3000;
+    constexpr double kKnown = 0x1p-100;  // of the exact value
+    constexpr double kWorthIt = 0x1p-30;
+    constexpr double kLeast = 1e-270;  // with all its digits in two doubles
+    const specfun::HypergeometricParameters p = {{at.a, 0}, {at.b, 0}, {at.c, 0}};
+    const bool atPole = at.c <= 0 && std::floor(at.c) == at.c;
+    if (!(at.x > 0) || atPole || !KeepsBits(p)) return -1;
+    if (specfun::ShiftsTo(p) > kMostSteps) return -1;
+    const specfun::HypergeometricPoint point =
+        specfun::HypergeometricByShifts(p, {at.x, 0}, specfun::TwoSum(1, -at.x));
+    if (point.failed || !(point.error < kWorthIt * std::fabs(point.value.high))) return -1;
+    ReferenceRow row;
+    if (!ExactRowWithoutCondition("Hyper", ListOf(at), row) || row.high == 0) return -1;
+    const specfun::DoubleDouble exact = specfun::Scale({row.high, row.low}, -point.exponent);
+    const double error = std::fabs(specfun::ToDouble(specfun::Subtract(point.value, exact)));
+    const bool isKnown = std::fabs(row.high) > kLeast && std::isfinite(exact.high);
+    return isKnown ? std::max(0.0, error - kKnown * std::fabs(exact.high)) / point.error : -1;
+}
+
+/// How the errors of walks compare with their bounds.
+void Calibrate(const HypergeometricKind& kind, const Settings& settings) {
+    std::mt19937_64 random(settings.seed);
+    std::vector<double> ratios;
+    for (int i = 0; i < settings.count; ++i) {
+        const double ratio = ErrorByBound(kind.draw(random));
+        if (ratio >= 0) ratios.push_back(ratio);
+    }
+    if (ratios.empty()) return;
+    std::sort(ratios.begin(), ratios.end());
+    std::printf("| %s | %zu | 2^%.1f | 2^%.1f |\n", kind.description.data(), ratios.size(),
+                std::log2(ratios[ratios.size() / 2]), std::log2(ratios.back()));
+    std::fflush(stdout);
+}
+
 int Run(const Settings& settings) {
     std::ofstream values;
     if (!settings.values.empty()) values.open(settings.values);
-    std::printf("| parameters | median | 99 %% below | 99.9 %% below | longest | refused |%s\n",
-                settings.checks ? " worst n | refused though finite | no exact value |" : "");
+    if (settings.bounds)
+        std::printf("| parameters | walks | median | greatest |\n");
+    else
+        std::printf("| parameters | median | 99 %% below | 99.9 %% below | longest | refused |%s\n",
+                    settings.checks ? " worst n | refused though finite | no exact value |" : "");
     for (const HypergeometricKind& kind : HypergeometricKinds()) {
         const bool wanted = settings.kinds.empty() ||
                             std::ranges::find(settings.kinds, kind.name) != settings.kinds.end();
-        if (wanted) Measure(kind, settings, values);
+        if (wanted && settings.bounds) Calibrate(kind, settings);
+        if (wanted && !settings.bounds) Measure(kind, settings, values);
     }
     return 0;
 }
@@ -157,6 +211,8 @@ int main(int argc, char** argv) {
     app.add_option("--count", settings.count, "points of each kind")->capture_default_str();
     app.add_option("--seed", settings.seed, "of the random points")->capture_default_str();
     app.add_flag("--check", settings.checks, "compare with exact values");
+    app.add_flag("--bounds", settings.bounds,
+                 "compare the errors of walks with their bounds instead");
     app.add_option("--values", settings.values, "a file for the points and their values");
     app.add_option("kinds", settings.kinds, "all if none is named");
     CLI11_PARSE(app, argc, argv);

@@ -80,7 +80,6 @@ void Record(const TraceOf<double>& trace, const Column<DoubleDouble>& before,
     ++error.count;
     error.across = factor * error.across +
                    kStepError * Permanent(added, Magnitude({after.value.high, after.slope.high}));
-    error.carried *= factor;
 }
 
 void Rescale(double power, RunningError& error) {
@@ -88,7 +87,6 @@ void Rescale(double power, RunningError& error) {
     Multiply(last.map, power);
     Multiply(last.bound, power);
     error.across *= power * power;
-    error.carried *= power * power;
 }
 
 double ErrorOfValue(const RunningError& error, const Column<DoubleDouble>& at) {
@@ -111,7 +109,7 @@ double ErrorOfValue(const RunningError& error, const Column<DoubleDouble>& at) {
     const double own = Dot(Magnitude(adjoint), {error.value, error.slope}) + kStepError * sum +
                        2 * kPlainError * ofDirection / size;
     const double all = 2 * own;
-    return vanishes ? (all * value + error.across + error.carried) / slope : all;
+    return vanishes ? (all * value + error.across) / slope : all;
 }
 
 }  // namespace kalvex::specfun

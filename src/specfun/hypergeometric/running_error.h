@@ -25,10 +25,9 @@ struct RecordedStep {
 /// what it is at the start, the steps, and a bound of the cross product of e and the solution,
 /// that is of the error of the solution's direction.
 struct RunningError {
-    double value = 0;    // bounds of the errors at the start
-    double slope = 0;    //
-    double across = 0;   // of |e x (value, slope)|, here, by rounding
-    double carried = 0;  // the same for a direction that was off at the start
+    double value = 0;  // bounds of the errors at the start
+    double slope = 0;
+    double across = 0;  // of |e x (value, slope)|, here
     std::vector<RecordedStep> steps;
     std::size_t count = 0;  // of the steps that are taken
 };

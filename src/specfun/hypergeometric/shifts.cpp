@@ -45,25 +45,19 @@ HypergeometricPoint Outwards(const HypergeometricParameters& from, const Hyperge
     return WalkTo(to, place, t) ? PointOf(t) : kFailure;
 }
 
-/// Comes to p from `part` of the steps beyond it, where value and slope are known about. The slope
-/// is taken to be off there by less than all of itself, and by less than twice what a walk half the
-/// way finds it to be off in the middle. Returns a bound of the error of the slope at p relative to
-/// the slope, infinite on failure.
+/// Comes to p from `part` of the steps beyond it, where value and slope are known about: the slope
+/// is taken to be off there by no more than itself. Returns a bound of the error of the slope at p
+/// relative to the slope, infinite on failure.
 double ComeFromFar(const HypergeometricParameters& p, const std::array<double, 3>& steps,
                    double part, const Place& place, Traveller& t) {
-    const auto slope = [&](const HypergeometricParameters& at) {
-        return SlopeOfLesser(at, place.z.high, place.w.high);
-    };
     const HypergeometricParameters far = Beyond(p, steps, part);
-    const HypergeometricParameters middle = Beyond(p, steps, part / 2);
-    t = StartOf(far, {{1, 0}, {slope(far), 0}, 0});
-    t.error.carried = std::fabs(slope(far));
-    if (!WalkTo(middle, place, t)) return INFINITY;
-    const Column<DoubleDouble>& own = t.at.columns[0];
-    const double lacking = 2 * std::fabs(1 - slope(middle) * own.value.high / own.slope.high);
-    t.error.carried *= std::min(1.0, lacking);
+    const double slope = SlopeOfLesser(far, place.z.high, place.w.high);
+    HypergeometricPoint about = {{1, 0}, {slope, 0}};
+    about.slopeError = std::fabs(slope);
+    t = StartOf(far, about);
     if (!WalkTo(p, place, t)) return INFINITY;
-    return (t.error.across + t.error.carried) / std::fabs(own.value.high * own.slope.high);
+    const Column<DoubleDouble>& own = t.at.columns[0];
+    return t.error.across / std::fabs(own.value.high * own.slope.high);
 }
 
 bool IsGood(const HypergeometricPoint& point) {
@@ -89,7 +83,7 @@ void ScaleTo(const HypergeometricPoint& start, const HypergeometricPoint& known,
 HypergeometricPoint Inwards(const HypergeometricParameters& from, const HypergeometricPoint& start,
                             const HypergeometricParameters& to, const Place& place,
                             double outgrown) {
-    constexpr double kNeeded = 38;
+    constexpr double kNeeded = 43;  // e^-43 is 2^-62, less than what kGood allows
     const std::array<double, 3> steps = StepsBetween(from, to);
     HypergeometricPoint point = kFailure;
     for (const double times : {1.0, 1.5, 3.0}) {
