@@ -52,11 +52,10 @@ struct OfOne {
 };
 
 constexpr OfOne kOfOne[] = {
-    {"Gamma", Gamma, 0.1, 50}, {"Psi", Psi, 0.1, 50},     {"DawsonF", DawsonF, -50, 50},
-    {"Ei", Ei, 0.01, 50},      {"Li", Li, 1.01, 50},      {"Si", Si, -50, 50},
-    {"Ci", Ci, 0.01, 50},      {"Shi", Shi, -50, 50},     {"Chi", Chi, 0.01, 50},
-    {"Sf", FresnelS, -50, 50}, {"Cf", FresnelC, -50, 50}, {"Ai", AiryAi, -50, 50},
-    {"Bi", AiryBi, -50, 50},
+    {"Psi", Psi, 0.1, 50},     {"DawsonF", DawsonF, -50, 50}, {"Ei", Ei, 0.01, 50},
+    {"Li", Li, 1.01, 50},      {"Si", Si, -50, 50},           {"Ci", Ci, 0.01, 50},
+    {"Shi", Shi, -50, 50},     {"Chi", Chi, 0.01, 50},        {"Sf", FresnelS, -50, 50},
+    {"Cf", FresnelC, -50, 50}, {"Ai", AiryAi, -50, 50},       {"Bi", AiryBi, -50, 50},
 };
 
 struct OfTwo {

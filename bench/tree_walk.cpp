@@ -7,8 +7,8 @@
 #include <cmath>
 #include <utility>
 
-#include "base/decimal.h"
 #include "expr/eval_error.h"
+#include "numbers/decimal.h"
 
 namespace kalvex::bench {
 namespace {

@@ -1,18 +1,20 @@
-# How every target of the project is compiled, and the two shapes that targets have:
-# a room (one static library per folder of src/) and a test program (one per folder of tests/).
+# The compiler settings of all targets, and functions for the two kinds of target: a room (a static
+# library for each folder of src/) and a test program (one for each folder of tests/).
 
 add_library(kalvex_flags INTERFACE)
 target_compile_options(kalvex_flags INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Wold-style-cast
   $<$<BOOL:${KALVEX_WARNINGS_AS_ERRORS}>:-Werror>
-  # GCC 12 raises false alarms here about sums of strings.
+  # GCC 12 has false positives of this warning for concatenated strings.
   $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
-  # A product and a sum are two roundings, always: one point and an array of points must agree.
+  # No fused multiply-add where the source does not ask for one: the values at a single point and in
+  # an array of points must have the same bits.
   -ffp-contract=off
-  # What is installed must not tell where it was built.
+  # The installed files must not contain the path of the build folder.
   -ffile-prefix-map=${PROJECT_SOURCE_DIR}/=)
-# A release build is hardened as Debian's packages are, so that what is tested is what is packed.
-# (Position-independent code is what GCC makes there by itself.) docs/decisions.md has the cost.
+# A release build uses the hardening flags of Debian's packages, so that the tested programs are the
+# packaged ones. (GCC on Debian makes position-independent code by default.) docs/decisions.md has
+# the cost in speed.
 target_compile_options(kalvex_flags INTERFACE
   $<$<CONFIG:Release>:-fstack-protector-strong -Wformat-security -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2>)
 target_link_options(kalvex_flags INTERFACE $<$<CONFIG:Release>:LINKER:-z,relro,-z,now>)
@@ -21,13 +23,31 @@ if(KALVEX_SANITIZE)
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(kalvex_flags INTERFACE -fsanitize=address,undefined)
 endif()
+if(KALVEX_COVERAGE)
+  # The windows use threads, and the tests are many processes that share the counts.
+  target_compile_options(kalvex_flags INTERFACE --coverage -fprofile-update=atomic)
+  target_link_options(kalvex_flags INTERFACE --coverage)
+endif()
 
-# kalvex_room(NAME SOURCES file... [USES library...])
+# kalvex_room(NAME SOURCES file...): links what the table of rooms says that the room may use.
 function(kalvex_room NAME)
   cmake_parse_arguments(ROOM "" "" "SOURCES;USES" ${ARGN})
+  if(ROOM_USES)
+    message(FATAL_ERROR "What the room ${NAME} uses stands in cmake/rooms.cmake.")
+  endif()
+  foreach(row ${KALVEX_ROOMS})
+    kalvex_room_row("${row}" name uses libraries)
+    if(name STREQUAL NAME)
+      break()
+    endif()
+  endforeach()
+  if(NOT name STREQUAL NAME)
+    message(FATAL_ERROR "The room ${NAME} has no row in cmake/rooms.cmake.")
+  endif()
+  list(TRANSFORM uses PREPEND kalvex_)
   add_library(kalvex_${NAME} STATIC ${ROOM_SOURCES})
   target_include_directories(kalvex_${NAME} PUBLIC ${PROJECT_SOURCE_DIR}/src)
-  target_link_libraries(kalvex_${NAME} PUBLIC ${ROOM_USES} PRIVATE kalvex_flags)
+  target_link_libraries(kalvex_${NAME} PUBLIC ${uses} ${libraries} PRIVATE kalvex_flags)
 endfunction()
 
 # kalvex_test(NAME SOURCES file... [USES library...]): a GoogleTest program with CTest entries.

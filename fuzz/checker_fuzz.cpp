@@ -1,7 +1,8 @@
-// Run: cmake --preset fuzz && ninja -C build/fuzz checker_fuzz && build/fuzz/fuzz/checker_fuzz
+// Run: scripts/fuzz
 //
-// Normalisers and checker over arbitrary UTF-16: nothing crashes, an accepted text is not
-// empty, and normalising grows a text by at most one character per character, a "0" and "x*0+".
+// Feeds arbitrary UTF-16 to the normalisers and the checker. Nothing may crash, and an accepted text
+// is not empty. Normalising inserts at most one character per character, and "0" or "x*0+" once at
+// the start.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>

@@ -1,9 +1,8 @@
-// Run: cmake --preset fuzz && ninja -C build/fuzz expression_fuzz &&
-// build/fuzz/fuzz/expression_fuzz
+// Run: scripts/fuzz
 //
-// The way of a typed text from its bytes to values: normalise, check, compile, evaluate. Texts are
-// compiled as typed too, so the compiler meets what the checker refuses. One point and an array
-// of points must agree bit for bit.
+// Takes a typed text from its bytes to values: normalise, check, compile, evaluate. The text is also
+// compiled without the check, because the compiler must survive texts that the checker rejects.
+// Evaluating a single point and an array of points must give the same bits.
 #include <bit>
 #include <cstddef>
 #include <cstdint>

@@ -1,9 +1,8 @@
-// Run: cmake --preset fuzz && ninja -C build/fuzz point_file_fuzz &&
-// build/fuzz/fuzz/point_file_fuzz
+// Run: scripts/fuzz
 //
-// The first bytes choose a method and its parameters, the rest is a point file. Nothing crashes,
-// the points are finite, a pass gives a value or a reason, and the search for a piece follows its
-// rule.
+// The first five bytes choose a method and its parameters, the rest is a point file. Nothing may
+// crash, and the x of every point read is finite. A method that fails says why and leaves all values
+// undefined. The binary search for the piece of a spline must agree with a linear search.
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
@@ -20,7 +19,7 @@ void Require(bool holds) {
     if (!holds) std::abort();
 }
 
-/// The rule as it is worded.
+/// The linear search: the piece before the first inner knot that is greater than t.
 std::size_t SearchedLeft(const std::vector<double>& x, double t) {
     for (std::size_t i = 1; i + 1 < x.size(); ++i)
         if (t < x[i]) return i - 1;
@@ -50,8 +49,9 @@ void RunMethod(const kalvex::PointTable& points, const kalvex::ApproxParameters&
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (size < 5) return 0;
-    const kalvex::ApproxParameters parameters{data[0] % 15 - 1, data[1] - 2, data[2] - 2,
-                                              data[3] / 8.0 - 4.0, data[4] / 8.0 - 4.0};
+    const kalvex::ApproxParameters parameters{data[0] % (kalvex::kMethodCount + 2) - 1, data[1] - 2,
+                                              data[2] - 2, data[3] / 8.0 - 4.0,
+                                              data[4] / 8.0 - 4.0};
     const std::string_view text(reinterpret_cast<const char*>(data + 5), size - 5);
     const kalvex::PointFile file = kalvex::ReadPointText(text);
     Require(file.points.x.size() == file.points.y.size());

@@ -1,5 +1,5 @@
-# Builds for 64-bit ARM on a machine of another kind, by Debian's cross compiler and against the
-# libraries in KALVEX_SYSROOT (scripts/make-sysroot makes that folder); qemu runs the tests.
+# Builds for 64-bit ARM on another processor, with Debian's cross compiler and the libraries in
+# KALVEX_SYSROOT (scripts/test-arm64 makes that folder); qemu runs the tests.
 set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR aarch64)
 
@@ -21,7 +21,8 @@ set(ENV{PKG_CONFIG_SYSROOT_DIR} ${KALVEX_SYSROOT})
 set(ENV{PKG_CONFIG_LIBDIR}
     ${KALVEX_SYSROOT}/usr/lib/aarch64-linux-gnu/pkgconfig:${KALVEX_SYSROOT}/usr/share/pkgconfig)
 
-# moc and its like run while building: they are those of this machine, of the same version.
+# moc and similar tools run during the build, so this machine's are used; their version must be that
+# of the libraries.
 set(QT_HOST_PATH /usr CACHE PATH "Where Qt is for programs that run while building")
 file(GLOB KALVEX_HOST_QT /usr/lib/*/cmake/Qt6HostInfo)
 if(KALVEX_HOST_QT)
@@ -30,7 +31,7 @@ if(KALVEX_HOST_QT)
   set(QT_HOST_PATH_CMAKE_DIR ${KALVEX_HOST_QT} CACHE PATH "CMake files of that Qt")
 endif()
 
-# Qt does not find its window systems by itself there.
+# In a sysroot Qt does not find its platform plug-ins without help.
 set(CMAKE_CROSSCOMPILING_EMULATOR qemu-aarch64-static;-L;${KALVEX_SYSROOT};-E
     QT_PLUGIN_PATH=${KALVEX_SYSROOT}/usr/lib/aarch64-linux-gnu/qt6/plugins
     CACHE STRING "Runs a program of the other processor")

@@ -47,7 +47,7 @@ _kalvex_cli_options() {
     local view="--window --quick --size --auto --max-angle --param --width --text-size --grid-kind
                 --no-axes --no-grid --no-coords --no-labels"
     case $1 in
-        normalise) echo --implicit ;;
+        normalise | explain) echo --implicit ;;
         check) echo --implicit --as-is ;;
         eval) echo --implicit --at --range ;;
         interpolate) echo --method --approx-val --approx-val2 --beta1 --beta2 --at --range ;;
@@ -79,7 +79,7 @@ _kalvex_cli() {
     if [[ $current == -* ]]; then
         _kalvex_cli_words "$current" $(_kalvex_cli_options "$command")
     elif [[ -z $command ]]; then
-        _kalvex_cli_words "$current" normalise check eval interpolate points samples draw analyze table
+        _kalvex_cli_words "$current" normalise check eval explain interpolate points samples draw analyze table
     else
         case $command in
             interpolate | points) _kalvex_cli_files "$current" ;;

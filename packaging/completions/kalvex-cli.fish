@@ -1,5 +1,5 @@
 # Fish completion of kalvex-cli.
-set -l subcommands normalise check eval interpolate points samples draw analyze table
+set -l subcommands normalise check eval explain interpolate points samples draw analyze table
 set -l view '__fish_seen_subcommand_from samples draw analyze table'
 set -l first "not __fish_seen_subcommand_from $subcommands"
 
@@ -10,6 +10,7 @@ complete -c kalvex-cli -l version -d 'Print the version and exit'
 complete -c kalvex-cli -n $first -a normalise -d 'Print a text as it is rewritten'
 complete -c kalvex-cli -n $first -a check -d 'Print the code and the message of the check'
 complete -c kalvex-cli -n $first -a eval -d 'Evaluate a text'
+complete -c kalvex-cli -n $first -a explain -d 'Print the syntax tree and the compiled program of a text'
 complete -c kalvex-cli -n $first -a interpolate -d 'Join the points of a file by a method'
 complete -c kalvex-cli -n $first -a points -d 'Print the points of a file'
 complete -c kalvex-cli -n $first -a samples -d 'Print the samples of a line'
@@ -17,7 +18,7 @@ complete -c kalvex-cli -n $first -a draw -d 'Draw up to nine lines into a pictur
 complete -c kalvex-cli -n $first -a analyze -d 'Print the report on a line'
 complete -c kalvex-cli -n $first -a table -d 'Write the table of points of a line'
 
-complete -c kalvex-cli -n '__fish_seen_subcommand_from normalise check eval' -l implicit -d 'A function of x and y'
+complete -c kalvex-cli -n '__fish_seen_subcommand_from normalise check eval explain' -l implicit -d 'A function of x and y'
 complete -c kalvex-cli -n '__fish_seen_subcommand_from check' -l as-is -d 'Do not rewrite the text first'
 complete -c kalvex-cli -n '__fish_seen_subcommand_from eval interpolate' -l at -x -d 'A point'
 complete -c kalvex-cli -n '__fish_seen_subcommand_from eval interpolate' -l range -x -d 'A,B,N'
@@ -43,5 +44,6 @@ complete -c kalvex-cli -n $view -l no-grid -d 'Leave the grid out'
 complete -c kalvex-cli -n $view -l no-coords -d 'Leave the coordinate numbers out'
 complete -c kalvex-cli -n $view -l no-labels -d 'Leave the function names out'
 complete -c kalvex-cli -n '__fish_seen_subcommand_from analyze' -l form -x -a 'paged single' -d 'Form of the report'
-complete -c kalvex-cli -n '__fish_seen_subcommand_from draw analyze table' -s o -r -d 'The file to write'
+complete -c kalvex-cli -n '__fish_seen_subcommand_from draw' -s o -r -d 'The picture (.bmp .png .svg .pdf .txt)'
+complete -c kalvex-cli -n '__fish_seen_subcommand_from analyze table' -s o -r -d 'The file to write'
 complete -c kalvex-cli -n $view -a 'decart: polar: parametric: file: implicit:' -d 'Type of the line'

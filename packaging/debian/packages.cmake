@@ -38,7 +38,7 @@ set(CPACK_DEBIAN_KALVEX_PACKAGE_RECOMMENDS kalvex-cli)
 set(CPACK_DEBIAN_KALVEX_PACKAGE_SUGGESTS qt6-wayland)
 set(CPACK_COMPONENT_KALVEX_DESCRIPTION "graphing and analysis calculator
 Kalvex draws up to nine functions together: y of x, polar, parametric and
-implicit curves, and files of points joined by one of thirteen methods. Graphs
+implicit curves, and files of points joined by a method of your choice. Graphs
 can be zoomed, traced and analysed, pictures saved as PNG, SVG, PDF or bitmap.
 .
 It knows forty functions, among them Gamma, Bessel, Airy and hypergeometric

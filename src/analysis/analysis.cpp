@@ -1,6 +1,7 @@
 // One linear pass over the samples for each figure, in the order in which the report names them.
-// Only the extreme values, the mean and the integral ask whether a sample is defined: the others
-// read y as it stands, and the test of the rows keeps the jumps to and from the marker 1e30 out.
+// The extreme values, the mean and the integral ask whether a sample is defined. Roots, extremums
+// and the interval do not: to them the marker 1e30 of an undefined sample is a value like any
+// other. The row test does not keep it out either, because an unplotted sample has row 0.
 #include "analysis/analysis.h"
 
 #include <cstdlib>
@@ -20,15 +21,16 @@ bool IsDefined(const CurveSample& sample) {
     return sample.status == 0;
 }
 
-/// Whether the curve goes from one sample to the next without crossing the whole picture.
+/// Whether two neighbours are less than the height of the picture apart; otherwise the curve jumps
+/// there.
 bool Joined(const CurveSample& left, const CurveSample& right, std::int32_t viewHeight) {
     const std::int64_t jump = static_cast<std::int64_t>(left.row) - right.row;
     return std::abs(jump) < viewHeight;
 }
 
 void FindExtremeValues(AnalysisResult& result, Samples samples) {
-    // KEEP: an undefined first sample leaves -1e100 for the greatest value but its own y for the
-    // least one; reports have always shown them so.
+    // KEEP: when the first sample is undefined, the greatest value starts at -1e100 but the least
+    // one at that sample's y; existing reports depend on it.
     result.greatestY = IsDefined(samples[0]) ? samples[0].y : -1e100;
     result.leastY = samples[0].y;
     for (const CurveSample& sample : samples.subspan(1)) {
@@ -38,11 +40,14 @@ void FindExtremeValues(AnalysisResult& result, Samples samples) {
 }
 
 void FindRoots(AnalysisResult& result, Samples samples, std::int32_t viewHeight) {
+    // KEEP: undefined samples are not left out. A curve that is negative beside a gap has a root
+    // there, because the marker is positive.
     for (std::size_t p = 1; p < samples.size(); ++p) {
         const CurveSample& left = samples[p - 1];
         const CurveSample& right = samples[p];
         if (right.y == 0.0) {
-            // KEEP: an exact zero counts here and again as the left sample of the next pair.
+            // KEEP: a sample that is exactly 0 is a root here and again as the left one of the next
+            // pair.
             result.roots.push_back(right.x);
         } else if (right.y * left.y <= 0.0 && Joined(left, right, viewHeight)) {
             result.roots.push_back(left.x);
@@ -58,6 +63,8 @@ void FindExtremums(AnalysisResult& result, Samples samples, std::int32_t viewHei
         const CurveSample& right = samples[p + 1];
         const bool low = left.y > at.y && right.y > at.y;
         const bool high = left.y < at.y && right.y < at.y;
+        // KEEP: undefined samples are not left out. The last value beside a gap is a minimum when
+        // its other neighbour is higher, and a gap of one sample is a maximum.
         if (!low && !high) continue;
         if (!Joined(left, at, viewHeight) || !Joined(at, right, viewHeight)) continue;
         (low ? result.minimums : result.maximums).push_back(at);
@@ -74,6 +81,7 @@ void FindInterval(AnalysisResult& result, const FunctionEntry& entry, const View
         return;
     }
     if (samples.empty()) return;
+    // KEEP: undefined samples are not left out; the x of one, 1e30, becomes an end of the interval.
     result.a = samples[0].x;
     result.b = samples[0].x;
     for (const CurveSample& sample : samples.subspan(1)) {
@@ -83,7 +91,7 @@ void FindInterval(AnalysisResult& result, const FunctionEntry& entry, const View
 }
 
 double MeanOf(Samples samples) {
-    // KEEP: the divisor counts samples, not pairs, and a pair left out does not change it.
+    // KEEP: the divisor is the number of samples, not of pairs, also when pairs were left out.
     const double divisor = static_cast<double>(samples.size()) * 2.0;
     double mean = 0.0;
     for (std::size_t p = 0; p + 1 < samples.size(); ++p) {

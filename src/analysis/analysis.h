@@ -1,4 +1,4 @@
-// What a curve does over the visible interval, read off its samples.
+// Roots, extremums, mean value and integral of a curve over the visible interval, from its samples.
 #pragma once
 
 #include <cstdint>
@@ -10,7 +10,7 @@
 
 namespace kalvex {
 
-/// The last analysis. The counts stay when the arrays are released.
+/// The result of an analysis. The counts stay valid when the arrays are released.
 struct AnalysisResult {
     double a = 0.0;  ///< the interval, world x
     double b = 0.0;
@@ -27,12 +27,12 @@ struct AnalysisResult {
     bool integralUndefined = false;  ///< `integral` is the sum up to the first undefined sample
 };
 
-/// Whether a line can be analysed: an implicit curve has no samples.
+/// Whether a line can be analysed; an implicit curve cannot, because it has no samples.
 bool CanAnalyse(const FunctionEntry& entry);
 
 /// Analyses the sample cache of a drawn function as the last drawing left it; the expression is not
-/// evaluated. Everything is as exact as the samples are close: roots and extremums are the x of a
-/// sample, values those of samples.
+/// evaluated. The results are as accurate as the samples are dense: roots and extremums are the x
+/// of a sample, values the y of a sample.
 ///  - Roots: the left sample of two neighbours with a change of sign, unless the curve jumps by
 ///    `viewHeight` pixel rows or more between them (a pole). A sample whose y is exactly 0 is two
 ///    roots unless such a jump follows it.

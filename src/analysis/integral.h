@@ -12,10 +12,10 @@ struct SampledIntegral {
     bool undefined = false;  ///< `value` is the sum up to the first undefined sample
 };
 
-/// The composite trapezoidal rule (Davis and Rabinowitz, Methods of Numerical Integration, 2.1.4)
-/// with one panel between each two neighbours and the distance of the first two x as the step of
-/// all: exact for polygons on evenly spaced samples, otherwise with the rule's error of
-/// (b - a) h^2 f''/12. Fewer than two samples give 0.
+/// The composite trapezoidal rule (Davis and Rabinowitz, Methods of Numerical Integration, 2.1.4).
+/// Each pair of neighbours is a panel; the step h of all panels is the distance between the first
+/// two x. With evenly spaced samples the rule is exact for piecewise linear functions; otherwise
+/// its error is (b - a) h^2 f''/12 in magnitude. Fewer than two samples give 0.
 SampledIntegral IntegrateSamples(std::span<const CurveSample> samples);
 
 }  // namespace kalvex

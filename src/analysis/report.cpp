@@ -1,7 +1,8 @@
-// Both forms are made of the same parts; they differ in the summary and in the indent of the lines.
+// Both forms of the report consist of the same parts; they differ in the summary and in the
+// indentation of the lines.
 #include "analysis/report.h"
 
-#include "base/decimal.h"
+#include "numbers/decimal.h"
 #include "resources/strings.h"
 
 namespace kalvex {
@@ -28,12 +29,12 @@ struct Report {
 
 std::u16string Summary(const Report& report) {
     const AnalysisResult& result = report.result;
-    // KEEP: the least value is introduced as a maximum too.
-    return FillIn(Text(report.form.summary),
-                  {FixedText(result.a), FixedText(result.b), report.name,
-                   NumberText(result.rootCount), NumberText(result.maximumCount),
-                   NumberText(result.minimumCount), report.name, FixedText(result.greatestY),
-                   report.name, FixedText(result.leastY), FixedText(result.meanValue)});
+    // KEEP: the least value has the caption of a maximum, as in all reports so far.
+    return FillIn(
+        Text(report.form.summary),
+        {FixedText(result.a), FixedText(result.b), report.name, NumberText(result.rootCount),
+         NumberText(result.maximumCount), NumberText(result.minimumCount),
+         FixedText(result.greatestY), FixedText(result.leastY), FixedText(result.meanValue)});
 }
 
 std::u16string IntegralText(const Report& report, std::u16string_view summary) {

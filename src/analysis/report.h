@@ -16,11 +16,11 @@ struct ReportPage {
 
 /// The four pages in their order: `General` (summary and integral), `Roots`, `Maximums`,
 /// `Minimums`.
-/// @param name the function as its line shows it; any text, also one with "%" in it
+/// @param name the function as its line shows it; any text is allowed, "%" has no special meaning
 std::array<ReportPage, 4> ReportPages(const AnalysisResult& result, std::u16string_view name);
 
-/// The report in one text, the one that goes into a file too: summary, roots, maximums, minimums.
-/// The integral is not in it.
+/// The report as one text, the form that is also written to a file: summary, roots, maximums,
+/// minimums. It does not contain the integral.
 std::u16string ReportText(const AnalysisResult& result, std::u16string_view name);
 
 }  // namespace kalvex

@@ -1,9 +1,10 @@
-// analyze: draws one line off screen, analyses its samples and prints the report that the windows
-// show, with plain line feeds; into a file goes what they would export.
+// analyze: draws one line off screen, analyses its samples and prints the report of the windows
+// with line feeds as line ends. The file of -o has the bytes that the windows would export.
 #include <CLI/CLI.hpp>
 #include <memory>
 #include <optional>
 
+#include "analysis/export_files.h"
 #include "analysis/report.h"
 #include "base/encoding.h"
 #include "cli/analyzed_line.h"
@@ -12,7 +13,6 @@
 #include "cli/line_argument.h"
 #include "cli/view_options.h"
 #include "cli/write_file.h"
-#include "workspace/export_files.h"
 
 namespace kalvex {
 namespace {
@@ -23,7 +23,7 @@ struct Arguments {
     std::optional<std::string> report;
 };
 
-/// UTF-8 with line feeds, the last line ended.
+/// The text in UTF-8 with "\n" as line ends, also at its end.
 std::string Printed(std::u16string_view text) {
     std::string lines = ToUtf8(text);
     std::erase(lines, '\r');

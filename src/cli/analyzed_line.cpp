@@ -1,4 +1,5 @@
-// Nothing is painted, so no window system and no fonts are needed; texts are measured as empty.
+// Nothing is painted, so neither a window system nor fonts are needed; the names on the picture are
+// given the size 0.
 #include "cli/analyzed_line.h"
 
 #include "analysis/analysis.h"

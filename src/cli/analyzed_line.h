@@ -1,4 +1,4 @@
-// The one line that a subcommand draws for its samples.
+// For the subcommands that need the samples of one line.
 #pragma once
 
 #include <string>
@@ -7,9 +7,9 @@
 
 namespace kalvex {
 
-/// Prepares a line in slot 1 and draws it off screen without painting; its samples are in the
-/// entry then. False after a rejected text or a point file that cannot be read (told on standard
-/// error); throws CLI::ParseError for an argument that is no line, and for an implicit one, which
+/// Prepares a line in slot 1 and draws it off screen without painting, which leaves its samples in
+/// the entry. False, with a message on standard error, for a rejected text or an unreadable point
+/// file. Throws CLI::ParseError for an argument that is not a line and for an implicit line, which
 /// has no samples.
 bool DrawAnalysable(ViewOptions& view, FunctionList& functions, const std::string& line);
 

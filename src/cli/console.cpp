@@ -1,23 +1,21 @@
-// Output goes through the C streams, bytes as they are. A box that asks a question is answered with
-// No: nobody is there to agree to anything.
+// Output goes unchanged through the C streams. A box that asks a question is answered with No,
+// because there is nobody to ask.
 #include "cli/console.h"
 
 #include <cstdio>
 
 #include "base/encoding.h"
+#include "expr/shape_tokens.h"
+#include "resources/strings.h"
 
 namespace kalvex {
 namespace {
 
-void AppendEscaped(std::string& line, std::string_view text) {
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool pair = text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n';
-        if (pair) continue;
-        if (text[i] == '\n' || text[i] == '\r')
-            line += "\\n";
-        else
-            line += text[i];
-    }
+/// The box of the normaliser repeats the whole text at each product. A text that already has more
+/// tokens than the check takes will be rejected, so its further products are not told: a text of
+/// megabytes would be written hundreds of times.
+bool IsProductOfLongText(const MessageBox& box) {
+    return box.caption == Text(StringId::TestTitle) && ShapeLength(box.text) > kShapeCapacity;
 }
 
 }  // namespace
@@ -47,18 +45,9 @@ ExitStatus FinishOutput() {
     return ExitStatus::NotWritten;
 }
 
-std::string MessageLine(const MessageBox& box) {
-    std::string line;
-    AppendEscaped(line, ToUtf8(box.caption));
-    line += ": ";
-    AppendEscaped(line, ToUtf8(box.text));
-    return line;
-}
-
 MessageAnswer ShowOnStandardError(const MessageBox& box) {
-    const std::string line = MessageLine(box) + '\n';
-    std::fwrite(line.data(), 1, line.size(), stderr);
-    return box.buttons == MessageButtons::YesNo ? MessageAnswer::No : MessageAnswer::Ok;
+    if (IsProductOfLongText(box)) return MessageAnswer::Ok;
+    return WriteMessageLine(box);
 }
 
 }  // namespace kalvex

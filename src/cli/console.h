@@ -1,5 +1,5 @@
-// The tool's two ends: texts come in from an argument or standard input, lines and messages go out.
-// Everything is UTF-8, whatever the locale.
+// Input and output of the tool: texts come from an argument or standard input, results go to
+// standard output, messages to standard error. All of it is UTF-8 in every locale.
 #pragma once
 
 #include <functional>
@@ -8,29 +8,27 @@
 #include <string>
 #include <string_view>
 
-#include "base/message_box.h"
+#include "base/message_line.h"
 #include "cli/exit_status.h"
 
 namespace kalvex {
 
-/// What is done with one text; says how it went.
+/// Processes one text and returns the result.
 using HandleText = std::function<ExitStatus(const std::u16string& text)>;
 
-/// Hands over the argument or, without one, each line of the input in turn: without its line feed,
-/// otherwise as it stands. Goes on after a failure and returns the gravest status.
+/// Processes the argument or, without one, each line of standard input (without its line feed, not
+/// otherwise changed). Continues after a failure and returns the most serious status.
 ExitStatus ForEachText(const std::optional<std::string>& argument, std::istream& input,
                        const HandleText& handle);
 
-/// Writes to standard output. False once anything could not be written.
+/// Writes to standard output. False when this or an earlier write failed.
 bool WriteOut(std::string_view text);
 
-/// Empties the buffer of standard output; NotWritten when not everything reached its target.
+/// Flushes standard output; NotWritten when anything could not be written.
 ExitStatus FinishOutput();
 
-/// A message box as one line: the caption, ": ", the text with each line break written as \n.
-std::string MessageLine(const MessageBox& box);
-
-/// Shows a box as its line on standard error.
+/// Shows a box as its line on standard error. A box of the normaliser whose text already has too
+/// many tokens to be accepted is left out.
 MessageAnswer ShowOnStandardError(const MessageBox& box);
 
 }  // namespace kalvex

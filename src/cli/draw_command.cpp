@@ -1,5 +1,5 @@
-// draw: paints up to nine lines into a picture file, with the fonts and the painter of the windows
-// but without a window system.
+// draw: draws up to nine lines into a picture file. Fonts and painter are those of the windows, but
+// no window system is needed.
 #include <CLI/CLI.hpp>
 #include <QGuiApplication>
 #include <QString>
@@ -21,13 +21,13 @@ struct Arguments {
     std::vector<std::string> lines;
 };
 
-PictureFormat FormatFor(const std::string& path) {
-    if (const auto format = PictureFormatOf(QString::fromStdString(path))) return *format;
-    WrongUsage("-o", "a name that ends in .bmp, .png, .svg or .pdf expected");
+const PictureFormat& FormatFor(const std::string& path) {
+    if (const PictureFormat* format = PictureFormatOf(QString::fromStdString(path))) return *format;
+    WrongUsage("-o", "a name that ends in " + PictureEndings() + " expected");
 }
 
-/// Qt remarks on the locale and the session's folders on standard error. The picture depends on
-/// neither, and that stream is for what concerns the user; only what ends the program passes.
+/// Suppresses Qt's warnings about the locale and the session's folders on standard error: the
+/// picture does not depend on them. The message of a fatal error still appears.
 void DropRemarks(QtMsgType type, const QMessageLogContext&, const QString& message) {
     if (type != QtFatalMsg) return;
     const std::string line = message.toStdString() + '\n';
@@ -35,7 +35,7 @@ void DropRemarks(QtMsgType type, const QMessageLogContext&, const QString& messa
 }
 
 ExitStatus Run(ViewOptions& view, const Arguments& arguments) {
-    const PictureFormat format = FormatFor(arguments.picture);
+    const PictureFormat& format = FormatFor(arguments.picture);
     FunctionList functions;
     if (!PrepareLines(functions, arguments.lines)) return ExitStatus::Rejected;
 
@@ -46,8 +46,7 @@ ExitStatus Run(ViewOptions& view, const Arguments& arguments) {
     char* names[] = {name.data(), nullptr};
     const QGuiApplication application(count, names);
     const DrawList list = DrawOffScreen(view, functions, PainterTextMeasure());
-    if (WritePicture(QString::fromStdString(arguments.picture), list, format))
-        return ExitStatus::Done;
+    if (format.write(QString::fromStdString(arguments.picture), list)) return ExitStatus::Done;
     const std::string message = "The picture could not be written: " + arguments.picture + '\n';
     std::fputs(message.c_str(), stderr);
     return ExitStatus::NotWritten;
@@ -59,7 +58,9 @@ void AddDrawCommand(CLI::App& tool, ExitStatus& status) {
     CLI::App* command = AddCommand(tool, "draw", "Draw up to nine lines into a picture file.");
     const std::shared_ptr<ViewOptions> view = AddViewOptions(*command);
     const auto arguments = std::make_shared<Arguments>();
-    command->add_option("-o", arguments->picture, "The picture: .bmp, .png, .svg or .pdf.")
+    command
+        ->add_option("-o", arguments->picture,
+                     "The picture: " + PictureEndings() + " (its drawing records as text).")
         ->required()
         ->type_name("PICTURE");
     command->add_option("LINE", arguments->lines, "TYPE[,KEY=VALUE]...:TEXT")

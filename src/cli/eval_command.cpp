@@ -1,20 +1,18 @@
 // eval: normalises, checks, compiles and evaluates each text at the same points. Functions of x are
-// evaluated and printed block by block, so that a range of any length needs the same memory;
-// functions of x and y point by point, as the implicit curves' plain method does.
+// evaluated and printed in blocks, so that memory does not grow with the length of a range.
+// Functions of x and y are evaluated one point at a time.
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <array>
 #include <iostream>
 #include <memory>
 
-#include "base/decimal.h"
 #include "base/encoding.h"
 #include "cli/commands.h"
 #include "cli/console.h"
 #include "cli/point_list.h"
-#include "expr/checker.h"
 #include "expr/evaluator.h"
-#include "expr/normaliser.h"
+#include "numbers/decimal.h"
 #include "resources/strings.h"
 
 namespace kalvex {
@@ -46,25 +44,11 @@ void ReadPoints(Arguments& arguments) {
     if (CountOf(arguments.points) == 0) arguments.points.single.push_back({0.0, 0.0});
 }
 
-bool Accepts(std::u16string& text, bool implicit) {
-    if (implicit)
-        NormaliseImplicit(text);
-    else
-        NormaliseExplicit(text, ShowOnStandardError);
-    const CheckResult result =
-        CheckExpression(text, implicit ? CheckMode::TwoVariables : CheckMode::OneVariable);
-    if (result.code >= 0) return true;
-    ShowOnStandardError({std::u16string(Text(StringId::Error)),
-                         FillIn(Text(StringId::ErrorFormat), {result.message}), MessageIcon::Stop,
-                         MessageButtons::Ok});
-    return false;
-}
-
 std::string ValueAndCode(double value, std::int32_t error) {
     return '\t' + FormatGeneral17(value) + '\t' + ToUtf8(NumberText(error)) + '\n';
 }
 
-/// Prints a function of x; stops early when nobody reads on.
+/// Prints a function of x; stops when standard output can no longer be written.
 void PrintValues(const CompiledExpression& expression, const PointList& points) {
     std::array<double, kBlock> xs{};
     std::array<double, kBlock> values{};
@@ -99,7 +83,7 @@ void PrintGridValues(const CompiledExpression& expression, const PointList& poin
 }
 
 ExitStatus EvaluateOne(const Arguments& arguments, std::u16string text) {
-    if (!Accepts(text, arguments.implicit)) return ExitStatus::Rejected;
+    if (!AcceptText(text, arguments.implicit)) return ExitStatus::Rejected;
     const CompiledExpression expression = CompileExpression(text);
     if (arguments.implicit)
         PrintGridValues(expression, arguments.points);

@@ -1,13 +1,13 @@
-// interpolate: reads a point file, sets a method up and prints its values. They are computed and
-// printed block by block, so that a range of any length needs the same memory; a method that can
-// fail at a single value is first run over all of them, because then none is defined.
+// interpolate: reads a point file, sets up a method and prints its values. Values are computed and
+// printed in blocks, so that memory does not grow with the length of a range. Some methods can fail
+// at one abscissa, which makes all values undefined; those are first run over all abscissas.
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <cstdio>
 #include <memory>
 
-#include "base/decimal.h"
 #include "cli/commands.h"
 #include "cli/console.h"
 #include "cli/number_argument.h"
@@ -15,6 +15,9 @@
 #include "cli/point_table.h"
 #include "graph/approx_failure.h"
 #include "graph/file_lines.h"
+#include "interp/approximation.h"
+#include "interp/method_table.h"
+#include "numbers/decimal.h"
 
 namespace kalvex {
 namespace {
@@ -22,17 +25,22 @@ namespace {
 constexpr std::size_t kBlock = 4096;
 
 struct Arguments {
-    std::string method;
-    std::string approxVal;
-    std::string approxVal2;
-    std::string beta1;
-    std::string beta2;
+    std::array<std::string, kWholeParameters.size()> whole;  ///< as given, by parameter
+    std::array<std::string, kRealParameters.size()> real;
     std::vector<std::string> at;
     std::string range;
     std::string file;
     ApproxParameters parameters;
     PointList abscissas;
 };
+
+/// The option of a parameter: "--approx-val" for `approx_val`; the method itself is "--method".
+std::string OptionName(std::string_view parameter) {
+    if (parameter == kWholeParameters[0].name) return "--method";
+    std::string name = "--" + std::string(parameter);
+    std::replace(name.begin(), name.end(), '_', '-');
+    return name;
+}
 
 void ReadWhole(const std::string& name, const std::string& text, std::int64_t first,
                std::int64_t last, std::int32_t& number) {
@@ -53,11 +61,13 @@ void ReadReal(const std::string& name, const std::string& text, double& number) 
 
 void ReadArguments(Arguments& arguments) {
     ApproxParameters& parameters = arguments.parameters;
-    ReadWhole("--method", arguments.method, 0, 12, parameters.approx);
-    ReadWhole("--approx-val", arguments.approxVal, INT32_MIN, INT32_MAX, parameters.approx_val);
-    ReadWhole("--approx-val2", arguments.approxVal2, INT32_MIN, INT32_MAX, parameters.approx_val2);
-    ReadReal("--beta1", arguments.beta1, parameters.beta1);
-    ReadReal("--beta2", arguments.beta2, parameters.beta2);
+    for (std::size_t i = 0; i < kWholeParameters.size(); ++i) {
+        const auto& [name, field, lowest, highest] = kWholeParameters[i];
+        ReadWhole(OptionName(name), arguments.whole[i], lowest, highest, parameters.*field);
+    }
+    for (std::size_t i = 0; i < kRealParameters.size(); ++i)
+        ReadReal(OptionName(kRealParameters[i].name), arguments.real[i],
+                 parameters.*kRealParameters[i].field);
     for (const std::string& text : arguments.at) {
         const std::optional<WorldPoint> point = ParsePoint(text, false);
         if (!point) WrongUsage("--at", "a number expected, got " + text);
@@ -68,14 +78,14 @@ void ReadArguments(Arguments& arguments) {
     if (!arguments.abscissas.range) WrongUsage("--range", "A,B,N with N of 1 or more expected");
 }
 
-/// The check of the windows: how many terms there may be depends on the points.
+/// The check that the windows make too: the number of points limits the number of terms.
 bool HasGoodTerms(const Arguments& arguments, const PointTable& table) {
     if (HasGoodTermCount(arguments.parameters, table.x.size())) return true;
     ShowOnStandardError(TermCountBox(1));
     return false;
 }
 
-/// What is done with a block of values; false ends it early.
+/// Called with each block of values; false stops the computation.
 using TakeBlock = bool (*)(std::span<const double> x, std::span<const double> y);
 
 void ForEachBlock(Approximation& approximation, const PointList& abscissas, TakeBlock take) {
@@ -120,28 +130,53 @@ ExitStatus Run(Arguments& arguments) {
     return ExitStatus::Done;
 }
 
+std::string CodeOf(const MethodRow& row) {
+    return std::to_string(static_cast<std::int32_t>(row.method));
+}
+
+/// What a parameter means to the methods that have it: "Bias (method 3), left boundary value (10)".
+template <typename Asks>
+std::string MeaningOf(Asks asks) {
+    std::string text;
+    for (const MethodRow& row : MethodRows()) {
+        for (const MethodParameter& parameter : row.form.parameters) {
+            if (!asks(parameter)) continue;
+            text += text.empty() ? "" : ", ";
+            text +=
+                std::string(parameter.meaning) + (text.find('(') == text.npos ? " (method " : " (");
+            text += CodeOf(row) + ")";
+        }
+    }
+    if (!text.empty()) text[0] = static_cast<char>(std::toupper(text[0]));
+    return text;
+}
+
 void AddParameters(CLI::App& command, Arguments& arguments) {
+    const ApproxParameters defaults;
+    const std::string range = "0 to " + std::to_string(kMethodCount - 1);
     command
-        .add_option("--method", arguments.method,
-                    "The method, 0 to 12, in the order of the menu (docs/methods.md).")
+        .add_option("--method", arguments.whole[0],
+                    "The method, " + range + ", in the order of the menu (docs/methods.md).")
         ->required()
         ->type_name("CODE");
-    command
-        .add_option("--approx-val", arguments.approxVal,
-                    "Number of terms (method 0), left boundary flag (10); default 1.")
-        ->type_name("N");
-    command
-        .add_option("--approx-val2", arguments.approxVal2,
-                    "Right boundary flag (method 10); default 0.")
-        ->type_name("N");
-    command
-        .add_option("--beta1", arguments.beta1,
-                    "Bias (method 3), left boundary value (10); default 1.")
-        ->type_name("D");
-    command
-        .add_option("--beta2", arguments.beta2,
-                    "Tension (method 3), right boundary value (10); default 0.")
-        ->type_name("D");
+    for (std::size_t i = 1; i < kWholeParameters.size(); ++i) {
+        const auto field = kWholeParameters[i].field;
+        const std::string meaning =
+            MeaningOf([field](const MethodParameter& asked) { return asked.whole == field; });
+        command
+            .add_option(OptionName(kWholeParameters[i].name), arguments.whole[i],
+                        meaning + "; default " + std::to_string(defaults.*field) + ".")
+            ->type_name("N");
+    }
+    for (std::size_t i = 0; i < kRealParameters.size(); ++i) {
+        const auto field = kRealParameters[i].field;
+        const std::string meaning =
+            MeaningOf([field](const MethodParameter& asked) { return asked.real == field; });
+        command
+            .add_option(OptionName(kRealParameters[i].name), arguments.real[i],
+                        meaning + "; default " + FormatShortest(defaults.*field) + ".")
+            ->type_name("D");
+    }
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 // line may hold commas, equal signs and further colons.
 #include "cli/line_argument.h"
 
-#include <array>
 #include <limits>
 #include <optional>
 
@@ -30,23 +29,32 @@ std::optional<std::int64_t> ParseColor(std::string_view value) {
 
 struct Key {
     std::string_view name;
-    std::string_view values;
+    std::string values;
 };
 
-constexpr std::array<Key, 6> kKeys = {{
-    {"color", "1 to 9, Red, Orange, Violet, Green, Blue, Magenta, Cyan, Black or Great"},
-    {"approx", "0 to 12"},
-    {"approx_val", "a whole number"},
-    {"approx_val2", "a whole number"},
-    {"beta1", "a number"},
-    {"beta2", "a number"},
-}};
+/// "0 to 12", or "a whole number" when any is taken.
+std::string WholeNumberText(std::int32_t lowest, std::int32_t highest) {
+    using Limits = std::numeric_limits<std::int32_t>;
+    if (lowest == Limits::min() && highest == Limits::max()) return "a whole number";
+    return std::to_string(lowest) + " to " + std::to_string(highest);
+}
 
-/// What is wrong with a setting that was not taken: the key, or the value of a known one.
+std::vector<Key> Keys() {
+    std::vector<Key> keys = {
+        {"color", "1 to 9, Red, Orange, Violet, Green, Blue, Magenta, Cyan, Black or Great"}};
+    for (const auto& whole : kWholeParameters)
+        keys.push_back({whole.name, WholeNumberText(whole.lowest, whole.highest)});
+    for (const auto& real : kRealParameters)
+        keys.push_back({real.name, "a number"});
+    return keys;
+}
+
+/// The message for a setting that is not accepted: the key is unknown, or the value does not fit
+/// it.
 std::string ProblemWith(std::string_view setting) {
     const std::string_view name = setting.substr(0, setting.find('='));
     std::string names;
-    for (const Key& key : kKeys) {
+    for (const Key& key : Keys()) {
         if (key.name == name)
             return std::string(name) + "=" + std::string(key.values) + " expected, got " +
                    std::string(setting);
@@ -62,14 +70,12 @@ bool Store(Field& field, const std::optional<Value>& value) {
 }
 
 bool ApplyKey(FunctionEntry& entry, std::string_view key, std::string_view value) {
-    constexpr std::int64_t kFirst = std::numeric_limits<std::int32_t>::min();
-    constexpr std::int64_t kLast = std::numeric_limits<std::int32_t>::max();
     if (key == "color") return Store(entry.color, ParseColor(value));
-    if (key == "approx") return Store(entry.approx, ParseWhole(value, 0, 12));
-    if (key == "approx_val") return Store(entry.approx_val, ParseWhole(value, kFirst, kLast));
-    if (key == "approx_val2") return Store(entry.approx_val2, ParseWhole(value, kFirst, kLast));
-    if (key == "beta1") return Store(entry.beta1, ParseNumber(value));
-    if (key == "beta2") return Store(entry.beta2, ParseNumber(value));
+    for (const auto& whole : kWholeParameters)
+        if (key == whole.name)
+            return Store(entry.method.*whole.field, ParseWhole(value, whole.lowest, whole.highest));
+    for (const auto& real : kRealParameters)
+        if (key == real.name) return Store(entry.method.*real.field, ParseNumber(value));
     return false;
 }
 
@@ -100,7 +106,8 @@ LineArgument ParseLineArgument(std::string_view argument, std::int32_t defaultCo
             return result;
         }
     }
-    result.line = ToUtf16(argument.substr(colon + 1));
+    result.path = argument.substr(colon + 1);
+    result.line = ToUtf16(result.path);
     return result;
 }
 
@@ -108,7 +115,7 @@ std::string LineHelp() {
     std::string text =
         "LINE is TYPE[,KEY=VALUE]...:TEXT. TYPE is polar, decart, parametric, file or implicit,\n"
         "TEXT as in the window (of a file its path), KEY=VALUE one of\n";
-    for (const Key& key : kKeys)
+    for (const Key& key : Keys())
         text += "  " + std::string(key.name) + "=VALUE  " + std::string(key.values) + "\n";
     return text +
            "approx is the method of a file (docs/methods.md), the four below it its parameters.";

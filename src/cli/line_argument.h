@@ -11,12 +11,13 @@ namespace kalvex {
 struct LineArgument {
     FunctionEntry entry;  ///< type, colour, approximation settings; selected
     std::u16string line;  ///< the text behind the first ":", as it would be typed
-    std::string error;    ///< why the argument is none; empty when it is good
+    std::string path;     ///< the same as bytes: what a File line opens
+    std::string error;    ///< why the argument is not a line; empty when it is one
 };
 
 /// Types: polar, decart, parametric, file, implicit. Keys: color (1 to 9 or a colour's menu word),
-/// approx (0 to 12), approx_val, approx_val2, beta1, beta2. The colour is `defaultColor` when not
-/// given.
+/// the fields of ApproxParameters by their stored names. Without "color" the colour is
+/// `defaultColor`.
 LineArgument ParseLineArgument(std::string_view argument, std::int32_t defaultColor);
 
 /// The grammar of a line, for the help of the subcommands.

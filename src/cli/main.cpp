@@ -24,6 +24,7 @@ int main(int argc, char** argv) {
     kalvex::AddNormaliseCommand(tool, status);
     kalvex::AddCheckCommand(tool, status);
     kalvex::AddEvalCommand(tool, status);
+    kalvex::AddExplainCommand(tool, status);
     kalvex::AddInterpolateCommand(tool, status);
     kalvex::AddPointsCommand(tool, status);
     kalvex::AddSamplesCommand(tool, status);
@@ -36,7 +37,7 @@ int main(int argc, char** argv) {
         if (tool.exit(error) != 0) status = ExitStatus::WrongUsage;
         if (!std::cout.flush()) status = Worse(status, ExitStatus::NotWritten);
     } catch (const std::exception& error) {
-        // Memory for a huge picture, for one, may not be there.
+        // For instance, there may not be enough memory for a very large picture.
         std::cerr << "kalvex-cli: " << error.what() << '\n';
         status = ExitStatus::Rejected;
     }

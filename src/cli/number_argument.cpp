@@ -1,11 +1,12 @@
-// The grammar of a number is the one of the whole program (base/decimal.h), which knows no words.
-// Here inf and nan are let in, so that extreme windows and arguments can be tried.
+// Numbers follow the grammar of the whole program (numbers/decimal.h), which has no words for
+// infinity and not-a-number. Arguments accept inf and nan too, so that extreme windows can be
+// tried.
 #include "cli/number_argument.h"
 
 #include <limits>
 
-#include "base/decimal.h"
-#include "base/truncate.h"
+#include "numbers/decimal.h"
+#include "numbers/truncate.h"
 
 namespace kalvex {
 

@@ -1,4 +1,4 @@
-// Numbers inside arguments. All of them want the whole text and follow no locale.
+// Numbers in arguments. The whole text must be the number, and no locale changes its form.
 #pragma once
 
 #include <cstddef>
@@ -15,11 +15,13 @@ std::optional<double> ParseNumber(std::string_view text);
 /// Exactly `count` numbers separated by commas.
 std::optional<std::vector<double>> ParseNumbers(std::string_view text, std::size_t count);
 
-/// Decimal digits with an optional sign, first <= value <= last. Magnitudes up to 2^53.
+/// A whole number, decimal digits with an optional sign, from `first` to `last`; its magnitude is
+/// at most 2^53.
 std::optional<std::int64_t> ParseWhole(std::string_view text, std::int64_t first,
                                        std::int64_t last);
 
-/// The parts of a text between the separators; one part more than there are separators.
+/// The parts of a text between the separators: one more than there are separators, some may be
+/// empty.
 std::vector<std::string_view> Split(std::string_view text, char separator);
 
 }  // namespace kalvex

@@ -1,5 +1,5 @@
-// A range is never stored: each of its points is computed when it is asked for, so that its length
-// costs time but no memory.
+// The points of a range are not stored; each is computed when it is needed, so that a long range
+// takes no memory.
 #include "cli/point_list.h"
 
 #include <limits>

@@ -1,4 +1,4 @@
-// The points at which a text is evaluated: single ones first, then an even range.
+// The points at which a text is evaluated: single points, then a range with equal steps.
 #pragma once
 
 #include <cstdint>
@@ -21,10 +21,10 @@ struct PointList {
     std::optional<EvenRange> range;
 };
 
-/// "X" or "X,Y" (y is 0 when left out); a y only where one is allowed.
+/// Reads "X" or, where a y is allowed, "X,Y"; y is 0 when it is left out.
 std::optional<WorldPoint> ParsePoint(std::string_view text, bool withY);
 
-/// "A,B,N" with N of at least 1.
+/// Reads "A,B,N"; N is at least 1.
 std::optional<EvenRange> ParseRange(std::string_view text);
 
 /// How many points there are.

@@ -8,7 +8,7 @@
 
 namespace kalvex {
 
-/// Reads a point file; what the windows say when that fails goes to standard error.
+/// Reads a point file; when that fails, the message of the windows goes to standard error.
 std::optional<PointTable> ReadTable(const std::string& path);
 
 }  // namespace kalvex

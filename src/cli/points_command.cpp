@@ -1,12 +1,13 @@
-// points: prints a point file as it is read, with what the rules about short and long lines make of
-// it.
+// points: prints the points of a file as the program reads them, which shows how its rules treat
+// short and long lines.
 #include <CLI/CLI.hpp>
 #include <memory>
 
-#include "base/decimal.h"
 #include "cli/commands.h"
 #include "cli/console.h"
 #include "cli/point_table.h"
+#include "numbers/decimal.h"
+#include "resources/message_boxes.h"
 #include "resources/strings.h"
 
 namespace kalvex {
@@ -27,9 +28,7 @@ ExitStatus Run(const std::string& path) {
 std::optional<PointTable> ReadTable(const std::string& path) {
     PointFile file = ReadPointFile(path);
     if (file.error == PointFileError::None) return std::move(file.points);
-    ShowOnStandardError({std::u16string(Text(StringId::Warning)),
-                         std::u16string(Text(StringId::ErrorInFile)), MessageIcon::Exclamation,
-                         MessageButtons::Ok});
+    ShowOnStandardError(WarningBox(Text(StringId::ErrorInFile)));
     return std::nullopt;
 }
 

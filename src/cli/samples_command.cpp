@@ -1,14 +1,14 @@
-// samples: draws one line off screen and prints its sample cache. Nothing is painted, so no window
-// system and no fonts are needed; the names on the picture are measured as empty.
+// samples: draws one line off screen and prints its sample cache. Nothing is painted, so neither a
+// window system nor fonts are needed; the names on the picture are given the size 0.
 #include <CLI/CLI.hpp>
 #include <memory>
 
-#include "base/decimal.h"
 #include "base/encoding.h"
 #include "cli/commands.h"
 #include "cli/console.h"
 #include "cli/line_argument.h"
 #include "cli/view_options.h"
+#include "numbers/decimal.h"
 #include "resources/strings.h"
 
 namespace kalvex {

@@ -2,12 +2,12 @@
 #include <CLI/CLI.hpp>
 #include <memory>
 
+#include "analysis/export_files.h"
 #include "cli/analyzed_line.h"
 #include "cli/commands.h"
 #include "cli/line_argument.h"
 #include "cli/view_options.h"
 #include "cli/write_file.h"
-#include "workspace/export_files.h"
 
 namespace kalvex {
 namespace {

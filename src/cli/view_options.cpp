@@ -1,5 +1,5 @@
-// Each option writes straight into the records that the graph room reads. Windows are taken as they
-// are, equal, reversed and infinite bounds included: drawing has to cope with them anyway.
+// Each option writes into the records that the graph room reads. Any bounds of a window are
+// accepted, also equal, reversed and infinite ones, because drawing has to handle them anyway.
 #include "cli/view_options.h"
 
 #include <CLI/CLI.hpp>
@@ -13,6 +13,7 @@
 #include "cli/number_argument.h"
 #include "graph/auto_zoom.h"
 #include "graph/file_lines.h"
+#include "graph/graph.h"
 #include "workspace/function_list.h"
 
 namespace kalvex {
@@ -21,7 +22,6 @@ namespace {
 constexpr std::int32_t kDefaultWidth = 240;
 constexpr std::int32_t kDefaultHeight = 268;
 constexpr std::int64_t kLargestSize = 16384;
-constexpr std::int64_t kLargestPen = 1000;
 
 struct QuickWord {
     std::string_view word;  ///< as in the QUICK menu
@@ -111,8 +111,8 @@ void AddCurveOptions(CLI::App& command, Options& options) {
     command
         .add_option_function<std::string>(
             "--width",
-            [&](const std::string& text) { SetWhole(options.Wight, "--width", text, kLargestPen); },
-            "Pen width of the curves in pixels (default 1; implicit curves have 1).")
+            [&](const std::string& text) { SetWhole(options.Wight, "--width", text, kWidestPen); },
+            "Pen width of the curves in pixels, 1 to 64 (default 1; implicit curves have 1).")
         ->type_name("N");
 }
 
@@ -121,9 +121,9 @@ void AddLayerOptions(CLI::App& command, Options& options) {
         .add_option_function<std::string>(
             "--text-size",
             [&](const std::string& text) {
-                SetWhole(options.TextSize, "--text-size", text, kLargestPen);
+                SetWhole(options.TextSize, "--text-size", text, kTallestText);
             },
-            "Height of the function names in pixels (default 14).")
+            "Height of the function names in pixels, 1 to 200 (default 14).")
         ->type_name("N");
     CLI::Option* kind = command.add_option_function<std::string>(
         "--grid-kind",
@@ -146,7 +146,8 @@ void AddLayerOptions(CLI::App& command, Options& options) {
         "--no-labels", [&] { options.Label = 0; }, "Leave the function names out.");
 }
 
-/// Whoever calls the tool with a large file wants it drawn: the question is told and answered.
+/// Prints the question about a large file and answers it with Yes: a user who names the file wants
+/// it drawn.
 MessageAnswer ShowAndGoOn(const MessageBox& box) {
     ShowOnStandardError(box);
     return box.buttons == MessageButtons::YesNo ? MessageAnswer::Yes : MessageAnswer::Ok;
@@ -172,13 +173,15 @@ bool PrepareLines(FunctionList& functions, const std::vector<std::string>& lines
         parsed.push_back(ParseLineArgument(line, static_cast<std::int32_t>(parsed.size() + 1)));
         if (!parsed.back().error.empty()) WrongUsage("LINE", parsed.back().error);
     }
+    FilePaths paths;
     for (std::size_t slot = 0; slot < parsed.size(); ++slot) {
         functions[slot] = parsed[slot].entry;
+        paths[slot] = parsed[slot].path;
         if (!PrepareFunction(functions[slot], static_cast<int>(slot), parsed[slot].line,
                              ShowOnStandardError))
             return false;
     }
-    return PrepareFileLines(functions, ShowAndGoOn);
+    return PrepareFileLines(functions, paths, ShowAndGoOn);
 }
 
 DrawList DrawOffScreen(ViewOptions& view, FunctionList& functions, const MeasureText& measure) {
@@ -188,7 +191,8 @@ DrawList DrawOffScreen(ViewOptions& view, FunctionList& functions, const Measure
     for (const MessageBox& box : FailureBoxes(view.state.approxFailures))
         ShowOnStandardError(box);
     if (!view.automatic) return list;
-    // Bounds that cannot be found are no failure: the message says so, the window stays.
+    // When no bounds can be found, the message says so and the window is not changed; the command
+    // still succeeds.
     if (!AutoZoom(view.state.viewport, functions, ShowOnStandardError)) return list;
     return draw();
 }

@@ -6,7 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "graph/graph.h"
+#include "graph/draw_list.h"
+#include "graph/graph_state.h"
 #include "workspace/function_entry.h"
 #include "workspace/options.h"
 
@@ -25,13 +26,14 @@ struct ViewOptions {
 /// Adds the options to a subcommand; parsing fills the record that is returned.
 std::shared_ptr<ViewOptions> AddViewOptions(CLI::App& command);
 
-/// Prepares the lines in slots 1 up, in the order given, and reads the point files of file lines.
-/// Throws CLI::ParseError for an argument that is no line and for more than nine; a rejected text,
-/// a file that cannot be read and a bad number of terms go to standard error and give false.
+/// Prepares the lines in the slots from 1 on, in the order given, and reads the point files of file
+/// lines. Throws CLI::ParseError for an argument that is not a line and for more than nine lines. A
+/// rejected text, an unreadable file or a wrong number of terms gives a message on standard error
+/// and false.
 bool PrepareLines(FunctionList& functions, const std::vector<std::string>& lines);
 
-/// Draws off screen; the functions' sample caches are filled. Methods that give no curve are told
-/// on standard error.
+/// Draws off screen and fills the sample caches of the functions. A method that cannot be used with
+/// its points gives a message on standard error.
 DrawList DrawOffScreen(ViewOptions& view, FunctionList& functions, const MeasureText& measure);
 
 }  // namespace kalvex

@@ -1,11 +1,11 @@
-// The same writer as the windows' exports.
+// Files are written by the function that the windows use for their exports.
 #include "cli/write_file.h"
 
 #include <QIODevice>
 #include <QString>
 #include <cstdio>
 
-#include "workspace/complete_file.h"
+#include "settings/complete_file.h"
 
 namespace kalvex {
 

@@ -1,4 +1,4 @@
-// Files that the tool makes.
+// Files that the tool writes.
 #pragma once
 
 #include <string>
@@ -8,8 +8,9 @@
 
 namespace kalvex {
 
-/// Writes a file as a whole; when that fails an old one stays, and standard error says so.
-/// @param what the file's contents in a word or two, for the message
+/// Writes a file as a whole. When that fails, a file that was there before is unchanged and
+/// standard error has a message.
+/// @param what names the contents in the message: "report", "table"
 ExitStatus WriteFile(const std::string& path, std::string_view bytes, const std::string& what);
 
 }  // namespace kalvex

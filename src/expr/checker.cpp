@@ -1,15 +1,16 @@
-// The rules look at the characters alone, one after the other; only the last one builds tokens.
-// Each rule returns the number of its message and its code, or code 0. The order is part of the
-// language: a text that breaks several rules gets the message of the first.
+// Each rule is a function of the text. All but the last look at single characters and names; the
+// last one cuts the text into tokens. A rule returns its code and the id of its message, or code 0
+// when the text passes. The order of the rules is part of the language: a text that breaks several
+// of them gets the message of the first.
 #include "expr/checker.h"
 
 #include <algorithm>
 #include <array>
 #include <cstddef>
 
-#include "base/decimal.h"
 #include "expr/names.h"
 #include "expr/shape_tokens.h"
+#include "numbers/decimal.h"
 #include "resources/strings.h"
 
 namespace kalvex {
@@ -21,7 +22,9 @@ struct Verdict {
 };
 
 constexpr std::u16string_view kSigns = u"+-/*^,";
-// KEEP: the point cuts lexemes too, so "2.5" is "2" and "5", and "1.2.3" or "." pass.
+// KEEP: the point cuts lexemes too, so "2.5" is "2" and "5". Texts such as "1.2.3" and "x.5" pass
+// all rules because of it; a lone "." has no lexeme that could be unknown, but is no token either
+// and fails the structural test.
 constexpr std::u16string_view kDelimiters = u"*^()+-/.,";
 
 bool IsSign(std::u16string_view text, std::size_t at) {
@@ -87,7 +90,8 @@ Verdict CheckInsideBrackets(std::u16string_view text, CheckMode) {
     return {};
 }
 
-/// Whether each occurrence of a name, searched on from the end of the one before, has its "(".
+/// Whether every occurrence of a name is followed by "(". The search goes on behind the end of
+/// each occurrence, so overlapping ones are not seen.
 bool IsAlwaysCalled(std::u16string_view text, std::u16string_view name) {
     std::size_t at = text.find(name);
     while (at != std::u16string_view::npos) {

@@ -14,7 +14,8 @@ struct CheckResult {
     std::int32_t code = 0;        ///< 0: accepted; negative: the failed rule's code
 };
 
-/// Checks a text of any length; linear in the length but for at most 255 tokens' reduction.
+/// Checks a text of any length. The cost grows linearly with the length, apart from the reduction
+/// of at most 255 tokens.
 CheckResult CheckExpression(std::u16string_view text, CheckMode mode);
 
 }  // namespace kalvex

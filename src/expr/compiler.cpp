@@ -6,8 +6,8 @@
 // is a^(b*c). Mathematically that is grouping from the left; in floating point it is this grouping
 // and no other, and every result depends on it to the last bit.
 //
-// The checker lets some texts pass that are no expressions ("x+", "x.5", a surplus argument). They
-// compile to not-a-number: nothing is drawn for them, and nothing is read that is not there.
+// The checker lets some texts pass that are not expressions, such as "x+", "x.5" and calls with too
+// many arguments. They compile to the constant not-a-number, so that nothing is drawn for them.
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -15,9 +15,9 @@
 #include <string_view>
 #include <vector>
 
-#include "base/decimal.h"
 #include "expr/evaluator.h"
 #include "expr/program.h"
+#include "numbers/decimal.h"
 
 namespace kalvex {
 namespace {
@@ -26,10 +26,11 @@ constexpr std::u16string_view kOperators = u",+-*/^";
 constexpr std::u16string_view kDelimiters = u",+-*/^()";
 constexpr int kLevels = 6;
 
-/// Brackets nested deeper than a checked text can have them are refused, to bound the recursion.
+/// Deeper nested brackets are refused, to bound the recursion. A checked text has fewer.
 constexpr int kDeepestNesting = 256;
 
-/// Longer texts than a checked one are refused for the same reason. (A number may be long.)
+/// Trees with more nodes are refused for the same reason. A checked text has fewer. (The length of
+/// the text itself is no measure, because a number may have any number of digits.)
 constexpr std::size_t kMostNodes = 1024;
 
 struct Parser {
@@ -43,15 +44,17 @@ using Parsed = std::optional<NodeIndex>;
 
 Parsed ParseRun(Parser& parser, int level);
 
-/// What an operator of a level becomes from the second one of its run on.
+/// What the first operator of a run does.
 OpCode FirstOp(int level) {
     constexpr OpCode kFirst[] = {OpCode::Add,      OpCode::Add,    OpCode::Subtract,
                                  OpCode::Multiply, OpCode::Divide, OpCode::Power};
     return kFirst[level];
 }
 
+/// What the operators of a run do from the second one on.
 OpCode RestOp(int level) {
-    // KEEP: the rest of a run is summed or multiplied up first; results hang on it bit for bit.
+    // KEEP: the rest of a run is summed or multiplied up first; every bit of the results depends on
+    // this order.
     constexpr OpCode kRest[] = {OpCode::Add,      OpCode::Add,      OpCode::Add,
                                 OpCode::Multiply, OpCode::Multiply, OpCode::Multiply};
     return kRest[level];
@@ -106,8 +109,9 @@ Parsed ParseCall(Parser& parser, std::u16string_view name) {
     return AddOperation(parser.tree, FunctionOp(number), *arguments);
 }
 
-/// A number: its text starts with one that is not zero, or with the digit 0, or is one as a whole
-/// (" 0", ".0"). What follows the number in the same piece ("1.2.3") is passed over.
+/// The number at the start of a piece of the text. A zero counts only if the piece starts with the
+/// digit 0 or is nothing but the number (" 0", ".0"). What follows the number in the same piece, as
+/// in "1.2.3", is ignored.
 std::optional<double> NumberOf(std::u16string_view piece) {
     const DecimalPrefix prefix = ParseDecimalPrefix(piece);
     if (prefix.length == 0) return std::nullopt;

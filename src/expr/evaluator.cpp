@@ -27,7 +27,7 @@ struct BlockRun {
     const ProgramInputs& inputs;
     std::size_t offset = 0;
     std::size_t count = 0;    ///< padded
-    std::size_t padding = 0;  ///< so many of the count
+    std::size_t padding = 0;  ///< how many of the count are padding
     double* registers = nullptr;
     std::size_t registerStride = 0;
     std::int32_t* errors = nullptr;  ///< padded, zero at the start
@@ -53,10 +53,7 @@ bool RunInstruction(const BlockRun& run, const Instruction& instruction, double*
         sources[i] = SourceOf(run, instruction.operands[i]);
     }
     const KernelCall call{out, sources, run.count, run.errors, instruction.immediate, run.padding};
-    const auto op = static_cast<std::size_t>(instruction.op);
-    if (const Kernel kernel = run.kernels.kernels[op]) return kernel(call);
-    return RunLaneByLane(
-        static_cast<FunctionNumber>(op - static_cast<std::size_t>(OpCode::Function)), call);
+    return run.kernels.kernels[static_cast<std::size_t>(instruction.op)](call);
 }
 
 /// Leaves the block's values in `out` (padded) and returns whether a lane failed.

@@ -1,6 +1,6 @@
-// Compiling an expression and evaluating it, once or over an array of x (over a grid of points:
-// grid_evaluator.h). All of them run the same program on the same kernels, so their results agree
-// bit for bit.
+// Compiling an expression and evaluating it, at one point or over an array of x. (For a grid of
+// points see grid_evaluator.h.) All of them run the same program on the same kernels, so that their
+// results agree bit for bit.
 #pragma once
 
 #include <cstdint>

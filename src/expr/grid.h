@@ -2,19 +2,32 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <vector>
 
-#include "expr/grid_evaluator.h"
+#include "expr/function_bounds.h"
 #include "expr/program.h"
 
 namespace kalvex {
+
+/// A program cut for a grid: what depends on one variable alone is computed once for each of its
+/// values, and only the rest once for each point.
+struct GridPlan {
+    std::vector<InstructionList> columns;  ///< of x alone; results are arrays 1, 2, ... of the body
+    std::vector<InstructionList> rows;  ///< of y alone, as array 0; scalars 1, 2, ... of the body
+    InstructionList body;               ///< over the columns as arrays and one row as scalars
+};
+
+/// Cuts a program's tree. `xIsFinite` says that no abscissa of the grid is infinite or
+/// not-a-number: then the leading "x*0+" of a text of two variables is left out.
+GridPlan PlanGrid(const SyntaxTree& tree, bool xIsFinite);
 
 struct Grid {
     std::shared_ptr<const Program> program;
     std::size_t columnCount = 0;
     std::size_t rowCount = 0;
     std::vector<std::vector<double>> columns;  ///< array 0: x; then the x-only parts
-    std::vector<std::uint8_t> columnFailed;    ///< by abscissa: an x-only part failed there
+    std::vector<std::uint8_t> columnFailed;    ///< by abscissa: whether a part of x failed there
     bool anyColumnFailed = false;
     std::vector<std::vector<double>> rows;  ///< scalar 0: y; then the y-only parts
     std::vector<std::uint8_t> rowFailed;

@@ -1,20 +1,20 @@
-// Interval arithmetic over a program's body, on the intervals that the computed columns and rows
-// span. Rounding to nearest is monotone: when an operand grows, the rounded sum, difference,
-// product or quotient never moves against the exact one. So the rounded results at the ends of the
-// operands' intervals bound every rounded result in between, and no outward rounding is needed.
-// The same holds for square root, floor and magnitude. The elementary functions are not known to be
-// monotone to the last bit; of those that stay between fixed limits, generous limits are taken, and
-// an expression with any other function has no bounds.
+// Interval arithmetic: the body of a grid's plan is run over intervals instead of numbers. The
+// interval of a column or row holds all its computed values in the rectangle. Rounding to nearest
+// is monotone: when an operand grows, the rounded sum, difference, product or quotient never moves
+// against the exact one. So the rounded results at the ends of the operands' intervals bound every
+// rounded result in between, and no outward rounding is needed. The same holds for the square root.
+// The functions of the language bring their own bounds (function_bounds.h); an expression with a
+// function that has none has no bounds.
 #include <algorithm>
 #include <array>
 #include <cmath>
 
+#include "expr/function_table.h"
 #include "expr/grid.h"
+#include "expr/grid_evaluator.h"
 
 namespace kalvex {
 namespace {
-
-using MaybeBounds = std::optional<Bounds>;
 
 MaybeBounds Checked(double low, double high) {
     if (std::isnan(low) || std::isnan(high)) return std::nullopt;
@@ -39,12 +39,13 @@ MaybeBounds Product(const Bounds& a, const Bounds& b) {
     return OfCorners({a.low * b.low, a.low * b.high, a.high * b.low, a.high * b.high});
 }
 
-/// Of a divisor that may be zero: nothing.
+/// No bounds where the divisor may be zero.
 MaybeBounds Quotient(const Bounds& a, const Bounds& b) {
     if (!(b.low > 0.0) && !(b.high < 0.0)) return std::nullopt;
     return OfCorners({a.low / b.low, a.low / b.high, a.high / b.low, a.high / b.high});
 }
 
+/// The product of an interval with itself, where both factors are the same number: never negative.
 MaybeBounds Square(const Bounds& a) {
     const MaybeBounds product = Product(a, a);
     if (!product) return product;
@@ -58,30 +59,9 @@ MaybeBounds SquareRoot(const Bounds& a) {
     return Bounds{std::sqrt(a.low), std::sqrt(a.high)};
 }
 
-MaybeBounds Magnitude(const Bounds& a) {
-    const double high = std::max(std::fabs(a.low), std::fabs(a.high));
-    const bool hasZero = a.low <= 0.0 && a.high >= 0.0;
-    return Bounds{hasZero ? 0.0 : std::min(std::fabs(a.low), std::fabs(a.high)), high};
-}
-
-MaybeBounds OfFunction(FunctionNumber function, const Bounds& a) {
-    constexpr Bounds kAboutOne{-1.001, 1.001};
-    switch (function) {
-        case FunctionNumber::Sin:
-        case FunctionNumber::Cos:
-            // Of an infinite argument they are not-a-number.
-            return std::isfinite(a.low) && std::isfinite(a.high) ? MaybeBounds(kAboutOne)
-                                                                 : std::nullopt;
-        case FunctionNumber::Th:
-        case FunctionNumber::Erf:
-            return kAboutOne;
-        case FunctionNumber::Int:
-            return Bounds{std::floor(a.low), std::floor(a.high)};
-        case FunctionNumber::Abs:
-            return Magnitude(a);
-        default:
-            return std::nullopt;
-    }
+MaybeBounds OfFunction(FunctionNumber function, const Bounds* arguments) {
+    const FunctionBounds bounds = FunctionAt(function).bounds;
+    return bounds != nullptr ? bounds(arguments) : std::nullopt;
 }
 
 using Operands = std::array<Bounds, kMostOperands>;
@@ -142,15 +122,13 @@ MaybeBounds OfInstruction(const Instruction& instruction, const Operands& in) {
         case OpCode::PowerTerm:
             return std::nullopt;
         default:
-            return OfFunction(static_cast<FunctionNumber>(static_cast<int>(instruction.op) -
-                                                          static_cast<int>(OpCode::Function)),
-                              in[0]);
+            return OfFunction(FunctionOf(instruction.op), in.data());
     }
 }
 
 struct Rectangle {
     const Grid& grid;
-    std::vector<Bounds> rowBounds;  ///< by scalar, over the rows of the rectangle
+    std::vector<Bounds> rowBounds;  ///< of each scalar, over the rows of the rectangle
     std::size_t tile = 0;
 };
 

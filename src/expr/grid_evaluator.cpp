@@ -1,7 +1,9 @@
 // The tree is cut at the largest sub-trees that depend on one variable alone: those of x are
 // computed once for all rows, those of y once for all columns, and only the rest runs over every
-// point. Nothing is regrouped, so each value has the bits of a point-by-point evaluation (but for
-// the sign of a zero, see WithoutZeroTerm).
+// point. Nothing is regrouped, so each value has the bits of a point-by-point evaluation; only the
+// sign of a zero may differ, see WithoutZeroTerm.
+#include "expr/grid_evaluator.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -11,6 +13,7 @@
 namespace kalvex {
 namespace {
 
+/// The largest sub-trees of one variable alone, and of none.
 struct Cut {
     std::vector<NodeIndex> columnParts;
     std::vector<NodeIndex> rowParts;
@@ -29,9 +32,9 @@ void FindParts(const SyntaxTree& tree, NodeIndex index, Cut& cut) {
     }
 }
 
-/// The node whose values are those of the root. Texts of two variables begin with "x*0+", which is
-/// a sum with zero (of either sign) wherever x is finite; it need not be added to every point.
-NodeIndex WithoutZeroTerm(const SyntaxTree& tree, std::span<const double> xs) {
+/// The root without the term "x*0+" in front of it, with which texts of two variables begin. For a
+/// finite x the term is a zero of either sign, and adding it to every point would be wasted work.
+NodeIndex WithoutZeroTerm(const SyntaxTree& tree) {
     const Node& root = tree.nodes[static_cast<std::size_t>(tree.root)];
     if (root.kind != NodeKind::Operation || root.op != OpCode::Add) return tree.root;
     const Node& term = tree.nodes[static_cast<std::size_t>(root.operands[0])];
@@ -40,12 +43,12 @@ NodeIndex WithoutZeroTerm(const SyntaxTree& tree, std::span<const double> xs) {
     const Node& right = tree.nodes[static_cast<std::size_t>(term.operands[1])];
     const bool isZero =
         left.kind == NodeKind::X && right.kind == NodeKind::Constant && right.value == 0.0;
-    const bool finite = std::ranges::all_of(xs, [](double x) { return std::isfinite(x); });
-    return isZero && finite ? root.operands[1] : tree.root;
+    return isZero ? root.operands[1] : tree.root;
 }
 
-/// Length of the arrays of an axis. Rows begin anywhere and are read up to the next multiple of
-/// eight behind their end, whole axes up to the next multiple of eight of this.
+/// Length of the arrays of an axis with `count` elements. A run of values may begin at any element
+/// and its length is rounded up to a multiple of eight, so up to seven elements behind the last one
+/// are read; the length itself is a multiple of eight too, for runs over the whole axis.
 std::size_t WithSpare(std::size_t count) {
     return (count + 3 * kPaddedLanes - 1) / kPaddedLanes * kPaddedLanes;
 }
@@ -56,9 +59,9 @@ std::vector<double> Copied(std::span<const double> values) {
     return copy;
 }
 
-/// Computes a part over the first `count` elements of an axis, whose values are given, as a further
-/// array beside them, the rest filled with the last one; marks where it failed and returns whether
-/// it did.
+/// Computes a part over the first `count` elements of an axis, whose own values are axis[0], and
+/// appends the results as a further array, filled up with the last result. Marks in `failedAt` the
+/// elements where the part failed and returns whether it failed anywhere.
 bool AddPart(const InstructionList& list, const KernelTable& kernels,
              std::vector<std::vector<double>>& axis, std::size_t count,
              std::vector<std::uint8_t>& failedAt) {
@@ -75,7 +78,7 @@ bool AddPart(const InstructionList& list, const KernelTable& kernels,
     return failed;
 }
 
-/// Bounds of an array by tile; not-a-number where it holds one.
+/// The bounds of each tile of an array; both are not-a-number where the tile holds one.
 std::vector<Bounds> TileBounds(const std::vector<double>& values, std::size_t count) {
     std::vector<Bounds> tiles;
     for (std::size_t first = 0; first < count; first += kTileColumns) {
@@ -93,25 +96,38 @@ std::vector<Bounds> TileBounds(const std::vector<double>& values, std::size_t co
     return tiles;
 }
 
-/// Computes the parts of one variable and returns what stands for them in the body.
-std::vector<Replacement> AddParts(Grid& grid, const Cut& cut) {
-    const SyntaxTree& tree = grid.program->tree;
-    std::vector<Replacement> replacements;
-    for (const NodeIndex part : cut.columnParts) {
-        grid.anyColumnFailed |= AddPart(Flatten(tree, part, {}), *tree.kernels, grid.columns,
-                                        grid.columnCount, grid.columnFailed);
-        const auto index = static_cast<std::uint16_t>(grid.columns.size() - 1);
-        replacements.push_back({part, {OperandKind::Array, index, 0.0}});
+/// Computes the parts of one variable as further arrays of their axis.
+void AddParts(Grid& grid, const GridPlan& plan) {
+    const KernelTable& kernels = *grid.program->tree.kernels;
+    for (const InstructionList& part : plan.columns) {
+        grid.anyColumnFailed |=
+            AddPart(part, kernels, grid.columns, grid.columnCount, grid.columnFailed);
     }
-    for (const NodeIndex part : cut.rowParts) {
-        AddPart(FlattenOverY(tree, part), *tree.kernels, grid.rows, grid.rowCount, grid.rowFailed);
-        const auto index = static_cast<std::uint16_t>(grid.rows.size() - 1);
-        replacements.push_back({part, {OperandKind::Scalar, index, 0.0}});
-    }
-    return replacements;
+    for (const InstructionList& part : plan.rows)
+        AddPart(part, kernels, grid.rows, grid.rowCount, grid.rowFailed);
 }
 
 }  // namespace
+
+GridPlan PlanGrid(const SyntaxTree& tree, bool xIsFinite) {
+    const NodeIndex root = xIsFinite ? WithoutZeroTerm(tree) : tree.root;
+    Cut cut;
+    FindParts(tree, root, cut);
+    GridPlan plan;
+    std::vector<Replacement> replacements;
+    for (const NodeIndex part : cut.columnParts) {
+        plan.columns.push_back(Flatten(tree, part, {}));
+        const auto index = static_cast<std::uint16_t>(plan.columns.size());
+        replacements.push_back({part, {OperandKind::Array, index, 0.0}});
+    }
+    for (const NodeIndex part : cut.rowParts) {
+        plan.rows.push_back(FlattenOverY(tree, part));
+        const auto index = static_cast<std::uint16_t>(plan.rows.size());
+        replacements.push_back({part, {OperandKind::Scalar, index, 0.0}});
+    }
+    plan.body = Flatten(tree, root, replacements);
+    return plan;
+}
 
 std::shared_ptr<Grid> PrepareGrid(const CompiledExpression& expression, std::span<const double> xs,
                                   std::span<const double> ys) {
@@ -125,12 +141,10 @@ std::shared_ptr<Grid> PrepareGrid(const CompiledExpression& expression, std::spa
     grid->rowFailed.resize(grid->rows[0].size());
     grid->errors.resize(grid->columns[0].size());
 
-    const SyntaxTree& tree = grid->program->tree;
-    const NodeIndex root = WithoutZeroTerm(tree, xs);
-    Cut cut;
-    FindParts(tree, root, cut);
-    const std::vector<Replacement> replacements = AddParts(*grid, cut);
-    grid->body = Flatten(tree, root, replacements);
+    const bool xIsFinite = std::ranges::all_of(xs, [](double x) { return std::isfinite(x); });
+    GridPlan plan = PlanGrid(grid->program->tree, xIsFinite);
+    AddParts(*grid, plan);
+    grid->body = std::move(plan.body);
     for (const auto& column : grid->columns) {
         grid->columnBounds.push_back(TileBounds(column, grid->columnCount));
     }

@@ -1,15 +1,15 @@
-// Asks the processor once which tables it can run.
+// Which tables the processor can run, the fastest first.
 #include "expr/kernel_tables.h"
+#include "numbers/processor.h"
 
 namespace kalvex {
 
 KernelTables AvailableKernelTables() {
     KernelTables available;
 #if defined(KALVEX_X86)
-    const bool avx2 = __builtin_cpu_supports("avx2") && __builtin_cpu_supports("fma");
-    const bool avx512 = avx2 && __builtin_cpu_supports("avx512f") &&
-                        __builtin_cpu_supports("avx512dq") && __builtin_cpu_supports("avx512vl");
-    if (avx512) available.tables[available.count++] = &kAvx512Kernels;
+    const ProcessorFeatures has = FeaturesOfProcessor();
+    const bool avx2 = has.avx2 && has.fma;
+    if (avx2 && has.avx512) available.tables[available.count++] = &kAvx512Kernels;
     if (avx2) available.tables[available.count++] = &kAvx2Kernels;
 #elif defined(KALVEX_ARM64)
     available.tables[available.count++] = &kNeonKernels;

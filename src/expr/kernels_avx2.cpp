@@ -23,21 +23,22 @@ struct Simd {
         return _mm256_movemask_pd(__builtin_bit_cast(Vec, mask)) != 0;
     }
     static Vec Abs(Vec x) { return _mm256_andnot_pd(Set(-0.0), x); }
-    // The second where one is not-a-number.
+    // The second operand where either of them is not-a-number.
     static Vec Larger(Vec a, Vec b) { return _mm256_max_pd(a, b); }
     static bool AnyInfinite(Vec x) {
         return _mm256_movemask_pd(_mm256_cmp_pd(Abs(x), Set(__builtin_inf()), _CMP_EQ_OQ)) != 0;
     }
     static Vec Floor(Vec x) { return _mm256_floor_pd(x); }
     static Vec Sqrt(Vec x) { return _mm256_sqrt_pd(x); }
-    // The rounding error of a * b = product; exact while nothing under- or overflows.
+    // The rounding error of product = a * b; exact unless something under- or overflows.
     static Vec ProductError(Vec a, Vec b, Vec product) { return _mm256_fmadd_pd(a, b, -product); }
     static double ProductError(double a, double b, double product) {
         return __builtin_fma(a, b, -product);
     }
     static Vec MultiplyAdd(Vec a, Vec b, Vec c) { return _mm256_fmadd_pd(a, b, c); }
     static double MultiplyAdd(double a, double b, double c) { return __builtin_fma(a, b, c); }
-    // high + low; high alone where low is zero (high has the sign then) or not finite (overflow).
+    // high + low. Where low is zero, high alone, which keeps the sign of a zero; where low is not
+    // finite, high has overflowed and is the result.
     static Vec Corrected(Vec high, Vec low) {
         const Vec nonzero = _mm256_cmp_pd(low, Set(0.0), _CMP_NEQ_OQ);
         const Vec finite = _mm256_cmp_pd(Abs(low), Set(__builtin_inf()), _CMP_LT_OQ);

@@ -23,7 +23,7 @@ struct Simd {
         return _mm512_movepi64_mask(__builtin_bit_cast(__m512i, mask)) != 0;
     }
     static Vec Abs(Vec x) { return _mm512_abs_pd(x); }
-    // The second where one is not-a-number.
+    // The second operand where either of them is not-a-number.
     static Vec Larger(Vec a, Vec b) { return _mm512_max_pd(a, b); }
     static bool AnyInfinite(Vec x) {
         constexpr int kInfinite = 0x18;
@@ -31,14 +31,15 @@ struct Simd {
     }
     static Vec Floor(Vec x) { return _mm512_floor_pd(x); }
     static Vec Sqrt(Vec x) { return _mm512_sqrt_pd(x); }
-    // The rounding error of a * b = product; exact while nothing under- or overflows.
+    // The rounding error of product = a * b; exact unless something under- or overflows.
     static Vec ProductError(Vec a, Vec b, Vec product) { return _mm512_fmadd_pd(a, b, -product); }
     static double ProductError(double a, double b, double product) {
         return __builtin_fma(a, b, -product);
     }
     static Vec MultiplyAdd(Vec a, Vec b, Vec c) { return _mm512_fmadd_pd(a, b, c); }
     static double MultiplyAdd(double a, double b, double c) { return __builtin_fma(a, b, c); }
-    // high + low; high alone where low is zero (high has the sign then) or not finite (overflow).
+    // high + low. Where low is zero, high alone, which keeps the sign of a zero; where low is not
+    // finite, high has overflowed and is the result.
     static Vec Corrected(Vec high, Vec low) {
         constexpr int kZeroOrNotFinite = 0x9F;
         const __mmask8 useless = _mm512_fpclass_pd_mask(low, kZeroOrNotFinite);

@@ -45,7 +45,7 @@ struct Simd {
     static Vec Abs(Vec x) {
         return ByLane([](double lane) { return __builtin_fabs(lane); }, x);
     }
-    // The second where one is not-a-number.
+    // The second operand where either of them is not-a-number.
     static Vec Larger(Vec a, Vec b) { return a > b ? a : b; }
     static bool AnyInfinite(Vec x) { return Any(Abs(x) == Set(__builtin_inf())); }
     static Vec Floor(Vec x) {
@@ -54,7 +54,8 @@ struct Simd {
     static Vec Sqrt(Vec x) {
         return ByLane([](double lane) { return __builtin_sqrt(lane); }, x);
     }
-    // The upper 26 bits of a, cut off: a rounded half, or a factor that makes one, may overflow.
+    // The upper 26 bits of a. They are cut off, not rounded: rounding up could overflow, and so
+    // could the multiplication that is often used to split a number.
     static Vec UpperHalf(Vec a) {
         using Bits = unsigned long long __attribute__((vector_size(16)));
         return __builtin_bit_cast(Vec, __builtin_bit_cast(Bits, a) & kUpperBits);
@@ -62,9 +63,10 @@ struct Simd {
     static double UpperHalf(double a) {
         return __builtin_bit_cast(double, __builtin_bit_cast(unsigned long long, a) & kUpperBits);
     }
-    // The rounding error of a * b = product by cutting the factors into halves. Only the product of
-    // the lower halves, of 27 bits each, is rounded: within 2^-106 of the product while nothing
-    // underflows. No halves' product is above the product of the factors, so none overflows alone.
+    // The rounding error of product = a * b, from the products of the factors' halves. Only the
+    // product of the lower halves, which have 27 bits each, is rounded, so the result is within
+    // 2^-106 of the product unless something underflows. No product of halves is larger than the
+    // product itself, so none overflows by itself.
     template <typename T>
     static T ProductError(T a, T b, T product) {
         const T highA = UpperHalf(a);
@@ -77,7 +79,8 @@ struct Simd {
     static T MultiplyAdd(T a, T b, T c) {
         return a * b + c;
     }
-    // high + low; high alone where low is zero (high has the sign then) or not finite (overflow).
+    // high + low. Where low is zero, high alone, which keeps the sign of a zero; where low is not
+    // finite, high has overflowed and is the result.
     static Vec Corrected(Vec high, Vec low) {
         return ByLane([](double h, double l) { return Corrected(h, l); }, high, low);
     }

@@ -24,12 +24,12 @@ struct Simd {
         return vmaxvq_u32(__builtin_bit_cast(uint32x4_t, mask)) != 0;
     }
     static Vec Abs(Vec x) { return vabsq_f64(x); }
-    // The second where one is not-a-number.
+    // The second operand where either of them is not-a-number.
     static Vec Larger(Vec a, Vec b) { return vbslq_f64(vcgtq_f64(a, b), a, b); }
     static bool AnyInfinite(Vec x) { return Any(vceqq_f64(Abs(x), Set(__builtin_inf()))); }
     static Vec Floor(Vec x) { return vrndmq_f64(x); }
     static Vec Sqrt(Vec x) { return vsqrtq_f64(x); }
-    // The rounding error of a * b = product; exact while nothing under- or overflows.
+    // The rounding error of product = a * b; exact unless something under- or overflows.
     static Vec ProductError(Vec a, Vec b, Vec product) {
         return vfmaq_f64(vnegq_f64(product), a, b);
     }
@@ -38,7 +38,8 @@ struct Simd {
     }
     static Vec MultiplyAdd(Vec a, Vec b, Vec c) { return vfmaq_f64(c, a, b); }
     static double MultiplyAdd(double a, double b, double c) { return __builtin_fma(a, b, c); }
-    // high + low; high alone where low is zero (high has the sign then) or not finite (overflow).
+    // high + low. Where low is zero, high alone, which keeps the sign of a zero; where low is not
+    // finite, high has overflowed and is the result.
     static Vec Corrected(Vec high, Vec low) {
         const uint64x2_t nonzero = vcgtq_f64(Abs(low), Set(0.0));
         const uint64x2_t finite = vcltq_f64(Abs(low), Set(__builtin_inf()));

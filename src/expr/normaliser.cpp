@@ -1,8 +1,8 @@
-// Each step of the rewriting is defined as a scan that inserts characters into the text and scans
-// on behind them. What it inserts ("*" or "0") never calls for another insertion, and the rules
-// look one character ahead only, so one pass over the old text that builds a new one gives the
-// same result in linear time. What the in-place scan would hold at an insertion, and the box of
-// the explicit normaliser must show, is the new text so far followed by the rest of the old one.
+// The rewriting is defined as a scan that inserts characters into the text and goes on behind them.
+// An inserted "*" or "0" never causes another insertion, and the rules look at one character ahead
+// only. One pass that builds a new text from the old one therefore gives the same result, in linear
+// time. The box of the explicit normaliser shows the text as the in-place scan would hold it at
+// that moment: the new text so far, followed by the rest of the old one.
 #include "expr/normaliser.h"
 
 #include <cstddef>
@@ -71,8 +71,8 @@ std::u16string InsertZeros(std::u16string_view text) {
     return result;
 }
 
-/// A text with more products behind ")" has more tokens than the checker takes; it is rejected
-/// whatever they are, and nobody has to answer thousands of boxes first.
+/// A text with more products behind ")" has more tokens than the checker accepts and is rejected in
+/// any case. The limit spares the user from answering thousands of boxes first.
 constexpr std::size_t kMostBoxes = 255;
 
 bool BeginsWithSign(std::u16string_view text) {
@@ -83,8 +83,8 @@ bool BeginsWithSign(std::u16string_view text) {
 
 void NormaliseExplicit(std::u16string& text, const ShowMessage& show) {
     if (text.empty()) return;
-    // KEEP: users know the product behind ")" by this box; it shows the minus signs of the later
-    // steps still as typed.
+    // KEEP: users expect this box for a product behind ")". It comes before the steps that put a
+    // "0" in front of minus signs, so it shows these signs as typed.
     std::size_t shown = 0;
     const auto showTest = [&](const std::u16string& front, std::u16string_view rest) {
         if (!show || ++shown > kMostBoxes) return;

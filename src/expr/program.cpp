@@ -1,8 +1,9 @@
-// Post-order flattening with registers taken like a stack: an operation's result goes to the
-// lowest register that is free once its operands are consumed. A product that feeds the very next
-// sum or difference is merged into it, a number added to that is merged too, and so is a power that
-// is a factor of the product: one pass instead of two or three. Merged operations round as often as
-// their parts.
+// The tree is walked in post-order: operands first, then their operation. Registers are used like a
+// stack: an operation's result goes to the lowest register that is free once its operands are
+// consumed. Instructions are merged, so that one pass over the points does the work of two or
+// three: a product into the sum or difference that uses it next, a number that is added to this,
+// and a power that is a factor of the product. A merged instruction rounds as often as its parts
+// would, so merging changes no result.
 #include "expr/program.h"
 
 #include <algorithm>
@@ -79,7 +80,8 @@ void TakePower(Flattener& flattener, Instruction& sum, double factor, const Oper
 }
 
 /// Merges a power computed last into the term k * power + rest or rest - k * power, or into the sum
-/// power + rest. (A product with a negated factor is the negated product, exactly.)
+/// power + rest. (rest - k * power becomes rest + (-k) * power: negating a factor negates the
+/// product exactly.)
 bool MergePower(Flattener& flattener, Instruction& sum) {
     if (flattener.list.code.empty() || !HasFixedPower(flattener.list.code.back())) return false;
     if (sum.op == OpCode::Add) {
@@ -136,7 +138,8 @@ bool MergeAddend(Flattener& flattener, Instruction& sum) {
 
 Operand Emit(Flattener& flattener, NodeIndex index);
 
-/// Whether the right operand is evaluated first: only where no error code depends on it.
+/// Whether the right operand is evaluated first. That saves registers, but is allowed only where
+/// the left operand cannot fail: else the wrong one of two error codes might be reported.
 bool TakesRightFirst(const Flattener& flattener, const Node& node) {
     if (node.operandCount != 2) return false;
     const Node& left = NodeAt(flattener, node.operands[0]);

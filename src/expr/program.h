@@ -35,9 +35,9 @@ struct InstructionList {
     int registerCount = 0;
 };
 
-/// Programs that need more registers are refused by the compiler. A checked text needs at most
-/// about 64: only a left operand that can fail is held while the rest of its run is computed, and
-/// it costs four of the 255 tokens.
+/// Programs that need more registers are refused by the compiler. A checked text, which has
+/// at most 255 tokens, needs about 64: a register is held while a right operand is computed only
+/// where the left operand can fail, and each such left operand takes four tokens.
 inline constexpr int kMostRegisters = 128;
 
 /// A compiled expression. The tree stays for hoisting.
@@ -46,7 +46,7 @@ struct Program {
     InstructionList instructions;
 };
 
-/// An operand that stands for a node in place of the node's own code.
+/// A node whose value is computed elsewhere, and the operand that holds the value.
 struct Replacement {
     NodeIndex node = 0;
     Operand operand;

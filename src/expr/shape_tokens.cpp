@@ -1,17 +1,15 @@
-// Tokens: signs and brackets first, then a number, then a function name by prefix (one argument,
-// two, three, four), then a variable. The reduction tries six patterns at each position from the
-// left, replaces the first that matches by one operand and starts again at the first token. The
-// stream is short (kShapeCapacity), so the restart costs at most some ten thousand comparisons
-// and is kept as the plain definition of the result.
+// A token is a sign or bracket, a number, a variable or the head of a call: a function's name with
+// its "(". The reduction looks for the leftmost place where one of six patterns matches, replaces
+// the match by one operand and starts again at the first token. The restart is how the result is
+// defined. As the stream is short (kShapeCapacity), it costs at most some ten thousand comparisons.
 #include "expr/shape_tokens.h"
 
 #include <algorithm>
 #include <array>
-#include <iterator>
 #include <span>
 
-#include "base/decimal.h"
 #include "expr/names.h"
+#include "numbers/decimal.h"
 
 namespace kalvex {
 namespace {
@@ -31,7 +29,7 @@ Token PunctuationAt(char16_t c) {
     return {};
 }
 
-/// A function's head; no token as well when its name stands here without "(". No name is the
+/// The head of a call; no token where a function's name stands without "(". No name is the
 /// beginning of another, so the order in which they are tried does not matter.
 Token HeadAt(std::u16string_view rest) {
     for (const FunctionName& function : kFunctionNames) {
@@ -73,14 +71,19 @@ std::size_t MatchAt(std::span<const ShapeToken> rest) {
     return 0;
 }
 
+/// Takes out the tokens that a reduction has used up.
+void CompactShape(std::vector<ShapeToken>& tokens) {
+    std::erase(tokens, Deleted);
+}
+
 /// Replaces the leftmost match; false when there is none.
 bool ReduceOnce(std::vector<ShapeToken>& tokens) {
     for (std::size_t i = 0; i < tokens.size(); ++i) {
         const std::size_t length = MatchAt(std::span(tokens).subspan(i));
         if (length == 0) continue;
         tokens[i] = Operand;
-        const auto consumed = std::next(tokens.begin(), static_cast<std::ptrdiff_t>(i + 1));
-        tokens.erase(consumed, std::next(consumed, static_cast<std::ptrdiff_t>(length - 1)));
+        std::fill_n(tokens.begin() + static_cast<std::ptrdiff_t>(i + 1), length - 1, Deleted);
+        CompactShape(tokens);
         return true;
     }
     return false;
@@ -97,6 +100,16 @@ std::optional<std::vector<ShapeToken>> TokenizeShape(std::u16string_view text) {
         at += token.length;
     }
     return tokens;
+}
+
+std::size_t ShapeLength(std::u16string_view text) {
+    std::size_t count = 0;
+    for (std::size_t at = 0; at < text.size() && count <= kShapeCapacity; ++count) {
+        const std::size_t length = TokenAt(text.substr(at)).length;
+        if (length == 0) break;
+        at += length;
+    }
+    return count;
 }
 
 void ReduceShape(std::vector<ShapeToken>& tokens) {

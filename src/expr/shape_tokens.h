@@ -20,6 +20,7 @@ enum class ShapeToken : std::int16_t {
     Comma = 101,
     Open = 102,  ///< a "(" that belongs to no function
     Close = 103,
+    Deleted = -100,  ///< used up by a reduction; no stream that is handed out holds one
 };
 
 /// Longest stream that the structural test takes.
@@ -28,6 +29,10 @@ inline constexpr std::size_t kShapeCapacity = 255;
 /// The tokens of a text; nothing when it holds a character or word that makes no token, a function
 /// name without its "(", or more than kShapeCapacity tokens. Linear in the length.
 std::optional<std::vector<ShapeToken>> TokenizeShape(std::u16string_view text);
+
+/// How many tokens a text has, counted up to its end, to what makes no token, or to one more than
+/// kShapeCapacity.
+std::size_t ShapeLength(std::u16string_view text);
 
 /// Replaces patterns by operands, each time the leftmost that matches, until none does.
 void ReduceShape(std::vector<ShapeToken>& tokens);

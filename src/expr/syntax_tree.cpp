@@ -1,12 +1,14 @@
-// Every node knows what flattening and hoisting ask of it: whether it can fail, which variables it
-// depends on, how many registers it needs. The register count follows Sethi and Ullman ("The
-// generation of optimal code for arithmetic expressions", J. ACM 17, 1970), with the restriction
-// that an operand that can fail is never evaluated after its right neighbour: the first failing
-// primitive decides the error code.
+// Every node stores whether it can fail, which variables it depends on and how many registers it
+// needs; program.cpp and grid_evaluator.cpp use these facts. The register count follows Sethi and
+// Ullman ("The generation of optimal code for arithmetic expressions", J. ACM 17, 1970), with one
+// restriction: an operand that can fail is never evaluated after its right neighbour, because the
+// first failing operation in written order decides the error code.
 #include "expr/syntax_tree.h"
 
 #include <algorithm>
 #include <cmath>
+
+#include "expr/function_table.h"
 
 namespace kalvex {
 namespace {
@@ -21,18 +23,12 @@ bool OperationCanFail(OpCode op, std::span<const Node* const> operands) {
         case OpCode::Divide:
             return operands[1]->kind != NodeKind::Constant || operands[1]->value == 0.0;
         default:
-            break;
+            return !IsFunction(op) || CanFail(FunctionAt(FunctionOf(op)));
     }
-    constexpr FunctionNumber kTotal[] = {
-        FunctionNumber::Sin, FunctionNumber::Cos,  FunctionNumber::Tg,  FunctionNumber::Sh,
-        FunctionNumber::Ch,  FunctionNumber::Th,   FunctionNumber::Exp, FunctionNumber::Atg,
-        FunctionNumber::Int, FunctionNumber::Frac, FunctionNumber::Abs, FunctionNumber::Gamma,
-        FunctionNumber::Erf};
-    return std::none_of(std::begin(kTotal), std::end(kTotal),
-                        [op](FunctionNumber total) { return FunctionOp(total) == op; });
 }
 
-/// Registers for operands evaluated one after the other, each result held in a register.
+/// Registers for operands that are evaluated one after the other, each result held in a register
+/// until the last one is there. Constants and variables need none.
 int RegistersInOrder(std::span<const Node* const> operands) {
     int held = 0;
     int most = 0;
@@ -50,7 +46,8 @@ int RegistersFor(std::span<const Node* const> operands) {
     return std::min(inOrder, RegistersInOrder(swapped));
 }
 
-/// Result of an operation over constants; false when it fails (then it stays an operation).
+/// Computes an operation over constants. Returns false when it fails; the operation then stays in
+/// the tree, so that evaluating it reports the error.
 bool Fold(const SyntaxTree& tree, const Node& node, std::span<const Node* const> operands,
           double& value) {
     Source sources[kMostOperands];
@@ -59,19 +56,14 @@ bool Fold(const SyntaxTree& tree, const Node& node, std::span<const Node* const>
     double out[kPaddedLanes];
     std::int32_t errors[kPaddedLanes] = {};
     const KernelCall call{out, sources, kPaddedLanes, errors, node.immediate, kPaddedLanes - 1};
-    const Kernel kernel = tree.kernels->kernels[static_cast<std::size_t>(node.op)];
-    const bool failed =
-        kernel != nullptr
-            ? kernel(call)
-            : RunLaneByLane(static_cast<FunctionNumber>(static_cast<int>(node.op) -
-                                                        static_cast<int>(OpCode::Function)),
-                            call);
+    const bool failed = tree.kernels->kernels[static_cast<std::size_t>(node.op)](call);
     value = out[0];
     return !failed;
 }
 
-/// A power whose exponent is known: by its value it is a product, a square root or neither. The
-/// square of a variable is written as the product that it is, because products merge with sums.
+/// Replaces a power with a constant exponent by a square root or a product, where that is how the
+/// general power computes it too. The square of a variable becomes a multiplication, because
+/// program.cpp merges multiplications with sums.
 void SpecialisePower(Node& node, const Node& base, const Node& exponent) {
     if (exponent.kind != NodeKind::Constant) return;
     const double n = exponent.value;

@@ -17,8 +17,6 @@ using NodeIndex = std::int32_t;
 
 enum class NodeKind : std::uint8_t { Constant, X, Y, Operation };
 
-inline constexpr std::size_t kMostOperands = 4;
-
 struct Node {
     NodeKind kind = NodeKind::Constant;
     OpCode op = OpCode::Add;

@@ -1,5 +1,7 @@
 #include "graph/approx_failure.h"
 
+#include "resources/message_boxes.h"
+
 namespace kalvex {
 
 std::string FailureLines(std::span<const ApproxFailure> failures) {
@@ -11,9 +13,8 @@ std::string FailureLines(std::span<const ApproxFailure> failures) {
 
 MessageBox OwnBox(const Diagnostic& diagnostic) {
     // KEEP: a caption in small letters and no icon, unlike every other box.
-    return {std::u16string(Text(StringId::LeastSetCaption)),
-            std::u16string(Text(diagnostic.box.value_or(StringId::LeastSetFailed))),
-            MessageIcon::None, MessageButtons::Ok};
+    return BoxOf(StringId::LeastSetCaption, Text(diagnostic.box.value_or(StringId::LeastSetFailed)),
+                 MessageIcon::None);
 }
 
 std::vector<MessageBox> FailureBoxes(std::span<const ApproxFailure> failures) {
@@ -26,8 +27,7 @@ std::vector<MessageBox> FailureBoxes(std::span<const ApproxFailure> failures) {
             FillIn(Text(StringId::InFunction), {NumberText(slot + 1), Text(diagnostic.reason)});
     }
     if (reasons.empty()) return boxes;
-    boxes.push_back({std::u16string(Text(StringId::Warning)), std::move(reasons),
-                     MessageIcon::Exclamation, MessageButtons::Ok});
+    boxes.push_back(WarningBox(reasons));
     return boxes;
 }
 

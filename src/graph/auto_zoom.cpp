@@ -7,6 +7,7 @@
 
 #include "expr/eval_error.h"
 #include "graph/legend.h"
+#include "resources/message_boxes.h"
 #include "resources/strings.h"
 
 namespace kalvex {
@@ -27,7 +28,7 @@ double ValueOf(const CurveSample& sample) {
 }
 
 /// Nothing when no sample has a value.
-std::optional<Extremes> ExtremesOf(const std::vector<CurveSample>& samples) {
+std::optional<Extremes> ExtremesOf(const SampleCache& samples) {
     Extremes found;
     for (const CurveSample& sample : samples) {
         found.maximum = ValueOf(sample);
@@ -54,8 +55,7 @@ void Widen(Extremes& all, const Extremes& one) {
 }
 
 bool Refuse(StringId reason, const ShowMessage& show) {
-    show({std::u16string(Text(StringId::Error)), std::u16string(Text(reason)), MessageIcon::Stop,
-          MessageButtons::Ok});
+    show(ErrorBox(Text(reason)));
     return false;
 }
 

@@ -2,8 +2,8 @@
 // of two pixels ends one pixel beside its start.
 #include "graph/axes.h"
 
-#include "base/truncate.h"
 #include "graph/axis_marks.h"
+#include "numbers/truncate.h"
 
 namespace kalvex {
 namespace {

@@ -9,7 +9,7 @@
 #include <cstdint>
 #include <limits>
 
-#include "base/truncate.h"
+#include "numbers/truncate.h"
 
 namespace kalvex {
 namespace {

@@ -7,10 +7,10 @@
 #include <cmath>
 #include <string>
 
-#include "base/decimal.h"
 #include "base/encoding.h"
-#include "base/truncate.h"
 #include "graph/axis_marks.h"
+#include "numbers/decimal.h"
+#include "numbers/truncate.h"
 
 namespace kalvex {
 namespace {

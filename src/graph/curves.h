@@ -6,6 +6,7 @@
 #include <span>
 #include <vector>
 
+#include "expr/eval_code.h"
 #include "graph/draw_list.h"
 #include "graph/viewport.h"
 #include "interp/diagnostic.h"
@@ -43,8 +44,7 @@ bool HasPosition(const ViewWindow& view, double x, double y);
 
 /// y = f(x): one sample per pixel column. Plotted samples have a defined value and a defined right
 /// neighbour; the others have pixel (0, 0).
-std::vector<CurveSample> SampleDecart(const CompiledExpression& expression,
-                                      const Viewport& viewport);
+SampleCache SampleDecart(const CompiledExpression& expression, const Viewport& viewport);
 
 /// Refills the entry's cache and draws it.
 void PlotDecart(FunctionEntry& entry, const Viewport& viewport, const Pen& pen, DrawList& list);
@@ -60,7 +60,7 @@ void PlotParametric(FunctionEntry& entry, const Viewport& viewport, double minPa
                     double maxParam, const Pen& pen, DrawList& list);
 
 /// Status of a File sample whose value is undefined or not finite.
-inline constexpr std::int32_t kNoValueStatus = 1000;
+inline constexpr auto kNoValueStatus = static_cast<std::int32_t>(EvalCode::NoValue);
 
 /// A File line: its points as circles of radius 3, then its method's curve, one sample per pixel
 /// column. Sets the pixels of the points and refills the cache. A circle off the picture, or on a

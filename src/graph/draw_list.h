@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -30,16 +31,28 @@ struct Segment {
     friend bool operator==(const Segment&, const Segment&) = default;
 };
 
+/// The layers of a picture, in painting order.
+enum class DrawLayer : std::uint8_t { Grid, Axes, Numbers, Curve, Name };
+
+/// What a record shows. The painter does not need it; tests and the text form of a list do.
+struct RecordOrigin {
+    DrawLayer layer = DrawLayer::Curve;
+    std::optional<std::int32_t> slot = {};  ///< the function line 0..8 of a curve or a name
+    friend bool operator==(const RecordOrigin&, const RecordOrigin&) = default;
+};
+
 /// Separate lines drawn with one pen.
 struct SegmentsRecord {
     Pen pen;
     std::vector<Segment> segments;
+    RecordOrigin origin = {};
 };
 
 /// One unbroken run of two points or more.
 struct PolylineRecord {
     Pen pen;
     std::vector<PixelPoint> points;
+    RecordOrigin origin = {};
 };
 
 /// An ellipse in its bounding box, outlined and, when asked, filled.
@@ -51,6 +64,7 @@ struct EllipseRecord {
     std::int32_t top = 0;
     std::int32_t right = 0;
     std::int32_t bottom = 0;
+    RecordOrigin origin = {};
 };
 
 /// Pixels (column .. column + length - 1, row).
@@ -64,6 +78,7 @@ struct PixelRun {
 struct PixelRunsRecord {
     Rgb color;
     std::vector<PixelRun> runs;
+    RecordOrigin origin = {};
 };
 
 /// One line of text; (x, y) is the top left corner of its box.
@@ -73,6 +88,7 @@ struct TextRecord {
     std::u16string text;
     Rgb color;
     std::int32_t height = 0;  ///< character height in logical pixels
+    RecordOrigin origin = {};
 };
 
 using DrawRecord =

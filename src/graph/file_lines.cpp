@@ -4,7 +4,9 @@
 #include <algorithm>
 
 #include "base/encoding.h"
+#include "interp/method_table.h"
 #include "interp/point_file.h"
+#include "resources/message_boxes.h"
 #include "resources/strings.h"
 
 namespace kalvex {
@@ -12,21 +14,11 @@ namespace {
 
 constexpr std::size_t kManyPoints = 50;
 
-MessageBox WarningBox(std::u16string text) {
-    return {std::u16string(Text(StringId::Warning)), std::move(text), MessageIcon::Exclamation,
-            MessageButtons::Ok};
-}
-
-bool ReadPoints(FunctionEntry& entry) {
-    entry.points.clear();
-    const PointFile file = ReadPointFile(ToUtf8(entry.workingText));
-    if (file.error != PointFileError::None) return false;
-    entry.points.resize(file.points.x.size());
-    for (std::size_t i = 0; i < entry.points.size(); ++i) {
-        entry.points[i].x = file.points.x[i];
-        entry.points[i].y = file.points.y[i];
-    }
-    return true;
+bool ReadPoints(FunctionEntry& entry, const std::string& path) {
+    entry.pointPixels = {};
+    PointFile file = ReadPointFile(path);
+    entry.points = std::move(file.points);
+    return file.error == PointFileError::None;
 }
 
 }  // namespace
@@ -35,20 +27,31 @@ bool IsSelectedFile(const FunctionEntry& entry) {
     return entry.selected == 1 && entry.type == static_cast<std::int32_t>(EquationType::File);
 }
 
-ApproxParameters ParametersOf(const FunctionEntry& entry) {
-    return {entry.approx, entry.approx_val, entry.approx_val2, entry.beta1, entry.beta2};
+FilePaths PathsOf(const FunctionList& functions) {
+    FilePaths paths;
+    for (std::size_t slot = 0; slot < paths.size(); ++slot)
+        paths[slot] = ToUtf8(functions[slot].workingText);
+    return paths;
 }
 
-bool ReadPointFiles(FunctionList& functions) {
-    return std::all_of(functions.begin(), functions.end(), [](FunctionEntry& entry) {
-        return !IsSelectedFile(entry) || ReadPoints(entry);
-    });
+bool ReadPointFiles(FunctionList& functions, const FilePaths& paths) {
+    for (std::size_t slot = 0; slot < paths.size(); ++slot) {
+        FunctionEntry& entry = functions[slot];
+        if (IsSelectedFile(entry) && !ReadPoints(entry, paths[slot])) return false;
+    }
+    return true;
 }
 
 bool HasGoodTermCount(const ApproxParameters& parameters, std::size_t points) {
-    if (parameters.approx != static_cast<std::int32_t>(ApproxMethod::LeastSquares)) return true;
-    // KEEP: as many terms as points pass, although the message asks for fewer.
-    return parameters.approx_val >= 1 && static_cast<std::size_t>(parameters.approx_val) <= points;
+    const MethodRow* const row = FindMethod(parameters.approx);
+    if (row == nullptr) return true;
+    const auto isGood = [&](const MethodParameter& parameter) {
+        if (parameter.kind != ParameterKind::Terms) return true;
+        const std::int32_t terms = parameters.*parameter.whole;
+        // KEEP: as many terms as points pass, although the message asks for fewer.
+        return terms >= 1 && static_cast<std::size_t>(terms) <= points;
+    };
+    return std::all_of(row->form.parameters.begin(), row->form.parameters.end(), isGood);
 }
 
 MessageBox TermCountBox(int function) {
@@ -58,7 +61,7 @@ MessageBox TermCountBox(int function) {
 bool CheckTermCounts(const FunctionList& functions, const ShowMessage& show) {
     for (int slot = 0; slot < kSlotCount; ++slot) {
         const FunctionEntry& entry = functions[static_cast<std::size_t>(slot)];
-        const bool good = HasGoodTermCount(ParametersOf(entry), entry.points.size());
+        const bool good = HasGoodTermCount(entry.method, CountOf(entry.points));
         if (!IsSelectedFile(entry) || good) continue;
         show(TermCountBox(slot + 1));
         return false;
@@ -69,22 +72,26 @@ bool CheckTermCounts(const FunctionList& functions, const ShowMessage& show) {
 bool ConfirmManyLines(const FunctionList& functions, const ShowMessage& show) {
     bool confirmed = true;
     for (const FunctionEntry& entry : functions) {
-        if (!IsSelectedFile(entry) || entry.points.size() <= kManyPoints) continue;
+        if (!IsSelectedFile(entry) || CountOf(entry.points) <= kManyPoints) continue;
         // KEEP: the others are still asked about after a No.
-        const MessageAnswer answer = show({std::u16string(Text(StringId::Warning)),
-                                           FillIn(Text(StringId::ManyLines), {entry.text}),
-                                           MessageIcon::Information, MessageButtons::YesNo});
+        const std::u16string question = FillIn(Text(StringId::ManyLines), {entry.text});
+        const MessageAnswer answer = show(
+            BoxOf(StringId::Warning, question, MessageIcon::Information, MessageButtons::YesNo));
         confirmed = confirmed && answer == MessageAnswer::Yes;
     }
     return confirmed;
 }
 
-bool PrepareFileLines(FunctionList& functions, const ShowMessage& show) {
-    if (!ReadPointFiles(functions)) {
-        show(WarningBox(std::u16string(Text(StringId::ErrorInFile))));
+bool PrepareFileLines(FunctionList& functions, const FilePaths& paths, const ShowMessage& show) {
+    if (!ReadPointFiles(functions, paths)) {
+        show(WarningBox(Text(StringId::ErrorInFile)));
         return false;
     }
     return CheckTermCounts(functions, show) && ConfirmManyLines(functions, show);
+}
+
+bool PrepareFileLines(FunctionList& functions, const ShowMessage& show) {
+    return PrepareFileLines(functions, PathsOf(functions), show);
 }
 
 }  // namespace kalvex

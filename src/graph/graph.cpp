@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "base/truncate.h"
 #include "graph/axes.h"
 #include "graph/coordinates.h"
 #include "graph/curves.h"
@@ -13,15 +12,29 @@
 #include "graph/implicit.h"
 #include "graph/legend.h"
 #include "graph/trace.h"
+#include "numbers/truncate.h"
 
 namespace kalvex {
 namespace {
 
+/// Notes the origin of the records that a step of the drawing adds.
+template <typename Step>
+void DrawAs(const RecordOrigin& origin, DrawList& list, const Step& step) {
+    const std::size_t first = list.records.size();
+    step();
+    for (std::size_t i = first; i < list.records.size(); ++i)
+        std::visit([&origin](auto& record) { record.origin = origin; }, list.records[i]);
+}
+
 void DrawBackground(const Viewport& viewport, const Options& options, const MeasureText& measure,
                     DrawList& list) {
-    DrawGrid(viewport, options.Setka, list);
-    if (options.Axex != 0) DrawAxes(viewport, list);
-    if (options.Coord != 0) DrawCoordinates(viewport, measure, list);
+    DrawAs({DrawLayer::Grid}, list, [&] { DrawGrid(viewport, options.Setka, list); });
+    DrawAs({DrawLayer::Axes}, list, [&] {
+        if (options.Axex != 0) DrawAxes(viewport, list);
+    });
+    DrawAs({DrawLayer::Numbers}, list, [&] {
+        if (options.Coord != 0) DrawCoordinates(viewport, measure, list);
+    });
 }
 
 /// Puts the trace cursor on the middle sample.
@@ -30,14 +43,12 @@ void PlaceCursor(GraphState& state, const FunctionEntry& entry) {
     const std::size_t middle = entry.samples.size() / 2;
     state.trace.index = static_cast<std::int32_t>(middle);
     state.trace.pixel = {};
-    state.trace.status = 0;
     if (entry.samples.empty()) return;
     const CurveSample& sample = entry.samples[middle];
     state.trace.pixel = {sample.column, sample.row};
-    state.trace.status = sample.status;
 }
 
-void PlotImplicit(GraphState& state, FunctionEntry& entry, const ImplicitProgress& progress,
+void PlotImplicit(GraphState& state, FunctionEntry& entry, const DrawProgress& progress,
                   DrawList& list) {
     entry.samples.clear();
     PixelRunsRecord pixels =
@@ -49,7 +60,7 @@ void PlotImplicit(GraphState& state, FunctionEntry& entry, const ImplicitProgres
 }
 
 /// The part that is done as a bar from the left edge, like that of an implicit curve.
-WorkProgress AsStretches(const ImplicitProgress& progress, std::int32_t width, const Rgb& color) {
+WorkProgress AsStretches(const DrawProgress& progress, std::int32_t width, const Rgb& color) {
     if (!progress) return {};
     return [&progress, width, color, next = 0](double done) mutable {
         const std::int32_t end = TruncateToInt32(done * width);
@@ -59,7 +70,7 @@ WorkProgress AsStretches(const ImplicitProgress& progress, std::int32_t width, c
 }
 
 void PlotFile(GraphState& state, FunctionEntry& entry, int slot, const Pen& pen,
-              const ImplicitProgress& progress, DrawList& list) {
+              const DrawProgress& progress, DrawList& list) {
     Failure failure =
         plotFileFunction(entry, state.viewport, pen,
                          AsStretches(progress, state.viewport.ClientWidth, pen.color), list);
@@ -68,7 +79,7 @@ void PlotFile(GraphState& state, FunctionEntry& entry, int slot, const Pen& pen,
 }
 
 void PlotFunction(GraphState& state, FunctionEntry& entry, int slot, const Options& options,
-                  const ImplicitProgress& progress, DrawList& list) {
+                  const DrawProgress& progress, DrawList& list) {
     const Viewport& viewport = state.viewport;
     const Pen pen{ColorOf(entry.color), PenWidthOf(options)};
     switch (static_cast<EquationType>(entry.type)) {
@@ -97,7 +108,7 @@ void PlotFunction(GraphState& state, FunctionEntry& entry, int slot, const Optio
 }  // namespace
 
 DrawList DrawGraph(GraphState& state, FunctionList& functions, const Options& options,
-                   const MeasureText& measure, const ImplicitProgress& progress) {
+                   const MeasureText& measure, const DrawProgress& progress) {
     Viewport& viewport = state.viewport;
     LayoutViewport(viewport);
     DrawList list;
@@ -107,7 +118,9 @@ DrawList DrawGraph(GraphState& state, FunctionList& functions, const Options& op
     state.approxFailures.clear();
     for (int slot = 0; slot < kSlotCount; ++slot) {
         FunctionEntry& entry = functions[static_cast<std::size_t>(slot)];
-        if (IsDrawn(entry)) PlotFunction(state, entry, slot, options, progress, list);
+        if (!IsDrawn(entry)) continue;
+        DrawAs({DrawLayer::Curve, slot}, list,
+               [&] { PlotFunction(state, entry, slot, options, progress, list); });
     }
     for (int slot = 0; slot < kSlotCount && !state.trace.function; ++slot) {
         const FunctionEntry& entry = functions[static_cast<std::size_t>(slot)];

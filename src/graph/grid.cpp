@@ -8,8 +8,8 @@
 #include <cmath>
 #include <limits>
 
-#include "base/truncate.h"
 #include "graph/axis_marks.h"
+#include "numbers/truncate.h"
 
 namespace kalvex {
 namespace {

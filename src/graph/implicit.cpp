@@ -139,7 +139,7 @@ void AppendRow(Rows& rows, const std::vector<Span>& spans, std::size_t row,
 }
 
 /// Reports a row's stretch of the progress bar; false stops the picture.
-bool Report(const ProgressStretch& stretch, const ImplicitProgress& progress) {
+bool Report(const ProgressStretch& stretch, const DrawProgress& progress) {
     if (!progress || stretch.lastColumn < stretch.firstColumn) return true;
     return progress(stretch);
 }
@@ -155,7 +155,7 @@ ProgressStretch StretchOfRow(std::int32_t row, std::int32_t width, std::int32_t 
 }
 
 PixelRunsRecord ImplicitPixels(const CompiledExpression& expression, const Viewport& viewport,
-                               const Rgb& color, const ImplicitProgress& progress) {
+                               const Rgb& color, const DrawProgress& progress) {
     PixelRunsRecord record{color, {}};
     const std::int32_t width = viewport.ClientWidth;
     const std::int32_t height = viewport.ClientHeight;

@@ -2,7 +2,8 @@
 #pragma once
 
 #include "graph/draw_list.h"
-#include "graph/graph.h"
+#include "graph/draw_progress.h"
+#include "graph/viewport.h"
 
 namespace kalvex {
 
@@ -16,6 +17,6 @@ ProgressStretch StretchOfRow(std::int32_t row, std::int32_t width, std::int32_t 
 /// change. `progress` is told each stretch that is not empty (may be an empty function) and may
 /// stop the curve; what is done until then stays.
 PixelRunsRecord ImplicitPixels(const CompiledExpression& expression, const Viewport& viewport,
-                               const Rgb& color, const ImplicitProgress& progress);
+                               const Rgb& color, const DrawProgress& progress);
 
 }  // namespace kalvex

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "resources/strings.h"
+
 namespace kalvex {
 namespace {
 
@@ -20,9 +22,9 @@ std::u16string_view NameOf(const FunctionEntry& entry) {
 
 std::u16string LegendText(const FunctionEntry& entry, std::size_t limit) {
     const bool polar = entry.type == static_cast<std::int32_t>(EquationType::Polar);
-    std::u16string shown = DisplayText(entry, limit);
-    if (polar && NameOf(entry).size() <= limit) shown += u" (r)";
-    return shown;
+    const std::u16string shown = DisplayText(entry, limit);
+    if (!polar || NameOf(entry).size() > limit) return shown;
+    return FillIn(Text(StringId::LegendPolar), {shown});
 }
 
 }  // namespace
@@ -45,12 +47,13 @@ void DrawLegend(const Viewport& viewport, const FunctionList& functions, const O
     const std::int32_t height = TextHeightOf(options);
     const auto limit = static_cast<std::size_t>(std::max(viewport.ClientWidth, 0));
     std::int32_t top = 5;
-    for (const FunctionEntry& entry : functions) {
+    for (std::int32_t slot = 0; slot < kSlotCount; ++slot) {
+        const FunctionEntry& entry = functions[static_cast<std::size_t>(slot)];
         if (!IsDrawn(entry)) continue;
         std::u16string text = LegendText(entry, limit);
         const std::int32_t lineHeight = measure(text, height).height;
-        list.records.emplace_back(
-            TextRecord{5, top, std::move(text), ColorOf(entry.color), height});
+        list.records.emplace_back(TextRecord{5, top, std::move(text), ColorOf(entry.color), height,
+                                             RecordOrigin{DrawLayer::Name, slot}});
         top += lineHeight;
     }
 }

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "graph/graph.h"
+#include "graph/graph_state.h"
 #include "workspace/options.h"
 
 namespace kalvex {

@@ -9,6 +9,7 @@
 #include "graph/legend.h"
 #include "graph/trace.h"
 #include "graph/zoom.h"
+#include "resources/message_boxes.h"
 #include "resources/strings.h"
 
 namespace kalvex {
@@ -82,16 +83,15 @@ PictureChange Slide(GraphState& state, const FunctionList& functions, const Pixe
     return PictureChange::Overlay;
 }
 
-/// The second corner at the cursor: the end of box mode, whether the box is one or not.
+/// The second corner at the cursor: the end of box mode, whether the box is one or not. While the
+/// box of a refusal is open, the window still has the title and the keys of box mode.
 PictureChange FinishBox(GraphState& state, const ShowMessage& show) {
     const WorldPoint second = CursorPoint(state);
-    const bool isBox = ZoomToBox(state.viewport, *state.firstCorner, second);
+    if (!ZoomToBox(state.viewport, *state.firstCorner, second)) {
+        show(ErrorBox(Text(StringId::SamePoints)));
+    }
     EnterNormalMode(state);
     LayoutViewport(state.viewport);
-    if (!isBox) {
-        show({std::u16string(Text(StringId::Error)), std::u16string(Text(StringId::SamePoints)),
-              MessageIcon::Stop, MessageButtons::Ok});
-    }
     return PictureChange::Curves;
 }
 

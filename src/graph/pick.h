@@ -5,7 +5,7 @@
 #include <string>
 
 #include "base/message_box.h"
-#include "graph/graph.h"
+#include "graph/graph_state.h"
 
 namespace kalvex {
 

@@ -6,8 +6,7 @@
 
 namespace kalvex {
 
-std::vector<CurveSample> SampleDecart(const CompiledExpression& expression,
-                                      const Viewport& viewport) {
+SampleCache SampleDecart(const CompiledExpression& expression, const Viewport& viewport) {
     const ViewWindow& view = viewport.view;
     const auto count = static_cast<std::size_t>(std::max(viewport.ClientWidth, 0));
     // A single column has no interval; its one sample is the left edge.
@@ -20,7 +19,7 @@ std::vector<CurveSample> SampleDecart(const CompiledExpression& expression,
     std::vector<std::int32_t> codes(count);
     EvaluateInto(expression, arguments, 0.0, values, codes);
 
-    std::vector<CurveSample> samples(count);
+    SampleCache samples(count);
     // KEEP: repeated addition, not Xmin + i * h; trace, analysis and exported tables show this x.
     double x = view.Xmin;
     for (std::size_t i = 0; i < count; ++i, x += step) {

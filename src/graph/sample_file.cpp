@@ -4,10 +4,10 @@
 #include <algorithm>
 #include <cmath>
 
-#include "base/truncate.h"
 #include "expr/eval_error.h"
 #include "graph/curves.h"
-#include "graph/file_lines.h"
+#include "interp/approximation.h"
+#include "numbers/truncate.h"
 
 namespace kalvex {
 namespace {
@@ -40,26 +40,28 @@ bool TakeCentre(TakenCentres& centres, std::int32_t column, std::int32_t row) {
     return true;
 }
 
-void PlotPoints(std::vector<PointRecord>& points, const Viewport& viewport, const Rgb& color,
-                DrawList& list) {
+/// Fills the pixels of the points and draws a circle about each one that shows.
+void PlotPoints(FunctionEntry& entry, const Viewport& viewport, const Rgb& color, DrawList& list) {
     const ViewWindow& view = viewport.view;
-    TakenCentres centres;
-    if (!points.empty()) centres = NoCentres(viewport);
-    for (PointRecord& point : points) {
-        const double column =
-            (point.x - view.Xmin) * viewport.ClientWidth / (view.Xmax - view.Xmin);
-        const double row = (view.Ymax - point.y) * viewport.ClientHeight / (view.Ymax - view.Ymin);
-        point.column = TruncateToInt32(column);
-        point.row = TruncateToInt32(row);
-        if (std::isnan(column) || std::isnan(row)) continue;
-        if (!TakeCentre(centres, point.column, point.row)) continue;
+    const PointTable& points = entry.points;
+    entry.pointPixels.resize(CountOf(points));
+    if (entry.pointPixels.empty()) return;
+    TakenCentres centres = NoCentres(viewport);
+    for (std::size_t i = 0; i < CountOf(points); ++i) {
+        const double x = (points.x[i] - view.Xmin) * viewport.ClientWidth / (view.Xmax - view.Xmin);
+        const double y =
+            (view.Ymax - points.y[i]) * viewport.ClientHeight / (view.Ymax - view.Ymin);
+        const std::int32_t column = TruncateToInt32(x);
+        const std::int32_t row = TruncateToInt32(y);
+        entry.pointPixels[i] = {column, row};
+        if (std::isnan(x) || std::isnan(y) || !TakeCentre(centres, column, row)) continue;
         list.records.emplace_back(EllipseRecord{Pen{color, 1},
                                                 false,
                                                 {},
-                                                point.column - kRadius,
-                                                point.row - kRadius,
-                                                point.column + kRadius,
-                                                point.row + kRadius});
+                                                column - kRadius,
+                                                row - kRadius,
+                                                column + kRadius,
+                                                row + kRadius});
     }
 }
 
@@ -81,9 +83,9 @@ bool IsDrawable(double value) {
     return value != UndefinedValue && std::fabs(value) < 2147483648.0;
 }
 
-std::vector<CurveSample> SamplesOf(std::span<const double> xs, std::span<const double> values,
-                                   const ViewWindow& view) {
-    std::vector<CurveSample> samples(xs.size());
+SampleCache SamplesOf(std::span<const double> xs, std::span<const double> values,
+                      const ViewWindow& view) {
+    SampleCache samples(xs.size());
     for (std::size_t i = 0; i < xs.size(); ++i) {
         const bool defined = std::isfinite(values[i]) && values[i] != UndefinedValue;
         samples[i] = {0, 0, xs[i], values[i], 0.0, defined ? 0 : kNoValueStatus};
@@ -104,17 +106,11 @@ WorkProgress Half(const WorkProgress& progress, double start) {
 
 Failure plotFileFunction(FunctionEntry& entry, const Viewport& viewport, const Pen& pen,
                          const WorkProgress& progress, DrawList& list) {
-    PlotPoints(entry.points, viewport, pen.color, list);
-    std::vector<double> x(entry.points.size());
-    std::vector<double> y(entry.points.size());
-    for (std::size_t i = 0; i < x.size(); ++i) {
-        x[i] = entry.points[i].x;
-        y[i] = entry.points[i].y;
-    }
+    PlotPoints(entry, viewport, pen.color, list);
     const std::vector<double> xs = Abscissas(viewport);
     std::vector<double> values(xs.size());
     Approximation approximation =
-        SetUpApproximation(x, y, ParametersOf(entry), Half(progress, 0.0));
+        SetUpApproximation(entry.points.x, entry.points.y, entry.method, Half(progress, 0.0));
     EvaluateApproximation(approximation, xs, values, Half(progress, 0.5));
     entry.samples = SamplesOf(xs, values, viewport.view);
     DrawRuns(entry.samples, viewport, pen, list);

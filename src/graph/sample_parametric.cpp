@@ -25,7 +25,7 @@ void PlotParametric(FunctionEntry& entry, const Viewport& viewport, double minPa
     const auto isDefined = [&](std::size_t i) {
         return xs[i] != UndefinedValue && ys[i] != UndefinedValue;
     };
-    std::vector<CurveSample> samples(count);
+    SampleCache samples(count);
     std::vector<std::uint8_t> joined(count);
     for (std::size_t i = 0; i < count; ++i) {
         const std::int32_t status = xCodes[i] != 0 ? xCodes[i] : yCodes[i];

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "base/truncate.h"
 #include "graph/curves.h"
+#include "numbers/truncate.h"
 
 namespace kalvex {
 namespace {
@@ -26,7 +26,7 @@ void PlotPolar(FunctionEntry& entry, const Viewport& viewport, double maxAngle, 
     std::vector<std::int32_t> codes(count);
     EvaluateInto(entry.compiled[0], angles, 0.0, radii, codes);
 
-    std::vector<CurveSample> samples(count);
+    SampleCache samples(count);
     std::vector<std::uint8_t> joined(count);
     for (std::size_t i = 0; i < count; ++i) {
         // An undefined radius leaves both coordinates undefined, so that whoever reads the cache

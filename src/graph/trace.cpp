@@ -6,9 +6,9 @@
 #include <cmath>
 #include <optional>
 
-#include "base/decimal.h"
 #include "expr/eval_error.h"
 #include "graph/legend.h"
+#include "numbers/decimal.h"
 #include "resources/strings.h"
 
 namespace kalvex {
@@ -26,8 +26,9 @@ std::u16string YText(const CurveSample& sample) {
     if (sample.y == UndefinedValue && sample.status != 0) {
         std::u16string title;
         std::u16string message;
+        // No box for an unknown code: the picture asks for this text each time it is painted.
         DescribeEvalError(sample.status, title, message, {});
-        if (!message.empty()) return message;
+        if (!message.empty()) return title + u'\n' + message;
     }
     return FillIn(Text(StringId::TraceY), {FixedText(sample.y)});
 }
@@ -72,14 +73,12 @@ const FunctionEntry* TracedFunction(const GraphState& state, const FunctionList&
 void MoveTraceTo(GraphState& state, const FunctionList& functions, std::int64_t index) {
     TraceCursor& trace = state.trace;
     trace.pixel = {};
-    trace.status = 0;
     const FunctionEntry* const entry = TracedFunction(state, functions);
     if (entry == nullptr || entry->samples.empty()) return;
     const auto last = static_cast<std::int64_t>(entry->samples.size()) - 1;
     trace.index = static_cast<std::int32_t>(std::clamp<std::int64_t>(index, 0, last));
     const CurveSample& sample = entry->samples[static_cast<std::size_t>(trace.index)];
     trace.pixel = {sample.column, sample.row};
-    trace.status = sample.status;
 }
 
 void RefreshTraceCursor(GraphState& state, const FunctionList& functions) {

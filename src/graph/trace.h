@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "graph/graph.h"
+#include "graph/graph_state.h"
 
 namespace kalvex {
 
@@ -31,10 +31,10 @@ void ChangeTraceFunction(GraphState& state, const FunctionList& functions, int s
 bool OffersAnalysis(const FunctionEntry& entry);
 
 /// The read-out at a sample, one text per item: parameter (`Polar`, `Parametric`), x, y or the
-/// reason why there is none, and unless `withDerivatives` is false the backward difference
-/// quotients, three in one text with line breaks for a curve with a parameter. A quotient that has
-/// no finite value, or no sample before it, gives the error text. No texts for an index outside the
-/// cache.
+/// reason why there is none (title and message of the error code, on two lines), and unless
+/// `withDerivatives` is false the backward difference quotients, three in one text with line breaks
+/// for a curve with a parameter. A quotient that has no finite value, or no sample before it, gives
+/// the error text. No texts for an index outside the cache.
 std::vector<std::u16string> TraceTexts(const FunctionEntry& entry, std::int32_t index,
                                        bool withDerivatives);
 

@@ -7,7 +7,7 @@
 #include <cmath>
 #include <cstddef>
 
-#include "base/truncate.h"
+#include "numbers/truncate.h"
 
 namespace kalvex {
 namespace {

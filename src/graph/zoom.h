@@ -1,7 +1,7 @@
 // Changes of the visible rectangle about a point and to a box.
 #pragma once
 
-#include "graph/graph.h"
+#include "graph/graph_state.h"
 
 namespace kalvex {
 

@@ -1,8 +1,8 @@
-// Each row of the system speaks of a knot and its two neighbours. One sweep downwards takes away
-// what lies below the diagonal, one upwards solves.
+// Each row of the tridiagonal system relates the second derivatives at a knot and its two
+// neighbours. Forward elimination removes the entries below the diagonal, back substitution solves.
 #include "interp/cubic_spline.h"
 
-#include "base/decimal.h"
+#include "numbers/decimal.h"
 
 namespace kalvex {
 namespace {
@@ -59,7 +59,7 @@ Row InnerRow(std::span<const double> T, std::span<const double> Y, std::size_t i
             (Y[i + 1] - Y[i]) / (T[i + 1] - T[i]) - (Y[i] - Y[i - 1]) / (T[i] - T[i - 1])};
 }
 
-/// Solves the system; the rows are made one by one. False at a pivot of zero.
+/// Solves the system; a row is made when the elimination reaches it. False when a pivot is zero.
 bool Solve(std::span<const double> T, std::span<const double> Y, const EndConditions& ends,
            std::vector<double>& solution) {
     const std::size_t n = T.size();
@@ -91,8 +91,8 @@ Failure SPLINE_CUBIC_SET(std::span<const double> T, std::span<const double> Y,
     if (Failure failure = CheckFlag("IBCBEG", ends.IBCBEG)) return failure;
     if (Failure failure = CheckFlag("IBCEND", ends.IBCEND)) return failure;
     YPP.assign(T.size(), 0.0);
-    // Both end conditions say the same of a single piece: its second derivative is constant. The
-    // straight line is the quadratic that is chosen.
+    // On a single piece both end conditions say the same, that the second derivative is constant, so
+    // the system is singular. Of all quadratics through the two points the straight line is taken.
     if (T.size() == 2 && ends.IBCBEG == 0 && ends.IBCEND == 0) return std::nullopt;
     if (Solve(T, Y, ends, YPP)) return std::nullopt;
     YPP.clear();

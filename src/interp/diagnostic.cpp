@@ -1,4 +1,4 @@
-// The texts are fixed and in English, like the routine names in them: scripts look for them.
+// These texts are never translated: scripts search the standard error stream for them.
 #include "interp/diagnostic.h"
 
 namespace kalvex {

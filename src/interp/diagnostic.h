@@ -1,5 +1,5 @@
-// A condition under which a method gives no curve, as data. The room itself shows and prints
-// nothing and ends nothing.
+// The reason why a method gives no curve, as data. The methods themselves neither show nor print
+// anything and never end the program.
 #pragma once
 
 #include <initializer_list>
@@ -22,7 +22,7 @@ struct Diagnostic {
 /// "No failure" or why there is no result.
 using Failure = std::optional<Diagnostic>;
 
-/// A diagnostic of a routine ("LEAST_SET").
+/// The diagnostic of a routine, for instance "LEAST_SET", without a box of its own.
 Diagnostic FatalError(std::string_view routine, std::initializer_list<std::string> details,
                       StringId reason);
 

@@ -1,6 +1,7 @@
-// Columns of the triangle overwrite each other from the bottom up. One template serves numbers of
-// one and of two doubles. The search for equal abscissas sorts indices instead of comparing all
-// pairs; the pair that it names is the one that comparing all pairs in order finds first.
+// The table is computed in place: each order of differences overwrites the one before it, beginning
+// at the last point. One template serves doubles and double-doubles. To find equal abscissas, indices
+// are sorted instead of comparing all pairs; the result is the pair that comparing all pairs in order
+// would have found first.
 #include "interp/divided_differences.h"
 
 #include <algorithm>
@@ -8,24 +9,17 @@
 #include <limits>
 #include <type_traits>
 
-#include "base/decimal.h"
-#include "specfun/precision/double_double.h"
+#include "numbers/decimal.h"
+#include "numbers/double_double.h"
 
 namespace kalvex {
 namespace {
-
-using specfun::Add;
-using specfun::Divide;
-using specfun::DoubleDouble;
-using specfun::Multiply;
-using specfun::Subtract;
-using specfun::TwoSum;
 
 constexpr std::string_view kRoutine = "DATA_TO_DIF";
 constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
 constexpr std::size_t kBlock = 4096;  ///< numbers between two looks at the work
 
-/// Of one difference or one step of the nesting, nanoseconds.
+/// Operations for one difference or one step of the nested multiplication.
 template <typename Number>
 constexpr double CostOf() {
     return std::is_same_v<Number, double> ? 2.0 : 15.0;
@@ -36,7 +30,8 @@ struct Pair {
     std::size_t second = 0;
 };
 
-/// The first pair of equal abscissas. Infinities and not-a-numbers have no difference of 0.
+/// The first pair of equal abscissas. Infinities and not-a-numbers are skipped: no difference of
+/// theirs is 0.
 std::optional<Pair> FirstEqualPair(std::span<const double> X) {
     std::vector<std::size_t> order;
     for (std::size_t i = 0; i < X.size(); ++i)
@@ -57,33 +52,7 @@ std::string ValueLine(double value) {
     return "  XTAB[%d] = " + FormatGeneral6(value);
 }
 
-/// (a - b) / (to - from).
-double Difference(double a, double b, double to, double from) {
-    return (a - b) / (to - from);
-}
-
-DoubleDouble Difference(DoubleDouble a, DoubleDouble b, double to, double from) {
-    return Divide(Subtract(a, b), TwoSum(to, -from));
-}
-
-/// coefficient + (x - at) * value.
-double Nest(double coefficient, double x, double at, double value) {
-    return coefficient + (x - at) * value;
-}
-
-DoubleDouble Nest(DoubleDouble coefficient, double x, double at, DoubleDouble value) {
-    return Add(coefficient, Multiply(TwoSum(x, -at), value));
-}
-
-double HighOf(double number) {
-    return number;
-}
-
-double HighOf(DoubleDouble number) {
-    return number.high;
-}
-
-/// One column; tells whether what is left is worth another one.
+/// Computes the differences of one order. False when those of higher orders need not be computed.
 template <typename Number>
 bool NextColumn(std::span<const double> X, std::span<Number> table, std::size_t order, Work& work) {
     bool allZero = true;
@@ -91,7 +60,7 @@ bool NextColumn(std::span<const double> X, std::span<Number> table, std::size_t 
     for (std::size_t end = table.size(); end > order;) {
         const std::size_t begin = end - std::min(kBlock, end - order);
         for (std::size_t j = end; j-- > begin;) {
-            table[j] = Difference(table[j], table[j - 1], X[j], X[j - order]);
+            table[j] = (table[j] - table[j - 1]) / DifferenceOf<Number>(X[j], X[j - order]);
             allZero = allZero && HighOf(table[j]) == 0.0;
             anyFinite = anyFinite || std::isfinite(HighOf(table[j]));
         }
@@ -99,7 +68,7 @@ bool NextColumn(std::span<const double> X, std::span<Number> table, std::size_t 
         end = begin;
     }
     if (anyFinite) return !allZero;
-    // Nothing finite can come of these any more.
+    // Differences of numbers that are not finite are not finite either.
     for (Number& number : table.subspan(order))
         number = Number{kNan};
     return false;
@@ -139,7 +108,7 @@ double NestedValue(std::span<const double> X, const DifferenceTable& DIFTAB, dou
         const std::size_t begin = i - std::min(kBlock, i);
         if (!Spend(work, CostOf<Number>() * static_cast<double>(i - begin))) return kNan;
         for (; i > begin; --i)
-            value = Nest(NumberAt(DIFTAB, i - 1, Number{}), x, X[i - 1], value);
+            value = NumberAt(DIFTAB, i - 1, Number{}) + DifferenceOf<Number>(x, X[i - 1]) * value;
     }
     return HighOf(value);
 }

@@ -1,6 +1,6 @@
-// A derivative of at most three times the smaller neighbouring slope keeps a piece monotone
-// (Fritsch and Carlson). The weighted harmonic mean of the two slopes is below that; at the ends
-// the parabola through three points is cut down to it.
+// A piece is monotone when its end derivatives are at most three times its slope (Fritsch and
+// Carlson). The weighted harmonic mean of two neighbouring slopes is always within that limit. The
+// derivative of the three-point parabola at an end is not, so it is limited.
 #include "interp/hermite.h"
 
 #include <algorithm>
@@ -15,7 +15,8 @@ bool SameSign(double a, double b) {
     return (a > 0.0 && b > 0.0) || (a < 0.0 && b < 0.0);
 }
 
-/// Derivative at an end point: h and slope of the end piece, then of the one beside it.
+/// The derivative at an end point, from the lengths and slopes of the end piece (1) and of the piece
+/// next to it (2).
 double EndDerivative(double h1, double slope1, double h2, double slope2) {
     const double sum = h1 + h2;
     const double estimate = (h1 + sum) / sum * slope1 - h1 / sum * slope2;
@@ -25,9 +26,9 @@ double EndDerivative(double h1, double slope1, double h2, double slope2) {
     return turns && std::fabs(estimate) > std::fabs(limit) ? limit : estimate;
 }
 
-/// Derivative between two pieces: the harmonic mean of their slopes, in which the slope of the
-/// shorter piece weighs more (up to twice as much). Written with ratios to the larger slope,
-/// because a product of two slopes may overflow.
+/// The derivative between two pieces: the weighted harmonic mean of their slopes. The shorter piece
+/// has the greater weight, up to twice that of the other. The formula has ratios to the larger slope
+/// because the product of two slopes may overflow.
 double InnerDerivative(double h1, double slope1, double h2, double slope2) {
     if (!SameSign(slope1, slope2)) return 0.0;
     const double larger = std::max(std::fabs(slope1), std::fabs(slope2));

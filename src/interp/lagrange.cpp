@@ -1,7 +1,7 @@
-// Products of many differences leave the range of a double long before the value does, so they
-// carry their exponent separately. For many equally spaced points most values do leave it: the
-// weights of a few points in the middle are enough to see that, and the others are not computed
-// until a value asks for them.
+// A product of many differences overflows or underflows although the value of the polynomial does
+// not, so products carry their exponent separately. For many equally spaced points the polynomial
+// itself overflows almost everywhere. The weights of a few points in the middle suffice to detect
+// that, and all the other weights are computed only when a value needs them.
 #include "interp/lagrange.h"
 
 #include <algorithm>
@@ -13,9 +13,9 @@ namespace kalvex {
 namespace {
 
 constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
-constexpr std::size_t kProbes = 9;
+constexpr std::size_t kProbes = 9;  ///< points whose weights are tried first
 constexpr std::size_t kBlock = 4096;
-constexpr double kFactorCost = 2.0;  ///< of one difference and product, nanoseconds
+constexpr double kFactorCost = 2.0;  ///< operations for one difference and product
 
 bool HasEqual(const LagrangeForm& form) {
     for (std::size_t i = 1; i < form.order.size(); ++i)
@@ -79,7 +79,7 @@ ScaledNumber WeightOf(std::span<const double> x, std::size_t i, Work& work) {
 
 double Term(const LagrangeForm& form, std::size_t i, const ScaledNumber& weight,
             const ScaledNumber& product, double t) {
-    constexpr std::int64_t kFar = 5000;  // beyond every double, whatever the factor
+    constexpr std::int64_t kFar = 5000;  // overflows or underflows with any factor
     int divisorExponent = 0;
     const double divisor = std::frexp(t - form.x[i], &divisorExponent);
     const std::int64_t exponent = weight.exponent + product.exponent - divisorExponent;
@@ -95,7 +95,7 @@ void MakeProbes(LagrangeForm& form, Work& work) {
             WeightOf(form.x, form.order[k * form.x.size() / (kProbes + 1)], work));
 }
 
-/// Whether a term of one of the probes, and so the value, is not finite.
+/// Whether the term of a probe is not finite; then the value is not finite either.
 bool ProbesOverflow(const LagrangeForm& form, const ScaledNumber& product, double t) {
     for (std::size_t k = 1; k <= kProbes; ++k) {
         const std::size_t point = form.order[k * form.x.size() / (kProbes + 1)];

@@ -1,8 +1,8 @@
-// Each term is projected out of what the terms before it left over. In plain doubles the rest is
-// projected once more when all are done: rounding makes the polynomials lose some of their
-// orthogonality, and the second round gives back what that cost; sums are compensated (A. Neumaier,
-// 1974), because a thousand and more roundings in a row would be the largest error of all. Two
-// doubles per number need neither. One template serves both.
+// Each term is projected out of the residual of the terms before it. In double precision the
+// polynomials lose some of their orthogonality by rounding, so the final residual is projected on
+// all of them a second time, which restores the accuracy. Sums are compensated there (A. Neumaier,
+// 1974): the errors of a thousand additions would otherwise be the largest of all. Double-double
+// arithmetic needs neither. One template serves both.
 #include "interp/least_squares.h"
 
 #include <algorithm>
@@ -12,64 +12,18 @@
 #include <type_traits>
 #include <utility>
 
-#include "base/decimal.h"
-#include "specfun/precision/double_double.h"
+#include "numbers/decimal.h"
+#include "numbers/double_double.h"
 
 namespace kalvex {
 namespace {
 
-using specfun::Add;
-using specfun::Divide;
-using specfun::DoubleDouble;
-using specfun::Multiply;
-using specfun::Subtract;
-using specfun::ToDouble;
-
 constexpr std::string_view kRoutine = "LEAST_SET";
-/// Of one point for one term, nanoseconds, and how often all terms are gone through.
+/// Operations for one point and one term; then how many times all terms are projected.
 template <typename Number>
 constexpr double kPointCost = std::is_same_v<Number, double> ? 12.0 : 60.0;
 template <typename Number>
 constexpr int kRounds = std::is_same_v<Number, double> ? 2 : 1;
-
-double Sum(double a, double b) {
-    return a + b;
-}
-DoubleDouble Sum(DoubleDouble a, DoubleDouble b) {
-    return Add(a, b);
-}
-double Difference(double a, double b) {
-    return a - b;
-}
-DoubleDouble Difference(DoubleDouble a, DoubleDouble b) {
-    return Subtract(a, b);
-}
-double Product(double a, double b) {
-    return a * b;
-}
-DoubleDouble Product(DoubleDouble a, DoubleDouble b) {
-    return Multiply(a, b);
-}
-double Quotient(double a, double b) {
-    return a / b;
-}
-DoubleDouble Quotient(DoubleDouble a, DoubleDouble b) {
-    return Divide(a, b);
-}
-double HighOf(double number) {
-    return number;
-}
-double HighOf(DoubleDouble number) {
-    return number.high;
-}
-
-template <typename Number>
-Number Whole(double value) {
-    if constexpr (std::is_same_v<Number, double>)
-        return value;
-    else
-        return {value, 0.0};
-}
 
 /// A sum of many terms; of plain doubles a compensated one.
 template <typename Number>
@@ -86,7 +40,7 @@ void AddTo(LongSum<double>& sum, double value) {
 }
 
 void AddTo(LongSum<DoubleDouble>& sum, DoubleDouble value) {
-    sum.total = Add(sum.total, value);
+    sum.total += value;
 }
 
 double TotalOf(const LongSum<double>& sum) {
@@ -101,7 +55,7 @@ std::size_t DistinctCount(std::span<const double> X) {
     std::vector<double> sorted;
     std::copy_if(X.begin(), X.end(), std::back_inserter(sorted),
                  [](double value) { return !std::isnan(value); });
-    const std::size_t different = X.size() - sorted.size();  // each equals nothing, not even itself
+    const std::size_t different = X.size() - sorted.size();  // a not-a-number equals no other
     std::sort(sorted.begin(), sorted.end());
     const auto end = std::unique(sorted.begin(), sorted.end());
     return different + static_cast<std::size_t>(end - sorted.begin());
@@ -116,7 +70,7 @@ Failure CheckDistinct(std::span<const double> X, std::int32_t NTERMS) {
          "  at least NTERMS = " + std::to_string(NTERMS),
          "  but the input data has only " + std::to_string(distinct), "  distinct entries."},
         StringId::LeastSquaresDistinct);
-    // KEEP: this text has no line feed at its end, that of the weights has one.
+    // KEEP: this box text has no line feed at its end, the one about the weights has.
     diagnostic.box = StringId::LeastSetFailed;
     return diagnostic;
 }
@@ -135,8 +89,8 @@ Failure CheckWeights(std::span<const double> W) {
     return std::nullopt;
 }
 
-/// A power of two that brings half the range of X near 2, where the size of the polynomials stays
-/// nearest to 1.
+/// A power of two that scales half the range of X to about 2, where the values of the polynomials
+/// stay nearest to 1.
 double ScaleOf(std::span<const double> X) {
     const auto [low, high] = std::minmax_element(X.begin(), X.end());
     const double half = *high / 2.0 - *low / 2.0;
@@ -146,12 +100,12 @@ double ScaleOf(std::span<const double> X) {
     return std::ldexp(1.0, std::clamp((small ? 1 : 0) - exponent, -1000, 1000));
 }
 
-/// The data on the way through the terms.
+/// The values at the points while the terms are computed one by one.
 template <typename Number>
 struct Orthogonalisation {
     std::vector<double> x;
     std::vector<double> weight;
-    std::vector<Number> rest;    ///< the data less the terms so far
+    std::vector<Number> rest;    ///< residual: the data minus the terms so far
     std::vector<Number> now;     ///< P(k) at the points
     std::vector<Number> before;  ///< P(k-1)
 };
@@ -163,7 +117,7 @@ struct Coefficients {
     std::vector<Number> D;
 };
 
-/// The squared length of P(k), its mean x, and the part of the rest that lies along it.
+/// The squared norm of P(k), its weighted mean of x, and the coefficient of the residual along it.
 template <typename Number>
 struct Projection {
     Number square{};
@@ -177,45 +131,45 @@ Projection<Number> Project(const Orthogonalisation<Number>& data) {
     LongSum<Number> centre;
     LongSum<Number> part;
     for (std::size_t i = 0; i < data.x.size(); ++i) {
-        const Number weighted = Product(Whole<Number>(data.weight[i]), data.now[i]);
-        const Number squared = Product(weighted, data.now[i]);
+        const Number weighted = Number{data.weight[i]} * data.now[i];
+        const Number squared = weighted * data.now[i];
         AddTo(square, squared);
-        AddTo(centre, Product(squared, Whole<Number>(data.x[i])));
-        AddTo(part, Product(weighted, data.rest[i]));
+        AddTo(centre, squared * Number{data.x[i]});
+        AddTo(part, weighted * data.rest[i]);
     }
     const Number length = TotalOf(square);
-    return {length, Quotient(TotalOf(centre), length), Quotient(TotalOf(part), length)};
+    return {length, TotalOf(centre) / length, TotalOf(part) / length};
 }
 
 /// P(k+1) at a point.
 template <typename Number>
 Number NextValue(double x, Number B, Number C, Number now, Number before) {
-    return Difference(Product(Difference(Whole<Number>(x), B), now), Product(C, before));
+    return (Number{x} - B) * now - C * before;
 }
 
-/// Takes the part along P(k) off the rest and goes on to P(k+1).
+/// Subtracts the part along P(k) from the residual and computes P(k+1).
 template <typename Number>
 void Advance(Orthogonalisation<Number>& data, Number part, Number B, Number C) {
     for (std::size_t i = 0; i < data.x.size(); ++i) {
-        data.rest[i] = Difference(data.rest[i], Product(part, data.now[i]));
+        data.rest[i] -= part * data.now[i];
         const Number next = NextValue(data.x[i], B, C, data.now[i], data.before[i]);
         data.before[i] = data.now[i];
         data.now[i] = next;
     }
 }
 
-/// One round over all terms. False when the work is stopped or nothing is a number any more, by
-/// underflow or overflow.
+/// Projects all terms once. False when the work is stopped, or when underflow or overflow has made
+/// a coefficient infinite or not-a-number.
 template <typename Number>
 bool FitRound(Orthogonalisation<Number>& data, Coefficients<Number>& fit, Work& work) {
-    std::fill(data.now.begin(), data.now.end(), Whole<Number>(1.0));
+    std::fill(data.now.begin(), data.now.end(), Number{1.0});
     std::fill(data.before.begin(), data.before.end(), Number{});
-    Number squareBefore = Whole<Number>(1.0);
+    Number squareBefore = Number{1.0};
     for (std::size_t k = 0; k < fit.D.size(); ++k) {
         const Projection<Number> projection = Project(data);
-        fit.D[k] = Sum(fit.D[k], projection.part);
+        fit.D[k] += projection.part;
         fit.B[k] = projection.centre;
-        fit.C[k] = k == 0 ? Number{} : Quotient(projection.square, squareBefore);
+        fit.C[k] = k == 0 ? Number{} : projection.square / squareBefore;
         squareBefore = projection.square;
         if (!std::isfinite(HighOf(projection.centre)) || !std::isfinite(HighOf(projection.part)))
             return false;
@@ -238,7 +192,7 @@ Coefficients<Number> FitTerms(std::span<const double> X, std::span<const double>
     for (double& x : data.x)
         x *= scale;
     for (const double value : F)
-        data.rest.push_back(Whole<Number>(value));
+        data.rest.push_back(Number{value});
     Coefficients<Number> fit{std::vector<Number>(terms), std::vector<Number>(terms),
                              std::vector<Number>(terms)};
     for (int round = 0; round < kRounds<Number>; ++round)
@@ -276,11 +230,11 @@ bool IsFinite(std::span<const double> numbers) {
 template <typename Number, typename CoefficientOf>
 Number SumOfTerms(std::size_t terms, double scaled, const CoefficientOf& coefficient) {
     Number before{};
-    Number now = Whole<Number>(1.0);
+    Number now = Number{1.0};
     Number value{};
     for (std::size_t k = 0; k < terms; ++k) {
         const auto [B, C, D] = coefficient(k);
-        value = Sum(value, Product(D, now));
+        value += D * now;
         const Number next = NextValue(scaled, B, C, now, before);
         before = now;
         now = next;
@@ -315,7 +269,8 @@ Failure LEAST_SET(std::span<const double> X, std::span<const double> F, std::spa
         return FatalError(kRoutine, {"  Too many points."}, StringId::TooMuchWork);
     fit.scale = ScaleOf(X);
     if (FitsTwice(X.size(), terms)) FitTwice(X, F, W, terms, fit, work);
-    // Two doubles reach less far than one does; where they have failed, plain ones may not.
+    // Double-double arithmetic overflows and underflows earlier than double precision. Where it has
+    // failed, double precision may still give a fit.
     const bool failed = !IsFinite(fit.B) || !IsFinite(fit.C) || !IsFinite(fit.D);
     if (fit.D.empty() || failed) {
         auto plain = FitTerms<double>(X, F, W, fit.scale, terms, work);

@@ -1,5 +1,5 @@
-// A character needs up to four bytes and a CR one byte beyond it, so nothing is decoded until five
-// bytes are there or no more can come.
+// A UTF-8 character has up to four bytes, and a CR can be judged only with the byte after it. So
+// decoding waits until five bytes are there or the end is reached.
 #include "interp/line_pieces.h"
 
 #include <cstdint>

@@ -1,4 +1,4 @@
-// A text file's bytes as the lines that a point file is read by.
+// Cuts the bytes of a text file into the lines by which a point file is read.
 #pragma once
 
 #include <cstddef>
@@ -19,13 +19,13 @@ inline constexpr std::size_t kPieceLength = 255;
 struct LinePieces {
     std::string waiting;   ///< bytes that are not decoded yet
     std::size_t at = 0;    ///< the first of them
-    bool started = false;  ///< behind the place of a byte-order mark
+    bool started = false;  ///< past the place where a byte-order mark can stand
     bool ended = false;    ///< no more bytes will come
-    bool given = false;    ///< the piece was handed out and is over
+    bool given = false;    ///< `piece` was returned; the next call begins a new one
     std::u16string piece;
 };
 
-/// Hands over further bytes; those used up are dropped.
+/// Appends further bytes; bytes that are already decoded are dropped.
 void Feed(LinePieces& pieces, std::string_view bytes);
 
 /// Says that there are no more bytes.

@@ -1,8 +1,9 @@
-// The B spline is evaluated as the beta spline that it is, so that the two agree bit for bit. The
-// Overhauser splines are cubic Hermite pieces whose end slopes are those of parabolas.
+// The B spline is evaluated as the beta spline with bias 1 and tension 0, so that the two agree bit
+// for bit. The inner pieces of the uniform and the nonuniform Overhauser spline are cubic Hermite
+// polynomials whose end slopes are those of parabolas through three points.
 #include "interp/parametric.h"
 
-#include "base/decimal.h"
+#include "numbers/decimal.h"
 
 namespace kalvex {
 namespace {
@@ -29,7 +30,7 @@ double ParameterOf(const Knots& knots, std::size_t left, double t) {
     return (t - knots.T[left]) / (knots.T[left + 1] - knots.T[left]);
 }
 
-/// The weights of Barsky's basis, not yet divided by their sum.
+/// Barsky's beta spline basis at u, not yet divided by the sum of the four weights.
 Controls BetaWeights(double B1, double B2, double u) {
     const double square = u * u;
     const double cube = u * square;
@@ -54,7 +55,8 @@ struct Parabola {
     double DIF2 = 0.0;
 };
 
-/// Through the points first, first + 1, first + 2; of each point number `place` of `stride`.
+/// The parabola through the points first, first + 1 and first + 2. A point has `stride` values in Y,
+/// of which the one at `place` is taken.
 Parabola ParabolaOf(std::span<const double> T, std::span<const double> Y, std::size_t first,
                     std::size_t stride = 1, std::size_t place = 0) {
     const double h1 = T[first + 1] - T[first];
@@ -73,7 +75,7 @@ double SlopeAt(const Parabola& parabola, double t) {
     return parabola.DIF1 + parabola.DIF2 * ((t - parabola.T1) + (t - parabola.T2));
 }
 
-/// The cubic with end values a, b and end slopes p, q by u.
+/// The cubic in u with the values a, b and the slopes p, q at u = 0 and u = 1.
 double HermitePiece(double a, double b, double p, double q, double u) {
     const double rise = b - a;
     return a + u * (p + u * (3.0 * rise - 2.0 * p - q + u * (p + q - 2.0 * rise)));
@@ -175,7 +177,7 @@ Failure PARABOLA_VAL2(std::int32_t NDIM, std::span<const double> TDATA,
                       std::span<double> YVAL) {
     const auto count = static_cast<std::int32_t>(TDATA.size());
     if (NDIM < 1) return FatalError(kParabola, {"  NDIM < 1."}, StringId::OverhauserPiece);
-    // KEEP: the text says 0, the first piece is 1.
+    // KEEP: the text says 0 although the first piece has the number 1.
     if (LEFT < 1) return FatalError(kParabola, {"  LEFT < 0."}, StringId::OverhauserPiece);
     if (count - 2 < LEFT)
         return FatalError(kParabola, {"  NDATA-2 < LEFT."}, StringId::OverhauserPiece);

@@ -1,8 +1,9 @@
 // Splines that take the points as control values of a piece's own parameter.
 //
 // On the piece from T(LEFT) to T(RIGHT) the parameter is u = (t - T(LEFT)) / (T(RIGHT) - T(LEFT)),
-// 0 to 1 inside, beyond it where an end piece is continued. Equal neighbours divide by zero where
-// nothing else is said. Sources: B. A. Barsky, The Beta-spline (Ph.D. thesis, University of Utah
+// between 0 and 1 on the piece and outside that range where an end piece is continued. Abscissas are
+// checked only where a function says so: elsewhere two equal neighbours divide by zero, and the value
+// is infinite or not-a-number. Sources: B. A. Barsky, The Beta-spline (Ph.D. thesis, University of Utah
 // 1981); A. W. Overhauser, Analytic Definition of Curves and Surfaces by Parabolic Blending (Ford
 // Motor Company, Technical Report SL 68-40, 1968); E. Catmull, R. Rom, A Class of Local
 // Interpolating Splines, in: Computer Aided Geometric Design (Academic Press 1974), 317-326.
@@ -16,41 +17,45 @@
 
 namespace kalvex {
 
-/// The uniform cubic B spline with the y as control values; it smooths, it does not go through the
-/// points. A missing control value beyond an end is the linear extension of the two nearest. Two
-/// points or more.
+/// The uniform cubic B spline with the y as control values. It smooths: in general it does not go
+/// through the points. A control value that is missing beyond an end is extrapolated linearly from
+/// the two nearest. Needs two points or more.
 double SPLINE_B_VAL(const Knots& knots, std::span<const double> YDATA, double t);
 
-/// The cubic beta spline with bias BETA1 (1: none) and tension BETA2 (0: none), ends as above. The
-/// slope behind a joint is BETA1 times the one before it, both by their own parameter. BETA1 = 1,
-/// BETA2 = 0 is the B spline, bit for bit; a large BETA2 draws the curve into the points, with a
-/// smooth step between neighbours. Weights are divided by 2 B1^3 + 4 B1^2 + 4 B1 + B2 + 2; where
-/// that is 0 there is no value. Two points or more.
+/// The cubic beta spline with bias BETA1 (1: none) and tension BETA2 (0: none); its ends are those of
+/// the B spline. At a joint the slope on the right is BETA1 times the slope on the left, each with
+/// respect to the parameter of its own piece. BETA1 = 1, BETA2 = 0 gives the B spline, bit for bit. A
+/// large BETA2 pulls the curve to the points and leaves a smooth step between neighbours. The weights
+/// are divided by their sum 2 B1^3 + 4 B1^2 + 4 B1 + B2 + 2; when that is 0, the value is infinite or
+/// not-a-number. Needs two points or more.
 double SPLINE_BETA_VAL(double BETA1, double BETA2, const Knots& knots,
                        std::span<const double> YDATA, double t);
 
-/// The interpolating spline whose slope at an inner point is half the difference of its neighbours,
-/// as if all abscissas were equally spaced; the first and the last piece are parabolas in u through
-/// the three end points. Fails for fewer than three points.
+/// The interpolating spline whose slope at an inner point is half the difference between the next and
+/// the previous y, as if all abscissas were equally spaced. The first and the last piece are the
+/// parabolas in u through the three points at that end. Fails for fewer than three points.
 Failure SPLINE_OVERHAUSER_UNI_VAL(const Knots& knots, std::span<const double> YDATA, double t,
                                   double& YVAL);
 
-/// The same with the real spacing: the slope at an inner point is that of the parabola through it
-/// and its neighbours; the first and the last piece are the parabolas through the three end points.
-/// Fails for fewer than three points.
+/// The same for the real spacing of the abscissas: the slope at an inner point is that of the
+/// parabola through it and its two neighbours. The first and the last piece are the parabolas through
+/// the three points at that end. Fails for fewer than three points.
 Failure SPLINE_OVERHAUSER_NONUNI_VAL(const Knots& knots, std::span<const double> YDATA, double t,
                                      double& YVAL);
 
-/// The piece that SPLINE_OVERHAUSER_NONUNI_VAL works on, 1-based: fails outside 0 < LEFT < NDATA.
+/// Checks the index of a piece for SPLINE_OVERHAUSER_NONUNI_VAL, counted from 1. Fails unless
+/// 0 < LEFT < NDATA.
 Failure CheckOverhauserPiece(std::int64_t LEFT, std::int64_t NDATA);
 
-/// What SPLINE_OVERHAUSER_VAL wants: strictly ascending abscissas, three points, in this order.
+/// Checks a table for SPLINE_OVERHAUSER_VAL: first that the abscissas are strictly ascending, then
+/// that there are three points or more.
 Failure CheckOverhauser(std::span<const double> TDATA);
 
-/// The blend of two parabolas: through the points before and at the piece, and at and behind it,
-/// with weights linear in t; on the first and the last piece only one exists. YDATA holds NDIM
-/// numbers per point, YVAL receives NDIM. The table has to pass CheckOverhauser, which is not
-/// repeated for each t. Equals SPLINE_OVERHAUSER_NONUNI_VAL up to rounding.
+/// Blends two parabolas with weights that are linear in t: one goes through the two points of the
+/// piece and the point before them, the other through the two points and the point after them. On
+/// the first and the last piece only one of them exists. YDATA holds NDIM numbers per point, YVAL
+/// receives NDIM. The caller has checked the table by CheckOverhauser, once for all t. The result
+/// equals that of SPLINE_OVERHAUSER_NONUNI_VAL up to rounding.
 Failure SPLINE_OVERHAUSER_VAL(std::int32_t NDIM, const Knots& knots, std::span<const double> YDATA,
                               double t, std::span<double> YVAL);
 

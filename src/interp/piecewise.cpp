@@ -1,4 +1,4 @@
-// The three of them differ only in what they do with the piece that the search gives.
+// Each function finds the piece that holds t and evaluates its own formula there.
 #include "interp/piecewise.h"
 
 namespace kalvex {
@@ -9,8 +9,8 @@ constexpr std::string_view kQuadratic = "SPLINE_QUADRATIC_VAL";
 }  // namespace
 
 double SPLINE_CONSTANT_VAL(const Knots& knots, std::span<const double> YDATA, double t) {
-    // KEEP: the value changes behind a point, not at it, and the last x is never consulted; curves
-    // of stored settings would shift by a step otherwise.
+    // KEEP: the step is just above a point's x, not at it, and the last x is never compared.
+    // Otherwise the curves of stored settings would shift by one step.
     return YDATA[HolderOf(knots, t)];
 }
 
@@ -27,7 +27,7 @@ Failure SPLINE_QUADRATIC_VAL(const Knots& knots, std::span<const double> YDATA, 
     if (count < 3) return FatalError(kQuadratic, {"  NDATA < 3."}, StringId::QuadraticTooFew);
     if (count % 2 == 0)
         return FatalError(kQuadratic, {"  NDATA must be odd."}, StringId::QuadraticEven);
-    // A triple begins at a point with an odd number, that is, an even index.
+    // A triple begins at a point with an odd number, which has an even index.
     const std::size_t left = LeftOf(knots, t) / 2 * 2;
     const double T1 = knots.T[left];
     const double T2 = knots.T[left + 1];

@@ -1,9 +1,9 @@
 // Piecewise constant, linear and quadratic functions through a table of points.
 //
 // All of them take the points in the order of the table and continue their end pieces outside it.
-// Equal abscissas are not looked for where nothing is said about them: they divide by zero and the
-// value is infinite or not-a-number. Values are those of the formulas in double precision, one
-// rounding per operation.
+// Abscissas are checked only where a function says so: elsewhere two equal neighbours divide by zero,
+// and the value is infinite or not-a-number. The formulas are evaluated as written, in double
+// precision with one rounding per operation.
 #pragma once
 
 #include <span>
@@ -13,23 +13,24 @@
 
 namespace kalvex {
 
-/// A value with its derivatives; those that a method does not give are 0.
+/// A value with its derivatives; a derivative that a method does not compute is 0.
 struct SplineValue {
     double value = 0.0;
     double first = 0.0;
     double second = 0.0;
 };
 
-/// The y of the first point (the last one left out) whose x is not below t, otherwise the last y:
-/// a y holds on the stretch that ends at its x. One point or more.
+/// The y of the first point whose x is not below t; the last point is not asked, its y is the value
+/// when no other point fits. So each y holds on the interval that ends at its x. Needs one point or
+/// more.
 double SPLINE_CONSTANT_VAL(const Knots& knots, std::span<const double> YDATA, double t);
 
-/// The straight line through the two points of the piece, and its slope. Two points or more.
+/// The straight line through the two points of the piece, and its slope. Needs two points or more.
 SplineValue SPLINE_LINEAR_VAL(const Knots& knots, std::span<const double> YDATA, double t);
 
 /// The parabola through the triple of points (1,2,3), (3,4,5), ... that holds the piece of t, and
-/// its derivative, in divided differences. Fails for fewer than three points, an even number of
-/// points, and a triple whose abscissas do not ascend; other triples are not looked at.
+/// its derivative, in divided differences. Fails for fewer than three points, for an even number of
+/// points, and when the abscissas of that triple do not ascend; other triples are not checked.
 Failure SPLINE_QUADRATIC_VAL(const Knots& knots, std::span<const double> YDATA, double t,
                              SplineValue& result);
 

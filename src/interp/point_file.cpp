@@ -1,6 +1,6 @@
-// The write position follows the number of points: both go on by one at a point and back by one at
-// a short line. A position below 0 is possible (short lines at the start); a point there is
-// dropped. All positions below a count are written, because the position has passed each of them.
+// A point is stored at the write position, which then goes on by one; a short line moves it back by
+// one. Short lines at the start make it negative; a point at a negative position is dropped. The
+// number of points never exceeds the points that are stored, because the position has passed them.
 #include "interp/point_file.h"
 
 #include <fcntl.h>
@@ -13,8 +13,8 @@
 #include <cstdint>
 #include <optional>
 
-#include "base/decimal.h"
 #include "interp/line_pieces.h"
+#include "numbers/decimal.h"
 
 namespace kalvex {
 namespace {
@@ -30,8 +30,8 @@ struct Point {
 struct Reading {
     LinePieces pieces;
     PointFile file;
-    std::int64_t position = 0;         ///< of the next point; also the number of points
-    std::optional<std::size_t> count;  ///< as fixed by the last short line
+    std::int64_t position = 0;         ///< where the next point is stored
+    std::optional<std::size_t> count;  ///< the number of points, set by the last short line
 };
 
 std::optional<double> WholeNumber(std::u16string_view text) {
@@ -47,7 +47,7 @@ std::optional<Point> ParsePoint(std::u16string_view line) {
     if (line.back() == u'\n') line.remove_suffix(1);
     const std::optional<double> x = WholeNumber(line.substr(0, first));
     const std::u16string_view rest = line.substr(line.rfind(u' ') + 1);
-    // KEEP: a y that is not there is 0, as existing files with a blank at a line's end are read.
+    // KEEP: a missing y is 0; existing files have lines that end in a blank.
     const std::optional<double> y = rest.empty() ? std::optional(0.0) : WholeNumber(rest);
     if (!x || !y) return std::nullopt;
     return Point{*x, *y};
@@ -75,8 +75,8 @@ bool TakePiece(Reading& reading) {
         return false;
     }
     if (piece.size() < kShortest) {
-        // KEEP: the position goes back, so the next point replaces the last one before the short
-        // line, and the count stays what it is here; tables of existing files depend on it.
+        // KEEP: the number of points stays what it is here, and the position goes back, so that the
+        // next point replaces the last one; existing files are read by this rule.
         reading.count = static_cast<std::size_t>(std::max<std::int64_t>(reading.position, 0));
         --reading.position;
         return true;

@@ -2,26 +2,21 @@
 //
 // A line is the x value, blanks, the y value: x is what stands before the first blank, y what
 // stands behind the last one; what is between them is ignored. Only the blank (U+0020) separates.
-// Numbers have a decimal point and an optional exponent, whatever the locale, and must be the whole
-// of their text; infinite ones, words and hexadecimal forms are none. A y that is not there (a
-// blank ends the line) is 0. Lines are those of line_pieces.h. A line of fewer than three
-// characters, its line feed included, is no point: it fixes the number of points at those read so
-// far, and the next point replaces the last of them. So a file may end in an empty line; behind an
-// empty line in the middle only the first point counts.
+// Numbers have a decimal point and an optional exponent in every locale, and nothing may follow
+// them. Infinities, words and hexadecimal numbers are refused. A missing y (the line ends in a blank)
+// is 0. Lines are cut by line_pieces.h. A line of fewer than three characters, its line feed
+// included, is no point: it sets the number of points to those read so far, and the next point
+// replaces the last of them. So a file may end in an empty line. Of the points after an empty line in
+// the middle, only the first one has an effect.
 #pragma once
 
 #include <cstddef>
 #include <string>
 #include <string_view>
-#include <vector>
+
+#include "interp/point_table.h"
 
 namespace kalvex {
-
-/// The points in the order of the file; both vectors have the same length.
-struct PointTable {
-    std::vector<double> x;
-    std::vector<double> y;
-};
 
 /// More lines than these are refused: 4,194,304 points are 64 MiB here and 200 MiB in a function.
 inline constexpr std::size_t kMostLines = std::size_t{1} << 22;
@@ -29,7 +24,7 @@ inline constexpr std::size_t kMostLines = std::size_t{1} << 22;
 enum class PointFileError {
     None,
     Unreadable,    ///< does not exist, is no regular file, may not or cannot be read
-    Malformed,     ///< a line is no point
+    Malformed,     ///< a line is not a point
     TooManyLines,  ///< more than kMostLines
 };
 
@@ -40,9 +35,9 @@ struct PointFile {
 };
 
 /// Reads a file (path in UTF-8). Devices, pipes and folders are refused without being read, so
-/// nothing can block. The file is read once from beginning to end, so a change while it is read
-/// gives the one or the other content of each part, or an error, never more than that. Memory: the
-/// points and one block of the file.
+/// nothing can block. The file is read once from beginning to end. When it changes meanwhile, the
+/// result is an error or a mixture of the old and the new content. Memory: the points and one block
+/// of the file.
 PointFile ReadPointFile(const std::string& path);
 
 /// The same for a text in memory.

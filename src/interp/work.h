@@ -1,29 +1,30 @@
-// How long work is watched and stopped. Only what may take more than a moment is counted, so a
-// short curve never asks.
+// Progress and cancellation of long computations. A computation counts its operations; only when
+// they take more than a few milliseconds is the progress function called.
 #pragma once
 
 #include <functional>
 
 namespace kalvex {
 
-/// Methods whose work grows with a square or a product of two large numbers refuse more than this
-/// many operations, some ten seconds of work.
+/// The work of some methods grows with the square of the points or with points times terms. They
+/// refuse a table that would need more operations than this, which take about ten seconds.
 inline constexpr double kMostOperations = 5e9;
 
-/// Told now and then during long work which part of it is done, 0 to 1, at most about a thousand
-/// times; false stops the work. May be an empty function: then nothing stops it.
+/// Called from time to time during long work with the part of it that is done, 0 to 1, at most about
+/// a thousand times. Returns false to stop the work. May be empty: then nothing stops it.
 using WorkProgress = std::function<bool(double done)>;
 
-/// The account of one piece of work, in operations of about a nanosecond.
+/// The state of one computation; operations are counted in units of about a nanosecond.
 struct Work {
     const WorkProgress* progress = nullptr;
-    double total = 0.0;  ///< planned; may be wrong, it only scales what is told
+    double total = 0.0;  ///< estimated; only scales what the progress function is told
     double done = 0.0;
-    double told = 0.0;  ///< `done` when the progress was last told
+    double told = 0.0;  ///< `done` at the last call of the progress function
     bool stopped = false;
 };
 
-/// Adds operations that are done. False when the work is to stop, from then on always.
+/// Adds operations to `done` and calls the progress function when it is due. Returns false when the
+/// work is to stop, and from then on at every call.
 bool Spend(Work& work, double operations);
 
 }  // namespace kalvex

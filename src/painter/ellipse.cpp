@@ -1,6 +1,7 @@
-// Small ellipses are QPainter's own. Its raster engine gives up beyond some 2^15 pixels, so of a
-// large one the pixels on the picture are computed here: one per column on either branch where the
-// outline is flat, one per row where it is steep, which together leave no gap.
+// Small ellipses are drawn by QPainter. Its raster engine fails for coordinates beyond about 2^15
+// pixels. Of a large ellipse only the pixels inside the picture are computed here: where the
+// outline is flatter than 45 degrees, one pixel per column on the upper and on the lower half;
+// where it is steeper, one per row on the left and on the right half. Together they leave no gap.
 #include "painter/ellipse.h"
 
 #include <algorithm>
@@ -23,21 +24,24 @@ struct Shape {
     double b;
 };
 
-/// Half the chord of an ellipse at a distance from its centre; below 0 outside. The product form
-/// keeps its digits where the chord is short against the axis.
+/// Half the length of the chord at a distance from the centre; -1 where the line misses the
+/// ellipse. `along` and `across` are the half axes along the distance and along the chord. The
+/// factored form (along - d)(along + d) avoids the cancellation of along^2 - d^2 near the end of
+/// the axis.
 double HalfChord(double distance, double along, double across) {
     const double inside = (along - distance) * (along + distance);
     return inside < 0.0 ? -1.0 : across * std::sqrt(inside) / along;
 }
 
-/// Plots the pixels of the outline at positions 0 .. end - 1 along one direction.
+/// Plots the outline at the positions 0 .. end - 1 of one axis, on both sides of the centre, but
+/// only where its slope against this axis is at most 1.
 template <typename Plot>
 void PlotOutline(double centre, double along, double centreAcross, double across, int end,
                  const Plot& plot) {
     for (int i = 0; i < end; ++i) {
         const double distance = i - centre;
         const double half = HalfChord(std::fabs(distance), along, across);
-        // Slope above 1: the other direction's business.
+        // Where the slope is above 1, the call for the other axis plots the pixels.
         if (half < 0.0 || std::fabs(distance) * across * across > half * along * along) continue;
         plot(i, centreAcross - half);
         plot(i, centreAcross + half);

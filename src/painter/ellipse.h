@@ -11,8 +11,8 @@ namespace kalvex {
 /// inside is painted too. The record's box may reach far beyond the picture.
 void DrawEllipse(QPainter& painter, const DrawList& list, const EllipseRecord& record, bool fill);
 
-/// Whether painting the inside of `inner` right after `outer` changes nothing: both have the same
-/// fill and inner's box lies in outer's.
+/// Whether filling `inner` right after `outer` would change no pixel: both are filled with the same
+/// colour and the box of `inner` lies inside that of `outer`.
 bool IsFilledBy(const EllipseRecord& inner, const EllipseRecord& outer);
 
 }  // namespace kalvex

@@ -1,5 +1,6 @@
-// Liang and Barsky: the line is cut at each of the four edges by its parameter. Coordinates are
-// 32-bit integers, so every difference and product below is far from a double's limits.
+// The algorithm of Liang and Barsky: the line is a point plus a parameter times a direction, and
+// each edge of the rectangle narrows the interval of the parameter. Coordinates are 32-bit
+// integers, so no difference or product below can overflow or lose its sign in doubles.
 #include "painter/line_clip.h"
 
 #include <algorithm>
@@ -9,13 +10,13 @@ namespace {
 
 constexpr double kMargin = 4096.0;
 
-/// The parameters of the part of a line that is left.
+/// The interval of the parameter in which the line is inside all edges seen so far.
 struct Part {
     double from = 0.0;
     double to = 1.0;
 };
 
-/// Keeps where start + t * change >= limit (in the sense of one edge). False when nothing is left.
+/// Narrows the interval to where start + t * change >= limit. False when it becomes empty.
 bool CutAt(Part& part, double change, double distance) {
     if (change == 0.0) return distance <= 0.0;
     const double t = distance / change;

@@ -1,4 +1,4 @@
-// Lines of any length brought into the range that QPainter draws rightly.
+// Clipping of lines to the range of coordinates that QPainter draws correctly.
 #pragma once
 
 #include <QLineF>
@@ -9,12 +9,13 @@
 
 namespace kalvex {
 
-/// The part of a segment inside a rectangle; the segment itself, unrounded, when it lies inside.
-/// Nothing when it misses the rectangle.
+/// The part of a segment inside a rectangle. A segment that lies inside is returned unchanged, so
+/// that clipping does not move its ends. Nothing when it misses the rectangle.
 std::optional<QLineF> ClipSegment(const Segment& segment, const QRectF& bounds);
 
-/// The picture and a margin of 4096 pixels around it: wide enough that a cut end is never seen
-/// under the widest pen, small enough for the fixed-point coordinates of the raster engine.
+/// The picture and a margin of 4096 pixels around it. With the widest pen the end of a clipped line
+/// still lies outside the picture, and all coordinates fit the fixed-point numbers of Qt's raster
+/// engine.
 QRectF DrawableBounds(const DrawList& list);
 
 }  // namespace kalvex

@@ -1,6 +1,7 @@
-// One function per kind of record. Nothing is smoothed but texts, so that a pixel is what the
-// records say. Polylines are played as separate lines: the general stroker, which a wide polyline
-// or round caps would need, is several to many times slower; square caps close the joints.
+// One function per kind of record. Only texts are drawn with antialiasing, so that exactly the
+// pixels of the records change. A polyline is drawn as separate lines with square caps, which close
+// the joints: QPainter's general stroker, which true joints or round caps need, is several times
+// slower.
 #include "painter/painter.h"
 
 #include <QPaintEngine>
@@ -19,12 +20,12 @@ QColor ColorOfRgb(const Rgb& color) {
     return QColor(color.red, color.green, color.blue);
 }
 
-/// What is played and where.
+/// The state while a list is drawn.
 struct Stage {
     QPainter& painter;
     const DrawList& list;
     QRectF bounds;
-    const EllipseRecord* outerEllipse = nullptr;  ///< the record before, when it is an ellipse
+    const EllipseRecord* outerEllipse = nullptr;  ///< the previous record, when it was an ellipse
 };
 
 void DrawLines(Stage& stage, const Pen& pen, const std::vector<QLineF>& lines) {
@@ -56,8 +57,8 @@ void Play(Stage& stage, const EllipseRecord& record) {
     DrawEllipse(stage.painter, stage.list, record, record.filled && !covered);
 }
 
-/// The image behind a painter when its pixels can be written directly: plain 32-bit rows, scaled
-/// by a whole number, nothing shifted or clipped. 0: they cannot.
+/// The image that a painter draws on, when its pixels can be written directly: 32 bits per pixel, a
+/// whole-number scale, no translation and no clipping. `image` is null when they cannot.
 struct DirectImage {
     QImage* image = nullptr;
     int ratio = 0;

@@ -1,11 +1,11 @@
-// The bitmap is written field by field in little-endian order, whatever the machine's.
+// The bitmap is written field by field in little-endian order, on machines of either byte order.
 #include "painter/picture_file.h"
 
 #include <QImageWriter>
 #include <QtEndian>
 #include <cstdint>
 
-#include "workspace/complete_file.h"
+#include "settings/complete_file.h"
 
 namespace kalvex {
 namespace {
@@ -18,15 +18,17 @@ void Append(QByteArray& bytes, Integer value) {
     bytes.append(reinterpret_cast<const char*>(&little), sizeof little);
 }
 
-/// KEEP: the width is rounded up to whole groups of four pixels, not the row to four bytes;
-/// readers of these files know the number.
+/// Bytes of pixel data that the header announces.
+/// KEEP: the width is rounded up to a multiple of four pixels, where a row would only have to be
+/// rounded up to four bytes; programs that read these files expect this number.
 std::int64_t ImageSize(std::int64_t width, std::int64_t height) {
     return ((width + 3) & ~std::int64_t{3}) * height * 24 / 8;
 }
 
 QByteArray BitmapHeader(const QImage& picture) {
     QByteArray header("BM");
-    // KEEP: the file-size field holds the size of the headers alone.
+    // KEEP: the file-size field holds the size of the headers only; readers of these files expect
+    // it.
     Append<quint32>(header, kHeaderSize);
     Append<quint32>(header, 0);
     Append<quint32>(header, kHeaderSize);
@@ -48,7 +50,8 @@ bool WriteAll(QIODevice& file, const QByteArray& bytes) {
     return file.write(bytes) == bytes.size();
 }
 
-/// Rows from the lowest to the highest, each padded to whole groups of four bytes.
+/// Writes the rows from the bottom up, each padded with zeros to a multiple of four bytes, and
+/// zeros up to the size that the header announces.
 bool WriteRows(QIODevice& file, const QImage& picture) {
     const QImage pixels = picture.convertToFormat(QImage::Format_BGR888);
     const qsizetype rowSize = (static_cast<qsizetype>(pixels.width()) * 3 + 3) & ~qsizetype{3};
@@ -76,7 +79,7 @@ bool WritePng(const QString& path, const QImage& picture) {
     if (picture.isNull()) return false;
     return WriteCompleteFile(path, [&picture](QIODevice& file) {
         QImageWriter writer(&file, "png");
-        writer.setQuality(80);  // the fastest real compression; line drawings stay small with it
+        writer.setQuality(80);  // fast compression; line drawings still become small files
         return writer.write(picture);
     });
 }

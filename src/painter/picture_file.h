@@ -6,8 +6,9 @@
 
 namespace kalvex {
 
-/// Writes the program's own 24-bit bitmap format (file-size field 54, rows bottom-up, the size of
-/// the pixels as its own formula has it). False when the file cannot be written.
+/// Writes a bitmap of 24 bits per pixel with rows from the bottom up. Its header differs from other
+/// programs': the file-size field is always 54, and the size of the pixel data is that of a width
+/// rounded up to a multiple of four pixels. False when the file cannot be written.
 bool WriteBitmap(const QString& path, const QImage& picture);
 
 /// Writes a PNG. False when the file cannot be written.

@@ -1,4 +1,4 @@
-// The font of all texts on the picture.
+// The font of the texts on the picture.
 #pragma once
 
 #include <QFont>

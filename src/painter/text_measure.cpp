@@ -1,5 +1,5 @@
-// Fonts are looked up once per height and kept by the measuring function itself, because finding a
-// font costs more than measuring a text.
+// The measuring function keeps the font metrics of each height that it was asked for, because
+// looking a font up takes longer than measuring a text.
 #include <QFontMetrics>
 #include <QString>
 #include <algorithm>

@@ -1,5 +1,5 @@
-// The records are played into Qt's own generators, through a file that replaces the old one only
-// when it is complete.
+// Qt's SVG and PDF generators draw into memory. The file is written at the end, as a whole, so that
+// a failure leaves the old file unchanged.
 #include "painter/vector_file.h"
 
 #include <QBuffer>
@@ -8,7 +8,7 @@
 #include <QSvgGenerator>
 
 #include "painter/vector_play.h"
-#include "workspace/complete_file.h"
+#include "settings/complete_file.h"
 
 namespace kalvex {
 namespace {

@@ -1,5 +1,5 @@
-// What is far outside the picture is cut off before: viewers differ in how they take huge numbers.
-// A polyline that leaves the picture and comes back becomes several.
+// Lines are clipped before they are drawn, because viewers do not agree on how to draw very large
+// coordinates. A polyline that leaves the clipping rectangle and returns becomes several pieces.
 #include "painter/vector_play.h"
 
 #include <QPainter>
@@ -26,7 +26,7 @@ QPen PenOf(const Pen& pen) {
                 Qt::RoundJoin);
 }
 
-/// Strokes a path of pixel positions, whose middles are half a pixel on.
+/// Strokes a path given in pixel positions. The centre of a pixel is half a unit right and below.
 void Stroke(const VectorStage& stage, const Pen& pen, QPainterPath path) {
     if (path.isEmpty()) return;
     path.translate(0.5, 0.5);
@@ -70,7 +70,7 @@ void Play(const VectorStage& stage, const PixelRunsRecord& record) {
 
 void Play(const VectorStage& stage, const TextRecord& record) {
     QFont font = PictureFont(record.height);
-    font.setFamily("sans-serif");  // the name that other programs know
+    font.setFamily("sans-serif");  // the generic name, which every viewer knows
     stage.painter.setFont(font);
     stage.painter.setPen(ColorOfRgb(record.color));
     const int baseline = record.y + stage.painter.fontMetrics().ascent();
@@ -81,7 +81,7 @@ void Play(const VectorStage& stage, const TextRecord& record) {
 
 void PlayVector(QPainter& painter, const DrawList& list) {
     painter.save();
-    // Wider than the widest pen: a cut end is never seen.
+    // The margin is wider than the widest pen, so the clipped end of a line is never visible.
     constexpr double kMargin = 80.0;
     const VectorStage stage{
         painter, QRectF(-kMargin, -kMargin, list.width + 2 * kMargin, list.height + 2 * kMargin)};

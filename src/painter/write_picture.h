@@ -1,20 +1,33 @@
-// A picture as a file of any of the formats.
+// The formats of picture files as a table.
 #pragma once
 
 #include <QString>
-#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
 
 #include "graph/draw_list.h"
 
 namespace kalvex {
 
-enum class PictureFormat { Bmp, Png, Svg, Pdf };
+/// Who offers a format: the tool knows all of them, the windows those that show a picture.
+enum class FormatUse { Everywhere, ToolOnly };
 
-/// The format that a name's ending says (".bmp", ".png", ".svg", ".pdf", in any case); nothing for
-/// any other name.
-std::optional<PictureFormat> PictureFormatOf(const QString& path);
+struct PictureFormat {
+    std::string_view suffix;  ///< the ending of a name, lower case, without its dot
+    FormatUse use = FormatUse::Everywhere;
 
-/// Writes the picture at one pixel per logical pixel. False when the file cannot be written.
-bool WritePicture(const QString& path, const DrawList& list, PictureFormat format);
+    /// Writes the picture at one pixel per logical pixel; false when the file cannot be written.
+    bool (*write)(const QString& path, const DrawList& list) = nullptr;
+};
+
+/// All formats, in the order in which texts name them.
+std::span<const PictureFormat> PictureFormats();
+
+/// The format that a name's ending says, in any case; null for any other name.
+const PictureFormat* PictureFormatOf(const QString& path);
+
+/// The endings of all formats that the tool takes, for a sentence: ".png, .svg or .txt".
+std::string PictureEndings();
 
 }  // namespace kalvex

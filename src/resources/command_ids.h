@@ -1,6 +1,6 @@
-// The numbers of the commands. Those below 40000 are part of the program's resources and settings
-// formulas rest on them (a colour is its number less 32776); the ones from 40000 up belong to
-// entries that have no number there and may change.
+// The numbers of the commands. Those below 40000 are fixed: they are part of the program's
+// resources, and values are computed from them (the number of a colour is that of its command less
+// 32776). Those from 40000 up belong to entries without a fixed number and may change.
 #pragma once
 
 namespace kalvex {
@@ -124,7 +124,5 @@ enum class CommandId : int {
     CopyPicture,
     ReportToFile,
 };
-
-inline constexpr int kMethodCount = 13;
 
 }  // namespace kalvex

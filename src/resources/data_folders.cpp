@@ -1,5 +1,6 @@
-// Everything is looked for from the program's own place, so that a moved installation keeps its
-// files: bin/kalvex has them in share/kalvex, src/cli/kalvex-cli of a build tree at its top.
+// Folders are found relative to the program file, so that an installation can be moved. For
+// bin/kalvex they are in share/kalvex; for src/cli/kalvex-cli in a build tree they are at the top
+// of the tree.
 #include "resources/data_folders.h"
 
 #include <system_error>

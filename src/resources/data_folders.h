@@ -7,9 +7,9 @@
 
 namespace kalvex {
 
-/// The folders of a name ("samples", "help") to look into, best first: beside the installed
-/// program, then in its build tree, wherever those are. They need not exist. None when the
-/// program's own place cannot be found out.
+/// The folders in which files of a kind ("samples", "help") may be, in the order of preference:
+/// that of the installed program, then that of its build tree. They need not exist. Empty when the
+/// path of the program file is unknown.
 std::vector<std::filesystem::path> DataFolders(std::string_view name);
 
 }  // namespace kalvex

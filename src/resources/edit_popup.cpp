@@ -1,7 +1,10 @@
-// A menu word of `Function` is the name that it inserts, so the menu itself is the table of texts.
+// A menu word of `Function` is the name that it inserts, so the menu itself is the table of what is
+// inserted. These names belong to the language of the expressions and are never translated.
 #include "resources/edit_popup.h"
 
 #include <string_view>
+
+#include "resources/strings.h"
 
 namespace kalvex {
 namespace {
@@ -45,28 +48,34 @@ Menu SpecMenu() {
         {CommandId::InsertChi, u"Chi", {}},
     };
     return {
-        {CommandId::InsertGamma, u"Gamma", {}},     {CommandId::InsertPsi, u"Psi", {}},
-        {CommandId::InsertDawsonF, u"DawsonF", {}}, {CommandId::InsertEi, u"Ei", {}},
-        {CommandId::InsertErf, u"erf", {}},         {CommandId::InsertLi, u"Li", {}},
-        {CommandId::None, u"Airy", airy},           {CommandId::None, u"Fresnels", fresnels},
-        {CommandId::None, u"Trig", integrals},
+        {CommandId::InsertGamma, u"Gamma", {}},
+        {CommandId::InsertPsi, u"Psi", {}},
+        {CommandId::InsertDawsonF, u"DawsonF", {}},
+        {CommandId::InsertEi, u"Ei", {}},
+        {CommandId::InsertErf, u"erf", {}},
+        {CommandId::InsertLi, u"Li", {}},
+        {CommandId::None, Text(StringId::AiryMenu), airy},
+        {CommandId::None, Text(StringId::FresnelsMenu), fresnels},
+        {CommandId::None, Text(StringId::IntegralsMenu), integrals},
     };
 }
 
 Menu FunctionMenu() {
     return {
-        {CommandId::None, u"Trig", TrigMenu()},
-        {CommandId::None, u"Hyp", HypMenu()},
-        {CommandId::None, u"Num", NumMenu()},
-        {CommandId::None, u"Spec", SpecMenu()},
+        {CommandId::None, Text(StringId::TrigMenu), TrigMenu()},
+        {CommandId::None, Text(StringId::HypMenu), HypMenu()},
+        {CommandId::None, Text(StringId::NumMenu), NumMenu()},
+        {CommandId::None, Text(StringId::SpecMenu), SpecMenu()},
     };
 }
 
 Menu TextMenu() {
     return {
-        {CommandId::Cut, u"Cut", {}},           {CommandId::Copy, u"Copy", {}},
-        {CommandId::Paste, u"Paste", {}},       {CommandId::Undo, u"Undo", {}},
-        {CommandId::SelectText, u"Select", {}},
+        {CommandId::Cut, Text(StringId::MenuCut), {}},
+        {CommandId::Copy, Text(StringId::MenuCopy), {}},
+        {CommandId::Paste, Text(StringId::MenuPaste), {}},
+        {CommandId::Undo, Text(StringId::MenuUndo), {}},
+        {CommandId::SelectText, Text(StringId::MenuSelectText), {}},
     };
 }
 
@@ -83,9 +92,9 @@ std::u16string_view WordOf(const Menu& menu, CommandId command) {
 
 Menu EditPopup() {
     return {
-        {CommandId::None, u"Function", FunctionMenu()},
-        {CommandId::None, u"Text Edit", TextMenu()},
-        {CommandId::EditHelp, u"Help", {}},
+        {CommandId::None, Text(StringId::FunctionMenu), FunctionMenu()},
+        {CommandId::None, Text(StringId::TextEditMenu), TextMenu()},
+        {CommandId::EditHelp, Text(StringId::MenuHelp), {}},
     };
 }
 

@@ -1,9 +1,9 @@
-// A page is named by an address that holds the program's own path and the language: the one in US
-// English belongs to the program, every other to a language file beside it. Both are folders with a
-// page each, named by the language's four digits.
+// The address of a page consists of the program's path and the language. The page in US English
+// belongs to the program itself, every other page to a language file beside it. In the file system
+// each page has a folder that is named by the four hexadecimal digits of its language.
 //
-// A language that nobody knows must not end up in an address that nothing can answer, so it counts
-// as English. The same goes for a language without a page: the text in English beats none.
+// An unknown language counts as English, so that every address leads to a page. A language without
+// a page gets the English one.
 #include "resources/help_address.h"
 
 #include <algorithm>
@@ -21,7 +21,7 @@ struct Language {
     int number;
 };
 
-// The first row of a language serves for its other territories too.
+// The first row of a language also stands for territories that have no row.
 constexpr Language kLanguages[] = {
     {"ar", "SA", 1025}, {"az", "AZ", 1068}, {"be", "BY", 1059}, {"bg", "BG", 1026},
     {"ca", "ES", 1027}, {"cs", "CZ", 1029}, {"da", "DK", 1030}, {"de", "DE", 1031},
@@ -54,7 +54,7 @@ std::string Hexadecimal(int number) {
     return {digits.data(), result.ptr};
 }
 
-/// Two capital letters: what a territory looks like among the parts of a name.
+/// Whether a part of a locale's name is a territory: two capital letters.
 bool IsTerritory(std::string_view part) {
     const auto isCapital = [](char c) { return c >= 'A' && c <= 'Z'; };
     return part.size() == 2 && std::all_of(part.begin(), part.end(), isCapital);

@@ -1,4 +1,4 @@
-// Which help page belongs to which language: an address first, then a file for it.
+// The address of the help page of a language, and the file that belongs to an address.
 #pragma once
 
 #include <filesystem>
@@ -8,8 +8,7 @@
 
 namespace kalvex {
 
-/// The language whose page every installation has, US English; also what stands for a language that
-/// cannot be found out.
+/// US English, whose page every installation has. It also stands for an unknown language.
 inline constexpr int kEnglishLanguage = 1033;
 
 /// The Windows number of a locale such as "ru-RU", "ru_RU.UTF-8", "zh-Hant-TW" or "de". A territory

@@ -1,6 +1,10 @@
-// Each menu is written down as it reads.
+// Each menu is written down as it reads: a command and the number of its word. That of the methods
+// is made of their table.
 #include "resources/menus.h"
 
+#include <utility>
+
+#include "resources/methods.h"
 #include "resources/strings.h"
 
 namespace kalvex {
@@ -10,77 +14,77 @@ MenuEntry Separator() {
     return {CommandId::None, u"", {}};
 }
 
-Menu ColorMenu() {
+MenuEntry Entry(CommandId command, StringId word) {
+    return {command, Text(word), {}};
+}
+
+MenuEntry Submenu(StringId word, Menu entries) {
+    return {CommandId::None, Text(word), std::move(entries)};
+}
+
+Menu Colours() {
     return {
-        {CommandId::Red, u"Red", {}},       {CommandId::Orange, u"Orange", {}},
-        {CommandId::Violet, u"Violet", {}}, {CommandId::Green, u"Green", {}},
-        {CommandId::Blue, u"Blue", {}},     {CommandId::Magenta, u"Magenta", {}},
-        {CommandId::Cyan, u"Cyan", {}},     {CommandId::Black, u"Black", {}},
-        {CommandId::Great, u"Great", {}},
+        Entry(CommandId::Red, StringId::ColourRed),
+        Entry(CommandId::Orange, StringId::ColourOrange),
+        Entry(CommandId::Violet, StringId::ColourViolet),
+        Entry(CommandId::Green, StringId::ColourGreen),
+        Entry(CommandId::Blue, StringId::ColourBlue),
+        Entry(CommandId::Magenta, StringId::ColourMagenta),
+        Entry(CommandId::Cyan, StringId::ColourCyan),
+        Entry(CommandId::Black, StringId::ColourBlack),
+        Entry(CommandId::Great, StringId::ColourGreat),
     };
 }
 
-Menu TypeMenu() {
+Menu Types() {
     return {
-        {CommandId::Polar, u"Polar", {}},           {CommandId::Decart, u"Decart", {}},
-        {CommandId::Parametric, u"Parametric", {}}, {CommandId::File, u"File", {}},
-        {CommandId::Implicit, u"Implicit", {}},
+        Entry(CommandId::Polar, StringId::TypePolar),
+        Entry(CommandId::Decart, StringId::TypeDecart),
+        Entry(CommandId::Parametric, StringId::TypeParametric),
+        Entry(CommandId::File, StringId::TypeFile),
+        Entry(CommandId::Implicit, StringId::TypeImplicit),
     };
 }
 
-Menu OverhauserMenu() {
+StringId WordOf(MethodSubmenu submenu) {
+    return submenu == MethodSubmenu::Overhauser ? StringId::OverhauserMenu
+                                                : StringId::PiecewiseMenu;
+}
+
+/// A submenu stands at the place of its first method.
+Menu Methods() {
+    Menu menu;
+    MethodSubmenu open = MethodSubmenu::None;
+    for (const MethodChoice& choice : kMethods) {
+        const bool inside = choice.submenu != MethodSubmenu::None;
+        if (inside && choice.submenu != open) menu.push_back(Submenu(WordOf(choice.submenu), {}));
+        open = choice.submenu;
+        Menu& place = inside ? menu.back().children : menu;
+        place.push_back(Entry(choice.command, choice.word));
+    }
+    return menu;
+}
+
+Menu Zooms() {
     return {
-        {CommandId::OverhauserNonuniform, u"nonuniform spline", {}},
-        {CommandId::OverhauserUniform, u"uniform spline", {}},
-        {CommandId::Overhauser, u"Overhauser spline", {}},
+        Entry(CommandId::ZoomBox, StringId::ZoomBox),
+        Entry(CommandId::ZoomFactor, StringId::ZoomFactor),
+        Entry(CommandId::ZoomIn, StringId::ZoomIn),
+        Entry(CommandId::ZoomOut, StringId::ZoomOut),
+        Entry(CommandId::ZoomAuto, StringId::ZoomAuto),
+        Entry(CommandId::ZoomPre, StringId::ZoomPre),
     };
 }
 
-Menu PiecewiseMenu() {
+Menu FixedWindows() {
     return {
-        {CommandId::ConstantSpline, u"constant spline", {}},
-        {CommandId::LinearSpline, u"linear spline", {}},
-        {CommandId::QuadraticSpline, u"quadratic spline", {}},
-        {CommandId::CubicSpline, u"cubic spline", {}},
-        {CommandId::CubicHermite, u"cubic Hermite", {}},
-    };
-}
-
-Menu ApproxMenu() {
-    return {
-        {CommandId::LeastSquares, u"Least squares polyn.", {}},
-        {CommandId::DividedDifferences, u"Divided differ. polyn.", {}},
-        {CommandId::BSplines, u"B splines", {}},
-        {CommandId::BetaSplines, u"Beta splines", {}},
-        {CommandId::None, u"Overhauser spline", OverhauserMenu()},
-        {CommandId::None, u"Piecewise", PiecewiseMenu()},
-        // KEEP: the menu word is spelled so.
-        {CommandId::Lagrange, u"Largange", {}},
-    };
-}
-
-Menu ZoomMenu() {
-    return {
-        {CommandId::ZoomBox, u"Box", {}},
-        // KEEP: the menu word begins with a blank.
-        {CommandId::ZoomFactor, u" Factor", {}},
-        {CommandId::ZoomIn, u"Zoom In", {}},
-        {CommandId::ZoomOut, u"Zoom Out", {}},
-        {CommandId::ZoomAuto, u"Auto", {}},
-        {CommandId::ZoomPre, u"Pre", {}},
-    };
-}
-
-Menu QuickMenu() {
-    return {
-        {CommandId::QuickInit, u"Init", {}},
-        {CommandId::QuickTrig, u"Trig", {}},
-        {CommandId::QuickLogX, u"Log(X)", {}},
-        {CommandId::QuickExpX, u"exp(X)", {}},
-        {CommandId::QuickXSquared, u"X^2", {}},
-        {CommandId::QuickMinusXSquared, u"-X^2", {}},
-        // KEEP: the menu word is spelled so.
-        {CommandId::QuickStandart, u"Standart", {}},
+        Entry(CommandId::QuickInit, StringId::QuickInit),
+        Entry(CommandId::QuickTrig, StringId::QuickTrig),
+        Entry(CommandId::QuickLogX, StringId::QuickLogX),
+        Entry(CommandId::QuickExpX, StringId::QuickExpX),
+        Entry(CommandId::QuickXSquared, StringId::QuickXSquared),
+        Entry(CommandId::QuickMinusXSquared, StringId::QuickMinusXSquared),
+        Entry(CommandId::QuickStandart, StringId::QuickStandart),
     };
 }
 
@@ -88,63 +92,62 @@ Menu QuickMenu() {
 
 Menu MainMenu() {
     return {
-        {CommandId::Select, Text(StringId::Select), {}},
-        {CommandId::UnselectAll, u"Unselect All", {}},
-        {CommandId::Delete, u"Delete", {}},
+        Entry(CommandId::Select, StringId::Select),
+        Entry(CommandId::UnselectAll, StringId::MenuUnselectAll),
+        Entry(CommandId::Delete, StringId::MenuDelete),
         Separator(),
-        {CommandId::None, u"Color", ColorMenu()},
-        {CommandId::None, u"Type", TypeMenu()},
-        {CommandId::ApproxTypeMenu, Text(StringId::ApproxType), ApproxMenu()},
+        Submenu(StringId::ColorMenu, Colours()),
+        Submenu(StringId::TypeMenu, Types()),
+        {CommandId::ApproxTypeMenu, Text(StringId::ApproxType), Methods()},
         Separator(),
-        {CommandId::Options, u"Options", {}},
-        {CommandId::Help, u"Help", {}},
-        {CommandId::About, u"About", {}},
+        Entry(CommandId::Options, StringId::MenuOptions),
+        Entry(CommandId::Help, StringId::MenuHelp),
+        Entry(CommandId::About, StringId::MenuAbout),
         Separator(),
-        {CommandId::Exit, u"Exit", {}},
+        Entry(CommandId::Exit, StringId::MenuExit),
     };
 }
 
 Menu GraphMenu() {
     return {
-        {CommandId::GraphTable, u"Graph Table", {}},
-        {CommandId::FullScreen, u"Full Screen (#)", {}},
-        {CommandId::None, u"Zoom", ZoomMenu()},
-        {CommandId::None, u"QUICK", QuickMenu()},
-        {CommandId::ViewWindowDialog, u"View Window", {}},
-        {CommandId::Options, u"Options", {}},
-        {CommandId::Calculator, u"Calculator", {}},
-        {CommandId::Picture, u"Picture", {}},
+        Entry(CommandId::GraphTable, StringId::MenuGraphTable),
+        Entry(CommandId::FullScreen, StringId::MenuFullScreenKey),
+        Submenu(StringId::ZoomMenu, Zooms()),
+        Submenu(StringId::QuickMenu, FixedWindows()),
+        Entry(CommandId::ViewWindowDialog, StringId::MenuViewWindow),
+        Entry(CommandId::Options, StringId::MenuOptions),
+        Entry(CommandId::Calculator, StringId::MenuCalculator),
+        Entry(CommandId::Picture, StringId::MenuPicture),
         Separator(),
-        {CommandId::Help, u"Help", {}},
-        {CommandId::About, u"About", {}},
+        Entry(CommandId::Help, StringId::MenuHelp),
+        Entry(CommandId::About, StringId::MenuAbout),
         Separator(),
-        {CommandId::GraphExit, u"Exit", {}},
+        Entry(CommandId::GraphExit, StringId::MenuExit),
         Separator(),
-        {CommandId::SavePictureAs, u"Save Picture As...", {}},
-        {CommandId::CopyPicture, u"Copy Picture", {}},
+        Entry(CommandId::SavePictureAs, StringId::MenuSavePictureAs),
+        Entry(CommandId::CopyPicture, StringId::MenuCopyPicture),
     };
 }
 
 Menu FullScreenPopup() {
     return {
-        {CommandId::PopupFullScreen, u"Full Screen", {}},
-        {CommandId::PopupZoomIn, u"Zoom In", {}},
-        {CommandId::PopupZoomOut, u"Zoom Out", {}},
-        {CommandId::Help, u"Help", {}},
+        Entry(CommandId::PopupFullScreen, StringId::MenuFullScreen),
+        Entry(CommandId::PopupZoomIn, StringId::ZoomIn),
+        Entry(CommandId::PopupZoomOut, StringId::ZoomOut),
+        Entry(CommandId::Help, StringId::MenuHelp),
     };
 }
 
 Menu ExportMenu() {
     return {
-        {CommandId::FunctionToFile, u"Function to file", {}},
-        // KEEP: the menu word is spelled so.
-        {CommandId::AnalizFunction, u"Analiz function", {}},
+        Entry(CommandId::FunctionToFile, StringId::MenuFunctionToFile),
+        Entry(CommandId::AnalizFunction, StringId::MenuAnalizFunction),
     };
 }
 
 Menu ExportMenuOfPages() {
     Menu menu = ExportMenu();
-    menu.push_back({CommandId::ReportToFile, u"Report to file", {}});
+    menu.push_back(Entry(CommandId::ReportToFile, StringId::MenuReportToFile));
     return menu;
 }
 

@@ -17,8 +17,8 @@ struct MenuEntry {
 
 using Menu = std::vector<MenuEntry>;
 
-/// Menu of the main window's "Menu" soft key. It holds "Approx. type" always; whether that shows
-/// is a matter of the focused line.
+/// Menu of the soft key "Menu" of the editor. It always holds "Approx. type", which shows only for
+/// a `File` line.
 Menu MainMenu();
 
 /// Menu of the graph window.

@@ -1,5 +1,5 @@
-// The platform type that the program gives itself. It decides on the completion list, the `File`
-// equation type and the paged form of the report.
+// The platform type of this program. The completion list, the equation type `File` and the report
+// in pages depend on it.
 #pragma once
 
 #include <string_view>
@@ -8,7 +8,7 @@ namespace kalvex {
 
 inline constexpr std::u16string_view kPocketPc = u"PocketPC";
 
-/// Any text but kPocketPc selects the other form.
+/// With any other text than kPocketPc these three are off.
 inline constexpr std::u16string_view kPlatformType = kPocketPc;
 
 }  // namespace kalvex

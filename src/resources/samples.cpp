@@ -1,4 +1,4 @@
-// The first folder that has the file wins.
+// The file is taken from the first folder that has it.
 #include "resources/samples.h"
 
 #include <filesystem>

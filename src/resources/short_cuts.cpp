@@ -1,12 +1,19 @@
-// The first keys of a command are the ones that menus show. Plain digits and letters are free in
-// the graph; in the editor colours go by Alt, types by Ctrl, each with the digit of its place in
-// the menu, and methods by Ctrl+M and their number in base 13.
+// Menus show the first keys of a command. The graph has no text fields, so single digits and
+// letters are commands there. In the editor they type text: colours have Alt and types have Ctrl
+// with the digit of their place in the menu, methods have Ctrl+M and their number as one digit or
+// letter.
 #include "resources/short_cuts.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+
+#include "resources/methods.h"
 
 namespace kalvex {
 namespace {
 
-constexpr ShortCut kEditor[] = {
+constexpr ShortCut kLines[] = {
     {CommandId::Draw, u"F5"},
     {CommandId::Draw, u"Ctrl+Return"},
     {CommandId::Draw, u"Ctrl+Enter"},
@@ -27,25 +34,22 @@ constexpr ShortCut kEditor[] = {
     {CommandId::Parametric, u"Ctrl+3"},
     {CommandId::File, u"Ctrl+4"},
     {CommandId::Implicit, u"Ctrl+5"},
-    {CommandId::LeastSquares, u"Ctrl+M, 0"},
-    {CommandId::DividedDifferences, u"Ctrl+M, 1"},
-    {CommandId::BSplines, u"Ctrl+M, 2"},
-    {CommandId::BetaSplines, u"Ctrl+M, 3"},
-    {CommandId::OverhauserNonuniform, u"Ctrl+M, 4"},
-    {CommandId::OverhauserUniform, u"Ctrl+M, 5"},
-    {CommandId::Overhauser, u"Ctrl+M, 6"},
-    {CommandId::ConstantSpline, u"Ctrl+M, 7"},
-    {CommandId::LinearSpline, u"Ctrl+M, 8"},
-    {CommandId::QuadraticSpline, u"Ctrl+M, 9"},
-    {CommandId::CubicSpline, u"Ctrl+M, A"},
-    {CommandId::CubicHermite, u"Ctrl+M, B"},
-    {CommandId::Lagrange, u"Ctrl+M, C"},
-    {CommandId::Options, u"Ctrl+,"},
-    {CommandId::Calculator, u"F9"},
-    {CommandId::Help, u"F1"},
-    {CommandId::About, u"Shift+F1"},
-    {CommandId::Exit, u"Ctrl+Q"},
 };
+
+constexpr ShortCut kProgram[] = {
+    {CommandId::Options, u"Ctrl+,"}, {CommandId::Calculator, u"F9"}, {CommandId::Help, u"F1"},
+    {CommandId::About, u"Shift+F1"}, {CommandId::Exit, u"Ctrl+Q"},
+};
+
+/// All keys of the editor: those of the lines, of the methods, of the whole program.
+constexpr auto kEditor = [] {
+    std::array<ShortCut, std::size(kLines) + kMethods.size() + std::size(kProgram)> all{};
+    auto next = std::copy(std::begin(kLines), std::end(kLines), all.begin());
+    for (const MethodChoice& choice : kMethods)
+        *next++ = {choice.command, choice.keys};
+    std::copy(std::begin(kProgram), std::end(kProgram), next);
+    return all;
+}();
 
 constexpr ShortCut kGraph[] = {
     {CommandId::GraphTable, u"F5"},

@@ -14,13 +14,13 @@ struct ShortCut {
     std::u16string_view keys;
 };
 
-/// Of the nine lines; plain keys type text there.
+/// The short cuts of the editor. Keys without Ctrl or Alt type text there.
 std::span<const ShortCut> EditorShortCuts();
 
-/// Of the graph window.
+/// The short cuts of the graph window.
 std::span<const ShortCut> GraphShortCuts();
 
-/// Of the report.
+/// The short cuts of the report.
 std::span<const ShortCut> ReportShortCuts();
 
 /// The first keys of a command in a table; empty for a command without any.

@@ -1,6 +1,5 @@
-// The tip is part of the caption's text so that the two cannot be taken apart by a translation or a
-// change of one of them: wherever the caption goes its tip goes along. The first mark counts, so a
-// tip may contain one.
+// Caption and tip are one text, so that neither is translated or changed without the other. The
+// first mark divides them; a tip may contain further ones.
 #include "resources/tip_text.h"
 
 namespace kalvex {

@@ -8,7 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "specfun/precision/double_double.h"
+#include "numbers/double_double.h"
 
 namespace kalvex::specfun {
 

@@ -26,13 +26,8 @@ namespace kalvex::specfun {
 /// Orders of the modified Bessel functions beyond this magnitude throw.
 inline constexpr double MaxModifiedOrder = 1e12;
 
-// The bounds from Gamma to FresnelC were searched for on 1.2 million points each, denormal values
+// The bounds from Psi to FresnelC were searched for on 1.2 million points each, denormal values
 // left out, half of them random and half climbing from the worst of these; nothing above was found.
-
-/// Gamma function. All x. 0 and negative integers give an infinity, above 171.62437 plus infinity;
-/// below -200 a zero of the right sign. Polynomials from 1 to 2, recurrence to 10, Stirling's
-/// series (DLMF 5.11.1) beyond, reflection (DLMF 5.5.3) below 0. n below 0.55.
-double Gamma(double x);
 
 /// Digamma, Gamma'(x)/Gamma(x). Throws "Singularity in Psi(x)" at 0 and the negative integers.
 /// Polynomials from 1/2 to 16, the asymptotic series (DLMF 5.11.2) beyond, recurrence between -1

@@ -1,6 +1,6 @@
-// The editor lives as long as the program; the graph window is made by the first Draw and kept.
-// Only one of the two is visible. Whatever ends the program (a command, a closed window, the end
-// of the session, a signal) comes through EndApplication, which works once.
+// The editor exists as long as the program; the graph window is made by the first Draw and kept.
+// Only one of the two is visible. Every end of the program (a command, a closed window, the end of
+// the session, a signal) calls EndApplication, which works once.
 #include "ui/application.h"
 
 #include <QApplication>
@@ -9,24 +9,27 @@
 #include <cstdio>
 #include <utility>
 
+#include "commands/draw_flow.h"
 #include "graph/approx_failure.h"
 #include "graph/pick.h"
+#include "graph/trace.h"
+#include "resources/message_boxes.h"
 #include "resources/platform.h"
 #include "resources/strings.h"
+#include "settings/settings.h"
 #include "ui/dialogs/calculator_dialog.h"
 #include "ui/dialogs/options_dialog.h"
-#include "ui/draw_flow.h"
 #include "ui/editor/point_file_dialog.h"
 #include "ui/graph/graph_canvas.h"
 #include "ui/graph/picture_export.h"
+#include "ui/help/help_window.h"
 #include "ui/parts/qt_text.h"
 #include "ui/report/analysis_flow.h"
-#include "workspace/settings.h"
 
 namespace kalvex {
 namespace {
 
-/// Settings first, then what was typed since the last Draw; the first failure ends it silently.
+/// Stores the settings, then the lines; silently stops at the first failure.
 void StoreFunctions(const Application& application) {
     const Workspace& workspace = application.workspace;
     if (!StoreFunctionSettings(application.registry, workspace.functions)) return;
@@ -40,9 +43,7 @@ void StoreOpenView(Application& application, const ShowMessage& show) {
     Workspace& workspace = application.workspace;
     workspace.view = application.graph.viewport.view;
     if (StoreView(application.registry, workspace.view, workspace.options)) return;
-    show({std::u16string(Text(StringId::Error)),
-          std::u16string(Text(StringId::SaveIntoRegistryFailed)), MessageIcon::None,
-          MessageButtons::Ok});
+    show(BoxOf(StringId::Error, Text(StringId::SaveIntoRegistryFailed), MessageIcon::None));
 }
 
 /// Saves the picture where the user wants it; the next dialog starts in the same folder.
@@ -56,7 +57,8 @@ void AskForPicture(Application& application) {
         });
 }
 
-/// Shows boxes when no picture is being computed: until then nobody could answer them.
+/// Shows boxes as soon as no picture is being computed; during a computation input is held back and
+/// nobody could answer them.
 void ShowWhenIdle(Application& application, const std::vector<MessageBox>& boxes, int delay) {
     constexpr int kRetry = 50;  // milliseconds
     QTimer::singleShot(delay, application.graphWindow.get(), [&application, boxes] {
@@ -67,8 +69,8 @@ void ShowWhenIdle(Application& application, const std::vector<MessageBox>& boxes
     });
 }
 
-/// What the methods of the File lines met: lines to standard error at every redraw, boxes once per
-/// Draw, when the picture is on the screen.
+/// Reports why methods of File lines gave no curve: lines on standard error at every redraw, boxes
+/// once per Draw, when the picture is on the screen.
 void TellFailures(Application& application) {
     const auto& failures = application.graph.approxFailures;
     const std::string lines = FailureLines(failures);
@@ -78,16 +80,18 @@ void TellFailures(Application& application) {
     if (!boxes.empty()) ShowWhenIdle(application, boxes, 0);
 }
 
-/// Where the choice of a line's file starts: where its file is, else in the last folder.
+/// The folder in which the choice of a line's file starts: that of its file, else the last one.
 QString FolderOfLine(const Application& application, int slot) {
     const QFileInfo file(ToQString(application.workspace.lines[static_cast<std::size_t>(slot)]));
     return file.isFile() ? file.absolutePath() : application.windowState.folder;
 }
 
-/// Lets the user choose the file of a File line.
-void ChoosePointFile(Application& application, int slot) {
-    OpenPointFileDialog(application.editor.get(), FolderOfLine(application, slot),
-                        [&application, slot](const QString& path) {
+/// Lets the user choose the file of the line with the focus.
+void ChoosePointFile(Application& application) {
+    const std::optional<int> slot = application.editor->FocusedSlot();
+    if (!slot) return;
+    OpenPointFileDialog(application.editor.get(), FolderOfLine(application, *slot),
+                        [&application, slot = *slot](const QString& path) {
                             application.windowState.folder = QFileInfo(path).absolutePath();
                             application.workspace.lines[static_cast<std::size_t>(slot)] =
                                 FromQString(path);
@@ -96,7 +100,7 @@ void ChoosePointFile(Application& application, int slot) {
                         });
 }
 
-/// The Options dialog; what it saves shows at once, in the lines and in an open graph.
+/// Opens the Options dialog. Saved options take effect at once in the lines and in an open graph.
 void OpenOptions(Application& application) {
     OpenOptionsDialog(VisibleWindow(application), application.workspace.options,
                       application.registry, application.show, [&application] {
@@ -110,32 +114,65 @@ void ShowCalculator(Application& application) {
     OpenCalculator(VisibleWindow(application), application.calculated, application.show);
 }
 
-GraphActions ActionsOfGraph(Application& application) {
-    GraphActions actions;
-    actions.graphTable = [&application] { ReturnToTable(application); };
-    actions.exit = [&application] { ExitApplication(application); };
-    actions.openOptions = [&application] { OpenOptions(application); };
-    actions.openCalculator = [&application] { ShowCalculator(application); };
-    actions.show = application.show;
-    actions.analyse = [&application](const FunctionEntry& entry) {
-        OpenAnalysis({application.graphWindow.get(), application.analysis,
-                      application.windowState.folder, application.show, kPlatformType},
-                     entry, application.graph.viewport);
-    };
-    actions.redrawn = [&application] { TellFailures(application); };
-    actions.savePictureAs = [&application] { AskForPicture(application); };
-    actions.copyPicture = [&application] {
-        const GraphCanvas& canvas = application.graphWindow->Canvas();
-        CopyPicture(canvas.Picture(), canvas.devicePixelRatioF());
-    };
-    actions.picture = [&application] {
-        ExportPicture(application.graphWindow->Canvas().Picture(), application.workspace.options,
-                      application.registry, application.pictureFolder, application.show);
-    };
-    return actions;
+void AnalyseTraced(Application& application) {
+    const FunctionEntry* const traced =
+        TracedFunction(application.graph, application.workspace.functions);
+    if (traced == nullptr) return;
+    OpenAnalysis({application.graphWindow.get(), application.analysis,
+                  application.windowState.folder, application.show, kPlatformType},
+                 *traced, application.graph.viewport);
 }
 
+void CopyShownPicture(Application& application) {
+    const GraphCanvas& canvas = application.graphWindow->Canvas();
+    CopyPicture(canvas.Picture(), canvas.devicePixelRatioF());
+}
+
+void ExportShownPicture(Application& application) {
+    ExportPicture(application.graphWindow->Canvas().Picture(), application.workspace.options,
+                  application.registry, application.pictureFolder, application.show);
+}
+
+void MakeGraphWindow(Application& application) {
+    const auto run = [&application](CommandId command) {
+        return RunProgramCommand(application, command);
+    };
+    application.graphWindow = std::make_unique<GraphWindow>(
+        application.graph, application.workspace, GraphActions{run, application.show});
+    QObject::connect(&application.graphWindow->Canvas(), &GraphCanvas::Redrawn,
+                     application.graphWindow.get(), [&application] { TellFailures(application); });
+}
+
+struct ProgramCommand {
+    CommandId id;
+    void (*run)(Application&);
+    bool ofGraph = false;  ///< only once there is a graph window
+};
+
+constexpr ProgramCommand kProgramCommands[] = {
+    {CommandId::Draw, DrawFunctions},
+    {CommandId::File, ChoosePointFile},
+    {CommandId::Options, OpenOptions},
+    {CommandId::Calculator, ShowCalculator},
+    {CommandId::Exit, ExitApplication},
+    {CommandId::GraphTable, ReturnToTable, true},
+    {CommandId::Analyze, AnalyseTraced, true},
+    {CommandId::Picture, ExportShownPicture, true},
+    {CommandId::SavePictureAs, AskForPicture, true},
+    {CommandId::CopyPicture, CopyShownPicture, true},
+    {CommandId::GraphExit, ExitApplication, true},
+};
+
 }  // namespace
+
+bool RunProgramCommand(Application& application, CommandId command) {
+    for (const ProgramCommand& row : kProgramCommands) {
+        if (row.id != command || (row.ofGraph && !application.graphWindow)) continue;
+        row.run(application);
+        return true;
+    }
+    return RunHelpCommand(VisibleWindow(application), command);
+}
 
 void LoadWorkspace(Application& application) {
     const Registry& registry = application.registry;
@@ -155,14 +192,11 @@ void StartApplication(Application& application) {
     LoadWorkspace(application);
     if (application.ended) return;
     application.windowState = LoadWindowState(application.windowStatePath);
-    EditorActions actions;
-    actions.draw = [&application] { DrawFunctions(application); };
-    actions.exit = [&application] { ExitApplication(application); };
-    actions.choosePointFile = [&application](int slot) { ChoosePointFile(application, slot); };
-    actions.openOptions = [&application] { OpenOptions(application); };
-    actions.openCalculator = [&application] { ShowCalculator(application); };
-    actions.show = application.show;
-    application.editor = std::make_unique<EditorWindow>(application.workspace, std::move(actions));
+    const auto run = [&application](CommandId command) {
+        return RunProgramCommand(application, command);
+    };
+    application.editor =
+        std::make_unique<EditorWindow>(application.workspace, EditorActions{run, application.show});
     ApplyWindowState(*application.editor, application.windowState);
     application.editor->FocusLine(0);
     application.editor->show();
@@ -175,10 +209,7 @@ void DrawFunctions(Application& application) {
     EnterNormalMode(application.graph);
     application.viewUnsaved = true;
     application.failuresUntold = true;
-    if (!application.graphWindow) {
-        application.graphWindow = std::make_unique<GraphWindow>(
-            application.graph, application.workspace, ActionsOfGraph(application));
-    }
+    if (!application.graphWindow) MakeGraphWindow(application);
     application.graphWindow->Canvas().StartAfresh();
     TakeWindowPlace(*application.editor, *application.graphWindow);
     application.graphWindow->Canvas().ScheduleRedraw();

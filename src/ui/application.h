@@ -1,4 +1,4 @@
-// The running program: its state, its windows, and what leads from one to the other.
+// The running program: its state, its windows, and the commands that concern both windows.
 #pragma once
 
 #include <QString>
@@ -7,18 +7,18 @@
 
 #include "analysis/analysis.h"
 #include "base/message_box.h"
-#include "graph/graph.h"
+#include "commands/calculator_history.h"
+#include "graph/graph_state.h"
+#include "settings/registry.h"
 #include "ui/editor/editor_window.h"
 #include "ui/graph/graph_window.h"
 #include "ui/single_instance.h"
 #include "ui/window_state.h"
-#include "workspace/calculator_history.h"
-#include "workspace/registry.h"
 #include "workspace/workspace.h"
 
 namespace kalvex {
 
-/// Owned by main. The first block is set before StartApplication.
+/// Owned by main, which sets the members of the first block before StartApplication.
 struct Application {
     Registry registry;
     ShowMessage show;
@@ -35,21 +35,24 @@ struct Application {
     std::unique_ptr<EditorWindow> editor;
     std::unique_ptr<GraphWindow> graphWindow;
     bool loaded = false;          ///< the workspace holds what the store has
-    bool failuresUntold = false;  ///< Draw has run, its methods' failures have not been shown yet
+    bool failuresUntold = false;  ///< boxes about failed methods wait for the picture of a Draw
     bool viewUnsaved = false;     ///< the graph window is open and its bounds are not stored yet
     bool ended = false;           ///< everything has been stored for the last time
 };
 
-/// The settings of the first start are made when there are none, then texts, function settings
-/// and general settings are loaded; keys that a damaged store lacks are made. Line 1 is selected on
-/// a first start.
+/// Makes the default settings on a first start, loads texts, function settings and general
+/// settings, and makes the keys that a damaged store lacks. On a first start line 1 is selected.
 void LoadWorkspace(Application& application);
 
-/// Loads everything and shows the editor with the focus in line 1; no editor when the program was
-/// ended while a message of the loading was on the screen.
+/// Loads everything and shows the editor with the focus in line 1. There is no editor when the
+/// program was ended while a message about the loading was on the screen.
 void StartApplication(Application& application);
 
-/// The Draw flow and, when it succeeds, the graph window in the editor's place.
+/// Runs a command of the whole program. Both windows hand on to it what they cannot run themselves.
+/// False for a number that is no command, and for a command of the graph before the first Draw.
+bool RunProgramCommand(Application& application, CommandId command);
+
+/// Runs the steps of Draw and, when they succeed, shows the graph window in the editor's place.
 void DrawFunctions(Application& application);
 
 /// Stores the view (a failure is reported) and brings the editor back.
@@ -58,9 +61,9 @@ void ReturnToTable(Application& application);
 /// `Exit` of both windows: stores everything and ends the event loop.
 void ExitApplication(Application& application);
 
-/// Stores what is not stored yet, once: the view of an open graph, the function settings, the lines
-/// as they stand in the editor; closes the mutex. `show` gets a failure of the view, the others
-/// are silent.
+/// Stores what is not stored yet: the view of an open graph, the function settings, and the lines
+/// as they are in the editor; closes the mutex. Works once. A failure to store the view goes to
+/// `show`, other failures are silent.
 void EndApplication(Application& application, const ShowMessage& show);
 
 /// The window that the user sees at the moment.

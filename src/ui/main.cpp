@@ -1,7 +1,9 @@
-// The program: state here, work elsewhere. Windows come and go while it runs, so the event loop
-// ends only when somebody says so.
+// The program's state lives here. Its windows are hidden and shown while it runs, so the event loop
+// ends by Application::quit and not with the last window.
 #include <QApplication>
 
+#include "base/message_line.h"
+#include "settings/registry_file.h"
 #include "ui/application.h"
 #include "ui/graph/picture_export.h"
 #include "ui/parts/message_window.h"
@@ -9,13 +11,12 @@
 #include "ui/program_icon.h"
 #include "ui/terminate_signal.h"
 #include "workspace/function_list.h"
-#include "workspace/registry_file.h"
 
 int main(int argc, char** argv) {
     using namespace kalvex;
     QApplication qt(argc, argv);
     QApplication::setApplicationName("kalvex");
-    // No display name: the caption of every message box would end in it.
+    // With a display name Qt would append it to the caption of every message box.
     QGuiApplication::setDesktopFileName("kalvex");
     QApplication::setWindowIcon(ProgramIcon());
     QApplication::setQuitOnLastWindowClosed(false);
@@ -42,7 +43,7 @@ int main(int argc, char** argv) {
     QObject::connect(&qt, &QCoreApplication::aboutToQuit, &qt, end);
 
     StartApplication(application);
-    if (application.ended) return 0;  // an end that came before the event loop would be forgotten
+    if (application.ended) return 0;  // QCoreApplication::exit does nothing before the event loop
     ListenForStarts(application.instance, folder, [&application] { RaiseWindow(application); });
     const int result = QApplication::exec();
     ReleaseFunctions(application.workspace.functions);

@@ -1,5 +1,5 @@
-// The pictures are made by scripts/make-icons and built into the program: its windows have their
-// icon even where nothing is installed.
+// The pictures are made by scripts/make-icons and built into the program, so that its windows have
+// their icon even when the program is not installed.
 #include "ui/program_icon.h"
 
 namespace kalvex {

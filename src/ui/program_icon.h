@@ -5,7 +5,7 @@
 
 namespace kalvex {
 
-/// All its sizes, 16 to 256 pixels; the small ones are a drawing of their own.
+/// The icon in all its sizes, 16 to 256 pixels. The small sizes show a simpler drawing.
 QIcon ProgramIcon();
 
 }  // namespace kalvex

@@ -1,8 +1,8 @@
-// The mutex is a lock file with the owner's process number in it: when that process is gone the
-// lock counts as free, so a crash leaves nothing behind. A window is "found" when something
-// accepts on the local socket, which opens only after the window has been shown; connecting is the
-// search, the one byte that follows is the request to come to the front. The socket file of a
-// crashed program is removed by the next owner of the mutex.
+// The mutex is a lock file that holds the process number of its owner. When that process no longer
+// exists the lock counts as free, so a crash blocks nobody. The window of the running program is
+// found by connecting to its local socket, which opens only after the window has been shown; one
+// byte over the connection asks the window to come to the front. The socket file of a crashed
+// program is removed by the next owner of the mutex.
 #include "ui/single_instance.h"
 
 #include <QApplication>
@@ -16,7 +16,7 @@ namespace kalvex {
 namespace {
 
 constexpr int kSecondLook = 500;      // milliseconds
-constexpr int kConnectTimeout = 200;  // milliseconds; a local connection takes far below one
+constexpr int kConnectTimeout = 200;  // milliseconds; a local connection takes less than one
 
 QString LockPath(const QString& folder) {
     return QDir(folder).filePath("_Kalvex_.lock");
@@ -28,7 +28,7 @@ QString SocketPath(const QString& folder) {
 
 bool TakeMutex(InstanceGuard& guard, const QString& folder) {
     guard.mutex = std::make_unique<QLockFile>(LockPath(folder));
-    guard.mutex->setStaleLockTime(0);  // only a dead owner frees it, never its age
+    guard.mutex->setStaleLockTime(0);  // the lock never expires: only the end of its owner frees it
     guard.owner = guard.mutex->tryLock();
     // A folder that cannot be written must not keep the program from starting.
     return guard.owner || guard.mutex->error() != QLockFile::LockFailedError;
@@ -90,7 +90,8 @@ void ListenForStarts(InstanceGuard& guard, const QString& folder, std::function<
                 if (caller->bytesAvailable() > 0) emit caller->readyRead();
             }
         });
-    // A second program that started all the same has no place of its own: the first one keeps it.
+    // Only the owner of the mutex listens. A second program that started because no window was
+    // found leaves the socket to the first.
     server->listen(SocketPath(folder));
 }
 

@@ -20,11 +20,12 @@ struct InstanceSteps {
 
 enum class InstanceAnswer { Start, End };
 
-/// Whether this program may start. When another one runs its window is looked for twice, 500 ms
-/// apart; found, it comes to the front after a beep; not found, this program starts all the same.
+/// Whether this program may start. When another one holds the mutex, its window is looked for
+/// twice, 500 ms apart. If the window is found, a beep sounds, the window comes to the front, and
+/// this program ends. If it is not found, this program starts nevertheless.
 InstanceAnswer CheckInstance(const InstanceSteps& steps);
 
-/// The mutex and, once the window stands, the place where later starts find it.
+/// The mutex and, once the window has been shown, the socket on which later starts find it.
 struct InstanceGuard {
     std::unique_ptr<QLockFile> mutex;
     std::unique_ptr<QLocalServer> server;
@@ -38,7 +39,7 @@ InstanceSteps RealInstanceSteps(InstanceGuard& guard, const QString& folder);
 /// The user's own runtime folder.
 QString DefaultInstanceFolder();
 
-/// Makes this program findable; `raise` runs for every later start.
+/// Opens the socket; `raise` runs whenever a later start connects to it.
 void ListenForStarts(InstanceGuard& guard, const QString& folder, std::function<void()> raise);
 
 /// Closes mutex and socket; harmless when repeated.

@@ -1,6 +1,6 @@
-// A signal handler may do next to nothing, so it only writes a byte into a pipe; the event loop
-// watches the other end and does the work outside the handler. The pipe never blocks: when it is
-// full the request has been noticed already.
+// A signal handler may call hardly any function, so it only writes a byte into a pipe; the event
+// loop watches the other end and does the work. The pipe does not block: when it is full, the
+// request has been made already.
 #include "ui/terminate_signal.h"
 
 #include <QSocketNotifier>
@@ -23,7 +23,7 @@ namespace {
 
 constexpr std::array<int, 3> kSignals = {SIGTERM, SIGINT, SIGHUP};
 
-// The handler is called without any argument of ours, so its pipe has to be process-wide.
+// A signal handler gets no argument of the program's own, so its pipe has to be process-wide.
 std::atomic<int> requestEnd = -1;
 
 void OnSignal(int) {

@@ -1,4 +1,4 @@
-// The operating system's request to end, brought into the event loop.
+// The operating system's request to end the program, as a call in the event loop.
 #pragma once
 
 #include <QObject>

@@ -1,5 +1,5 @@
-// Three values in an INI file. A damaged file gives the defaults: a size is taken only when it is
-// a usable one.
+// A few values in an INI file. A size that no window can have is ignored, so a damaged file gives
+// the defaults.
 #include "ui/window_state.h"
 
 #include <QScreen>
@@ -88,8 +88,8 @@ void TakeWindowPlace(QWidget& last, QWidget& next) {
         const QRect place = last.isFullScreen() ? last.normalGeometry() : last.geometry();
         next.setWindowState(Qt::WindowNoState);
         next.setGeometry(place);
-        // A window that stood there before counts as unmoved: only the native one takes the same
-        // place as a wish, without which the window manager would choose another.
+        // When the place is the one that the window had before, Qt passes no move on, and the
+        // window manager would choose another place. The native window takes it as a request.
         if (next.windowHandle() != nullptr) next.windowHandle()->setGeometry(place);
     }
     next.show();

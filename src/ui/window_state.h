@@ -34,11 +34,13 @@ void SetFullScreen(QWidget& window, bool on);
 /// forget).
 bool IsOrWasMaximised(const QWidget& window);
 
-/// Keeps a window's present size; of a maximised window only that it is maximised.
+/// Stores the present size of a window, and whether it is maximised; the size of a maximised window
+/// is not stored.
 void RememberWindow(const QWidget& window, WindowState& state);
 
-/// Puts `next` where `last` stands, in the same state; `last` disappears. The full screen is left:
-/// `next` stands where `last` stood before.
+/// Shows `next` in the place of `last` and hides `last`. A maximised window is followed by a
+/// maximised one. After a window in full screen, `next` gets the place that `last` had before it
+/// filled the screen.
 void TakeWindowPlace(QWidget& last, QWidget& next);
 
 }  // namespace kalvex

@@ -1,32 +1,7 @@
 // Most defaults are the initial values of the records; only what depends on the slot is set here.
-// The examples fill the view -10..10, show a different colour each, and are written the way a
-// newcomer would type them: implicit products, but none behind a closing bracket.
 #include "workspace/defaults.h"
 
-#include <array>
-
-#include "interp/approximation.h"
-#include "workspace/settings_names.h"
-
 namespace kalvex {
-namespace {
-
-struct Example {
-    EquationType type;
-    std::u16string_view text;
-};
-
-constexpr std::array<Example, 7> kExamples = {{
-    {EquationType::Decart, u"5sin(x)/x"},
-    {EquationType::Polar, u"8cos(2x)"},
-    {EquationType::Parametric, u"9sin(3x);9cos(2x)"},
-    {EquationType::Implicit, u"y^2-x^3+12x-5"},
-    {EquationType::Decart, u"6J(0,x)"},
-    {EquationType::Decart, u"Gamma(x)"},
-    {EquationType::Polar, u"1.5x"},
-}};
-
-}  // namespace
 
 FunctionEntry DefaultEntry(int slot) {
     FunctionEntry entry;
@@ -40,20 +15,6 @@ Workspace DefaultWorkspace() {
     for (int slot = 0; slot < kSlotCount; ++slot) {
         workspace.functions[static_cast<std::size_t>(slot)] = DefaultEntry(slot);
     }
-    return workspace;
-}
-
-Workspace ExampleWorkspace(std::u16string_view pointFile) {
-    Workspace workspace = DefaultWorkspace();
-    for (std::size_t i = 0; i < kExamples.size(); ++i) {
-        workspace.functions[i].type = static_cast<std::int32_t>(kExamples[i].type);
-        workspace.lines[i] = kExamples[i].text;
-    }
-    if (pointFile.empty() || pointFile.size() >= kStoredUnits) return workspace;
-    FunctionEntry& file = workspace.functions[kExamples.size()];
-    file.type = static_cast<std::int32_t>(EquationType::File);
-    file.approx = static_cast<std::int32_t>(ApproxMethod::CubicHermite);
-    workspace.lines[kExamples.size()] = pointFile;
     return workspace;
 }
 

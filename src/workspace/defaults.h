@@ -1,7 +1,5 @@
-// What a value is before anything was stored, and what a new user finds in the nine lines.
+// What a value is before anything was stored.
 #pragma once
-
-#include <string_view>
 
 #include "workspace/workspace.h"
 
@@ -12,10 +10,5 @@ FunctionEntry DefaultEntry(int slot);
 
 /// Default entries and options, empty lines, the view -10..10 with factors 2.
 Workspace DefaultWorkspace();
-
-/// The workspace of a first start: the defaults with example lines, one of each equation type, and
-/// a line left empty. No example needs more room than the store has: the `File` line, which shows
-/// the given point file, is left empty when the path is too long for it (or empty).
-Workspace ExampleWorkspace(std::u16string_view pointFile = {});
 
 }  // namespace kalvex

@@ -7,6 +7,9 @@
 #include <vector>
 
 #include "expr/evaluator.h"
+#include "interp/approx_parameters.h"
+#include "interp/point_table.h"
+#include "resources/strings.h"
 
 namespace kalvex {
 
@@ -30,25 +33,29 @@ struct CurveSample {
     std::int32_t status = 0;  ///< EvalError code of the sample, 0 when it is good
 };
 
-/// A row of a point table; the layout of a sample, of which only x and y are read from the file.
-using PointRecord = CurveSample;
+/// The samples of one line as its last drawing left them; trace, automatic zoom and analysis read
+/// them. An implicit curve has none.
+using SampleCache = std::vector<CurveSample>;
+
+/// The pixel of a point, the centre of its circle; logical pixels.
+struct PointPixel {
+    std::int32_t column = 0;
+    std::int32_t row = 0;
+};
 
 /// One function line. Compiled forms: index 0 is the expression (of `Parametric`: X), 1 is Y.
 struct FunctionEntry {
-    std::int32_t type = 0;    ///< an EquationType as stored; other numbers are kept, never drawn
-    std::int32_t color = 0;   ///< 1..9, index into the colour table
-    std::int32_t approx = 0;  ///< approximation method 0..12
-    std::u16string text;      ///< the line as typed; of a File its name without the path
+    std::int32_t type = 0;   ///< an EquationType as stored; other numbers are kept, never drawn
+    std::int32_t color = 0;  ///< 1..9, index into the colour table
+    std::u16string text;     ///< the line as typed; of a File its name without the path
     std::u16string workingText;
     std::u16string yText;
     std::array<CompiledExpression, 2> compiled;
-    std::vector<CurveSample> samples;
+    SampleCache samples;
     std::uint8_t selected = 0;
-    std::vector<PointRecord> points;
-    std::int32_t approx_val = 1;
-    std::int32_t approx_val2 = 0;
-    double beta1 = 1.0;
-    double beta2 = 0.0;
+    PointTable points;                    ///< of a File
+    std::vector<PointPixel> pointPixels;  ///< one per point, from the last redraw
+    ApproxParameters method;              ///< of a File
 };
 
 inline constexpr int kSlotCount = 9;
@@ -66,22 +73,23 @@ struct Rgb {
 };
 
 struct NamedColor {
-    std::u16string_view name;  ///< the menu word
+    std::u16string_view name;  ///< what the tool calls it
+    StringId word{};           ///< the menu word
     Rgb rgb;
 };
 
 /// Indexed by `color` - 1.
 inline constexpr std::array<NamedColor, 9> kColorTable = {{
-    {u"Red", {255, 0, 0}},
-    {u"Orange", {255, 165, 0}},
-    {u"Violet", {138, 43, 226}},
-    {u"Green", {50, 205, 50}},
-    {u"Blue", {0, 0, 255}},
-    {u"Magenta", {255, 0, 255}},
-    {u"Cyan", {0, 255, 255}},
-    {u"Black", {0, 0, 0}},
+    {u"Red", StringId::ColourRed, {255, 0, 0}},
+    {u"Orange", StringId::ColourOrange, {255, 165, 0}},
+    {u"Violet", StringId::ColourViolet, {138, 43, 226}},
+    {u"Green", StringId::ColourGreen, {50, 205, 50}},
+    {u"Blue", StringId::ColourBlue, {0, 0, 255}},
+    {u"Magenta", StringId::ColourMagenta, {255, 0, 255}},
+    {u"Cyan", StringId::ColourCyan, {0, 255, 255}},
+    {u"Black", StringId::ColourBlack, {0, 0, 0}},
     // KEEP: the ninth word is "Great" and the colour a dark grey; settings and menus rely on it.
-    {u"Great", {105, 105, 105}},
+    {u"Great", StringId::ColourGreat, {105, 105, 105}},
 }};
 
 /// The colour of an index 1..9; black for any other index.

@@ -4,21 +4,22 @@
 #include <algorithm>
 
 #include "expr/evaluator.h"
+#include "resources/strings.h"
 
 namespace kalvex {
 
 std::u16string_view LabelOf(std::int32_t type) {
     switch (static_cast<EquationType>(type)) {
         case EquationType::Polar:
-            return u" r(x)=";
+            return Text(StringId::LabelPolar);
         case EquationType::Parametric:
-            return u" X;Y=";
+            return Text(StringId::LabelParametric);
         case EquationType::File:
-            return u" F=";
+            return Text(StringId::LabelFile);
         case EquationType::Implicit:
-            return u"G(x,y)=";  // KEEP: the only label without a leading blank
+            return Text(StringId::LabelImplicit);
         default:
-            return u" Y(x)=";
+            return Text(StringId::LabelDecart);
     }
 }
 
@@ -45,6 +46,7 @@ void ReleaseFunctions(FunctionList& functions) {
             FreeExpression(expression);
         entry.samples = {};
         entry.points = {};
+        entry.pointPixels = {};
     }
 }
 

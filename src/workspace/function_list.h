@@ -4,7 +4,6 @@
 #include <string_view>
 
 #include "base/message_box.h"
-#include "workspace/registry.h"
 #include "workspace/workspace.h"
 
 namespace kalvex {
@@ -19,13 +18,8 @@ void UnselectAll(FunctionList& functions);
 
 bool AnySelected(const FunctionList& functions);
 
-/// Prepares all nine lines for drawing, in slot order: texts, normalising, checking, compiling,
-/// storing the line as typed under `equ`. Messages go to `show`; the first failure ends it with
-/// false, silently when the line could not be stored. Slots after a failed one stay as they were.
-bool PrepareFunctions(FunctionList& functions, const EditorLines& lines, const Registry& registry,
-                      const ShowMessage& show);
-
-/// The same for one slot without storing it (the command-line tool has no registry).
+/// Prepares one line for drawing: copies the text and, when the line is selected, normalises,
+/// checks and compiles its expressions. Messages go to `show`; false after one.
 bool PrepareFunction(FunctionEntry& entry, int slot, std::u16string_view line,
                      const ShowMessage& show);
 

@@ -23,14 +23,17 @@ struct Options {
     double MaxParam = 6.283185307179586;
 };
 
-/// `Wight` as it may be drawn. The store keeps any number; 1 to 64 is what a pen can have.
+inline constexpr std::int32_t kWidestPen = 64;     ///< largest `Wight` that is drawn
+inline constexpr std::int32_t kTallestText = 200;  ///< largest `TextSize` that is drawn
+
+/// `Wight` as it may be drawn, 1 to kWidestPen pixels. The store keeps any number.
 constexpr std::int32_t PenWidthOf(const Options& options) {
-    return std::clamp<std::int32_t>(options.Wight, 1, 64);
+    return std::clamp<std::int32_t>(options.Wight, 1, kWidestPen);
 }
 
-/// `TextSize` as it may be drawn, 1 to 200 pixels.
+/// `TextSize` as it may be drawn, 1 to kTallestText pixels. The store keeps any number.
 constexpr std::int32_t TextHeightOf(const Options& options) {
-    return std::clamp<std::int32_t>(options.TextSize, 1, 200);
+    return std::clamp<std::int32_t>(options.TextSize, 1, kTallestText);
 }
 
 }  // namespace kalvex

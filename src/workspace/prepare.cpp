@@ -1,26 +1,21 @@
-// A line on its way to the graph: the text is copied, a selected line's expressions are normalised,
-// checked and compiled one after the other, and the line goes to the store. The first thing that
-// fails ends everything, so an entry may keep the compiled form of an earlier Draw.
+// A line on its way to the graph: the text is copied, and a selected line's expressions are
+// normalised, checked and compiled one after the other. The first failure ends it, so an entry may
+// keep the compiled form of an earlier Draw.
 #include "expr/checker.h"
 #include "expr/normaliser.h"
+#include "resources/message_boxes.h"
 #include "resources/strings.h"
 #include "workspace/function_list.h"
-#include "workspace/settings.h"
 
 namespace kalvex {
 namespace {
-
-void ShowError(const ShowMessage& show, std::u16string text) {
-    show({std::u16string(Text(StringId::Error)), std::move(text), MessageIcon::Stop,
-          MessageButtons::Ok});
-}
 
 bool CheckAndCompile(const FunctionEntry& entry, int slot, std::u16string_view expression,
                      CheckMode mode, CompiledExpression& compiled, const ShowMessage& show) {
     const CheckResult result = CheckExpression(expression, mode);
     if (result.code < 0) {
-        ShowError(show, FillIn(Text(StringId::ErrorInFunction),
-                               {NumberText(slot + 1), entry.text, result.message}));
+        show(ErrorBox(FillIn(Text(StringId::ErrorInFunction),
+                             {NumberText(slot + 1), entry.text, result.message})));
         return false;
     }
     compiled = CompileExpression(expression);
@@ -43,7 +38,7 @@ bool CompileImplicit(FunctionEntry& entry, int slot, const ShowMessage& show) {
 bool CompileParametric(FunctionEntry& entry, int slot, const ShowMessage& show) {
     const std::size_t split = entry.text.find(u';');
     if (split == entry.text.npos) {
-        ShowError(show, std::u16string(Text(StringId::ParametricNeedsTwo)));
+        show(ErrorBox(Text(StringId::ParametricNeedsTwo)));
         return false;
     }
     entry.workingText = entry.text.substr(0, split);
@@ -77,18 +72,6 @@ bool PrepareFunction(FunctionEntry& entry, int slot, std::u16string_view line,
         // Paths of a desktop have slashes; a name never holds either sign.
         const std::size_t last = entry.workingText.find_last_of(u"\\/");
         if (last != entry.workingText.npos) entry.text = entry.workingText.substr(last + 1);
-    }
-    return true;
-}
-
-bool PrepareFunctions(FunctionList& functions, const EditorLines& lines, const Registry& registry,
-                      const ShowMessage& show) {
-    for (int slot = 0; slot < kSlotCount; ++slot) {
-        const auto index = static_cast<std::size_t>(slot);
-        if (!PrepareFunction(functions[index], slot, lines[index], show) ||
-            !StoreFunctionText(registry, slot, lines[index])) {
-            return false;
-        }
     }
     return true;
 }

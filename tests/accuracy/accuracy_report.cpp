@@ -11,7 +11,6 @@
 #include <sstream>
 
 #include "accuracy/goals.h"
-#include "accuracy/methods.h"
 #include "accuracy/reference_table.h"
 #include "expr/kernels.h"
 
@@ -105,7 +104,7 @@ Searched SearchedOf(std::string_view name) {
     return searched;
 }
 
-void WriteFunction(const Goal& goal, const Method& method) {
+void WriteFunction(const Goal& goal) {
     const std::vector<ReferenceRow> rows = ReadReferenceTable(goal.name);
     const Worst worst = WorstOf(goal.name, rows);
     const Times times = TimesOf(goal.name, rows);
@@ -114,7 +113,7 @@ void WriteFunction(const Goal& goal, const Method& method) {
               << Digits(worst.error, 2) << " | `" << worst.where << "` | " << rows.size() << " | "
               << searched.error << " | `" << searched.where << "` | " << searched.points << " | "
               << Digits(times.median, 0) << " | " << Digits(times.longest, 0) << " | "
-              << method.domain << " | " << method.method << " | " << method.source << " |\n";
+              << goal.domain << " | " << goal.method << " | " << goal.source << " |\n";
 }
 
 void WritePage() {
@@ -141,8 +140,8 @@ void WritePage() {
            "| function | goal | worst | where | points | worst searched | where | points searched "
            "| median ns | longest ns | domain | method | source |\n"
            "|---|---|---|---|---|---|---|---|---|---|---|---|---|\n";
-    for (std::size_t i = 0; i < kGoals.size(); ++i)
-        WriteFunction(kGoals[i], kMethods[i]);
+    for (const Goal& goal : kGoals)
+        WriteFunction(goal);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// Hand-made sample caches, and caches that a drawing has filled.
+// Sample caches written by hand, and caches filled by drawing.
 #pragma once
 
 #include <string_view>
@@ -9,7 +9,7 @@
 
 namespace kalvex::fixtures {
 
-/// A sample; its row is 0 and it is defined unless told otherwise.
+/// A sample; by default its row is 0 and it is defined.
 inline CurveSample At(double x, double y, std::int32_t row = 0, std::int32_t status = 0) {
     CurveSample sample;
     sample.x = x;
@@ -27,7 +27,7 @@ inline FunctionEntry EntryOf(std::vector<CurveSample> samples,
     return entry;
 }
 
-/// Samples with the values in their order, at x = 0, 1, 2 and so on.
+/// Samples with these values at x = 0, 1, 2 and so on.
 inline FunctionEntry EntryOfValues(const std::vector<double>& values) {
     std::vector<CurveSample> samples;
     for (const double y : values)

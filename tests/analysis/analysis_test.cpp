@@ -34,7 +34,7 @@ TEST(Analysis, ExtremeValues) {
         {{At(0, 3)}, 3, 3},
         {{At(0, 3), At(1, 5), At(2, -4), At(3, 5)}, 5, -4},
         {{At(0, 3), At(1, 500, 0, 2), At(2, -400, 0, 2)}, 3, 3},
-        // An undefined first sample counts for the least value only.
+        // An undefined first sample takes part in the least value only.
         {{At(0, 1e30, 0, 2), At(1, 5), At(2, 7)}, 7, 5},
         {{At(0, -9, 0, 2), At(1, 5), At(2, 7)}, 7, -9},
         {{At(0, 1e30, 0, 2)}, -1e100, 1e30},
@@ -57,14 +57,14 @@ TEST(Analysis, Roots) {
         {{0}, {}},
         {{1, -1}, {0}},
         {{-1, 1, 1, -1}, {0, 2}},
-        {{0, 1}, {0}},        // the first sample is only ever a left one
+        {{0, 1}, {0}},        // the first sample is never the right one of a pair
         {{1, 0, 1}, {1, 1}},  // an exact zero counts twice
-        {{1, 0}, {1}},        // without a next sample, once
+        {{1, 0}, {1}},        // the last sample counts once
         {{1, 0, 0, 1}, {1, 2, 2}},
         {{0, 0, 0, 0}, {1, 2, 3}},
         {{1, -0.0, -1}, {1, 1}},
         {{kNan, 1, kNan, -1}, {}},
-        // The product of the two underflows to 0, and that is what is asked.
+        // The product of the two values underflows to 0, and the test is on the product.
         {{1e-200, 1e-200}, {0}},
     };
     for (const auto& row : rows) {
@@ -92,7 +92,7 @@ TEST(Analysis, AJumpOverTheWholePictureIsNoRoot) {
         const AnalysisResult result = Analyse(EntryOf({At(4, 1, row.left), At(5, -1, row.right)}));
         EXPECT_EQ(result.rootCount, row.root ? 1 : 0) << row.left << ' ' << row.right;
     }
-    // An exact zero is counted whatever the jump before it, and only once when one follows it.
+    // An exact zero counts even after a jump, and only once when a jump follows it.
     EXPECT_EQ(Analyse(EntryOf({At(4, 1, 0), At(5, 0, 500)})).rootCount, 1);
     EXPECT_EQ(Analyse(EntryOf({At(4, 0, 0), At(5, 1, 500)})).rootCount, 0);
 }
@@ -249,6 +249,34 @@ TEST(Analysis, OfATangentHasNoRootsAtItsPoles) {
     ASSERT_EQ(result.rootCount, 7);
     for (const double root : result.roots)
         EXPECT_LT(std::fabs(std::tan(root)), 0.2) << root;
+}
+
+// KEEP rows: the marker of an undefined sample is a value for roots, extremums and the interval.
+TEST(Analysis, OfALogarithmHasARootAndAMinimumBesideItsGap) {
+    const fixtures::DrawnLine drawn = Draw(EquationType::Decart, u"ln(x)", {});
+    const std::vector<CurveSample>& samples = drawn.functions[0].samples;
+    const AnalysisResult result = Analyse(drawn);
+    EXPECT_EQ(samples[119].y, UndefinedValue);
+    EXPECT_EQ(result.rootCount, 2);
+    ASSERT_EQ(result.roots.size(), 2u);
+    EXPECT_EQ(result.roots[0], samples[119].x) << "the last undefined sample";
+    EXPECT_NEAR(result.roots[1], 1.0, 0.09);
+    EXPECT_EQ(Abscissas(result.minimums), std::vector<double>{samples[120].x});
+    EXPECT_EQ(result.maximumCount, 0);
+}
+
+TEST(Analysis, AGapOfOneSampleIsAMaximum) {
+    const AnalysisResult result =
+        Analyse(Draw(EquationType::Decart, u"1+0/x", {-10, 10, -10, 10, 201}));
+    EXPECT_EQ(result.maximumCount, 1);
+    ASSERT_EQ(result.maximums.size(), 1u);
+    EXPECT_EQ(result.maximums[0].y, UndefinedValue);
+}
+
+TEST(Analysis, TheIntervalReachesToAnUndefinedSample) {
+    const AnalysisResult result = Analyse(Draw(EquationType::Parametric, u"ln(x-1)", {}, u"x"));
+    EXPECT_EQ(result.b, UndefinedValue);
+    EXPECT_LT(result.a, 0.0);
 }
 
 TEST(Analysis, OfConstants) {

@@ -21,10 +21,10 @@ TEST(IntegrateSamples, SumsTrapezoids) {
         {{At(0, 1), At(2, 1), At(4, 1)}, 4.0, false},
         {{At(0, 0), At(1, 1), At(2, 4)}, 3.0, false},
         {{At(4, 1), At(2, 1), At(0, 1)}, -4.0, false},  // a mirrored window
-        // The step of the first panel holds for all.
+        // The step of the first panel is used for all panels.
         {{At(0, 1), At(1, 1), At(11, 1)}, 2.0, false},
         {{At(0, 1), At(0, 1), At(5, 1)}, 0.0, false},
-        // Only the left sample of a panel is asked.
+        // Only the left sample of a panel is tested.
         {{At(0, 1), At(1, 1), At(2, 9, 0, 2), At(3, 1)}, 6.0, true},
         {{At(0, 1, 0, 2), At(1, 1)}, 0.0, true},
         {{At(0, 1), At(1, 3, 0, 2)}, 2.0, false},

@@ -121,7 +121,7 @@ TEST(ReportText, OfACurveWithoutAnything) {
               "Minimums of 5 on the interval (0.000000,0.000000) not found.\r\n");
 }
 
-// A name is a text, never a format of its own.
+// A name is inserted as it is, also when it contains format characters.
 TEST(Report, TakesAnyName) {
     for (const std::u16string_view name : {u"", u"100%s of %d%f%%.txt", u"результат.kx"}) {
         const auto pages = ReportPages(SomeResult(), name);

@@ -1,5 +1,5 @@
-// A second reading of what an analysis gives, written to be checked by eye and not for speed: each
-// figure is asked for on its own, sample by sample, from the list of all samples.
+// A second implementation of the analysis, written for clarity and not for speed: each result is
+// computed separately from the list of all samples.
 #pragma once
 
 #include <algorithm>
@@ -50,8 +50,8 @@ inline std::vector<double> Roots(const Samples& samples, int viewHeight) {
     return roots;
 }
 
-/// The x and y of the samples that lie strictly beyond both neighbours; `side` is 1 for maximums
-/// and -1 for minimums.
+/// The x and y of the samples that lie strictly above (`side` 1: maximums) or below (`side` -1:
+/// minimums) both neighbours.
 inline std::vector<std::pair<double, double>> Extremums(const Samples& samples, int viewHeight,
                                                         double side) {
     std::vector<std::pair<double, double>> found;

@@ -1,4 +1,5 @@
-// Analyses of varied functions of all types in random windows against a slow second reading.
+// Compares the analysis with a slow second implementation, for functions of all types in random
+// windows.
 #include "analysis/slow_analysis.h"
 
 #include <gtest/gtest.h>
@@ -16,7 +17,7 @@ using fixtures::DrawnLine;
 using testing_support::Below;
 using testing_support::Generator;
 
-/// The same double, or both not a number.
+/// Whether two doubles are the same number or both not-a-number.
 bool Same(double one, double other) {
     return one == other || (std::isnan(one) && std::isnan(other));
 }
@@ -76,15 +77,13 @@ std::string Where(const std::string& text, const fixtures::Window& window) {
 DrawnLine DrawFile(Generator& generator, const fixtures::Window& window) {
     DrawnLine drawn = fixtures::Draw(EquationType::File, u"", window);
     FunctionEntry& entry = drawn.functions[0];
-    entry.approx = 2 + static_cast<std::int32_t>(Below(generator, 11));
+    entry.method.approx = 2 + static_cast<std::int32_t>(Below(generator, kMethodCount - 2));
     const std::size_t count = 3 + 2 * Below(generator, 6);
     double x = std::min(window.xmin, window.xmax);
     for (std::size_t i = 0; i < count; ++i) {
-        PointRecord point;
         x += std::fabs(window.xmax - window.xmin) * Between(generator, 0.02, 0.3);
-        point.x = x;
-        point.y = Between(generator, window.ymin, window.ymax);
-        entry.points.push_back(point);
+        entry.points.x.push_back(x);
+        entry.points.y.push_back(Between(generator, window.ymin, window.ymax));
     }
     const auto measure = [](std::u16string_view, std::int32_t) { return TextExtent{}; };
     DrawGraph(drawn.state, drawn.functions, {}, measure, {});
@@ -133,7 +132,8 @@ TEST(SlowAnalysis, AgreesOnFiles) {
     for (int i = 0; i < 100; ++i) {
         const fixtures::Window window = RandomWindow(generator);
         const DrawnLine drawn = DrawFile(generator, window);
-        ExpectTheSame(drawn, Where("method " + std::to_string(drawn.functions[0].approx), window));
+        ExpectTheSame(drawn,
+                      Where("method " + std::to_string(drawn.functions[0].method.approx), window));
     }
 }
 

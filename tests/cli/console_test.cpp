@@ -8,11 +8,6 @@
 namespace kalvex {
 namespace {
 
-TEST(MessageLine, IsOneLineWhateverTheText) {
-    EXPECT_EQ(MessageLine({u"Error!", u"a\nb\r\nc\rd"}), "Error!: a\\nb\\nc\\nd");
-    EXPECT_EQ(MessageLine({u"", u""}), ": ");
-}
-
 TEST(ForEachText, HandsOverEveryLineAsItStands) {
     std::istringstream input("x\n\n  2x \r\n\xff\nlast");
     std::vector<std::u16string> texts;

@@ -37,19 +37,23 @@ TEST(ParseLineArgument, StoresTheApproximationSettings) {
     const LineArgument result =
         ParseLineArgument("decart,approx=12,approx_val=-3,approx_val2=4,beta1=0.5,beta2=-1e3:x", 1);
     EXPECT_EQ(result.error, "");
-    EXPECT_EQ(result.entry.approx, 12);
-    EXPECT_EQ(result.entry.approx_val, -3);
-    EXPECT_EQ(result.entry.approx_val2, 4);
-    EXPECT_EQ(result.entry.beta1, 0.5);
-    EXPECT_EQ(result.entry.beta2, -1000.0);
+    EXPECT_EQ(result.entry.method.approx, 12);
+    EXPECT_EQ(result.entry.method.approx_val, -3);
+    EXPECT_EQ(result.entry.method.approx_val2, 4);
+    EXPECT_EQ(result.entry.method.beta1, 0.5);
+    EXPECT_EQ(result.entry.method.beta2, -1000.0);
 }
 
 TEST(ParseLineArgument, SaysWhatIsWrong) {
     for (const std::string_view argument :
          {"", "x^2", ":x", "Decart:x", "File:a.txt", "decart,:x", "decart,color:x",
           "decart,color=0:x", "decart,color=10:x", "decart,color=:x", "decart,colour=1:x",
-          "decart,approx=13:x", "decart,approx_val=99999999999:x", "decart,beta1=a:x"})
+          "decart,approx=-1:x", "decart,approx_val=99999999999:x", "decart,beta1=a:x"})
         EXPECT_NE(ParseLineArgument(argument, 1).error, "") << argument;
+    const std::string range = "approx=0 to " + std::to_string(kMethodCount - 1);
+    const std::string beyond = "approx=" + std::to_string(kMethodCount);
+    EXPECT_EQ(ParseLineArgument("file," + beyond + ":x", 1).error,
+              range + " expected, got " + beyond);
 }
 
 TEST(ParseLineArgument, SaysWhatIsExpected) {

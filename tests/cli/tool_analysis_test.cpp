@@ -4,9 +4,9 @@
 #include <filesystem>
 #include <fstream>
 
+#include "analysis/export_files.h"
 #include "base/encoding.h"
 #include "cli/tool_expect.h"
-#include "workspace/export_files.h"
 
 namespace kalvex {
 namespace {

@@ -1,4 +1,4 @@
-// One run of the tool and what it has to give.
+// A run of the tool and its expected results.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -8,7 +8,7 @@
 namespace kalvex {
 namespace {
 
-/// A point file in a folder of its own.
+/// A point file in its own temporary folder.
 struct PointFileOf {
     TemporaryFolder folder;
     std::string path;
@@ -31,6 +31,23 @@ TEST(PointTool, PrintsThePointsOfAFile) {
         Expect({{"draw", "-o", bad.folder.PathOf("a.png"), "file:" + path}, "", 1, "", error});
     }
     EXPECT_EQ(ReadFile(bad.folder.PathOf("a.png")), "");
+}
+
+// A name is bytes: every subcommand opens what the caller typed, whatever it means as text.
+TEST(PointTool, OpensAFileWhoseNameIsNotUtf8) {
+    const TemporaryFolder folder;
+    const std::string path = folder.PathOf(
+        "m\xe9"
+        "tre.txt");
+    std::ofstream(path, std::ios::binary) << "0 1\n1 2\n";
+    Expect({{"points", path}, "", 0, "0\t1\n1\t2\n", ""});
+    Expect({{"interpolate", "--method", "8", "--at", "0.5", path}, "", 0, "0.5\t1.5\n", ""});
+    Expect({{"samples", "--size", "2x2", "--window", "0,1,0,2", "file,approx=8:" + path},
+            "",
+            0,
+            "0\t1\t0\t1\t0\t0\n2\t0\t1\t2\t0\t0\n",
+            ""});
+    Expect({{"draw", "-o", folder.PathOf("a.png"), "file,approx=8:" + path}, "", 0, "", ""});
 }
 
 TEST(PointTool, InterpolatesAFile) {

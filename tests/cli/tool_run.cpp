@@ -1,5 +1,6 @@
-// Standard input, output and error are files in a temporary folder: no pipe can fill up, however
-// much the tool reads or writes. Later settings of the environment replace earlier ones.
+// Standard input, output and error are files in a temporary folder, because a pipe could fill up
+// and block when the tool reads or writes much. Later settings of the environment replace earlier
+// ones.
 #include "cli/tool_run.h"
 
 #include <fcntl.h>

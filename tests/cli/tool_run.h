@@ -1,4 +1,4 @@
-// Runs the built tool as a user's shell would, but without a shell.
+// Starts the built tool as a process, without a shell.
 #pragma once
 
 #include <string>
@@ -12,8 +12,8 @@ struct ToolRun {
     std::string err;
 };
 
-/// Runs the tool with these arguments and this standard input to its end. `environment` holds
-/// further NAME=VALUE settings. `outPath`: a file that standard output goes to instead.
+/// Runs the tool with these arguments and this standard input until it ends. `environment` has
+/// additional NAME=VALUE settings. With `outPath`, standard output goes to that file.
 ToolRun RunTool(const std::vector<std::string>& arguments, const std::string& input = "",
                 const std::vector<std::string>& environment = {}, const std::string& outPath = "");
 

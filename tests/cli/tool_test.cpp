@@ -1,9 +1,11 @@
-// The tool as its users meet it: arguments and standard input in, lines and exit status out.
+// The built tool from the outside: arguments and standard input, printed lines and exit status.
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <fstream>
 
 #include "cli/tool_expect.h"
+#include "resources/methods.h"
 
 namespace kalvex {
 namespace {
@@ -48,6 +50,36 @@ const OutputRow kEval[] = {
     {{"eval"}, "x\n\nx+1\n", 1, "0\t0\t0\n0\t1\t0\n", "Error!: Error Empty string\n"},
 };
 
+const OutputRow kExplain[] = {
+    {{"explain", "2x^3+x"},
+     "",
+     0,
+     "text\n  2*x^3+x\n"
+     "tree\n  +\n    *\n      2\n      ^ 3\n        x\n    x\n"
+     "program\n  r0 = 2 * x ^ 3 + x\n  value = r0\n",
+     ""},
+    {{"explain", "1/x"},
+     "",
+     0,
+     "text\n  1/x\ntree\n  / may fail\n    1\n    x\n"
+     "program\n  r0 = 1 / x\n  value = r0\n",
+     ""},
+    {{"explain", "--implicit", "x^2-y"},
+     "",
+     0,
+     "text\n  x*0+x^2-y\n"
+     "tree\n  +\n    *\n      x\n      0\n    -\n      *\n        x\n        x\n      y\n"
+     "program\n  r0 = x * 0\n  r1 = x * x - y\n  r0 = r0 + r1\n  value = r0\n"
+     "program of a grid\n  r0 = x * x\n  X1 = r0\n  r0 = X1 - y\n  value = r0\n",
+     ""},
+    {{"explain"},
+     "x\n\n2+1",
+     1,
+     "text\n  x\ntree\n  x\nprogram\n  value = x\n"
+     "text\n  2+1\ntree\n  3\nprogram\n  value = 3\n",
+     "Error!: Error Empty string\n"},
+};
+
 TEST(Tool, Normalises) {
     for (const OutputRow& row : kNormalise)
         Expect(row);
@@ -67,7 +99,12 @@ TEST(Tool, Evaluates) {
         Expect(row);
 }
 
-// A locale with a decimal comma changes nothing, neither does one without UTF-8.
+TEST(Tool, Explains) {
+    for (const OutputRow& row : kExplain)
+        Expect(row);
+}
+
+// Neither a locale with a decimal comma nor one without UTF-8 changes the output.
 TEST(Tool, FollowsNoLocale) {
     for (const char* locale : {"LC_ALL=de_DE.UTF-8", "LC_ALL=C"}) {
         Expect({{"eval", "x/2", "--at", "0.5"}, "", 0, "0.5\t0.25\t0\n", ""}, {locale});
@@ -94,7 +131,7 @@ TEST(Tool, AnswersWrongUsageWithTwo) {
         {"samples", "decart:x", "decart:x"},
         {"interpolate", "points.txt"},
         {"interpolate", "--method", "8"},
-        {"interpolate", "--method", "13", "points.txt"},
+        {"interpolate", "--method", std::to_string(kMethodCount), "points.txt"},
         {"interpolate", "--method", "-1", "points.txt"},
         {"interpolate", "--method", "1.5", "points.txt"},
         {"interpolate", "--method", "8", "--at", "a", "points.txt"},
@@ -135,8 +172,8 @@ TEST(Tool, AnswersWrongUsageWithTwo) {
 }
 
 TEST(Tool, ExplainsItself) {
-    for (const char* command : {"", "normalise", "check", "eval", "interpolate", "points",
-                                "samples", "draw", "analyze", "table"}) {
+    for (const char* command : {"", "normalise", "check", "eval", "explain", "interpolate",
+                                "points", "samples", "draw", "analyze", "table"}) {
         for (const char* option : {"--help", "--version"}) {
             Arguments arguments = {option};
             if (*command != '\0') arguments.insert(arguments.begin(), command);
@@ -161,6 +198,55 @@ TEST(Tool, SurvivesAnyInput) {
         const int expected = arguments[0] == "normalise" ? 0 : 1;
         for (const std::string& input : {garbage, million + '\n', brackets + '\n'})
             EXPECT_EQ(RunTool(arguments, input).status, expected) << Joined(arguments);
+    }
+}
+
+/// A text with this many products behind ")": three tokens for each factor, one for each "*" that
+/// the normaliser puts in.
+std::string Products(int count) {
+    std::string text;
+    for (int i = 0; i <= count; ++i)
+        text += "(x)";
+    return text;
+}
+
+// The check takes 255 tokens. A longer text is rejected, so its "Test" lines end where it has more.
+TEST(Tool, TellsTheProductsOfATextThatMayBeAccepted) {
+    const auto lines = [](const std::string& text) {
+        return std::count(text.begin(), text.end(), '\n');
+    };
+    const ToolRun longest = RunTool({"check", Products(63)});
+    EXPECT_EQ(longest.out, "0\tSucsses!\n");
+    EXPECT_EQ(lines(longest.err), 63);
+    const ToolRun longer = RunTool({"check", Products(63) + "+x"});
+    EXPECT_EQ(longer.out, "-8\tCheck the placement of commas\n");
+    EXPECT_EQ(lines(longer.err), 61) << "with the 62nd product it has 256 tokens";
+    const std::string huge = Products(300000) + '\n';
+    for (const Arguments& arguments : {Arguments{"normalise"}, {"check"}, {"eval"}}) {
+        const ToolRun run = RunTool(arguments, huge);
+        EXPECT_LE(run.err.size(), 100u) << Joined(arguments);
+    }
+    EXPECT_EQ(lines(RunTool({"samples", "decart:" + Products(90)}).err), 1) << "the rejection";
+}
+
+TEST(Tool, RefusesPensAndTextsThatCannotBeDrawn) {
+    const struct {
+        const char* option;
+        const char* largest;
+        const char* tooLarge;
+    } rows[] = {{"--width", "64", "65"}, {"--text-size", "200", "201"}};
+    for (const auto& row : rows) {
+        Expect({{"samples", "--size", "1x1", row.option, row.largest, "decart:0"},
+                "",
+                0,
+                "0\t0\t-10\t0\t0\t0\n",
+                ""});
+        for (const char* number : {"0", row.tooLarge, "1000"}) {
+            const ToolRun run = RunTool({"samples", row.option, number, "decart:0"});
+            EXPECT_EQ(run.status, 2) << row.option << ' ' << number;
+            const std::string wanted = "a whole number from 1 to " + std::string(row.largest);
+            EXPECT_NE(run.err.find(wanted), std::string::npos) << run.err;
+        }
     }
 }
 
@@ -216,11 +302,49 @@ TEST(Tool, DrawsPictures) {
     const std::string pdf = folder.PathOf("d.Pdf");
     Expect({{"draw", "-o", pdf, "decart:x"}, "", 0, "", ""});
     EXPECT_EQ(ReadFile(pdf).substr(0, 4), "%PDF");
-    for (const char* name : {"missing/a.png", "missing/a.bmp", "missing/a.svg", "missing/a.pdf"}) {
+    for (const char* name :
+         {"missing/a.png", "missing/a.bmp", "missing/a.svg", "missing/a.pdf", "missing/a.txt"}) {
         const ToolRun run = RunTool({"draw", "-o", folder.PathOf(name), "decart:x"});
         EXPECT_EQ(run.status, 3) << name;
         EXPECT_NE(run.err, "") << name;
     }
+}
+
+TEST(Tool, WritesTheDrawingRecordsAsText) {
+    const TemporaryFolder folder;
+    const std::string text = folder.PathOf("a.txt");
+    Expect({{"draw", "--size", "4x4", "--window", "-2,2,-2,2", "--no-coords", "--no-labels", "-o",
+             text, "decart:x", "implicit,color=Blue:y"},
+            "",
+            0,
+            "",
+            ""});
+    EXPECT_EQ(ReadFile(text),
+              "picture\t4\t4\n"
+              "segments\tgrid\t-\t#828282\t1\t2,0,2,4 0,2,4,2\n"
+              "segments\taxes\t-\t#000000\t1\t"
+              "2,0,2,4 0,2,4,2 1,2,1,1 3,2,3,1 2,1,3,1 2,3,3,3\n"
+              "polyline\tcurve\t1\t#ff0000\t1\t0,4 1,2 2,1 4,0\n"
+              "pixels\tcurve\t2\t#0000ff\t-\t0,2,4\n");
+    const std::string points = folder.PathOf("\xd0\xb6.txt");
+    std::ofstream(points) << "-1 -1\n0 0\n1 1\n";
+    Expect({{"draw", "--size", "4x4", "--window", "-2,2,-2,2", "--no-coords", "--no-axes",
+             "--no-grid", "-o", text, "file:" + points},
+            "",
+            0,
+            "",
+            ""},
+           {"LC_ALL=de_DE.UTF-8"});
+    EXPECT_EQ(ReadFile(text),
+              "picture\t4\t4\n"
+              "ellipse\tcurve\t1\t#ff0000\t1\t-2,0,4,6\t-\n"
+              "ellipse\tcurve\t1\t#ff0000\t1\t-1,-1,5,5\t-\n"
+              "ellipse\tcurve\t1\t#ff0000\t1\t0,-2,6,4\t-\n"
+              "polyline\tcurve\t1\t#ff0000\t1\t0,2 1,2 2,2 4,2\n"
+              "text\tname\t1\t#ff0000\t-\t5,5\t14\t\xd0\xb6.tx\n");
+    EXPECT_EQ(RunTool({"draw", "-o", folder.PathOf("a.jpg"), "decart:x"}).err,
+              "-o: a name that ends in .bmp, .png, .svg, .pdf or .txt expected\n"
+              "Run with --help for more information.\n");
 }
 
 TEST(Tool, ZoomsAutomatically) {
@@ -230,7 +354,7 @@ TEST(Tool, ZoomsAutomatically) {
             "0\t0\t-10\t100\t0\t0\n1\t3\t-5\t25\t0\t0\n2\t4\t0\t0\t0\t0\n"
             "3\t3\t5\t25\t0\t0\n5\t0\t10\t100\t0\t0\n",
             ""});
-    // Bounds that cannot be found: a message, and the window as it was.
+    // When no bounds can be found there is a message and the window is not changed.
     Expect({{"samples", "--auto", "--size", "1x4", "decart:x+200"},
             "",
             0,

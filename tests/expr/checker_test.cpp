@@ -7,10 +7,10 @@
 #include <string>
 #include <vector>
 
-#include "base/decimal.h"
 #include "base/encoding.h"
 #include "expr/names.h"
 #include "expr/shape_tokens.h"
+#include "numbers/decimal.h"
 #include "random_text.h"
 
 namespace kalvex {
@@ -77,6 +77,8 @@ constexpr Row kOneVariable[] = {
     {u"(*x)", -6, kAfter},
     {u"(*x+)", -6, kAfter},
     {u"(x+)*(-x)", -6, kBefore},
+    {u"(a+)", -6, kLexeme},  // lexemes come before the places beside brackets
+    {u"(*a)", -6, kLexeme},
     {u"sin+x", -7, kNames},
     {u"sin", -7, kNames},
     {u"(sin)", -7, kNames},

@@ -9,7 +9,7 @@
 #include <string>
 
 #include "kernel_calls.h"
-#include "specfun/precision/double_double.h"
+#include "numbers/double_double.h"
 
 namespace kalvex {
 namespace {
@@ -128,11 +128,10 @@ TEST(KernelEnds, OfPowers) {
 /// The largest double whose n-th power, rounded, is finite: n ln x below the logarithm of
 /// 2^1024 (1 - 2^-54), decided with 31 digits.
 double LargestBase(int n) {
-    using namespace specfun;
-    const DoubleDouble limit = Subtract(Multiply(kLn2, 1024.0), 0x1p-54);
+    const DoubleDouble limit = kLn2 * 1024.0 - 0x1p-54;
     const auto excess = [&limit, n](double x) {
-        const DoubleDouble power = Multiply(Log(DoubleDouble{x}), static_cast<double>(n));
-        return ToDouble(Subtract(power, limit));
+        const DoubleDouble power = Log(DoubleDouble{x}) * (static_cast<double>(n));
+        return ToDouble(power - limit);
     };
     double x = std::exp2(1024.0 / n);
     x -= x * excess(x) / n;
@@ -174,9 +173,9 @@ TEST(KernelEnds, OfIntegralPowersHaveTheirDigits) {
                 base = std::exp(logarithm(generator) / n);
             const auto powers = Compute(table, OpCode::IntegerPower, bases, {}, n);
             for (std::size_t i = 0; i < bases.size(); ++i) {
-                const auto ofBase = specfun::Log(specfun::DoubleDouble{bases[i]});
-                const auto exponent = specfun::Multiply(ofBase, static_cast<double>(n));
-                const double expected = specfun::ToDouble(specfun::Exp(exponent));
+                const auto ofBase = Log(DoubleDouble{bases[i]});
+                const auto exponent = ofBase * (static_cast<double>(n));
+                const double expected = ToDouble(Exp(exponent));
                 EXPECT_LE(Units(powers[i], expected), 1.0) << bases[i] << "^" << n;
             }
         }

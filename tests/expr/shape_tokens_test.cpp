@@ -148,5 +148,23 @@ TEST(ShapeTokens, ReducesAsTheLiteralScan) {
     }
 }
 
+TEST(ShapeLength, CountsTokensUpToOneMoreThanTheCapacity) {
+    const struct {
+        std::u16string text;
+        std::size_t length;
+    } rows[] = {
+        {u"", 0},
+        {u"x", 1},
+        {u"12.5+sin(x)", 5},
+        {u"x+q+x", 2},  // a word that is no token ends the count
+        {std::u16string(255, u'x'), 255},
+        {std::u16string(256, u'x'), 256},
+        {std::u16string(1000000, u'('), 256},
+        {std::u16string(1000000, u'1'), 1},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(ShapeLength(row.text), row.length) << ToUtf8(row.text.substr(0, 20));
+}
+
 }  // namespace
 }  // namespace kalvex

@@ -70,6 +70,9 @@ TEST(AutoZoom, TakesTheExtremesOfTheCaches) {
         {{{-4, 7}}, -4 * 1.1, 7 * 1.1},
         {{{-4, 0}}, -4 * 1.1, -4 * -0.1},
         {{{1, 2}, {-3, 0.5}}, -3 * 1.1, 2 * 1.1},
+        // A tenth is taken by multiplication with -0.1; a division by 10 would give 0.3.
+        {{{0, 3}}, -0.30000000000000004, 3 * 1.1},
+        {{{-3, 0}}, -3 * 1.1, 0.30000000000000004},
         // KEEP: the factor moves a positive minimum and a negative maximum inward.
         {{{10, 20}}, 10 * 1.1, 20 * 1.1},
         {{{-20, -10}}, -20 * 1.1, -10 * 1.1},

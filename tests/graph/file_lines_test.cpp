@@ -42,8 +42,8 @@ class FileLines : public testing::Test {
         FunctionEntry& entry = functions[slot];
         entry.type = 4;
         entry.selected = 1;
-        entry.approx = approx;
-        entry.approx_val = terms;
+        entry.method.approx = approx;
+        entry.method.approx_val = terms;
         entry.text = ToUtf16(name);
         entry.workingText = ToUtf16((folder / name).string());
     }
@@ -65,13 +65,16 @@ TEST_F(FileLines, AreReadWhenTheyAreSelected) {
     functions[2].workingText = u"no/such/file";
     EXPECT_TRUE(Prepare());
     EXPECT_TRUE(shown.boxes.empty());
-    ASSERT_EQ(functions[4].points.size(), 5u);
-    EXPECT_EQ(functions[4].points[3].x, 3);
-    EXPECT_EQ(functions[4].points[3].y, 9);
-    EXPECT_TRUE(functions[7].points.empty());
+    ASSERT_EQ(CountOf(functions[4].points), 5u);
+    EXPECT_EQ(functions[4].points.x[3], 3);
+    EXPECT_EQ(functions[4].points.y[3], 9);
+    EXPECT_EQ(CountOf(functions[7].points), 0u);
+    functions[7].selected = 2;
+    EXPECT_TRUE(Prepare());
+    EXPECT_EQ(CountOf(functions[7].points), 0u) << "1 alone means selected";
     Line(4, 2);
     EXPECT_TRUE(Prepare());
-    EXPECT_EQ(functions[4].points.size(), 2u);
+    EXPECT_EQ(CountOf(functions[4].points), 2u);
 }
 
 TEST_F(FileLines, StopAtAFileThatCannotBeRead) {
@@ -79,15 +82,15 @@ TEST_F(FileLines, StopAtAFileThatCannotBeRead) {
     Line(3, 60, 0, 99);
     Line(5, 4);
     functions[3].workingText = u"/no/such/file";
-    functions[3].points.resize(7);
+    functions[3].points = {{1, 2}, {3, 4}};
     EXPECT_FALSE(Prepare());
     ASSERT_EQ(shown.boxes.size(), 1u);
     EXPECT_EQ(shown.boxes[0].caption, u"Warning!");
     EXPECT_EQ(shown.boxes[0].text, u"Error in file!");
     EXPECT_EQ(shown.boxes[0].icon, MessageIcon::Exclamation);
-    EXPECT_EQ(functions[1].points.size(), 4u);
-    EXPECT_TRUE(functions[3].points.empty());
-    EXPECT_TRUE(functions[5].points.empty());
+    EXPECT_EQ(CountOf(functions[1].points), 4u);
+    EXPECT_EQ(CountOf(functions[3].points), 0u);
+    EXPECT_EQ(CountOf(functions[5].points), 0u);
 }
 
 TEST_F(FileLines, NeedAGoodNumberOfTerms) {

@@ -46,6 +46,31 @@ TEST(Graph, DrawsItsLayersInOrder) {
     EXPECT_EQ(std::get<TextRecord>(list.records[count - 1]).text, u"x");
 }
 
+RecordOrigin OriginOf(const DrawRecord& record) {
+    return std::visit([](const auto& one) { return one.origin; }, record);
+}
+
+TEST(Graph, NotesTheOriginOfEachRecord) {
+    GraphState state = StateOf(MakeViewport(-10, 10, -10, 10));
+    FunctionList functions;
+    functions[0] = MakeEntry(EquationType::Polar, u"5");
+    functions[2] = MakeEntry(EquationType::Decart, u"1/x");
+    functions[3] = MakeEntry(EquationType::Decart, u"x");
+    functions[3].selected = 0;
+    functions[8] = MakeEntry(EquationType::Implicit, u"x-y");
+    const DrawList list = Draw(state, functions, Options{});
+    std::vector<RecordOrigin> origins;  // without repetitions
+    for (const DrawRecord& record : list.records) {
+        const RecordOrigin origin = OriginOf(record);
+        if (origins.empty() || !(origins.back() == origin)) origins.push_back(origin);
+    }
+    const std::vector<RecordOrigin> expected = {
+        {DrawLayer::Grid},     {DrawLayer::Axes},     {DrawLayer::Numbers},
+        {DrawLayer::Curve, 0}, {DrawLayer::Curve, 2}, {DrawLayer::Curve, 8},
+        {DrawLayer::Name, 0},  {DrawLayer::Name, 2},  {DrawLayer::Name, 8}};
+    EXPECT_EQ(origins, expected);
+}
+
 TEST(Graph, SwitchesEachLayer) {
     FunctionList functions;
     const auto count = [&](const Options& options) {
@@ -145,14 +170,12 @@ TEST(Graph, PlacesTheCursorOnTheMiddleSample) {
     Draw(state, functions, PlainOptions());
     EXPECT_EQ(state.trace.index, 120);
     EXPECT_EQ(state.trace.pixel, PixelPoint{});
-    EXPECT_NE(state.trace.status, 0);
     functions[0] = MakeEntry(EquationType::Decart, u"x");
     state.mode = GraphMode::Box;
     Draw(state, functions, PlainOptions());
-    EXPECT_NE(state.trace.status, 0) << "a pick keeps its cursor";
+    EXPECT_EQ(state.trace.pixel, PixelPoint{}) << "a pick keeps its cursor";
     state.mode = GraphMode::Normal;
     Draw(state, functions, PlainOptions());
-    EXPECT_EQ(state.trace.status, 0);
     EXPECT_EQ(state.trace.pixel,
               (PixelPoint{functions[0].samples[120].column, functions[0].samples[120].row}));
 }
@@ -204,11 +227,10 @@ TEST(Graph, SurvivesEverySize) {
 /// A File line with as many points on y = x as are asked for.
 FunctionEntry FileEntry(int points, std::int32_t approx) {
     FunctionEntry entry = MakeEntry(EquationType::File, u"a.txt");
-    entry.approx = approx;
-    entry.points.resize(static_cast<std::size_t>(points));
+    entry.method.approx = approx;
     for (int i = 0; i < points; ++i)
-        entry.points[static_cast<std::size_t>(i)].x = entry.points[static_cast<std::size_t>(i)].y =
-            i;
+        entry.points.x.push_back(i);
+    entry.points.y = entry.points.x;
     return entry;
 }
 
@@ -240,8 +262,8 @@ TEST(Graph, TellsWhichMethodsFailedInTheLastRedraw) {
         EXPECT_EQ(state.approxFailures[0].diagnostic.reason, StringId::QuadraticEven);
         EXPECT_EQ(state.approxFailures[1].slot, 8);
     }
-    EXPECT_EQ(state.trace.status, 1000);
-    functions[1].approx = functions[8].approx = 8;
+    EXPECT_EQ(functions[8].samples[static_cast<std::size_t>(state.trace.index)].status, 1000);
+    functions[1].method.approx = functions[8].method.approx = 8;
     Draw(state, functions, PlainOptions());
     EXPECT_TRUE(state.approxFailures.empty());
 }
@@ -250,8 +272,8 @@ TEST(Graph, TellsTheProgressOfALongFileLineAndStopsIt) {
     GraphState state = StateOf(MakeViewport(-10, 10, -10, 10));
     FunctionList functions;
     functions[0] = FileEntry(3000, 12);
-    for (PointRecord& point : functions[0].points)
-        point.x = 9 * std::cos(point.x / 1000);
+    for (double& x : functions[0].points.x)
+        x = 9 * std::cos(x / 1000);
     std::int32_t next = 0;
     int calls = 0;
     const auto progress = [&](const ProgressStretch& stretch) {

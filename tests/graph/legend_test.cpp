@@ -31,6 +31,8 @@ TEST(Legend, ListsTheDrawnFunctions) {
     functions[3] = Entry(EquationType::Polar, u"2*x", 5);
     functions[4] = Entry(EquationType::Decart, u"unselected", 5);
     functions[4].selected = 0;
+    functions[6] = Entry(EquationType::Decart, u"neither selected nor not", 5);
+    functions[6].selected = 2;
     functions[5] = Entry(EquationType::None, u"untyped", 5);
     functions[8] = Entry(EquationType::File, u"C:\\data/points.txt", 9);
     const auto lines = LegendOf(functions);

@@ -112,6 +112,24 @@ TEST(BoxMode, RefusesPointsInLine) {
     }
 }
 
+TEST(BoxMode, LastsUntilTheRefusalIsAnswered) {
+    Graph graph;
+    std::vector<std::u16string> titles;
+    std::vector<GraphMode> modes;
+    graph.show = [&](const MessageBox&) {
+        titles.push_back(graph.Title());
+        modes.push_back(graph.state.mode);
+        return MessageAnswer::Ok;
+    };
+    graph.Run(CommandId::ZoomBox);
+    graph.Tap(60, 60);
+    graph.Tap(100, 60);
+    EXPECT_EQ(titles, (std::vector<std::u16string>{u"Choose Second point"}));
+    EXPECT_EQ(modes, (std::vector<GraphMode>{GraphMode::Box}));
+    EXPECT_EQ(graph.Title(), u"Kalvex");
+    EXPECT_EQ(graph.state.mode, GraphMode::Normal);
+}
+
 TEST(BoxMode, StaysInsideThePicture) {
     Graph graph;
     graph.Run(CommandId::ZoomBox);
@@ -247,6 +265,17 @@ TEST(ZoomAtOnce, ZoomsAboutThePopup) {
     EXPECT_EQ(graph.Title(), u"Kalvex");
     graph.Run(CommandId::ZoomPre);
     graph.ExpectBounds(-10, 10, -10, 10);
+}
+
+TEST(ZoomAtOnce, SavesTheWindowBefore) {
+    for (const ZoomDirection direction : {ZoomDirection::In, ZoomDirection::Out}) {
+        Graph graph;
+        graph.state.viewport.view.Xmax = 9;
+        graph.state.viewport.view.Yfactor = 3;
+        ZoomAtOnce(graph.state, {180, 60}, direction);
+        EXPECT_EQ(graph.state.viewport.PreviousWindow.Xmax, 9);
+        EXPECT_EQ(graph.state.viewport.PreviousWindow.Yfactor, 3);
+    }
 }
 
 TEST(TraceMode, MovesInTheLowerBandOnly) {
@@ -415,7 +444,8 @@ TEST(Overlay, HidesTheCrossOnAnUnplottedSample) {
     MoveTraceTo(graph.state, graph.functions, 3);
     const Overlay overlay = OverlayOf(graph.state, graph.functions, Options{});
     EXPECT_FALSE(overlay.cross);
-    EXPECT_EQ(overlay.texts.at(1), u"The logarithm of a negative argument is not specified");
+    EXPECT_EQ(overlay.texts.at(1),
+              u"ln error\nThe logarithm of a negative argument is not specified");
     EXPECT_EQ(overlay.texts.at(2), u"dy/dx: error");
 }
 

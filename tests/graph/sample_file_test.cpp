@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cmath>
+#include <limits>
 
 #include "expr/eval_error.h"
 #include "graph/curves.h"
@@ -13,15 +14,13 @@ namespace {
 using fixtures::MakeViewport;
 using fixtures::RecordsOf;
 
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+
 FunctionEntry EntryOf(const std::vector<double>& x, const std::vector<double>& y,
                       std::int32_t approx) {
     FunctionEntry entry = fixtures::MakeEntry(EquationType::File, u"");
-    entry.approx = approx;
-    for (std::size_t i = 0; i < x.size(); ++i) {
-        entry.points.emplace_back();
-        entry.points.back().x = x[i];
-        entry.points.back().y = y[i];
-    }
+    entry.method.approx = approx;
+    entry.points = {x, y};
     return entry;
 }
 
@@ -43,8 +42,8 @@ TEST(FileFunction, DrawsItsPointsAsCircles) {
     ASSERT_EQ(circles.size(), 3u);
     const PixelPoint centres[] = {{0, 0}, {100, 50}, {125, 75}};
     for (std::size_t i = 0; i < 3; ++i) {
-        EXPECT_EQ(entry.points[i].column, centres[i].x);
-        EXPECT_EQ(entry.points[i].row, centres[i].y);
+        EXPECT_EQ(entry.pointPixels[i].column, centres[i].x);
+        EXPECT_EQ(entry.pointPixels[i].row, centres[i].y);
         EXPECT_EQ(circles[i].left, centres[i].x - 3);
         EXPECT_EQ(circles[i].top, centres[i].y - 3);
         EXPECT_EQ(circles[i].right, centres[i].x + 3);
@@ -59,14 +58,38 @@ TEST(FileFunction, DrawsItsPointsAsCircles) {
     EXPECT_TRUE(std::holds_alternative<EllipseRecord>(plot.list.records.front()));
 }
 
+// Points have a formula of their own: by origin and scale they would be on the pixel beside.
+TEST(FileFunction, PutsItsPointsOnTheirExactPixels) {
+    struct Row {
+        double low, high;
+        std::int32_t size;
+        double at;
+        std::int32_t pixel;
+    };
+    const Row columns[] = {
+        {1.3, 4.8, 480, 4.1, 384}, {1.1, 5.9, 240, 2.7, 79}, {-10, 10, 200, -10.07, 0}};
+    for (const auto& row : columns) {
+        FunctionEntry entry = EntryOf({row.at}, {0}, 7);
+        PlotOf(entry, MakeViewport(row.low, row.high, -1, 1, row.size, 100));
+        EXPECT_EQ(entry.points[0].column, row.pixel) << row.at;
+    }
+    const Row rows[] = {
+        {0.3, 2.5, 480, 1.4, 239}, {-4.0, -1.5, 100, -3.3, 71}, {-10, 10, 200, 10.07, 0}};
+    for (const auto& row : rows) {
+        FunctionEntry entry = EntryOf({0}, {row.at}, 7);
+        PlotOf(entry, MakeViewport(-1, 1, row.low, row.high, 100, row.size));
+        EXPECT_EQ(entry.points[0].row, row.pixel) << row.at;
+    }
+}
+
 TEST(FileFunction, LeavesOutCirclesThatCannotBeSeen) {
     const Viewport viewport = MakeViewport(0, 100, 0, 100, 100, 100);
     // Beyond each edge by more than the radius, touching it, and twice on the same pixel.
     FunctionEntry entry =
         EntryOf({-5, -3, 104, 102, 50, 50, 1e300}, {50, 50, 50, 50, 105, 103, 0}, 7);
     EXPECT_EQ(RecordsOf<EllipseRecord>(PlotOf(entry, viewport).list).size(), 3u);
-    EXPECT_EQ(entry.points[0].column, -5);
-    EXPECT_EQ(entry.points[6].column, 2147483647);
+    EXPECT_EQ(entry.pointPixels[0].column, -5);
+    EXPECT_EQ(entry.pointPixels[6].column, 2147483647);
     FunctionEntry twice = EntryOf({50, 50.5, 50.25, 51}, {50, 50, 48.9, 50}, 7);
     EXPECT_EQ(RecordsOf<EllipseRecord>(PlotOf(twice, viewport).list).size(), 3u);
 }
@@ -89,6 +112,8 @@ TEST(FileFunction, SamplesOneValuePerColumnBetweenTheBounds) {
             EXPECT_EQ(sample.row, WorldToScreenY(viewport.view, sample.y));
         }
     }
+    PlotOf(entry, MakeViewport(0.2, 7.5, -10, 10));
+    EXPECT_EQ(entry.samples[144].x, 4.598326359832637) << "multiplied before it is divided";
     PlotOf(entry, MakeViewport(5, 7, 0, 1, 1, 1));
     ASSERT_EQ(entry.samples.size(), 1u);
     EXPECT_EQ(entry.samples[0].x, 5);
@@ -102,13 +127,15 @@ TEST(FileFunction, DrawsNoValuesOf2To31AndMore) {
         bool drawn;
     } rows[] = {{2147483647.0, true},  {2147483647.9, true},   {2147483648.0, false},
                 {-2147483647.9, true}, {-2147483648.0, false}, {1e30, false},
-                {-1e30, false},        {1e300, false}};
+                {-1e30, false},        {1e300, false},         {kInfinity, false},
+                {-kInfinity, false}};
     for (const auto& row : rows) {
         FunctionEntry entry = EntryOf({5}, {row.value}, 7);
         const Plot plot = PlotOf(entry, viewport);
         EXPECT_EQ(RecordsOf<PolylineRecord>(plot.list).size(), row.drawn ? 1u : 0u) << row.value;
         EXPECT_EQ(entry.samples[3].row, row.drawn ? WorldToScreenY(viewport.view, row.value) : 0);
-        EXPECT_EQ(entry.samples[3].status, row.value == 1e30 ? 1000 : 0) << row.value;
+        const bool hasValue = row.value != 1e30 && std::isfinite(row.value);
+        EXPECT_EQ(entry.samples[3].status, hasValue ? 0 : 1000) << row.value;
         EXPECT_EQ(entry.samples[3].y, row.value);
     }
 }
@@ -154,7 +181,7 @@ TEST(FileFunction, SurvivesExtremeWindowsAndPoints) {
     const std::vector<double> y = {1, -1e308, NAN, inf, 0, 3, 1e30, -inf, 2};
     for (const fixtures::Size size : fixtures::kExtremeSizes) {
         for (const auto& [low, high] : fixtures::ExtremeBounds()) {
-            for (std::int32_t method = -1; method <= 13; ++method) {
+            for (std::int32_t method = -1; method <= kMethodCount; ++method) {
                 FunctionEntry entry = EntryOf(x, y, method);
                 PlotOf(entry, MakeViewport(low, high, low, high, std::min(size.width, 300),
                                            std::min(size.height, 300)));

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "base/encoding.h"
 #include "graph/curves.h"
 #include "graph/graph_fixtures.h"
 
@@ -47,6 +48,49 @@ TEST(SampleParametric, TakesTheStatusOfXFirst) {
         EXPECT_NE(entry.samples[5].status, 0);
         EXPECT_EQ(entry.samples[5].column, 0);
         EXPECT_TRUE(list.records.empty());
+    }
+}
+
+// A running sum, or another order of the same operations, gives the column beside.
+TEST(SampleParametric, TakesItsParametersByMultiplication) {
+    const struct {
+        double xmin, xmax, minParam, maxParam;
+        std::int32_t width;
+        std::size_t index;
+        double parameter;
+        std::int32_t column;
+    } rows[] = {
+        {2.0, 9.0, -5.0, 11.0, 300, 154, 3.2133333333333347, 52},
+        {-3.9, 9.1, -6.0, 0.6, 640, 570, -0.12187500000000107, 185},
+    };
+    for (const auto& row : rows) {
+        FunctionEntry entry = MakeEntry(EquationType::Parametric, u"x", u"1");
+        DrawList list;
+        PlotParametric(entry, MakeViewport(row.xmin, row.xmax, -10, 10, row.width), row.minParam,
+                       row.maxParam, Pen{}, list);
+        EXPECT_EQ(entry.samples[row.index].parameter, row.parameter) << row.xmin;
+        EXPECT_EQ(entry.samples[row.index].column, row.column) << row.xmin;
+    }
+}
+
+// Parameters 0, 1, 2 and so on; a half is undefined from 3 on or up to 3.
+TEST(SampleParametric, LeavesASampleBesideAnUndefinedOneUnplotted) {
+    const struct {
+        const char16_t* x;
+        const char16_t* y;
+        std::size_t unplotted;
+        std::size_t plotted;
+    } rows[] = {{u"ln(3-x)", u"x+1", 2, 1},
+                {u"x+1", u"ln(3-x)", 2, 1},
+                {u"ln(x-3)", u"x+1", 3, 4},
+                {u"x+1", u"ln(x-3)", 3, 4}};
+    for (const auto& row : rows) {
+        FunctionEntry entry = MakeEntry(EquationType::Parametric, row.x, row.y);
+        DrawList list;
+        PlotParametric(entry, MakeViewport(-10, 10, -10, 10), 0.0, 240.0, Pen{}, list);
+        EXPECT_EQ(entry.samples[row.unplotted].column, 0) << ToUtf8(row.x);
+        EXPECT_EQ(entry.samples[row.unplotted].row, 0) << ToUtf8(row.x);
+        EXPECT_NE(entry.samples[row.plotted].column, 0) << ToUtf8(row.x);
     }
 }
 

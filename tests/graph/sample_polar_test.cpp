@@ -66,6 +66,24 @@ TEST(SamplePolar, BreaksOnlyAtUndefinedRadii) {
     EXPECT_EQ(fixtures::RecordsOf<SegmentsRecord>(joined)[0].segments.size(), 179u);
 }
 
+TEST(SamplePolar, LeavesASampleWithAnUndefinedRightNeighbourUnplotted) {
+    const Viewport viewport = MakeViewport(-2, 2, -2, 2);
+    FunctionEntry entry = MakeEntry(EquationType::Polar, u"ln(3-x)");
+    DrawList list;
+    PlotPolar(entry, viewport, 1.0, Pen{}, list);
+    const CurveSample& last = entry.samples[85];  // 170 degrees, just below 3
+    EXPECT_EQ(last.status, 0);
+    EXPECT_NE(last.x, UndefinedValue);
+    EXPECT_EQ(last.column, 0);
+    EXPECT_EQ(last.row, 0);
+    EXPECT_EQ(entry.samples[86].y, UndefinedValue);
+    const auto lines = fixtures::RecordsOf<SegmentsRecord>(list);
+    ASSERT_EQ(lines.size(), 1u);
+    EXPECT_EQ(lines[0].segments.back().to, (PixelPoint{WorldToScreenX(viewport.view, last.x),
+                                                       WorldToScreenY(viewport.view, last.y)}))
+        << "the line still ends on it";
+}
+
 TEST(SamplePolar, SurvivesEveryWindow) {
     for (const auto* text : {u"x", u"1/x", u"exp(100*x)"})
         for (const auto& [low, high] : fixtures::ExtremeBounds()) {

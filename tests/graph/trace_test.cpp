@@ -2,10 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "base/decimal.h"
 #include "base/encoding.h"
 #include "expr/eval_error.h"
 #include "graph_fixtures.h"
+#include "numbers/decimal.h"
 
 namespace kalvex {
 namespace {
@@ -62,6 +62,14 @@ TEST(TraceTexts, ShowErrorsWhereAQuotientIsNone) {
         EXPECT_EQ(TraceTexts(WithSamples(EquationType::Polar, {before, at}), 1, true).back(),
                   u"dy/dx: error\ndx/dT: error\ndy/dT: error");
     }
+    // With X undefined and Y defined all three quotients would have finite values.
+    const std::pair<CurveSample, CurveSample> halves[] = {
+        {{0, 0, kUndefined, 3, 0, 3}, {0, 0, 2, 4, 1, 0}},
+        {{0, 0, 1, 3, 0, 0}, {0, 0, kUndefined, 4, 1, 3}},
+    };
+    for (const auto& [before, at] : halves)
+        EXPECT_EQ(TraceTexts(WithSamples(EquationType::Parametric, {before, at}), 1, true).back(),
+                  u"dy/dx: error\ndx/dT: error\ndy/dT: error");
     const FunctionEntry still =
         WithSamples(EquationType::Parametric, {{0, 0, 1, 2, 3, 0}, {0, 0, 4, 5, 3, 0}});
     EXPECT_EQ(TraceTexts(still, 1, true).back(), u"dy/dx: error\ndx/dT: error\ndy/dT: error");
@@ -73,9 +81,10 @@ TEST(TraceTexts, ShowTheReasonOfAnUndefinedValue) {
         std::int32_t status;
         std::u16string_view text;
     } rows[] = {
-        {kUndefined, 1, u"Division by 0 not allowed"},
-        {kUndefined, 3, u"The logarithm of a negative argument is not specified"},
-        {kUndefined, 1000, u"When linear interpolation, extrapolation is impossible"},
+        {kUndefined, 1, u"Devide error\nDivision by 0 not allowed"},
+        {kUndefined, 3, u"ln error\nThe logarithm of a negative argument is not specified"},
+        {kUndefined, 1000,
+         u"Interpolation error\nWhen linear interpolation, extrapolation is impossible"},
         {kUndefined, 0, u"y=1000000000000000019884624838656.000000"},
         {kUndefined, 4711, u"y=1000000000000000019884624838656.000000"},
         {5.0, 1, u"y=5.000000"},

@@ -20,6 +20,9 @@ TEST(Viewport, MapsTheStandardWindow) {
     EXPECT_EQ(view.ScaleY, 13.4);
     EXPECT_EQ(view.StepX, 2.0);
     EXPECT_EQ(view.StepY, 2.0);
+    // A tenth is taken by multiplication with 0.1; a division by 10 would give 0.3.
+    EXPECT_EQ(MakeViewport(0, 3, 0, 3).view.StepX, 0.30000000000000004);
+    EXPECT_EQ(MakeViewport(0, 3, 0, 3).view.StepY, 0.30000000000000004);
     const struct {
         double x;
         std::int32_t column;
@@ -35,10 +38,22 @@ TEST(Viewport, MapsTheStandardWindow) {
     };
     for (const auto& row : rows)
         EXPECT_EQ(WorldToScreenX(view, row.x), row.column) << row.x;
-    EXPECT_EQ(WorldToScreenY(view, 0.0), 134);
-    EXPECT_EQ(WorldToScreenY(view, 10.0), 0);
-    EXPECT_EQ(WorldToScreenY(view, -10.0), 268);
-    EXPECT_EQ(WorldToScreenY(view, std::numeric_limits<double>::quiet_NaN()), 0);
+    const struct {
+        double y;
+        std::int32_t row;
+    } heights[] = {
+        {0.0, 134},
+        {10.0, 0},
+        {-10.0, 268},
+        {10.0 + 0.7 / 13.4, 0},
+        {10.0 - 0.7 / 13.4, 0},
+        {11.0, -13},
+        {-11.0, 281},
+        {1e300, INT32_MIN},
+        {std::numeric_limits<double>::quiet_NaN(), 0},
+    };
+    for (const auto& row : heights)
+        EXPECT_EQ(WorldToScreenY(view, row.y), row.row) << row.y;
 }
 
 TEST(Viewport, SpreadsTheWindowOverAllPixels) {
@@ -56,6 +71,65 @@ TEST(Viewport, GivesTheWorldPointOfAPixel) {
     EXPECT_EQ(ScreenToWorld(viewport, 240, 268).x, 10.0);
     EXPECT_EQ(ScreenToWorld(viewport, 240, 268).y, -10.0);
     EXPECT_EQ(ScreenToWorld(viewport, 120, 134).x, 0.0);
+}
+
+// In each of these windows another order of the same operations rounds to the pixel beside.
+TEST(Viewport, PutsTheOriginOnItsExactPixel) {
+    const struct {
+        double low, high;
+        std::int32_t size, column;
+    } columns[] = {{-1.6, 3.2, 480, 159}, {-5.1, 0.9, 200, 169}, {-2.3, 10.5, 640, 115}};
+    for (const auto& row : columns) {
+        const Viewport viewport = MakeViewport(row.low, row.high, -1, 1, row.size, 100);
+        EXPECT_EQ(WorldToScreenX(viewport.view, 0.0), row.column) << row.low;
+    }
+    const struct {
+        double low, high;
+        std::int32_t size, row;
+    } rows[] = {{-0.2, 4.6, 480, 460}, {-5.2, 4.4, 240, 109}, {-0.7, 4.9, 480, 419}};
+    for (const auto& row : rows) {
+        const Viewport viewport = MakeViewport(-1, 1, row.low, row.high, 100, row.size);
+        EXPECT_EQ(WorldToScreenY(viewport.view, 0.0), row.row) << row.low;
+    }
+}
+
+TEST(Viewport, MapsAPointByOriginAndScale) {
+    const struct {
+        double low, high;
+        std::int32_t size;
+        double x;
+        std::int32_t column;
+    } rows[] = {{-11.2, -7.2, 480, -10.4, 96}, {-5.4, 1.4, 100, -3.7, 24}};
+    for (const auto& row : rows) {
+        const Viewport viewport = MakeViewport(row.low, row.high, -1, 1, row.size, 100);
+        EXPECT_EQ(WorldToScreenX(viewport.view, row.x), row.column) << row.x;
+    }
+}
+
+// The world point of a pixel need not map back to that pixel; both roundings count.
+TEST(Viewport, BlendsTheBoundsExactly) {
+    struct Row {
+        double low, high;
+        std::int32_t size, pixel;
+        double world;
+        std::int32_t mappedBack;
+    };
+    const Row columns[] = {{-9.1, -6.7, 100, 99, -6.724000000000001, 98},
+                           {8.9, 9.3, 240, 98, 9.063333333333333, 97}};
+    for (const auto& row : columns) {
+        const Viewport viewport = MakeViewport(row.low, row.high, -1, 1, row.size, 100);
+        const double x = ScreenToWorld(viewport, row.pixel, 0).x;
+        EXPECT_EQ(x, row.world) << row.low;
+        EXPECT_EQ(WorldToScreenX(viewport.view, x), row.mappedBack) << row.low;
+    }
+    const Row rows[] = {{-2.5, 10.3, 300, 170, 3.0466666666666677, 169},
+                        {1.0, 1.8, 480, 324, 1.2600000000000002, 323}};
+    for (const auto& row : rows) {
+        const Viewport viewport = MakeViewport(-1, 1, row.low, row.high, 100, row.size);
+        const double y = ScreenToWorld(viewport, 0, row.pixel).y;
+        EXPECT_EQ(y, row.world) << row.low;
+        EXPECT_EQ(WorldToScreenY(viewport.view, y), row.mappedBack) << row.low;
+    }
 }
 
 TEST(Viewport, HasSevenQuickWindows) {

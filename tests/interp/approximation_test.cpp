@@ -33,7 +33,8 @@ const Numbers kAt = {-3, 0, 0.25, 0.5, 1, 1.75, 2, 3.5, 4, 10};
 TEST(Approximation, GivesALineForPointsOnALine) {
     const Numbers x = {0, 1, 2, 3, 4};
     const Numbers uneven = {0, 0.5, 2, 3, 4};
-    // The constant spline cannot; the parametric ones with bias or uneven spacing need not.
+    // The constant spline has steps. The B, beta and uniform Overhauser splines assume equal spacing
+    // and give a line only then.
     for (const std::int32_t method : {0, 1, 2, 3, 4, 5, 6, 8, 9, 10, 11, 12}) {
         for (const Numbers& abscissas : {x, uneven}) {
             const bool parametric = method == 2 || method == 3 || method == 5;
@@ -55,7 +56,8 @@ TEST(Approximation, OfTooFewPointsIsUndefinedOrFatal) {
     // What 0, 1 and 2 points give, per method: u undefined, v a value, f a fatal condition.
     const char* const expected[] = {"uvv", "uvv", "uuv", "uuv", "fff", "fff", "fff",
                                     "uvv", "uuv", "fff", "ffv", "ffv", "vvv"};
-    for (std::int32_t method = 0; method <= 12; ++method) {
+    static_assert(std::size(expected) == kMethodCount);
+    for (std::int32_t method = 0; method < kMethodCount; ++method) {
         for (std::size_t count = 0; count <= 2; ++count) {
             Numbers x;
             for (std::size_t i = 0; i < count; ++i)
@@ -74,7 +76,7 @@ TEST(Approximation, OfTooFewPointsIsUndefinedOrFatal) {
 
 TEST(Approximation, OfAnUnknownMethodOrNoTermsIsUndefined) {
     const Numbers x = {0, 1, 2};
-    for (const std::int32_t method : {-1, 13, INT32_MIN, INT32_MAX}) {
+    for (const std::int32_t method : {-1, kMethodCount, INT32_MIN, INT32_MAX}) {
         const Pass pass = RunPass(x, x, {method}, kAt);
         EXPECT_FALSE(pass.failure);
         EXPECT_EQ(pass.values, Numbers(kAt.size(), UndefinedValue));
@@ -141,7 +143,7 @@ TEST(Approximation, IsTheSameInAnyOrderOfTheAbscissas) {
     const Numbers x = {0, 1, 1.5, 3, 4};
     const Numbers y = {0, 2, 1, 5, 3};
     const Numbers backward(kAt.rbegin(), kAt.rend());
-    for (std::int32_t method = 0; method <= 12; ++method) {
+    for (std::int32_t method = 0; method < kMethodCount; ++method) {
         const ApproxParameters parameters{method, 1, 1, 1.0, 0.5};
         const Numbers there = RunPass(x, y, parameters, kAt).values;
         const Numbers back = RunPass(x, y, parameters, backward).values;
@@ -172,7 +174,7 @@ TEST(Approximation, JoinsTheSampleFilesByEveryMethod) {
     for (std::size_t i = 0; i < std::size(counts); ++i) {
         const PointTable table = ReadPointFile(SamplePath(kSampleFiles[i])).points;
         ASSERT_EQ(table.x.size(), counts[i]);
-        for (std::int32_t method = 0; method <= 12; ++method) {
+        for (std::int32_t method = 0; method < kMethodCount; ++method) {
             const Pass pass =
                 RunPass(table.x, table.y, {method, method == 0 ? 7 : 2, 2, 1.0, 0.0}, table.x);
             EXPECT_FALSE(pass.failure) << kSampleFiles[i] << " " << method;

@@ -32,10 +32,11 @@ TEST(Hermite, HasZeroDerivativeWhereTheSlopesDisagree) {
 
 TEST(Hermite, LimitsTheEndDerivatives) {
     Numbers d;
-    // The three-point estimate 5.5 is more than three times the slope 1 that turns to -8.
+    // The slope changes from 1 to -8. The three-point estimate 5.5 exceeds three times the slope 1
+    // and is limited to it.
     ASSERT_FALSE(SPLINE_PCHIP_SET(Numbers{0, 1, 2}, Numbers{0, 1, -7}, d));
     EXPECT_EQ(d[0], 3.0);
-    // The estimate -0.5 has the other sign than the slope 1.
+    // The three-point estimate -0.5 and the slope 1 differ in sign: the derivative is 0.
     ASSERT_FALSE(SPLINE_PCHIP_SET(Numbers{0, 1, 2}, Numbers{0, 1, 5}, d));
     EXPECT_EQ(d[0], 0.0);
     ASSERT_FALSE(SPLINE_PCHIP_SET(Numbers{0, 1, 2}, Numbers{0, 3, 5}, d));

@@ -12,7 +12,7 @@ namespace {
 constexpr double kInf = std::numeric_limits<double>::infinity();
 constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
 
-/// The rule as it is worded: i from 2 to n-1 (1-based).
+/// The rule in knots.h, by trying i = 2 to n-1 in turn.
 std::size_t SearchedLeft(const std::vector<double>& T, double t) {
     for (std::size_t i = 2; i + 1 <= T.size(); ++i)
         if (t < T[i - 1]) return i - 2;

@@ -34,7 +34,7 @@ TEST(Lagrange, HasNoValueWithEqualAbscissas) {
     }
 }
 
-/// The definition, for any number of points.
+/// The definition of the polynomial, which the direct form follows.
 double Defined(const Numbers& x, const Numbers& y, double t) {
     double sum = 0.0;
     for (std::size_t i = 0; i < x.size(); ++i) {
@@ -50,7 +50,7 @@ TEST(Lagrange, KeepsTheDefinedValuesForLargeTables) {
     const WellPlaced points = Points(300);
     for (double t = -1.0; t <= 1.0; t += 0.013)
         EXPECT_NEAR(Lagrange(points.x, points.y, t), Defined(points.x, points.y, t), 1e-12) << t;
-    // Equally spaced: both have the error of the condition, about 2^40 here.
+    // Equally spaced points: both forms have an error of the condition number, about 2^40 here.
     Numbers x;
     Numbers y;
     for (int i = 0; i < 40; ++i) {

@@ -85,5 +85,17 @@ TEST(LeastSquares, NamesItsFatalConditionsWithABoxForEach) {
     EXPECT_TRUE(fit.D.empty());
 }
 
+// With both conditions unmet, the number of distinct abscissas is the one that is told.
+TEST(LeastSquares, ChecksTheAbscissasBeforeTheWeights) {
+    Work work;
+    LeastSquaresFit fit;
+    const Failure failure =
+        LEAST_SET(Numbers{1, 1, 2}, Numbers{1, 2, 3}, Numbers{1, -1, 1}, 3, fit, work);
+    ASSERT_TRUE(failure);
+    EXPECT_EQ(failure->reason, StringId::LeastSquaresDistinct);
+    EXPECT_EQ(failure->box, StringId::LeastSetFailed);
+    EXPECT_TRUE(fit.D.empty());
+}
+
 }  // namespace
 }  // namespace kalvex

@@ -69,7 +69,7 @@ TEST(BetaSpline, ApproachesThePolylineWithGrowingTension) {
         EXPECT_LT(atPoints, distanceAtPoints) << tension;
         distanceAtPoints = atPoints;
         if (tension < 1e6) continue;
-        // Between the points a smooth step remains, never farther from the line than a tenth of it.
+        // Between two points a smooth step remains, within a tenth of their difference of the line.
         for (double t = 0.0; t <= 6.0; t += 0.01)
             EXPECT_NEAR(SPLINE_BETA_VAL(1.0, tension, knots, kY, t), LinearAt(t),
                         0.0963 * 2.5 + 1e-5)
@@ -144,7 +144,7 @@ TEST(Overhauser, NamesItsFatalConditions) {
         EXPECT_EQ(LinesOf(CheckOverhauser(x)),
                   "\nSPLINE_OVERHAUSER_VAL - Fatal error!\n  NDATA < 3.\n");
     }
-    // The order comes before the count.
+    // The order of the abscissas is checked before their number.
     for (const Numbers& x : {Numbers{1, 1}, Numbers{2, 1}, Numbers{0, 1, 1}, Numbers{0, 2, 1, 3}}) {
         const Failure failure = CheckOverhauser(x);
         EXPECT_EQ(LinesOf(failure),

@@ -54,7 +54,7 @@ TEST(PointText, HoldsOnePointPerLine) {
         ExpectPoints(row);
 }
 
-// The write position goes back at a short line and the number of points stays.
+// A short line sets the number of points, and the next point replaces the last one.
 TEST(PointText, CountsUpToAShortLine) {
     const Row rows[] = {
         {"0 1\n1 2\n2 0\n\n", {0, 1, 2}, {1, 2, 0}},
@@ -85,18 +85,18 @@ TEST(PointText, IsReadInPiecesOf255Characters) {
     // 255 characters are a piece; the line feed behind them is a short line of its own.
     ExpectPoints({"1" + blanks.substr(0, 253) + "2\n", {1}, {2}});
     ExpectPoints({"0 0\n1" + blanks.substr(0, 253) + "2\n3 4\n", {0, 3}, {0, 4}});
-    // A longer line is a point, then another one.
+    // A longer line is cut into two points.
     ExpectPoints({"1" + blanks.substr(0, 253) + "23 4\n", {1, 3}, {2, 4}});
-    // CR LF is one character before the pieces are cut.
+    // CR LF counts as one character when pieces are cut.
     ExpectPoints({"1" + blanks.substr(0, 252) + "2\r\n3 4\r\n", {1, 3}, {2, 4}});
-    // Characters count, not bytes.
+    // Pieces are measured in characters, not in bytes.
     std::string umlauts;
     for (int i = 0; i < 250; ++i)
         umlauts += "\xC3\xA4";
     ExpectPoints({"1 " + umlauts + " 2\n3 4\n", {1, 3}, {2, 4}});
 }
 
-// KEEP row: a y that is not there is 0.
+// KEEP row: a missing y is 0.
 TEST(PointText, ReadsAMissingYAsZero) {
     ExpectPoints({"1 2 \n3 4\n", {1, 3}, {0, 4}});
     ExpectPoints({"3 4\n5  ", {3, 5}, {4, 0}});

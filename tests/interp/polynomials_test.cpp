@@ -1,4 +1,4 @@
-// Where the three polynomials have to agree or have the same limits.
+// Properties that the three polynomials have in common.
 #include "interp/polynomial_fixtures.h"
 
 namespace kalvex {

@@ -1,6 +1,6 @@
-// The methods against the tables of scripts/make-interpolation-tables. A value is held to a
-// relative error of 1e-12; where the terms that it is the sum of are more than a hundred times as
-// large as it is, the problem is ill-conditioned and the error is held to 1e-14 of their size.
+// Compares the methods with the tables of scripts/make-interpolation-tables. The relative error of a
+// value must not exceed 1e-12. When the value is the sum of terms more than a hundred times as large,
+// the problem is ill-conditioned, and the error may be 1e-14 times the size of the terms.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -11,9 +11,9 @@
 #include <string>
 #include <vector>
 
-#include "base/decimal.h"
 #include "expr/eval_error.h"
 #include "interp/approximation.h"
+#include "numbers/decimal.h"
 
 namespace kalvex {
 namespace {

@@ -58,7 +58,7 @@ TEST(Ellipse, FarBeyondThePictureIsItsArc) {
         EXPECT_FALSE(IsGrey(circle, 48, y));
         EXPECT_FALSE(IsGrey(circle, 52, y));
     }
-    // Just above the limit of the raster engine: compare the height of the arc with the formula.
+    // Slightly above the limit of the raster engine: the height of the arc must follow the formula.
     const QImage large = PaintPicture({100, 200, {Ring(-20000, 0, 20100, 40100)}});
     EXPECT_TRUE(IsGrey(large, 50, 0));
     const QImage corners =

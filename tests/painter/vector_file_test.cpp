@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::int32_t kHuge = 2'000'000'000;
 
-/// One record of each kind, some reaching far outside.
+/// One record of each kind; some reach far outside the picture.
 DrawList Sample() {
     DrawList list{120, 80, {}};
     const Pen red{{255, 0, 0}, 3};
@@ -96,10 +96,9 @@ TEST(VectorFiles, AreNotWrittenWhereTheyCannotBe) {
         EXPECT_FALSE(WriteSvg(folder.filePath("a.svg"), list));
         EXPECT_FALSE(WritePdf(folder.filePath("a.pdf"), list));
     }
-    for (const PictureFormat format :
-         {PictureFormat::Bmp, PictureFormat::Png, PictureFormat::Svg, PictureFormat::Pdf}) {
-        EXPECT_FALSE(WritePicture("/dev/full", Sample(), format));
-        EXPECT_TRUE(WritePicture("/dev/null", Sample(), format));
+    for (const PictureFormat& format : PictureFormats()) {
+        EXPECT_FALSE(format.write("/dev/full", Sample())) << format.suffix;
+        EXPECT_TRUE(format.write("/dev/null", Sample())) << format.suffix;
     }
     EXPECT_FALSE(QFileInfo("/dev/full").isFile()) << "a device is not replaced by a file";
     EXPECT_FALSE(QFileInfo("/dev/null").isFile());
@@ -108,35 +107,39 @@ TEST(VectorFiles, AreNotWrittenWhereTheyCannotBe) {
 TEST(PictureFormat, GoesByTheEnding) {
     const struct {
         const char* path;
-        std::optional<PictureFormat> format;
+        std::string_view suffix;  ///< of the format; empty: none
     } rows[] = {
-        {"a.png", PictureFormat::Png},
-        {"/x.y/a.SVG", PictureFormat::Svg},
-        {"a.b.Pdf", PictureFormat::Pdf},
-        {"a.bmp", PictureFormat::Bmp},
-        {"a", std::nullopt},
-        {"a.jpg", std::nullopt},
-        {"/folder.png/a", std::nullopt},
-        {"", std::nullopt},
-        {"a.png ", std::nullopt},
+        {"a.png", "png"}, {"/x.y/a.SVG", "svg"}, {"a.b.Pdf", "pdf"},
+        {"a.bmp", "bmp"}, {"a.Txt", "txt"},      {"a", ""},
+        {"a.jpg", ""},    {"/folder.png/a", ""}, {"", ""},
+        {"a.png ", ""},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(PictureFormatOf(row.path), row.format) << row.path;
+    for (const auto& row : rows) {
+        const PictureFormat* format = PictureFormatOf(row.path);
+        EXPECT_EQ(format != nullptr ? format->suffix : "", row.suffix) << row.path;
+    }
+    EXPECT_EQ(PictureEndings(), ".bmp, .png, .svg, .pdf or .txt");
 }
 
-TEST(WritePicture, WritesEachFormat) {
+TEST(PictureFormat, WritesWhatItSays) {
     const QTemporaryDir folder;
     const struct {
-        PictureFormat format;
+        std::string_view suffix;
         const char* start;
-    } rows[] = {{PictureFormat::Bmp, "BM"},
-                {PictureFormat::Png, "\x89PNG"},
-                {PictureFormat::Svg, "<?xml"},
-                {PictureFormat::Pdf, "%PDF"}};
-    for (const auto& row : rows) {
+        FormatUse use;
+    } rows[] = {{"bmp", "BM", FormatUse::Everywhere},
+                {"png", "\x89PNG", FormatUse::Everywhere},
+                {"svg", "<?xml", FormatUse::Everywhere},
+                {"pdf", "%PDF", FormatUse::Everywhere},
+                {"txt", "picture\t120\t80\n", FormatUse::ToolOnly}};
+    ASSERT_EQ(PictureFormats().size(), std::size(rows));
+    for (std::size_t i = 0; i < std::size(rows); ++i) {
+        const PictureFormat& format = PictureFormats()[i];
         const QString path = folder.filePath("picture");
-        EXPECT_TRUE(WritePicture(path, Sample(), row.format));
-        EXPECT_TRUE(Contents(path).startsWith(row.start)) << row.start;
+        EXPECT_EQ(format.suffix, rows[i].suffix);
+        EXPECT_EQ(format.use, rows[i].use) << format.suffix;
+        EXPECT_TRUE(format.write(path, Sample())) << format.suffix;
+        EXPECT_TRUE(Contents(path).startsWith(rows[i].start)) << format.suffix;
     }
 }
 

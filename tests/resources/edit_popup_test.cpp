@@ -8,7 +8,7 @@
 namespace kalvex {
 namespace {
 
-/// One line per entry: the way to it, its number.
+/// One line per entry: the path of menu words that leads to it, and its number.
 void Describe(const Menu& menu, const std::u16string& way, std::u16string& out) {
     for (const MenuEntry& entry : menu) {
         const std::u16string here = way + std::u16string(entry.text);

@@ -39,7 +39,7 @@ TEST(LanguageNumber, IsThatOfTheLocale) {
         {"uk-UA", 1058},
         {"pl-PL", 1045},
         {"it-IT", 1040},
-        // Unknown ones are read in English.
+        // An unknown language gets the English page.
         {"C", 1033},
         {"POSIX", 1033},
         {"", 1033},
@@ -62,7 +62,7 @@ TEST(HelpAddress, HoldsModuleAndLanguage) {
         {3082, "res:///usr/bin/kalvex.0c0a.mui/HTML/#172"},
         {2052, "res:///usr/bin/kalvex.0804.mui/HTML/#172"},
         {5124, "res:///usr/bin/kalvex.01404.mui/HTML/#172"},
-        // An unknown language has no page of its own to name.
+        // An unknown language gets the address of the English page.
         {0, "res:///usr/bin/kalvex/HTML/#172"},
         {-1, "res:///usr/bin/kalvex/HTML/#172"},
     };
@@ -96,7 +96,7 @@ TEST_F(HelpPageTest, IsTheTranslatedOneOrTheEnglishOne) {
     EXPECT_EQ(Find(1033), "");
     const std::string russian = Write("first", "0419");
     EXPECT_EQ(Find(1049), russian);
-    EXPECT_EQ(Find(1033), "");  // never another translation
+    EXPECT_EQ(Find(1033), "");  // a translation never stands in for the English page
     EXPECT_EQ(Find(1031), "");
     const std::string english = Write("first", "0409");
     EXPECT_EQ(Find(1049), russian);
@@ -113,7 +113,7 @@ TEST_F(HelpPageTest, LooksIntoTheFoldersInOrder) {
     const std::string russian = Write("second", "0419");
     const std::string first = Write("first", "0409");
     EXPECT_EQ(Find(1033), first);
-    EXPECT_EQ(Find(1049), russian);  // the language counts more than the folder
+    EXPECT_EQ(Find(1049), russian);  // not the English page of the first folder
 }
 
 TEST_F(HelpPageTest, TakesAnyModuleName) {
@@ -130,7 +130,7 @@ TEST_F(HelpPageTest, IsEmptyForWhatIsNoAddress) {
                                    "http:///x/HTML/#172", "res:///x/HTML/#1720"})
         EXPECT_EQ(HelpPage(text, {root / "first"}), "") << text;
     EXPECT_EQ(HelpPage(HelpAddress("/x", 1033), {}), "");
-    // A folder of that name is no page.
+    // A folder with the name of the page does not count.
     std::filesystem::create_directories(root / "second/0409/index.html");
     EXPECT_EQ(HelpPage(HelpAddress("/x", 1033), {root / "second"}), "");
 }

@@ -8,7 +8,7 @@
 namespace kalvex {
 namespace {
 
-/// One line per entry: indentation, text, number where it is one of the resources'.
+/// One line per entry: indented text, and the number if it is a fixed one.
 void Describe(const Menu& menu, const std::u16string& indent, std::u16string& out) {
     for (const MenuEntry& entry : menu) {
         out += indent + std::u16string(entry.text.empty() ? u"-" : entry.text);

@@ -10,7 +10,7 @@
 namespace kalvex {
 namespace {
 
-/// The commands of a menu that no keys run.
+/// The menu words of the commands that have no short cut.
 void CollectWithoutKeys(const Menu& menu, std::span<const ShortCut> table,
                         std::set<std::u16string>& found) {
     for (const MenuEntry& entry : menu) {
@@ -25,7 +25,7 @@ TEST(ShortCuts, EveryCommandOfAMenuHasOne) {
     CollectWithoutKeys(MainMenu(), EditorShortCuts(), found);
     CollectWithoutKeys(GraphMenu(), GraphShortCuts(), found);
     CollectWithoutKeys(ExportMenuOfPages(), ReportShortCuts(), found);
-    // What does nothing needs no keys.
+    // This command does nothing, so it needs no short cut.
     EXPECT_EQ(found, std::set<std::u16string>{u"Analiz function"});
 }
 

@@ -32,7 +32,7 @@ TEST(SplitTip, CutsAtTheFirstMark) {
     }
 }
 
-// Users and scripts know these letter by letter, "Wight", "parametr" and "mjde" included.
+// These texts are fixed letter by letter, the spellings "Wight", "parametr" and "mjde" included.
 TEST(SplitTip, OfTheOptions) {
     const struct {
         StringId id;

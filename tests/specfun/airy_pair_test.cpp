@@ -16,7 +16,7 @@ TEST(AiryPair, Wronskian) {
     for (double y = -13; y <= 13; y += 0.00977) {
         const AiryPair a = AiryAiPair({y, y * 0x1p-55});
         const AiryPair b = AiryBiPair({y, y * 0x1p-55});
-        const Extended difference = a.value * b.derivative - b.value * a.derivative;
+        const DoubleDouble difference = a.value * b.derivative - b.value * a.derivative;
         EXPECT_NEAR(ToDouble(difference * kPi), 1, 0x1p-49) << y;
     }
 }
@@ -36,10 +36,10 @@ TEST(AiryPair, SeamsMeet) {
     for (int eighths = -103; eighths <= 103; eighths += 2) {
         constexpr double kStep = 0x1p-58;
         for (const auto f : {AiryAiPair, AiryBiPair}) {
-            const AiryPair below = f(Extended{eighths / 8.0} - kStep);
-            const AiryPair above = f(Extended{eighths / 8.0} + kStep);
+            const AiryPair below = f(DoubleDouble{eighths / 8.0} - kStep);
+            const AiryPair above = f(DoubleDouble{eighths / 8.0} + kStep);
             const double size = std::fabs(below.value.high) + std::fabs(below.derivative);
-            const Extended rise = above.value - below.value;
+            const DoubleDouble rise = above.value - below.value;
             EXPECT_NEAR((rise.high - 2 * kStep * below.derivative) / size, 0, 0x1p-60) << eighths;
             EXPECT_NEAR((above.derivative - below.derivative) / size, 0, 0x1p-50) << eighths;
         }

@@ -5,8 +5,8 @@
 #include <limits>
 #include <numbers>
 
+#include "numbers/double_double.h"
 #include "specfun/airy/turns.h"
-#include "specfun/precision/double_double.h"
 #include "specfun/specfun.h"
 
 namespace kalvex::specfun {
@@ -40,11 +40,12 @@ TEST(TurnedPhase, SquaresOfWholeNumbers) {
 
 TEST(TurnedPhase, AgreesWithDoubleDoubles) {
     for (double x = 1; x < 1e8; x *= 1.0371) {
-        const DoubleDouble zeta = Divide(Multiply(Multiply(Sqrt({x, 0}), x), 2), 3);
+        const DoubleDouble zeta = Sqrt({x, 0}) * x * 2 / 3;
         ReducedAngle expected;
-        expected.rest = ReduceByHalfPi(Add(zeta, {kPi.high / 4, kPi.low / 4}), expected.quadrant);
+        expected.rest =
+            ReduceByHalfPi(zeta + DoubleDouble{kPi.high / 4, kPi.low / 4}, expected.quadrant);
         const ReducedAngle angle = TurnedPhase(x);
-        const DoubleDouble difference = Subtract(angle.rest, expected.rest);
+        const DoubleDouble difference = angle.rest - expected.rest;
         EXPECT_EQ(angle.quadrant, expected.quadrant) << x;
         EXPECT_NEAR(ToDouble(difference), 0, 1e-29 * (1 + zeta.high)) << x;
     }

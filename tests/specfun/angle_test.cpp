@@ -10,7 +10,7 @@ namespace {
 
 /// |a - b| <= bound |b|.
 void ExpectClose(DoubleDouble a, DoubleDouble b, double bound, const char* what, double at) {
-    EXPECT_LE(std::fabs(Subtract(a, b).high), bound * std::fabs(b.high))
+    EXPECT_LE(std::fabs((a - b).high), bound * std::fabs(b.high))
         << what << " at " << at << ": " << a.high << " + " << a.low << ", expected " << b.high
         << " + " << b.low;
 }

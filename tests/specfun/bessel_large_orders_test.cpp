@@ -57,7 +57,7 @@ TEST(BesselLargeOrders, Wronskian) {
         for (const double width : kWidths) {
             const double x = n + width * std::cbrt(n);
             if (x < 0) continue;
-            const Extended scale = kHalfPi * x;
+            const DoubleDouble scale = kHalfPi * x;
             const Scaled j = LargeOrderJ(n, x);
             const Scaled y = LargeOrderY(n, x);
             const Scaled nextJ = LargeOrderJ(n + 1, x);

@@ -27,8 +27,8 @@ TEST(Piecewise, ValueAndItsRest) {
         const DoubleDouble value = AtPiece(kCube, {x, 0});
         const double h = x < 3.5 ? x - 3.25 : x - 3.75;
         const double planted = x < 3.5 ? h * 0x1p-60 : 0x1p-58;
-        const DoubleDouble cube = Add(Multiply(TwoProduct(x, x), x), planted);
-        const DoubleDouble distance = Subtract(value, cube);
+        const DoubleDouble cube = TwoProduct(x, x) * x + planted;
+        const DoubleDouble distance = value - cube;
         EXPECT_LE(std::fabs(distance.high), 0x1p-48 * h * h + 0x1p-100) << x;
     }
 }
@@ -38,7 +38,7 @@ TEST(Piecewise, LowPartOfTheArgument) {
         const double low = x * 0x1p-54;
         const DoubleDouble with = AtPiece(kCube, {x, low});
         const DoubleDouble without = AtPiece(kCube, {x, 0});
-        const double rise = Subtract(with, without).high;
+        const double rise = (with - without).high;
         EXPECT_NEAR(rise / (3 * x * x * low), 1, 0.02) << x;
     }
 }

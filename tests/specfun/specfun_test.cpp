@@ -31,10 +31,6 @@ void ExpectClose(const Row& row, double bound) {
 
 TEST(SpecialFunctions, KnownValues) {
     const Row rows[] = {
-        {"Gamma(1/2)", Gamma(0.5), 1.772453850905516},
-        {"Gamma(5)", Gamma(5), 24.0},
-        {"Gamma(-3/2)", Gamma(-1.5), 2.3632718012073547},
-        {"Gamma(171.6)", Gamma(171.6), 1.5858969096672565e+308},
         {"Psi(1)", Psi(1), -0.57721566490153286},
         {"Psi(-2.5)", Psi(-2.5), 1.1031566406452432},
         {"Beta(2,3)", Beta(2, 3), 0.083333333333333333},
@@ -151,12 +147,6 @@ TEST(SpecialFunctions, BesselWronskian) {
 
 TEST(SpecialFunctions, LimitsAndSingularities) {
     const Row rows[] = {
-        {"Gamma(172)", Gamma(172), kInfinity},
-        {"Gamma(1e300)", Gamma(1e300), kInfinity},
-        {"Gamma(inf)", Gamma(kInfinity), kInfinity},
-        {"Gamma(0)", Gamma(0), kInfinity},
-        {"Gamma(-1e300)", Gamma(-1e300), -kInfinity},
-        {"Gamma(-1001.5)", Gamma(-1001.5), 0},
         {"Psi(inf)", Psi(kInfinity), kInfinity},
         {"Beta(inf,1)", Beta(kInfinity, 1), 0},
         {"Beta(5e-324,5e-324)", Beta(DBL_TRUE_MIN, DBL_TRUE_MIN), kInfinity},
@@ -188,7 +178,6 @@ TEST(SpecialFunctions, LimitsAndSingularities) {
     };
     for (const Row& row : rows)
         EXPECT_EQ(row.value, row.expected) << row.call;
-    EXPECT_TRUE(std::signbit(Gamma(-180.5)) && !std::signbit(Gamma(-181.5)));
 }
 
 // Where one method takes over from another, the two must meet.
@@ -263,7 +252,6 @@ struct Named {
 
 TEST(SpecialFunctions, SurviveAnything) {
     const Named functions[] = {
-        {"Gamma", [](double, double x) { return Gamma(x); }},
         {"Psi", [](double, double x) { return Psi(x); }},
         {"Beta", Beta},
         {"DawsonF", [](double, double x) { return DawsonF(x); }},

@@ -73,7 +73,7 @@ class AboutBoxTest final : public QObject {
             const QImage picture = icon.pixmap(QSize(size, size), 1.0).toImage();
             QCOMPARE(picture.size(), QSize(size, size));
             QCOMPARE(picture.pixelColor(0, 0).alpha() < 128, true);         // round corners
-            QCOMPARE(picture.pixelColor(size / 4, size / 4).alpha(), 255);  // a ground of its own
+            QCOMPARE(picture.pixelColor(size / 4, size / 4).alpha(), 255);  // opaque
         }
     }
 };

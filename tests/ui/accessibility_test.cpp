@@ -1,4 +1,4 @@
-// What a screen reader and a keyboard user meet.
+// Names and descriptions for screen readers, and what the keyboard reaches.
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QCoreApplication>
@@ -10,7 +10,7 @@ using namespace kalvex;
 
 namespace {
 
-/// Notes each new spoken description of the graph, looking at it between all events.
+/// Counts the changes of the graph's description, which it looks at between all events.
 class SpokenWords final : public QObject {
   public:
     explicit SpokenWords(const QWidget& spoken)
@@ -48,15 +48,15 @@ struct SpokenProgram : TestProgram {
     }
 };
 
-/// The controls of a window that the keyboard or a pointer reaches and a screen reader has no name
-/// for.
+/// The controls of a window that keyboard or pointer reach but that have no name for a screen
+/// reader.
 QStringList Nameless(const QWidget& window) {
     QStringList found;
     for (QWidget* const widget : window.findChildren<QWidget*>()) {
         const bool reached = widget->isVisible() && widget->focusPolicy() != Qt::NoFocus;
         const bool button =
             widget->isVisible() && qobject_cast<QAbstractButton*>(widget) != nullptr;
-        // Parts of the toolkit's own controls speak through these.
+        // Parts of these controls of Qt are named through the control.
         const bool inner = widget->objectName().startsWith("qt_");
         if ((!reached && !button) || inner || widget->focusProxy() != nullptr) continue;
         QAccessibleInterface* const spoken = QAccessible::queryAccessibleInterface(widget);
@@ -120,7 +120,7 @@ class AccessibilityTest final : public QObject {
                                         CommandId::Trace, CommandId::Analyze}) {
             program.Graph().Run(command);
             auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-            if (command == CommandId::Trace) continue;  // opens none
+            if (command == CommandId::Trace) continue;  // opens no dialog
             QVERIFY(dialog != nullptr);
             QCOMPARE(Nameless(*dialog), QStringList());
             dialog->reject();

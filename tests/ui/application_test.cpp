@@ -29,7 +29,7 @@ class ApplicationTest final : public QObject {
         for (int number = 1; number <= 9; ++number) {
             QCOMPARE(int{program.Entry(number).selected}, number == 1 ? 1 : 0);
         }
-        program.OpenGraph();  // a newcomer presses Draw at once
+        program.OpenGraph();  // Draw works without any change
         QVERIFY(program.shown.boxes->empty());
     }
     void LaterStart() {
@@ -62,7 +62,7 @@ class ApplicationTest final : public QObject {
         QVERIFY(program.Editor().isVisible());
         program.Line(1)->setText("x");
         program.Entry(1).selected = 1;
-        program.OpenGraph();  // what was missing is there again
+        program.OpenGraph();  // the missing keys have been made
         QCOMPARE(program.shown.boxes->size(), std::size_t{1});
     }
     void AnEndDuringTheLoadingLosesNothing() {
@@ -79,6 +79,28 @@ class ApplicationTest final : public QObject {
             QVERIFY(program.application.ended && program.application.editor == nullptr);
             QVERIFY(program.store.store->keys == before);
         }
+    }
+    void CommandsOfTheProgram() {
+        TestProgram program;
+        program.Start();
+        const auto run = [&program](CommandId command) {
+            return RunProgramCommand(program.application, command);
+        };
+        for (const CommandId command :
+             {CommandId::GraphTable, CommandId::Analyze, CommandId::Picture,
+              CommandId::SavePictureAs, CommandId::CopyPicture, CommandId::GraphExit,
+              CommandId::None, CommandId::Red, CommandId::ZoomIn}) {
+            QVERIFY2(!run(command), QByteArray::number(static_cast<int>(command)).constData());
+        }
+        QCOMPARE(program.quits, 0);
+        program.Entry(1).selected = 1;
+        QVERIFY(run(CommandId::Draw));
+        QVERIFY(program.Graph().isVisible());
+        QVERIFY(!run(CommandId::ZoomIn));
+        QVERIFY(run(CommandId::GraphTable));
+        QVERIFY(program.Editor().isVisible());
+        QVERIFY(run(CommandId::Exit));
+        QCOMPARE(program.quits, 1);
     }
     void GraphTableStoresTheView() {
         TestProgram program;

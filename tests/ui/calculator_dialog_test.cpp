@@ -1,4 +1,4 @@
-// The calculator by real events.
+// The calculator, driven by real events.
 #include "ui/dialogs/calculator_dialog.h"
 
 #include <QDialog>
@@ -68,7 +68,7 @@ class CalculatorDialogTest final : public QObject {
             {{200, 100}, {0, 26, 240, 268}, u"PocketPC", {20, 130}},
             {{200, 100}, {1280, 100, 1000, 600}, u"PocketPC", {1680, 370}},
             {{200, 101}, {-1000, 0, 1000, 600}, u"Desktop", {-600, 249}},
-            // The rule would leave the screen at its lower end.
+            // By the rule alone the dialog would hang over the lower end of the screen.
             {{200, 300}, {0, 0, 240, 320}, u"PocketPC", {20, 20}},
             {{300, 400}, {0, 0, 240, 320}, u"PocketPC", {0, 0}},
             {{300, 400}, {10, 20, 240, 320}, u"Desktop", {10, 20}},
@@ -112,8 +112,9 @@ class CalculatorDialogTest final : public QObject {
             {"1/3", "0.333333", "0.3333333333333333"},
             {"x", "0", "0"},
             {"-1/2", "-0.500000", "-0.5"},
-            {"1/0", "2147483647", "Division by 0 not allowed"},
-            {"lg(0)", "2147483647", "The logarithm of a negative argument is not specified"},
+            {"1/0", "2147483647", "Devide error\nDivision by 0 not allowed"},
+            {"lg(0)", "2147483647",
+             "lg error\nThe logarithm of a negative argument is not specified"},
             {"2^40", "2147483647", "1099511627776"},
             {"exp(999)", "inf", "inf"},
         };
@@ -125,7 +126,7 @@ class CalculatorDialogTest final : public QObject {
             QCOMPARE(program.Edit()->accessibleDescription(), QString(row.detail));
             QVERIFY(program.shown.boxes->empty());
         }
-        // The small line is about the line that was calculated.
+        // The text below belongs to the expression that was calculated.
         program.Press(Qt::Key_Up);
         QCOMPARE(program.Detail(), QString());
         QCOMPARE(program.Edit()->accessibleDescription(), QString());
@@ -139,7 +140,7 @@ class CalculatorDialogTest final : public QObject {
         CalculatorProgram program;
         program.Open();
         const std::pair<const char*, std::u16string_view> rows[] = {
-            {"2 + 2", u"Error There is an unknown lexeme"},  // blanks are typed as they are
+            {"2 + 2", u"Error There is an unknown lexeme"},  // this line accepts blanks
             {"y", u"Error There is an unknown lexeme"},
             {"(1", u"Error Various number of opening and closing brackets"},
             {"*1", u"Error Expression can not begin with the characters: *,/,^)"},
@@ -217,7 +218,7 @@ class CalculatorDialogTest final : public QObject {
             if (!byKey) program.Click(*program.dialog, "cancelKey");
             QTRY_VERIFY(!program.dialog);
             QTRY_VERIFY(program.Graph().isActiveWindow());
-            QVERIFY(program.application.graph.mode == GraphMode::Trace);  // it ends no mode
+            QVERIFY(program.application.graph.mode == GraphMode::Trace);  // as before
             QCOMPARE(program.Canvas().RedrawCount(), count);
             const int index = program.application.graph.trace.index;
             QTest::keyClick(&program.Graph(), Qt::Key_Right);

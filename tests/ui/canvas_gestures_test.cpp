@@ -34,7 +34,7 @@ class CanvasGesturesTest final : public QObject {
         QCOMPARE(TakeWheelSteps(rest, 29), 1);
         QCOMPARE(TakeWheelSteps(rest, 1), 1);
         QCOMPARE(TakeWheelSteps(rest, 10), 0);
-        QCOMPARE(TakeWheelSteps(rest, -10), 0);  // the other direction starts anew
+        QCOMPARE(TakeWheelSteps(rest, -10), 0);  // a change of direction drops the rest
         QCOMPARE(TakeWheelSteps(rest, -5), -1);
         QCOMPARE(TakeWheelSteps(rest, -14), 0);
         QCOMPARE(TakeWheelSteps(rest, 0), 0);  // no turn, no change

@@ -34,7 +34,8 @@ class CompletionListTest final : public QObject {
         QWidget window;
         CompletionList list(&window);
         QStringList chosen;
-        list.chosen = [&chosen](const QString& name) { chosen += name; };
+        connect(&list, &CompletionList::Chosen, this,
+                [&chosen](const QString& name) { chosen += name; });
         list.Fill({u"Ci", u"Chi", u"Cf"});
         QCOMPARE(list.Highlighted(), -1);
         list.Highlight(2);

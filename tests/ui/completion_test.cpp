@@ -102,7 +102,7 @@ class CompletionTest final : public QObject {
         QWidget* const viewport = bench.List()->viewport();
         const QPoint at = viewport->mapTo(&bench.window, CentreOf(*bench.List(), 0));
         QTest::mouseClick(viewport, Qt::LeftButton, {}, CentreOf(*bench.List(), 0));
-        // Where the list was there is a line now, and the second tap goes to that one.
+        // The list has closed, so the second tap reaches the line behind it.
         QWidget* const behind = bench.window.childAt(at);
         QVERIFY(behind == bench.Line(2));
         QTest::mouseDClick(behind, Qt::LeftButton, {}, behind->mapFrom(&bench.window, at));
@@ -131,7 +131,7 @@ class CompletionTest final : public QObject {
         QTest::keyClicks(bench.Line(1), "a");
         QCOMPARE(bench.List()->Highlighted(), -1);
         QTest::keyClick(bench.Line(1), Qt::Key_Return);
-        QVERIFY(bench.List()->isVisible());  // nothing highlighted: it stays open
+        QVERIFY(bench.List()->isVisible());  // no name is highlighted, so the list stays open
         QTest::keyClick(bench.Line(1), Qt::Key_Down);
         QTest::keyClick(bench.Line(1), Qt::Key_Down);
         QCOMPARE(bench.List()->Highlighted(), 1);

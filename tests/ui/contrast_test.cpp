@@ -13,7 +13,7 @@ class ContrastTest final : public QObject {
         QCOMPARE(ContrastRatio(Qt::black, Qt::white), 21.0);
         QCOMPARE(ContrastRatio(Qt::white, Qt::black), 21.0);
         QCOMPARE(ContrastRatio(QColor(9, 99, 199), QColor(9, 99, 199)), 1.0);
-        // #777777 on white is the guidelines' own example of just below 4.5.
+        // #777777 on white is the example of the accessibility guidelines for just below 4.5.
         QVERIFY(std::abs(ContrastRatio(QColor(0x77, 0x77, 0x77), Qt::white) - 4.48) < 0.01);
     }
     void EveryTableColourBecomesReadable() {

@@ -1,4 +1,4 @@
-#include "ui/draw_flow.h"
+#include "commands/draw_flow.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -24,7 +24,7 @@ struct FileProgram : TestProgram {
         const QString path = folder.filePath(QString("points%1.txt").arg(number));
         Write(path, text);
         Entry(number).type = 4;
-        Entry(number).approx = method;
+        Entry(number).method.approx = method;
         Entry(number).selected = 1;
         Editor().ShowLines();
         Line(number)->setText(path);
@@ -132,13 +132,13 @@ class DrawFlowTest final : public QObject {
         FileProgram program;
         const QString path = program.AddFile(1, "0 1\n1 2\n2 0\n", 8);
         program.OpenGraph();
-        QCOMPARE(program.Entry(1).points.size(), std::size_t{3});
+        QCOMPARE(CountOf(program.Entry(1).points), std::size_t{3});
         QCOMPARE(program.Entry(1).samples.size(),
                  static_cast<std::size_t>(program.Canvas().width()));
         program.Graph().Run(CommandId::GraphTable);
         program.Write(path, "0 1\n1 2\n");
         program.OpenGraph();
-        QCOMPARE(program.Entry(1).points.size(), std::size_t{2});
+        QCOMPARE(CountOf(program.Entry(1).points), std::size_t{2});
         QVERIFY(program.shown.boxes->empty());
     }
     void TermsAreComparedWithThePoints() {
@@ -149,7 +149,7 @@ class DrawFlowTest final : public QObject {
         for (const auto& row : rows) {
             FileProgram program;
             program.AddFile(2, "0 1\n1 2\n2 0\n", 0);
-            program.Entry(2).approx_val = row.terms;
+            program.Entry(2).method.approx_val = row.terms;
             program.Editor().Run(CommandId::Draw);
             QCOMPARE(program.application.graphWindow != nullptr, row.good);
             if (row.good) continue;

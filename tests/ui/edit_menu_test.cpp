@@ -165,7 +165,7 @@ class EditMenuTest final : public QObject {
         ActionOf(*menu, CommandId::InsertAi)->trigger();
         QCOMPARE(bench.Line(5)->text(), QString("Ai("));
         menu->close();
-        // By keyboard the key has the focus meanwhile; typing goes on in the line.
+        // Opened by keyboard, the soft key has the focus; afterwards the line has it again.
         bench.window.FocusLine(8);
         QTest::keyClick(bench.Line(9), Qt::Key_Tab);
         QTest::keyClick(bench.Key("menuKey"), Qt::Key_Tab);

@@ -38,9 +38,10 @@ struct EditorBench {
 
     EditorActions Actions(std::u16string_view platform) {
         EditorActions actions;
-        actions.draw = [this] { ++draws; };
-        actions.exit = [] {};
-        actions.choosePointFile = [](int) {};
+        actions.run = [this](CommandId command) {
+            if (command == CommandId::Draw) ++draws;
+            return true;
+        };
         actions.show = [](const MessageBox&) { return MessageAnswer::Ok; };
         actions.platform = platform;
         actions.inputPanel = [this] { return panel; };

@@ -287,7 +287,7 @@ class EditorWindowTest final : public QObject {
             const QImage with = program.Line(1)->grab().toImage();
             program.Editor().FocusLine(1);
             const QImage without = program.Line(1)->grab().toImage();
-            // The frame, not only the caret: a row of the upper edge.
+            // A row of pixels at the upper edge: the frame shows the focus, not only the caret.
             bool frameDiffers = false;
             for (int y = 0; y < 3; ++y)
                 frameDiffers |=

@@ -1,4 +1,4 @@
-// The modes of the graph window by real events: menus, soft keys, mouse, wheel, fingers, keys.
+// The modes of the graph window, driven by menus, soft keys, mouse, wheel, fingers and keys.
 #include <QtTest/qtesttouch.h>
 
 #include <QPointingDevice>
@@ -118,6 +118,26 @@ class GraphModesTest final : public QObject {
         QCOMPARE(program.Title(), QString("Kalvex"));
         QTRY_VERIFY(program.Canvas().RedrawCount() > count);
     }
+    void BoxModeLastsUntilTheRefusalIsAnswered() {
+        ModesProgram program;
+        QStringList seen;
+        program.application.show = [&](const MessageBox&) {
+            // A new size while the box is open makes the window show its mode again.
+            const int count = program.Canvas().RedrawCount();
+            program.Graph().resize(program.Graph().width() - 20, program.Graph().height() - 20);
+            const auto isRedrawn = [&] { return program.Canvas().RedrawCount() > count; };
+            if (!QTest::qWaitFor(isRedrawn)) seen << "not drawn again";
+            seen << program.Title() << program.LeftKey()->text();
+            return MessageAnswer::Ok;
+        };
+        program.Open({{2, "x"}});
+        program.Choose(CommandId::ZoomBox);
+        program.Tap(QPoint(10, 50));
+        program.Tap(QPoint(90, 50));
+        QCOMPARE(seen, QStringList({"Choose Second point", "Escape"}));
+        QCOMPARE(program.Title(), QString("Kalvex"));
+        QCOMPARE(program.LeftKey()->text(), QString("Menu"));
+    }
     void BoxByKeysAlone() {
         ModesProgram program;
         program.Open({{2, "x"}});
@@ -185,7 +205,7 @@ class GraphModesTest final : public QObject {
         double least = 100.0;
         for (const CurveSample& sample : program.Entry(1).samples)
             least = std::min(least, sample.y);
-        QVERIFY(least > 0.0);  // an even number of columns: none is the middle
+        QVERIFY(least > 0.0);  // with an even number of columns none is exactly in the middle
         CompareBounds(program.View(), -10, 10, least * 1.1, 100 * 1.1);
         QCOMPARE(program.State().viewport.PreviousWindow.Ymax, 10.0);
         ModesProgram large;
@@ -585,7 +605,7 @@ class GraphModesTest final : public QObject {
             program.Key(Qt::Key_F11);
             program.Settle();
             QVERIFY(program.Graph().isFullScreen());
-            // What some window managers do: they forget it.
+            // Some window managers forget that the window was maximised.
             program.Graph().setWindowState(Qt::WindowFullScreen);
             program.Settle();
             if (byCommand) {
@@ -668,7 +688,7 @@ class GraphModesTest final : public QObject {
                      program.Title());
             const ViewWindow before = program.View();
             QTest::mouseRelease(&program.Canvas(), Qt::LeftButton, {}, QPoint(90, 95));
-            // The lift ends the pick that it began in, and no other.
+            // Lifting the pointer ends only the pick in which it was pressed.
             QCOMPARE(program.View().Xmin != before.Xmin, goesOn);
             program.Settle();
         }

@@ -32,8 +32,8 @@ void StartWith(TestProgram& program, int type, const char* text) {
     program.Line(1)->setText(text);
 }
 
-/// An implicit curve that takes long enough for anything to happen meanwhile: a microsecond and
-/// more per point and level.
+/// An implicit curve that takes long enough to be interrupted: more than a microsecond per point
+/// and level of nesting.
 std::string SlowCurve(int depth = 14) {
     std::string text = "x*y";
     for (int i = 0; i < depth; ++i)
@@ -45,7 +45,7 @@ QPushButton* StopKey(TestProgram& program) {
     return program.Graph().findChild<QPushButton*>("menuKey");
 }
 
-/// Does something once, in the middle of a computation; with `atStopKey` not before the key shows.
+/// Does something once during a computation; with `atStopKey` only after the stop key shows.
 class InTheMiddle final : public QObject {
   public:
     InTheMiddle(TestProgram& program, std::function<void()> run, bool atStopKey = false)
@@ -216,7 +216,7 @@ class GraphWindowTest final : public QObject {
         PaintWatch watch(program.Canvas());
         QTRY_VERIFY_WITH_TIMEOUT(program.Canvas().RedrawCount() > 0, 60000);
         QTRY_VERIFY(!watch.bars.empty() && watch.bars.back() == 0);
-        QCOMPARE(watch.bars.front(), 0);  // the window stands before the work begins
+        QCOMPARE(watch.bars.front(), 0);  // the window is painted before the computation begins
         std::vector<int> grown;
         for (const int bar : watch.bars) {
             if (bar > 0) grown.push_back(bar);
@@ -327,7 +327,7 @@ class GraphWindowTest final : public QObject {
         file.write("0 1\n1 2\n2 0\n3 1\n");
         file.close();
         program.Entry(1).type = 4;
-        program.Entry(1).approx = 9;
+        program.Entry(1).method.approx = 9;
         program.Entry(2).type = 5;
         program.Entry(1).selected = program.Entry(2).selected = 1;
         program.Editor().ShowLines();

@@ -1,4 +1,4 @@
-// The pages themselves: well-formed, whole, and the same in both languages.
+// The help pages: well-formed, complete, and with the same contents in both languages.
 #include <QDirIterator>
 #include <QFile>
 #include <QImageReader>
@@ -10,6 +10,7 @@
 #include "expr/names.h"
 #include "resources/edit_popup.h"
 #include "resources/menus.h"
+#include "resources/methods.h"
 #include "resources/short_cuts.h"
 #include "resources/strings.h"
 #include "ui/parts/qt_text.h"
@@ -18,7 +19,7 @@ using namespace kalvex;
 
 namespace {
 
-/// What a page is made of.
+/// The parts of a page that are compared.
 struct Page {
     QString error;      ///< of the XML reader
     QString words;      ///< all that a reader sees, blanks simplified
@@ -104,7 +105,7 @@ class HelpPagesTest final : public QObject {
             const Page page = ReadPage(language);
             QVERIFY2(page.error.isEmpty(), qPrintable(language + ": " + page.error));
             QVERIFY(page.words.size() > 10000);
-            // Colours and sizes are the reader's own.
+            // The page sets no colours and sizes, so that those of the desktop apply.
             QCOMPARE(page.unknownStyles, QStringList());
         }
     }
@@ -137,7 +138,7 @@ class HelpPagesTest final : public QObject {
                 shown.insert(QFileInfo(path).fileName());
             }
         }
-        // None is installed for nothing.
+        // Every installed picture is used by a page.
         QDirIterator files(QString(KALVEX_HELP) + "/images", QDir::Files);
         while (files.hasNext()) {
             const QString name = QFileInfo(files.next()).fileName();
@@ -209,7 +210,7 @@ class HelpPagesTest final : public QObject {
         }
     }
     void NameEveryShortCut() {
-        // Runs of digits are one row each.
+        // Short cuts that differ only in their last key share one row of the page.
         const QRegularExpression run("^(Alt\\+\\d|Ctrl\\+\\d|Ctrl\\+M, .|[1-7])$");
         for (const QString& language : kLanguages) {
             const QStringList cells = ReadPage(language).cells;

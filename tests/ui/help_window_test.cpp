@@ -22,7 +22,7 @@ namespace {
 
 const QString kPrintPage = "--print-page";
 
-/// A page of its own: two far places, a wide picture, a link that leads away.
+/// A page for the test: two places far apart, a wide picture, a link to another site.
 struct TestPage {
     QTemporaryDir folder;
     QWidget below;
@@ -191,7 +191,7 @@ class HelpWindowTest final : public QObject {
         window->resize(300, 600);
         QTRY_VERIFY(PictureWidth(*window) < 300);
         QVERIFY(fits());
-        // Never so wide that a page of a large screen is one picture.
+        // On a large screen a picture must not fill the whole page.
         window->resize(1600, 600);
         QTRY_COMPARE(PictureWidth(*window), 760.0);
         QVERIFY(fits());
@@ -223,9 +223,9 @@ class HelpWindowTest final : public QObject {
         QTest::keyClick(line, Qt::Key_Return);
         const int second = window->Page().textCursor().position();
         QVERIFY(second > first);
-        QTest::keyClick(line, Qt::Key_Return);  // around the end
+        QTest::keyClick(line, Qt::Key_Return);  // goes on at the beginning
         QCOMPARE(window->Page().textCursor().position(), first);
-        QTest::keyClick(line, Qt::Key_Return, Qt::ShiftModifier);  // around the beginning
+        QTest::keyClick(line, Qt::Key_Return, Qt::ShiftModifier);  // goes on at the end
         QCOMPARE(window->Page().textCursor().position(), second);
         QTest::keyClick(line, Qt::Key_F3);
         QCOMPARE(window->Page().textCursor().position(), first);

@@ -1,4 +1,4 @@
-// Through the whole program without touching a pointer: every event is a key.
+// A walk through the whole program with the keyboard alone.
 #include <QComboBox>
 #include <QPlainTextEdit>
 
@@ -228,9 +228,9 @@ class KeyboardRunTest final : public QObject {
         file.close();
         for (int i = 0; i < 3; ++i)
             p.Press(Qt::Key_Down);
-        p.Ctrl(Qt::Key_M);  // two strokes, and no method of a line that is no file
+        p.Ctrl(Qt::Key_M);  // a method's two strokes do nothing unless the line is a File line
         p.Press(Qt::Key_C);
-        QCOMPARE(p.Entry(4).approx, 0);
+        QCOMPARE(p.Entry(4).method.approx, 0);
         p.Ctrl(Qt::Key_4);
         QVERIFY(p.In<QLineEdit>("openFileDialog", "fileNameEdit") != nullptr);
         p.Replace(points);
@@ -239,12 +239,12 @@ class KeyboardRunTest final : public QObject {
         QCOMPARE(p.Line(4)->text(), points);
         p.Ctrl(Qt::Key_M);
         p.Press(Qt::Key_C);
-        QCOMPARE(p.Entry(4).approx, 12);
+        QCOMPARE(p.Entry(4).method.approx, 12);
         p.Ctrl(Qt::Key_Space);
         const std::size_t boxes = p.shown.boxes->size();
         p.Press(Qt::Key_F5);
         QVERIFY(p.IsInFront("graph"));
-        QTRY_COMPARE(p.Entry(4).points.size(), std::size_t{3});
+        QTRY_COMPARE(CountOf(p.Entry(4).points), std::size_t{3});
         QCOMPARE(p.shown.boxes->size(), boxes);
     }
     void Ends() {

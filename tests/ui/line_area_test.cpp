@@ -10,7 +10,7 @@ using namespace kalvex;
 
 namespace {
 
-/// Numbers of the lines that can be seen whole.
+/// The numbers of the lines that are wholly visible.
 std::vector<int> Seen(EditorBench& bench) {
     std::vector<int> numbers;
     const auto* const area = bench.Line(1)->parentWidget();
@@ -137,7 +137,7 @@ class LineAreaTest final : public QObject {
         QVERIFY(bench.PlaceOf(bench.List()).height() >= kTouchTarget);
         QTest::keyClick(bench.Line(1), Qt::Key_Down);
         QVERIFY(bench.Line(1)->hasFocus());
-        ShowPanel(bench, QRect(0, 20, 480, 280));  // nothing usable is left: not heeded
+        ShowPanel(bench, QRect(0, 20, 480, 280));  // leaves too little and is ignored
         QCOMPARE(Seen(bench).size(), std::size_t{5});
     }
     void Wheel() {

@@ -14,7 +14,7 @@ struct Pen {
 
     void Down(QPoint at) const { QTest::mousePress(&line, Qt::LeftButton, {}, at); }
     void Up(QPoint at) const { QTest::mouseRelease(&line, Qt::LeftButton, {}, at); }
-    /// A move with the button down, which the offscreen platform would leave out.
+    /// A move with the button down, which QTest::mouseMove would send without it.
     void Move(QPoint at) const {
         QMouseEvent event(QEvent::MouseMove, at, line.mapToGlobal(at), Qt::NoButton, Qt::LeftButton,
                           Qt::NoModifier);

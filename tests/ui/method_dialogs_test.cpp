@@ -2,6 +2,7 @@
 #include <QDialog>
 #include <QLineEdit>
 
+#include "resources/methods.h"
 #include "window_fixture.h"
 
 using namespace kalvex;
@@ -56,15 +57,15 @@ class MethodDialogsTest final : public QObject {
         program.Type("4");
         program.Press(Qt::Key_Return);
         QTRY_VERIFY(!program.dialog);
-        QCOMPARE(program.Entry(2).approx, 0);
-        QCOMPARE(program.Entry(2).approx_val, 4);
-        QCOMPARE(program.Entry(1).approx_val, 1);  // every line has its own
+        QCOMPARE(program.Entry(2).method.approx, 0);
+        QCOMPARE(program.Entry(2).method.approx_val, 4);
+        QCOMPARE(program.Entry(1).method.approx_val, 1);  // each line keeps its own number
         program.Open(CommandId::LeastSquares, "termsDialog");
         QCOMPARE(program.Field("terms")->text(), QString("4"));
-        program.Type("none");  // not checked here
+        program.Type("none");  // the dialog accepts any text
         program.Press(Qt::Key_Return);
         QTRY_VERIFY(!program.dialog);
-        QCOMPARE(program.Entry(2).approx_val, 0);
+        QCOMPARE(program.Entry(2).method.approx_val, 0);
         QVERIFY(program.shown.boxes->empty());
         QCOMPARE(program.Editor().FocusedSlot().value_or(-1), 1);
     }
@@ -74,13 +75,13 @@ class MethodDialogsTest final : public QObject {
         program.Type("4");
         program.Press(Qt::Key_Escape);
         QTRY_VERIFY(!program.dialog);
-        QCOMPARE(program.Entry(2).approx_val, 1);
+        QCOMPARE(program.Entry(2).method.approx_val, 1);
         program.Open(CommandId::BetaSplines, "betaDialog");
         program.Type("4");
         program.Click(*program.dialog, "cancelKey");
         QTRY_VERIFY(!program.dialog);
-        QCOMPARE(program.Entry(2).approx, 3);
-        QCOMPARE(program.Entry(2).beta1, 1.0);
+        QCOMPARE(program.Entry(2).method.approx, 3);
+        QCOMPARE(program.Entry(2).method.beta1, 1.0);
     }
     void BiasAndTension() {
         MethodProgram program;
@@ -98,20 +99,20 @@ class MethodDialogsTest final : public QObject {
         program.Type("much");
         program.Press(Qt::Key_Return);
         QVERIFY(program.LastBox().text == u"B2 is not a number.");
-        QCOMPARE(program.Entry(2).beta1, 1.0);
+        QCOMPARE(program.Entry(2).method.beta1, 1.0);
         program.Type("20");
         program.Press(Qt::Key_Return);
         QTRY_VERIFY(!program.dialog);
-        QCOMPARE(program.Entry(2).beta1, 1.5);
-        QCOMPARE(program.Entry(2).beta2, 20.0);
+        QCOMPARE(program.Entry(2).method.beta1, 1.5);
+        QCOMPARE(program.Entry(2).method.beta2, 20.0);
     }
     void Boundaries() {
         MethodProgram program;
         program.Start();
         program.ClearLines();
         program.Entry(2).type = 4;
-        program.Entry(2).approx_val = 17;  // no flag
-        program.Entry(2).approx_val2 = 2;
+        program.Entry(2).method.approx_val = 17;  // no flag
+        program.Entry(2).method.approx_val2 = 2;
         program.Editor().ShowLines();
         program.Open(CommandId::CubicSpline, "cubicDialog");
         QCOMPARE(program.List("leftFlag")->currentIndex(), 0);
@@ -138,25 +139,27 @@ class MethodDialogsTest final : public QObject {
         program.Field("rightValue")->setText("1e999");
         program.Click(*program.dialog, "saveKey");
         QVERIFY(program.LastBox().text == u"Right value (R) is too large.");
-        QCOMPARE(program.Entry(2).approx_val, 17);
+        QCOMPARE(program.Entry(2).method.approx_val, 17);
         program.Field("rightValue")->setText("3");
         program.Click(*program.dialog, "saveKey");
         QTRY_VERIFY(!program.dialog);
-        QCOMPARE(program.Entry(2).approx, 10);
-        QCOMPARE(program.Entry(2).approx_val, 1);
-        QCOMPARE(program.Entry(2).approx_val2, 2);
-        QCOMPARE(program.Entry(2).beta1, -0.5);
-        QCOMPARE(program.Entry(2).beta2, 3.0);
+        QCOMPARE(program.Entry(2).method.approx, 10);
+        QCOMPARE(program.Entry(2).method.approx_val, 1);
+        QCOMPARE(program.Entry(2).method.approx_val2, 2);
+        QCOMPARE(program.Entry(2).method.beta1, -0.5);
+        QCOMPARE(program.Entry(2).method.beta2, 3.0);
     }
     void OtherMethodsHaveNoDialog() {
-        for (int code = 0; code < 13; ++code) {
+        for (const MethodChoice& choice : kMethods) {
             MethodProgram program;
             program.Start();
             program.ClearLines();
             program.Entry(2).type = 4;
             program.Editor().FocusLine(1);
-            program.Editor().Run(static_cast<CommandId>(32919 + code));
-            const bool dialog = code == 0 || code == 3 || code == 10;
+            program.Editor().Run(choice.command);
+            const bool dialog = choice.method == ApproxMethod::LeastSquares ||
+                                choice.method == ApproxMethod::BetaSplines ||
+                                choice.method == ApproxMethod::CubicSpline;
             QCOMPARE(program.Editor().findChild<QDialog*>() != nullptr, dialog);
         }
     }
@@ -165,8 +168,8 @@ class MethodDialogsTest final : public QObject {
         program.Start();
         program.ClearLines();
         program.Entry(2).type = program.Entry(3).type = 4;
-        program.Entry(2).approx = 6;
-        program.Entry(3).approx = 12;
+        program.Entry(2).method.approx = 6;
+        program.Entry(3).method.approx = 12;
         program.Editor().ShowLines();
         const std::pair<int, CommandId> rows[] = {{1, CommandId::Overhauser},
                                                   {2, CommandId::Lagrange}};
@@ -174,10 +177,8 @@ class MethodDialogsTest final : public QObject {
             program.Editor().FocusLine(slot);
             program.Editor().OpenMenu();
             QMenu* const menu = OpenedMenu(program.Editor(), "mainMenu");
-            for (int code = 0; code < 13; ++code) {
-                const auto id = static_cast<CommandId>(32919 + code);
-                QCOMPARE(ActionOf(*menu, id)->isChecked(), id == command);
-            }
+            for (const MethodChoice& choice : kMethods)
+                QCOMPARE(ActionOf(*menu, choice.command)->isChecked(), choice.command == command);
             menu->close();
         }
         program.Editor().FocusLine(0);

@@ -1,4 +1,4 @@
-// What the Options dialog saves, and what follows it on the screen.
+// What the Options dialog saves, and how it changes the windows.
 #include "graph/pick.h"
 #include "options_fixture.h"
 
@@ -16,7 +16,7 @@ class OptionsSaveTest final : public QObject {
         program.Press(Qt::Key_Tab);
         program.Press(Qt::Key_Home);  // 8 pt
         program.Press(Qt::Key_Tab);
-        QTest::keyClicks(QApplication::focusWidget(), "-1.5");  // what stood there is selected
+        QTest::keyClicks(QApplication::focusWidget(), "-1.5");  // the old number is selected
         program.Press(Qt::Key_Tab);
         QTest::keyClicks(QApplication::focusWidget(), "2.5");
         program.Press(Qt::Key_Tab);
@@ -50,11 +50,11 @@ class OptionsSaveTest final : public QObject {
         program.Tap(program.PolarGrid());
         program.SaveAndClose();
         QCOMPARE(program.Stored("Setka"), 2);
-        program.Open();  // the fixed box leaves the kind alone
+        program.Open();  // without a change of the box the kind of the grid stays
         QVERIFY(program.Box(1021)->isChecked() && program.PolarGrid()->isChecked());
         program.SaveAndClose();
         QCOMPARE(program.Stored("Setka"), 2);
-        program.Open();  // off and on again: the kind is still there
+        program.Open();  // switched off and on again, the grid keeps its kind
         program.Tap(program.Box(1021));
         QVERIFY(!program.PolarGrid()->isEnabled());
         program.Tap(program.PolarGrid());
@@ -195,7 +195,7 @@ class OptionsSaveTest final : public QObject {
             QCOMPARE(program.Graph().windowTitle(), QString("Kalvex"));
         }
     }
-    // KEEP: the range reaches the store with the view, not at once.
+    // KEEP: the range is stored together with the view, not by the dialog.
     void TheRangeIsStoredWithTheView() {
         OptionsProgram program;
         program.OpenGraphWith(3, "x;x");

@@ -70,7 +70,7 @@ class PointFileDialogTest final : public QObject {
         QCOMPARE(program.application.windowState.folder, program.folder.path());
         program.Editor().Run(CommandId::Select);
         program.OpenGraph();
-        QCOMPARE(program.Entry(3).points.size(), std::size_t{3});
+        QCOMPARE(CountOf(program.Entry(3).points), std::size_t{3});
         QVERIFY(program.Entry(3).text == u"my points");
     }
     void StartsWhereTheLinesFileIs() {

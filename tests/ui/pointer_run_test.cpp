@@ -1,4 +1,4 @@
-// Through the whole program by pointer alone: every event is a press, a move or a release.
+// A walk through the whole program with the pointer alone: presses, moves and releases.
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -16,7 +16,7 @@ struct PointerProgram : WholeProgram {
     void Tap(QWidget* target, QPoint at) { QTest::mouseClick(target, Qt::LeftButton, {}, at); }
     void Tap(QWidget* target) { Tap(target, target->rect().center()); }
     void TapKey(const char* name) { Tap(Front()->findChild<QPushButton*>(name)); }
-    /// Taps an entry of the menu in front; through its submenus.
+    /// Taps an entry of the menu in front, opening submenus on the way.
     void Choose(CommandId command) {
         auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
         QVERIFY(menu != nullptr);
@@ -118,7 +118,7 @@ class PointerRunTest final : public QObject {
         QCOMPARE(p.Line(2)->text(), QString("Psi("));
         p.ChooseInMenu(CommandId::Delete);
         QCOMPARE(p.Line(2)->text(), QString());
-        // Digits and brackets come from an on-screen keyboard; here, from nowhere.
+        // An on-screen keyboard would type digits and brackets; here the text is set.
         p.Line(2)->setText("4cos(x)");
         p.Line(1)->setText("x^2-5");
         p.TapKey("insertKey");
@@ -227,7 +227,7 @@ class PointerRunTest final : public QObject {
         QVERIFY(p.IsInFront("report"));
         p.TapKey("menuKey");
         QVERIFY(p.IsInFront("graph"));
-        p.TapKey("menuKey");  // reads Escape
+        p.TapKey("menuKey");  // the key shows "Escape" now
         QVERIFY(p.Mode() == GraphMode::Normal);
     }
     void FillsTheScreen() {
@@ -255,7 +255,7 @@ class PointerRunTest final : public QObject {
         QVERIFY(p.IsInFront("editor"));
         QCOMPARE(p.Line(5)->text(), p.folder.filePath("result.kx"));
         p.ChooseInMenu(CommandId::LinearSpline);
-        QCOMPARE(p.Entry(5).approx, 8);
+        QCOMPARE(p.Entry(5).method.approx, 8);
         p.DoubleTap(p.Label(5));
         p.TapKey("actionKey");
         QVERIFY(p.IsInFront("graph"));

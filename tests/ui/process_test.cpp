@@ -1,4 +1,4 @@
-// The program itself, as processes of their own.
+// The program as separate processes.
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
@@ -35,7 +35,7 @@ struct Home {
         QFile file(Path("kalvex/kalvex.ini"));
         QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes.replace(before, after)) > 0);
     }
-    /// Whether the window stands, seen from outside.
+    /// Whether another process finds the program's window.
     bool IsFound() const {
         QLocalSocket socket;
         socket.connectToServer(Path("_Kalvex_"));
@@ -71,7 +71,7 @@ class ProcessTest final : public QObject {
         QCOMPARE(first.exitStatus(), QProcess::NormalExit);
         QCOMPARE(first.exitCode(), 0);
         QVERIFY(QFileInfo::exists(home.Path("kalvex/window.ini")));
-        QVERIFY(home.Settings().contains("equ=Gamma(x)\n"));  // as it stands in the editor
+        QVERIFY(home.Settings().contains("equ=Gamma(x)\n"));  // the text of the editor
         QVERIFY(!QFileInfo::exists(home.Path("_Kalvex_.lock")));
     }
     void TerminatedWhileAMessageOfTheStartIsUp() {
@@ -84,7 +84,7 @@ class ProcessTest final : public QObject {
         home.Start(process);
         QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(home.Path("_Kalvex_.lock")), 20000);
         QTest::qWait(1000);
-        QVERIFY(!home.IsFound());  // the window does not stand yet
+        QVERIFY(!home.IsFound());  // the window is not shown yet
         process.terminate();
         QVERIFY(process.waitForFinished(20000));
         QCOMPARE(process.exitStatus(), QProcess::NormalExit);

@@ -120,7 +120,7 @@ class ReportWindowTest final : public QObject {
         QVERIFY(program.Text(1)->toPlainText().startsWith(
             "The roots of sin(x)\non the interval (-1.000000,1.000000):\nx=-0.0"));
     }
-    // Keys that wait have moved the window when A comes; the picture has not followed yet.
+    // The keys before A have moved the view, but the picture has not been computed again yet.
     void AnalysesOnePictureOnly() {
         TracedProgram program;
         program.Open();

@@ -98,8 +98,8 @@ class ResultExportTest final : public QObject {
         QCOMPARE(StartFolder({}), documents);
         if (documents != QDir::homePath()) QDir().rmdir(documents);
     }
-    // A file that may be written in a folder that may not: nothing is tried that could end
-    // half-way.
+    // A writable file in a folder that is not: the file would have to be written in place, which
+    // could fail half-way, so it is not tried.
     void AFolderThatCannotBeWrittenTo() {
         QTemporaryDir folder;
         ShownBoxes shown;
@@ -146,7 +146,7 @@ class ResultExportTest final : public QObject {
         ShownBoxes shown;
         const QString path = folder.filePath("old.txt");
         Write(path, "good old points\n");
-        // A limit on the size of files stands for the full disk.
+        // A limit on the size of files acts like a full disk.
         std::signal(SIGXFSZ, SIG_IGN);
         rlimit before{};
         getrlimit(RLIMIT_FSIZE, &before);

@@ -8,7 +8,7 @@ using namespace kalvex;
 
 namespace {
 
-/// The pen over the labels; it came down on the first one and is told of all its moves.
+/// The pen over the labels. It was pressed on the first label, which gets all its moves.
 struct Pen {
     EditorBench& bench;
     int first;
@@ -81,7 +81,7 @@ class SlideHintTest final : public QObject {
         pen.Down();
         pen.MoveOver(7);
         QVERIFY(bench.Line(7)->hasFocus());
-        pen.MoveOver(2);  // scrolled away: the first visible line is the nearest
+        pen.MoveOver(2);  // that line is scrolled away, so the first visible one is the nearest
         QVERIFY(bench.Line(6)->hasFocus());
         pen.Up();
     }

@@ -81,7 +81,7 @@ class TipControlsTest final : public QObject {
             {{20, 600, 300, 40}, {200, 50}, screen, {20, 546, 200, 50}},
             {{500, 650, 300, 40}, {200, 50}, second, {500, 596, 200, 50}},
             {{400, 200, 300, 40}, {200, 50}, second, {480, 244, 200, 50}},
-            {{20, 20, 300, 600}, {200, 50}, screen, {20, 0, 200, 50}},  // no room at all
+            {{20, 20, 300, 600}, {200, 50}, screen, {20, 0, 200, 50}},  // no room below or above
             {{20, 100, 300, 40}, {900, 50}, screen, {0, 144, 900, 50}},
         };
         for (const auto& row : rows)
@@ -123,7 +123,7 @@ class TipControlsTest final : public QObject {
         QCOMPARE(QApplication::focusWidget(), &bench.field);
         QVERIFY(bench.ShowsNothing());  // after the delay, not at once
         QTRY_VERIFY(bench.Shows(kNameTip));
-        QTest::mouseMove(&bench.window, QPoint(2, 2));  // the mouse has nothing to do with it
+        QTest::mouseMove(&bench.window, QPoint(2, 2));  // a move of the mouse does not hide it
         QVERIFY(bench.Shows(kNameTip));
         QTest::keyClick(&bench.field, Qt::Key_A);
         QVERIFY(bench.ShowsNothing());
@@ -146,7 +146,7 @@ class TipControlsTest final : public QObject {
         Bench::WaitPastTheDelay();
         QVERIFY(bench.ShowsNothing());
         QTest::keyClick(&bench.field, Qt::Key_Tab);
-        QTest::keyClick(&bench.box, Qt::Key_Space);  // it is used: no need to explain it
+        QTest::keyClick(&bench.box, Qt::Key_Space);  // who uses it needs no tip
         Bench::WaitPastTheDelay();
         QVERIFY(bench.ShowsNothing());
         QVERIFY(bench.box.isChecked());
@@ -159,7 +159,7 @@ class TipControlsTest final : public QObject {
         QTest::touchEvent(&bench.box, bench.finger.get()).move(0, at + QPoint(2, 1));
         QTest::touchEvent(&bench.box, bench.finger.get()).release(0, at + QPoint(2, 1));
         QVERIFY(!bench.box.isChecked());  // a hold presses nothing
-        QVERIFY(bench.Shows(kOnTip));     // the finger is off: now it can be read
+        QVERIFY(bench.Shows(kOnTip));     // after the finger is lifted the tip can be read
         QTest::touchEvent(&bench.box, bench.finger.get()).press(0, at);
         QVERIFY(bench.ShowsNothing());
         QTest::touchEvent(&bench.box, bench.finger.get()).release(0, at);

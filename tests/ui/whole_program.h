@@ -1,4 +1,5 @@
-// The running program as a user meets it: events go where a keyboard or a pointer would send them.
+// The running program as a user drives it: events go to the window that keyboard or pointer would
+// reach.
 #pragma once
 
 #include <QApplication>
@@ -13,8 +14,8 @@
 namespace kalvex {
 
 struct WholeProgram : TestProgram {
-    /// The window that has the user's attention: a dialog is in front, and what is in front is
-    /// active, as a desktop has it and the offscreen platform has not.
+    /// The window that is in front: a popup, else a dialog, else the visible main window. It is
+    /// made active, which a desktop would do but the offscreen platform does not.
     QWidget* Front() {
         if (QWidget* const popup = QApplication::activePopupWidget()) return popup;
         QWidget* front = QApplication::activeModalWidget();
@@ -22,7 +23,7 @@ struct WholeProgram : TestProgram {
         if (QApplication::activeWindow() != front) front->activateWindow();
         return front;
     }
-    /// Whether a dialog or a window of a name is in front; waits for it.
+    /// Waits until a dialog or window of a name is in front; false if that does not happen.
     bool IsInFront(const char* name) {
         return QTest::qWaitFor([this, name] {
             QWidget* const front = Front();

@@ -9,13 +9,13 @@
 #include <QTest>
 
 #include "resources/strings.h"
+#include "settings/faulty_registry.h"
 #include "ui/application.h"
 #include "ui/editor/line_edit.h"
 #include "ui/editor/line_label.h"
 #include "ui/graph/graph_canvas.h"
 #include "ui/parts/bottom_bar.h"
 #include "ui/parts/qt_text.h"
-#include "workspace/faulty_registry.h"
 
 namespace kalvex {
 
@@ -39,8 +39,8 @@ struct TestProgram {
         QVERIFY(QTest::qWaitForWindowActive(application.editor.get()));
         ShowThePointer();
     }
-    /// Puts the pointer somewhere, as a screen always has it: while none was ever seen, a menu of
-    /// Qt 6.8 takes no click.
+    /// Puts the pointer on the screen. Until the pointer has been somewhere, menus of Qt 6.8 ignore
+    /// clicks.
     void ShowThePointer() {
         QCursor::setPos(application.editor->screen()->geometry().bottomRight());
         QCoreApplication::processEvents();

@@ -43,6 +43,10 @@ TEST(Selection, TogglesAndClears) {
     EXPECT_TRUE(AnySelected(functions));
     ToggleSelected(functions[8]);
     EXPECT_FALSE(AnySelected(functions));
+    functions[8].selected = 2;
+    EXPECT_FALSE(AnySelected(functions)) << "1 alone means selected";
+    ToggleSelected(functions[8]);
+    EXPECT_EQ(functions[8].selected, 1);
     for (FunctionEntry& entry : functions)
         entry.selected = 1;
     UnselectAll(functions);
@@ -56,22 +60,24 @@ TEST(ReleaseFunctions, LeavesTheSettings) {
     entry.type = 3;
     entry.color = 5;
     entry.selected = 1;
-    entry.approx_val = 6;
+    entry.method.approx_val = 6;
     entry.text = entry.workingText = entry.yText = u"x";
     entry.compiled = {CompileExpression(u"x"), CompileExpression(u"x")};
     entry.samples.resize(3);
-    entry.points.resize(3);
+    entry.points = {{1, 2, 3}, {4, 5, 6}};
+    entry.pointPixels.resize(3);
     ASSERT_NE(entry.compiled[1].program, nullptr);
     ReleaseFunctions(functions);
     ReleaseFunctions(functions);
     EXPECT_TRUE(entry.text.empty() && entry.workingText.empty() && entry.yText.empty());
-    EXPECT_TRUE(entry.samples.empty() && entry.points.empty());
+    EXPECT_TRUE(entry.samples.empty() && entry.points.x.empty());
+    EXPECT_TRUE(entry.points.y.empty() && entry.pointPixels.empty());
     EXPECT_EQ(entry.compiled[0].program, nullptr);
     EXPECT_EQ(entry.compiled[1].program, nullptr);
     EXPECT_EQ(entry.type, 3);
     EXPECT_EQ(entry.color, 5);
     EXPECT_EQ(entry.selected, 1);
-    EXPECT_EQ(entry.approx_val, 6);
+    EXPECT_EQ(entry.method.approx_val, 6);
 }
 
 }  // namespace

@@ -1,8 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "workspace/defaults.h"
-#include "workspace/faulty_registry.h"
 #include "workspace/function_list.h"
+#include "workspace/shown_boxes.h"
 
 namespace kalvex {
 namespace {
@@ -22,6 +21,7 @@ const LineCase kLines[] = {
     {2, 0, u"", true, u"", u"", u"", u""},
     {2, 1, u"", false, u"", u"", u"", u"Error in 4 function:\n\nEmpty string"},
     {2, 0, u"2x+", true, u"2x+", u"2x+", u"", u""},
+    {2, 2, u"2x+", true, u"2x+", u"2x+", u"", u""},  // 1 alone means selected
     {2, 1, u"2x", true, u"2x", u"2*x", u"", u""},
     {1, 1, u"-x", true, u"-x", u"0-x", u"", u""},
     {2, 1, u"2q", false, u"2q", u"2*q", u"",
@@ -111,72 +111,6 @@ TEST(PrepareFunction, ShowsTheTestBoxOfYBeforeThatOfX) {
     ASSERT_EQ(shown.boxes->size(), 2u);
     EXPECT_EQ(shown.boxes->at(0).text, u"(x)*3");
     EXPECT_EQ(shown.boxes->at(1).text, u"(x)*2");
-}
-
-TEST(PrepareFunctions, StoresEveryLineAsTyped) {
-    FunctionList functions = DefaultWorkspace().functions;
-    EditorLines lines;
-    for (std::size_t i = 0; i < 9; ++i)
-        lines[i] = std::u16string(i, u'x');
-    functions[8].type = 4;
-    functions[8].selected = 1;
-    lines[8] = u"\\My Documents\\data.txt";
-    const FaultyRegistry faulty = MakeFilledRegistry();
-    ShownBoxes shown;
-    EXPECT_TRUE(PrepareFunctions(functions, lines, faulty.registry, shown.show));
-    for (std::size_t i = 0; i < 9; ++i) {
-        EXPECT_EQ(faulty.registry.readText(std::to_string(i + 1), "equ"), lines[i]) << i;
-    }
-    EXPECT_EQ(functions[8].text, u"data.txt");
-    EXPECT_TRUE(shown.boxes->empty());
-}
-
-TEST(PrepareFunctions, StopsAtTheFirstBadLine) {
-    FunctionList functions = DefaultWorkspace().functions;
-    const EditorLines lines = {u"x", u"2q", u"3q", u"x"};
-    for (FunctionEntry& entry : functions)
-        entry.selected = 1;
-    functions[0].text = u"old";
-    functions[2].text = u"old";
-    const FaultyRegistry faulty = MakeFilledRegistry();
-    ShownBoxes shown;
-    EXPECT_FALSE(PrepareFunctions(functions, lines, faulty.registry, shown.show));
-    ASSERT_EQ(shown.boxes->size(), 1u);
-    EXPECT_EQ(shown.boxes->front().text, u"Error in 2 function:\n2q\nThere is an unknown lexeme");
-    EXPECT_EQ(*faulty.log, (std::vector<std::string>{"open 1/", "writeText 1/equ"}));
-    EXPECT_EQ(functions[0].text, u"x");
-    EXPECT_EQ(functions[2].text, u"old");
-}
-
-TEST(PrepareFunctions, EndsSilentlyWhenALineCannotBeStored) {
-    for (int slot = 1; slot <= 9; ++slot) {
-        for (const char* operation : {"open ", "writeText "}) {
-            FunctionList functions = DefaultWorkspace().functions;
-            functions[8].selected = 1;  // empty: would show a box
-            const FaultyRegistry faulty = MakeFilledRegistry();
-            const std::string key = std::to_string(slot) + "/";
-            const bool opening = operation == std::string("open ");
-            *faulty.fails = Exactly(operation + key + (opening ? "" : "equ"));
-            ShownBoxes shown;
-            EXPECT_FALSE(PrepareFunctions(functions, {}, faulty.registry, shown.show));
-            EXPECT_EQ(shown.boxes->size(), slot == 9 ? 1u : 0u) << slot;
-            functions[8].selected = 0;
-            EXPECT_FALSE(PrepareFunctions(functions, {}, faulty.registry, shown.show)) << slot;
-            EXPECT_EQ(shown.boxes->size(), slot == 9 ? 1u : 0u) << slot;
-        }
-    }
-}
-
-TEST(PrepareFunctions, TakesLinesOfAnyLength) {
-    FunctionList functions = DefaultWorkspace().functions;
-    functions[0].selected = 1;
-    EditorLines lines;
-    lines[0] = std::u16string(100000, u'(');
-    lines[1] = std::u16string(100000, u';');
-    const FaultyRegistry faulty = MakeFilledRegistry();
-    ShownBoxes shown;
-    EXPECT_FALSE(PrepareFunctions(functions, lines, faulty.registry, shown.show));
-    EXPECT_EQ(shown.boxes->size(), 1u);
 }
 
 }  // namespace

@@ -5,11 +5,11 @@
 #include <cmath>
 #include <cstddef>
 
+#include "numbers/double_double.h"
 #include "specfun/airy/airy_coefficients.h"
 #include "specfun/airy/roots.h"
 #include "specfun/airy/wave.h"
 #include "specfun/polynomial.h"
-#include "specfun/precision/double_double.h"
 #include "specfun/specfun.h"
 
 namespace kalvex::specfun {
@@ -34,7 +34,7 @@ DoubleDouble ClosePolynomial(const double (&c)[N], double h) {
 /// exp(+-zeta)/(sqrt(pi) x^(1/4)) times a factor. The exponential function alone may be out of
 /// range.
 double Leading(DoubleDouble zeta, double sign, const Roots& roots, double factor) {
-    const DoubleDouble amplitude = Multiply(roots.inverse, kInverseRootOfPi);
+    const DoubleDouble amplitude = roots.inverse * kInverseRootOfPi;
     const DoubleDouble scaled = TwoProduct(amplitude.high, factor);
     const double low = scaled.low + (amplitude.low * factor + scaled.high * (sign * zeta.low));
     const bool halved = zeta.high > kHalved;

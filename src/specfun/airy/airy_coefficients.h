@@ -4,7 +4,7 @@
 // listed, they come first, that of the constant one before the other.
 #pragma once
 
-#include "specfun/precision/double_double.h"
+#include "numbers/double_double.h"
 
 namespace kalvex::specfun {
 

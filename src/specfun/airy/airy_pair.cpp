@@ -6,7 +6,7 @@
 
 #include <cmath>
 
-#include "base/truncate.h"
+#include "numbers/truncate.h"
 #include "specfun/airy/airy_pair_table.h"
 
 namespace kalvex::specfun {
@@ -16,18 +16,18 @@ namespace {
 constexpr int kTerms = 17;
 constexpr int kHead = 5;
 
-AiryPair NearAiry(const AiryEntry* table, Extended y) {
+AiryPair NearAiry(const AiryEntry* table, DoubleDouble y) {
     const int quarters = TruncateToInt32(std::floor(4 * y.high + 0.5));
     const double middle = quarters / 4.0;
     const AiryEntry& entry = table[quarters + 4 * kAiryTableEnd];
-    const Extended step = y - middle;
-    Extended head[kHead] = {entry.value, entry.derivative, {}, {}, {}};
+    const DoubleDouble step = y - middle;
+    DoubleDouble head[kHead] = {entry.value, entry.derivative, {}, {}, {}};
     double all[kTerms];
     for (int k = 0; k + 2 < kTerms; ++k) {
         const double divisor = (k + 1) * (k + 2);
         if (k + 2 < kHead) {
-            const Extended sum = middle * head[k];
-            head[k + 2] = (k == 0 ? sum : sum + head[k - 1]) / divisor;
+            const DoubleDouble sum = middle * head[k];
+            head[k + 2] = LooseQuotient(k == 0 ? sum : LooseSum(sum, head[k - 1]), divisor);
         }
         all[k] = k < kHead ? head[k].high : all[k];
         all[k + 2] = (middle * all[k] + (k == 0 ? 0 : all[k - 1])) / divisor;
@@ -38,10 +38,10 @@ AiryPair NearAiry(const AiryEntry* table, Extended y) {
         derivative = derivative * step.high + tail;
         tail = tail * step.high + all[k];
     }
-    Extended value{tail};
+    DoubleDouble value{tail};
     for (int k = kHead; k-- > 0;) {
         derivative = derivative * step.high + value.high;
-        value = value * step + head[k];
+        value = LooseSum(value * step, head[k]);
     }
     return {value, derivative};
 }
@@ -49,12 +49,12 @@ AiryPair NearAiry(const AiryEntry* table, Extended y) {
 }  // namespace
 
 KALVEX_WITH_FMA
-AiryPair AiryAiPair(Extended y) {
+AiryPair AiryAiPair(DoubleDouble y) {
     return NearAiry(kAiTable, y);
 }
 
 KALVEX_WITH_FMA
-AiryPair AiryBiPair(Extended y) {
+AiryPair AiryBiPair(DoubleDouble y) {
     return NearAiry(kBiTable, y);
 }
 

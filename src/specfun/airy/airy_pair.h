@@ -2,20 +2,20 @@
 // Bessel functions need them.
 #pragma once
 
-#include "specfun/precision/extended.h"
+#include "numbers/extended.h"
 
 namespace kalvex::specfun {
 
 struct AiryPair {
-    Extended value;
+    DoubleDouble value;
     double derivative;
 };
 
 /// Ai and Ai' for y from -13 to 13. The error of the value is below 2^-60 of it, of the derivative
 /// some units in the last place; for negative y of their moduli.
-AiryPair AiryAiPair(Extended y);
+AiryPair AiryAiPair(DoubleDouble y);
 
 /// Bi and Bi'; likewise.
-AiryPair AiryBiPair(Extended y);
+AiryPair AiryBiPair(DoubleDouble y);
 
 }  // namespace kalvex::specfun

@@ -4,15 +4,15 @@
 
 #include <cstddef>
 
-#include "specfun/precision/extended.h"
+#include "numbers/extended.h"
 
 namespace kalvex::specfun {
 
 inline constexpr int kAiryTableEnd = 13;
 
 struct AiryEntry {
-    Extended value;
-    Extended derivative;
+    DoubleDouble value;
+    DoubleDouble derivative;
 };
 
 /// Ai from -13 to 13.

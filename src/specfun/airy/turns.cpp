@@ -13,7 +13,7 @@
 #include <cmath>
 #include <cstdint>
 
-#include "base/truncate.h"
+#include "numbers/truncate.h"
 #include "specfun/airy/turns_table.h"
 
 namespace kalvex::specfun {
@@ -87,7 +87,7 @@ Digits TwiceRoot(double a, int count) {
 DoubleDouble Fraction(const Window& digits) {
     DoubleDouble sum;
     for (int i = kBehind - 2; i > 0; i -= 2) {
-        sum = Add(sum, static_cast<double>(digits[i] * kBase + digits[i + 1]));
+        sum = sum + static_cast<double>(digits[i] * kBase + digits[i + 1]);
         sum = {sum.high * (kUnit * kUnit), sum.low * (kUnit * kUnit)};
     }
     return sum;
@@ -118,7 +118,7 @@ ReducedAngle TurnedPhase(double x) {
     Carry(turns, 1, kBehind);
     const std::int64_t quarters = (turns[1] + kBase / 8) >> (kTurnBits - 2);
     turns[1] -= quarters * (kBase / 4);
-    return {Multiply(Fraction(turns), kTurn), static_cast<int>(quarters & 3)};
+    return {Fraction(turns) * kTurn, static_cast<int>(quarters & 3)};
 }
 
 }  // namespace kalvex::specfun

@@ -1,7 +1,7 @@
 // The phase of the Airy functions for arguments so large that two doubles do not hold it.
 #pragma once
 
-#include "specfun/precision/double_double.h"
+#include "numbers/double_double.h"
 
 namespace kalvex::specfun {
 

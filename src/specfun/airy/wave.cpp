@@ -5,12 +5,12 @@
 
 #include <cmath>
 
-#include "base/truncate.h"
+#include "numbers/double_double.h"
+#include "numbers/truncate.h"
 #include "specfun/airy/airy_coefficients.h"
 #include "specfun/airy/roots.h"
 #include "specfun/airy/turns.h"
 #include "specfun/polynomial.h"
-#include "specfun/precision/double_double.h"
 
 namespace kalvex::specfun {
 namespace {
@@ -83,10 +83,10 @@ double AiryWave(double x, int quarters) {
     ReducedAngle angle = x < kLongFrom ? ShortPhase(ZetaOf(x, roots)) : TurnedPhase(x);
     const double shift =
         kTwoThirds.high * r * roots.inverse.high * roots.inverse.high * small.phase;
-    angle.rest = Add(angle.rest, shift);
+    angle.rest += shift;
     const int quadrant = (angle.quadrant + quarters) & 3;
     const DoubleDouble wave = quadrant % 2 == 0 ? Sine(angle.rest) : Cosine(angle.rest);
-    const DoubleDouble amplitude = Multiply(roots.inverse, kInverseRootOfPi);
+    const DoubleDouble amplitude = roots.inverse * kInverseRootOfPi;
     const double low = amplitude.low + amplitude.high * (r * r * r * small.modulus);
     const double value =
         std::fma(amplitude.high, wave.high, low * ToDouble(wave) + amplitude.high * wave.low);

@@ -8,7 +8,7 @@
 #include <cmath>
 #include <iterator>
 
-#include "base/truncate.h"
+#include "numbers/truncate.h"
 
 namespace kalvex::specfun {
 namespace {
@@ -42,17 +42,17 @@ Scaled StirlingFactor(double order, double x) {
     // Half of the quotient; x alone may be denormal.
     int exponent = 0;
     const double fraction = std::frexp(x, &exponent);
-    const Extended quotient = Extended{fraction} / (2 * order);
-    const Extended logarithm = LogOf(quotient) + kLn2 * static_cast<double>(exponent);
+    const DoubleDouble quotient = LooseQuotient(DoubleDouble{fraction}, 2 * order);
+    const DoubleDouble logarithm = LooseSum(LogOf(quotient), kLn2 * static_cast<double>(exponent));
     const Scaled power = ExpOf(order * (logarithm + 1.0) - rest * r);
-    return power * (1.0 / SquareRoot(2 * kPi * order));
+    return power * LooseQuotient(1.0, LooseSqrt(2 * kPi * order));
 }
 
 /// x^n for n up to kStirlingFrom.
-Extended IntegerPower(double x, int n) {
-    Extended power{1};
+DoubleDouble IntegerPower(double x, int n) {
+    DoubleDouble power{1};
     for (int k = 0; k < n; ++k) {
-        const Extended product = TwoProduct(power.high, x);
+        const DoubleDouble product = TwoProduct(power.high, x);
         power = {product.high, product.low + power.low * x};
     }
     return TwoSum(power.high, power.low);
@@ -73,15 +73,16 @@ Step StepOf(double x) {
     int exponent = 0;
     const double fraction = std::frexp(x, &exponent);
     const int step = std::max(0, 2 - exponent);
-    return {Extended{2} / std::ldexp(fraction, exponent + step), step, std::ldexp(1.0, -2 * step)};
+    return {LooseQuotient(DoubleDouble{2}, std::ldexp(fraction, exponent + step)), step,
+            std::ldexp(1.0, -2 * step)};
 }
 
 KALVEX_WITH_FMA
 OrderPair Upward(OrderPair pair, SplitOrder order, const Step& step, double sign) {
     const double back = sign * step.back;
     for (int k = 1; k <= order.whole; ++k) {
-        const Extended factor = FactorAt(step.scale, k, order.part);
-        const Extended above = RecurrenceStep(factor, pair.next, TimesPower(pair.at, back));
+        const DoubleDouble factor = FactorAt(step.scale, k, order.part);
+        const DoubleDouble above = RecurrenceStep(factor, pair.next, TimesPower(pair.at, back));
         pair.at = pair.next;
         pair.next = above;
     }
@@ -89,7 +90,7 @@ OrderPair Upward(OrderPair pair, SplitOrder order, const Step& step, double sign
 }
 
 ReciprocalGamma ReciprocalGammaParts(double part) {
-    const Extended square = TwoProduct(part, part);
+    const DoubleDouble square = TwoProduct(part, part);
     return {Polynomial(kEven, square), Polynomial(kOdd, square)};
 }
 
@@ -98,38 +99,38 @@ Scaled LeadingFactor(double order, double x) {
     if (order >= kStirlingFrom) return StirlingFactor(order, x);
     const auto [whole, part] = Split(order);
     const auto [even, odd] = ReciprocalGammaParts(part);
-    Extended gamma{1};
+    DoubleDouble gamma{1};
     for (int k = 1; k <= whole; ++k)
         gamma = FactorAt(gamma, k, part);
     int exponent = 0;
     const double fraction = std::frexp(x, &exponent);
-    const Extended power =
-        IntegerPower(fraction, whole) * (even + part * odd) / TwoSum(gamma.high, gamma.low);
+    const DoubleDouble power = LooseQuotient(
+        IntegerPower(fraction, whole) * LooseSum(even, part * odd), TwoSum(gamma.high, gamma.low));
     const int half = exponent - 1;
     if (part == 0) return {power, half * whole};
-    const Extended logarithm = LogOf({fraction, 0}) + kLn2 * static_cast<double>(half);
+    const DoubleDouble logarithm = LooseSum(LogOf({fraction, 0}), kLn2 * static_cast<double>(half));
     const Scaled rest = ExpOf(part * logarithm);
     return {power * rest.value, half * whole + rest.exponent};
 }
 
 KALVEX_WITH_FMA
-Extended PowerSeries(double order, Extended q) {
+DoubleDouble PowerSeries(double order, DoubleDouble q) {
     // Terms below this of the sum are doubles.
     constexpr double kSmall = 0x1p-11;
     constexpr double kNegligible = 0x1p-66;
-    Extended sum{1};
-    Extended term{1};
+    DoubleDouble sum{1};
+    DoubleDouble term{1};
     double k = 1;
     for (; std::fabs(term.high) > kSmall * sum.high; ++k) {
-        const Extended next = TwoSum(order, k);
+        const DoubleDouble next = TwoSum(order, k);
         const double divisor = k * next.high;
         const double lower = std::fma(k, next.high, -divisor) + k * next.low;
         const double inverse = 1 / divisor;
         const double ratio = q.high * inverse;
         const double rest = (std::fma(-ratio, divisor, q.high) + (q.low - ratio * lower)) * inverse;
-        const Extended product = TwoProduct(term.high, ratio);
+        const DoubleDouble product = TwoProduct(term.high, ratio);
         term = {product.high, (product.low + term.high * rest) + term.low * ratio};
-        const Extended total = TwoSum(sum.high, term.high);
+        const DoubleDouble total = TwoSum(sum.high, term.high);
         sum = {total.high, sum.low + (total.low + term.low)};
     }
     double tail = 0;
@@ -141,10 +142,10 @@ Extended PowerSeries(double order, Extended q) {
 }
 
 KALVEX_WITH_FMA
-Extended RatioOfVanishing(double order, double x, double sign) {
+DoubleDouble RatioOfVanishing(double order, double x, double sign) {
     // The error left is the sum of 1/(p(k) p(k+1)) over the rest, p being the growing solution.
     constexpr double kEnough = 0x1p35;
-    const Extended scale = Extended{2} / x;
+    const DoubleDouble scale = LooseQuotient(DoubleDouble{2}, x);
     double before = 0;
     double current = 1;
     int last = 1;
@@ -153,15 +154,15 @@ Extended RatioOfVanishing(double order, double x, double sign) {
         before = current;
         current = next;
     }
-    Extended above{0};
-    Extended value{1};
+    DoubleDouble above{0};
+    DoubleDouble value{1};
     for (int k = last; k > 0; --k) {
-        const Extended below =
+        const DoubleDouble below =
             RecurrenceStep(FactorAt(scale, k, order), value, TimesPower(above, sign));
         above = value;
         value = below;
     }
-    return TwoSum(above.high, above.low) / TwoSum(value.high, value.low);
+    return LooseQuotient(TwoSum(above.high, above.low), TwoSum(value.high, value.low));
 }
 
 }  // namespace kalvex::specfun

@@ -4,7 +4,7 @@
 // doubles, a power of two is kept apart.
 #pragma once
 
-#include "specfun/precision/extended.h"
+#include "numbers/extended.h"
 
 namespace kalvex::specfun {
 
@@ -19,7 +19,7 @@ SplitOrder Split(double order);
 /// 2/x = scale 2^exponent, exponent >= 0, for x > 0: below 1 for small x, for large ones without a
 /// power.
 struct Step {
-    Extended scale;
+    DoubleDouble scale;
     int exponent;
     double back;  ///< 2^(-2 exponent)
 };
@@ -27,22 +27,22 @@ Step StepOf(double x);
 
 /// A function at two neighbouring orders, the next with the exponent of a step more.
 struct OrderPair {
-    Extended at;
-    Extended next;
+    DoubleDouble at;
+    DoubleDouble next;
 };
 
 /// scale (k + part), whole k.
-inline Extended FactorAt(Extended scale, double k, double part) {
-    const Extended order = TwoSum(k, part);
+inline DoubleDouble FactorAt(DoubleDouble scale, double k, double part) {
+    const DoubleDouble order = TwoSum(k, part);
     const double product = scale.high * order.high;
     return {product, std::fma(scale.high, order.high, -product) +
                          (scale.high * order.low + scale.low * order.high)};
 }
 
 /// factor f - before, a step of a recurrence.
-inline Extended RecurrenceStep(Extended factor, Extended f, Extended before) {
-    const Extended product = TwoProduct(factor.high, f.high);
-    const Extended sum = TwoSum(product.high, -before.high);
+inline DoubleDouble RecurrenceStep(DoubleDouble factor, DoubleDouble f, DoubleDouble before) {
+    const DoubleDouble product = TwoProduct(factor.high, f.high);
+    const DoubleDouble sum = TwoSum(product.high, -before.high);
     const double error = factor.low * f.high + product.low - before.low + sum.low;
     return {sum.high, error + factor.high * f.low};
 }
@@ -52,8 +52,8 @@ OrderPair Upward(OrderPair pair, SplitOrder order, const Step& step, double sign
 
 /// 1/Gamma(1 + part) = even + part odd and 1/Gamma(1 - part) = even - part odd, |part| <= 1/2.
 struct ReciprocalGamma {
-    Extended even;
-    Extended odd;
+    DoubleDouble even;
+    DoubleDouble odd;
 };
 ReciprocalGamma ReciprocalGammaParts(double part);
 
@@ -63,10 +63,10 @@ Scaled LeadingFactor(double order, double x);
 
 /// The sum over k of q^k / (k! (order+1)...(order+k)), the rest of the power series: of I for
 /// q = x^2/4, of J for q = -x^2/4, there with x^2/4 <= order + 1 so that nothing cancels.
-Extended PowerSeries(double order, Extended q);
+DoubleDouble PowerSeries(double order, DoubleDouble q);
 
 /// f(order+1)/f(order) for the solution of f(k+1) = 2k/x f(k) - sign f(k-1) that vanishes with
 /// growing order: J for sign 1 (order >= x - 1), I for sign -1. x from 2.
-Extended RatioOfVanishing(double order, double x, double sign);
+DoubleDouble RatioOfVanishing(double order, double x, double sign);
 
 }  // namespace kalvex::specfun

@@ -13,7 +13,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "base/truncate.h"
+#include "numbers/truncate.h"
 #include "specfun/bessel/oscillating.h"
 
 namespace kalvex::specfun {
@@ -58,16 +58,16 @@ PlainComplex Confluent(double part, double x) {
 /// Hankel's expansion of H(1) of the order but for the factor, less 1: its first term, up to 1/22,
 /// and the rest.
 struct HankelParts {
-    Extended first;  ///< imaginary
+    DoubleDouble first;  ///< imaginary
     PlainComplex rest;
 };
 
 /// Order up to 3/2.
-HankelParts HankelSum(Extended order, double x) {
+HankelParts HankelSum(DoubleDouble order, double x) {
     constexpr double kNegligible = 0x1p-60;
     const double scale = 1 / (2 * x);
     const double square = order.high * order.high;
-    const Extended first = (order - 0.5) * (0.5 * order + 0.25) / x;
+    const DoubleDouble first = LooseQuotient((order - 0.5) * (0.5 * order + 0.25), x);
     PlainComplex rest{0, 0};
     double term = first.high;
     for (double k = 2; std::fabs(term) > kNegligible; k += 2) {
@@ -81,7 +81,7 @@ HankelParts HankelSum(Extended order, double x) {
 }
 
 /// What the expansion adds to the real and the imaginary part of a factor.
-OrderPair Added(Extended real, Extended imaginary, const HankelParts& sum) {
+OrderPair Added(DoubleDouble real, DoubleDouble imaginary, const HankelParts& sum) {
     const auto [first, rest] = sum;
     const double a = real.high * rest.real - imaginary.high * rest.imaginary;
     const double b = imaginary.high * rest.real + real.high * rest.imaginary;
@@ -94,13 +94,13 @@ KALVEX_WITH_FMA
 LowOrders LowOrdersMiddle(double part, double x, int steps) {
     // J over Y falls by more than 2^66 from the wanted order, or the turning point at x, to there.
     const int last = std::max(steps, TruncateToInt32(x)) + 12 + TruncateToInt32(3.5 * std::sqrt(x));
-    const Extended scale = Extended{2} / x;
-    Extended higher{0};
-    Extended above{0};
-    Extended j{1};
+    const DoubleDouble scale = LooseQuotient(DoubleDouble{2}, x);
+    DoubleDouble higher{0};
+    DoubleDouble above{0};
+    DoubleDouble j{1};
     for (int k = last; k > 0; --k) {
         if (k == steps) higher = j;
-        const Extended below = RecurrenceStep(FactorAt(scale, k, part), j, above);
+        const DoubleDouble below = RecurrenceStep(FactorAt(scale, k, part), j, above);
         above = j;
         j = below;
     }
@@ -108,12 +108,13 @@ LowOrders LowOrdersMiddle(double part, double x, int steps) {
     j = TwoSum(j.high, j.low);
     above = TwoSum(above.high, above.low);
     const PlainComplex small = Confluent(part, x);
-    const Extended real = (TwoSum(part, 0.5) - small.real) / x;
-    const Extended imaginary = -1 - Extended{small.imaginary} / x;
-    const Extended y = (real * j - above) / imaginary;
-    const Extended factor = 1.0 / SquareRoot(kHalfPi * x * -imaginary * (j * j + y * y));
+    const DoubleDouble real = LooseQuotient(TwoSum(part, 0.5) - small.real, x);
+    const DoubleDouble imaginary = -1 - LooseQuotient(DoubleDouble{small.imaginary}, x);
+    const DoubleDouble y = LooseQuotient(LooseDifference(real * j, above), imaginary);
+    const DoubleDouble factor =
+        LooseQuotient(1.0, LooseSqrt(kHalfPi * x * -imaginary * LooseSum(j * j, y * y)));
     return {{factor * j, factor * above},
-            {factor * y, factor * (imaginary * j + real * y)},
+            {factor * y, factor * LooseSum(imaginary * j, real * y)},
             factor * higher};
 }
 
@@ -122,12 +123,15 @@ LowOrders LowOrdersFar(double part, double x) {
     const auto [c, s] = CosineSineLess(x, TwoSum(part / 2, 0.25));
     // The root of 2/(pi x), which the largest x would overflow.
     const double unit = x > 0x1p500 ? 0x1p-300 : 1;
-    const Extended root = TimesPower(SquareRoot(1.0 / (kHalfPi * (x * unit * unit))), unit);
-    const Extended real = root * c;
-    const Extended imaginary = root * s;
+    const DoubleDouble root =
+        TimesPower(LooseSqrt(LooseQuotient(1.0, kHalfPi * (x * unit * unit))), unit);
+    const DoubleDouble real = root * c;
+    const DoubleDouble imaginary = root * s;
     const OrderPair at = Added(real, imaginary, HankelSum({part, 0}, x));
     const OrderPair next = Added(imaginary, -real, HankelSum(TwoSum(part, 1), x));
-    return {{real + at.at, imaginary + next.at}, {imaginary + at.next, -real + next.next}, {}};
+    return {{LooseSum(real, at.at), LooseSum(imaginary, next.at)},
+            {LooseSum(imaginary, at.next), LooseSum(-real, next.next)},
+            {}};
 }
 
 }  // namespace kalvex::specfun

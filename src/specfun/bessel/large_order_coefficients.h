@@ -3,7 +3,7 @@
 
 #include <cstddef>
 
-#include "specfun/precision/extended.h"
+#include "numbers/extended.h"
 
 namespace kalvex::specfun {
 

@@ -30,7 +30,7 @@ struct Place {
     double order;
     double x;
     double rootUnit;
-    Extended s;
+    DoubleDouble s;
     double square;  ///< order^2 / (order^2 - x^2)
 };
 
@@ -47,9 +47,9 @@ Place PlaceOf(double order, double x) {
         n = n / root / root;
         x = x / root / root;
     }
-    const Extended difference = TwoSum(n, -x) * TwoSum(n, x);
-    const Extended size = difference.high < 0 ? -difference : difference;
-    const Extended s = size.high == 0 ? Extended{} : SquareRoot(size);
+    const DoubleDouble difference = TwoSum(n, -x) * TwoSum(n, x);
+    const DoubleDouble size = difference.high < 0 ? -difference : difference;
+    const DoubleDouble s = size.high == 0 ? DoubleDouble{} : LooseSqrt(size);
     return {n, x, root, s, n * n / difference.high};
 }
 
@@ -69,18 +69,19 @@ double SmallSeries(const double (&series)[count], double t) {
 }
 
 /// The cube root of a > 0.
-Extended CubeRoot(double a) {
+DoubleDouble CubeRoot(double a) {
     const double root = std::cbrt(a);
-    const Extended rest = TwoProduct(root, root) * root - a;
+    const DoubleDouble rest = TwoProduct(root, root) * root - a;
     return QuickTwoSum(root, -rest.high / (3 * root * root));
 }
 
 /// Olver's expansion with Ai and Ai', or Bi and Bi', at order^(2/3) zeta.
-Extended Turning(double order, double x, AiryPair (&airy)(Extended)) {
-    const Extended quotient = TwoSum(order / 2, -x / 2) / TwoSum(order / 2, x / 2);
-    const Extended root = Polynomial(kTurningRoot, quotient);
-    const Extended scale = CubeRoot(order / 2);
-    const Extended factor = 2 * (scale * root * root) / (1 + quotient);
+DoubleDouble Turning(double order, double x, AiryPair (&airy)(DoubleDouble)) {
+    const DoubleDouble quotient =
+        LooseQuotient(TwoSum(order / 2, -x / 2), TwoSum(order / 2, x / 2));
+    const DoubleDouble root = Polynomial(kTurningRoot, quotient);
+    const DoubleDouble scale = CubeRoot(order / 2);
+    const DoubleDouble factor = LooseQuotient(2 * (scale * root * root), 1 + quotient);
     const AiryPair pair = airy(factor * factor * quotient);
     const double y = quotient.high;
     const double r = 1 / order / order;
@@ -90,7 +91,8 @@ Extended Turning(double order, double x, AiryPair (&airy)(Extended)) {
     const double second = (SmallSeries(kTurningB0, y) +
                            r * (SmallSeries(kTurningB1, y) + r * SmallSeries(kTurningB2, y))) /
                           square / square;
-    return root / scale * (pair.value + (pair.value.high * first + pair.derivative * second));
+    return LooseQuotient(root, scale) *
+           (pair.value + (pair.value.high * first + pair.derivative * second));
 }
 
 /// The sums of U(k)/order^k over even k, less 1, and odd k; for x above the order with the powers
@@ -133,12 +135,13 @@ double FlatPart(double square) {
 }
 
 /// order alpha - s with cosh(alpha) = order/x, tanh(alpha) = s/order, in units of rootUnit^2.
-Extended Exponent(const Place& at) {
+DoubleDouble Exponent(const Place& at) {
     const double t = at.s.high / at.order;
     if (t < kFlat) return at.s * FlatPart(t * t);
     // Less of the order is as far beyond the range; the quotient stays within it for every order.
     constexpr double kLeast = 0x1p-900;
-    return at.order * LogOf((at.order + at.s) / std::max(at.x, kLeast * at.order)) - at.s;
+    return LooseDifference(
+        at.order * LogOf(LooseQuotient(at.order + at.s, std::max(at.x, kLeast * at.order))), at.s);
 }
 
 /// Cosine and sine of s - order beta - pi/4, tan(beta) = s/order.
@@ -149,29 +152,32 @@ CosineSine PhaseAt(const Place& at) {
     const double unit = UnitOf(at);
     if (at.x < 2 * n) {
         const double t = at.s.high / n;
-        const Extended phase =
-            t < kFlat ? at.s * FlatPart(-t * t) : at.s - n * AngleOf(at.s, {n, 0});
-        if (phase.high * unit < kTogether) return CosineSineOf(phase * unit - kHalfPi * 0.5);
+        const DoubleDouble phase =
+            t < kFlat ? at.s * FlatPart(-t * t) : LooseDifference(at.s, n * AngleOf(at.s, {n, 0}));
+        if (phase.high * unit < kTogether)
+            return CosineSineOf(LooseDifference(phase * unit, kHalfPi * 0.5));
         return TurnedBack(CosineSineOf(TimesPower(phase, unit)), CosineSinePi({0.25, 0}));
     }
     // beta is pi/2 - arcsin(order/x), and s is x - order^2/(x + s).
-    const Extended rest = n * (n / (at.x + at.s) - AngleOf({n, 0}, at.s));
-    if (at.x * unit < kTogether) return CosineSineOf(at.x - kPi * TwoSum(n / 2, 0.25) - rest);
-    const Extended turns = TwoSum(std::fmod(n * unit, 4.0) / 2, 0.25);
+    const DoubleDouble rest =
+        n * LooseDifference(LooseQuotient(n, at.x + at.s), AngleOf({n, 0}, at.s));
+    if (at.x * unit < kTogether)
+        return CosineSineOf(LooseDifference(at.x - kPi * TwoSum(n / 2, 0.25), rest));
+    const DoubleDouble turns = TwoSum(std::fmod(n * unit, 4.0) / 2, 0.25);
     return TurnedBack(CosineSineLess(at.x * unit, turns), CosineSineOf(TimesPower(rest, unit)));
 }
 
 /// exp(sign exponent) times the sums and sqrt(factor / s).
-Scaled Upright(const Place& at, double sign, Extended factor) {
+Scaled Upright(const Place& at, double sign, DoubleDouble factor) {
     const DebyeSums sums = DebyeSumsAt(at);
-    const Extended root = TimesPower(SquareRoot(factor / at.s), 1 / at.rootUnit);
+    const DoubleDouble root = TimesPower(LooseSqrt(LooseQuotient(factor, at.s)), 1 / at.rootUnit);
     return ExpOf(TimesPower(sign * Exponent(at), UnitOf(at))) *
-           (root * (1 + Extended{sums.even - sign * sums.odd}));
+           (root * (1 + DoubleDouble{sums.even - sign * sums.odd}));
 }
 
 /// sqrt(2 / (pi s)).
-Extended ModulusAt(const Place& at) {
-    return TimesPower(SquareRoot(1.0 / (kHalfPi * at.s)), 1 / at.rootUnit);
+DoubleDouble ModulusAt(const Place& at) {
+    return TimesPower(LooseSqrt(LooseQuotient(1.0, kHalfPi * at.s)), 1 / at.rootUnit);
 }
 
 }  // namespace
@@ -185,7 +191,7 @@ KALVEX_WITH_FMA
 Scaled LargeOrderJ(double order, double x) {
     const Place at = PlaceOf(order, x);
     if (IsTurning(at)) return {Turning(order, x, AiryAiPair)};
-    if (order > x) return Upright(at, -1, 1.0 / (2 * kPi));
+    if (order > x) return Upright(at, -1, LooseQuotient(1.0, 2 * kPi));
     const auto [even, odd] = DebyeSumsAt(at);
     const auto [c, s] = PhaseAt(at);
     return {ModulusAt(at) * (c + (c.high * even + s.high * odd))};
@@ -196,7 +202,7 @@ Scaled LargeOrderY(double order, double x) {
     const Place at = PlaceOf(order, x);
     if (IsTurning(at)) return {-Turning(order, x, AiryBiPair)};
     if (order > x) {
-        const Scaled value = Upright(at, 1, 1.0 / kHalfPi);
+        const Scaled value = Upright(at, 1, LooseQuotient(1.0, kHalfPi));
         return {-value.value, value.exponent};
     }
     const auto [even, odd] = DebyeSumsAt(at);

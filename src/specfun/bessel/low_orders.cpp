@@ -6,7 +6,7 @@
 // (Goldstein and Thaler, 1959).
 #include <cmath>
 
-#include "base/truncate.h"
+#include "numbers/truncate.h"
 #include "specfun/bessel/oscillating.h"
 
 namespace kalvex::specfun {
@@ -17,11 +17,11 @@ constexpr double kTiny = 0x1p-60;
 
 /// Sums over the J(part + k) of the recurrence downward, all but for the same factor.
 struct NeumannSums {
-    OrderPair j;      ///< orders part and part + 1, without a power
-    Extended norm;    ///< (x/2)^part / Gamma(1 + part)
-    Extended second;  ///< the expansion of J(-part) from its second term on, over (x/2)^-2part
-                      ///< 2 part Gamma(part + 1) / Gamma(1 - part)
-    Extended next;    ///< 3 part / x of it less the same with J' for J
+    OrderPair j;          ///< orders part and part + 1, without a power
+    DoubleDouble norm;    ///< (x/2)^part / Gamma(1 + part)
+    DoubleDouble second;  ///< the expansion of J(-part) from its second term on, over (x/2)^-2part
+                          ///< 2 part Gamma(part + 1) / Gamma(1 - part)
+    DoubleDouble next;    ///< 3 part / x of it less the same with J' for J
 };
 
 /// The step above part at which to start, at most 26: J falls by more than 2^66 to there.
@@ -32,52 +32,53 @@ int StartSteps(double x) {
 
 /// The sums so far, and the values of the recurrence one and two steps above the even step 2m.
 struct Run {
-    Extended norm;
-    Extended second;
-    Extended slope;
-    Extended above;
-    Extended value;  ///< at the step 2m
+    DoubleDouble norm;
+    DoubleDouble second;
+    DoubleDouble slope;
+    DoubleDouble above;
+    DoubleDouble value;  ///< at the step 2m
 };
 
 /// The two steps of the recurrence down from 2m; returns the value at 2m - 1.
-Extended StepDown(Run& run, double part, Extended scale, int m) {
-    const Extended middle = RecurrenceStep(FactorAt(scale, 2 * m, part), run.value, run.above);
-    const Extended below = RecurrenceStep(FactorAt(scale, 2 * m - 1, part), middle, run.value);
+DoubleDouble StepDown(Run& run, double part, DoubleDouble scale, int m) {
+    const DoubleDouble middle = RecurrenceStep(FactorAt(scale, 2 * m, part), run.value, run.above);
+    const DoubleDouble below = RecurrenceStep(FactorAt(scale, 2 * m - 1, part), middle, run.value);
     run.above = middle;
     run.value = below;
     return middle;
 }
 
 /// The sums down to the step 2m, where they are below 2^-10 of all.
-void AddFar(Run& run, double part, Extended scale, int m) {
+void AddFar(Run& run, double part, DoubleDouble scale, int m) {
     const double weight = part + 2 * m;
     const double quotient = (part + m) / (m + 1);
     const double factor = -quotient * (2 * part + m) / (m + 1 - part);
     const double term = weight * run.value.high;
     const double above = run.above.high;
-    const Extended middle = StepDown(run, part, scale, m);
+    const DoubleDouble middle = StepDown(run, part, scale, m);
     run.norm.high = term + quotient * run.norm.high;
     run.second.high = term + factor * run.second.high;
     run.slope.high = weight * (middle.high - above) + factor * run.slope.high;
 }
 
-void AddNear(Run& run, double part, Extended scale, int m) {
-    const Extended weight = TwoSum(2 * m, part);
-    const Extended quotient = TwoSum(m, part) / static_cast<double>(m + 1);
-    const Extended factor = -quotient * TwoSum(m, 2 * part) / TwoSum(m + 1, -part);
-    const Extended term = weight * run.value;
-    const Extended above = run.above;
-    const Extended middle = StepDown(run, part, scale, m);
-    run.norm = term + quotient * run.norm;
-    run.second = term + factor * run.second;
-    run.slope = weight * (middle - above) + factor * run.slope;
+void AddNear(Run& run, double part, DoubleDouble scale, int m) {
+    const DoubleDouble weight = TwoSum(2 * m, part);
+    const DoubleDouble quotient = LooseQuotient(TwoSum(m, part), static_cast<double>(m + 1));
+    const DoubleDouble factor =
+        LooseQuotient(-quotient * TwoSum(m, 2 * part), TwoSum(m + 1, -part));
+    const DoubleDouble term = weight * run.value;
+    const DoubleDouble above = run.above;
+    const DoubleDouble middle = StepDown(run, part, scale, m);
+    run.norm = LooseSum(term, quotient * run.norm);
+    run.second = LooseSum(term, factor * run.second);
+    run.slope = LooseSum(weight * LooseDifference(middle, above), factor * run.slope);
 }
 
 /// The series run as nested products over the even steps 2m: each coefficient is the one below
 /// times a rational factor of m.
 NeumannSums RecurDownward(double part, double x) {
     constexpr int kNear = 2;
-    const Extended scale = Extended{2} / x;
+    const DoubleDouble scale = LooseQuotient(DoubleDouble{2}, x);
     Run run{};
     run.value.high = 0x1p-800;
     int m = (StartSteps(x) + 1) / 2;
@@ -85,19 +86,20 @@ NeumannSums RecurDownward(double part, double x) {
         AddFar(run, part, scale, m);
     for (; m > 0; --m)
         AddNear(run, part, scale, m);
-    const Extended value = TwoSum(run.value.high, run.value.low);
-    const Extended above = TwoSum(run.above.high, run.above.low);
+    const DoubleDouble value = TwoSum(run.value.high, run.value.low);
+    const DoubleDouble above = TwoSum(run.above.high, run.above.low);
     // The terms m = 0 have the coefficient 1 in the norm, and are left out of the other two, where
     // m = 1 has the coefficient -1/(1 - part).
-    const Extended down = TwoSum(part, -1);
-    const Extended second = run.second / down;
-    const Extended next = TwoProduct(3, part) / x * second - run.slope / (2.0 * down);
-    return {{value, above}, run.norm + value, second, next};
+    const DoubleDouble down = TwoSum(part, -1);
+    const DoubleDouble second = LooseQuotient(run.second, down);
+    const DoubleDouble next = LooseDifference(LooseQuotient(TwoProduct(3, part), x) * second,
+                                              LooseQuotient(run.slope, 2.0 * down));
+    return {{value, above}, LooseSum(run.norm, value), second, next};
 }
 
 /// The same for x below kTiny, with J(part + 1) that much smaller.
 NeumannSums FirstTerms(double part, double x) {
-    return {{{1}, Extended{x / 2} / TwoSum(part, 1)}, {1}, {}, {}};
+    return {{{1}, LooseQuotient(DoubleDouble{x / 2}, TwoSum(part, 1))}, {1}, {}, {}};
 }
 
 }  // namespace
@@ -106,33 +108,36 @@ KALVEX_WITH_FMA
 OrderPair LowYNear(double part, double x, const Step& step) {
     const NeumannSums sums = x < kTiny ? FirstTerms(part, x) : RecurDownward(part, x);
     const auto [even, odd] = ReciprocalGammaParts(part);
-    const Extended reciprocal = even + part * odd;  // 1/Gamma(1 + part)
-    const Extended opposite = even - part * odd;
-    const Extended logarithm = LogOf({x, 0}) - kLn2;
-    const Extended exponent = part * logarithm;
+    const DoubleDouble reciprocal = LooseSum(even, part * odd);  // 1/Gamma(1 + part)
+    const DoubleDouble opposite = LooseDifference(even, part * odd);
+    const DoubleDouble logarithm = LooseDifference(LogOf({x, 0}), kLn2);
+    const DoubleDouble exponent = part * logarithm;
     // (x/2)^part, its inverse, and half their difference over part.
     const bool flat = std::fabs(exponent.high) < 0.5;
     const Scaled power = flat ? Scaled{} : ExpOf(exponent);
-    const Extended rise = flat ? ExpMinusOneOf(exponent) : Extended{};
-    const Extended scale =
+    const DoubleDouble rise = flat ? ExpMinusOneOf(exponent) : DoubleDouble{};
+    const DoubleDouble scale =
         flat ? 1 + rise : TimesPower(power.value, std::ldexp(1.0, power.exponent));
-    const Extended inverse = 1.0 / scale;
-    const Extended relative = exponent.high == 0 ? logarithm
-                              : flat             ? rise / part * (1 + 0.5 * rise) * inverse
-                                                 : (scale - inverse) / (2 * part);
+    const DoubleDouble inverse = LooseQuotient(1.0, scale);
+    const DoubleDouble relative = exponent.high == 0 ? logarithm
+                                  : flat ? LooseQuotient(rise, part) * (1 + 0.5 * rise) * inverse
+                                         : LooseQuotient(LooseDifference(scale, inverse), 2 * part);
     const auto [cosine, sine] = CosineSinePi({part, 0});
-    const Extended perSine = part == 0 ? 1.0 / kPi : part / sine;
+    const DoubleDouble perSine = part == 0 ? LooseQuotient(1.0, kPi) : LooseQuotient(part, sine);
     // J is its sum times scale and this; power = (x/2)^-2part Gamma(1+part)/Gamma(1-part), bracket
     // = (cos - power)/sin (pi part), that times the scale, and the power likewise.
-    const Extended factor = reciprocal / sums.norm;
-    const Extended quotient = opposite / reciprocal;
-    const Extended bracket = -sine / (1 + cosine) * scale +
-                             2.0 * perSine * (quotient * relative + odd / reciprocal * scale);
-    const Extended leading = perSine * quotient * inverse * factor;
+    const DoubleDouble factor = LooseQuotient(reciprocal, sums.norm);
+    const DoubleDouble quotient = LooseQuotient(opposite, reciprocal);
+    const DoubleDouble bracket = LooseSum(
+        LooseQuotient(-sine, 1 + cosine) * scale,
+        2.0 * perSine * LooseSum(quotient * relative, LooseQuotient(odd, reciprocal) * scale));
+    const DoubleDouble leading = perSine * quotient * inverse * factor;
     const double back = std::ldexp(1.0, -step.exponent);
-    return {bracket * factor * sums.j.at - 2 * leading * sums.second,
-            TimesPower(bracket * factor * sums.j.next - 2 * leading * sums.next, back) -
-                step.scale * leading * sums.j.at};
+    return {LooseDifference(bracket * factor * sums.j.at, 2 * leading * sums.second),
+            LooseDifference(
+                TimesPower(LooseDifference(bracket * factor * sums.j.next, 2 * leading * sums.next),
+                           back),
+                step.scale * leading * sums.j.at)};
 }
 
 }  // namespace kalvex::specfun

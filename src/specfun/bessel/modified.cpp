@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "base/truncate.h"
+#include "numbers/truncate.h"
 #include "specfun/bessel/large_order_coefficients.h"
 
 namespace kalvex::specfun {
@@ -60,32 +60,35 @@ OrderPair SeriesK(double part, double x, const Step& step) {
     // From here on what the terms add is small beside the sums.
     constexpr int kHead = 5;
     const auto [even, odd] = ReciprocalGammaParts(part);
-    const Extended logarithm = kLn2 - LogOf({x, 0});
-    const Extended t = part * logarithm;
+    const DoubleDouble logarithm = LooseDifference(kLn2, LogOf({x, 0}));
+    const DoubleDouble t = part * logarithm;
     const Scaled scaled = part == 0 ? Scaled{{1}} : ExpOf(t);
-    const Extended power = TimesPower(scaled.value, std::ldexp(1.0, scaled.exponent));
-    const Extended inverse = part == 0 ? power : 1.0 / power;
-    const Extended up = even + part * odd;
-    const Extended down = even - part * odd;
-    const Extended sine =
-        std::fabs(t.high) > 0.3 ? (power - inverse) / (2 * t) : Polynomial(kSine, t * t);
+    const DoubleDouble power = TimesPower(scaled.value, std::ldexp(1.0, scaled.exponent));
+    const DoubleDouble inverse = part == 0 ? power : LooseQuotient(1.0, power);
+    const DoubleDouble up = LooseSum(even, part * odd);
+    const DoubleDouble down = LooseDifference(even, part * odd);
+    const DoubleDouble sine = std::fabs(t.high) > 0.3
+                                  ? LooseQuotient(LooseDifference(power, inverse), 2 * t)
+                                  : Polynomial(kSine, t * t);
     // 1/(up down) is pi part / sin(pi part).
-    Extended f = (even * sine * logarithm - odd * (power + inverse) * 0.5) / (up * down);
-    Extended p = power / (2 * up);
-    Extended q = inverse / (2 * down);
-    const Extended quarter = TwoProduct(x / 2, x / 2);
-    Extended factor{1};
+    DoubleDouble f = LooseQuotient(
+        LooseDifference(even * sine * logarithm, odd * LooseSum(power, inverse) * 0.5),
+        (up * down));
+    DoubleDouble p = LooseQuotient(power, 2 * up);
+    DoubleDouble q = LooseQuotient(inverse, 2 * down);
+    const DoubleDouble quarter = TwoProduct(x / 2, x / 2);
+    DoubleDouble factor{1};
     OrderPair sum{f, p};
     for (int k = 1; k < kHead && factor.high > kNegligible; ++k) {
-        const Extended lower = TwoSum(k, -part);
-        const Extended higher = TwoSum(k, part);
-        const Extended product = 1.0 / (lower * higher);
-        f = (k * f + p + q) * product;
-        p = p * (higher * product);
-        q = q * (lower * product);
-        factor = factor * quarter / k;
-        sum.at = sum.at + factor * f;
-        sum.next = sum.next + factor * (p - k * f);
+        const DoubleDouble lower = TwoSum(k, -part);
+        const DoubleDouble higher = TwoSum(k, part);
+        const DoubleDouble product = LooseQuotient(1.0, lower * higher);
+        f = LooseSum(LooseSum(k * f, p), q) * product;
+        p *= higher * product;
+        q *= lower * product;
+        factor = LooseQuotient(factor * quarter, k);
+        sum.at = LooseSum(sum.at, factor * f);
+        sum.next = LooseSum(sum.next, factor * LooseDifference(p, k * f));
     }
     const PlainSums rest = PlainTerms(kHead, part, x, {f.high, p.high, q.high, factor.high});
     return {sum.at + rest.at, (sum.next + rest.next) * step.scale};
@@ -113,9 +116,10 @@ OrderPair ConfluentK(double part, double x) {
         sum += value;
     }
     const double first = 2 * (difference + argument * value);
-    const Extended at = SquareRoot(kHalfPi / x) / (1 + Extended{factor * (sum / first)});
-    const Extended ratio = TwoSum(part, 0.5) - factor * (value / first);
-    return {at, at + at * ratio / x};
+    const DoubleDouble at = LooseQuotient(LooseSqrt(LooseQuotient(kHalfPi, x)),
+                                          (1 + DoubleDouble{factor * (sum / first)}));
+    const DoubleDouble ratio = TwoSum(part, 0.5) - factor * (value / first);
+    return {at, LooseSum(at, LooseQuotient(at * ratio, x))};
 }
 
 /// K exp(x) at the order and the next for x > 2, without the exponential below. Their powers are
@@ -151,25 +155,25 @@ Scaled Uniform(double order, double x, double sign) {
     // Beyond, the exponent is far beyond the range, and below.
     constexpr double kMost = 1e100;
     constexpr double kLeast = 1e-280;
-    const Extended z = Extended{std::min(x, kMost)} / order;
+    const DoubleDouble z = LooseQuotient(DoubleDouble{std::min(x, kMost)}, order);
     if (z.high < kLeast) return {{1}, sign > 0 ? -30000 : 30000};
-    const Extended root = SquareRoot(1 + z * z);
-    const Extended p = 1.0 / root;
-    const Extended eta = root + LogOf(z / (1 + root));
+    const DoubleDouble root = LooseSqrt(1 + z * z);
+    const DoubleDouble p = LooseQuotient(1.0, root);
+    const DoubleDouble eta = LooseSum(root, LogOf(LooseQuotient(z, 1 + root)));
     const double sum = DebyeSum(sign / order, p.high);
-    return ExpOf(sign * (order * eta)) * (SquareRoot(p) * (1 + Extended{sum}));
+    return ExpOf(sign * (order * eta)) * (LooseSqrt(p) * (1 + DoubleDouble{sum}));
 }
 
 /// I exp(-x) by the expansion for large argument; |order| <= 3/2, x > 25.
-Extended HankelI(double order, double x) {
+DoubleDouble HankelI(double order, double x) {
     // From here on the terms are below 2^-12 of the sum.
     constexpr int kHead = 4;
-    const Extended scale = Extended{0.5} / x;
-    Extended sum{1};
-    Extended term{1};
+    const DoubleDouble scale = LooseQuotient(DoubleDouble{0.5}, x);
+    DoubleDouble sum{1};
+    DoubleDouble term{1};
     for (int k = 1; k < kHead; ++k) {
-        term = term * (TwoSum(k - 0.5, -order) * TwoSum(k - 0.5, order) * scale / k);
-        sum = sum + term;
+        term = term * LooseQuotient(TwoSum(k - 0.5, -order) * TwoSum(k - 0.5, order) * scale, k);
+        sum = LooseSum(sum, term);
     }
     double rest = 0;
     double small = term.high;
@@ -177,18 +181,18 @@ Extended HankelI(double order, double x) {
         small *= (k - 0.5 - order) * (k - 0.5 + order) * (scale.high / k);
         rest += small;
     }
-    return (sum + rest) / SquareRoot(2 * kPi * x);
+    return LooseQuotient(sum + rest, LooseSqrt(2 * kPi * x));
 }
 
 /// I exp(-x) for order^2 <= 4 x: upward the recurrence loses a factor exp(order^2 / x) at most.
-Extended UpwardI(SplitOrder order, double x) {
-    const Extended at = HankelI(order.part, x);
+DoubleDouble UpwardI(SplitOrder order, double x) {
+    const DoubleDouble at = HankelI(order.part, x);
     if (order.whole == 0) return at;
-    Extended before = at;
-    Extended next = HankelI(order.part + 1, x);
-    const Extended scale = Extended{2} / x;
+    DoubleDouble before = at;
+    DoubleDouble next = HankelI(order.part + 1, x);
+    const DoubleDouble scale = LooseQuotient(DoubleDouble{2}, x);
     for (int k = 1; k < order.whole; ++k) {
-        const Extended above = RecurrenceStep(-FactorAt(scale, k, order.part), next, -before);
+        const DoubleDouble above = RecurrenceStep(-FactorAt(scale, k, order.part), next, -before);
         before = next;
         next = above;
     }
@@ -199,10 +203,11 @@ Extended UpwardI(SplitOrder order, double x) {
 
 KALVEX_WITH_FMA
 Scaled ModifiedK(double order, double x) {
-    if (order > kUniformOrder) return Uniform(order, x, -1) * SquareRoot(kHalfPi / order);
+    if (order > kUniformOrder)
+        return Uniform(order, x, -1) * LooseSqrt(LooseQuotient(kHalfPi, order));
     const SplitOrder split = Split(order);
     const Step step = StepOf(x);
-    const Extended value = ScaledK(split, x, step).at;
+    const DoubleDouble value = ScaledK(split, x, step).at;
     return x > kSeriesEnd ? ExpOf({-x, 0}) * value : Scaled{value, step.exponent * split.whole};
 }
 
@@ -211,13 +216,15 @@ Scaled ModifiedI(double order, double x) {
     const double quarter = x / 2 * (x / 2);
     if (order <= 1000 && (quarter < 100 || quarter <= order + 1))
         return LeadingFactor(order, x) * PowerSeries(order, TwoProduct(x / 2, x / 2));
-    if (order > kUniformOrder) return Uniform(order, x, 1) * (1.0 / SquareRoot(2 * kPi * order));
+    if (order > kUniformOrder)
+        return Uniform(order, x, 1) * LooseQuotient(1.0, LooseSqrt(2 * kPi * order));
     // Beyond, the value overflows for every order of this branch.
     if (x > 11000) return {{1}, 30000};
     const SplitOrder split = Split(order);
     if (x > 25 && order * order <= 4 * x) return ExpOf({x, 0}) * UpwardI(split, x);
     const OrderPair k = ScaledK(split, x, StepOf(x));
-    return ExpOf({x, 0}) * (1.0 / (x * (k.next + RatioOfVanishing(order, x, -1) * k.at)));
+    return ExpOf({x, 0}) *
+           LooseQuotient(1.0, x * LooseSum(k.next, RatioOfVanishing(order, x, -1) * k.at));
 }
 
 }  // namespace kalvex::specfun

@@ -26,7 +26,7 @@ bool HasExpansion(double order, double x) {
 }
 
 /// x^2/4.
-Extended QuarterOf(double x) {
+DoubleDouble QuarterOf(double x) {
     return TwoProduct(x / 2, x / 2);
 }
 
@@ -40,15 +40,16 @@ Scaled SeriesJ(double order, double x) {
 }
 
 /// J by the Wronskian, for orders from x.
-Extended WronskianJ(double order, double x, OrderPair y) {
-    return 2.0 / (kPi * x) / (RatioOfVanishing(order, x, 1) * y.at - y.next);
+DoubleDouble WronskianJ(double order, double x, OrderPair y) {
+    return LooseQuotient(LooseQuotient(2.0, kPi * x),
+                         LooseDifference(RatioOfVanishing(order, x, 1) * y.at, y.next));
 }
 
 /// Y of orders above 1/2 for x below kLeading, from Y at part + 1. That is between 2^-537 and 2^537
 /// and a factor of up to 99! is to come: its power of two is kept apart, so that nothing overflows
 /// and no low part is denormal. Y at part, below x^-1/2, changes no digit of the orders from
 /// part + 2 on.
-Scaled LeadingY(Extended next, SplitOrder order, const Step& step) {
+Scaled LeadingY(DoubleDouble next, SplitOrder order, const Step& step) {
     int power = 0;
     std::frexp(next.high, &power);
     const OrderPair pair{{}, TimesPower(next, std::ldexp(1.0, -power))};
@@ -91,7 +92,7 @@ Scaled OscillatingY(double order, double x) {
     return {UpwardFrom(low.y, split, x).at};
 }
 
-Scaled OscillatingSum(double order, double x, Extended ofJ, Extended ofY) {
+Scaled OscillatingSum(double order, double x, DoubleDouble ofJ, DoubleDouble ofY) {
     if (HasExpansion(order, x))
         return Sum(LargeOrderJ(order, x) * ofJ, LargeOrderY(order, x) * ofY);
     if (HasSeries(order, x)) {
@@ -103,10 +104,10 @@ Scaled OscillatingSum(double order, double x, Extended ofJ, Extended ofY) {
     const LowOrders low =
         far ? LowOrdersFar(split.part, x) : LowOrdersMiddle(split.part, x, split.whole);
     const OrderPair y = UpwardFrom(low.y, split, x);
-    const Extended j = !far         ? low.higherJ
-                       : order <= x ? UpwardFrom(low.j, split, x).at
-                                    : WronskianJ(order, x, y);
-    return {ofJ * j + ofY * y.at};
+    const DoubleDouble j = !far         ? low.higherJ
+                           : order <= x ? UpwardFrom(low.j, split, x).at
+                                        : WronskianJ(order, x, y);
+    return {LooseSum(ofJ * j, ofY * y.at)};
 }
 
 }  // namespace kalvex::specfun

@@ -13,7 +13,7 @@ Scaled OscillatingJ(double order, double x);
 Scaled OscillatingY(double order, double x);
 
 /// ofJ J + ofY Y for coefficients of at most 1.
-Scaled OscillatingSum(double order, double x, Extended ofJ, Extended ofY);
+Scaled OscillatingSum(double order, double x, DoubleDouble ofJ, DoubleDouble ofY);
 
 /// Whether x is so far above the order, as large as that may be or 0, that the expansions for large
 /// orders have all digits.
@@ -27,7 +27,7 @@ Scaled LargeOrderY(double order, double x);
 struct LowOrders {
     OrderPair j;
     OrderPair y;
-    Extended higherJ;
+    DoubleDouble higherJ;
 };
 
 /// Y of an order in -1/2..1/2 and of the next, by Neumann series; x up to 2.

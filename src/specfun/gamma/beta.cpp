@@ -10,9 +10,9 @@
 #include <cmath>
 #include <limits>
 
+#include "numbers/double_double.h"
+#include "numbers/quick_log_exp.h"
 #include "specfun/gamma/stirling.h"
-#include "specfun/precision/double_double.h"
-#include "specfun/precision/quick_log_exp.h"
 #include "specfun/specfun.h"
 
 namespace kalvex::specfun {
@@ -33,8 +33,8 @@ struct Shift {
 Shift ShiftUp(DoubleDouble z) {
     Shift result = {z};
     while (result.shifted.high < kLeastForStirling) {
-        result.product = Multiply(result.product, result.shifted);
-        result.shifted = Add(result.shifted, 1.0);
+        result.product *= result.shifted;
+        result.shifted += 1.0;
     }
     return result;
 }
@@ -45,8 +45,8 @@ DoubleDouble TimesLogOfRatio(DoubleDouble t, DoubleDouble b, DoubleDouble s) {
     constexpr double kVast = 0x1p100;  // where it is t (1 - (t+1)/(2b))
     if (b.high > kVast) return t;
     const bool small = std::fabs(t.high) < kSmall * b.high;
-    const DoubleDouble log = small ? LogOnePlus(Divide(t, b)) : Log(Divide(s, b));
-    return Multiply(Add(b, -0.5), log);
+    const DoubleDouble log = small ? LogOnePlus(t / b) : Log(s / b);
+    return (b - 0.5) * log;
 }
 
 /// 2^-80 <= a <= b, a below 1100.
@@ -55,20 +55,19 @@ double ByStirling(double a, double b) {
     const Shift second = ShiftUp({b, 0});
     const Shift sum = ShiftUp(TwoSum(a, b));
     const bool plain = b >= kLeastForStirling;  // then neither b nor the sum is shifted
-    const DoubleDouble t = plain ? DoubleDouble{a, 0} : Subtract(sum.shifted, second.shifted);
-    DoubleDouble exponent = Multiply(Add(first.shifted, -0.5), Log(first.shifted));
-    exponent = Subtract(exponent, TimesLogOfRatio(t, second.shifted, sum.shifted));
-    exponent = Subtract(exponent, Multiply(t, Log(sum.shifted)));
-    exponent = Add(exponent, Add(Subtract(t, first.shifted), kHalfLnTwoPi));
-    exponent = Add(exponent, StirlingCorrection(first.shifted.high) +
-                                 StirlingCorrection(second.shifted.high) -
-                                 StirlingCorrection(sum.shifted.high));
+    const DoubleDouble t = plain ? DoubleDouble{a, 0} : sum.shifted - second.shifted;
+    DoubleDouble exponent = (first.shifted - 0.5) * Log(first.shifted);
+    exponent -= TimesLogOfRatio(t, second.shifted, sum.shifted);
+    exponent -= t * Log(sum.shifted);
+    exponent += t - first.shifted + kHalfLnTwoPi;
+    exponent += StirlingCorrection(first.shifted.high) + StirlingCorrection(second.shifted.high) -
+                StirlingCorrection(sum.shifted.high);
     constexpr double kVanishing = -900;
     if (exponent.high < kVanishing) return 0;
     int powerOfTwo = 0;
     const DoubleDouble power = QuickExp(exponent, powerOfTwo);
-    const DoubleDouble shifts = Divide(sum.product, Multiply(first.product, second.product));
-    return std::ldexp(ToDouble(Multiply(shifts, power)), powerOfTwo);
+    const DoubleDouble shifts = sum.product / (first.product * second.product);
+    return std::ldexp(ToDouble(shifts * power), powerOfTwo);
 }
 
 /// a below 2^-80: 1/a + 1/b, each with what its rounding leaves.

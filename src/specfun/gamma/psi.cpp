@@ -5,10 +5,10 @@
 #include <cmath>
 #include <limits>
 
+#include "numbers/double_double.h"
+#include "numbers/quick_log_exp.h"
 #include "specfun/gamma/psi_pieces.h"
 #include "specfun/piecewise.h"
-#include "specfun/precision/double_double.h"
-#include "specfun/precision/quick_log_exp.h"
 #include "specfun/specfun.h"
 
 namespace kalvex::specfun {
@@ -28,7 +28,7 @@ DoubleDouble AsymptoticPsi(DoubleDouble x) {
         s * (1.0 / 120 -
              s * (1.0 / 252 -
                   s * (1.0 / 240 - s * (1.0 / 132 - s * (691.0 / 32760 - s * (1.0 / 12))))));
-    return Add(QuickLog(x.high), x.low * r - (r / 2 + s * tail));
+    return QuickLog(x.high) + (x.low * r - (r / 2 + s * tail));
 }
 
 /// x of 1/2 or more.
@@ -45,10 +45,10 @@ DoubleDouble Pole(double x) {
 /// x from -1 to 1/2.
 double PsiNextToZero(double x) {
     if (std::fabs(x) < kPole) return -1 / x;
-    if (x >= -kRecurrent) return ToDouble(Add(Pole(x), PositivePsi(TwoSum(1, x))));
+    if (x >= -kRecurrent) return ToDouble(Pole(x) + PositivePsi(TwoSum(1, x)));
     const double above = 1 + x;  // exact
-    const DoubleDouble poles = Add(Pole(x), Pole(above));
-    return ToDouble(Add(poles, PositivePsi(TwoSum(1, above))));
+    const DoubleDouble poles = Pole(x) + Pole(above);
+    return ToDouble(poles + PositivePsi(TwoSum(1, above)));
 }
 
 /// pi cot(pi x) for x that is not integral.
@@ -66,7 +66,7 @@ double Psi(double x) {
     if (x >= kRecurrent) return ToDouble(PositivePsi({x, 0}));
     if (std::floor(x) == x) throw ap::ap_error{"Singularity in Psi(x)"};
     if (x >= kReflected) return PsiNextToZero(x);
-    return ToDouble(Add(PositivePsi(TwoSum(1, -x)), -PiCotangent(x)));
+    return ToDouble(PositivePsi(TwoSum(1, -x)) - PiCotangent(x));
 }
 
 }  // namespace kalvex::specfun

@@ -1,7 +1,7 @@
-// Stirling's series, which the gamma and the beta function share (DLMF 5.11.1).
+// Stirling's series for the beta function (DLMF 5.11.1).
 #pragma once
 
-#include "specfun/precision/double_double.h"
+#include "numbers/double_double.h"
 
 namespace kalvex::specfun {
 

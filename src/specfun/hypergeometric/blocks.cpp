@@ -17,6 +17,8 @@
 namespace kalvex::specfun {
 namespace {
 
+using specfun::InAllLanes;
+
 template <typename Unit>
 using LaneWalker = WalkerOf<LanesOf<Unit>, 2>;
 
@@ -165,7 +167,7 @@ int MapBlocksBy(const std::array<HypergeometricParameters, kLanes>& from, Route 
 int MapBlocks(const std::array<HypergeometricParameters, kLanes>& from, const Route& route,
               const Place& place, BlockTable& table) {
 #ifdef KALVEX_FUSED_LANES
-    if (__builtin_cpu_supports("fma")) return MapBlocksFused(from, route, place, table);
+    if (FeaturesOfProcessor().fma) return MapBlocksFused(from, route, place, table);
 #endif
     return MapBlocksBy<Separate>(from, route, place, table);
 }

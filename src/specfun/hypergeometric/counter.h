@@ -6,7 +6,7 @@
 #include <cmath>
 #include <cstdint>
 
-#include "specfun/precision/limb_number.h"
+#include "numbers/limb_number.h"
 
 namespace kalvex::specfun {
 

@@ -7,9 +7,10 @@
 #include <cstdint>
 #include <limits>
 
+#include "numbers/processor.h"
 #include "specfun/hypergeometric/parts.h"
 
-#if defined(__x86_64__) && !defined(__clang__) && !defined(__SANITIZE_ADDRESS__)
+#ifdef KALVEX_BY_PROCESSOR
 #define KALVEX_FUSED_LANES
 #include <immintrin.h>
 #endif

@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "specfun/precision/double_double.h"
+#include "numbers/double_double.h"
 
 namespace kalvex::specfun {
 

@@ -12,10 +12,10 @@
 #include <bit>
 #include <cmath>
 
+#include "numbers/limb_number.h"
+#include "numbers/wide.h"
 #include "specfun/hypergeometric/counter.h"
 #include "specfun/hypergeometric/rest_bound.h"
-#include "specfun/precision/limb_number.h"
-#include "specfun/precision/wide.h"
 
 namespace kalvex::specfun {
 

@@ -13,10 +13,10 @@
 #include <cmath>
 #include <utility>
 
+#include "numbers/wide_functions.h"
 #include "specfun/hypergeometric/foreseen.h"
 #include "specfun/hypergeometric/forms.h"
 #include "specfun/hypergeometric/wide_sum.h"
-#include "specfun/precision/wide_functions.h"
 
 namespace kalvex::specfun {
 namespace {

@@ -7,11 +7,11 @@
 #include <cmath>
 #include <limits>
 
+#include "numbers/quick_log_exp.h"
 #include "specfun/integrals/exponential_pieces.h"
 #include "specfun/integrals/hyperbolic_pieces.h"
 #include "specfun/integrals/integral_series.h"
 #include "specfun/piecewise.h"
-#include "specfun/precision/quick_log_exp.h"
 #include "specfun/specfun.h"
 
 namespace kalvex::specfun {
@@ -29,7 +29,7 @@ constexpr double kLinear = 1e-8;  // below it x is sinh x
 double TimesExp(DoubleDouble factor, double x) {
     int exponent = 0;
     const DoubleDouble power = QuickExp({x, 0}, exponent);
-    const double value = ToDouble(Multiply(power, factor));
+    const double value = ToDouble(power * factor);
     return std::ldexp(value, exponent);
 }
 
@@ -40,7 +40,7 @@ DoubleDouble EiWithoutLogarithm(DoubleDouble x) {
     double sum = 0;
     for (int k = 9; k >= 0; --k)
         sum = h * (1 / kTerms[k] + sum);
-    return Add(Add(kEulerGamma, x), h * sum);
+    return kEulerGamma + x + h * sum;
 }
 
 double HalfOfEi(double x) {
@@ -50,7 +50,7 @@ double HalfOfEi(double x) {
 }
 
 double PositiveEi(double x) {
-    if (x < kEiLogarithmic) return ToDouble(Add(QuickLog(x), EiWithoutLogarithm({x, 0})));
+    if (x < kEiLogarithmic) return ToDouble(QuickLog(x) + EiWithoutLogarithm({x, 0}));
     if (x < kFar) return ToDouble(AtPiece(kEiNear, {x, 0}));
     if (x > kOverflow) return kInfinity;
     return TimesExp(AtPiece(kEiFar, {x, 0}), x);
@@ -58,10 +58,10 @@ double PositiveEi(double x) {
 
 /// x above 1, t its logarithm.
 double LiAbove(double x, DoubleDouble t) {
-    if (t.high >= kFar) return ToDouble(Multiply(AtPiece(kEiFar, t), x));
+    if (t.high >= kFar) return ToDouble(AtPiece(kEiFar, t) * x);
     if (t.high >= kEiLogarithmic) return ToDouble(AtPiece(kEiNear, t));
-    const DoubleDouble logarithm = Add(QuickLog(t.high), t.low / t.high);
-    return ToDouble(Add(logarithm, EiWithoutLogarithm(t)));
+    const DoubleDouble logarithm = QuickLog(t.high) + t.low / t.high;
+    return ToDouble(logarithm + EiWithoutLogarithm(t));
 }
 
 double PositiveShi(double x) {

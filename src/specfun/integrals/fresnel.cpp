@@ -7,11 +7,11 @@
 // power series (DLMF 7.6.4, 7.6.6). Sums are pairs of doubles and are rounded once.
 #include <cmath>
 
-#include "base/truncate.h"
+#include "numbers/double_double.h"
+#include "numbers/truncate.h"
 #include "specfun/integrals/fresnel_pieces.h"
 #include "specfun/integrals/turning.h"
 #include "specfun/piecewise.h"
-#include "specfun/precision/double_double.h"
 #include "specfun/specfun.h"
 
 namespace kalvex::specfun {
@@ -28,7 +28,7 @@ SinCosPair OfQuarterTurns(double x) {
     DoubleDouble square = TwoProduct(x, x);
     if (square.high >= kWhole) square = {std::fmod(square.high, 4.0), std::fmod(square.low, 4.0)};
     const double quarters = std::nearbyint(square.high + square.low);
-    const DoubleDouble angle = Multiply(kHalfPi, QuickTwoSum(square.high - quarters, square.low));
+    const DoubleDouble angle = kHalfPi * QuickTwoSum(square.high - quarters, square.low);
     const double sine = std::sin(angle.high);
     const double cosine = std::cos(angle.high);
     const double s = sine + angle.low * cosine;
@@ -51,7 +51,7 @@ Auxiliary AsymptoticAuxiliary(double x) {
     constexpr double kF[] = {3, 105, 10395, 2027025, 654729075, 316234143225, 213458046676875};
     constexpr double kG[] = {15,          945,           135135,          34459425,
                              13749310575, 7905853580625, 6190283353629375};
-    const DoubleDouble inverse = Inverse(Multiply(kPi, x));
+    const DoubleDouble inverse = Inverse(kPi * x);
     const double q = kPi.high * inverse.high * inverse.high;
     const double square = -q * q;
     double f = 0;
@@ -60,7 +60,7 @@ Auxiliary AsymptoticAuxiliary(double x) {
         f = square * (kF[k] + f);
         g = square * (kG[k] + g);
     }
-    return {Add(inverse, f * inverse.high), (1 + g) * q * inverse.high};
+    return {inverse + f * inverse.high, (1 + g) * q * inverse.high};
 }
 
 struct Parts {
@@ -78,7 +78,7 @@ Parts PartsAt(double x) {
 /// The sum of (-1)^k u^(2k+1)/((2k+1)! (4k+3)), u = pi/2 x^2, times x, x up to 1/2.
 double SmallS(double x) {
     constexpr DoubleDouble kSixthOfPi = {0.52359877559829893, -5.3604088322554549e-17};
-    const DoubleDouble cubic = Multiply(Multiply(kSixthOfPi, TwoProduct(x, x)), x);
+    const DoubleDouble cubic = kSixthOfPi * TwoProduct(x, x) * x;
     const double u = kHalfPi.high * x * x;
     const double s = u * u;
     const double tail = 1.0 / 306028800 - s / 56043187200;
@@ -102,8 +102,8 @@ double PositiveS(double x) {
     if (x < kFar) return ToDouble(AtPiece(kFresnelSNear, {x, 0}));
     if (x > kHalf) return 0.5;
     const auto [auxiliary, turn] = PartsAt(x);
-    const DoubleDouble main = Multiply(auxiliary.f, LargerOfTwo(turn.cosine, turn.sine));
-    return ToDouble(Subtract(DoubleDouble{0.5, 0}, Add(main, auxiliary.g * turn.sine)));
+    const DoubleDouble main = auxiliary.f * LargerOfTwo(turn.cosine, turn.sine);
+    return ToDouble(DoubleDouble{0.5, 0} - (main + auxiliary.g * turn.sine));
 }
 
 double PositiveC(double x) {
@@ -111,8 +111,8 @@ double PositiveC(double x) {
     if (x < kFar) return ToDouble(AtPiece(kFresnelCNear, {x, 0}));
     if (x > kHalf) return 0.5;
     const auto [auxiliary, turn] = PartsAt(x);
-    const DoubleDouble main = Multiply(auxiliary.f, LargerOfTwo(turn.sine, turn.cosine));
-    return ToDouble(Add(Add(main, -auxiliary.g * turn.cosine), 0.5));
+    const DoubleDouble main = auxiliary.f * LargerOfTwo(turn.sine, turn.cosine);
+    return ToDouble(main - auxiliary.g * turn.cosine + 0.5);
 }
 
 }  // namespace

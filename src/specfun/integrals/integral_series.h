@@ -2,8 +2,8 @@
 // with q = x^2 the latter (DLMF 6.6.5, 6.6.6).
 #pragma once
 
-#include "specfun/precision/double_double.h"
-#include "specfun/precision/quick_log_exp.h"
+#include "numbers/double_double.h"
+#include "numbers/quick_log_exp.h"
 
 namespace kalvex::specfun {
 
@@ -23,7 +23,7 @@ inline double CosineIntegralNearZero(double x, double q) {
     constexpr double kTerms[] = {4, 96, 4320, 322560, 36288000, 5748019200};
     for (int k = 5; k >= 0; --k)
         sum = q * (1 / kTerms[k] + sum);
-    return ToDouble(Add(Add(QuickLog(x), kEulerGamma), sum));
+    return ToDouble(QuickLog(x) + kEulerGamma + sum);
 }
 
 }  // namespace kalvex::specfun

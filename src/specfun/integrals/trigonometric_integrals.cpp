@@ -7,11 +7,11 @@
 #include <cmath>
 #include <limits>
 
+#include "numbers/double_double.h"
 #include "specfun/integrals/integral_series.h"
 #include "specfun/integrals/trigonometric_pieces.h"
 #include "specfun/integrals/turning.h"
 #include "specfun/piecewise.h"
-#include "specfun/precision/double_double.h"
 #include "specfun/specfun.h"
 
 namespace kalvex::specfun {
@@ -56,7 +56,7 @@ Auxiliary AsymptoticAuxiliary(double x) {
         f = square * (kFactorials[k] + f);
         g = square * (kFactorials[k + 1] + g);
     }
-    return {Add(inverse, f * inverse.high), -(1 + g) * square};
+    return {inverse + f * inverse.high, -(1 + g) * square};
 }
 
 /// x of 4 or more.
@@ -72,8 +72,8 @@ double PositiveSi(double x) {
     if (x < kFar) return ToDouble(AtPiece(kSiNear, {x, 0}));
     if (x > kVast) return kHalfPi.high;
     const auto [f, g] = AuxiliaryAt(x);
-    const DoubleDouble main = Multiply(f, -std::cos(x));
-    return ToDouble(Add(kHalfPi, Add(main, -g * std::sin(x))));
+    const DoubleDouble main = f * -std::cos(x);
+    return ToDouble(kHalfPi + (main - g * std::sin(x)));
 }
 
 }  // namespace
@@ -95,7 +95,7 @@ double Ci(double x) {
     const auto [f, g] = AuxiliaryAt(x);
     const double sine = std::sin(x);
     const double cosine = std::cos(x);
-    return ToDouble(Add(Multiply(f, LargerOfTwo(sine, cosine)), -g * cosine));
+    return ToDouble(f * LargerOfTwo(sine, cosine) - g * cosine);
 }
 
 }  // namespace kalvex::specfun

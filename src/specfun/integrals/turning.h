@@ -3,7 +3,7 @@
 
 #include <cmath>
 
-#include "specfun/precision/double_double.h"
+#include "numbers/double_double.h"
 
 namespace kalvex::specfun {
 
@@ -20,7 +20,7 @@ inline DoubleDouble LargerOfTwo(double value, double other) {
     if (std::fabs(value) < std::fabs(other)) return {value, 0};
     const double missing = other * other / (1 + std::fabs(value));
     const DoubleDouble larger = QuickTwoSum(1, -missing);
-    return value < 0 ? Negate(larger) : larger;
+    return value < 0 ? -larger : larger;
 }
 
 }  // namespace kalvex::specfun

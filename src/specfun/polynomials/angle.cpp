@@ -7,7 +7,7 @@
 
 #include <cmath>
 
-#include "base/truncate.h"
+#include "numbers/truncate.h"
 
 namespace kalvex::specfun {
 namespace {
@@ -34,11 +34,11 @@ DoubleDouble SineLessAngle(double a) {
     DoubleDouble sum = {tail, 0};
     for (const DoubleDouble coefficient : kSineHead) {
         // Each term is below a tenth of its coefficient's: nothing cancels.
-        const DoubleDouble product = Multiply(sum, square);
+        const DoubleDouble product = sum * square;
         const DoubleDouble next = QuickTwoSum(coefficient.high, product.high);
         sum = QuickTwoSum(next.high, next.low + (coefficient.low + product.low));
     }
-    return Multiply(Multiply(square, a), sum);
+    return square * a * sum;
 }
 
 /// arcsin(s) for 0 <= s <= 0.71.
@@ -47,7 +47,7 @@ DoubleDouble ArcSine(DoubleDouble s) {
     if (s.high < kLinear) return s;
     const double first = std::asin(s.high);
     const DoubleDouble rest =
-        Subtract(QuickTwoSum(s.high - first, s.low), SineLessAngle(first));  // s - sin(first)
+        QuickTwoSum(s.high - first, s.low) - SineLessAngle(first);  // s - sin(first)
     const double cosine = std::sqrt((1 - s.high) * (1 + s.high));
     const double step = rest.high / cosine;
     return QuickTwoSum(first, step + step * step * s.high / (2 * cosine));
@@ -73,14 +73,14 @@ double Sum(const double (&series)[count], double square) {
 
 /// For |a| up to 0.8.
 CosineSinePair NearZero(DoubleDouble a) {
-    const DoubleDouble square = Multiply(a, a);
-    const DoubleDouble cube = Multiply(square, a);
-    const DoubleDouble fourth = Multiply(square, square);
+    const DoubleDouble square = a * a;
+    const DoubleDouble cube = square * a;
+    const DoubleDouble fourth = square * square;
     const double sineTail = cube.high * (square.high * Sum(kSineSeries, square.high));
     const double cosineTail = fourth.high * (square.high * Sum(kCosineSeries, square.high));
-    const DoubleDouble cosineRest = Add(
-        Subtract(Multiply(fourth, kTwentyFourth), {square.high / 2, square.low / 2}), cosineTail);
-    return {Add(cosineRest, 1.0), Subtract(a, Subtract(Multiply(cube, kSixth), sineTail))};
+    const DoubleDouble cosineRest =
+        fourth * kTwentyFourth - DoubleDouble{square.high / 2, square.low / 2} + cosineTail;
+    return {cosineRest + 1.0, a - (cube * kSixth - sineTail)};
 }
 
 }  // namespace
@@ -92,8 +92,8 @@ int QuartersOf(double n) {
 KALVEX_WITH_FMA
 Angle AngleOf(double x) {
     constexpr double kMiddle = 0.7;
-    const DoubleDouble sine = Sqrt(Multiply(TwoSum(1, -x), TwoSum(1, x)));
-    if (x <= kMiddle) return {1, Negate(ArcSine({x, 0})), sine};
+    const DoubleDouble sine = Sqrt(TwoSum(1, -x) * TwoSum(1, x));
+    if (x <= kMiddle) return {1, -ArcSine({x, 0}), sine};
     const DoubleDouble half = ArcSine(Sqrt({(1 - x) / 2, 0}));
     return {0, {2 * half.high, 2 * half.low}, sine};
 }
@@ -109,20 +109,20 @@ CosineSinePair CosineSineAt(DoubleDouble phase, int quarters) {
         case 0:
             return {c, s};
         case 1:
-            return {Negate(s), c};
+            return {-s, c};
         case 2:
-            return {Negate(c), Negate(s)};
+            return {-c, -s};
         default:
-            return {s, Negate(c)};
+            return {s, -c};
     }
 }
 
 KALVEX_WITH_FMA
 HyperbolicAngle HyperbolicAngleOf(double x) {
     const DoubleDouble less = TwoSum(x, -1);
-    const DoubleDouble sine = Sqrt(Multiply(less, TwoSum(x, 1)));
-    const DoubleDouble rise = Add(less, sine);  // exp(eta) - 1
-    return {rise.high < 0.5 ? LogOnePlus(rise) : Log(Add(rise, 1.0)), sine};
+    const DoubleDouble sine = Sqrt(less * TwoSum(x, 1));
+    const DoubleDouble rise = less + sine;  // exp(eta) - 1
+    return {rise.high < 0.5 ? LogOnePlus(rise) : Log(rise + 1.0), sine};
 }
 
 }  // namespace kalvex::specfun

@@ -3,7 +3,7 @@
 // middle or from the end of the interval, because that is what the value of the polynomial shows.
 #pragma once
 
-#include "specfun/precision/double_double.h"
+#include "numbers/double_double.h"
 
 namespace kalvex::specfun {
 

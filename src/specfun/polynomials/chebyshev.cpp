@@ -10,10 +10,10 @@
 // accuracy near x = 0. Beyond x = 1 the same with hyperbolic functions.
 #include <cmath>
 
-#include "base/truncate.h"
+#include "numbers/double_double.h"
+#include "numbers/truncate.h"
 #include "specfun/polynomials/angle.h"
 #include "specfun/polynomials/degree.h"
-#include "specfun/precision/double_double.h"
 #include "specfun/specfun.h"
 
 namespace kalvex::specfun {
@@ -25,18 +25,19 @@ struct Pair {
 };
 
 Pair Doubled(const Pair& p) {
-    const DoubleDouble square = Multiply(p.t, p.t);
-    const DoubleDouble product = Multiply(p.t, p.u);
-    return {Add({2 * square.high, 2 * square.low}, -1.0), {2 * product.high, 2 * product.low}};
+    const DoubleDouble square = p.t * p.t;
+    const DoubleDouble product = p.t * p.u;
+    return {DoubleDouble{2 * square.high, 2 * square.low} - 1.0,
+            {2 * product.high, 2 * product.low}};
 }
 
 Pair Next(const Pair& p, double x, DoubleDouble oneLessSquare) {
-    return {Subtract(Multiply(p.t, x), Multiply(oneLessSquare, p.u)), Add(p.t, Multiply(p.u, x))};
+    return {p.t * x - oneLessSquare * p.u, p.t + p.u * x};
 }
 
 /// The pair of degree m >= 1.
 Pair ByDoubling(int m, double x) {
-    const DoubleDouble oneLessSquare = Multiply(TwoSum(1, -x), TwoSum(1, x));
+    const DoubleDouble oneLessSquare = TwoSum(1, -x) * TwoSum(1, x);
     int bit = 1;
     while (bit <= m / 2)
         bit *= 2;
@@ -57,11 +58,11 @@ struct Count {
 /// For 0 <= x < 1.
 Pair ByAngle(const Count& m, double x) {
     const Angle angle = AngleOf(x);
-    const DoubleDouble phase = Multiply(m.value, angle.rest);
+    const DoubleDouble phase = m.value * angle.rest;
     if (!(std::fabs(phase.high) <= kLargestPhase))
         throw ap::ap_error{"Chebyshev: the degree is too large"};
     const auto [cosine, sine] = CosineSineAt(phase, angle.quarters * m.quarters);
-    return {cosine, Divide(sine, angle.sine)};
+    return {cosine, sine / angle.sine};
 }
 
 /// For 1 < x; infinite where the values overflow.
@@ -70,21 +71,21 @@ Pair ByHyperbolicAngle(const Count& m, double x) {
     constexpr double kLargest = 0x1p100;  // of any degree from 11 on the values overflow
     if (x > kLargest) return {kOverflow, kOverflow};
     const auto [angle, sine] = HyperbolicAngleOf(x);
-    const DoubleDouble phase = Multiply(m.value, angle);
+    const DoubleDouble phase = m.value * angle;
     constexpr double kLargestExponent = 1000;  // U is exp(phase) over at most exp(angle) < 2^101
     if (!(phase.high < kLargestExponent)) return {kOverflow, kOverflow};
     if (phase.high < 1) {
         const DoubleDouble rise = ExpMinusOne(phase);
-        const DoubleDouble fall = Divide(rise, Add(rise, 1.0));
-        const DoubleDouble twiceSine = Add(rise, fall);
-        const DoubleDouble twiceCosine = Add(Subtract(rise, fall), 2.0);
-        return {Scale(twiceCosine, -1), Divide(Scale(twiceSine, -1), sine)};
+        const DoubleDouble fall = rise / (rise + 1.0);
+        const DoubleDouble twiceSine = rise + fall;
+        const DoubleDouble twiceCosine = rise - fall + 2.0;
+        return {Scale(twiceCosine, -1), Scale(twiceSine, -1) / sine};
     }
     int exponent = 0;
     const DoubleDouble growth = ExpScaled(phase, exponent);
-    const DoubleDouble decay = Scale(Divide({1, 0}, growth), -2 * exponent);
-    const DoubleDouble quotient = Divide(Subtract(growth, decay), sine);
-    return {Scale(Add(growth, decay), exponent - 1), Scale(quotient, exponent - 1)};
+    const DoubleDouble decay = Scale(1.0 / growth, -2 * exponent);
+    const DoubleDouble quotient = (growth - decay) / sine;
+    return {Scale(growth + decay, exponent - 1), Scale(quotient, exponent - 1)};
 }
 
 /// At x = 1/2 the angle is pi/3, the only one besides those of 0 and 1 where values are rational.

@@ -6,8 +6,8 @@
 // and more, that the value would come back into the range.
 #include <cmath>
 
+#include "numbers/double_double.h"
 #include "specfun/polynomials/recurrence.h"
-#include "specfun/precision/double_double.h"
 #include "specfun/specfun.h"
 
 namespace kalvex::specfun {

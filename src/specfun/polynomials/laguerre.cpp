@@ -2,9 +2,9 @@
 // file of their own.
 #include <cmath>
 
+#include "numbers/double_double.h"
 #include "specfun/polynomials/laguerre_large.h"
 #include "specfun/polynomials/recurrence.h"
-#include "specfun/precision/double_double.h"
 #include "specfun/specfun.h"
 
 namespace kalvex::specfun {

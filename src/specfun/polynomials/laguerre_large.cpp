@@ -15,8 +15,8 @@
 #include <iterator>
 #include <limits>
 
+#include "numbers/double_double.h"
 #include "specfun/polynomials/laguerre_coefficients.h"
-#include "specfun/precision/double_double.h"
 #include "specfun/specfun.h"
 
 namespace kalvex::specfun {
@@ -39,9 +39,9 @@ double SumOfSeries(double n, double x) {
     DoubleDouble sum = term;
     double k = 0;
     do {
-        const DoubleDouble ratio = Divide(Multiply(TwoSum(n, -k), -x), (k + 1) * (k + 1));
-        term = Multiply(term, ratio);
-        sum = Add(sum, term);
+        const DoubleDouble ratio = TwoSum(n, -k) * -x / ((k + 1) * (k + 1));
+        term *= ratio;
+        sum += term;
         ++k;
     } while (std::fabs(term.high) > kNegligible * std::fabs(sum.high));
     return std::ldexp(ToDouble(sum), kSeriesBits);
@@ -56,7 +56,7 @@ struct CosineSine {
 CosineSine CosineSineOf(DoubleDouble a) {
     constexpr int kTerms = 26;    // 1/26! is 2^-88
     constexpr int kDoubles = 14;  // from here on one double is enough: 1/14! is 2^-36
-    const DoubleDouble square = Multiply(a, a);
+    const DoubleDouble square = a * a;
     double tails[2] = {1, 1};
     for (int k = kTerms; k > kDoubles; k -= 2) {
         tails[0] = 1 - square.high * tails[0] / (k * (k - 1));
@@ -64,11 +64,11 @@ CosineSine CosineSineOf(DoubleDouble a) {
     }
     CosineSine result = {{tails[0], 0}, {tails[1], 0}};
     for (int k = kDoubles; k > 0; k -= 2) {
-        const DoubleDouble even = Divide(Multiply(square, result.cosine), k * (k - 1));
-        const DoubleDouble odd = Divide(Multiply(square, result.sine), k * (k + 1));
-        result = {Add(Negate(even), 1), Add(Negate(odd), 1)};
+        const DoubleDouble even = square * result.cosine / (k * (k - 1));
+        const DoubleDouble odd = square * result.sine / (k * (k + 1));
+        result = {1.0 - even, 1.0 - odd};
     }
-    result.sine = Multiply(result.sine, a);
+    result.sine *= a;
     return result;
 }
 
@@ -76,7 +76,7 @@ DoubleDouble CosineOf(DoubleDouble phase) {
     int quadrant = 0;
     const CosineSine rest = CosineSineOf(ReduceByHalfPi(phase, quadrant));
     const DoubleDouble value = quadrant % 2 == 0 ? rest.cosine : rest.sine;
-    return quadrant == 1 || quadrant == 2 ? Negate(value) : value;
+    return quadrant == 1 || quadrant == 2 ? -value : value;
 }
 
 double Sum(const LaguerreOrder& order, double t) {
@@ -100,8 +100,8 @@ double Sum(const LaguerreOrder (&orders)[count], double t, double w) {
 DoubleDouble MeanFrequency(DoubleDouble root, DoubleDouble otherRoot) {
     const double rough = std::asin(root.high);
     const CosineSine at = CosineSineOf({rough, 0});
-    const DoubleDouble error = Subtract(Multiply(root, at.cosine), Multiply(otherRoot, at.sine));
-    const DoubleDouble sum = Add(otherRoot, Divide(Add(error, rough), root));
+    const DoubleDouble error = root * at.cosine - otherRoot * at.sine;
+    const DoubleDouble sum = otherRoot + (error + rough) / root;
     return {sum.high / 2, sum.low / 2};
 }
 
@@ -109,19 +109,18 @@ DoubleDouble MeanFrequency(DoubleDouble root, DoubleDouble otherRoot) {
 double Oscillation(DoubleDouble quarter, double x, DoubleDouble square) {
     const DoubleDouble z = Sqrt(square);
     if (z.high > kLargestPhase) throw ap::ap_error{"Laguerre: the degree is too large"};
-    const DoubleDouble t = Divide({x / 4, 0}, quarter);
+    const DoubleDouble t = (x / 4) / quarter;
     const bool isTiny = t.high < kTinyRatio;
-    const DoubleDouble otherRoot = isTiny ? DoubleDouble{1, 0} : Sqrt(Add(Negate(t), 1));
-    const DoubleDouble main = isTiny ? z : Multiply(z, MeanFrequency(Sqrt(t), otherRoot));
+    const DoubleDouble otherRoot = isTiny ? DoubleDouble{1, 0} : Sqrt(1.0 - t);
+    const DoubleDouble main = isTiny ? z : z * MeanFrequency(Sqrt(t), otherRoot);
     const double u = 1 / (z.high * (otherRoot.high * otherRoot.high * otherRoot.high));
     const double phase = Sum(kLaguerrePhase, t.high, u * u) / u;
     const double amplitude = Sum(kLaguerreAmplitude, t.high, u * u);
-    const DoubleDouble cosine = CosineOf(Add(Subtract(main, kQuarterPi), phase));
-    const DoubleDouble modulusSquare =
-        Divide(Add({2 * amplitude, 0}, 2), Multiply(Multiply(z, otherRoot), kPi));
+    const DoubleDouble cosine = CosineOf(main - kQuarterPi + phase);
+    const DoubleDouble modulusSquare = (DoubleDouble{2 * amplitude, 0} + 2) / (z * otherRoot * kPi);
     int exponent = 0;
     const DoubleDouble growth = ExpScaled({x / 2, 0}, exponent);
-    const DoubleDouble value = Multiply(Multiply(growth, Sqrt(modulusSquare)), cosine);
+    const DoubleDouble value = growth * Sqrt(modulusSquare) * cosine;
     return std::ldexp(ToDouble(value), exponent);
 }
 
@@ -131,7 +130,7 @@ KALVEX_WITH_FMA
 double LargeLaguerre(double n, double x) {
     if (x > kLargestFinite) return std::numeric_limits<double>::infinity();
     const DoubleDouble quarter = TwoSum(n, 0.5);
-    const DoubleDouble product = Multiply(quarter, x);
+    const DoubleDouble product = quarter * x;
     const DoubleDouble square = {4 * product.high, 4 * product.low};
     if (square.high < kLargestSeriesSquare) return SumOfSeries(n, x);
     return Oscillation(quarter, x, square);

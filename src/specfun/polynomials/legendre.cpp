@@ -10,10 +10,10 @@
 // - Beyond x = 1 with theta = i eta: the same series, then the growing half of the same expansion.
 #include <cmath>
 
-#include "base/truncate.h"
+#include "numbers/double_double.h"
+#include "numbers/truncate.h"
 #include "specfun/polynomials/angle.h"
 #include "specfun/polynomials/recurrence.h"
-#include "specfun/precision/double_double.h"
 #include "specfun/specfun.h"
 
 namespace kalvex::specfun {
@@ -45,22 +45,22 @@ double ByRecurrence(int n, double x) {
 double BySeries(double n, double t) {
     constexpr double kNegligible = 0x1p-70;  // beside 1, the largest term, or the amplitude 0.15
     constexpr double kSmall = 0x1p-18;       // what follows needs no more than doubles
-    const DoubleDouble first = Multiply(Multiply(TwoSum(n, 1), n), -t);
+    const DoubleDouble first = TwoSum(n, 1) * n * -t;
     DoubleDouble sum = {1, 0};
     DoubleDouble term = {1, 0};
     double k = 0;
     do {
-        const DoubleDouble factor = Add(TwoProduct(k * (k + 1), t), first);
+        const DoubleDouble factor = TwoProduct(k * (k + 1), t) + first;
         ++k;
-        term = Divide(Multiply(term, factor), k * k);
-        sum = Add(sum, term);
+        term = term * factor / (k * k);
+        sum += term;
     } while (std::fabs(term.high) > kSmall || std::fabs(first.high) > k * k);
     double rest = 0;
     for (double next = term.high; std::fabs(next) > kNegligible; rest += next) {
         next *= (k * (k + 1) * t + first.high) / ((k + 1) * (k + 1));
         ++k;
     }
-    return ToDouble(Add(sum, rest));
+    return ToDouble(sum + rest);
 }
 
 struct Complex {
@@ -70,10 +70,9 @@ struct Complex {
 
 /// S - 1 for z = (1 - i c)/2 or, for a real z, (1 + c)/2.
 Complex ExpansionLessOne(double n, DoubleDouble c, bool real) {
-    const DoubleDouble eighth = Divide({0.125, 0}, TwoSum(n, 1.5));
-    const DoubleDouble product = Multiply(eighth, c);
-    const Complex first =
-        real ? Complex{Add(eighth, product), {}} : Complex{eighth, Negate(product)};
+    const DoubleDouble eighth = 0.125 / TwoSum(n, 1.5);
+    const DoubleDouble product = eighth * c;
+    const Complex first = real ? Complex{eighth + product, {}} : Complex{eighth, -product};
     const double zReal = real ? (1 + c.high) / 2 : 0.5;
     const double zImaginary = real ? 0 : -c.high / 2;
     constexpr double kNegligible = 0x1p-64;
@@ -92,7 +91,7 @@ Complex ExpansionLessOne(double n, DoubleDouble c, bool real) {
         sumImaginary += termImaginary;
         if (std::fabs(termReal) + std::fabs(termImaginary) < kNegligible) break;
     }
-    return {Add(first.real, sumReal), Add(first.imaginary, sumImaginary)};
+    return {first.real + sumReal, first.imaginary + sumImaginary};
 }
 
 /// K of the method, for a given sine. With w = n + 3/4 the quotient of gamma functions is
@@ -105,23 +104,22 @@ DoubleDouble Amplitude(double n, DoubleDouble sine) {
     double sum = 0;
     for (const double coefficient : kSeries)
         sum = coefficient + t * sum;
-    const DoubleDouble leading = Sqrt(Divide(kTwoOverPi, Multiply(w, sine)));
-    return Add(leading, leading.high * (t * sum));
+    const DoubleDouble leading = Sqrt(kTwoOverPi / (w * sine));
+    return leading + leading.high * (t * sum);
 }
 
 /// Stieltjes' expansion, 0 <= x < 1.
 double ByPhase(double n, double x) {
     constexpr DoubleDouble kQuarterPi = {0.7853981633974483, 3.061616997868383e-17};
     const Angle angle = AngleOf(x);
-    DoubleDouble phase = Multiply(TwoSum(n, 0.5), angle.rest);
-    if (angle.quarters == 0) phase = Subtract(phase, kQuarterPi);
+    DoubleDouble phase = TwoSum(n, 0.5) * angle.rest;
+    if (angle.quarters == 0) phase -= kQuarterPi;
     if (!(std::fabs(phase.high) <= kLargestPhase))
         throw ap::ap_error{"Legendre: the degree is too large"};
     const auto [cosine, sine] = CosineSineAt(phase, angle.quarters * QuartersOf(n));
-    const Complex s = ExpansionLessOne(n, Divide({x, 0}, angle.sine), false);
-    const DoubleDouble wave =
-        Subtract(Multiply(cosine, Add(s.real, 1.0)), Multiply(sine, s.imaginary));
-    return ToDouble(Multiply(Amplitude(n, angle.sine), wave));
+    const Complex s = ExpansionLessOne(n, x / angle.sine, false);
+    const DoubleDouble wave = cosine * (s.real + 1.0) - sine * s.imaginary;
+    return ToDouble(Amplitude(n, angle.sine) * wave);
 }
 
 /// The same for 1 < x; infinite where the value overflows.
@@ -129,14 +127,14 @@ double ByGrowth(double n, double x) {
     constexpr double kLargest = 0x1p100;  // of any degree from 11 on the values overflow
     if (x > kLargest) return INFINITY;
     const auto [angle, sine] = HyperbolicAngleOf(x);
-    const DoubleDouble phase = Multiply(TwoSum(n, 0.5), angle);
+    const DoubleDouble phase = TwoSum(n, 0.5) * angle;
     constexpr double kLargestExponent = 1e5;  // times an amplitude above 2^-600
     if (!(phase.high < kLargestExponent)) return INFINITY;
     int exponent = 0;
     const DoubleDouble growth = ExpScaled(phase, exponent);
-    const Complex s = ExpansionLessOne(n, Divide({x, 0}, sine), true);
-    const DoubleDouble wave = Multiply(growth, Add(s.real, 1.0));
-    return std::ldexp(ToDouble(Multiply(Amplitude(n, sine), wave)), exponent - 1);
+    const Complex s = ExpansionLessOne(n, x / sine, true);
+    const DoubleDouble wave = growth * (s.real + 1.0);
+    return std::ldexp(ToDouble(Amplitude(n, sine) * wave), exponent - 1);
 }
 
 /// For x >= 0.

@@ -9,8 +9,8 @@
 #include <cmath>
 #include <string>
 
+#include "numbers/double_double.h"
 #include "specfun/polynomials/degree.h"
-#include "specfun/precision/double_double.h"
 #include "specfun/specfun.h"
 
 namespace kalvex::specfun {

@@ -1,5 +1,6 @@
-// One line and what became of it. The text below has room for three rows from the start, so that
-// nothing moves when a reason is longer than a number; on a narrow screen it may need one more.
+// The line with the expression and, below it, a text about the result. That text has room for three
+// rows from the start, so that nothing moves when it is a reason and not a number; on a narrow
+// screen it may need a fourth.
 #include "ui/dialogs/calculator_dialog.h"
 
 #include <QGuiApplication>
@@ -10,12 +11,13 @@
 #include <QPushButton>
 #include <QScreen>
 
+#include "commands/calculator.h"
+#include "resources/message_boxes.h"
 #include "resources/platform.h"
 #include "resources/strings.h"
 #include "ui/parts/form_dialog.h"
 #include "ui/parts/qt_text.h"
 #include "ui/parts/touch.h"
-#include "workspace/calculator.h"
 
 namespace kalvex {
 namespace {
@@ -25,7 +27,7 @@ constexpr int kCalcId = 1009;
 constexpr int kCancelId = 1024;
 constexpr int kDetailRows = 3;
 
-/// The expression, with the lines before it on Up and Down.
+/// The line with the expression. Up and Down bring back earlier lines.
 class CalculatorEdit final : public QLineEdit {
   public:
     CalculatorEdit(CalculatorHistory& lines, QWidget* parent) : QLineEdit(parent), history(lines) {}
@@ -74,8 +76,7 @@ void CalculateLine(QLineEdit& edit, QLabel& detail, CalculatorHistory& history,
     ShowDetail(detail, ToQString(answer.detail));
     edit.setAccessibleDescription(detail.text());
     if (!answer.accepted) {
-        show({std::u16string(Text(StringId::Error)), answer.text, MessageIcon::Stop,
-              MessageButtons::Ok});
+        show(ErrorBox(answer.text));
         edit.setFocus(Qt::OtherFocusReason);
     }
 }
@@ -92,13 +93,14 @@ QPoint CalculatorPlace(const QSize& dialog, const QRect& screen, std::u16string_
 }
 
 void OpenCalculator(QWidget* parent, CalculatorHistory& history, const ShowMessage& show) {
-    auto* const dialog = new FormDialog("Calculator", parent, "Calc");
+    auto* const dialog =
+        new FormDialog(TextOf(StringId::MenuCalculator), parent, TextOf(StringId::CalcKey));
     dialog->setObjectName("calculatorDialog");
     auto* const edit = new CalculatorEdit(history, dialog);
     edit->setObjectName("expression");
     edit->setProperty("controlId", kEditId);
-    edit->setAccessibleName("Expression");
-    edit->setText(ToQString(Text(StringId::EnterExpression)));
+    edit->setAccessibleName(TextOf(StringId::CalculatorLine));
+    edit->setText(TextOf(StringId::EnterExpression));
     dialog->AddWide(edit);
     edit->setMinimumHeight(kTouchTarget);
     QLabel* const detail = AddDetail(*dialog);
@@ -111,7 +113,7 @@ void OpenCalculator(QWidget* parent, CalculatorHistory& history, const ShowMessa
     };
     QObject::connect(dialog, &QDialog::finished, dialog,
                      [] { QGuiApplication::inputMethod()->hide(); });
-    // The small line is about the line that was calculated, not about another one.
+    // The text below belongs to the expression that was calculated, so it goes when that changes.
     QObject::connect(edit, &QLineEdit::textChanged, detail, [edit, detail] {
         ShowDetail(*detail, {});
         edit->setAccessibleDescription({});

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "base/message_box.h"
-#include "workspace/calculator_history.h"
+#include "commands/calculator_history.h"
 
 class QWidget;
 

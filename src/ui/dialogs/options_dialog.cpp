@@ -1,5 +1,5 @@
-// The form is made from what the options are and read back into the same record; taking and storing
-// are the record's matter. The focus moves in the order in which the controls are made here.
+// The form is made from an OptionsInput and read back into one; SaveOptions takes and stores it.
+// Tab moves the focus in the order in which the controls are made here.
 #include "ui/dialogs/options_dialog.h"
 
 #include <QComboBox>
@@ -11,12 +11,13 @@
 #include <span>
 #include <utility>
 
+#include "commands/options_input.h"
 #include "resources/command_ids.h"
+#include "resources/message_boxes.h"
 #include "resources/strings.h"
 #include "ui/parts/form_dialog.h"
 #include "ui/parts/qt_text.h"
 #include "ui/parts/tip_controls.h"
-#include "workspace/options_input.h"
 
 namespace kalvex {
 namespace {
@@ -47,7 +48,7 @@ void Name(QObject& control, const char* name, int id) {
 QStringList EntriesOf(std::span<const OptionChoice> choices) {
     QStringList entries;
     for (const OptionChoice& choice : choices)
-        entries += ToQString(choice.text);
+        entries += TextOf(choice.word);
     return entries;
 }
 
@@ -109,7 +110,7 @@ void AddBoxes(FormDialog& dialog, const OptionsInput& shown, OptionsControls& co
     controls.colours = NewBox(&dialog, StringId::OptionColours, shown.colours, "colours");
     controls.colours->setProperty("controlId", 1049);
     dialog.AddWide(controls.colours);
-    auto* const group = new QGroupBox(ToQString(Text(StringId::OptionShowGroup)), &dialog);
+    auto* const group = new QGroupBox(TextOf(StringId::OptionShowGroup), &dialog);
     Name(*group, "showOnGraph", 1069);
     auto* const grid = new QGridLayout(group);
     grid->setVerticalSpacing(0);
@@ -126,13 +127,13 @@ void AddBoxes(FormDialog& dialog, const OptionsInput& shown, OptionsControls& co
     add(controls.axes, StringId::OptionAxes, shown.axes, "axes", 1020);
     controls.polarGrid = NewBox(group, StringId::OptionPolarGrid, shown.polarGrid, "polarGrid");
     grid->addWidget(controls.polarGrid, 2, 1);
-    // Its kind is a matter of a grid that is there.
+    // The kind of the grid can be chosen only while there is a grid.
     controls.polarGrid->setEnabled(shown.grid);
     QObject::connect(controls.grid, &QCheckBox::toggled, controls.polarGrid, &QWidget::setEnabled);
     dialog.AddWide(group);
 }
 
-/// KEEP: the list is there and saved, but out of sight: nothing draws by it.
+/// KEEP: the list exists and is saved, but is hidden, because drawing does not depend on it.
 void AddHiddenList(FormDialog& dialog, const OptionsInput& shown, OptionsControls& controls) {
     auto* const caption = new TipCaption(Text(StringId::OptionInterpolation), &dialog);
     controls.interpolation = NewList(dialog, EntriesOf(kInterpolations), shown.interpolation);
@@ -165,7 +166,7 @@ OptionsInput Read(const OptionsControls& controls) {
 
 void OpenOptionsDialog(QWidget* parent, Options& options, const Registry& registry,
                        const ShowMessage& show, std::function<void()> changed) {
-    auto* const dialog = new FormDialog("Options", parent);
+    auto* const dialog = new FormDialog(TextOf(StringId::MenuOptions), parent);
     dialog->setObjectName("optionsDialog");
     const OptionsInput shown = InputOf(options);
     OptionsControls controls;
@@ -177,8 +178,7 @@ void OpenOptionsDialog(QWidget* parent, Options& options, const Registry& regist
     dialog->save = [controls, &options, registry, show, changed = std::move(changed)] {
         const auto problem = SaveOptions(Read(controls), options, registry);
         if (problem) {
-            show({std::u16string(Text(StringId::Error)), problem->message, MessageIcon::Stop,
-                  MessageButtons::Ok});
+            show(ErrorBox(problem->message));
             PointAt(*(problem->field == 0 ? controls.minParam : controls.maxParam));
         }
         changed();

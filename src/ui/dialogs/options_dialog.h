@@ -4,17 +4,17 @@
 #include <functional>
 
 #include "base/message_box.h"
+#include "settings/registry.h"
 #include "workspace/options.h"
-#include "workspace/registry.h"
 
 class QWidget;
 
 namespace kalvex {
 
-/// Opens it over a window. `Save` takes and stores what it shows; a range of parameters that is
-/// none gets a message and keeps the dialog open, with everything else taken and stored all the
-/// same. `changed` runs after every `Save`. `options` must live as long as the dialog. The controls
-/// carry the program's control numbers as the property "controlId".
+/// Opens the dialog over a window. `Save` takes and stores what it shows. When the range of the
+/// parameter is empty or reversed, a message says so and the dialog stays open, but everything else
+/// is taken and stored. `changed` runs after every `Save`. `options` must live as long as the
+/// dialog. The controls carry the program's control numbers as the property "controlId".
 void OpenOptionsDialog(QWidget* parent, Options& options, const Registry& registry,
                        const ShowMessage& show, std::function<void()> changed);
 

@@ -1,6 +1,6 @@
-// The filter sees a key before the line does and notes whether it is a letter; the line then
-// reports the edit, with the letter in it, and the list opens for the word as it stands. Whatever
-// else changes text or caret closes it.
+// The event filter sees a key before the line does and notes whether it types a letter. When the
+// line then reports the edit, the word before the caret contains the letter, and the list opens for
+// it. Any other change of the text or the caret closes the list.
 #include "ui/editor/completion.h"
 
 #include <QInputMethodEvent>
@@ -8,15 +8,15 @@
 #include <algorithm>
 #include <utility>
 
+#include "commands/completion.h"
 #include "resources/strings.h"
 #include "ui/parts/qt_text.h"
 #include "ui/parts/touch.h"
-#include "workspace/completion.h"
 
 namespace kalvex {
 namespace {
 
-constexpr int kInset = 5;  // of a name in the list, which so stands below the word
+constexpr int kInset = 5;  // of a name in the list: the names stand exactly below the word
 
 /// The character that an event types; 0 when it types none.
 char16_t TypedCharacter(const QKeyEvent& key) {
@@ -43,10 +43,10 @@ QString JoinedNames(const std::vector<std::u16string_view>& names) {
 }  // namespace
 
 Completion::Completion(QWidget* window) : QObject(window), list(new CompletionList(window)) {
-    list->chosen = [this](const QString& name) {
+    connect(list, &CompletionList::Chosen, this, [this](const QString& name) {
         tapped = line;
         Choose(name);
-    };
+    });
 }
 
 void Completion::Watch(LineEdit* watched) {
@@ -84,7 +84,7 @@ void Completion::Open(LineEdit* edited) {
                                 room ? room() : window->rect()));
     list->show();
     list->raise();
-    Say(ToQString(FillIn(Text(StringId::NamesOffered), {FromQString(JoinedNames(names))})));
+    Say(TextOf(StringId::NamesOffered, {FromQString(JoinedNames(names))}));
 }
 
 void Completion::Close() {
@@ -96,7 +96,7 @@ void Completion::Close() {
 
 void Completion::Say(const QString& text) {
     said = text;
-    if (told) told();
+    emit Told();
 }
 
 void Completion::Choose(const QString& name) {
@@ -104,7 +104,7 @@ void Completion::Choose(const QString& name) {
     LineEdit* const edited = line;
     const int length = wordLength;
     Close();
-    letterTyped = false;  // what follows is an edit, but nobody typed it
+    letterTyped = false;  // the edit that follows is not a typed letter
     edited->setSelection(edited->cursorPosition() - length, length);
     edited->InsertText(name);
 }
@@ -113,9 +113,8 @@ void Completion::MoveHighlight(int step) {
     const int row = std::clamp(list->Highlighted() + step, -1, list->count() - 1);
     list->Highlight(row);
     if (row < 0) return;
-    Say(ToQString(FillIn(
-        Text(StringId::NameHighlighted),
-        {FromQString(list->item(row)->text()), NumberText(row + 1), NumberText(list->count())})));
+    Say(TextOf(StringId::NameHighlighted, {FromQString(list->item(row)->text()),
+                                           NumberText(row + 1), NumberText(list->count())}));
 }
 
 bool Completion::TakeKey(const QKeyEvent& key) {
@@ -138,7 +137,7 @@ bool Completion::TakeKey(const QKeyEvent& key) {
     return false;
 }
 
-/// The second half of a double tap on a name falls on the line behind the closed list.
+/// The second press of a double tap on a name reaches the line, because the list has closed.
 bool Completion::TakeSecondTap() {
     if (!tapped) return false;
     tapped->setFocus(Qt::OtherFocusReason);

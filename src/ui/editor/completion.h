@@ -19,18 +19,21 @@ namespace kalvex {
 /// moved caret and the loss of the focus close it; Enter and the refused blank do not. Down and Up
 /// highlight, Enter takes the highlighted name, Escape closes.
 class Completion final : public QObject {
+    Q_OBJECT
   public:
     explicit Completion(QWidget* window);
 
     void Watch(LineEdit* line);
     void Close();
     bool IsOpen() const { return line != nullptr; }
-    /// What the list offers for a line, in words; empty when none is open for it.
+    /// What a screen reader says about the list of a line; empty when no list is open for it.
     QString SaidOf(const LineEdit* asked) const { return asked == line ? said : QString(); }
 
     std::u16string_view platform = kPlatformType;  ///< only kPocketPc offers names
-    std::function<QRect()> room;                   ///< the part of the window for the list
-    std::function<void()> told;                    ///< SaidOf has changed
+    std::function<QRect()> room;  ///< asked for the part of the window for the list
+
+  signals:
+    void Told();  ///< SaidOf has changed
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -52,7 +55,7 @@ class Completion final : public QObject {
     QString shownFor;  ///< text and caret of the line while the list is open
     int caret = 0;
     QPointer<LineEdit> tapped;  ///< a tap has just chosen a name for this line
-    bool letterTyped = false;   ///< the key that is being handled is a letter
+    bool letterTyped = false;   ///< the key press that is being handled types a letter
 };
 
 }  // namespace kalvex

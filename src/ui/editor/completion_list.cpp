@@ -1,6 +1,6 @@
-// A list has a current row and a selection. The current row is what the keys or the pen move, and
-// it is painted as the highlighted one; the selection changes only to choose. Choosing waits for
-// the pen to be lifted, so that no part of the same tap reaches the line below.
+// A list of Qt has a current row and a selection. Keys and pen move the current row, which is
+// painted as the highlighted one. The selection changes only when a name is chosen: when the pen is
+// lifted, not before, so that no part of the tap reaches the line behind the list.
 #include "ui/editor/completion_list.h"
 
 #include <QMouseEvent>
@@ -56,7 +56,7 @@ QRect PlaceList(const QRect& line, int left, QSize wanted, const QRect& room) {
 CompletionList::CompletionList(QWidget* window) : QListWidget(window) {
     setObjectName("completion");
     setProperty("controlId", kControlId);
-    setAccessibleName(ToQString(Text(StringId::NamesList)));
+    setAccessibleName(TextOf(StringId::NamesList));
     setFocusPolicy(Qt::NoFocus);
     setItemDelegate(new RowDelegate(this));
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -66,7 +66,7 @@ CompletionList::CompletionList(QWidget* window) : QListWidget(window) {
     hide();
     connect(this, &QListWidget::itemSelectionChanged, this, [this] {
         const auto items = selectedItems();
-        if (!items.isEmpty() && chosen) chosen(items.first()->text());
+        if (!items.isEmpty()) emit Chosen(items.first()->text());
     });
 }
 
@@ -114,7 +114,7 @@ void CompletionList::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void CompletionList::wheelEvent(QWheelEvent* event) {
     QListWidget::wheelEvent(event);
-    event->accept();  // at the end of the list the lines behind it stay where they are
+    event->accept();  // at the end of the list the lines behind it must not scroll
 }
 
 }  // namespace kalvex

@@ -2,20 +2,20 @@
 #pragma once
 
 #include <QListWidget>
-#include <functional>
 #include <string_view>
 #include <vector>
 
 namespace kalvex {
 
-/// Where a list of a wanted size goes: below the line where it fits, else above where it fits, else
-/// where there is more room, cut to that; always inside `room`, from `left` or as near as it can
-/// be.
+/// The place of a list of a wanted size: below the line if it fits there, else above the line if it
+/// fits there, else on the side with more room and cut to that room. It always lies inside `room`;
+/// its left edge is at `left` or as near to it as possible.
 QRect PlaceList(const QRect& line, int left, QSize wanted, const QRect& room);
 
-/// A list box that never takes the focus. Choosing an entry is selecting it: with the pointer by
-/// lifting it on the entry. Highlighting one does not choose it.
+/// A list that never takes the focus. An entry is chosen by selecting it, with the pointer when it
+/// is lifted on the entry. Highlighting an entry does not choose it.
 class CompletionList final : public QListWidget {
+    Q_OBJECT
   public:
     explicit CompletionList(QWidget* window);
 
@@ -26,7 +26,8 @@ class CompletionList final : public QListWidget {
     int Highlighted() const;
     void Highlight(int row);
 
-    std::function<void(const QString& name)> chosen;
+  signals:
+    void Chosen(const QString& name);
 
   protected:
     void mousePressEvent(QMouseEvent* event) override;

@@ -1,5 +1,4 @@
-// The line itself knows how to cut, copy, paste and undo; this only finds the operation by its
-// number.
+// Qt's line edit can cut, copy, paste and undo; this file finds the operation of a command number.
 #include "ui/editor/edit_menu.h"
 
 #include <QClipboard>

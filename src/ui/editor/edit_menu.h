@@ -3,8 +3,8 @@
 
 #include <functional>
 
+#include "commands/menu_state.h"
 #include "resources/menus.h"
-#include "workspace/menu_state.h"
 
 class QMenu;
 class QWidget;
@@ -13,16 +13,16 @@ namespace kalvex {
 
 class LineEdit;
 
-/// How an entry of the popup shows for a line: text commands are enabled while they would do
-/// something, a command without its dialog is disabled.
+/// How an entry of the popup shows for a line: a text command is enabled when it would have an
+/// effect, every other entry always.
 MenuItemState EditEntryState(const LineEdit& line, const MenuEntry& entry);
 
 /// Inserts a function name in place of the selection or at the caret, or runs a text command. Every
 /// change is one step of undo. False for any other command.
 bool RunEditCommand(LineEdit& line, CommandId command);
 
-/// The popup of a line, not shown yet; it deletes itself when it closes. Commands that are not the
-/// line's go to `runOther`.
+/// Makes the popup of a line without showing it; it deletes itself when it closes. Commands that
+/// the line cannot run go to `runOther`.
 QMenu* NewEditMenu(QWidget* window, LineEdit& line, std::function<void(CommandId)> runOther);
 
 }  // namespace kalvex

@@ -1,6 +1,6 @@
-// The window only mirrors the workspace: typing writes into it, commands change it and ShowLines
-// brings the controls up to date. The line with the focus is the current one; neither a tap on a
-// soft key nor a menu takes the focus from it.
+// The window shows the workspace: typing writes into it, commands change it, and ShowLines brings
+// the controls up to date. Commands act on the line with the focus, so neither a tap on a soft key
+// nor an open menu takes the focus from it.
 #include "ui/editor/editor_window.h"
 
 #include <QCloseEvent>
@@ -10,6 +10,7 @@
 #include <QMenu>
 #include <utility>
 
+#include "resources/methods.h"
 #include "ui/editor/completion.h"
 #include "ui/editor/edit_menu.h"
 #include "ui/editor/line_area.h"
@@ -18,7 +19,6 @@
 #include "ui/editor/line_texts.h"
 #include "ui/editor/method_dialogs.h"
 #include "ui/editor/slide_hint.h"
-#include "ui/help/help_window.h"
 #include "ui/parts/bottom_bar.h"
 #include "ui/parts/menu_builder.h"
 #include "ui/parts/qt_text.h"
@@ -42,24 +42,11 @@ QRect EditorActions::SystemInputPanel() {
     return method.isVisible() ? method.keyboardRectangle().toAlignedRect() : QRect();
 }
 
-EditorWindow::EditorWindow(Workspace& shown, EditorActions actions)
-    : workspace(shown),
-      state{shown, {}, false, {}, {}, {}, {}, {}, {}, {}},
-      inputPanel(std::move(actions.inputPanel)),
-      platform(actions.platform),
-      menuState(InitialMainMenu()) {
-    setWindowTitle("Kalvex");
+EditorWindow::EditorWindow(Workspace& shown, EditorActions given)
+    : workspace(shown), actions(std::move(given)), menuState(InitialMainMenu()) {
+    setWindowTitle(TextOf(StringId::Title));
     setObjectName("editor");
     setMinimumSize(kLeastWidth, LeastLineAreaHeight() + kBottomBarHeight);
-    state.showLines = [this] { ShowLines(); };
-    state.draw = std::move(actions.draw);
-    state.exit = std::move(actions.exit);
-    state.choosePointFile = std::move(actions.choosePointFile);
-    state.openOptions = std::move(actions.openOptions);
-    state.openCalculator = std::move(actions.openCalculator);
-    state.setMethodUp = [this, show = std::move(actions.show)](int slot) {
-        OpenMethodDialog(this, workspace.functions[Index(slot)], show);
-    };
     AddLines();
     AddKeys();
     AddCompletion();
@@ -71,7 +58,7 @@ EditorWindow::EditorWindow(Workspace& shown, EditorActions actions)
     ShowLines();
 }
 
-// Hidden while everything still stands: hiding makes lines and list report.
+// Hiding makes the lines and the list emit signals, so it happens while all members still exist.
 EditorWindow::~EditorWindow() {
     hide();
 }
@@ -124,14 +111,14 @@ void EditorWindow::UpdateMenu() {
     MenuContext context;
     context.focusedSlot = slot;
     context.lineEmpty = !slot || workspace.lines[Index(*slot)].empty();
-    context.platform = platform;
+    context.platform = actions.platform;
     UpdateMainMenu(menuState, workspace.functions, context);
 }
 
 bool EditorWindow::IsOffered(CommandId command) {
     UpdateMenu();
-    const bool method = command >= CommandId::LeastSquares && command <= CommandId::Lagrange;
-    if (method && !menuState[CommandId::ApproxTypeMenu].visible) return false;
+    const bool hidden = !menuState[CommandId::ApproxTypeMenu].visible;
+    if (hidden && MethodOfCommand(command)) return false;
     const auto found = menuState.find(command);
     return found == menuState.end() || found->second.enabled;
 }
@@ -159,9 +146,15 @@ QMenu* EditorWindow::MakeEditMenu(int slot) {
 
 bool EditorWindow::Run(CommandId command) {
     completion->Close();
-    if (RunHelpCommand(this, command)) return true;
     state.slot = FocusedSlot();
-    return RunCommand(state, command);
+    const std::optional<EditorStep> step = RunEditorCommand(workspace, state, command);
+    if (!step) return actions.run(command);
+    if (*step == EditorStep::Nothing) return true;
+    ShowLines();
+    if (*step == EditorStep::ChoosePointFile) actions.run(CommandId::File);
+    if (*step == EditorStep::SetMethodUp)
+        OpenMethodDialog(this, workspace.functions[Index(*state.slot)], actions.show);
+    return true;
 }
 
 void EditorWindow::Slide(QPoint at) {
@@ -174,7 +167,8 @@ void EditorWindow::Slide(QPoint at) {
 void EditorWindow::LayOut() {
     completion->Close();
     const int least = HeightOfLines(1, RowHeight(0)) + kBottomBarHeight;
-    const int visible = HeightAbovePanel(size(), isActiveWindow() ? inputPanel() : QRect(), least);
+    const int visible =
+        HeightAbovePanel(size(), isActiveWindow() ? actions.inputPanel() : QRect(), least);
     lines->LayOut(width(), height() - kBottomBarHeight, visible - kBottomBarHeight);
     bar->setGeometry(0, visible - kBottomBarHeight, width(), kBottomBarHeight);
     slideHint->PlaceIn(bar->geometry());
@@ -191,7 +185,7 @@ void EditorWindow::resizeEvent(QResizeEvent*) {
 
 void EditorWindow::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    // The panel's place is known relative to the active window only.
+    // Qt gives the place of the input panel relative to the active window.
     if (event->type() == QEvent::ActivationChange && isActiveWindow()) LayOut();
 }
 

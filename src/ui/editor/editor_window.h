@@ -6,9 +6,9 @@
 #include <optional>
 
 #include "base/message_box.h"
+#include "commands/editor_commands.h"
+#include "commands/menu_state.h"
 #include "resources/platform.h"
-#include "ui/editor/editor_commands.h"
-#include "workspace/menu_state.h"
 #include "workspace/workspace.h"
 
 class QMenu;
@@ -22,11 +22,9 @@ class SlideHint;
 
 /// What the window cannot do itself.
 struct EditorActions {
-    std::function<void()> draw;
-    std::function<void()> exit;  ///< `Exit` and the close button
-    std::function<void(int slot)> choosePointFile;
-    std::function<void()> openOptions;
-    std::function<void()> openCalculator;
+    /// Runs a command of the program; `File` asks for the file of the line with the focus. False
+    /// for a number that is no command. A function, because the answer is needed.
+    std::function<bool(CommandId)> run;
     ShowMessage show;
     std::u16string_view platform = kPlatformType;
     /// Where the input panel covers the window, in its coordinates; empty while there is none.
@@ -39,17 +37,18 @@ struct EditorActions {
 /// and the soft keys stay above the input panel; lines without room are scrolled.
 class EditorWindow final : public QWidget {
   public:
-    EditorWindow(Workspace& shown, EditorActions actions);
+    EditorWindow(Workspace& shown, EditorActions given);
     ~EditorWindow() override;
 
     /// Brings labels, texts and hints up to date with the workspace.
     void ShowLines();
-    /// Index of the line that has the focus of this window, also while a menu is open; while a soft
-    /// key has it, the line that had it before.
+    /// Index of the line that has the focus, also while a menu is open. While a soft key has the
+    /// focus, the line that had it before.
     std::optional<int> FocusedSlot() const;
     void FocusLine(int slot);
     /// Opens the menu for the focused line.
     void OpenMenu();
+    /// Runs a command of the lines or of the program; false for a number that is no command.
     bool Run(CommandId command);
     /// Lays the window out anew, above the input panel.
     void LayOut();
@@ -64,7 +63,7 @@ class EditorWindow final : public QWidget {
 
   private:
     void UpdateMenu();
-    /// Whether the menu would let a command be chosen now: keys do no more than it does.
+    /// Whether the menu offers a command now; short cuts run no command that it does not offer.
     bool IsOffered(CommandId command);
     void AddLines();
     void ConnectLine(int slot);
@@ -77,9 +76,8 @@ class EditorWindow final : public QWidget {
     QMenu* MakeEditMenu(int slot);
 
     Workspace& workspace;
+    EditorActions actions;
     EditorState state;
-    std::function<QRect()> inputPanel;
-    std::u16string_view platform;
     LineArea* lines = nullptr;
     BottomBar* bar = nullptr;
     Completion* completion = nullptr;

@@ -19,9 +19,9 @@ namespace kalvex {
 
 void EditorWindow::AddLines() {
     lines = new LineArea(this);
-    lines->scrolled = [this] {
+    connect(lines, &LineArea::Scrolled, this, [this] {
         if (completion != nullptr) completion->Close();
-    };
+    });
     for (int slot = 0; slot < kSlotCount; ++slot)
         ConnectLine(slot);
 }
@@ -32,20 +32,21 @@ void EditorWindow::ConnectLine(int slot) {
         FocusLine(slot);
         Run(CommandId::Select);
     };
-    row.label->toggled = toggle;
-    row.label->picked = [this, slot] {
+    connect(row.label, &LineLabel::Toggled, this, toggle);
+    connect(row.label, &LineLabel::Picked, this, [this, slot] {
         completion->Close();
         FocusLine(slot);
         slideHint->Begin();
-    };
-    row.label->slidTo = [this](QPoint at) { Slide(at); };
-    row.label->lifted = [this] { slideHint->End(); };
-    row.edit->toggled = toggle;
-    row.edit->focused = [this, slot] {
+    });
+    connect(row.label, &LineLabel::SlidTo, this, &EditorWindow::Slide);
+    connect(row.label, &LineLabel::Lifted, this, [this] { slideHint->End(); });
+    connect(row.edit, &LineEdit::Toggled, this, toggle);
+    connect(row.edit, &LineEdit::Focused, this, [this, slot] {
         lastSlot = slot;
         lines->Reveal(slot);
-    };
-    row.edit->popupAskedAt = [this, slot](QPoint at) { MakeEditMenu(slot)->popup(at); };
+    });
+    connect(row.edit, &LineEdit::PopupAsked, this,
+            [this, slot](QPoint at) { MakeEditMenu(slot)->popup(at); });
     connect(row.edit, &QLineEdit::textEdited, this, [this, slot] { lines->Reveal(slot); });
     connect(row.edit, &QLineEdit::textChanged, this, [this, slot](const QString& text) {
         workspace.lines[static_cast<std::size_t>(slot)] = FromQString(text);
@@ -54,12 +55,11 @@ void EditorWindow::ConnectLine(int slot) {
 }
 
 void EditorWindow::AddKeys() {
-    bar = new BottomBar("Menu", "Draw", this);
+    bar = new BottomBar(TextOf(StringId::MenuKey), TextOf(StringId::DrawKey), this);
     bar->actionButton()->setToolTip(KeysForTip(EditorShortCuts(), CommandId::Draw));
-    bar->menuButton()->setToolTip("F10");
-    QPushButton* const insert =
-        bar->AddMiddleKey(ToQString(Text(StringId::InsertKey)), "insertKey");
-    const QString tip = ToQString(Text(StringId::InsertKeyTip));
+    bar->menuButton()->setToolTip(TextOf(StringId::MenuKeyTip));
+    QPushButton* const insert = bar->AddMiddleKey(TextOf(StringId::InsertKey), "insertKey");
+    const QString tip = TextOf(StringId::InsertKeyTip);
     insert->setToolTip(tip);
     insert->setAccessibleDescription(tip);
     connect(bar->menuButton(), &QPushButton::clicked, this, &EditorWindow::OpenMenu);
@@ -78,14 +78,14 @@ void EditorWindow::AddKeys() {
 
 void EditorWindow::AddCompletion() {
     completion = new Completion(this);
-    completion->platform = platform;
+    completion->platform = actions.platform;
     completion->room = [this] {
         const QRect above(0, 0, width(), bar->y());
         // With one or two lines left the soft keys give way.
         const bool fewLines = lines->height() < LeastLineAreaHeight();
         return fewLines ? above.united(bar->geometry()) : above;
     };
-    completion->told = [this] { ShowHint(lastSlot); };
+    connect(completion, &Completion::Told, this, [this] { ShowHint(lastSlot); });
     for (int slot = 0; slot < kSlotCount; ++slot)
         completion->Watch(lines->At(slot).edit);
 }

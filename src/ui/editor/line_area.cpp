@@ -1,5 +1,5 @@
-// All rows always exist and can have the focus; those that are scrolled away lie outside this
-// widget and are clipped by it. The first visible row is the scroll bar's value.
+// All nine rows always exist and can have the focus. A row that is scrolled away lies outside this
+// widget, which clips it. The value of the scroll bar is the index of the first visible row.
 #include "ui/editor/line_area.h"
 
 #include <QApplication>
@@ -20,7 +20,7 @@ namespace {
 constexpr int kFirstEditId = 1000;
 constexpr int kFirstLabelId = 2000;
 
-/// The labels stay where they are; the lines end before the bar.
+/// Makes lines and hints narrower by the width of the scroll bar; the labels stay as they are.
 void MakeRoomForScrollBar(std::array<LinePlace, kSlotCount>& places) {
     for (LinePlace& place : places) {
         place.edit.setWidth(std::max(0, place.edit.width() - kTouchTarget));
@@ -35,13 +35,13 @@ LineArea::LineArea(QWidget* window) : QWidget(window) {
         AddRow(slot);
     scroll = new QScrollBar(Qt::Vertical, this);
     scroll->setObjectName("lineScroll");
-    scroll->setAccessibleName(ToQString(Text(StringId::LinesScroll)));
+    scroll->setAccessibleName(TextOf(StringId::LinesScroll));
     scroll->setSingleStep(1);
     scroll->setRange(0, 0);
     scroll->hide();
     connect(scroll, &QScrollBar::valueChanged, this, [this] {
         Place();
-        if (scrolled) scrolled();
+        emit Scrolled();
     });
 }
 
@@ -81,7 +81,8 @@ void LineArea::Place() {
     const int first = scroll->value();
     const int up = HeightOfLines(first, rowHeight) - HeightOfLines(0, rowHeight);
     for (int slot = 0; slot < kSlotCount; ++slot) {
-        // Rows overlap by a pixel: one that is scrolled away must not show it.
+        // Rows overlap by a pixel, so a row above the first visible one is moved up by one row
+        // more.
         const QPoint by(0, slot < first ? -up - rowHeight : -up);
         const LinePlace& place = places[static_cast<std::size_t>(slot)];
         At(slot).label->setGeometry(place.label.translated(by));

@@ -3,7 +3,6 @@
 
 #include <QWidget>
 #include <array>
-#include <functional>
 
 #include "ui/editor/line_layout.h"
 
@@ -18,6 +17,7 @@ class LineLabel;
 /// Labels, edit lines and hints. They are named "label1", "line1", "hint1" and so on and carry the
 /// program's control numbers (2000 and 1000 upward) as the property "controlId".
 class LineArea final : public QWidget {
+    Q_OBJECT
   public:
     struct Row {
         LineLabel* label = nullptr;
@@ -28,16 +28,17 @@ class LineArea final : public QWidget {
     explicit LineArea(QWidget* window);
 
     const Row& At(int slot) const { return rows[static_cast<std::size_t>(slot)]; }
-    /// Takes the upper left of the window. Rows are as tall as `height` allows for nine of them;
-    /// when fewer than nine fit into `visibleHeight`, the scroll bar appears (its page is what
-    /// fits), otherwise all nine show and its range is cleared.
+    /// Places the area at the upper left of the window. `height` decides how tall a row is: as tall
+    /// as nine rows allow. When fewer than nine fit into `visibleHeight` the scroll bar appears,
+    /// and its page is the number that fits; otherwise all nine show and its range is empty.
     void LayOut(int width, int height, int visibleHeight);
-    /// Scrolls as few whole rows as it takes to show a line.
+    /// Scrolls by the fewest rows that bring a line into view.
     void Reveal(int slot);
     /// The visible line nearest to a height in the area's coordinates.
     int SlotAt(int y) const;
 
-    std::function<void()> scrolled;
+  signals:
+    void Scrolled();  ///< other lines show now
 
   protected:
     void wheelEvent(QWheelEvent* event) override;

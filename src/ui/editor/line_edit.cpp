@@ -1,7 +1,7 @@
-// Every way into the line (keys, input methods, pasting, dropping) ends in the line's validator,
-// so that is where blanks are dropped; only the beep for a typed blank needs the key itself. A text
-// that the validator has to change loses the line's undo steps, so pasting drops its blanks before.
-// A pen that moves selects text: from the platform's drag distance on it is no longer held.
+// Every text that enters the line (by keys, input methods, pasting or dropping) passes the
+// validator, which removes the blanks; the key handler only adds the beep. When the validator
+// changes a text, Qt forgets the undo steps, so pasting removes the blanks itself beforehand. A pen
+// that moves farther than the platform's drag distance selects text and no longer counts as held.
 #include "ui/editor/line_edit.h"
 
 #include <QApplication>
@@ -66,7 +66,7 @@ LineEdit::LineEdit(QWidget* parent) : QLineEdit(parent) {
     holdTimer.setSingleShot(true);
     holdTimer.setInterval(kHoldMilliseconds);
     connect(&holdTimer, &QTimer::timeout, this, [this] {
-        if (penDown && toggled) toggled();
+        if (penDown) emit Toggled();
     });
 }
 
@@ -77,7 +77,7 @@ void LineEdit::SetStoredText(const QString& stored) {
     keepsBlanks = kept;
 }
 
-/// Edits without a movement of the caret between them are undone together.
+/// Qt joins edits into one undo step until the caret moves, so the caret moves away and back.
 void LineEdit::EndUndoStep() {
     const int caret = cursorPosition();
     setCursorPosition(caret > 0 ? caret - 1 : 1);
@@ -98,7 +98,7 @@ void LineEdit::PasteText() {
 }
 
 void LineEdit::AskForPopup() {
-    if (popupAskedAt) popupAskedAt(mapToGlobal(QPoint(cursorRect().left(), height())));
+    emit PopupAsked(mapToGlobal(QPoint(cursorRect().left(), height())));
 }
 
 void LineEdit::LiftPen() {
@@ -150,19 +150,19 @@ void LineEdit::mouseReleaseEvent(QMouseEvent* event) {
 void LineEdit::mouseDoubleClickEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) return QLineEdit::mouseDoubleClickEvent(event);
     LiftPen();
-    if (toggled) toggled();
+    emit Toggled();
 }
 
 void LineEdit::contextMenuEvent(QContextMenuEvent* event) {
     LiftPen();
     setFocus(Qt::OtherFocusReason);
     if (event->reason() == QContextMenuEvent::Keyboard) return AskForPopup();
-    if (popupAskedAt) popupAskedAt(event->globalPos());
+    emit PopupAsked(event->globalPos());
 }
 
 void LineEdit::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
-    if (focused) focused();
+    emit Focused();
 }
 
 void LineEdit::focusOutEvent(QFocusEvent* event) {

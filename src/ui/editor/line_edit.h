@@ -10,9 +10,11 @@ namespace kalvex {
 /// How long the pen rests on a line until that toggles its selection.
 inline constexpr int kHoldMilliseconds = 400;
 
-/// A single line in a face that tells l, 1 and I apart. Blanks are refused: a typed one with a
-/// beep, pasted ones are dropped. A line that keeps blanks (a file path) is an ordinary one.
+/// A text line in a font in which l, 1 and I look different. It holds no blanks: a typed blank is
+/// refused with a beep, pasted ones are removed. With `keepsBlanks` (a file path) it accepts any
+/// text.
 class LineEdit final : public QLineEdit {
+    Q_OBJECT
   public:
     explicit LineEdit(QWidget* parent);
 
@@ -28,10 +30,12 @@ class LineEdit final : public QLineEdit {
     void AskForPopup();
 
     bool keepsBlanks = false;
-    std::function<void()> beep;
-    std::function<void()> toggled;                ///< double tap, or the pen held for 400 ms
-    std::function<void()> focused;                ///< the focus has come
-    std::function<void(QPoint at)> popupAskedAt;  ///< screen position for the popup menu
+    std::function<void()> beep;  ///< the desktop's own; a test counts the calls instead
+
+  signals:
+    void Toggled();              ///< double tap, or the pen held for 400 ms
+    void Focused();              ///< the focus has come
+    void PopupAsked(QPoint at);  ///< screen position for the popup menu
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;

@@ -1,6 +1,6 @@
-// The text is painted as an outline shape so that a bright colour (cyan on a light window) can get
-// a thin darker rim of the same hue: the fill stays the exact colour of the curve and is readable
-// all the same. On the dark ground of a selected line the fill itself is moved until it contrasts.
+// The text is painted as a path, so that a bright colour (cyan on a light window) can have a thin
+// darker rim of the same hue: the letters keep the exact colour of the curve and can still be read.
+// On the dark background of a selected line the colour itself is changed until it has contrast.
 #include "ui/editor/line_label.h"
 
 #include <QFontMetrics>
@@ -13,9 +13,9 @@
 namespace kalvex {
 namespace {
 
-// The guidelines' bound for ordinary text. Below it the strokes of the letters fade; a rim that
-// keeps the bound holds them together. Half of its width shows. A light rim around dark letters
-// needs more of it.
+// The contrast that the Web Content Accessibility Guidelines ask of ordinary text. Letters with
+// less get a rim that has it. The inner half of a rim is covered by the letter. A light rim around
+// dark letters looks thinner and is made wider.
 constexpr double kTextContrast = 4.5;
 constexpr double kRimOnLight = 1.0;
 constexpr double kRimOnDark = 2.4;
@@ -95,19 +95,19 @@ void LineLabel::paintEvent(QPaintEvent*) {
 }
 
 void LineLabel::mousePressEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton && picked) picked();
+    if (event->button() == Qt::LeftButton) emit Picked();
 }
 
 void LineLabel::mouseMoveEvent(QMouseEvent* event) {
-    if ((event->buttons() & Qt::LeftButton) && slidTo) slidTo(event->globalPosition().toPoint());
+    if (event->buttons() & Qt::LeftButton) emit SlidTo(event->globalPosition().toPoint());
 }
 
 void LineLabel::mouseReleaseEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton && lifted) lifted();
+    if (event->button() == Qt::LeftButton) emit Lifted();
 }
 
 void LineLabel::mouseDoubleClickEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton && toggled) toggled();
+    if (event->button() == Qt::LeftButton) emit Toggled();
 }
 
 }  // namespace kalvex

@@ -3,14 +3,14 @@
 
 #include <QColor>
 #include <QLabel>
-#include <functional>
 #include <optional>
 
 namespace kalvex {
 
-/// Shows the type of a line in its colour; a selected one on a dark ground with a check mark and
-/// a heavier face. `text()` is the plain label.
+/// Shows the type of a line in its colour; that of a selected line in bold on a dark background
+/// with a check mark. `text()` is the label alone.
 class LineLabel final : public QLabel {
+    Q_OBJECT
   public:
     explicit LineLabel(QWidget* parent);
 
@@ -18,14 +18,15 @@ class LineLabel final : public QLabel {
     void Show(const QString& label, std::optional<QColor> color, bool isSelected);
 
     bool selected() const { return isSelectedLine; }
-    /// Ground and text as painted, for the present palette.
+    /// Colours of background and text as they are painted with the present palette.
     QColor Ground() const;
     QColor TextColor() const;
 
-    std::function<void()> toggled;          ///< double click or tap
-    std::function<void()> picked;           ///< the pen is down
-    std::function<void(QPoint at)> slidTo;  ///< it moves while down; screen position
-    std::function<void()> lifted;           ///< it is up again
+  signals:
+    void Toggled();          ///< double click or tap
+    void Picked();           ///< the pen is down
+    void SlidTo(QPoint at);  ///< it moves while down; screen position
+    void Lifted();           ///< it is up again
 
   protected:
     void paintEvent(QPaintEvent* event) override;

@@ -1,7 +1,7 @@
-// Line i stands at (row height - 1) * i + 3 and is row height - 3 tall, the label starts 5 pixels
-// from the left. On a small window that fills the height; on a large one the rows and the label
-// column stop growing, so that the nine lines stay one block that the eye can follow. On one that
-// is too small for nine rows they keep the height of a finger, and whole rows are scrolled.
+// Line i begins at y = (row height - 1) * i + 3 and is row height - 3 tall; the label begins 5
+// pixels from the left. In a small window nine rows fill the height. In a large one rows and labels
+// stop growing, so that the nine lines stay together. In a window that is too low for nine rows a
+// row keeps the least height that a finger needs, and the area scrolls by whole rows.
 #include "ui/editor/line_layout.h"
 
 #include <algorithm>

@@ -18,7 +18,7 @@ struct LinePlace {
 /// The least height of the line area: three lines that are tall enough for a finger.
 int LeastLineAreaHeight();
 
-/// A ninth of the area's height, but tall enough for a finger and no taller than comfortable.
+/// A ninth of the area's height, at least tall enough for a finger and at most 68 pixels.
 int RowHeight(int height);
 
 /// Whole rows that fit into a visible height, 1 to 9.
@@ -27,13 +27,13 @@ int FittingLines(int visibleHeight, int rowHeight);
 /// The height that some rows take, 1 to 9.
 int HeightOfLines(int count, int rowHeight);
 
-/// Rows of RowHeight(height), the label in the first 2/9 of the width (no wider than comfortable),
-/// the line in the rest without running out of the window. The rows may need more than the height.
+/// Nine rows of RowHeight(height): the label in the first 2/9 of the width (at most 170 pixels),
+/// the line in the rest. Together the rows may be taller than `height`.
 std::array<LinePlace, kSlotCount> LayOutLines(int width, int height);
 
-/// The height of a window that an input panel leaves visible; `panel` in the window's coordinates,
-/// empty when there is none. A panel that leaves less than `least` is not heeded: nothing usable
-/// would remain.
+/// The height of a window above an input panel. `panel` is in the window's coordinates and empty
+/// when there is none. A panel that would leave less than `least` is ignored, because nothing
+/// usable would remain.
 int HeightAbovePanel(QSize window, const QRect& panel, int least);
 
 }  // namespace kalvex

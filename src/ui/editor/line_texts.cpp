@@ -1,4 +1,4 @@
-// Words come from the tables that the menus use, so that what is heard can be found there.
+// The words are those of the menus, so that who hears a word finds it in the menu.
 #include "ui/editor/line_texts.h"
 
 #include <QStringList>
@@ -15,23 +15,22 @@ constexpr std::size_t kLongestKeptLine = 49;
 }  // namespace
 
 QString NameOfLine(int slot, const FunctionEntry& entry) {
-    return ToQString(FillIn(Text(StringId::LineNumber), {NumberText(slot + 1)})) +
+    return TextOf(StringId::LineNumber, {NumberText(slot + 1)}) +
            (LabelOf(entry.type).starts_with(u' ') ? "" : " ") + ToQString(LabelOf(entry.type));
 }
 
 QString DescriptionOfLine(const FunctionEntry& entry, const QString& hint) {
     QStringList words;
     if (entry.color >= 1 && entry.color <= static_cast<int>(kColorTable.size())) {
-        words += ToQString(kColorTable[static_cast<std::size_t>(entry.color - 1)].name);
+        words += TextOf(kColorTable[static_cast<std::size_t>(entry.color - 1)].word);
     }
-    words +=
-        ToQString(Text(entry.selected == 1 ? StringId::LineSelected : StringId::LineNotSelected));
+    words += TextOf(entry.selected == 1 ? StringId::LineSelected : StringId::LineNotSelected);
     if (!hint.isEmpty()) words += hint;
     return words.join(", ");
 }
 
 QString HintOfLine(std::u16string_view line) {
-    return line.size() > kLongestKeptLine ? ToQString(Text(StringId::KeptCharacters)) : QString();
+    return line.size() > kLongestKeptLine ? TextOf(StringId::KeptCharacters) : QString();
 }
 
 }  // namespace kalvex

@@ -1,4 +1,4 @@
-// What is said about a line to those who hear the window.
+// Names and descriptions of the lines for screen readers.
 #pragma once
 
 #include <QString>
@@ -14,7 +14,7 @@ QString NameOfLine(int slot, const FunctionEntry& entry);
 /// table has no word.
 QString DescriptionOfLine(const FunctionEntry& entry, const QString& hint);
 
-/// The hint of a line that is longer than the settings store; empty for any other.
+/// The hint for a line that is longer than what the settings keep; empty for any other line.
 QString HintOfLine(std::u16string_view line);
 
 }  // namespace kalvex

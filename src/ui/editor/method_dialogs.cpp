@@ -1,24 +1,21 @@
-// One function per dialog. The same pair of fields means other things to other methods: bias and
-// tension here, the values at both ends there.
+// One form for all methods, made of the parameters in the row of the method.
 #include "ui/editor/method_dialogs.h"
 
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <array>
+#include <string>
+#include <vector>
 
-#include "interp/approximation.h"
+#include "commands/number_input.h"
+#include "interp/method_table.h"
+#include "resources/message_boxes.h"
 #include "resources/strings.h"
 #include "ui/parts/form_dialog.h"
 #include "ui/parts/qt_text.h"
-#include "workspace/number_input.h"
 
 namespace kalvex {
 namespace {
-
-QString TextOf(StringId id) {
-    return ToQString(Text(id));
-}
 
 /// The name of a field in a message: its label without the sign behind it.
 std::u16string_view NameOf(StringId label) {
@@ -28,84 +25,27 @@ std::u16string_view NameOf(StringId label) {
     return name;
 }
 
-struct NumberField {
+/// A parameter in an open dialog: a list for a choice, a line of text for a number.
+struct Control {
+    const MethodParameter* parameter = nullptr;
     QLineEdit* edit = nullptr;
-    StringId label{};
+    QComboBox* list = nullptr;
 };
 
-/// Takes both numbers or shows why not.
-bool TakeBetas(const std::array<NumberField, 2>& fields, FunctionEntry& entry,
-               const ShowMessage& show) {
-    std::array<double, 2> numbers{};
-    const std::array texts = {FromQString(fields[0].edit->text()),
-                              FromQString(fields[1].edit->text())};
-    const std::array names = {NameOf(fields[0].label), NameOf(fields[1].label)};
-    if (const auto problem = ReadFiniteNumbers(texts, names, numbers)) {
-        show({std::u16string(Text(StringId::Error)), problem->message, MessageIcon::Stop,
-              MessageButtons::Ok});
-        PointAt(*fields[problem->field].edit);
-        return false;
-    }
-    entry.beta1 = numbers[0];
-    entry.beta2 = numbers[1];
-    return true;
+QLineEdit* AddLine(FormDialog& dialog, const MethodParameter& parameter, const QString& shown) {
+    return dialog.AddText(TextOf(parameter.label), shown, TextOf(parameter.tips[0]));
 }
 
-FormDialog* NewDialog(QWidget* parent, const QString& title, const char* name) {
-    auto* const dialog = new FormDialog(title, parent);
-    dialog->setObjectName(name);
-    return dialog;
-}
-
-NumberField AddNumber(FormDialog& dialog, StringId label, double value, const QString& tip,
-                      const char* name) {
-    QLineEdit* const edit = dialog.AddText(TextOf(label), ToQString(NumberForInput(value)), tip);
-    edit->setObjectName(name);
-    return {edit, label};
-}
-
-void OpenTermsDialog(QWidget* parent, FunctionEntry& entry) {
-    FormDialog* const dialog = NewDialog(parent, "Least squares polyn.", "termsDialog");
-    dialog->AddNote(TextOf(StringId::TermsNote));
-    QLineEdit* const field = dialog->AddText("Terms:", ToQString(NumberText(entry.approx_val)),
-                                             TextOf(StringId::TermsNote));
-    field->setObjectName("terms");
-    field->setInputMethodHints(Qt::ImhDigitsOnly);
-    dialog->save = [field, &entry] {
-        entry.approx_val = LeadingInteger(FromQString(field->text()));
-        return true;
-    };
-    PointAt(*field);
-    dialog->OpenOverParent();
-}
-
-void OpenBetaDialog(QWidget* parent, FunctionEntry& entry, const ShowMessage& show) {
-    FormDialog* const dialog = NewDialog(parent, "Beta splines", "betaDialog");
-    dialog->AddNote(TextOf(StringId::BetaNote));
-    const std::array fields = {
-        AddNumber(*dialog, StringId::BetaBias, entry.beta1, TextOf(StringId::BetaBiasTip), "beta1"),
-        AddNumber(*dialog, StringId::BetaTension, entry.beta2, TextOf(StringId::BetaTensionTip),
-                  "beta2")};
-    dialog->save = [fields, &entry, show] { return TakeBetas(fields, entry, show); };
-    PointAt(*fields[0].edit);
-    dialog->OpenOverParent();
-}
-
-using FlagTips = std::array<StringId, 3>;
-
-constexpr FlagTips kLeftTips = {StringId::LeftQuadratic, StringId::LeftFirstDerivative,
-                                StringId::LeftSecondDerivative};
-constexpr FlagTips kRightTips = {StringId::RightQuadratic, StringId::RightFirstDerivative,
-                                 StringId::RightSecondDerivative};
-
-/// A list of the three flags; the tip of the chosen one stands under it.
-QComboBox* AddFlag(FormDialog& dialog, const QString& label, const FlagTips& tips,
-                   std::int32_t flag, const char* name) {
-    const int chosen = flag >= 0 && flag <= 2 ? flag : 0;
-    QComboBox* const list = dialog.AddChoice(label, {"0", "1", "2"}, chosen);
-    list->setObjectName(name);
-    for (int i = 0; i < 3; ++i)
-        list->setItemData(i, TextOf(tips[static_cast<std::size_t>(i)]), Qt::ToolTipRole);
+/// The tip of the chosen entry stands under the list.
+QComboBox* AddList(FormDialog& dialog, const MethodParameter& parameter, std::int32_t number) {
+    const int count = static_cast<int>(parameter.tips.size());
+    QStringList entries;
+    for (int i = 0; i < count; ++i)
+        entries.push_back(QString::number(i));
+    const int chosen = number >= 0 && number < count ? number : 0;
+    QComboBox* const list = dialog.AddChoice(TextOf(parameter.label), entries, chosen);
+    for (int i = 0; i < count; ++i)
+        list->setItemData(i, TextOf(parameter.tips[static_cast<std::size_t>(i)]), Qt::ToolTipRole);
     QLabel* const meaning = dialog.AddMeaning();
     const auto show = [list, meaning](int index) {
         const QString tip = list->itemData(index, Qt::ToolTipRole).toString();
@@ -118,42 +58,81 @@ QComboBox* AddFlag(FormDialog& dialog, const QString& label, const FlagTips& tip
     return list;
 }
 
-void OpenCubicDialog(QWidget* parent, FunctionEntry& entry, const ShowMessage& show) {
-    FormDialog* const dialog = NewDialog(parent, "cubic spline", "cubicDialog");
-    QComboBox* const left =
-        AddFlag(*dialog, "Left boundary:", kLeftTips, entry.approx_val, "leftFlag");
-    const NumberField leftValue =
-        AddNumber(*dialog, StringId::LeftValue, entry.beta1, {}, "leftValue");
-    QComboBox* const right =
-        AddFlag(*dialog, "Right boundary:", kRightTips, entry.approx_val2, "rightFlag");
-    const NumberField rightValue =
-        AddNumber(*dialog, StringId::RightValue, entry.beta2, {}, "rightValue");
-    dialog->save = [=, &entry] {
-        if (!TakeBetas({leftValue, rightValue}, entry, show)) return false;
-        entry.approx_val = left->currentIndex();
-        entry.approx_val2 = right->currentIndex();
-        return true;
-    };
-    left->setFocus(Qt::TabFocusReason);  // shows its focus
-    dialog->OpenOverParent();
+Control AddControl(FormDialog& dialog, const MethodParameter& parameter,
+                   const ApproxParameters& values) {
+    Control control{&parameter};
+    switch (parameter.kind) {
+        case ParameterKind::Terms:
+            control.edit =
+                AddLine(dialog, parameter, ToQString(NumberText(values.*parameter.whole)));
+            control.edit->setInputMethodHints(Qt::ImhDigitsOnly);
+            break;
+        case ParameterKind::Number:
+            control.edit =
+                AddLine(dialog, parameter, ToQString(NumberForInput(values.*parameter.real)));
+            break;
+        case ParameterKind::Choice:
+            control.list = AddList(dialog, parameter, values.*parameter.whole);
+            break;
+    }
+    (control.list != nullptr ? static_cast<QWidget*>(control.list) : control.edit)
+        ->setObjectName(parameter.control);
+    return control;
+}
+
+/// Takes all real numbers, or shows which text is none and takes nothing.
+bool TakeNumbers(const std::vector<Control>& controls, ApproxParameters& values,
+                 const ShowMessage& show) {
+    std::vector<const Control*> asked;
+    std::vector<std::u16string> texts;
+    std::vector<std::u16string_view> names;
+    for (const Control& control : controls) {
+        if (control.parameter->kind != ParameterKind::Number) continue;
+        asked.push_back(&control);
+        texts.push_back(FromQString(control.edit->text()));
+        names.push_back(NameOf(control.parameter->label));
+    }
+    std::vector<double> numbers(asked.size());
+    if (const auto problem = ReadFiniteNumbers(texts, names, numbers)) {
+        show(ErrorBox(problem->message));
+        PointAt(*asked[problem->field]->edit);
+        return false;
+    }
+    for (std::size_t i = 0; i < asked.size(); ++i)
+        values.*asked[i]->parameter->real = numbers[i];
+    return true;
+}
+
+bool TakeAll(const std::vector<Control>& controls, ApproxParameters& values,
+             const ShowMessage& show) {
+    if (!TakeNumbers(controls, values, show)) return false;
+    for (const auto& [parameter, edit, list] : controls) {
+        if (parameter->kind == ParameterKind::Terms)
+            values.*parameter->whole = LeadingInteger(FromQString(edit->text()));
+        if (parameter->kind == ParameterKind::Choice)
+            values.*parameter->whole = list->currentIndex();
+    }
+    return true;
 }
 
 }  // namespace
 
 void OpenMethodDialog(QWidget* parent, FunctionEntry& entry, const ShowMessage& show) {
-    switch (static_cast<ApproxMethod>(entry.approx)) {
-        case ApproxMethod::LeastSquares:
-            OpenTermsDialog(parent, entry);
-            break;
-        case ApproxMethod::BetaSplines:
-            OpenBetaDialog(parent, entry, show);
-            break;
-        case ApproxMethod::PiecewiseCubic:
-            OpenCubicDialog(parent, entry, show);
-            break;
-        default:
-            break;
-    }
+    const MethodRow* const row = FindMethod(entry.method.approx);
+    if (row == nullptr || row->form.parameters.empty()) return;
+    const auto method = static_cast<std::size_t>(row->method);
+    auto* const dialog = new FormDialog(TextOf(kMethods[method].word), parent);
+    dialog->setObjectName(row->form.name);
+    if (const QString note = TextOf(row->form.note); !note.isEmpty()) dialog->AddNote(note);
+    std::vector<Control> controls;
+    for (const MethodParameter& parameter : row->form.parameters)
+        controls.push_back(AddControl(*dialog, parameter, entry.method));
+    dialog->save = [controls, &entry, show] { return TakeAll(controls, entry.method, show); };
+    if (controls[0].edit != nullptr)
+        PointAt(*controls[0].edit);
+    else
+        controls[0].list->setFocus(Qt::TabFocusReason);  // shows its focus
+    dialog->OpenOverParent();
 }
 
 }  // namespace kalvex

@@ -8,10 +8,10 @@ class QWidget;
 
 namespace kalvex {
 
-/// Opens the dialog of the entry's method: number of terms (least squares), bias and tension (beta
-/// splines), boundary flags and values (cubic spline). Nothing for any other method. `Save` stores
-/// into the entry, which must live as long as the program. A number of terms is taken as it is read
-/// (what is none is 0: Draw refuses it); a parameter that is no finite number is refused.
+/// Opens the dialog of the entry's method with the parameters of its row in method_table.h. Nothing
+/// for a method without parameters. `Save` stores into the entry, which must live as long as the
+/// program. A number of terms is taken as it is read: a text that is no number counts as 0, which
+/// Draw refuses. A real parameter that is no finite number is refused by the dialog.
 void OpenMethodDialog(QWidget* parent, FunctionEntry& entry, const ShowMessage& show);
 
 }  // namespace kalvex

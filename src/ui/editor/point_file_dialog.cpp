@@ -1,5 +1,6 @@
-// The filters read as they always did, in their order. What they really match stands in a second
-// bracket, which is not shown: "*.*" would hide every file without a dot on most systems.
+// The texts and the order of the filters are fixed. The pattern that a filter applies stands in a
+// second bracket, which the dialog does not show: with the pattern "*.*" most systems would hide
+// every file without a dot.
 #include "ui/editor/point_file_dialog.h"
 
 #include <QDir>
@@ -11,17 +12,20 @@
 
 #include "resources/samples.h"
 #include "ui/parts/file_dialogs.h"
+#include "ui/parts/qt_text.h"
 
 namespace kalvex {
 
 void OpenPointFileDialog(QWidget* parent, const QString& folder,
                          std::function<void(const QString& path)> chosen) {
-    auto* const dialog = new QFileDialog(parent, "Open File", folder);
+    auto* const dialog = new QFileDialog(parent, TextOf(StringId::OpenFileTitle), folder);
     dialog->setObjectName("openFileDialog");
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::ExistingFile);
     dialog->setOption(QFileDialog::HideNameFilterDetails);
-    dialog->setNameFilters({"All (*.*) (*)", "txt (*.txt) (*.txt)", "Kalvex files (*.kx) (*.kx)"});
+    dialog->setNameFilters({TextOf(StringId::FilterAll) + " (*)",
+                            TextOf(StringId::FilterTxt) + " (*.txt)",
+                            TextOf(StringId::FilterKalvex) + " (*.kx)"});
     const QString sample = QString::fromStdString(SamplePath(kPeakSample));
     if (!sample.isEmpty()) {
         const QUrl samples = QUrl::fromLocalFile(QFileInfo(sample).absolutePath());

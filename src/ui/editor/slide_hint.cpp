@@ -1,5 +1,5 @@
-// A quick tap needs no hint, and one would only flicker: it waits until the pen rests or slides. It
-// stands over the soft keys, which nobody needs during the gesture, so that it hides no line.
+// The hint appears only when the pen rests or slides, so that it does not flicker at a quick tap.
+// It covers the soft keys, which nobody needs during the gesture, so that no line is hidden.
 #include "ui/editor/slide_hint.h"
 
 #include <algorithm>
@@ -17,7 +17,7 @@ constexpr int kSideMargins = 24;
 
 SlideHint::SlideHint(QWidget* window) : QLabel(window) {
     setObjectName("slideHint");
-    setText(ToQString(Text(StringId::SlideToSelect)));
+    setText(TextOf(StringId::SlideToSelect));
     setAlignment(Qt::AlignCenter);
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setAutoFillBackground(true);

@@ -4,7 +4,7 @@
 #include <QLineF>
 #include <cmath>
 
-#include "base/truncate.h"
+#include "numbers/truncate.h"
 
 namespace kalvex {
 namespace {
@@ -12,7 +12,7 @@ namespace {
 constexpr int kUnitsPerStep = 15;
 constexpr double kStepsPerNotch = 8.0;
 constexpr double kExtentPerNotch = 0.8;
-constexpr double kLeastDistance = 10.0;  // fingers closer than this say nothing about a scale
+constexpr double kLeastDistance = 10.0;  // pixels; closer fingers give no usable scale
 
 }  // namespace
 
@@ -21,7 +21,7 @@ PixelPoint PixelOf(QPointF point) {
 }
 
 int TakeWheelSteps(WheelRest& rest, int units) {
-    // A turn in the other direction starts anew: it must not first undo an unseen rest.
+    // When the direction changes, the rest of the turns so far is dropped.
     if ((rest.units > 0 && units < 0) || (rest.units < 0 && units > 0)) rest.units = 0;
     rest.units = qBound(-100'000, rest.units, 100'000) + qBound(-100'000, units, 100'000);
     const int steps = rest.units / kUnitsPerStep;

@@ -11,8 +11,8 @@ namespace kalvex {
 /// The pixel that a point lies in.
 PixelPoint PixelOf(QPointF point);
 
-/// What is left of wheel turns too small for a step. A notch of an ordinary wheel is 120 units and
-/// eight steps; touch pads send a few units at a time.
+/// The part of the wheel turns that did not make a whole step yet. A notch of an ordinary wheel is
+/// 120 units, which are eight steps; touch pads send a few units at a time.
 struct WheelRest {
     int units = 0;
 };
@@ -20,7 +20,7 @@ struct WheelRest {
 /// The whole steps in what has been turned so far, positive away from the user (closer).
 int TakeWheelSteps(WheelRest& rest, int units);
 
-/// Factor of the extents after some steps: a notch closer leaves four fifths.
+/// The factor by which the window's extents change after some steps; a notch closer gives 4/5.
 double ExtentOfSteps(int steps);
 
 /// The two fingers of a pinch.
@@ -30,8 +30,8 @@ struct PinchState {
     double distance = 0.0;
 };
 
-/// One movement of two fingers: what was between them stays between them. With Ctrl only x is
-/// zoomed, with Shift only y.
+/// One movement of two fingers: the point of the plane between them stays between them. With Ctrl
+/// only x is zoomed, with Shift only y.
 PictureChange MovePinch(GraphState& state, ZoomGesture& gesture, PinchState& pinch, QPointF first,
                         QPointF second, Qt::KeyboardModifiers modifiers);
 

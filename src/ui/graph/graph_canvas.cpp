@@ -1,10 +1,10 @@
-// A timer of no length runs after all waiting input, so drags and resizes that arrive while a slow
-// picture is being computed end in one more computation, not in many. The first computation waits
-// for the first paint: the window stands, white, and the progress bar of an implicit curve is seen
-// growing on it. Between two steps of the bar waiting events are handled behind a gate that holds
-// all input back, so the window repaints and a key can stop the computation, but nothing changes
-// what is being drawn and no second computation starts inside the first. A hidden canvas computes
-// nothing: what it owes is computed when it is shown.
+// A redraw is started by a timer of length 0, which runs after all waiting input. Drags and resizes
+// that arrive during a slow computation therefore cause one more computation, not many. The first
+// computation starts after the first paint: the window shows, white, and the progress bar of an
+// implicit curve grows on it. Between two steps of the bar the waiting events are handled behind a
+// gate (InputGate) that holds back all input. So the window is repainted and a key can stop the
+// computation, but nothing changes the state that is being drawn, and no second computation starts
+// inside the first. A hidden canvas computes nothing until it is shown again.
 #include "ui/graph/graph_canvas.h"
 
 #include <QGuiApplication>
@@ -12,6 +12,7 @@
 #include <QStyleHints>
 #include <utility>
 
+#include "graph/graph.h"
 #include "painter/painter.h"
 #include "ui/graph/input_gate.h"
 #include "ui/graph/overlay_painter.h"
@@ -22,19 +23,23 @@ namespace kalvex {
 namespace {
 
 constexpr int kProgressInterval = 15;  // milliseconds: about a frame of the screen
-constexpr int kSlow = 300;             // milliseconds until the stop key shows: no flicker
+constexpr int kSlow = 300;  // milliseconds until the stop key shows, so that it does not flicker
 constexpr int kProgressRows = 4;
-constexpr int kGesturePause = 400;  // milliseconds: the next turn of the wheel is a new gesture
+constexpr int kGesturePause = 400;  // milliseconds without a turn of the wheel that end a gesture
 
 }  // namespace
 
-GraphCanvas::GraphCanvas(GraphState& shownGraph, Workspace& shown, CanvasActions given,
-                         QWidget* parent)
-    : QWidget(parent), graph(shownGraph), workspace(shown), actions(std::move(given)) {
+GraphCanvas::GraphCanvas(GraphState& shownGraph, Workspace& shown, IsStopKey stopKey,
+                         ShowMessage show, QWidget* parent)
+    : QWidget(parent),
+      graph(shownGraph),
+      workspace(shown),
+      isStopKey(std::move(stopKey)),
+      showMessage(std::move(show)) {
     setObjectName("canvas");
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_AcceptTouchEvents);
-    setAccessibleName("Graph");
+    setAccessibleName(TextOf(StringId::GraphPicture));
     redrawTimer.setSingleShot(true);
     redrawTimer.setInterval(0);
     connect(&redrawTimer, &QTimer::timeout, this, &GraphCanvas::Redraw);
@@ -77,7 +82,7 @@ void GraphCanvas::Apply(PictureChange change) {
     if (change == PictureChange::Curves) ScheduleRedraw();
     if (change == PictureChange::Overlay) update();
     ShowMode();
-    // The picture that stands is described until the new one does.
+    // When a redraw is due, the description waits for the new picture.
     if (change != PictureChange::Curves && !redrawTimer.isActive()) Describe();
 }
 
@@ -90,7 +95,7 @@ void GraphCanvas::ShowMode() {
     } else {
         unsetCursor();
     }
-    actions.changed();
+    emit Changed();
 }
 
 void GraphCanvas::Redraw() {
@@ -99,7 +104,7 @@ void GraphCanvas::Redraw() {
         return;
     }
     redrawAgain = false;
-    gate = std::make_unique<InputGate>(actions.isStopKey);
+    gate = std::make_unique<InputGate>(isStopKey);
     LayoutViewport(graph.viewport, width(), height());
     progress.clear();
     sinceStart.start();
@@ -114,14 +119,14 @@ void GraphCanvas::Redraw() {
     update();
     ShowMode();
     Describe();
-    actions.redrawn();
+    emit Redrawn();
     if (redrawAgain) redrawTimer.start();
 }
 
 bool GraphCanvas::ShowProgress(const ProgressStretch& stretch) {
     progress.push_back(stretch);
     if (sinceProgress.elapsed() >= kProgressInterval) {
-        if (sinceStart.elapsed() >= kSlow) actions.slow();
+        if (sinceStart.elapsed() >= kSlow) emit Slow();
         repaint(0, 0, width(), kProgressRows);
         gate->Poll();
         sinceProgress.start();
@@ -136,18 +141,15 @@ void GraphCanvas::Describe() {
         drawn += (ToQString(LabelOf(entry.type)) + ToQString(entry.text)).trimmed();
     }
     const ViewWindow& view = graph.viewport.view;
-    const QString bounds = QString("x %1 to %2, y %3 to %4")
-                               .arg(view.Xmin)
-                               .arg(view.Xmax)
-                               .arg(view.Ymin)
-                               .arg(view.Ymax);
+    const QString bounds =
+        TextOf(StringId::GraphBounds).arg(view.Xmin).arg(view.Xmax).arg(view.Ymin).arg(view.Ymax);
     QStringList parts = {drawn.join("; "), bounds};
     for (const std::u16string& text :
          OverlayOf(graph, workspace.functions, workspace.options).texts) {
         parts += ToQString(text);
     }
-    if (stopped) parts += "Stopped";
-    // Setting it speaks, so the same words are not set again.
+    if (stopped) parts += TextOf(StringId::GraphStopped);
+    // A screen reader speaks whenever the description is set, so the same text is not set again.
     const QString description = parts.join(". ");
     if (description != accessibleDescription()) setAccessibleDescription(description);
 }

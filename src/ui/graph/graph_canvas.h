@@ -9,6 +9,7 @@
 #include <memory>
 #include <vector>
 
+#include "graph/draw_progress.h"
 #include "graph/explore_commands.h"
 #include "ui/graph/canvas_gestures.h"
 #include "workspace/workspace.h"
@@ -19,35 +20,30 @@ namespace kalvex {
 
 class InputGate;
 
-/// What the canvas tells its window.
-struct CanvasActions {
-    ShowMessage show;
-    /// A computation takes long enough to be seen; the stop key is shown until `changed` comes.
-    std::function<void()> slow;
-    std::function<bool(QPointF)> isStopKey;  ///< whether the stop key is at a point of the screen
-    std::function<void()> redrawn;           ///< a new picture stands
-    std::function<void()> changed;           ///< mode, cursor or picture may have changed
-    std::function<void(QPoint)> held;  ///< a hold that may become a popup, at a point of the canvas
-};
+/// Whether the key that stops a computation is at a point of the screen.
+using IsStopKey = std::function<bool(QPointF)>;
 
 /// Keeps the last computed picture and paints from it, with the overlay of the present mode above;
 /// computes a new one only after something that it shows has changed. A slow computation can be
 /// stopped (Escape, or any command); the picture then has what was computed until then. The left
 /// button, the pen and one finger pan or pick; wheel and two fingers zoom.
 class GraphCanvas final : public QWidget {
+    Q_OBJECT
   public:
-    GraphCanvas(GraphState& shownGraph, Workspace& shown, CanvasActions given, QWidget* parent);
+    /// `stopKey` and `show` are functions, because the canvas needs their answers.
+    GraphCanvas(GraphState& shownGraph, Workspace& shown, IsStopKey stopKey, ShowMessage show,
+                QWidget* parent);
     ~GraphCanvas() override;
 
-    /// Computes the picture anew as soon as the events that wait have been handled. Any number of
-    /// calls until then make one computation.
+    /// Computes the picture again after the waiting events have been handled. Any number of calls
+    /// until then cause one computation.
     void ScheduleRedraw();
-    /// Computes at once a picture that is due. False when none stands then that shows the present
-    /// state: the canvas was never shown, or a computation is under way.
+    /// Computes a picture that is due at once. False when the picture does not show the present
+    /// state afterwards, because the canvas was never shown or is computing.
     bool BringUpToDate();
     /// Forgets the last picture: the next one is of other functions.
     void StartAfresh();
-    /// Ends a hold, a pinch and a run of wheel turns: a command has come between.
+    /// Ends a hold, a pinch and a series of wheel turns, because a command interrupts them.
     void EndGestures();
     /// Brings the screen up to date after a change.
     void Apply(PictureChange change);
@@ -62,7 +58,14 @@ class GraphCanvas final : public QWidget {
     /// Columns that the progress bar covers at the moment; 0 while nothing is being computed.
     int ProgressColumns() const { return progress.empty() ? 0 : progress.back().lastColumn + 1; }
 
-    bool holdOpensPopup = false;  ///< full screen: a hold without movement calls `held`
+    bool holdOpensPopup = false;  ///< full screen: a hold without movement emits Held
+
+  signals:
+    /// A computation takes long enough to be seen; the stop key is shown until Changed comes.
+    void Slow();
+    void Redrawn();        ///< a new picture stands
+    void Changed();        ///< mode, cursor or picture may have changed
+    void Held(QPoint at);  ///< a hold that may become a popup, at a point of the canvas
 
   protected:
     bool event(QEvent* event) override;
@@ -91,7 +94,8 @@ class GraphCanvas final : public QWidget {
 
     GraphState& graph;
     Workspace& workspace;
-    CanvasActions actions;
+    IsStopKey isStopKey;
+    ShowMessage showMessage;
     DrawList list;
     QImage image;
     QTimer redrawTimer;
@@ -105,7 +109,7 @@ class GraphCanvas final : public QWidget {
     QElapsedTimer sinceProgress;
 
     QTimer holdTimer;          ///< timer 1
-    bool holdPending = false;  ///< a hold may still become a popup
+    bool holdPending = false;  ///< the hold may still open the popup
     WheelRest wheel;
     ZoomGesture wheelGesture;
     QTimer wheelPause;  ///< a pause ends the gesture

@@ -1,5 +1,5 @@
-// Mouse, pen, fingers and wheel brought to one form; what they mean is decided by the engine. One
-// finger is a pointer; the second one makes a pinch of both, until the last is lifted.
+// Mouse, pen, fingers and wheel become calls of the engine, which decides what they mean. One
+// finger is a pointer; a second finger makes it a pinch, until the last finger is lifted.
 #include <QContextMenuEvent>
 #include <QGuiApplication>
 #include <QMouseEvent>
@@ -24,7 +24,7 @@ void GraphCanvas::Move(QPointF at) {
     const int far = QGuiApplication::styleHints()->startDragDistance();
     const int distance = (QPoint(pixel.x, pixel.y) - QPoint(from.x, from.y)).manhattanLength();
     if (distance >= far) holdPending = false;
-    // The hand trembles: a hold that may become a popup does not pan.
+    // A hand trembles, so a hold that may still open the popup does not pan.
     if (holdPending) return;
     Apply(MovePointer(graph, workspace.functions, pixel));
 }
@@ -33,11 +33,11 @@ void GraphCanvas::Lift(QPointF at) {
     holdTimer.stop();
     const bool trembled = std::exchange(holdPending, false);
     const PixelPoint end = trembled ? graph.pointer.pressed : PixelOf(at);
-    Apply(LiftPointer(graph, workspace.functions, end, actions.show));
+    Apply(LiftPointer(graph, workspace.functions, end, showMessage));
 }
 
 void GraphCanvas::Hold() {
-    // Whatever has happened since the press (a command, another window) has taken the pointer away.
+    // A command or another window since the press has ended the pointer's use.
     const bool waits = graph.pointer.use == PointerUse::Pan && holdOpensPopup && isVisible();
     if (!std::exchange(holdPending, false) || gate || !waits) return;
     OpenPopup(QPoint(graph.pointer.last.x, graph.pointer.last.y));
@@ -45,7 +45,7 @@ void GraphCanvas::Hold() {
 
 void GraphCanvas::OpenPopup(QPoint at) {
     LosePointer();
-    actions.held(at);
+    emit Held(at);
 }
 
 void GraphCanvas::LosePointer() {

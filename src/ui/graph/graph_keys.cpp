@@ -1,4 +1,4 @@
-// One table of steps serves the arrow keys of all modes.
+// The arrow keys of all modes share one table of directions.
 #include "ui/graph/graph_keys.h"
 
 #include "graph/trace.h"

@@ -1,4 +1,4 @@
-// The keys of the graph window that are no commands.
+// The keys of the graph window that are not short cuts of commands.
 #pragma once
 
 #include <Qt>
@@ -18,7 +18,8 @@ struct GraphKey {
 /// left and right step through the samples (Ctrl: ten), Home and End go to the first and last one,
 /// up and down change the function. Picking: arrows move the cursor (Ctrl: ten pixels), Return and
 /// Space pick. Everywhere: + and - zoom by the factors. `gesture` belongs to the + and - keys.
-/// Nothing for any other key, nor for one that is held down but an arrow, + or -.
+/// No value for any other key. Of the keys that repeat while they are held down only arrows, + and
+/// - count.
 std::optional<PictureChange> RunGraphKey(GraphState& state, const FunctionList& functions,
                                          ZoomGesture& gesture, const GraphKey& key,
                                          const ShowMessage& show);

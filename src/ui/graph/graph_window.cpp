@@ -1,6 +1,6 @@
-// Canvas above, soft keys below; in full screen the canvas alone. The mode is the engine's: after
-// every change the window only asks for the title and sets its two keys. A picture is exported a
-// moment after the command, when the menu has left the screen.
+// The canvas is above, the soft keys are below; in full screen there is the canvas alone. The mode
+// is part of GraphState: after every change the window asks for the title and sets its two keys. A
+// picture is exported a moment after the command, when the menu has left the screen.
 #include "ui/graph/graph_window.h"
 
 #include <QCloseEvent>
@@ -13,7 +13,6 @@
 #include "resources/menus.h"
 #include "ui/graph/graph_keys.h"
 #include "ui/graph/view_dialogs.h"
-#include "ui/help/help_window.h"
 #include "ui/parts/bottom_bar.h"
 #include "ui/parts/menu_builder.h"
 #include "ui/parts/qt_text.h"
@@ -36,21 +35,21 @@ bool CanTraceAny(const FunctionList& functions) {
 
 GraphWindow::GraphWindow(GraphState& shownGraph, Workspace& shown, GraphActions given)
     : graph(shownGraph), workspace(shown), actions(std::move(given)) {
-    setWindowTitle("Kalvex");
+    setWindowTitle(TextOf(StringId::Title));
     setObjectName("graph");
     setMinimumSize(kLeastCanvas.width(), kLeastCanvas.height() + kBottomBarHeight);
-    canvas = new GraphCanvas(graph, workspace, ActionsOfCanvas(), this);
-    bar = new BottomBar("Menu", "Trace", this);
+    AddCanvas();
+    bar = new BottomBar(TextOf(StringId::MenuKey), TextOf(StringId::TraceKey), this);
     connect(bar->menuButton(), &QPushButton::clicked, this, &GraphWindow::PressLeftKey);
     connect(bar->actionButton(), &QPushButton::clicked, this, &GraphWindow::PressRightKey);
     pictureTimer.setSingleShot(true);
     pictureTimer.setInterval(kPictureDelay);
     connect(&pictureTimer, &QTimer::timeout, this, [this] {
-        // Its message box could not be answered while the gate is closed.
+        // A computation holds back input, so the message box could not be answered.
         if (canvas->IsComputing()) {
             pictureTimer.start();
         } else {
-            actions.picture();
+            actions.run(CommandId::Picture);
         }
     });
     layoutTimer.setSingleShot(true);
@@ -60,22 +59,19 @@ GraphWindow::GraphWindow(GraphState& shownGraph, Workspace& shown, GraphActions 
     ShowMode();
 }
 
-CanvasActions GraphWindow::ActionsOfCanvas() {
-    CanvasActions told;
-    told.show = actions.show;
-    told.slow = [this] {
-        if (bar->menuButton()->text() == "Escape") return;
-        bar->menuButton()->setText("Escape");
-        bar->repaint();
-    };
-    told.isStopKey = [this](QPointF at) {
+void GraphWindow::AddCanvas() {
+    const auto isStopKey = [this](QPointF at) {
         const QPushButton& key = *bar->menuButton();
         return key.isVisible() && key.rect().contains(key.mapFromGlobal(at).toPoint());
     };
-    told.redrawn = actions.redrawn;
-    told.changed = [this] { ShowMode(); };
-    told.held = [this](QPoint at) { OpenPopup(at); };
-    return told;
+    canvas = new GraphCanvas(graph, workspace, isStopKey, actions.show, this);
+    connect(canvas, &GraphCanvas::Slow, this, [this] {
+        if (std::exchange(leftKeyEscapes, true)) return;
+        bar->menuButton()->setText(TextOf(StringId::EscapeKey));
+        bar->repaint();
+    });
+    connect(canvas, &GraphCanvas::Changed, this, &GraphWindow::ShowMode);
+    connect(canvas, &GraphCanvas::Held, this, &GraphWindow::OpenPopup);
 }
 
 void GraphWindow::AddShortcuts() {
@@ -118,20 +114,20 @@ void GraphWindow::OpenPopup(QPoint at) {
 bool GraphWindow::Run(CommandId command) {
     canvas->EndGestures();
     keyGesture = {};
-    if (RunHelpCommand(this, command)) return true;
     const auto change = RunExploreCommand(graph, workspace.functions, command, actions.show);
     if (change) {
         canvas->Apply(*change);
         return true;
     }
-    return RunShellCommand(command) || RunDialogCommand(command) || RunPopupCommand(command);
+    return RunShellCommand(command) || RunDialogCommand(command) || RunPopupCommand(command) ||
+           actions.run(command);
 }
 
 bool GraphWindow::RunShellCommand(CommandId command) {
     switch (command) {
         case CommandId::GraphTable:
             LeavePick();
-            actions.graphTable();
+            actions.run(command);
             SetFullScreen(*this, false);
             return true;
         case CommandId::FullScreen:
@@ -141,25 +137,12 @@ bool GraphWindow::RunShellCommand(CommandId command) {
         case CommandId::Picture:
             pictureTimer.start();
             return true;
-        case CommandId::SavePictureAs:
-            actions.savePictureAs();
-            return true;
-        case CommandId::CopyPicture:
-            actions.copyPicture();
-            return true;
         case CommandId::Analyze:
             Analyse();
             return true;
         case CommandId::Options:
             LeavePick();
-            actions.openOptions();
-            return true;
-        case CommandId::Calculator:
-            actions.openCalculator();
-            return true;
-        case CommandId::GraphExit:
-            actions.exit();
-            return true;
+            return actions.run(command);
         default:
             return false;
     }
@@ -168,9 +151,8 @@ bool GraphWindow::RunShellCommand(CommandId command) {
 void GraphWindow::Analyse() {
     const FunctionEntry* const traced = TracedFunction(graph, workspace.functions);
     if (graph.mode != GraphMode::Trace || traced == nullptr || !OffersAnalysis(*traced)) return;
-    // The keys before this one may have moved the window: samples and interval have to be of one
-    // picture.
-    if (canvas->BringUpToDate()) actions.analyse(*traced);
+    // Earlier keys may have moved the view. The samples must be of the interval that is analysed.
+    if (canvas->BringUpToDate()) actions.run(CommandId::Analyze);
 }
 
 bool GraphWindow::RunDialogCommand(CommandId command) {
@@ -238,9 +220,10 @@ void GraphWindow::ShowMode() {
     const FunctionEntry* const traced = TracedFunction(graph, workspace.functions);
     const bool normal = graph.mode == GraphMode::Normal;
     const bool trace = graph.mode == GraphMode::Trace;
-    left.setText(normal ? "Menu" : "Escape");
-    left.setToolTip(normal ? "F10" : "Esc");
-    right.setText(trace ? "Analyze" : "Trace");
+    leftKeyEscapes = !normal;
+    left.setText(TextOf(normal ? StringId::MenuKey : StringId::EscapeKey));
+    left.setToolTip(TextOf(normal ? StringId::MenuKeyTip : StringId::EscapeKeyTip));
+    right.setText(TextOf(trace ? StringId::AnalyzeKey : StringId::TraceKey));
     right.setToolTip(KeysForTip(GraphShortCuts(), trace ? CommandId::Analyze : CommandId::Trace));
     right.setVisible(normal || (trace && traced != nullptr && OffersAnalysis(*traced)));
     right.setEnabled(trace || CanTraceAny(workspace.functions));
@@ -261,8 +244,8 @@ void GraphWindow::resizeEvent(QResizeEvent*) {
 }
 
 void GraphWindow::changeEvent(QEvent* event) {
-    // The new size comes a moment later: laid out at once, a picture of the old one would be
-    // computed.
+    // The new size arrives a moment later. Laying out at once would compute a picture of the old
+    // size.
     if (event->type() == QEvent::WindowStateChange) layoutTimer.start();
     QWidget::changeEvent(event);
 }
@@ -273,7 +256,7 @@ void GraphWindow::closeEvent(QCloseEvent* event) {
 }
 
 void GraphWindow::keyPressEvent(QKeyEvent* event) {
-    if (event->text() == "#") {
+    if (event->text() == QChar('#')) {
         if (!event->isAutoRepeat()) Run(CommandId::FullScreen);
         return;
     }

@@ -6,7 +6,7 @@
 #include <functional>
 
 #include "base/message_box.h"
-#include "graph/graph.h"
+#include "graph/graph_state.h"
 #include "resources/command_ids.h"
 #include "ui/graph/graph_canvas.h"
 #include "workspace/workspace.h"
@@ -17,15 +17,9 @@ class BottomBar;
 
 /// What the window cannot do itself.
 struct GraphActions {
-    std::function<void()> graphTable;     ///< also the close button
-    std::function<void()> picture;        ///< runs when the menu has closed
-    std::function<void()> savePictureAs;  ///< asks for a file
-    std::function<void()> copyPicture;
-    std::function<void(const FunctionEntry&)> analyse;  ///< the traced function
-    std::function<void()> openOptions;
-    std::function<void()> openCalculator;
-    std::function<void()> exit;
-    std::function<void()> redrawn;  ///< a new picture stands
+    /// Runs a command of the program; `Analyze` is about the traced function. False for a number
+    /// that is no command. A function, because the answer is needed.
+    std::function<bool(CommandId)> run;
     ShowMessage show;
 };
 
@@ -37,7 +31,7 @@ class GraphWindow final : public QWidget {
     void OpenMenu();
     /// Opens the popup of the full-screen mode at a point of the canvas.
     void OpenPopup(QPoint at);
-    /// Runs one command; false for one that this window does not have yet.
+    /// Runs a command of the graph or of the program; false for a number that is no command.
     bool Run(CommandId command);
     /// Title and soft keys for the present mode.
     void ShowMode();
@@ -49,7 +43,7 @@ class GraphWindow final : public QWidget {
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
-    CanvasActions ActionsOfCanvas();
+    void AddCanvas();
     void AddShortcuts();
     void LayOut();
     void PressLeftKey();
@@ -68,8 +62,9 @@ class GraphWindow final : public QWidget {
     GraphActions actions;
     GraphCanvas* canvas;
     BottomBar* bar;
-    QTimer pictureTimer;  ///< timer 2
-    QTimer layoutTimer;   ///< after a change of state whose resize may never come
+    bool leftKeyEscapes = false;  ///< the left key leaves a mode or stops a computation
+    QTimer pictureTimer;          ///< timer 2
+    QTimer layoutTimer;  ///< after a change of the window's state, which need not resize it
     PixelPoint popupPoint;
     ZoomGesture keyGesture;
 };

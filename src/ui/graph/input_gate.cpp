@@ -1,6 +1,6 @@
-// Input comes to the native window first, so that is where the filter of the application takes it
-// away; a key command comes to its QShortcut. A resize is held as well: the picture that is being
-// computed has the old size. Of moves that follow each other only the last is kept.
+// Qt delivers input to the native window (QWindow) first and a short cut to its QShortcut, so the
+// event filter of the application catches it there. A resize is held back too, because the picture
+// that is being computed has the old size. Of several moves in a row only the last is kept.
 #include "ui/graph/input_gate.h"
 
 #include <QCoreApplication>
@@ -38,7 +38,7 @@ bool IsInput(QEvent::Type type) {
     }
 }
 
-/// As a command of the window, or as a plain key of one that has no such command.
+/// Whether a key arrives as a short cut of the window, or as a key press where no short cut has it.
 bool IsEscape(const QEvent& event) {
     if (event.type() == QEvent::KeyPress)
         return static_cast<const QKeyEvent&>(event).key() == Qt::Key_Escape;
@@ -46,7 +46,7 @@ bool IsEscape(const QEvent& event) {
            static_cast<const QShortcutEvent&>(event).key() == QKeySequence(Qt::Key_Escape);
 }
 
-/// What makes the picture that is being computed useless or unwanted.
+/// Whether the picture that is being computed is of no use after this event.
 bool AsksToStop(const QEvent& event) {
     const QEvent::Type type = event.type();
     return type == QEvent::Shortcut || type == QEvent::Close || type == QEvent::Resize ||

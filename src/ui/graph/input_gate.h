@@ -1,4 +1,4 @@
-// Keeps the program answering while something slow is being computed on its only thread.
+// Keeps the windows alive while something slow is being computed on the only thread.
 #pragma once
 
 #include <QEvent>
@@ -11,10 +11,11 @@
 
 namespace kalvex {
 
-/// While it lives, Poll handles waiting events (painting, signals, other programs), but no input
-/// reaches a window: it is held and handed on, in its order, when the gate goes. Escape, any other
-/// key command, closing and resizing a window ask the computation to stop; Escape does nothing
-/// more, and a press where `isStopKey` says so (a point of the screen) is the same for the pen.
+/// As long as it exists, Poll handles waiting events (painting, signals, other programs), but no
+/// input reaches a window: input is held back and delivered in its order when the gate is
+/// destroyed. Escape, any other short cut, and closing or resizing a window ask the computation to
+/// stop. Escape is not delivered later; nor is a press of the pointer at a point of the screen for
+/// which `stopKey` is true, which stops the computation like Escape.
 class InputGate final : public QObject {
   public:
     explicit InputGate(std::function<bool(QPointF)> stopKey);

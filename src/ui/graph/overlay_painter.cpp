@@ -1,5 +1,5 @@
-// Everything stands on its own light ground: lines have a white edge, texts a white box, so neither
-// the colour of a curve nor the theme of the desktop matters.
+// Lines have a white edge and texts a white box, so they can be read over a curve of any colour and
+// with any theme of the desktop.
 #include "ui/graph/overlay_painter.h"
 
 #include <QFontMetrics>

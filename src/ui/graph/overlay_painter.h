@@ -10,8 +10,8 @@ class QPainter;
 
 namespace kalvex {
 
-/// Where the read-out stands: at the right under the upper band, at the left when the cross would
-/// be covered there. Never wider than the picture; long texts are wrapped.
+/// The place of the read-out: at the right below the upper band, or at the left when it would cover
+/// the cross at the right. Never wider than the picture; long texts are wrapped.
 QRect ReadoutBox(const Overlay& overlay, const QSize& picture, int textHeight);
 
 /// Paints it over a picture of a size; legible over any curve.

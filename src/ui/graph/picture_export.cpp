@@ -1,5 +1,5 @@
-// The counter is stored before the file is tried: whatever fails afterwards, the next picture
-// never overwrites this one.
+// The counter is stored before the file is written, so that the next picture never overwrites this
+// one, whatever fails afterwards.
 #include "ui/graph/picture_export.h"
 
 #include <QClipboard>
@@ -13,10 +13,11 @@
 #include "painter/painter.h"
 #include "painter/picture_file.h"
 #include "painter/write_picture.h"
+#include "resources/message_boxes.h"
 #include "resources/strings.h"
+#include "settings/settings.h"
 #include "ui/parts/file_dialogs.h"
 #include "ui/parts/qt_text.h"
-#include "workspace/settings.h"
 
 namespace kalvex {
 namespace {
@@ -27,15 +28,15 @@ std::int32_t Successor(std::int32_t counter) {
 }
 
 struct SaveFormat {
-    const char* filter;
+    StringId filter{};
     const char* ending;
 };
 
 constexpr SaveFormat kSaveFormats[] = {
-    {"PNG picture (*.png)", "png"},
-    {"SVG drawing (*.svg)", "svg"},
-    {"PDF document (*.pdf)", "pdf"},
-    {"Bitmap (*.bmp)", "bmp"},
+    {StringId::FilterPng, "png"},
+    {StringId::FilterSvg, "svg"},
+    {StringId::FilterPdf, "pdf"},
+    {StringId::FilterBitmap, "bmp"},
 };
 
 }  // namespace
@@ -52,26 +53,25 @@ void ExportPicture(const DrawList& picture, Options& options, const Registry& re
     QDir().mkpath(folder);
     WriteBitmap(QDir(folder).filePath(name), PaintPicture(picture, 1.0));
     // KEEP: "Save" is the text and "Info" the caption, shown even when no file could be made.
-    show({std::u16string(Text(StringId::PictureSavedCaption)),
-          std::u16string(Text(StringId::PictureSavedText)), MessageIcon::Exclamation,
-          MessageButtons::Ok});
+    show(BoxOf(StringId::PictureSavedCaption, Text(StringId::PictureSavedText),
+               MessageIcon::Exclamation));
 }
 
 void OpenSavePictureDialog(QWidget* parent, const QString& folder,
                            std::function<void(const QString& path)> chosen) {
-    auto* const dialog = new QFileDialog(parent, "Save Picture As", folder);
+    auto* const dialog = new QFileDialog(parent, TextOf(StringId::SavePictureTitle), folder);
     dialog->setObjectName("savePictureDialog");
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     QStringList filters;
     for (const SaveFormat& format : kSaveFormats)
-        filters += format.filter;
+        filters += TextOf(format.filter);
     dialog->setNameFilters(filters);
     dialog->setDefaultSuffix(kSaveFormats[0].ending);
     dialog->selectFile("Kalvex.png");
     QObject::connect(dialog, &QFileDialog::filterSelected, dialog, [dialog](const QString& filter) {
         for (const SaveFormat& format : kSaveFormats) {
-            if (filter == format.filter) dialog->setDefaultSuffix(format.ending);
+            if (filter == TextOf(format.filter)) dialog->setDefaultSuffix(format.ending);
         }
     });
     WhenChosen(*dialog, std::move(chosen));
@@ -80,11 +80,11 @@ void OpenSavePictureDialog(QWidget* parent, const QString& folder,
 }
 
 void SavePicture(const DrawList& picture, const QString& path, const ShowMessage& show) {
-    const auto format = PictureFormatOf(path);
-    if (format && WritePicture(path, picture, *format)) return;
-    const StringId reason = format ? StringId::PictureNotWritten : StringId::PictureEnding;
-    show({std::u16string(Text(StringId::Error)), FillIn(Text(reason), {FromQString(path)}),
-          MessageIcon::Stop, MessageButtons::Ok});
+    const PictureFormat* format = PictureFormatOf(path);
+    const bool offered = format != nullptr && format->use == FormatUse::Everywhere;
+    if (offered && format->write(path, picture)) return;
+    const StringId reason = offered ? StringId::PictureNotWritten : StringId::PictureEnding;
+    show(ErrorBox(FillIn(Text(reason), {FromQString(path)})));
 }
 
 void CopyPicture(const DrawList& picture, double devicePixelRatio) {

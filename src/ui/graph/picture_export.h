@@ -6,8 +6,8 @@
 
 #include "base/message_box.h"
 #include "graph/draw_list.h"
+#include "settings/registry.h"
 #include "workspace/options.h"
-#include "workspace/registry.h"
 
 class QWidget;
 
@@ -27,8 +27,8 @@ void ExportPicture(const DrawList& picture, Options& options, const Registry& re
 void OpenSavePictureDialog(QWidget* parent, const QString& folder,
                            std::function<void(const QString& path)> chosen);
 
-/// Writes the picture in the format of the path's ending. What fails gets a message with the reason
-/// that is known: another ending, or the path that could not be written.
+/// Writes the picture in the format of the path's ending. On failure a message says whether the
+/// ending is unknown or the file could not be written.
 void SavePicture(const DrawList& picture, const QString& path, const ShowMessage& show);
 
 /// Puts the picture on the clipboard, at a device pixel ratio.

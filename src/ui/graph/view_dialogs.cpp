@@ -1,4 +1,4 @@
-// Both dialogs are the same form over another set of numbers.
+// Both dialogs are one form with different numbers.
 #include "ui/graph/view_dialogs.h"
 
 #include <QLineEdit>
@@ -6,10 +6,11 @@
 #include <span>
 #include <utility>
 
+#include "commands/view_input.h"
+#include "resources/message_boxes.h"
 #include "resources/strings.h"
 #include "ui/parts/form_dialog.h"
 #include "ui/parts/qt_text.h"
-#include "workspace/view_input.h"
 
 namespace kalvex {
 namespace {
@@ -21,9 +22,9 @@ using Reader = std::optional<InputProblem> (*)(const std::array<std::u16string, 
 /// What a form of numbers shows.
 template <std::size_t Count>
 struct NumberForm {
-    const char* title;
+    StringId title{};
     const char* name;
-    const std::array<std::u16string_view, Count>& labels;
+    std::array<std::u16string_view, Count> labels;
     std::array<double, Count> values;
     Reader<Count> read;
 };
@@ -31,11 +32,11 @@ struct NumberForm {
 template <std::size_t Count>
 void OpenNumberForm(QWidget* parent, const NumberForm<Count>& shown, ViewWindow& view,
                     const ShowMessage& show, std::function<void()> changed) {
-    auto* const dialog = new FormDialog(shown.title, parent);
+    auto* const dialog = new FormDialog(TextOf(shown.title), parent);
     dialog->setObjectName(shown.name);
     std::array<QLineEdit*, Count> fields{};
     for (std::size_t i = 0; i < Count; ++i) {
-        fields[i] = dialog->AddText(ToQString(shown.labels[i]) + ":",
+        fields[i] = dialog->AddText(TextOf(StringId::FieldCaption, {shown.labels[i]}),
                                     ToQString(NumberForInput(shown.values[i])));
         fields[i]->setObjectName("field" + QString::number(i + 1));
         fields[i]->setInputMethodHints(Qt::ImhPreferNumbers);
@@ -49,8 +50,7 @@ void OpenNumberForm(QWidget* parent, const NumberForm<Count>& shown, ViewWindow&
             changed();
             return true;
         }
-        show({std::u16string(Text(StringId::Error)), problem->message, MessageIcon::Stop,
-              MessageButtons::Ok});
+        show(ErrorBox(problem->message));
         PointAt(*fields[problem->field]);
         return false;
     };
@@ -62,9 +62,9 @@ void OpenNumberForm(QWidget* parent, const NumberForm<Count>& shown, ViewWindow&
 
 void OpenViewWindowDialog(QWidget* parent, ViewWindow& view, const ShowMessage& show,
                           std::function<void()> changed) {
-    const NumberForm<4> form{"View Window",
+    const NumberForm<4> form{StringId::MenuViewWindow,
                              "viewWindowDialog",
-                             kBoundNames,
+                             BoundNames(),
                              {view.Xmin, view.Xmax, view.Ymin, view.Ymax},
                              ReadBounds};
     OpenNumberForm(parent, form, view, show, std::move(changed));
@@ -72,8 +72,11 @@ void OpenViewWindowDialog(QWidget* parent, ViewWindow& view, const ShowMessage& 
 
 void OpenFactorDialog(QWidget* parent, ViewWindow& view, const ShowMessage& show,
                       std::function<void()> changed) {
-    const NumberForm<2> form{
-        "Factor", "factorDialog", kFactorNames, {view.Xfactor, view.Yfactor}, ReadFactors};
+    const NumberForm<2> form{StringId::FactorTitle,
+                             "factorDialog",
+                             FactorNames(),
+                             {view.Xfactor, view.Yfactor},
+                             ReadFactors};
     OpenNumberForm(parent, form, view, show, std::move(changed));
 }
 

@@ -10,8 +10,8 @@ class QWidget;
 
 namespace kalvex {
 
-/// Opens the View Window dialog: the four bounds, with every digit that they have. What is refused
-/// gets a message and keeps the dialog open; `changed` runs after a save.
+/// Opens the View Window dialog with the four bounds, each with all its digits. When an input is
+/// refused a message says why and the dialog stays open; `changed` runs after a save.
 void OpenViewWindowDialog(QWidget* parent, ViewWindow& view, const ShowMessage& show,
                           std::function<void()> changed);
 

@@ -1,4 +1,4 @@
-// One column, centred: as large as its texts need, whatever the window below measures.
+// One centred column, as large as its texts need.
 #include "ui/help/about_box.h"
 
 #include <QDialog>
@@ -26,10 +26,6 @@ QLabel* AddText(QVBoxLayout& column, const QString& text) {
     label->setWordWrap(true);
     column.addWidget(label);
     return label;
-}
-
-QString TextOf(StringId id) {
-    return ToQString(Text(id));
 }
 
 void AddTexts(QVBoxLayout& column, double density) {
@@ -75,7 +71,8 @@ void OpenAboutBox(QWidget* parent) {
     whole->addLayout(column);
     AddTexts(*column, parent->devicePixelRatioF());
     whole->addWidget(NewKey(box));
-    // Left to itself a dialog is at most two thirds of the screen high, on a small one too little.
+    // By default Qt makes a dialog at most two thirds as high as the screen, too low on a small
+    // one.
     const int width = qMax(kLeastWidth, whole->totalMinimumSize().width());
     box->resize(width, whole->totalHeightForWidth(width));
     box->open();

@@ -1,6 +1,6 @@
-// The page sets no colour of a text: everything comes from the palette, and of the links' colour,
-// which some dark palettes keep too dark, the contrast is seen to. A picture is scaled here and not
-// by the page, so that it is smooth at any width and at the screen's density.
+// The page sets no text colours: all come from the palette. The colour of the links is changed
+// until it has enough contrast, which some dark palettes lack. Pictures are scaled here and not by
+// the page, so that they are smooth at any width and any density of the screen.
 #include "ui/help/help_browser.h"
 
 #include <QAbstractTextDocumentLayout>
@@ -12,13 +12,14 @@
 #include <QTextFrame>
 
 #include "ui/parts/contrast.h"
+#include "ui/parts/qt_text.h"
 
 namespace kalvex {
 namespace {
 
 constexpr double kMargin = 12.0;
 constexpr double kIndent = 24.0;
-constexpr double kTextScale = 1.1;     // a page is read, not glanced at
+constexpr double kTextScale = 1.1;     // for comfortable reading
 constexpr double kLinkContrast = 4.5;  // the guidelines' bound for ordinary text
 constexpr int kWidestColumn = 760;     // longer lines are hard to read
 
@@ -30,7 +31,7 @@ bool IsPlus(int key) {
 
 HelpBrowser::HelpBrowser(QWidget* parent) : QTextBrowser(parent) {
     setObjectName("helpPage");
-    setAccessibleName("Help");
+    setAccessibleName(TextOf(StringId::MenuHelp));
     setFrameShape(QFrame::NoFrame);
     setOpenLinks(false);
     setOpenExternalLinks(false);
@@ -43,7 +44,7 @@ HelpBrowser::HelpBrowser(QWidget* parent) : QTextBrowser(parent) {
     connect(this, &QTextBrowser::anchorClicked, this, &HelpBrowser::FollowLink);
 }
 
-// The toolkit asks the gesture's recogniser about every touch until it is told.
+// Qt asks the recogniser of the gesture about every touch until the gesture is removed.
 HelpBrowser::~HelpBrowser() {
     QScroller::ungrabGesture(viewport());
 }
@@ -128,7 +129,7 @@ void HelpBrowser::CentreColumn() {
 void HelpBrowser::FitColumn() {
     if (fittedWidth == viewport()->width()) return;
     fittedWidth = viewport()->width();
-    // What is read at the top stays at the top.
+    // The paragraph at the top of the view stays at the top.
     const bool scrolled = verticalScrollBar()->value() > 0;
     const QTextBlock top = cursorForPosition(QPoint(viewport()->width() / 2, 0)).block();
     FitPictures();

@@ -16,8 +16,9 @@ class HelpBrowser final : public QTextBrowser {
 
     /// False when there is no such file or nothing in it.
     bool ShowPage(const QString& path);
-    /// Goes to the next place of a text, or to the one before, around the ends of the page; with
-    /// `here` the present place may stay. False when the page does not have it.
+    /// Selects the next place of a text, or the one before, and goes on at the other end of the
+    /// page. With `here` the selected place itself counts. False when the page does not contain the
+    /// text.
     bool FindText(const QString& text, bool forward, bool here = false);
 
     QVariant loadResource(int type, const QUrl& name) override;
@@ -37,7 +38,7 @@ class HelpBrowser final : public QTextBrowser {
     void FitColumn();
 
     QUrl page;
-    QHash<QUrl, QImage> pictures;  ///< as they are in their files
+    QHash<QUrl, QImage> pictures;  ///< unscaled
     int fittedWidth = 0;
 };
 

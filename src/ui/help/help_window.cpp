@@ -1,5 +1,5 @@
-// The window takes the place of the one below it, full screen included, so that on a small screen
-// as on a large one the page has all the room there is. Without a page it is gone before it shows.
+// The window takes the place and the size of the window below it, full screen included, so that the
+// page has all the room of a small screen too. Without a page the window is never shown.
 #include "ui/help/help_window.h"
 
 #include <QCoreApplication>
@@ -26,10 +26,6 @@ namespace {
 constexpr int kLeastWidth = 240;
 constexpr int kLeastHeight = 240;
 constexpr int kGap = 8;
-
-QString TextOf(StringId id) {
-    return ToQString(Text(id));
-}
 
 /// As large as another window and in its place.
 void TakePlaceOf(const QWidget& below, QWidget& window) {

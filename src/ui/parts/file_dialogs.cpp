@@ -1,4 +1,5 @@
-// Only the toolkit's own dialog has these parts; the system's own ones know their screens.
+// Only Qt's own dialog has the parts that are looked for here. A dialog of the desktop adapts to
+// its screen by itself.
 #include "ui/parts/file_dialogs.h"
 
 #include <QDir>

@@ -1,5 +1,5 @@
-// The fields keep their natural width. The keys look like the soft keys of the windows, but can be
-// reached by Tab: in a dialog nothing else needs the focus.
+// The fields keep their natural width. The keys look like the soft keys of the windows, but Tab
+// reaches them, because in a dialog no line has to keep the focus.
 #include "ui/parts/form_dialog.h"
 
 #include <QComboBox>
@@ -53,7 +53,7 @@ FormDialog::FormDialog(const QString& title, QWidget* parent, const QString& sav
 }
 
 void FormDialog::AddKeys(const QString& saveWord) {
-    auto* const bar = new BottomBar(saveWord, "Cancel", this);
+    auto* const bar = new BottomBar(saveWord, TextOf(StringId::CancelKey), this);
     saveKey = bar->menuButton();
     cancelKey = bar->actionButton();
     saveKey->setObjectName("saveKey");
@@ -120,8 +120,9 @@ QLabel* FormDialog::AddMeaning() {
     return meaning;
 }
 
-// Fonts of any size and texts of several rows: the width comes first, the height follows from it.
-// The toolkit's own first size ends at two thirds of the screen, which cuts what needs more.
+// The width is computed first and the height follows from it, because texts may have several rows
+// and fonts any size. Qt's own first size of a dialog is at most two thirds of the screen, which
+// would cut a larger form.
 int FormDialog::NaturalWidth(int room) const {
     const int wanted = qMax(sizeHint().width(), layout()->totalMinimumSize().width());
     return qMin(qMax(wanted, minimumWidth()), room);
@@ -134,7 +135,7 @@ void FormDialog::FitInto(const QSize& room) {
     resize(wide, qMin(needed, room.height()));
     setMinimumWidth(qMin(layout()->totalMinimumSize().width(), room.width()));
     if (needed <= room.height()) return;
-    QWidget* const focused = focusWidget();  // loses the focus on its way into the area
+    QWidget* const focused = focusWidget();  // moving it into the area takes the focus from it
     auto* const area = new QScrollArea(this);
     area->setFrameShape(QFrame::NoFrame);
     area->setFocusPolicy(Qt::NoFocus);
@@ -147,7 +148,7 @@ void FormDialog::FitInto(const QSize& room) {
     resize(NaturalWidth(room.width()), room.height());
     if (focused == nullptr) return;
     focused->setFocus(Qt::OtherFocusReason);
-    // Places are known once the area has been laid out.
+    // The place of the field is known only after the area has been laid out.
     QTimer::singleShot(0, area, [area, focused] { area->ensureWidgetVisible(focused, 0, 0); });
 }
 
@@ -160,7 +161,7 @@ void FormDialog::OpenOverParent() {
     FitToScreen();
     setAttribute(Qt::WA_DeleteOnClose);
     setAttribute(Qt::WA_KeyboardFocusChange);  // the focus shows from the start
-    // Window managers do this, but not every screen has one.
+    // A window manager does this, but there may be none.
     connect(this, &QDialog::finished, parentWidget(), &QWidget::activateWindow);
     open();
 }

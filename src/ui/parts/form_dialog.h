@@ -6,6 +6,8 @@
 #include <QStringList>
 #include <functional>
 
+#include "ui/parts/qt_text.h"
+
 class QComboBox;
 class QFormLayout;
 class QLabel;
@@ -15,11 +17,12 @@ class QVBoxLayout;
 
 namespace kalvex {
 
-/// "Save" (Enter; another word where that fits better) asks `save` and closes when it says true;
-/// "Cancel" and Escape close. As wide as its fields need, whatever the window below measures.
+/// "Save" and Enter call `save` and close the dialog when it returns true; the key can have another
+/// word. "Cancel" and Escape close it. It is as wide as its fields need, not as its parent.
 class FormDialog final : public QDialog {
   public:
-    FormDialog(const QString& title, QWidget* parent, const QString& saveWord = "Save");
+    FormDialog(const QString& title, QWidget* parent,
+               const QString& saveWord = TextOf(StringId::SaveKey));
 
     QLineEdit* AddText(const QString& label, const QString& text, const QString& tip = {});
     QComboBox* AddChoice(const QString& label, const QStringList& entries, int index,
@@ -30,12 +33,12 @@ class FormDialog final : public QDialog {
     void AddWide(QWidget* field);
     /// A paragraph above the fields.
     void AddNote(const QString& text);
-    /// An empty line of text under the field that was added last, for what it means at the moment.
+    /// An empty text below the field that was added last, which can explain its present value.
     QLabel* AddMeaning();
-    /// Takes the size that the fields need, no more than a room (logical pixels). Where they are
-    /// higher they scroll; the keys stay.
+    /// Takes the size that the fields need, at most `room` (logical pixels). When the fields are
+    /// higher than that they scroll, and the keys stay in view.
     void FitInto(const QSize& room);
-    /// The same for the screen; what is there is counted once.
+    /// Does so once for the screen; later calls do nothing.
     void FitToScreen();
     /// Opens it over its parent, no larger than the screen, and returns at once; it is deleted when
     /// it closes.
@@ -59,7 +62,7 @@ class FormDialog final : public QDialog {
     QFormLayout* form;
 };
 
-/// Puts the focus into a field with all its text selected: the place that was refused.
+/// Puts the focus into a field, for example one that was refused, and selects all its text.
 void PointAt(QLineEdit& field);
 
 }  // namespace kalvex

@@ -1,6 +1,6 @@
-// The words of the tables are exact, so an ampersand in one must stay one: it is doubled here.
-// Only the entry that carries the mark is checkable: some styles draw an empty box for the others,
-// which would look as if several of them could be chosen together.
+// Qt takes an ampersand in a menu word for a mark, so it is doubled here. Only the entry with the
+// check mark is checkable: some styles draw an empty box beside the others, as if several could be
+// chosen together.
 #include "ui/parts/menu_builder.h"
 
 #include <QMenu>

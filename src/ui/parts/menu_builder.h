@@ -4,9 +4,9 @@
 #include <functional>
 #include <span>
 
+#include "commands/menu_state.h"
 #include "resources/menus.h"
 #include "resources/short_cuts.h"
-#include "workspace/menu_state.h"
 
 class QMenu;
 

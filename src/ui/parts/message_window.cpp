@@ -1,7 +1,7 @@
-// A record in, a modal QMessageBox out. Texts are plain: a function line with "<" in it must not
-// be taken for markup. A function line may be a single word of any length: it gets places where it
-// may be broken, invisible ones, and a very long one loses its middle, so that what follows it and
-// the buttons stay on the screen. Buttons are at least as high as a finger.
+// A MessageBox record becomes a modal QMessageBox. The text is plain, so that a function line with
+// "<" is not taken for markup. A function line may be one word of any length: zero-width spaces let
+// it be broken, and the middle of a very long one is left out, so that the rest of the text and the
+// buttons stay on the screen. Buttons are at least as high as a finger needs.
 #include "ui/parts/message_window.h"
 
 #include <QAbstractButton>
@@ -9,9 +9,7 @@
 #include <QGridLayout>
 #include <QMessageBox>
 #include <QSpacerItem>
-#include <cstdio>
 
-#include "base/encoding.h"
 #include "ui/parts/qt_text.h"
 #include "ui/parts/touch.h"
 
@@ -34,7 +32,7 @@ QMessageBox::Icon IconOf(MessageIcon icon) {
 
 constexpr qsizetype kLongestLine = 400;
 constexpr qsizetype kLongestWord = 20;
-constexpr int kLeastWidth = 280;  // the caption needs some room, however short the text is
+constexpr int kLeastWidth = 280;  // so that a caption can be read above a short text
 
 /// One line of a text as a box can show it; a line of ordinary words stays as it is.
 QString ShowableLine(QString line) {
@@ -85,19 +83,6 @@ MessageAnswer ShowMessageWindow(const MessageBox& box) {
     const int answer = window.exec();
     if (!question) return MessageAnswer::Ok;
     return answer == QMessageBox::Yes ? MessageAnswer::Yes : MessageAnswer::No;
-}
-
-MessageAnswer WriteMessageLine(const MessageBox& box) {
-    std::string line = ToUtf8(box.caption) + ": ";
-    for (const char character : ToUtf8(box.text)) {
-        if (character == '\n') {
-            line += "\\n";
-        } else {
-            line += character;
-        }
-    }
-    std::fprintf(stderr, "%s\n", line.c_str());
-    return box.buttons == MessageButtons::YesNo ? MessageAnswer::No : MessageAnswer::Ok;
 }
 
 }  // namespace kalvex

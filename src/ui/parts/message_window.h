@@ -15,8 +15,4 @@ QString ShowableText(const QString& text);
 /// answered by Escape or the close button count as `No`.
 MessageAnswer ShowMessageWindow(const MessageBox& box);
 
-/// Writes a box as one line to standard error: for moments when nobody can answer a window, such
-/// as the end of the session. `Yes`/`No` boxes get `No`.
-MessageAnswer WriteMessageLine(const MessageBox& box);
-
 }  // namespace kalvex

@@ -3,9 +3,11 @@
 
 #include <QColor>
 #include <QString>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
+#include "resources/strings.h"
 #include "workspace/function_entry.h"
 
 namespace kalvex {
@@ -17,6 +19,16 @@ inline QString ToQString(std::u16string_view text) {
 
 inline std::u16string FromQString(const QString& text) {
     return text.toStdU16String();
+}
+
+/// A text of the program's table.
+inline QString TextOf(StringId id) {
+    return ToQString(Text(id));
+}
+
+/// A text of the table with its numbered places filled in, as FillIn does.
+inline QString TextOf(StringId id, std::initializer_list<std::u16string_view> places) {
+    return ToQString(FillIn(Text(id), places));
 }
 
 inline QColor ToQColor(Rgb color) {

@@ -1,4 +1,5 @@
-// An entry shows its keys by owning them for the menu's own focus, which it never has.
+// A menu entry shows its keys when they are its short cut. The context is the menu's own focus,
+// which it never has, so the entry itself does not react.
 #include "ui/parts/short_cut_keys.h"
 
 #include <QAction>

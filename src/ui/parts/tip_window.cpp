@@ -1,5 +1,5 @@
-// The toolkit's own tips stand under the mouse pointer, which a key or a finger does not have, and
-// over the control. This one looks the same and stands beside the control, whoever asks for it.
+// Qt's own tips appear at the mouse pointer, which a key or a finger does not have, and may cover
+// the control. This window looks like them and stands beside the control.
 #include "ui/parts/tip_window.h"
 
 #include <QCoreApplication>

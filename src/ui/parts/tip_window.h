@@ -8,19 +8,19 @@
 
 namespace kalvex {
 
-/// Where a tip stands: under what it explains, above it where there is no room below. Inside the
-/// screen along x; it never covers the control unless neither place has room for it.
+/// The place of a tip: below the control, or above it when there is no room below. It is moved
+/// along x to stay on the screen. It covers the control only when neither place has room.
 QRect TipPlace(const QRect& control, const QSize& tip, const QRect& screen);
 
-/// Stands beside a control until the next key, press or turn of the wheel anywhere, or until it has
-/// been there long enough to be read. One serves all controls of a dialog.
+/// Shows a tip beside a control until the next key, press or turn of the wheel, or until there was
+/// time to read it. One window serves all controls of a dialog.
 class TipWindow final : public QLabel {
   public:
-    /// Shows a tip for somebody beside a rectangle of the screen, in the tip window of the dialog
-    /// that the control is in.
+    /// Shows a tip beside a rectangle of the screen, in the tip window of the control's dialog.
+    /// `somebody` owns the tip that shows.
     static void ShowFor(const QObject* somebody, const QWidget& control, const QRect& place,
                         const QString& tip);
-    /// Hides that window when what it shows is for that somebody.
+    /// Hides the tip window when the tip that it shows is owned by `somebody`.
     static void HideFor(const QObject* somebody, const QWidget& control);
 
   protected:

@@ -1,5 +1,5 @@
-// Only the sizes that the style proposes for a menu row and a tab are changed; separators keep
-// theirs. Some styles mark the focus by a shade that a dark palette swallows.
+// The heights that the style proposes for menu rows and tabs are raised; separators keep theirs.
+// Some styles mark the focus by a shade that cannot be seen in a dark palette, so a frame is drawn.
 #include "ui/parts/touch_style.h"
 
 #include <QCheckBox>

@@ -5,9 +5,9 @@
 
 namespace kalvex {
 
-/// The focus of a line of text, a list and a check box shows at 3:1 or more against its ground, in
-/// the light and the dark palette.
-/// Menu rows and tabs are at least as tall as a touch target; everything else is the system's own.
+/// Menu rows and tabs are at least as tall as a touch target. The focus of a text line, a list and
+/// a check box is marked with a contrast of at least 3:1, in light and dark palettes. Everything
+/// else is drawn by the system's style.
 class TouchStyle final : public QProxyStyle {
   public:
     QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,

@@ -1,15 +1,15 @@
-// What the exports need is copied when the report opens: the picture below it may be computed anew
-// while it is on the screen.
+// The data of the exported files are copied when the report opens, because the picture below it may
+// be computed again while the report is on the screen.
 #include "ui/report/analysis_flow.h"
 
 #include <QFileInfo>
 #include <string>
 
+#include "analysis/export_files.h"
 #include "analysis/report.h"
 #include "resources/platform.h"
 #include "ui/report/report_window.h"
 #include "ui/report/result_export.h"
-#include "workspace/export_files.h"
 
 namespace kalvex {
 namespace {

@@ -1,4 +1,4 @@
-// `Analyze`: from the traced function to its report and the files that it is exported to.
+// `Analyze`: analyses the traced function, opens the report, and exports its files.
 #pragma once
 
 #include <QString>
@@ -6,7 +6,7 @@
 
 #include "analysis/analysis.h"
 #include "base/message_box.h"
-#include "graph/graph.h"
+#include "graph/graph_state.h"
 
 class QWidget;
 
@@ -15,13 +15,13 @@ namespace kalvex {
 struct AnalysisFlow {
     QWidget* parent;         ///< the window below the report
     AnalysisResult& result;  ///< filled; its arrays are released when the report closes
-    QString& folder;         ///< where files are saved; follows the user
+    QString& folder;         ///< where files are saved; the folder that the user chose last
     ShowMessage show;
     std::u16string_view platform;  ///< decides on the form of the report
 };
 
 /// Analyses a function on the samples of the last picture and opens the report; returns at once.
-/// The report and what it exports are a snapshot.
+/// The report and its exported files do not change with the picture.
 void OpenAnalysis(const AnalysisFlow& flow, const FunctionEntry& entry, const Viewport& viewport);
 
 }  // namespace kalvex

@@ -1,5 +1,5 @@
-// A dialog of the size of its parent, but no larger than reading needs, around text boxes that the
-// toolkit knows how to select, copy and read aloud.
+// A dialog as large as its parent, up to a size that is comfortable for reading. The texts are in
+// Qt's own text boxes, which can be selected, copied and read aloud.
 #include "ui/report/report_window.h"
 
 #include <QDialog>
@@ -27,7 +27,7 @@ constexpr int kPageMargin = 2;
 constexpr QSize kLargestSize(640, 560);
 constexpr QSize kFrame(8, 0);  // what a window manager draws beside a dialog
 
-/// Text that the keys scroll: its caret, at the end, is only for selecting with Shift.
+/// A text that the arrow keys scroll. The caret, at the end, only serves to select with Shift.
 class ReportText final : public QPlainTextEdit {
   public:
     using QPlainTextEdit::QPlainTextEdit;
@@ -45,7 +45,7 @@ class ReportText final : public QPlainTextEdit {
     }
 };
 
-/// A page: the text box with its margin. The caret stands at the end, the view at the beginning.
+/// A page: the text box with its margin. The caret is at the end; the beginning of the text shows.
 QWidget* MakePage(const QString& title, std::u16string_view text, QWidget* parent) {
     auto* const page = new QWidget(parent);
     auto* const layout = new QVBoxLayout(page);
@@ -67,7 +67,7 @@ QWidget* MakePage(const QString& title, std::u16string_view text, QWidget* paren
 QDialog* MakeDialog(QWidget* parent, const ReportActions& actions) {
     auto* const dialog = new QDialog(parent);
     dialog->setObjectName("report");
-    dialog->setWindowTitle(ToQString(Text(StringId::AnalysisTitle)));
+    dialog->setWindowTitle(TextOf(StringId::AnalysisTitle));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->resize((parent->size() - kFrame).boundedTo(kLargestSize));
     QObject::connect(dialog, &QDialog::finished, dialog, [actions] { actions.closed(); });
@@ -106,9 +106,10 @@ void OpenExportMenu(QDialog* dialog, const QWidget* key, bool paged, const Run& 
 
 /// The soft keys below the text, and the keys of the keyboard.
 void AddKeys(QDialog* dialog, bool paged, const ReportActions& actions) {
-    auto* const bar = new BottomBar("Ok", "Export", dialog);
+    auto* const bar =
+        new BottomBar(TextOf(StringId::ReportOk), TextOf(StringId::ExportKey), dialog);
     bar->actionButton()->setAutoDefault(false);
-    bar->actionButton()->setToolTip("F10");
+    bar->actionButton()->setToolTip(TextOf(StringId::MenuKeyTip));
     for (QPushButton* const key : {bar->menuButton(), bar->actionButton()})
         key->setFocusPolicy(Qt::StrongFocus);
     dialog->layout()->addWidget(bar);

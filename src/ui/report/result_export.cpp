@@ -1,27 +1,31 @@
-// As for point files, the filters read as they always did; what they match stands in a second
-// bracket, which is not shown.
+// As in the dialog of the point files, the texts of the filters are fixed, and the pattern that a
+// filter applies stands in a second bracket, which the dialog does not show.
 #include "ui/report/result_export.h"
 
 #include <QFileDialog>
 #include <QScreen>
 #include <utility>
 
+#include "resources/message_boxes.h"
 #include "resources/strings.h"
+#include "settings/complete_file.h"
 #include "ui/parts/file_dialogs.h"
-#include "workspace/complete_file.h"
+#include "ui/parts/qt_text.h"
 
 namespace kalvex {
 
 void OpenSaveResultDialog(QWidget* parent, const QString& folder,
                           std::function<void(const QString& path)> chosen) {
-    auto* const dialog = new QFileDialog(parent, "Save File As", StartFolder(folder));
+    auto* const dialog =
+        new QFileDialog(parent, TextOf(StringId::SaveResultTitle), StartFolder(folder));
     dialog->setObjectName("saveResultDialog");
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setOption(QFileDialog::HideNameFilterDetails);
-    dialog->setNameFilters({"Text (*.txt) (*.txt)", "Kalvex files (*.kx) (*.kx)"});
+    dialog->setNameFilters(
+        {TextOf(StringId::FilterText) + " (*.txt)", TextOf(StringId::FilterKalvex) + " (*.kx)"});
     dialog->setDefaultSuffix("txt");
-    // KEEP: the proposed name is of the second kind while the first one is selected.
+    // KEEP: the proposed name has the ending of the second filter while the first is selected.
     dialog->selectFile("result.kx");
     WhenChosen(*dialog, std::move(chosen));
     FitFileDialog(*dialog, dialog->screen()->availableGeometry().size());
@@ -31,13 +35,10 @@ void OpenSaveResultDialog(QWidget* parent, const QString& folder,
 bool SaveResult(const QString& path, std::string_view bytes, const ShowMessage& show) {
     const bool written = WriteCompleteFile(path, bytes);
     if (!written) {
-        show({std::u16string(Text(StringId::FileErrorCaption)),
-              std::u16string(Text(StringId::FileErrorText)), MessageIcon::None,
-              MessageButtons::Ok});
+        show(BoxOf(StringId::FileErrorCaption, Text(StringId::FileErrorText), MessageIcon::None));
     }
-    // KEEP: shown after an error too, which the box before it has told.
-    const std::u16string saved(Text(StringId::Saved));
-    show({saved, saved, MessageIcon::Information, MessageButtons::Ok});
+    // KEEP: shown after an error too, which the box before this one has reported.
+    show(BoxOf(StringId::Saved, Text(StringId::Saved), MessageIcon::Information));
     return written;
 }
 

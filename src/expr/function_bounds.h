@@ -1,0 +1,34 @@
+// Interval forms of functions: bounds of all values that a function's evaluation can give for
+// arguments within given bounds. functions.inc names the form of each function.
+#pragma once
+
+#include <optional>
+
+namespace kalvex {
+
+/// Bounds of computed values, both included.
+struct Bounds {
+    double low = 0.0;
+    double high = 0.0;
+};
+
+using MaybeBounds = std::optional<Bounds>;
+
+/// Takes the bounds of the arguments in written order, none of them not-a-number. Gives bounds of
+/// every computed value, rounding errors included; nothing where they cannot be told, because a
+/// value may be not-a-number or undefined.
+using FunctionBounds = MaybeBounds (*)(const Bounds* arguments);
+
+/// For a function whose values nothing is known about: expressions with it have no bounds.
+inline constexpr FunctionBounds kNoBounds = nullptr;
+
+/// Sine and cosine: within 1, generously. Of an infinite argument they are not-a-number.
+MaybeBounds SineBounds(const Bounds* arguments);
+
+/// Functions that stay between -1 and 1, infinite arguments included.
+MaybeBounds SigmoidBounds(const Bounds* arguments);
+
+MaybeBounds FloorBounds(const Bounds* arguments);
+MaybeBounds MagnitudeBounds(const Bounds* arguments);
+
+}  // namespace kalvex
