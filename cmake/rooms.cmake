@@ -9,7 +9,7 @@ set(KALVEX_ROOMS
   "specfun   | numbers                                                                          |"
   "expr      | base numbers resources specfun                                                   | PkgConfig::SLEEF"
   "interp    | base numbers resources expr                                                      |"
-  "workspace | base resources expr interp                                                       |"
+  "workspace | base numbers resources expr interp                                               |"
   "settings  | base numbers resources workspace                                                 | Qt6::Core"
   "graph     | base numbers resources expr interp workspace                                     |"
   "analysis  | base numbers resources workspace                                                 |"

@@ -9,11 +9,11 @@ namespace kalvex {
 
 struct Utf8Character {
     char32_t codePoint = U'\uFFFD';  ///< U+FFFD also where the bytes are not well formed
-    std::size_t length = 1;          ///< bytes to go on by
+    std::size_t length = 1;          ///< bytes of this character
     bool wellFormed = false;
 };
 
-/// The character that begins at byte `at` of a text, which has to exist.
+/// The character that begins at byte `at` of a text. `at` is less than the length of the text.
 Utf8Character DecodeUtf8(std::string_view text, std::size_t at);
 
 /// UTF-16 of a UTF-8 text. Each byte that does not belong to a well-formed sequence (stray or

@@ -1,5 +1,4 @@
-// Where the whole units of an axis fall on the picture: the shared ground of grid, ticks and
-// coordinate numbers.
+// The pixels of an axis at which whole units lie. Grid, ticks and coordinate numbers stand there.
 #pragma once
 
 #include <cstdint>

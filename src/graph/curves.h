@@ -28,18 +28,18 @@ struct SampleRun {
 std::vector<SampleRun> PolylineRuns(std::span<const CurveSample> samples,
                                     std::int32_t clientHeight);
 
-/// Draws the runs of a sampled curve y(x). Pieces that touch a sample whose pixel position is
-/// not-a-number are left out: its cached pixel is only what the conversion makes of it, and a line
-/// there would show something that the function does not do.
+/// Draws the runs of a sampled curve y(x). A piece with an end whose position is not-a-number is
+/// left out: the conversion to pixels gives such a position an arbitrary pixel, so the piece would
+/// show a line that the function does not have.
 void DrawRuns(std::span<const CurveSample> samples, const Viewport& viewport, const Pen& pen,
               DrawList& list);
 
-/// Draws the lines between neighbours where both are `joined` (index of the first); lines of no
-/// length and such that touch a not-a-number position are left out.
+/// Draws the line from sample i to sample i + 1 for every i with `joined[i]`. Lines without a
+/// length and lines with an end whose position is not-a-number are left out.
 void DrawJoined(std::span<const CurveSample> samples, std::span<const std::uint8_t> joined,
                 const Viewport& viewport, const Pen& pen, DrawList& list);
 
-/// Whether a world point has a pixel position, that is, one that is a number.
+/// Whether the pixel position of a world point is a number.
 bool HasPosition(const ViewWindow& view, double x, double y);
 
 /// y = f(x): one sample per pixel column. Plotted samples have a defined value and a defined right

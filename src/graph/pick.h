@@ -9,7 +9,7 @@
 
 namespace kalvex {
 
-/// What the picture needs after something was done. The larger value includes the smaller.
+/// What must be drawn again after an event. A larger value includes the smaller ones.
 enum class PictureChange {
     None,
     Overlay,  ///< the cursor and its texts have changed
@@ -22,16 +22,18 @@ inline constexpr std::int32_t kBoxDragDistance = 20;
 /// Pixels of sliding in the upper band that change the trace function by one.
 inline constexpr std::int32_t kSlideDistance = 40;
 
-/// Back to panning; bounds and trace function stay.
+/// Returns to panning; bounds and trace function stay.
 void EnterNormalMode(GraphState& state);
 
-/// Picks a box: the window before is saved, the cursor is put in the middle.
+/// Lets the user pick a box. Saves the present window as the previous one and puts the cursor in
+/// the middle.
 void EnterBoxMode(GraphState& state);
 
-/// Picks the centre of a zoom: the window before is saved, the cursor is put in the middle.
+/// Lets the user pick the centre of a zoom, with the same preparations.
 void EnterCentreMode(GraphState& state, ZoomDirection direction);
 
-/// Trace from the cursor's present sample. False, and no change, when no function can be traced.
+/// Starts the trace at the cursor's present sample. Changes nothing and returns false when no
+/// function can be traced.
 bool EnterTraceMode(GraphState& state, const FunctionList& functions);
 
 /// The window's title in the present mode: "Kalvex", a prompt, or the trace function's text.
@@ -49,10 +51,11 @@ PictureChange MovePointer(GraphState& state, const FunctionList& functions, Pixe
 PictureChange LiftPointer(GraphState& state, const FunctionList& functions, PixelPoint at,
                           const ShowMessage& show);
 
-/// The pointer is taken away (a popup opens, a second finger comes down): nothing is picked.
+/// Forgets a pointer that is down without picking anything: a popup opens, or a second finger comes
+/// down.
 void DropPointer(GraphState& state);
 
-/// Brings the cursor of a pick mode back onto a picture that has become smaller.
+/// Moves the cursor of a pick mode back into the picture after the picture became smaller.
 void KeepCursorOnPicture(GraphState& state);
 
 /// Moves the cursor of a pick mode by pixels, inside the picture.

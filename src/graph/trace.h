@@ -1,5 +1,5 @@
-// Trace: a cursor on the samples of one drawn function, and what it reads off them. The samples of
-// the last redraw are all that is looked at; nothing is evaluated.
+// Trace: a cursor on the samples of one drawn function, and the values that it shows. Everything is
+// read from the samples of the last redraw; nothing is evaluated.
 #pragma once
 
 #include <cstdint>

@@ -1,8 +1,9 @@
-// Numbers of twice the precision: an unevaluated sum of two doubles, the low one at most half a
-// unit in the last place of the high one, some 31 digits. The error-free sum is Knuth's, the
-// error-free product uses a fused multiplication; the operations follow Dekker (1971). Relative
-// errors stay below 2^-100 unless a comment says otherwise. Arguments are finite and far enough
-// from the ends of the range that products of parts neither overflow nor become denormal.
+// Double-double numbers: the unevaluated sum of two doubles, some 31 decimal digits. The low part
+// is at most half a unit in the last place of the high part; such a pair is called normalised.
+// TwoSum is Knuth's algorithm, TwoProduct uses a fused multiplication. The operations follow Dekker
+// (1971); Joldes, Muller and Popescu (2017) prove bounds of their errors. Arguments are finite and
+// far enough from the ends of the range that products of parts neither overflow nor become
+// denormal.
 #pragma once
 
 #include <cmath>
@@ -41,7 +42,7 @@ inline double ToDouble(DoubleDouble a) {
     return a.high + a.low;
 }
 
-// Operators: the result is normalised, and its relative error is below 2^-103, also where the
+// Operators. The result is normalised and its relative error is below 2^-103, even where the
 // arguments of a sum cancel.
 
 inline DoubleDouble operator-(DoubleDouble a) {
@@ -124,10 +125,10 @@ DoubleDouble& operator*=(DoubleDouble& a, Number b) {
     return a = a * b;
 }
 
-// Loose forms: shorter, for values whose last digits do not count. A loose sum adds the low parts
-// as plain doubles, so that its error is below 2^-104 of |a| + |b|, not of the sum: where a and b
-// cancel, digits are lost. A loose quotient multiplies by the rounded inverse of b; its relative
-// error is below 2^-102.
+// Loose forms: fewer operations, for values whose last digits do not matter. A loose sum adds the
+// low parts as plain doubles. Its error is below 2^-104 (|a| + |b|), so that digits are lost where
+// a and b cancel. A loose quotient multiplies by the rounded inverse of b; its relative error is
+// below 2^-102.
 
 inline DoubleDouble LooseSum(DoubleDouble a, DoubleDouble b) {
     const DoubleDouble sum = TwoSum(a.high, b.high);
@@ -167,7 +168,8 @@ inline DoubleDouble Sqrt(DoubleDouble a) {
     return QuickTwoSum(root, rest.high / (2 * root));
 }
 
-/// The leading part; for code that serves numbers of one double and of two.
+/// The high part. Templates use this function and DifferenceOf to serve plain doubles and
+/// double-doubles alike.
 inline double HighOf(double a) {
     return a;
 }
@@ -176,7 +178,7 @@ inline double HighOf(DoubleDouble a) {
     return a.high;
 }
 
-/// a - b, as a pair without an error; for the same code.
+/// a - b: rounded as a double, exact as a double-double.
 template <typename Number>
 Number DifferenceOf(double a, double b) {
     if constexpr (std::is_same_v<Number, double>)
@@ -190,7 +192,7 @@ inline DoubleDouble Scale(DoubleDouble a, int exponent) {
     return {std::ldexp(a.high, exponent), std::ldexp(a.low, exponent)};
 }
 
-// The operators by name.
+// The operators as functions, which the hypergeometric function calls.
 
 inline DoubleDouble Negate(DoubleDouble a) {
     return -a;
@@ -253,8 +255,8 @@ struct SinCosPair {
     double cosine = 0;
 };
 
-/// Sine and cosine of an angle of twice the precision, |a| up to 1e15, each as good as the
-/// runtime's own.
+/// Sine and cosine of a double-double angle, |a| up to 1e15. Each is as accurate as the runtime's
+/// own function.
 SinCosPair SinCos(DoubleDouble a);
 
 inline constexpr DoubleDouble kPi = {3.141592653589793116, 1.2246467991473532072e-16};

@@ -1,5 +1,6 @@
 // What the processor that runs the program can do beyond the least one of its kind, and functions
-// that are compiled for both. All code that is chosen by processor is chosen with this header.
+// that are compiled for both. All code that is chosen by processor is chosen by means of this
+// header.
 #pragma once
 
 // Whether a function can be compiled for better processors beside the portable form. Clang is left

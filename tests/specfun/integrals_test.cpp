@@ -1,5 +1,5 @@
-// The values are held to their goals by accuracy_tests; here are the ends of the range, the
-// symmetries and what the language never asks for.
+// accuracy_tests holds the values to their goals. Tested here are the ends of the range, the
+// symmetries and arguments that the language never passes.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -94,7 +94,7 @@ TEST(Integrals, OddAndEven) {
     }
 }
 
-/// At each seam between two methods the values on both sides continue each other.
+/// At each seam between two methods the values on both sides must continue each other.
 TEST(Integrals, NoJumpAtASeam) {
     const struct {
         const char* name;

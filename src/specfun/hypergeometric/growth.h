@@ -13,4 +13,8 @@ double Outgrown(const HypergeometricParameters& p, double z, double w);
 /// z F'/F where the function is outgrown, the better the larger the parameters.
 double SlopeOfLesser(const HypergeometricParameters& p, double z, double w);
 
+/// Whether the value is certain to be beyond the range: far so, x being next to 1. False where that
+/// is not seen at once.
+bool Overflows(const HypergeometricParameters& p, double x);
+
 }  // namespace kalvex::specfun

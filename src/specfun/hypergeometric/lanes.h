@@ -2,7 +2,10 @@
 // double_double.h and parts.h, lane by lane. Internal to the special functions.
 #pragma once
 
+#include <bit>
 #include <cmath>
+#include <cstdint>
+#include <limits>
 
 #include "numbers/processor.h"
 #include "specfun/hypergeometric/parts.h"
@@ -40,6 +43,12 @@ struct Fused {
     }
 };
 #endif
+
+inline Four Magnitude(const Four& a) {
+    using Bits = std::int64_t __attribute__((vector_size(kLanes * sizeof(double))));
+    constexpr std::int64_t kAllButSign = std::numeric_limits<std::int64_t>::max();
+    return std::bit_cast<Four>(std::bit_cast<Bits>(a) & kAllButSign);
+}
 
 template <typename Unit>
 struct LanesOf {

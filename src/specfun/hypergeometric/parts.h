@@ -46,7 +46,7 @@ struct HypergeometricPoint {
     bool failed = false;    // overflow, too many terms or a division by zero
     bool singular = false;  // c met 0 before the series came to its end
     int exponent = 0;       // of two: value, slope and error are to be multiplied by
-    double slopeError = 0;  // of the slope, where it is more than that of the value tells
+    double slopeError = 0;  // the same of the slope
 };
 
 /// The power series in z. Stops when the rest is below `tolerance` times the value and slope.

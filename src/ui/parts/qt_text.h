@@ -1,14 +1,13 @@
 // The two text types of the program meet here: UTF-16 of the engine, QString of the windows.
 #pragma once
 
-#include <QColor>
 #include <QString>
 #include <initializer_list>
 #include <string>
 #include <string_view>
 
+#include "painter/qt_color.h"
 #include "resources/strings.h"
-#include "workspace/function_entry.h"
 
 namespace kalvex {
 
@@ -29,10 +28,6 @@ inline QString TextOf(StringId id) {
 /// A text of the table with its numbered places filled in, as FillIn does.
 inline QString TextOf(StringId id, std::initializer_list<std::u16string_view> places) {
     return ToQString(FillIn(Text(id), places));
-}
-
-inline QColor ToQColor(Rgb color) {
-    return QColor(color.red, color.green, color.blue);
 }
 
 }  // namespace kalvex
