@@ -24,14 +24,14 @@ struct PictureFormat {
 enum class FormatsOf { Windows, Tool };
 
 /// All formats, in the order in which dialog and messages name them.
-std::span<const PictureFormat> PictureFormats();
+[[nodiscard]] std::span<const PictureFormat> PictureFormats();
 
-bool IsOffered(const PictureFormat& format, FormatsOf where);
+[[nodiscard]] bool IsOffered(const PictureFormat& format, FormatsOf where);
 
 /// The offered format that a name's ending says, in any case; null for any other name.
-const PictureFormat* PictureFormatOf(const QString& path, FormatsOf where);
+[[nodiscard]] const PictureFormat* PictureFormatOf(const QString& path, FormatsOf where);
 
 /// The endings of the offered formats, for a sentence: ".png, .svg or .pdf".
-std::string PictureEndings(FormatsOf where);
+[[nodiscard]] std::string PictureEndings(FormatsOf where);
 
 }  // namespace kalvex

@@ -44,8 +44,8 @@ void ExportPicture(const DrawList& picture, Options& options, const Registry& re
     options.Screen = Successor(options.Screen);
     StoreOption(registry, "Screen", options.Screen);
     QDir().mkpath(folder);
-    WriteBitmap(QDir(folder).filePath(name), PaintPicture(picture, 1.0));
     // KEEP: "Save" is the text and "Info" the caption, shown even when no file could be made.
+    static_cast<void>(WriteBitmap(QDir(folder).filePath(name), PaintPicture(picture, 1.0)));
     show(BoxOf(StringId::PictureSavedCaption, Text(StringId::PictureSavedText),
                MessageIcon::Exclamation));
 }
