@@ -28,7 +28,7 @@ struct AnalysisResult {
 };
 
 /// Whether a line can be analysed; an implicit curve cannot, because it has no samples.
-bool CanAnalyse(const FunctionEntry& entry);
+[[nodiscard]] bool CanAnalyse(const FunctionEntry& entry);
 
 /// Analyses the sample cache of a drawn function as the last drawing left it; the expression is not
 /// evaluated. The results are as accurate as the samples are dense: roots and extremums are the x

@@ -19,26 +19,26 @@ struct DecimalPrefix {
 /// counts only when it is complete. The value is correctly rounded. A number that is too large
 /// gives an infinity, one that is too small a zero or a denormal number. Words ("inf", "nan") and
 /// hexadecimal forms are not numbers.
-DecimalPrefix ParseDecimalPrefix(std::u16string_view text);
-DecimalPrefix ParseDecimalPrefix(std::string_view text);
+[[nodiscard]] DecimalPrefix ParseDecimalPrefix(std::u16string_view text);
+[[nodiscard]] DecimalPrefix ParseDecimalPrefix(std::string_view text);
 
 /// True when the whole text is one number in the sense of ParseDecimalPrefix.
-bool IsWholeDecimal(std::u16string_view text);
+[[nodiscard]] bool IsWholeDecimal(std::u16string_view text);
 
 /// What printf writes for "%.*f" in the C locale, for every double ("inf", "-nan" included).
-std::string FormatFixed(double value, int digitsAfterPoint = 6);
+[[nodiscard]] std::string FormatFixed(double value, int digitsAfterPoint = 6);
 
 /// FormatFixed as a text for people. The sign of a not-a-number has no meaning and is left out.
-std::u16string FixedText(double value, int digitsAfterPoint = 6);
+[[nodiscard]] std::u16string FixedText(double value, int digitsAfterPoint = 6);
 
 /// What printf writes for "%g" in the C locale: six significant digits.
-std::string FormatGeneral6(double value);
+[[nodiscard]] std::string FormatGeneral6(double value);
 
 /// What printf writes for "%.17g" in the C locale.
-std::string FormatGeneral17(double value);
+[[nodiscard]] std::string FormatGeneral17(double value);
 
 /// The shortest text that reads back as the same double. It has no exponent when the magnitude lies
 /// in [1e-5, 1e15). A zero of either sign is "0".
-std::string FormatShortest(double value);
+[[nodiscard]] std::string FormatShortest(double value);
 
 }  // namespace kalvex

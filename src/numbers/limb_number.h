@@ -40,7 +40,7 @@ inline void SetProduct(const Factor& b, const Factor& c, Factor& a) {
 
 /// The first two limbs as a number, digits[count-1] 2^64 + digits[count-2]. The whole integer is
 /// about 2^(64 (count-2)) times as large.
-inline double LeadingPart(const Factor& a) {
+[[nodiscard]] inline double LeadingPart(const Factor& a) {
     constexpr double kLimb = 0x1p64;
     const double low = a.count > 1 ? static_cast<double>(a.digits[a.count - 2]) : 0;
     return static_cast<double>(a.digits[a.count - 1]) * kLimb + low;
@@ -58,7 +58,7 @@ struct LimbNumber {
 };
 
 template <std::size_t limbs>
-LimbNumber<limbs> OneInLimbs() {
+[[nodiscard]] LimbNumber<limbs> OneInLimbs() {
     LimbNumber<limbs> one;
     one.digits[limbs - 1] = 1;
     one.exponent = 1 - static_cast<std::int64_t>(limbs);
@@ -174,7 +174,7 @@ void AddTo(const LimbNumber<limbs>& b, LimbNumber<limbs>& a) {
 
 /// The number as a Wide with the given number of limbs.
 template <std::size_t limbs, std::size_t from>
-Wide<limbs> WideOf(const LimbNumber<from>& a) {
+[[nodiscard]] Wide<limbs> WideOf(const LimbNumber<from>& a) {
     if (a.sign == 0) return {};
     std::array<std::uint64_t, std::max(limbs, from)> all = {};
     std::copy(a.digits.begin(), a.digits.end(), all.end() - from);

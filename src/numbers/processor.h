@@ -31,7 +31,7 @@ struct ProcessorFeatures {
 
 /// For a choice between functions that differ in more than how they are compiled. Where nothing is
 /// known about the processor, it has no feature, and the portable function is right.
-inline ProcessorFeatures FeaturesOfProcessor() {
+[[nodiscard]] inline ProcessorFeatures FeaturesOfProcessor() {
 #if defined(__x86_64__) && defined(__GNUC__)
     return {__builtin_cpu_supports("fma") != 0, __builtin_cpu_supports("avx2") != 0,
             __builtin_cpu_supports("avx512f") != 0 && __builtin_cpu_supports("avx512dq") != 0 &&

@@ -27,22 +27,22 @@ struct Wide {
 };
 
 template <std::size_t limbs>
-Wide<limbs> Negate(Wide<limbs> a) {
+[[nodiscard]] Wide<limbs> Negate(Wide<limbs> a) {
     a.sign = -a.sign;
     return a;
 }
 
 /// a times a power of two.
 template <std::size_t limbs>
-Wide<limbs> Scale(Wide<limbs> a, std::int64_t exponent) {
+[[nodiscard]] Wide<limbs> Scale(Wide<limbs> a, std::int64_t exponent) {
     a.exponent += exponent;
     return a;
 }
 
 /// The number with the given limbs, cut off to the limbs of the result. At least one limb is not 0.
 template <std::size_t limbs, std::size_t more>
-Wide<limbs> Normalised(const std::array<std::uint64_t, more>& all, std::int64_t exponent,
-                       int sign) {
+[[nodiscard]] Wide<limbs> Normalised(const std::array<std::uint64_t, more>& all,
+                                     std::int64_t exponent, int sign) {
     static_assert(more >= limbs);
     std::size_t top = more;
     while (top > 0 && all[top - 1] == 0)
@@ -64,7 +64,7 @@ Wide<limbs> Normalised(const std::array<std::uint64_t, more>& all, std::int64_t 
 
 /// The number a, exactly. a is finite.
 template <std::size_t limbs>
-Wide<limbs> WideOf(double a) {
+[[nodiscard]] Wide<limbs> WideOf(double a) {
     Wide<limbs> result;
     if (a == 0) return result;
     int exponent = 0;
@@ -77,7 +77,7 @@ Wide<limbs> WideOf(double a) {
 
 /// The number a with more limbs, or cut off to fewer.
 template <std::size_t limbs, std::size_t from>
-Wide<limbs> WideOf(const Wide<from>& a) {
+[[nodiscard]] Wide<limbs> WideOf(const Wide<from>& a) {
     Wide<limbs> result;
     result.exponent = a.exponent;
     result.sign = a.sign;
@@ -87,7 +87,7 @@ Wide<limbs> WideOf(const Wide<from>& a) {
 }
 
 template <std::size_t limbs>
-Wide<limbs> Multiply(const Wide<limbs>& a, const Wide<limbs>& b) {
+[[nodiscard]] Wide<limbs> Multiply(const Wide<limbs>& a, const Wide<limbs>& b) {
     if (a.sign == 0 || b.sign == 0) return {};
     std::array<std::uint64_t, 2 * limbs> product = {};
     for (std::size_t i = 0; i < limbs; ++i) {
@@ -106,7 +106,8 @@ Wide<limbs> Multiply(const Wide<limbs>& a, const Wide<limbs>& b) {
 
 /// The mantissa shifted down by so many bits. The result has one more limb below and one above.
 template <std::size_t limbs>
-std::array<std::uint64_t, limbs + 2> ShiftedDown(const Wide<limbs>& a, std::uint64_t bits) {
+[[nodiscard]] std::array<std::uint64_t, limbs + 2> ShiftedDown(const Wide<limbs>& a,
+                                                               std::uint64_t bits) {
     std::array<std::uint64_t, limbs + 2> result = {};
     const std::size_t whole = bits / 64;
     const int part = static_cast<int>(bits % 64);
@@ -123,7 +124,7 @@ std::array<std::uint64_t, limbs + 2> ShiftedDown(const Wide<limbs>& a, std::uint
 
 /// Exact where the arguments cancel and their exponents are less than 64 apart.
 template <std::size_t limbs>
-Wide<limbs> Add(const Wide<limbs>& a, const Wide<limbs>& b) {
+[[nodiscard]] Wide<limbs> Add(const Wide<limbs>& a, const Wide<limbs>& b) {
     if (a.sign == 0) return b;
     if (b.sign == 0) return a;
     if (a.exponent < b.exponent) return Add(b, a);
@@ -152,7 +153,7 @@ Wide<limbs> Add(const Wide<limbs>& a, const Wide<limbs>& b) {
 }
 
 template <std::size_t limbs>
-Wide<limbs> Subtract(const Wide<limbs>& a, const Wide<limbs>& b) {
+[[nodiscard]] Wide<limbs> Subtract(const Wide<limbs>& a, const Wide<limbs>& b) {
     return Add(a, Negate(b));
 }
 
@@ -167,7 +168,7 @@ struct LimbDivisor {
 
     /// The quotient of the two limbs (upper, lower) by the divisor, for upper below the divisor.
     /// lower becomes the remainder.
-    std::uint64_t Divide(std::uint64_t upper, std::uint64_t& lower) const {
+    [[nodiscard]] std::uint64_t Divide(std::uint64_t upper, std::uint64_t& lower) const {
         const TwoLimbs guess = static_cast<TwoLimbs>(reciprocal) * upper +
                                ((static_cast<TwoLimbs>(upper) << 64) | lower);
         std::uint64_t quotient = static_cast<std::uint64_t>(guess >> 64) + 1;
@@ -187,8 +188,8 @@ struct LimbDivisor {
 
 /// Estimates one digit of a quotient from the first three limbs of the remainder and the first two
 /// of the divisor. The estimate is exact or one too large.
-inline std::uint64_t QuotientDigit(const std::array<std::uint64_t, 3>& rest, LimbDivisor top,
-                                   std::uint64_t next) {
+[[nodiscard]] inline std::uint64_t QuotientDigit(const std::array<std::uint64_t, 3>& rest,
+                                                 LimbDivisor top, std::uint64_t next) {
     std::uint64_t left = rest[1];
     std::uint64_t guess = ~std::uint64_t{0};
     if (rest[2] < top.by) {
@@ -208,7 +209,8 @@ inline std::uint64_t QuotientDigit(const std::array<std::uint64_t, 3>& rest, Lim
 /// rest -= digit b, for the limbs of b from index `from` on. Returns whether the result is
 /// negative.
 template <std::size_t limbs>
-bool TakeOff(std::uint64_t digit, const Wide<limbs>& b, std::size_t from, std::uint64_t* rest) {
+[[nodiscard]] bool TakeOff(std::uint64_t digit, const Wide<limbs>& b, std::size_t from,
+                           std::uint64_t* rest) {
     std::uint64_t borrow = 0;
     std::uint64_t carry = 0;
     for (std::size_t i = from; i <= limbs; ++i) {
@@ -235,7 +237,7 @@ void PutBack(const Wide<limbs>& b, std::size_t from, std::uint64_t* rest) {
 
 /// a / b by Knuth's algorithm D, computed with one limb more than the result has. b is not 0.
 template <std::size_t limbs>
-Wide<limbs> Divide(const Wide<limbs>& a, const Wide<limbs>& b) {
+[[nodiscard]] Wide<limbs> Divide(const Wide<limbs>& a, const Wide<limbs>& b) {
     if (a.sign == 0) return {};
     constexpr std::size_t kQuotient = limbs + 1;
     std::array<std::uint64_t, 2 * limbs + 1> rest = {};
@@ -258,13 +260,13 @@ Wide<limbs> Divide(const Wide<limbs>& a, const Wide<limbs>& b) {
 }
 
 template <std::size_t limbs>
-Wide<limbs> PlusInteger(const Wide<limbs>& a, double k) {
+[[nodiscard]] Wide<limbs> PlusInteger(const Wide<limbs>& a, double k) {
     return k == 0 ? a : Add(a, WideOf<limbs>(k));
 }
 
 /// The value without the factor 2^exponent, as a double-double between 1/2 and 1 in magnitude.
 template <std::size_t limbs>
-DoubleDouble FractionOf(const Wide<limbs>& a) {
+[[nodiscard]] DoubleDouble FractionOf(const Wide<limbs>& a) {
     if (a.sign == 0) return {};
     constexpr std::uint64_t kLow = (std::uint64_t{1} << 11) - 1;
     const std::uint64_t top = a.digits[limbs - 1];
@@ -277,7 +279,7 @@ DoubleDouble FractionOf(const Wide<limbs>& a) {
 
 /// The nearest double; infinite or 0 where the value is out of range.
 template <std::size_t limbs>
-double ToDouble(const Wide<limbs>& a) {
+[[nodiscard]] double ToDouble(const Wide<limbs>& a) {
     constexpr std::int64_t kBeyond = 2000;
     const std::int64_t exponent = a.exponent > kBeyond    ? kBeyond
                                   : a.exponent < -kBeyond ? -kBeyond

@@ -23,7 +23,7 @@ struct PiecewiseTable {
 
 /// The number of the quarter of an octave that a positive number lies in. Only differences of such
 /// numbers are meaningful.
-inline std::size_t PieceOf(double x) {
+[[nodiscard]] inline std::size_t PieceOf(double x) {
     constexpr int kMantissaBitsBeyondTwo = 50;
     return static_cast<std::size_t>(std::bit_cast<std::uint64_t>(x) >> kMantissaBitsBeyondTwo);
 }
@@ -31,7 +31,7 @@ inline std::size_t PieceOf(double x) {
 /// c[0] + c[1] h + c[2] h^2 + ..., with the even and the odd powers summed separately, so that the
 /// two sums can run in parallel.
 template <std::size_t Count>
-double InTwoChains(const double* c, double h) {
+[[nodiscard]] double InTwoChains(const double* c, double h) {
     constexpr std::size_t kLast = Count - 1;
     const double square = h * h;
     double even = c[kLast - kLast % 2];
@@ -45,7 +45,7 @@ double InTwoChains(const double* c, double h) {
 
 /// The function at x.high + x.low. x.high lies in the range of the table.
 template <std::size_t Rows, std::size_t Width>
-DoubleDouble AtPiece(const PiecewiseTable<Rows, Width>& table, DoubleDouble x) {
+[[nodiscard]] DoubleDouble AtPiece(const PiecewiseTable<Rows, Width>& table, DoubleDouble x) {
     const double(&c)[Width] = table.rows[PieceOf(x.high) - PieceOf(table.from)];
     const double h = x.high - c[0];  // exact: both lie in one quarter of an octave
     const double curve = InTwoChains<Width - 5>(c + 5, h);

@@ -9,7 +9,7 @@ namespace kalvex::specfun {
 /// constant coefficient. The error of the result is little more than the rounding error of the last
 /// addition.
 template <std::size_t N>
-double Polynomial(const double (&c)[N], double h) {
+[[nodiscard]] double Polynomial(const double (&c)[N], double h) {
     double sum = c[N - 1];
     for (std::size_t i = N - 2; i >= 2; --i)
         sum = c[i] + h * sum;

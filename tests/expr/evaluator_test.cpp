@@ -252,7 +252,7 @@ TEST(EvaluateExpression, KeepsTheCodeOfTheFirstFailure) {
 TEST(EvaluateExpression, LeavesAnEarlierErrorAlone) {
     const CompiledExpression expression = CompileExpression(u"1/x");
     EvalError = 17;
-    EvaluateExpression(expression, 0.0);
+    static_cast<void>(EvaluateExpression(expression, 0.0));
     EXPECT_EQ(EvalError, 17);
     EvalError = 0;
 }

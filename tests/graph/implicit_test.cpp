@@ -166,7 +166,7 @@ TEST(Implicit, TellsItsProgressAndStops) {
     EXPECT_EQ(stopped.runs.size(), 148u) << "the 50th stretch comes with row 147";
     told = -1000;
     next = 0;
-    ImplicitPixels(CompileExpression(u"x*0+0*x"), viewport, {9, 8, 7}, watch);
+    static_cast<void>(ImplicitPixels(CompileExpression(u"x*0+0*x"), viewport, {9, 8, 7}, watch));
     EXPECT_EQ(next, 299 * 100 / 300 + 1) << "just short of the right edge";
 }
 

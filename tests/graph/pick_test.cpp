@@ -461,7 +461,7 @@ TEST(Modes, SurviveEveryWindowAndSize) {
                 graph.Run(command);
                 graph.Tap(0, size.height);
                 graph.Tap(size.width, 0);
-                OverlayOf(graph.state, graph.functions, Options{});
+                static_cast<void>(OverlayOf(graph.state, graph.functions, Options{}));
                 PanByTenths(graph.state, 1, 1);
                 EnterNormalMode(graph.state);
             }

@@ -13,9 +13,9 @@ struct AiryPair {
 
 /// Ai and Ai' for y from -13 to 13. The relative error of the value is below 2^-60, that of the
 /// derivative is some units in the last place of a double; for negative y relative to the modulus.
-AiryPair AiryAiPair(DoubleDouble y);
+[[nodiscard]] AiryPair AiryAiPair(DoubleDouble y);
 
 /// Bi and Bi', under the same conditions.
-AiryPair AiryBiPair(DoubleDouble y);
+[[nodiscard]] AiryPair AiryBiPair(DoubleDouble y);
 
 }  // namespace kalvex::specfun

@@ -16,7 +16,7 @@ struct Roots {
 };
 
 /// For x of 1 or more.
-inline Roots RootsOf(double x) {
+[[nodiscard]] inline Roots RootsOf(double x) {
     const double root = std::sqrt(x);
     const double inverse = 1 / std::sqrt(root);
     const double square = inverse * inverse;
@@ -31,7 +31,7 @@ inline Roots RootsOf(double x) {
 /// 2/3 x^(3/2), relative error below 2^-102. The result is not normalised: its low part may be two
 /// units in the last place of the high part. So the exponential function of the high part need not
 /// wait for it.
-inline DoubleDouble ZetaOf(double x, const Roots& roots) {
+[[nodiscard]] inline DoubleDouble ZetaOf(double x, const Roots& roots) {
     const DoubleDouble power = TwoProduct(x, roots.root.high);
     const DoubleDouble zeta = TwoProduct(power.high, kTwoThirds.high);
     const double rest = power.low + x * roots.root.low;

@@ -14,6 +14,6 @@ struct ReducedAngle {
 
 /// 2/3 x^(3/2) + pi/4 for finite x of 1 or more. The error of the rest is below 2^-130 plus 2^-100
 /// of it. Takes a quarter of a microsecond for 1e10, two at the end of the range.
-ReducedAngle TurnedPhase(double x);
+[[nodiscard]] ReducedAngle TurnedPhase(double x);
 
 }  // namespace kalvex::specfun

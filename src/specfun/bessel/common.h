@@ -15,7 +15,7 @@ struct SplitOrder {
     int whole;
     double part;
 };
-SplitOrder Split(double order);
+[[nodiscard]] SplitOrder Split(double order);
 
 /// 2/x = scale 2^exponent for x > 0, where exponent is at least 0: scale is below 1 for small x,
 /// and exponent is 0 for large ones.
@@ -24,7 +24,7 @@ struct Step {
     int exponent;
     double back;  ///< 2^(-2 exponent)
 };
-Step StepOf(double x);
+[[nodiscard]] Step StepOf(double x);
 
 /// A function at two neighbouring orders. `next` has one more factor 2^exponent of a Step than
 /// `at`.
@@ -34,7 +34,7 @@ struct OrderPair {
 };
 
 /// scale (k + part), for whole k.
-inline DoubleDouble FactorAt(DoubleDouble scale, double k, double part) {
+[[nodiscard]] inline DoubleDouble FactorAt(DoubleDouble scale, double k, double part) {
     const DoubleDouble order = TwoSum(k, part);
     const double product = scale.high * order.high;
     return {product, std::fma(scale.high, order.high, -product) +
@@ -42,7 +42,8 @@ inline DoubleDouble FactorAt(DoubleDouble scale, double k, double part) {
 }
 
 /// factor f - before: one step of a recurrence.
-inline DoubleDouble RecurrenceStep(DoubleDouble factor, DoubleDouble f, DoubleDouble before) {
+[[nodiscard]] inline DoubleDouble RecurrenceStep(DoubleDouble factor, DoubleDouble f,
+                                                 DoubleDouble before) {
     const DoubleDouble product = TwoProduct(factor.high, f.high);
     const DoubleDouble sum = TwoSum(product.high, -before.high);
     const double error = factor.low * f.high + product.low - before.low + sum.low;
@@ -50,26 +51,26 @@ inline DoubleDouble RecurrenceStep(DoubleDouble factor, DoubleDouble f, DoubleDo
 }
 
 /// The pair order.whole steps higher, by f(k+1) = 2k/x f(k) - sign f(k-1).
-OrderPair Upward(OrderPair pair, SplitOrder order, const Step& step, double sign);
+[[nodiscard]] OrderPair Upward(OrderPair pair, SplitOrder order, const Step& step, double sign);
 
 /// 1/Gamma(1 + part) = even + part odd and 1/Gamma(1 - part) = even - part odd, |part| <= 1/2.
 struct ReciprocalGamma {
     DoubleDouble even;
     DoubleDouble odd;
 };
-ReciprocalGamma ReciprocalGammaParts(double part);
+[[nodiscard]] ReciprocalGamma ReciprocalGammaParts(double part);
 
 /// (x/2)^order / Gamma(order + 1), the leading factor of the power series of J and I, for orders
 /// from 0 to 1000.
-Scaled LeadingFactor(double order, double x);
+[[nodiscard]] Scaled LeadingFactor(double order, double x);
 
 /// The sum over k of q^k / (k! (order+1)...(order+k)), the other factor of the power series: of I
 /// for q = x^2/4, of J for q = -x^2/4. For J x^2/4 must be at most order + 1, so that nothing
 /// cancels.
-DoubleDouble PowerSeries(double order, DoubleDouble q);
+[[nodiscard]] DoubleDouble PowerSeries(double order, DoubleDouble q);
 
 /// f(order+1)/f(order) for the minimal solution of f(k+1) = 2k/x f(k) - sign f(k-1), which vanishes
 /// as the order grows: J for sign 1 (order >= x - 1), I for sign -1. x is 2 or more.
-DoubleDouble RatioOfVanishing(double order, double x, double sign);
+[[nodiscard]] DoubleDouble RatioOfVanishing(double order, double x, double sign);
 
 }  // namespace kalvex::specfun

@@ -9,20 +9,20 @@ namespace kalvex::specfun {
 /// large orders give all digits.
 inline constexpr double kRecurrenceEnd = 100;
 
-Scaled OscillatingJ(double order, double x);
-Scaled OscillatingY(double order, double x);
+[[nodiscard]] Scaled OscillatingJ(double order, double x);
+[[nodiscard]] Scaled OscillatingY(double order, double x);
 
 /// ofJ J + ofY Y, for coefficients of magnitude 1 at most.
-Scaled OscillatingSum(double order, double x, DoubleDouble ofJ, DoubleDouble ofY);
+[[nodiscard]] Scaled OscillatingSum(double order, double x, DoubleDouble ofJ, DoubleDouble ofY);
 
 /// Whether x is so far above the order that the expansions for large orders give all digits. The
 /// order may have any value from 0 on.
-bool IsFarBeyond(double order, double x);
+[[nodiscard]] bool IsFarBeyond(double order, double x);
 
 /// J and Y by the expansions for large orders: of orders from kRecurrenceEnd on, and where
 /// IsFarBeyond.
-Scaled LargeOrderJ(double order, double x);
-Scaled LargeOrderY(double order, double x);
+[[nodiscard]] Scaled LargeOrderJ(double order, double x);
+[[nodiscard]] Scaled LargeOrderY(double order, double x);
 
 /// J and Y of an order in -1/2..1/2 and of the next order, and J of an order some steps higher.
 struct LowOrders {
@@ -32,12 +32,12 @@ struct LowOrders {
 };
 
 /// Y of an order in -1/2..1/2 and of the next order, by Neumann series. x is at most 2.
-OrderPair LowYNear(double part, double x, const Step& step);
+[[nodiscard]] OrderPair LowYNear(double part, double x, const Step& step);
 
 /// By Steed's method. The pairs have no power of two. x is from 1 to 64, steps is at most x^2/4.
-LowOrders LowOrdersMiddle(double part, double x, int steps);
+[[nodiscard]] LowOrders LowOrdersMiddle(double part, double x, int steps);
 
 /// By Hankel's expansion. higherJ is 0. x is 22 or more.
-LowOrders LowOrdersFar(double part, double x);
+[[nodiscard]] LowOrders LowOrdersFar(double part, double x);
 
 }  // namespace kalvex::specfun

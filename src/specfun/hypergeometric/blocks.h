@@ -23,7 +23,7 @@ using BlockTable = std::array<std::array<Block, kMostBlocks>, kLanes>;
 
 /// The maps along the same route from four places, at most kMostBlocks * kBlockSteps steps; returns
 /// their number.
-int MapBlocks(const std::array<HypergeometricParameters, kLanes>& from, const Route& route,
-              const Place& place, BlockTable& table);
+[[nodiscard]] int MapBlocks(const std::array<HypergeometricParameters, kLanes>& from,
+                            const Route& route, const Place& place, BlockTable& table);
 
 }  // namespace kalvex::specfun

@@ -20,13 +20,14 @@ struct Traveller {
 };
 
 /// At p, with the value and slope given and their errors.
-Traveller StartOf(const HypergeometricParameters& p, const HypergeometricPoint& point);
+[[nodiscard]] Traveller StartOf(const HypergeometricParameters& p,
+                                const HypergeometricPoint& point);
 
 /// By the straight line to other parameters, kMostShifts steps at most. False when nothing is left
 /// of the value: rounding has outgrown it.
-bool WalkTo(const HypergeometricParameters& to, const Place& place, Traveller& t);
+[[nodiscard]] bool WalkTo(const HypergeometricParameters& to, const Place& place, Traveller& t);
 
 /// What the walk has come to.
-HypergeometricPoint PointOf(const Traveller& t);
+[[nodiscard]] HypergeometricPoint PointOf(const Traveller& t);
 
 }  // namespace kalvex::specfun

@@ -8,7 +8,7 @@
 namespace kalvex::specfun {
 
 /// Si(x)/x - 1 or Shi(x)/x - 1: seven terms of the sum of q^k/((2k+1)(2k+1)!), for |q| up to 1/4.
-inline double SineIntegralSeries(double q) {
+[[nodiscard]] inline double SineIntegralSeries(double q) {
     double sum = 0;
     constexpr double kTerms[] = {18, 600, 35280, 3265920, 439084800, 80951270400, 19615115520000};
     for (int k = 6; k >= 0; --k)
@@ -18,7 +18,7 @@ inline double SineIntegralSeries(double q) {
 
 /// Ci or Chi for 0 < x <= 1/2: the logarithm, Euler's constant and six terms of the sum of q^k/(2k
 /// (2k)!).
-inline double CosineIntegralNearZero(double x, double q) {
+[[nodiscard]] inline double CosineIntegralNearZero(double x, double q) {
     double sum = 0;
     constexpr double kTerms[] = {4, 96, 4320, 322560, 36288000, 5748019200};
     for (int k = 5; k >= 0; --k)

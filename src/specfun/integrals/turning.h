@@ -8,7 +8,7 @@
 namespace kalvex::specfun {
 
 /// 1/x as a double-double. Neither x nor 1/x is next to the ends of the range.
-inline DoubleDouble Inverse(DoubleDouble x) {
+[[nodiscard]] inline DoubleDouble Inverse(DoubleDouble x) {
     const double quotient = 1 / x.high;
     return {quotient, (std::fma(-quotient, x.high, 1) - quotient * x.low) * quotient};
 }
@@ -18,7 +18,7 @@ inline DoubleDouble Inverse(DoubleDouble x) {
 /// because other^2 is. This matters where the larger one is near 1, which is where the integrals
 /// have their extrema: there the condition number is 0, and the rounding of the value would be the
 /// whole error.
-inline DoubleDouble LargerOfTwo(double value, double other) {
+[[nodiscard]] inline DoubleDouble LargerOfTwo(double value, double other) {
     if (std::fabs(value) < std::fabs(other)) return {value, 0};
     const double missing = other * other / (1 + std::fabs(value));
     const DoubleDouble larger = QuickTwoSum(1, -missing);

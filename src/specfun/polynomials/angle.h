@@ -16,7 +16,7 @@ struct Angle {
 };
 
 /// arccos(x) for 0 <= x <= 1.
-Angle AngleOf(double x);
+[[nodiscard]] Angle AngleOf(double x);
 
 /// A phase beyond this magnitude is refused. Its error would be above 2^-49 and would reach the
 /// digits of the polynomial.
@@ -29,16 +29,16 @@ struct CosineSinePair {
 
 /// Cosine and sine of quarters pi/2 + phase, for |phase| up to kLargestPhase. The error of the
 /// reduced angle is 2^-104 of the phase; relative errors beyond that are below 2^-58.
-CosineSinePair CosineSineAt(DoubleDouble phase, int quarters);
+[[nodiscard]] CosineSinePair CosineSineAt(DoubleDouble phase, int quarters);
 
 /// eta = arcosh(x) for 1 <= x <= 2^100 and sinh(eta), with relative errors below 2^-90.
 struct HyperbolicAngle {
     DoubleDouble angle;
     DoubleDouble sine;
 };
-HyperbolicAngle HyperbolicAngleOf(double x);
+[[nodiscard]] HyperbolicAngle HyperbolicAngleOf(double x);
 
 /// The remainder of n by 4; n integral, from 0.
-int QuartersOf(double n);
+[[nodiscard]] int QuartersOf(double n);
 
 }  // namespace kalvex::specfun

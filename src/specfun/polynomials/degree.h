@@ -10,7 +10,7 @@ namespace kalvex::specfun {
 
 /// Returns the degree, of any magnitude. Throws "Domain error in NAME" for a degree that is not
 /// integral or is below `least`.
-inline double IntegralDegree(double degree, double least, const char* name) {
+[[nodiscard]] inline double IntegralDegree(double degree, double least, const char* name) {
     if (!std::isfinite(degree) || std::floor(degree) != degree || degree < least) {
         throw ap::ap_error{std::string("Domain error in ") + name};
     }

@@ -12,6 +12,6 @@ inline constexpr double kLeastLargeLaguerre = 600;
 /// sqrt((4n+2) x) is above 1e15, which takes a degree above 1e26. The error before the final
 /// rounding is below 2^-58 of the local amplitude plus the effect of a change of x by 2^-95; 1 to
 /// 10 us.
-double LargeLaguerre(double n, double x);
+[[nodiscard]] double LargeLaguerre(double n, double x);
 
 }  // namespace kalvex::specfun

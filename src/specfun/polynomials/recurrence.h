@@ -38,13 +38,13 @@ inline void KeepInRange(Neighbours& p) {
 
 /// Returns the value, with a zero made positive. Throws "Overflow in NAME" where the value is not
 /// finite.
-inline double Finite(const char* name, double value) {
+[[nodiscard]] inline double Finite(const char* name, double value) {
     if (!std::isfinite(value)) throw ap::ap_error{std::string("Overflow in ") + name};
     return value + 0.0;
 }
 
 /// The value of `now`, with its power of two.
-inline double Finite(const char* name, const Neighbours& p) {
+[[nodiscard]] inline double Finite(const char* name, const Neighbours& p) {
     const double value = ToDouble(p.now);
     return Finite(name, p.exponent == 0 ? value : std::ldexp(value, p.exponent));
 }
@@ -52,7 +52,7 @@ inline double Finite(const char* name, const Neighbours& p) {
 /// The exponent of the power of two that scales a tiny x to 2^-100, 0 for any other x. At such x a
 /// polynomial of odd degree is linear and one of even degree constant, so that scaling loses
 /// nothing, and no step meets denormal numbers.
-inline int TinyBits(double x) {
+[[nodiscard]] inline int TinyBits(double x) {
     constexpr double kTiny = 0x1p-200;
     constexpr int kBitsBelow = 100;
     if (!(std::fabs(x) < kTiny) || x == 0) return 0;
