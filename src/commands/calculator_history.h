@@ -30,6 +30,7 @@ std::optional<std::u16string> OlderLine(CalculatorHistory& history, std::u16stri
 
 /// The entry after the present one; after the last entry the line being typed, and after that
 /// nothing.
-std::optional<std::u16string> NewerLine(CalculatorHistory& history, std::u16string_view shown);
+[[nodiscard]] std::optional<std::u16string> NewerLine(CalculatorHistory& history,
+                                                      std::u16string_view shown);
 
 }  // namespace kalvex

@@ -26,19 +26,19 @@ struct OptionsInput {
 };
 
 /// The state of the control of an option.
-ControlState& ControlOf(OptionsInput& input, const OptionField& field);
-const ControlState& ControlOf(const OptionsInput& input, const OptionField& field);
+[[nodiscard]] ControlState& ControlOf(OptionsInput& input, const OptionField& field);
+[[nodiscard]] const ControlState& ControlOf(const OptionsInput& input, const OptionField& field);
 
 /// The dialog as it opens. A number that a list does not offer (a damaged store) leaves the list
 /// without a chosen entry.
-OptionsInput InputOf(const Options& options);
+[[nodiscard]] OptionsInput InputOf(const Options& options);
 
 /// The kind of grid for the two boxes: 0 without a grid, whatever the second box says.
-std::uint8_t GridKindOf(bool grid, bool polarGrid);
+[[nodiscard]] std::uint8_t GridKindOf(bool grid, bool polarGrid);
 
 /// Whether a range of parameters can be taken: its minimum is below its maximum, and neither is
 /// not-a-number.
-bool IsParameterRange(double minParam, double maxParam);
+[[nodiscard]] bool IsParameterRange(double minParam, double maxParam);
 
 /// `Save`: takes check boxes and lists into `options` and stores them one by one, then takes the
 /// range of parameters. A refused range gives the reason; everything else has been taken and stored

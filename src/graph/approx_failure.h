@@ -18,14 +18,14 @@ struct ApproxFailure {
 };
 
 /// The lines that a redraw writes to standard error: those of each failure, in slot order.
-std::string FailureLines(std::span<const ApproxFailure> failures);
+[[nodiscard]] std::string FailureLines(std::span<const ApproxFailure> failures);
 
 /// The message box of a diagnostic that has one of its own. The diagnostic must have one.
-MessageBox OwnBox(const Diagnostic& diagnostic);
+[[nodiscard]] MessageBox OwnBox(const Diagnostic& diagnostic);
 
 /// The message boxes that Draw shows once, however often the picture is redrawn: first those of the
 /// diagnostics that have one of their own, then one that names all functions concerned and the
 /// reasons. Empty without a failure.
-std::vector<MessageBox> FailureBoxes(std::span<const ApproxFailure> failures);
+[[nodiscard]] std::vector<MessageBox> FailureBoxes(std::span<const ApproxFailure> failures);
 
 }  // namespace kalvex

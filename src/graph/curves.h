@@ -25,8 +25,8 @@ struct SampleRun {
 /// The unbroken runs of a curve y(x), those of fewer than two samples left out. A run ends where
 /// the row jumps by more than five client heights and at an unplotted sample (pixel (0, 0)); the
 /// last sample before a break belongs to no run.
-std::vector<SampleRun> PolylineRuns(std::span<const CurveSample> samples,
-                                    std::int32_t clientHeight);
+[[nodiscard]] std::vector<SampleRun> PolylineRuns(std::span<const CurveSample> samples,
+                                                  std::int32_t clientHeight);
 
 /// Draws the runs of a sampled curve y(x). A piece with an end whose position is not-a-number is
 /// left out: the conversion to pixels gives such a position an arbitrary pixel, so the piece would
@@ -40,11 +40,12 @@ void DrawJoined(std::span<const CurveSample> samples, std::span<const std::uint8
                 const Viewport& viewport, const Pen& pen, DrawList& list);
 
 /// Whether the pixel position of a world point is a number.
-bool HasPosition(const ViewWindow& view, double x, double y);
+[[nodiscard]] bool HasPosition(const ViewWindow& view, double x, double y);
 
 /// y = f(x): one sample per pixel column. Plotted samples have a defined value and a defined right
 /// neighbour; the others have pixel (0, 0).
-SampleCache SampleDecart(const CompiledExpression& expression, const Viewport& viewport);
+[[nodiscard]] SampleCache SampleDecart(const CompiledExpression& expression,
+                                       const Viewport& viewport);
 
 /// Refills the entry's cache and draws it.
 void PlotDecart(FunctionEntry& entry, const Viewport& viewport, const Pen& pen, DrawList& list);
@@ -68,7 +69,8 @@ inline constexpr auto kNoValueStatus = static_cast<std::int32_t>(EvalCode::NoVal
 /// neighbour; drawable is a value that is not undefined and below 2^31 in magnitude. Fails when the
 /// method cannot be used with these points: all samples are undefined then. Long work tells its
 /// progress; when it is stopped, what has no value yet stays undefined.
-Failure plotFileFunction(FunctionEntry& entry, const Viewport& viewport, const Pen& pen,
-                         const WorkProgress& progress, DrawList& list);
+[[nodiscard]] Failure plotFileFunction(FunctionEntry& entry, const Viewport& viewport,
+                                       const Pen& pen, const WorkProgress& progress,
+                                       DrawList& list);
 
 }  // namespace kalvex

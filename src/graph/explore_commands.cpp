@@ -47,7 +47,8 @@ std::optional<PictureChange> RunExploreCommand(GraphState& state, const Function
             EnterCentreMode(state, ZoomDirection::Out);
             return PictureChange::Overlay;
         case CommandId::ZoomAuto:
-            AutoZoom(state.viewport, functions, show);
+            // When no bounds can be found, `show` has said so and the window stays as it is.
+            static_cast<void>(AutoZoom(state.viewport, functions, show));
             return LaidOut(state);
         case CommandId::ZoomPre:
             RestorePrevious(state.viewport);

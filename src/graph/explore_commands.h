@@ -10,8 +10,10 @@ namespace kalvex {
 
 /// Runs a command of the Zoom or QUICK submenu that needs no dialog, or `Trace`. Automatic zoom and
 /// the fixed windows leave the mode as it is. Returns nothing for any other command.
-std::optional<PictureChange> RunExploreCommand(GraphState& state, const FunctionList& functions,
-                                               CommandId command, const ShowMessage& show);
+[[nodiscard]] std::optional<PictureChange> RunExploreCommand(GraphState& state,
+                                                             const FunctionList& functions,
+                                                             CommandId command,
+                                                             const ShowMessage& show);
 
 /// Zooms about a pixel at once, without a mode in which the user picks the point. The popup of the
 /// full-screen mode does this. Saves the present window as the previous one, then returns to normal

@@ -16,9 +16,9 @@ void DrawLegend(const Viewport& viewport, const FunctionList& functions, const O
 
 /// The text that stands for a function: its line, or for a `File` the part behind the last slash or
 /// backslash. It is cut to `limit` UTF-16 units, but never within a surrogate pair.
-std::u16string DisplayText(const FunctionEntry& entry, std::size_t limit);
+[[nodiscard]] std::u16string DisplayText(const FunctionEntry& entry, std::size_t limit);
 
 /// Whether a slot is drawn: selected and of a known type.
-bool IsDrawn(const FunctionEntry& entry);
+[[nodiscard]] bool IsDrawn(const FunctionEntry& entry);
 
 }  // namespace kalvex

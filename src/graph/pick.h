@@ -34,22 +34,24 @@ void EnterCentreMode(GraphState& state, ZoomDirection direction);
 
 /// Starts the trace at the cursor's present sample. Changes nothing and returns false when no
 /// function can be traced.
-bool EnterTraceMode(GraphState& state, const FunctionList& functions);
+[[nodiscard]] bool EnterTraceMode(GraphState& state, const FunctionList& functions);
 
 /// The window's title in the present mode: "Kalvex", a prompt, or the trace function's text.
-std::u16string TitleOf(const GraphState& state, const FunctionList& functions);
+[[nodiscard]] std::u16string TitleOf(const GraphState& state, const FunctionList& functions);
 
 /// Rows of the two bands of trace mode: the highest and the lowest sixth of the picture.
-std::int32_t UpperBandEnd(const Viewport& viewport);
-std::int32_t LowerBandStart(const Viewport& viewport);
+[[nodiscard]] std::int32_t UpperBandEnd(const Viewport& viewport);
+[[nodiscard]] std::int32_t LowerBandStart(const Viewport& viewport);
 
 /// A pen, a finger or the left button comes down at a pixel, moves, is lifted. In box mode the
 /// first corner is where it comes down first; the second one is where the next tap, or the same
 /// drag when it is long enough, ends. In centre mode lifting zooms.
-PictureChange PressPointer(GraphState& state, const FunctionList& functions, PixelPoint at);
-PictureChange MovePointer(GraphState& state, const FunctionList& functions, PixelPoint at);
-PictureChange LiftPointer(GraphState& state, const FunctionList& functions, PixelPoint at,
-                          const ShowMessage& show);
+[[nodiscard]] PictureChange PressPointer(GraphState& state, const FunctionList& functions,
+                                         PixelPoint at);
+[[nodiscard]] PictureChange MovePointer(GraphState& state, const FunctionList& functions,
+                                        PixelPoint at);
+[[nodiscard]] PictureChange LiftPointer(GraphState& state, const FunctionList& functions,
+                                        PixelPoint at, const ShowMessage& show);
 
 /// Forgets a pointer that is down without picking anything: a popup opens, or a second finger comes
 /// down.
@@ -62,6 +64,6 @@ void KeepCursorOnPicture(GraphState& state);
 PictureChange MoveCursorBy(GraphState& state, std::int32_t columns, std::int32_t rows);
 
 /// Picks the cursor's pixel as a tap there would.
-PictureChange PickAtCursor(GraphState& state, const ShowMessage& show);
+[[nodiscard]] PictureChange PickAtCursor(GraphState& state, const ShowMessage& show);
 
 }  // namespace kalvex

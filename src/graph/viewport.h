@@ -30,13 +30,14 @@ void LayoutViewport(Viewport& viewport, std::int32_t clientWidth, std::int32_t c
 void LayoutViewport(Viewport& viewport);
 
 /// Pixel column of a world x (truncated toward zero, saturated, 0 for not-a-number).
-std::int32_t WorldToScreenX(const ViewWindow& view, double x);
+[[nodiscard]] std::int32_t WorldToScreenX(const ViewWindow& view, double x);
 
 /// Pixel row of a world y.
-std::int32_t WorldToScreenY(const ViewWindow& view, double y);
+[[nodiscard]] std::int32_t WorldToScreenY(const ViewWindow& view, double y);
 
 /// World point of a pixel, interpolated between the bounds.
-WorldPoint ScreenToWorld(const Viewport& viewport, std::int32_t column, std::int32_t row);
+[[nodiscard]] WorldPoint ScreenToWorld(const Viewport& viewport, std::int32_t column,
+                                       std::int32_t row);
 
 /// Copies the whole record into PreviousWindow.
 void SaveAsPrevious(Viewport& viewport);

@@ -13,13 +13,13 @@ void ZoomAbout(Viewport& viewport, const WorldPoint& centre, ZoomDirection direc
 
 /// Makes the bounds of two opposite corners. Changes nothing and returns false when the corners
 /// have the same x or the same y, or a coordinate that is not finite.
-bool ZoomToBox(Viewport& viewport, const WorldPoint& first, const WorldPoint& second);
+[[nodiscard]] bool ZoomToBox(Viewport& viewport, const WorldPoint& first, const WorldPoint& second);
 
 /// Multiplies the extents of the window by factors; the world point at a pixel stays there. An axis
 /// keeps its bounds when the new ones would be infinite, not-a-number or equal.
 void ZoomAtPixel(Viewport& viewport, const PixelPoint& fixed, double extentX, double extentY);
 
 /// Middle pixel of the client area.
-PixelPoint MiddleOf(const Viewport& viewport);
+[[nodiscard]] PixelPoint MiddleOf(const Viewport& viewport);
 
 }  // namespace kalvex

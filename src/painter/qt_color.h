@@ -7,7 +7,7 @@
 
 namespace kalvex {
 
-inline QColor ToQColor(const Rgb& color) {
+[[nodiscard]] inline QColor ToQColor(const Rgb& color) {
     return QColor(color.red, color.green, color.blue);
 }
 

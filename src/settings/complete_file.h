@@ -12,9 +12,10 @@ namespace kalvex {
 /// been written. A device or a pipe is written to directly and never replaced. False when anything
 /// failed, for example when the folder does not allow files to be replaced; the old file stays
 /// then.
-bool WriteCompleteFile(const QString& path, const std::function<bool(QIODevice& file)>& write);
+[[nodiscard]] bool WriteCompleteFile(const QString& path,
+                                     const std::function<bool(QIODevice& file)>& write);
 
 /// Writes the given bytes in the same way.
-bool WriteCompleteFile(const QString& path, std::string_view bytes);
+[[nodiscard]] bool WriteCompleteFile(const QString& path, std::string_view bytes);
 
 }  // namespace kalvex

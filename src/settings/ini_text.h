@@ -23,10 +23,11 @@ struct IniText {
 };
 
 /// The value of a name, or null.
-const IniValue* FindIniValue(const IniText& ini, std::string_view section, std::string_view name);
+[[nodiscard]] const IniValue* FindIniValue(const IniText& ini, std::string_view section,
+                                           std::string_view name);
 
 /// Whether a section has any value.
-bool HasIniSection(const IniText& ini, std::string_view section);
+[[nodiscard]] bool HasIniSection(const IniText& ini, std::string_view section);
 
 /// Changes a value, whose name keeps its spelling, or adds one at the end.
 void SetIniValue(IniText& ini, std::string_view section, std::string_view name,
@@ -34,9 +35,9 @@ void SetIniValue(IniText& ini, std::string_view section, std::string_view name,
 
 /// Reads any bytes. A line that is neither a section, a value nor a comment (";" or "#") is
 /// skipped. When a name is repeated, its last value counts.
-IniText ReadIni(std::string_view bytes);
+[[nodiscard]] IniText ReadIni(std::string_view bytes);
 
 /// The whole text, sections in the order of their first value. Comments are not kept.
-std::string WriteIni(const IniText& ini);
+[[nodiscard]] std::string WriteIni(const IniText& ini);
 
 }  // namespace kalvex

@@ -40,6 +40,6 @@ struct Registry {
 bool WriteTogether(const Registry& registry, const std::function<bool()>& writes);
 
 /// The form of a name that is used for comparisons: ASCII letters in lower case.
-std::string FoldedName(std::string_view name);
+[[nodiscard]] std::string FoldedName(std::string_view name);
 
 }  // namespace kalvex

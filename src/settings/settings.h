@@ -35,7 +35,7 @@ bool StoreView(const Registry& registry, const ViewWindow& view, const Options& 
 bool StoreFunctionSettings(const Registry& registry, const FunctionList& functions);
 
 /// Stores one line's text under `equ` (cut to 50 UTF-16 units). Slot index 0..8.
-bool StoreFunctionText(const Registry& registry, int slot, std::u16string_view text);
+[[nodiscard]] bool StoreFunctionText(const Registry& registry, int slot, std::u16string_view text);
 
 /// Stores the texts of slots 1 to 9; stops at the first failure.
 bool StoreFunctionTexts(const Registry& registry, const EditorLines& lines);

@@ -15,7 +15,7 @@ namespace kalvex {
 inline constexpr std::size_t kStoredUnits = 50;
 
 /// Whether a text and its terminating zero fit into what is stored.
-constexpr bool IsStoredWhole(std::u16string_view text) {
+[[nodiscard]] constexpr bool IsStoredWhole(std::u16string_view text) {
     return text.size() < kStoredUnits;
 }
 
@@ -39,7 +39,7 @@ inline constexpr std::array<ViewValue, 6> kViewValues = {{
 }};
 
 /// The function key of a slot index 0..8: "1" to "9".
-inline std::string SlotKey(int slot) {
+[[nodiscard]] inline std::string SlotKey(int slot) {
     return std::string(1, static_cast<char>('1' + slot));
 }
 

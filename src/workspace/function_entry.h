@@ -94,7 +94,7 @@ inline constexpr std::array<NamedColor, 9> kColorTable = {{
 }};
 
 /// The colour of an index 1..9; black for any other index.
-constexpr Rgb ColorOf(std::int32_t color) {
+[[nodiscard]] constexpr Rgb ColorOf(std::int32_t color) {
     return color >= 1 && color <= 9 ? kColorTable[static_cast<std::size_t>(color - 1)].rgb : Rgb{};
 }
 

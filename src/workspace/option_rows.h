@@ -173,7 +173,7 @@ inline constexpr std::array kOptionRows = std::to_array<OptionRow>({
 });
 
 /// The place of an option in the table; the size of the table for a field that has no row.
-constexpr std::size_t OptionIndex(const OptionField& field) {
+[[nodiscard]] constexpr std::size_t OptionIndex(const OptionField& field) {
     std::size_t index = 0;
     while (index < kOptionRows.size() && kOptionRows[index].field != field)
         ++index;
@@ -182,28 +182,28 @@ constexpr std::size_t OptionIndex(const OptionField& field) {
 
 /// The rows that have a place in one of the orders, in that order.
 /// @param placeOf the place of a row (1, 2, ...), 0 for a row that is not in the order
-std::vector<const OptionRow*> RowsInOrder(int (*placeOf)(const OptionRow& row));
+[[nodiscard]] std::vector<const OptionRow*> RowsInOrder(int (*placeOf)(const OptionRow& row));
 
-inline int PlaceInSave(const OptionRow& row) {
+[[nodiscard]] inline int PlaceInSave(const OptionRow& row) {
     return row.saved;
 }
-inline int PlaceInDialog(const OptionRow& row) {
+[[nodiscard]] inline int PlaceInDialog(const OptionRow& row) {
     return row.control.place;
 }
-inline int PlaceInTool(const OptionRow& row) {
+[[nodiscard]] inline int PlaceInTool(const OptionRow& row) {
     return row.tool.place;
 }
 
 /// The value of an option as a number.
-double ValueOf(const Options& options, const OptionRow& row);
+[[nodiscard]] double ValueOf(const Options& options, const OptionRow& row);
 
 /// The whole number that is stored for an option: its value cut to 32 bits.
-std::int32_t StoredNumberOf(const Options& options, const OptionRow& row);
+[[nodiscard]] std::int32_t StoredNumberOf(const Options& options, const OptionRow& row);
 
 /// Sets an option. The value must fit into its field.
 void SetValue(Options& options, const OptionRow& row, double value);
 
 /// The text of a list entry: "2 pi", "14 pt".
-std::u16string ChoiceText(const OptionChoice& choice);
+[[nodiscard]] std::u16string ChoiceText(const OptionChoice& choice);
 
 }  // namespace kalvex

@@ -27,12 +27,12 @@ inline constexpr std::int32_t kWidestPen = 64;     ///< largest `Wight` that is 
 inline constexpr std::int32_t kTallestText = 200;  ///< largest `TextSize` that is drawn
 
 /// The width of the pen for `Wight`, 1 to kWidestPen pixels. The stored number may be any.
-constexpr std::int32_t PenWidthOf(const Options& options) {
+[[nodiscard]] constexpr std::int32_t PenWidthOf(const Options& options) {
     return std::clamp<std::int32_t>(options.Wight, 1, kWidestPen);
 }
 
 /// The height of the texts for `TextSize`, 1 to kTallestText pixels. The stored number may be any.
-constexpr std::int32_t TextHeightOf(const Options& options) {
+[[nodiscard]] constexpr std::int32_t TextHeightOf(const Options& options) {
     return std::clamp<std::int32_t>(options.TextSize, 1, kTallestText);
 }
 

@@ -48,7 +48,7 @@ TEST(PrepareFunctions, EndsSilentlyWhenALineCannotBeStored) {
     for (int slot = 1; slot <= 9; ++slot) {
         for (const char* operation : {"open ", "writeText "}) {
             FunctionList functions = DefaultWorkspace().functions;
-            functions[8].selected = 1;  // empty: would show a box
+            functions[8].selected = 1;  // an empty selected line: checking it would show a box
             const FaultyRegistry faulty = MakeFilledRegistry();
             const std::string key = std::to_string(slot) + "/";
             const bool opening = operation == std::string("open ");

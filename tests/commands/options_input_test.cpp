@@ -183,7 +183,7 @@ struct GridRow {
     std::uint8_t after;
 };
 
-// In the first three rows no box has been changed.
+// In the first three rows nothing was changed in the dialog.
 constexpr GridRow kGridRows[] = {
     {0, false, false, 0}, {1, true, false, 1},  {2, true, true, 2},   {0, false, true, 0},
     {0, true, false, 1},  {0, true, true, 2},   {1, false, false, 0}, {1, false, true, 0},
@@ -282,8 +282,7 @@ TEST(IsParameterRange, LetsNoNanThrough) {
     EXPECT_FALSE(IsParameterRange(-0.0, 0.0));
 }
 
-// KEEP: a range is taken from its text, which has six decimals. Fails when a field that was not
-// edited keeps more digits.
+// KEEP: the range is read back from its text of six decimals, even if its fields were not edited.
 TEST(SaveOptions, RoundsAnUntouchedRange) {
     FaultyRegistry store = MakeFilledRegistry();
     Options options;

@@ -11,7 +11,7 @@
 namespace kalvex {
 namespace {
 
-/// Boxes that were shown; questions are answered from a list.
+/// Records the boxes that are shown and answers their questions from a list.
 struct Shown {
     std::vector<MessageBox> boxes;
     std::vector<MessageAnswer> answers;
@@ -33,7 +33,7 @@ class FileLines : public testing::Test {
         std::error_code ignored;
         std::filesystem::remove_all(folder, ignored);
     }
-    /// A selected File line in a slot, with a file of so many points.
+    /// Puts a selected File line into a slot and writes its file with this number of points.
     void Line(std::size_t slot, int points, std::int32_t approx = 8, std::int32_t terms = 1) {
         const std::string name = "points" + std::to_string(slot) + ".txt";
         std::ofstream file(folder / name);

@@ -38,7 +38,7 @@ inline FunctionEntry MakeEntry(EquationType type, std::u16string_view text,
     return entry;
 }
 
-/// Six pixels per character, one and a half lines high.
+/// A text measure: 6 pixels per character, one and a half times the font height.
 inline TextExtent MeasureFixed(std::u16string_view text, std::int32_t height) {
     return {static_cast<std::int32_t>(text.size()) * 6, height + height / 2};
 }
@@ -58,7 +58,7 @@ struct Size {
 
 inline constexpr Size kExtremeSizes[] = {{0, 0}, {1, 1}, {1, 500}, {240, 268}, {1920, 1080}};
 
-/// Bounds of one axis: some that the dialogs refuse and some that they accept.
+/// Bounds of one axis: huge, tiny, equal, reversed and infinite ones. Dialogs refuse some of them.
 inline const std::vector<std::pair<double, double>>& ExtremeBounds() {
     constexpr double kInfinity = std::numeric_limits<double>::infinity();
     constexpr double kNan = std::numeric_limits<double>::quiet_NaN();

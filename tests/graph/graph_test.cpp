@@ -224,7 +224,7 @@ TEST(Graph, SurvivesEverySize) {
     }
 }
 
-/// A File line with as many points on y = x as are asked for.
+/// A File line with the given number of points on y = x.
 FunctionEntry FileEntry(int points, std::int32_t approx) {
     FunctionEntry entry = MakeEntry(EquationType::File, u"a.txt");
     entry.method.approx = approx;

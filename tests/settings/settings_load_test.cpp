@@ -108,12 +108,13 @@ TEST(Load, ShowsOneBoxWhenThereIsNoKeyAtAll) {
 }
 
 struct FaultCase {
-    std::vector<std::string> operations;  ///< these fail
+    std::vector<std::string> operations;  ///< the operations that fail
     std::size_t boxes;
     bool flag;
 };
 
-// KEEP rows: main values and beta1, beta2 do not set the flag; keys and function numbers do.
+// KEEP: a key that does not open and a missing number of a function set the flag; a missing value
+// of the main key, beta1 and beta2 do not.
 const FaultCase kFaults[] = {
     {{"readNumber /TextSize"}, 1, false},
     {{"readNumber /TextSize", "readNumber /Wight", "readText /Ymax"}, 3, false},
@@ -229,7 +230,7 @@ TEST(Load, FallsBackFieldByField) {
         if (operation.starts_with("open") || operation.ends_with("equ")) continue;
         *healthy.fails = Exactly(operation);
         Workspace workspace;
-        workspace.options.Screen = 123;  // what stood there before must not survive
+        workspace.options.Screen = 123;  // a value from before loading must not stay
         LoadAll(healthy.registry, workspace, ShownBoxes().show);
         const auto loaded = Fields(workspace);
         int different = 0;
@@ -238,8 +239,8 @@ TEST(Load, FallsBackFieldByField) {
             ++different;
             EXPECT_EQ(loaded[i], defaults[i]) << operation;
         }
-        // Only the field that could not be read is different: it has its default. The colour of
-        // slot 5 was stored with the value of its default, so nothing differs there.
+        // The field that could not be read has its default, so it differs from the stored value.
+        // The colour of slot 5 is the exception: its stored value is the default.
         EXPECT_EQ(different, operation == "readNumber 5/Color" ? 0 : 1) << operation;
     }
 }

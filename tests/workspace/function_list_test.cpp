@@ -9,7 +9,7 @@
 namespace kalvex {
 namespace {
 
-// KEEP row: the label of `Implicit` alone has no leading blank.
+// KEEP: only the label of `Implicit` has no leading blank.
 TEST(LabelOf, GivesTheExactLabels) {
     const std::pair<std::int32_t, std::u16string_view> rows[] = {
         {1, u" r(x)="},  {2, u" Y(x)="},  {3, u" X;Y="},
@@ -20,7 +20,7 @@ TEST(LabelOf, GivesTheExactLabels) {
         EXPECT_EQ(LabelOf(static_cast<EquationType>(type)), label) << type;
 }
 
-// KEEP row: the ninth colour is "Great" and a dark grey.
+// KEEP: the ninth colour is called "Great" and is a dark grey.
 TEST(ColorTable, HoldsNineColours) {
     const struct {
         std::u16string_view name;

@@ -14,14 +14,14 @@ struct LineCase {
     std::u16string_view text;
     std::u16string_view working;
     std::u16string_view y;
-    std::u16string_view message;  ///< of the last box; empty: none
+    std::u16string_view message;  ///< text of the last box; empty when there is none
 };
 
 const LineCase kLines[] = {
     {2, 0, u"", true, u"", u"", u"", u""},
     {2, 1, u"", false, u"", u"", u"", u"Error in 4 function:\n\nEmpty string"},
     {2, 0, u"2x+", true, u"2x+", u"2x+", u"", u""},
-    {2, 2, u"2x+", true, u"2x+", u"2x+", u"", u""},  // 1 alone means selected
+    {2, 2, u"2x+", true, u"2x+", u"2x+", u"", u""},  // only 1 means selected
     {2, 1, u"2x", true, u"2x", u"2*x", u"", u""},
     {1, 1, u"-x", true, u"-x", u"0-x", u"", u""},
     {2, 1, u"2q", false, u"2q", u"2*q", u"",
@@ -30,7 +30,7 @@ const LineCase kLines[] = {
     {3, 1, u"2x;3x", true, u"2x;3x", u"2*x", u"3*x", u""},
     {3, 1, u"a;b;c", false, u"a;b;c", u"a", u"b;c",
      u"Error in 4 function:\na;b;c\nThere is an unknown lexeme"},
-    // KEEP: Y is looked at first and X stays as typed when it fails.
+    // KEEP: Y is checked first; when it fails, X stays as typed.
     {3, 1, u"2q;", false, u"2q;", u"2q", u"", u"Error in 4 function:\n2q;\nEmpty string"},
     {3, 1, u"2x;2q", false, u"2x;2q", u"2x", u"2*q",
      u"Error in 4 function:\n2x;2q\nThere is an unknown lexeme"},

@@ -160,6 +160,44 @@ std::array<Solutions, 2> SolutionsAt(const HypergeometricParameters& p, DoubleDo
     return both;
 }
 
+double Size(DoubleDouble a) {
+    return std::fabs(a.high);
+}
+
+/// The function as a combination of the solutions at 1.
+struct Combination {
+    DoubleDouble first;
+    DoubleDouble second;
+    double firstError;
+    double secondError;
+};
+
+/// From value and slope, w d/dw, at the point of the solutions; all series are off by `unit` times
+/// 1 and themselves. Cramer's rule; the errors are those of its products and of what is put in.
+Combination Matched(const HypergeometricPoint& at, const Solutions& there, double unit) {
+    const DoubleDouble determinant = Subtract(Multiply(there.regular, there.otherSlope),
+                                              Multiply(there.other, there.regularSlope));
+    Combination found;
+    found.first =
+        Divide(Subtract(Multiply(at.value, there.otherSlope), Multiply(there.other, at.slope)),
+               determinant);
+    found.second =
+        Divide(Subtract(Multiply(there.regular, at.slope), Multiply(there.regularSlope, at.value)),
+               determinant);
+    const double regular = 1 + Size(there.regular);
+    const double regularSlope = 1 + Size(there.regularSlope);
+    const double other = 1 + Size(there.other);
+    const double otherSlope = 1 + Size(there.otherSlope);
+    const double value = at.error + 2 * unit * Size(at.value);
+    const double slope = at.slopeError + 2 * unit * Size(at.slope);
+    const double size = Size(determinant);
+    const double ofAll = 2 * unit * (regular * otherSlope + other * regularSlope) / size;
+    found.firstError = (value * otherSlope + slope * other) / size + ofAll * Size(found.first);
+    found.secondError =
+        (value * regularSlope + slope * regular) / size + ofAll * Size(found.second);
+    return found;
+}
+
 }  // namespace
 
 KALVEX_WITH_FMA
@@ -167,28 +205,27 @@ HypergeometricPoint AtStart(const HypergeometricParameters& p, const Place& plac
                             double tolerance) {
     constexpr double kFarthest = 0.85;
     constexpr double kMeeting = 0.75;
-    constexpr double kOfMatching = 0x1p-98;  // logarithm, exponential and the coefficients
-    if (place.z.high <= kFarthest || IsNegativeInteger(p.a))
-        return SumHypergeometric(p, place.z, tolerance);
+    constexpr double kOfSeries = 0x1p-98;  // logarithm, exponential and the coefficients
+    if (place.z.high <= kFarthest || IsNegativeInteger(p.a)) {
+        HypergeometricPoint start = SumHypergeometric(p, place.z, tolerance);
+        start.error += tolerance * Size(start.slope);
+        return start;
+    }
     HypergeometricPoint start = SumHypergeometric(p, {kMeeting, 0}, tolerance);
+    if (start.failed) return start;
+    start.error += tolerance * Size(start.slope);
     const auto [there, at] = SolutionsAt(p, {1 - kMeeting, 0}, place.w, tolerance);
-    // w d/dw there
-    const DoubleDouble slope = Divide(Multiply(start.slope, kMeeting - 1), kMeeting);
-    const DoubleDouble determinant = Subtract(Multiply(there.regular, there.otherSlope),
-                                              Multiply(there.other, there.regularSlope));
-    const DoubleDouble first =
-        Divide(Subtract(Multiply(start.value, there.otherSlope), Multiply(there.other, slope)),
-               determinant);
-    const DoubleDouble second =
-        Divide(Subtract(Multiply(there.regular, slope), Multiply(there.regularSlope, start.value)),
-               determinant);
-    start.value = Add(Multiply(first, at.regular), Multiply(second, at.other));
-    start.slope = Add(Multiply(first, at.regularSlope), Multiply(second, at.otherSlope));
+    start.slope = Divide(Multiply(start.slope, kMeeting - 1), kMeeting);  // w d/dw
+    const double unit = kOfSeries + 2 * tolerance;
+    const Combination of = Matched(start, there, unit);
+    start.value = Add(Multiply(of.first, at.regular), Multiply(of.second, at.other));
+    start.slope = Add(Multiply(of.first, at.regularSlope), Multiply(of.second, at.otherSlope));
     start.slope = Negate(Multiply(start.slope, place.odds));
-    const double error = kOfMatching * (std::fabs(first.high) + std::fabs(second.high));
-    start.error += error * (std::fabs(at.regular.high) + std::fabs(at.other.high));
-    start.slopeError =
-        error * place.odds.high * (std::fabs(at.regularSlope.high) + std::fabs(at.otherSlope.high));
+    const double first = of.firstError + 2 * unit * Size(of.first);
+    const double second = of.secondError + 2 * unit * Size(of.second);
+    start.error = first * (1 + Size(at.regular)) + second * (1 + Size(at.other));
+    start.slopeError = place.odds.high *
+                       (first * (1 + Size(at.regularSlope)) + second * (1 + Size(at.otherSlope)));
     return start;
 }
 

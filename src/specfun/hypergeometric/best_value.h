@@ -25,16 +25,16 @@ inline void KeepBetter(Value& best, const Value& other) {
 }
 
 /// ln(1-x).
-DoubleDouble LogOneLess(double x);
+[[nodiscard]] DoubleDouble LogOneLess(double x);
 
 /// The function from that of the form, `sum` at z.
-Value ValueOf(const Form& form, const HypergeometricPoint& sum, double x);
+[[nodiscard]] Value ValueOf(const Form& form, const HypergeometricPoint& sum, double x);
 
 /// Of what the parameters are multiples if walks do not round them.
-double ParameterUnit(const HypergeometricParameters& p);
+[[nodiscard]] double ParameterUnit(const HypergeometricParameters& p);
 
 /// By the methods from the quickest up, until one is good enough. x is not 0, and at a pole in c
 /// the polynomial is the one that a ends.
-Value BestValue(const HypergeometricParameters& p, double x);
+[[nodiscard]] Value BestValue(const HypergeometricParameters& p, double x);
 
 }  // namespace kalvex::specfun

@@ -13,7 +13,7 @@ namespace kalvex::specfun {
 inline constexpr std::int64_t kMostOwnLimbs = 4;  // of one of the numbers that make a factor
 
 /// 2^exponent, for what is far from the ends of the range.
-inline double PowerOfTwo(double exponent) {
+[[nodiscard]] inline double PowerOfTwo(double exponent) {
     constexpr double kEnd = 1000;
     constexpr std::int64_t kBias = 1023;
     const double within = std::clamp(exponent, -kEnd, kEnd);
@@ -25,7 +25,7 @@ inline double PowerOfTwo(double exponent) {
 
 /// Of what power of two the number is an odd multiple; 0 for 0.
 template <std::size_t limbs>
-std::int64_t LowestBit(const Wide<limbs>& a) {
+[[nodiscard]] std::int64_t LowestBit(const Wide<limbs>& a) {
     if (a.sign == 0) return 0;
     std::size_t i = 0;
     while (a.digits[i] == 0)
@@ -36,7 +36,7 @@ std::int64_t LowestBit(const Wide<limbs>& a) {
 
 /// The magnitude times 2^-scale, which is integral; false if it is too large.
 template <std::size_t limbs>
-bool SetInteger(const Wide<limbs>& a, std::int64_t scale, Factor& result) {
+[[nodiscard]] bool SetInteger(const Wide<limbs>& a, std::int64_t scale, Factor& result) {
     result.count = 0;
     if (a.sign == 0) return true;
     const std::int64_t bits = a.exponent - scale;

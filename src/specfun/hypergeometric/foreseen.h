@@ -20,6 +20,6 @@ struct Foreseen {
 };
 
 /// Of the power series in z.
-Foreseen ForeseenOf(const HypergeometricParameters& p, double z);
+[[nodiscard]] Foreseen ForeseenOf(const HypergeometricParameters& p, double z);
 
 }  // namespace kalvex::specfun

@@ -64,4 +64,31 @@ double SlopeOfLesser(const HypergeometricParameters& p, double z, double w) {
            z * change / (4 * d);
 }
 
+// Next to 1, s = c-a-b below 0, the function is (DLMF 15.8.4)
+//   Gamma(c) Gamma(-s) / (Gamma(a) Gamma(b)) w^s F(c-a,c-b;1+s;w)
+//   + Gamma(c) Gamma(s) / (Gamma(c-a) Gamma(c-b)) F(a,b;1-s;w),
+// For so small a w as is asked for here the terms of both series fall by 1/8 at least up to that of
+// half of -s, by which all denominators exceed -s/2, and so to 2^-48 and then on; one denominator
+// behind may be next to 0 where s is next to an integer, 2^-60 at least, which the 2^64 between the
+// two parts and the distance from the end of the range allow for.
+bool Overflows(const HypergeometricParameters& p, double x) {
+    constexpr double kLeastDecay = -32;
+    constexpr double kSmall = 0x1p-4;
+    constexpr double kRange = 1024 + 64;  // of exponents, and something to be certain
+    constexpr double kApart = 64;
+    constexpr double kOffInteger = 0x1p-30;
+    const double a = p.a.high;
+    const double b = p.b.high;
+    const double c = p.c.high;
+    const double s = c - a - b;
+    const double w = 1 - x;
+    const double larger = (std::fabs(c - a) - s) * (std::fabs(c - b) - s);
+    const double smaller = (std::fabs(a) - s) * (std::fabs(b) - s);
+    if (!(s < kLeastDecay) || !(std::max(larger, smaller) * w < -kSmall * s)) return false;
+    const double ofW = std::lgamma(-s) - std::lgamma(a) - std::lgamma(b) + s * std::log(w);
+    const double other = std::lgamma(s + kOffInteger) - std::lgamma(c - a) - std::lgamma(c - b);
+    const double bits = (std::lgamma(c) + ofW) / std::log(2.0);
+    return bits > kRange && (ofW - other) / std::log(2.0) > kApart;
+}
+
 }  // namespace kalvex::specfun

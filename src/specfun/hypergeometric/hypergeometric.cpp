@@ -6,6 +6,7 @@
 
 #include "specfun/hypergeometric/best_value.h"
 #include "specfun/hypergeometric/forms.h"
+#include "specfun/hypergeometric/growth.h"
 #include "specfun/hypergeometric/wide_value.h"
 #include "specfun/specfun.h"
 
@@ -224,6 +225,7 @@ Value ValueOf(const HypergeometricParameters& p, double x) {
     if (IsLinear(p, x)) {
         return Sum(One(kGoodEnough / 4), FirstTerm(p, x, One(kGoodEnough / 4)));
     }
+    if (Overflows(p, x)) throw ap::ap_error{kOverflow};
     if (c == 0 || !(std::fabs(c) < kProportional)) return CarefulValue(p, x);
     Value best;
     for (const auto& [a, b] : {std::pair{p.a.high, p.b.high}, std::pair{p.b.high, p.a.high}}) {

@@ -15,19 +15,19 @@ struct HypergeometricParameters {
 };
 
 /// a + k, normalised in case the high parts cancel.
-inline DoubleDouble PlusInteger(DoubleDouble a, double k) {
+[[nodiscard]] inline DoubleDouble PlusInteger(DoubleDouble a, double k) {
     const DoubleDouble sum = TwoSum(a.high, k);
     return QuickTwoSum(sum.high, sum.low + a.low);
 }
 
 /// 0, -1, -2, ...
-inline bool IsNegativeInteger(DoubleDouble a) {
+[[nodiscard]] inline bool IsNegativeInteger(DoubleDouble a) {
     return a.high <= 0 && a.low == 0 && std::floor(a.high) == a.high;
 }
 
 /// The product without normalising: the error is that of Multiply as long as the low parts stay
 /// some units in the last place of the high ones.
-inline DoubleDouble LooseProduct(DoubleDouble a, DoubleDouble b) {
+[[nodiscard]] inline DoubleDouble LooseProduct(DoubleDouble a, DoubleDouble b) {
     const double product = a.high * b.high;
     return {product, std::fma(a.high, b.high, -product) + (a.high * b.low + a.low * b.high)};
 }
@@ -46,27 +46,27 @@ struct HypergeometricPoint {
     bool failed = false;    // overflow, too many terms or a division by zero
     bool singular = false;  // c met 0 before the series came to its end
     int exponent = 0;       // of two: value, slope and error are to be multiplied by
-    double slopeError = 0;  // of the slope, where it is more than that of the value tells
+    double slopeError = 0;  // the same of the slope
 };
 
 /// The power series in z. Stops when the rest is below `tolerance` times the value and slope.
-HypergeometricPoint SumHypergeometric(const HypergeometricParameters& p, DoubleDouble z,
-                                      double tolerance);
+[[nodiscard]] HypergeometricPoint SumHypergeometric(const HypergeometricParameters& p,
+                                                    DoubleDouble z, double tolerance);
 
 /// How many digits, as a natural logarithm, the power series in z loses: measured in plain
 /// arithmetic, hence up to some 30; infinite if a term overflows or thousands are needed.
-double MeasuredLoss(const HypergeometricParameters& p, double z);
+[[nodiscard]] double MeasuredLoss(const HypergeometricParameters& p, double z);
 
 /// The function at z, 0 < z < 1, w = 1 - z, by steps of 1 in the parameters. Best for c-a-b at
 /// least 0.
-HypergeometricPoint HypergeometricByShifts(const HypergeometricParameters& p, DoubleDouble z,
-                                           DoubleDouble w);
+[[nodiscard]] HypergeometricPoint HypergeometricByShifts(const HypergeometricParameters& p,
+                                                         DoubleDouble z, DoubleDouble w);
 
 /// The same for a = 0, -1, -2, ..., from the polynomial of degree 0 or 2.
-HypergeometricPoint PolynomialByShifts(const HypergeometricParameters& p, DoubleDouble z,
-                                       DoubleDouble w);
+[[nodiscard]] HypergeometricPoint PolynomialByShifts(const HypergeometricParameters& p,
+                                                     DoubleDouble z, DoubleDouble w);
 
 /// How many such steps that takes.
-double ShiftsTo(const HypergeometricParameters& p);
+[[nodiscard]] double ShiftsTo(const HypergeometricParameters& p);
 
 }  // namespace kalvex::specfun

@@ -27,7 +27,7 @@ struct Route {
 };
 
 /// By so many steps, negative ones downwards.
-inline Route RouteOf(const std::array<double, 3>& counts) {
+[[nodiscard]] inline Route RouteOf(const std::array<double, 3>& counts) {
     Route route;
     for (std::size_t i = 0; i < 3; ++i) {
         Track& track = route.tracks[i];
@@ -38,16 +38,17 @@ inline Route RouteOf(const std::array<double, 3>& counts) {
     return route;
 }
 
-inline std::array<double, 3> StepsBetween(const HypergeometricParameters& from,
-                                          const HypergeometricParameters& to) {
+[[nodiscard]] inline std::array<double, 3> StepsBetween(const HypergeometricParameters& from,
+                                                        const HypergeometricParameters& to) {
     return {std::nearbyint(Subtract(to.a, from.a).high),
             std::nearbyint(Subtract(to.b, from.b).high),
             std::nearbyint(Subtract(to.c, from.c).high)};
 }
 
 /// A part of the steps beyond p.
-inline HypergeometricParameters Beyond(const HypergeometricParameters& p,
-                                       const std::array<double, 3>& steps, double part) {
+[[nodiscard]] inline HypergeometricParameters Beyond(const HypergeometricParameters& p,
+                                                     const std::array<double, 3>& steps,
+                                                     double part) {
     return {PlusInteger(p.a, std::nearbyint(steps[0] * part)),
             PlusInteger(p.b, std::nearbyint(steps[1] * part)),
             PlusInteger(p.c, std::nearbyint(steps[2] * part))};
@@ -55,7 +56,7 @@ inline HypergeometricParameters Beyond(const HypergeometricParameters& p,
 
 /// The next step: one that lowers s only when those that raise it are ahead, so that s stays at
 /// least where the straight line has it; of its kind the one that is most behind.
-inline std::size_t NextTrack(Route& route) {
+[[nodiscard]] inline std::size_t NextTrack(Route& route) {
     const bool up = route.upsDone * route.downs < (route.downsDone + 1) * route.ups &&
                     route.upsDone < route.ups;
     std::size_t next = 0;

@@ -109,9 +109,10 @@ void AddTail(const HypergeometricParameters& p, double z, double k, double term,
     sum.slope = Add(sum.slope, slope);
 }
 
-/// The terms of the series; their magnitudes, weighted as the sum of value and slope.
+/// The terms of the series; returns the sum over k of their magnitudes times k+3, and keeps k in
+/// `terms`.
 double AddTerms(const HypergeometricParameters& p, DoubleDouble z, double tolerance, double settled,
-                HypergeometricPoint& sum) {
+                HypergeometricPoint& sum, int& terms) {
     DoubleDouble term = {1, 0};
     double magnitude = 3;
     for (int k = 0; k < kMostTerms; ++k) {
@@ -125,6 +126,7 @@ double AddTerms(const HypergeometricParameters& p, DoubleDouble z, double tolera
         sum.singular = IsZero(c);
         if (sum.singular) break;
         const double next = k + 1.0;
+        terms = k + 1;
         term = LooseProduct(LooseProduct(term, z), Ratio(a, b, c, next));
         Accumulate(sum.value, term.high, term.low);
         const DoubleDouble weighted = TwoProduct(term.high, next);
@@ -156,10 +158,13 @@ HypergeometricPoint SumHypergeometric(const HypergeometricParameters& p, DoubleD
     HypergeometricPoint sum = {{1, 0}, {}, 0, true};
     const double settled = Settled(p);
     if (TooLong(p, settled, kMostTerms)) return sum;
-    const double magnitude = AddTerms(p, z, tolerance, settled, sum);
+    int terms = 0;
+    const double magnitude = AddTerms(p, z, tolerance, settled, sum, terms);
     sum.value = QuickTwoSum(sum.value.high, sum.value.low);
     sum.slope = QuickTwoSum(sum.slope.high, sum.slope.low);
     sum.error = magnitude * kUnit + tolerance * std::fabs(sum.value.high);
+    sum.slopeError = (terms + 1) * magnitude * kUnit +
+                     tolerance * (std::fabs(sum.value.high) + std::fabs(sum.slope.high));
     return sum;
 }
 

@@ -11,14 +11,14 @@
 
 namespace kalvex::specfun {
 
-inline DoubleDouble Reciprocal(DoubleDouble a) {
+[[nodiscard]] inline DoubleDouble Reciprocal(DoubleDouble a) {
     const double high = 1 / a.high;
     const double rest = std::fma(-high, a.high, 1) - high * a.low;
     return {high, rest * high};
 }
 
 /// With all digits where the high parts cancel: the step divides by it.
-inline DoubleDouble Difference(DoubleDouble a, DoubleDouble b) {
+[[nodiscard]] inline DoubleDouble Difference(DoubleDouble a, DoubleDouble b) {
     const DoubleDouble highs = TwoSum(a.high, -b.high);
     const DoubleDouble lows = TwoSum(a.low, -b.low);
     const DoubleDouble sum = QuickTwoSum(highs.high, highs.low + lows.high);
@@ -27,18 +27,23 @@ inline DoubleDouble Difference(DoubleDouble a, DoubleDouble b) {
 
 // The functions below take numbers one by one (DoubleDouble) or four at once (LanesOf).
 
-inline DoubleDouble Normalised(DoubleDouble a) {
+[[nodiscard]] inline double Magnitude(double a) {
+    return std::fabs(a);
+}
+
+[[nodiscard]] inline DoubleDouble Normalised(DoubleDouble a) {
     return QuickTwoSum(a.high, a.low);
 }
 
 template <typename Unit>
-LanesOf<Unit> Normalised(const LanesOf<Unit>& a) {  // Accumulate has done it
+[[nodiscard]] LanesOf<Unit> Normalised(const LanesOf<Unit>& a) {  // Accumulate has done it
     return a;
 }
 
 /// a b + c d; what is lost is measured against the greater product.
 template <typename Number>
-Number SumOfProducts(const Number& a, const Number& b, const Number& c, const Number& d) {
+[[nodiscard]] Number SumOfProducts(const Number& a, const Number& b, const Number& c,
+                                   const Number& d) {
     Number sum = LooseProduct(a, b);
     const Number other = LooseProduct(c, d);
     Accumulate(sum, other.high, other.low);
@@ -46,7 +51,7 @@ Number SumOfProducts(const Number& a, const Number& b, const Number& c, const Nu
 }
 
 template <typename Number>
-Number QuickAdd(const Number& a, const Number& b) {
+[[nodiscard]] Number QuickAdd(const Number& a, const Number& b) {
     Number sum = a;
     Accumulate(sum, b.high, b.low);
     return Normalised(sum);
@@ -65,125 +70,124 @@ struct PlaceOf {
 
 using Place = PlaceOf<DoubleDouble>;
 
-inline Place PlaceAt(DoubleDouble z, DoubleDouble w) {
+[[nodiscard]] inline Place PlaceAt(DoubleDouble z, DoubleDouble w) {
     return {z, w, Divide(z, w), Divide(w, z), Divide({1, 0}, w), Divide({1, 0}, z)};
 }
 
-/// A solution on its way, and its twin in plain arithmetic that takes the same steps, terms of
-/// each sum off by about kTwinOffset: how far the two come apart tells what rounding does, even
-/// where plain arithmetic happens to be exact.
+/// A solution on its way: its value and its slope, z times the derivative.
 template <typename Number>
 struct Column {
-    using Plain = decltype(Number::high);
     Number value;
     Number slope;
-    Plain twin = {};
-    Plain twinSlope = {};
 };
 
-inline constexpr double kTwinOffset = 0x1p-40;
-inline constexpr double kTwinError = 0x1p-100 / kTwinOffset;  // of a column by that of its twin
-inline constexpr double kOff = 1 + kTwinOffset;
-inline constexpr double kLess = 1 - kTwinOffset * 0.75;
-
-/// What terms of the twin are multiplied by: other numbers in every step, lest one step takes out
-/// what another has put in, and every product by its own, for where all of a step but its last
-/// digits depends on one number, what counts later is only what rounding did to the one product and
-/// not to the other. For the same reason the two columns of a map have other offsets.
-struct Offsets {
-    double first = 0.5;  // between 0 and 1
-    double second = 0.25;
-    double off = 1;
-    double less = 1;
-
-    void Next() {
-        constexpr double kGolden = 0.6180339887498949;
-        constexpr double kSilver = 0.4142135623730951;
-        first += kGolden - (first + kGolden >= 1 ? 1 : 0);
-        second += kSilver - (second + kSilver >= 1 ? 1 : 0);
-        off = 1 + kTwinOffset * (0.5 + first);
-        less = 1 - kTwinOffset * (0.5 + second);
-    }
+/// A linear map of value and slope.
+template <typename Plain>
+struct MapOf {
+    Plain valueOfValue;
+    Plain valueOfSlope;
+    Plain slopeOfValue;
+    Plain slopeOfSlope;
 };
+
+/// A step as its error analysis sees it, in plain arithmetic. What rounding adds to the value and
+/// the slope that it takes is at most kStepError times `bound` times their magnitudes.
+template <typename Plain>
+struct TraceOf {
+    MapOf<Plain> map;
+    MapOf<Plain> bound;  // the map composed of magnitudes
+    Plain determinant;
+};
+
+/// 256 u^2, u = 2^-53. In the longest step eight operations of at most 32 u^2 each follow each
+/// other, the rounding of z and of what depends on it included.
+inline constexpr double kStepError = 0x1p-98;
 
 template <typename Number, std::size_t count>
 struct WalkerOf {
     std::array<Number, 3> p;  // a, b and c
     std::array<Column<Number>, count> columns;
-    Offsets offsets;
 };
 
-/// What is done to each column with its own offsets; the columns are counted out, so that they stay
-/// in registers.
-template <typename Number, std::size_t count, typename Function>
-void ForEachColumn(WalkerOf<Number, count>& at, const Function& function) {
-    const Offsets& offsets = at.offsets;
-    function(at.columns[0], offsets.off, offsets.less);
-    if constexpr (count > 1) function(at.columns[1], offsets.less, offsets.off);
-}
+template <typename Number>
+using PlainOf = decltype(Number::high);
 
 /// a + 1 in place of a, which is p[own], 0 or 1.
 template <std::size_t own, typename Number, std::size_t count>
-void Raise(WalkerOf<Number, count>& at, const PlaceOf<Number>& place) {
+[[nodiscard]] TraceOf<PlainOf<Number>> Raise(WalkerOf<Number, count>& at,
+                                             const PlaceOf<Number>& place) {
+    using Plain = PlainOf<Number>;
     const Number a = at.p[own];
     const Number inverse = Reciprocal(a);
     const Number next = PlusInteger(a, 1);
     const Number ofRise = LooseProduct(Difference(next, at.p[2]), place.inverse);
     const Number ofValue = LooseProduct(at.p[1 - own], place.odds);
-    ForEachColumn(at, [&](Column<Number>& column, double off, double less) {
+    for (Column<Number>& column : at.columns) {
         const Number rise = LooseProduct(column.slope, inverse);
         column.value = QuickAdd(column.value, rise);
         column.slope = SumOfProducts(ofRise, rise, ofValue, column.value);
-        const auto twinRise = column.twinSlope * inverse.high * off;
-        column.twin = column.twin * less + twinRise;
-        column.twinSlope = ofRise.high * twinRise * off + ofValue.high * column.twin * less;
-    });
+    }
     at.p[own] = next;
+    const Plain one = Plain{} + 1.0;
+    const Plain all = Magnitude(ofRise.high) + Magnitude(ofValue.high);
+    return {{one, inverse.high, ofValue.high, (ofRise.high + ofValue.high) * inverse.high},
+            {one, Magnitude(inverse.high), Magnitude(ofValue.high), all * Magnitude(inverse.high)},
+            ofRise.high * inverse.high};
 }
 
 /// a - 1 in place of a.
 template <std::size_t own, typename Number, std::size_t count>
-void Lower(WalkerOf<Number, count>& at, const PlaceOf<Number>& place) {
+[[nodiscard]] TraceOf<PlainOf<Number>> Lower(WalkerOf<Number, count>& at,
+                                             const PlaceOf<Number>& place) {
     const Number a = at.p[own];
     const Number inverse = Reciprocal(Difference(at.p[2], a));
     const Number ofSlope = LooseProduct(place.w, inverse);
     const Number ofValue = LooseProduct(LooseProduct(Negate(at.p[1 - own]), place.z), inverse);
     const Number before = PlusInteger(Negate(a), 1);
-    ForEachColumn(at, [&](Column<Number>& column, double off, double less) {
+    for (Column<Number>& column : at.columns) {
         const Number rise = SumOfProducts(ofSlope, column.slope, ofValue, column.value);
         column.value = QuickAdd(column.value, rise);
         column.slope = LooseProduct(before, rise);
-        const auto twinRise =
-            ofSlope.high * column.twinSlope * off + ofValue.high * column.twin * less;
-        column.twin = column.twin * off + twinRise;
-        column.twinSlope = before.high * twinRise * less;
-    });
+    }
     at.p[own] = PlusInteger(a, -1);
+    const PlainOf<Number> size = Magnitude(before.high);
+    const PlainOf<Number> sizeOfSlope = Magnitude(ofSlope.high);
+    const PlainOf<Number> sizeOfValue = Magnitude(ofValue.high);
+    return {
+        {1 + ofValue.high, ofSlope.high, before.high * ofValue.high, before.high * ofSlope.high},
+        {1 + sizeOfValue, sizeOfSlope, size * sizeOfValue, size * sizeOfSlope},
+        before.high * ofSlope.high};
 }
 
 /// c + 1 in place of c.
 template <typename Number, std::size_t count>
-void RaiseThird(WalkerOf<Number, count>& at, const PlaceOf<Number>& place) {
+[[nodiscard]] TraceOf<PlainOf<Number>> RaiseThird(WalkerOf<Number, count>& at,
+                                                  const PlaceOf<Number>& place) {
     const Number c = at.p[2];
     const Number fromA = Difference(c, at.p[0]);
     const Number fromB = Difference(c, at.p[1]);
     const Number factor = LooseProduct(c, Reciprocal(LooseProduct(fromA, fromB)));
     const Number ofSlope = LooseProduct(factor, place.evens);
     const Number ofValue = LooseProduct(factor, Difference(fromA, at.p[1]));
-    ForEachColumn(at, [&](Column<Number>& column, double off, double less) {
+    for (Column<Number>& column : at.columns) {
         const Number value = SumOfProducts(ofSlope, column.slope, ofValue, column.value);
         column.slope = LooseProduct(c, QuickAdd(column.value, Negate(value)));
         column.value = value;
-        const auto twin = ofSlope.high * column.twinSlope * off + ofValue.high * column.twin * less;
-        column.twinSlope = c.high * (column.twin * off - twin);
-        column.twin = twin;
-    });
+    }
     at.p[2] = PlusInteger(c, 1);
+    const PlainOf<Number> size = Magnitude(c.high);
+    const PlainOf<Number> sizeOfSlope = Magnitude(ofSlope.high);
+    const PlainOf<Number> sizeOfValue = Magnitude(ofValue.high);
+    return {{ofValue.high, ofSlope.high, c.high * (1 - ofValue.high), -c.high * ofSlope.high},
+            {sizeOfValue, sizeOfSlope, size * (1 + sizeOfValue), size * sizeOfSlope},
+            -c.high * ofSlope.high};
 }
 
 /// c - 1 in place of c.
 template <typename Number, std::size_t count>
-void LowerThird(WalkerOf<Number, count>& at, const PlaceOf<Number>& place) {
+[[nodiscard]] TraceOf<PlainOf<Number>> LowerThird(WalkerOf<Number, count>& at,
+                                                  const PlaceOf<Number>& place) {
+    using Plain = PlainOf<Number>;
     const Number c = PlusInteger(at.p[2], -1);
     const Number inverse = Reciprocal(c);
     const Number fromA = Difference(c, at.p[0]);
@@ -191,40 +195,38 @@ void LowerThird(WalkerOf<Number, count>& at, const PlaceOf<Number>& place) {
     const Number ofBefore =
         LooseProduct(LooseProduct(LooseProduct(fromA, fromB), inverse), place.odds);
     const Number ofValue = LooseProduct(Difference(at.p[1], fromA), place.odds);
-    ForEachColumn(at, [&](Column<Number>& column, double off, double less) {
+    for (Column<Number>& column : at.columns) {
         const Number value = QuickAdd(column.value, LooseProduct(column.slope, inverse));
         column.slope = SumOfProducts(ofBefore, column.value, ofValue, value);
         column.value = value;
-        const auto twin = column.twin * less + column.twinSlope * inverse.high * off;
-        column.twinSlope = ofBefore.high * column.twin * off + ofValue.high * twin * less;
-        column.twin = twin;
-    });
+    }
     at.p[2] = c;
+    const Plain one = Plain{} + 1.0;
+    const Plain sizeOfValue = Magnitude(ofValue.high);
+    const Plain size = Magnitude(inverse.high);
+    return {{one, inverse.high, ofBefore.high + ofValue.high, ofValue.high * inverse.high},
+            {one, size, Magnitude(ofBefore.high) + sizeOfValue, sizeOfValue * size},
+            -ofBefore.high * inverse.high};
 }
 
 /// One step of the parameter p[track] that raises or lowers s = c-a-b.
 template <typename Number, std::size_t count>
-void TakeStep(WalkerOf<Number, count>& at, std::size_t track, bool raises,
-              const PlaceOf<Number>& place) {
-    at.offsets.Next();
-    if (track == 2) {
-        raises ? RaiseThird(at, place) : LowerThird(at, place);
-    } else if (track == 0) {
-        raises ? Lower<0>(at, place) : Raise<0>(at, place);
-    } else {
-        raises ? Lower<1>(at, place) : Raise<1>(at, place);
-    }
+[[nodiscard]] TraceOf<PlainOf<Number>> TakeStep(WalkerOf<Number, count>& at, std::size_t track,
+                                                bool raises, const PlaceOf<Number>& place) {
+    if (track == 2) return raises ? RaiseThird(at, place) : LowerThird(at, place);
+    if (track == 0) return raises ? Lower<0>(at, place) : Raise<0>(at, place);
+    return raises ? Lower<1>(at, place) : Raise<1>(at, place);
 }
 
 /// Parameters of the same fractions next to 0, c-a-b between -1/2 and 1/2, c, c-a and c-b positive.
-HypergeometricParameters GeneralStart(const HypergeometricParameters& p);
+[[nodiscard]] HypergeometricParameters GeneralStart(const HypergeometricParameters& p);
 
 /// For an integer a from 0 down: where the polynomial has three terms at most, c-b has the sign it
 /// will have if it is next to an integer, and c-a-b is not below -1/2.
-HypergeometricParameters PolynomialStart(const HypergeometricParameters& p);
+[[nodiscard]] HypergeometricParameters PolynomialStart(const HypergeometricParameters& p);
 
 /// Value and slope at such parameters, about `tolerance` times their size off.
-HypergeometricPoint AtStart(const HypergeometricParameters& p, const Place& place,
-                            double tolerance);
+[[nodiscard]] HypergeometricPoint AtStart(const HypergeometricParameters& p, const Place& place,
+                                          double tolerance);
 
 }  // namespace kalvex::specfun

@@ -37,31 +37,27 @@ HypergeometricParameters BeforeEnd(HypergeometricParameters p) {
 
 /// The walk from where the function is known to where it is wanted.
 HypergeometricPoint Outwards(const HypergeometricParameters& from, const HypergeometricPoint& start,
-                             const HypergeometricParameters& to, const Place& place) {
-    Traveller t = StartOf(from, start, place);
+                             const HypergeometricParameters& to, const Place& place,
+                             bool takesBlocks) {
+    Traveller t = StartOf(from, start);
+    t.takesBlocks = takesBlocks;
     if (IsNegativeInteger(to.c) && !WalkTo(BeforeEnd(to), place, t)) return kFailure;
     return WalkTo(to, place, t) ? PointOf(t) : kFailure;
 }
 
-/// Comes to p from `part` of the steps beyond it, where value and slope are known about. How well
-/// what they lack is forgotten is seen from a second walk, in two halves because plain arithmetic
-/// does not see the whole, and half way what they lacked: less than what they would lack there.
-/// Returns the error of the slope relative to the value, infinite on failure.
+/// Comes to p from `part` of the steps beyond it, where value and slope are known about: the slope
+/// is taken to be off there by no more than itself and z/w. Returns a bound of the error of the
+/// slope at p relative to the slope, infinite on failure.
 double ComeFromFar(const HypergeometricParameters& p, const std::array<double, 3>& steps,
                    double part, const Place& place, Traveller& t) {
-    const auto slope = [&](const HypergeometricParameters& at) {
-        return SlopeOfLesser(at, place.z.high, place.w.high);
-    };
     const HypergeometricParameters far = Beyond(p, steps, part);
-    const HypergeometricParameters middle = Beyond(p, steps, part / 2);
-    t = StartOf(far, {{1, 0}, {slope(far), 0}, 0}, place);
-    TurnTwin(t, place);
-    if (!WalkTo(middle, place, t)) return INFINITY;
+    const double slope = SlopeOfLesser(far, place.z.high, place.w.high);
+    HypergeometricPoint about = {{1, 0}, {slope, 0}};
+    about.slopeError = std::fabs(slope) + place.odds.high;
+    t = StartOf(far, about);
+    if (!WalkTo(p, place, t)) return INFINITY;
     const Column<DoubleDouble>& own = t.at.columns[0];
-    const double lacking = 2 * std::fabs(1 - slope(middle) * own.value.high / own.slope.high);
-    const double error = ApartInDirection(t) * std::min(1.0, lacking);
-    TurnTwin(t, place);
-    return WalkTo(p, place, t) ? error * ApartInDirection(t) : INFINITY;
+    return t.error.across / std::fabs(own.value.high * own.slope.high);
 }
 
 bool IsGood(const HypergeometricPoint& point) {
@@ -87,23 +83,37 @@ void ScaleTo(const HypergeometricPoint& start, const HypergeometricPoint& known,
 HypergeometricPoint Inwards(const HypergeometricParameters& from, const HypergeometricPoint& start,
                             const HypergeometricParameters& to, const Place& place,
                             double outgrown) {
-    constexpr double kNeeded = 38;
+    constexpr double kNeeded = 43;  // e^-43 is 2^-62, less than what kGood allows
     const std::array<double, 3> steps = StepsBetween(from, to);
     HypergeometricPoint point = kFailure;
     for (const double times : {1.0, 1.5, 3.0}) {
         Traveller t;
         const double error = ComeFromFar(to, steps, times * kNeeded / outgrown, place, t);
         if (!(error < 1)) continue;
-        MoveTwin(t, error);
-        point = PointOf(t);
-        const double twin = t.at.columns[0].twin / point.value.high;
+        // the solution that has this value here, its slope being off
+        const Column<DoubleDouble>& own = t.at.columns[0];
+        point = {own.value, own.slope, 0, false, false, t.exponent};
+        point.slopeError = error * std::fabs(own.slope.high);
+        t = StartOf(to, point);
         if (!WalkTo(from, place, t)) return kFailure;
-        ScaleTo(start, PointOf(t), point);
-        const double apart = twin - t.at.columns[0].twin / t.at.columns[0].value.high;
-        point.error += kTwinError * std::fabs(apart * point.value.high);
+        const HypergeometricPoint known = PointOf(t);
+        ScaleTo(start, known, point);
+        point.error += std::fabs(point.value.high / known.value.high) * known.error;
         if (IsGood(point)) break;
     }
     return point;
+}
+
+/// Whether a parameter or a difference by which the steps divide is next to an integer, but not
+/// one: a walk past it loses many digits, by steps as by blocks.
+bool IsNextToInteger(const HypergeometricParameters& p) {
+    constexpr double kNear = 0x1p-20;
+    const auto isNear = [](DoubleDouble a) {
+        const double rest = Subtract(a, std::nearbyint(a.high)).high;
+        return rest != 0 && std::fabs(rest) < kNear;
+    };
+    return isNear(p.a) || isNear(p.b) || isNear(p.c) || isNear(Subtract(p.c, p.a)) ||
+           isNear(Subtract(p.c, p.b));
 }
 
 HypergeometricPoint WalkFrom(const HypergeometricParameters& from,
@@ -111,21 +121,25 @@ HypergeometricPoint WalkFrom(const HypergeometricParameters& from,
     constexpr double kFewSteps = 40;
     constexpr double kLessTolerance = 0x1p-72;
     constexpr double kWorthIt = 15;
+    constexpr double kMostSteps = 4000;
+    constexpr double kNextToOne = 0.1;
     const Route route = RouteOf(StepsBetween(from, to));
     if (route.ups + route.downs <= kFewSteps) {
         HypergeometricPoint point = AtStart(from, place, kLessTolerance);
-        point.error = 0;
-        point.slopeError = 0;
-        if (!point.failed) point = Outwards(from, point, to, place);
-        // the error of the start grows as that of the steps does, but is so much larger
-        point.error *= kLessTolerance / kTolerance;
+        if (!point.failed) point = Outwards(from, point, to, place, false);
         if (!point.failed && IsGood(point)) return point;
     }
     const HypergeometricPoint start = AtStart(from, place, kTolerance);
     if (start.failed) return start;
     const double outgrown = to.c.high > 1 ? Outgrown(to, place.z.high, place.w.high) : 0;
     if (outgrown > kBearable) return Inwards(from, start, to, place, outgrown);
-    const HypergeometricPoint point = Outwards(from, start, to, place);
+    HypergeometricPoint point = Outwards(from, start, to, place, true);
+    // without the walk it would be a sum of many digits, which costs most next to z = 1
+    const bool isHopeful = place.w.high < kNextToOne || !IsNextToInteger(to);
+    const bool mayTakeSteps = route.ups + route.downs <= kMostSteps && isHopeful;
+    if (mayTakeSteps && (point.failed || !IsGood(point))) {
+        point = Outwards(from, start, to, place, false);
+    }
     const bool isLost = point.failed || !IsGood(point);
     return isLost && outgrown > kWorthIt ? Inwards(from, start, to, place, outgrown) : point;
 }

@@ -20,15 +20,15 @@ struct Stretches {
 };
 
 /// For the given steps from `from`.
-Stretches StretchesOf(const HypergeometricParameters& from, const std::array<double, 3>& all,
-                      LeftOver leftOver);
+[[nodiscard]] Stretches StretchesOf(const HypergeometricParameters& from,
+                                    const std::array<double, 3>& all, LeftOver leftOver);
 
 /// Whether a, b, c, c-a or c-b, by which the steps divide, leaves the range between its values at
 /// the two ends through 0.
-bool Crosses(const Stretches& stretches, const HypergeometricParameters& from,
-             const HypergeometricParameters& to);
+[[nodiscard]] bool Crosses(const Stretches& stretches, const HypergeometricParameters& from,
+                           const HypergeometricParameters& to);
 
 /// The number of all steps.
-double Length(const std::array<double, 3>& steps);
+[[nodiscard]] double Length(const std::array<double, 3>& steps);
 
 }  // namespace kalvex::specfun

@@ -1,11 +1,13 @@
 // A walk takes one step after the other, a long one blocks of steps, four stretches of the way
-// being worked out at the same time. Its twin (shift_steps.h) goes along and tells what rounding
-// does.
+// being worked out at the same time. What rounding does is recorded step by step
+// (running_error.h).
 #include "specfun/hypergeometric/walk.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <utility>
+#include <vector>
 
 #include "specfun/hypergeometric/blocks.h"
 #include "specfun/hypergeometric/stretches.h"
@@ -25,24 +27,20 @@ HypergeometricParameters ParametersOf(const Traveller& t) {
 
 /// Keeps the numbers normalised and within the range. False when rounding has outgrown them.
 bool Tidy(Traveller& t, const Place& place) {
-    constexpr double kLarge = 0x1p400;
-    constexpr int kScale = 400;
-    constexpr double kMostApart = 4 / kTwinError;
+    constexpr int kScale = 200;  // the squares of what is left stay within the range
+    constexpr double kLarge = 0x1p200;
     Column<DoubleDouble>& own = t.at.columns[0];
     own.value = QuickTwoSum(own.value.high, own.value.low);
     own.slope = QuickTwoSum(own.slope.high, own.slope.low);
     const double scale = ScaleOf(ParametersOf(t), place);
-    const double apart =
-        std::fabs(own.twin - own.value.high) + std::fabs(own.twinSlope - own.slope.high) / scale;
     const double size = std::fabs(own.value.high) + std::fabs(own.slope.high) / scale;
-    if (!(apart <= kMostApart * size)) return false;
+    if (!(t.error.across <= scale * size * size)) return false;
     const double all = std::fabs(own.value.high) + std::fabs(own.slope.high);
     if (all < kLarge && all > 1 / kLarge) return true;
     const int by = all > 1 ? -kScale : kScale;
     own.value = Scale(own.value, by);
     own.slope = Scale(own.slope, by);
-    own.twin = std::ldexp(own.twin, by);
-    own.twinSlope = std::ldexp(own.twinSlope, by);
+    Rescale(std::ldexp(1, by), t.error);
     t.exponent -= by;
     return true;
 }
@@ -51,24 +49,26 @@ bool WalkByStep(const HypergeometricParameters& to, const Place& place, Travelle
     constexpr int kBetweenTidying = 16;
     Route route = RouteOf(StepsBetween(ParametersOf(t), to));
     const double steps = route.ups + route.downs;
+    if (steps == 0) return true;
+    Reserve(t.error, static_cast<std::size_t>(steps));
     for (int n = 0; n < steps; ++n) {
         const std::size_t next = NextTrack(route);
-        TakeStep(t.at, next, route.tracks[next].raises, place);
+        const Column<DoubleDouble> before = t.at.columns[0];
+        const TraceOf<double> trace = TakeStep(t.at, next, route.tracks[next].raises, place);
+        Record(trace, before, t.at.columns[0], t.error);
         if (n % kBetweenTidying == 0 && !Tidy(t, place)) return false;
     }
     return Tidy(t, place);
 }
 
-/// All steps of a block at once. The twin takes those of the block's own twins.
+/// All steps of a block at once.
 void Take(const Block& block, Traveller& t) {
     Column<DoubleDouble>& own = t.at.columns[0];
-    const auto& [first, second] = block;
-    const DoubleDouble value = SumOfProducts(first.value, own.value, second.value, own.slope);
-    own.slope = SumOfProducts(first.slope, own.value, second.slope, own.slope);
-    own.value = value;
-    const double twin = first.twin * own.twin * kOff + second.twin * own.twinSlope * kLess;
-    own.twinSlope = first.twinSlope * own.twin * kLess + second.twinSlope * own.twinSlope * kOff;
-    own.twin = twin;
+    const auto& [first, second] = block.columns;
+    const Column<DoubleDouble> before = own;
+    own = {SumOfProducts(first.value, before.value, second.value, before.slope),
+           SumOfProducts(first.slope, before.value, second.slope, before.slope)};
+    Record(block.trace, before, own, t.error);
 }
 
 /// The stretches' maps multiplied out side by side, and the steps between them.
@@ -77,6 +77,7 @@ bool WalkInBlocks(const Stretches& stretches, const Place& place, Traveller& t) 
     const int blocks = MapBlocks(stretches.starts, RouteOf(stretches.steps), place, table);
     for (std::size_t lane = 0; lane < kLanes; ++lane) {
         if (lane > 0 && !WalkByStep(stretches.starts[lane], place, t)) return false;
+        Reserve(t.error, static_cast<std::size_t>(blocks));
         for (int i = 0; i < blocks; ++i) {
             Take(table[lane][static_cast<std::size_t>(i)], t);
             if (!Tidy(t, place)) return false;
@@ -87,6 +88,21 @@ bool WalkInBlocks(const Stretches& stretches, const Place& place, Traveller& t) 
     return true;
 }
 
+/// Where a traveller is, without the steps that have led there.
+Traveller WithoutSteps(Traveller& t) {
+    std::vector<RecordedStep> steps = std::move(t.error.steps);
+    t.error.steps = {};
+    Traveller start = t;
+    t.error.steps = std::move(steps);
+    return start;
+}
+
+void GoBack(const Traveller& start, Traveller& t) {
+    std::vector<RecordedStep> steps = std::move(t.error.steps);
+    t = start;
+    t.error.steps = std::move(steps);
+}
+
 /// Next to z = 1 steps that lower s in a row, where stretches meet, may lose all: there what is
 /// left over comes together, where such steps and those that raise s alternate.
 bool WalkLeg(const HypergeometricParameters& to, const Place& place, Traveller& t) {
@@ -94,56 +110,35 @@ bool WalkLeg(const HypergeometricParameters& to, const Place& place, Traveller& 
     constexpr double kNextToOne = 0x1p-20;
     const HypergeometricParameters from = ParametersOf(t);
     const std::array<double, 3> all = StepsBetween(from, to);
-    if (Length(all) < kLeastForBlocks) return WalkByStep(to, place, t);
+    if (!t.takesBlocks || Length(all) < kLeastForBlocks) return WalkByStep(to, place, t);
     const bool isNextToOne = place.w.high < kNextToOne;
     std::array<LeftOver, 3> ways = {LeftOver::kSpread, LeftOver::kFirst, LeftOver::kLast};
     if (isNextToOne) std::rotate(ways.begin(), ways.begin() + 1, ways.end());
     std::stable_partition(ways.begin(), ways.end(), [&](LeftOver way) {
         return !Crosses(StretchesOf(from, all, way), from, to);
     });
-    const Traveller start = t;
+    const Traveller start = WithoutSteps(t);
     for (const LeftOver way : ways) {
-        t = start;
+        GoBack(start, t);
         if (WalkInBlocks(StretchesOf(from, all, way), place, t)) return true;
         if (!isNextToOne) return false;
     }
-    t = start;
+    GoBack(start, t);
     return WalkByStep(to, place, t);
 }
 
 }  // namespace
 
-Traveller StartOf(const HypergeometricParameters& p, const HypergeometricPoint& point,
-                  const Place& place) {
-    const double scale = ScaleOf(p, place);
-    const double value = point.value.high;
-    const double slope = point.slope.high;
-    const double relative = point.error / kTwinError / (std::fabs(value) + std::fabs(slope));
+Traveller StartOf(const HypergeometricParameters& p, const HypergeometricPoint& point) {
     Traveller t;
     t.at.p = {p.a, p.b, p.c};
-    t.at.columns[0] = {
-        point.value, point.slope, value + relative * (std::fabs(value) + std::fabs(slope) / scale),
-        slope - relative * (std::fabs(slope) + std::fabs(value)) - point.slopeError / kTwinError};
+    t.at.columns[0] = {point.value, point.slope};
     t.exponent = point.exponent;
+    t.error.value = point.error;
+    t.error.slope = point.slopeError;
+    t.error.across =
+        point.error * std::fabs(point.slope.high) + point.slopeError * std::fabs(point.value.high);
     return t;
-}
-
-void TurnTwin(Traveller& t, const Place& place) {
-    Column<DoubleDouble>& own = t.at.columns[0];
-    const double scale = ScaleOf(ParametersOf(t), place);
-    own.twin = own.slope.high / scale;
-    own.twinSlope = -own.value.high * scale;
-}
-
-double ApartInDirection(const Traveller& t) {
-    const Column<DoubleDouble>& own = t.at.columns[0];
-    return std::fabs(1 - own.twinSlope / own.slope.high * (own.value.high / own.twin));
-}
-
-void MoveTwin(Traveller& t, double error) {
-    Column<DoubleDouble>& own = t.at.columns[0];
-    own.twin = own.value.high;
-    own.twinSlope = own.slope.high * (1 + error / kTwinError);
 }
 
 KALVEX_WITH_FMA
@@ -161,12 +156,10 @@ bool WalkTo(const HypergeometricParameters& to, const Place& place, Traveller& t
 }
 
 HypergeometricPoint PointOf(const Traveller& t) {
-    constexpr double kLeastError = 0x1p-99;
-    // one sample of what rounding does, which may happen to be small where one rounding counts
-    constexpr double kMargin = 0x1p10;
+    constexpr double kOfArgument = 0x1p-99;  // which is rounded where it is x/(x-1)
     const Column<DoubleDouble>& own = t.at.columns[0];
-    const double error = kMargin * kTwinError * std::fabs(own.twin - own.value.high) +
-                         kLeastError * (std::fabs(own.value.high) + std::fabs(own.slope.high));
+    const double error = ErrorOfValue(t.error, own) +
+                         kOfArgument * (std::fabs(own.value.high) + std::fabs(own.slope.high));
     const bool failed = !std::isfinite(error + own.value.high);
     return {own.value, own.slope, error, failed, false, t.exponent};
 }

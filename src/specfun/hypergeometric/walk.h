@@ -3,37 +3,31 @@
 #pragma once
 
 #include "specfun/hypergeometric/route.h"
+#include "specfun/hypergeometric/running_error.h"
 #include "specfun/hypergeometric/shift_steps.h"
 
 namespace kalvex::specfun {
 
 inline constexpr double kMostShifts = 40000;
 
-/// Value, slope and their twin, which starts apart by what is known of the error and by the
-/// rounding of each step since; all to be multiplied by 2^exponent.
+/// A solution at parameters on its way, with what is known of its error; value and slope are to be
+/// multiplied by 2^exponent.
 struct Traveller {
     WalkerOf<DoubleDouble, 1> at;
     int exponent = 0;
+    bool takesBlocks = true;  // where the way is long
+    RunningError error;
 };
 
-/// At p, with the value and slope given and a twin apart by the error of the point.
-Traveller StartOf(const HypergeometricParameters& p, const HypergeometricPoint& point,
-                  const Place& place);
-
-/// Puts the twin as far from the direction of value and slope as can be.
-void TurnTwin(Traveller& t, const Place& place);
-
-/// How far the twin's direction is from that of value and slope, relative to the slope.
-double ApartInDirection(const Traveller& t);
-
-/// Puts the twin where the slope would be with so large a relative error.
-void MoveTwin(Traveller& t, double error);
+/// At p, with the value and slope given and their errors.
+[[nodiscard]] Traveller StartOf(const HypergeometricParameters& p,
+                                const HypergeometricPoint& point);
 
 /// By the straight line to other parameters, kMostShifts steps at most. False when nothing is left
 /// of the value: rounding has outgrown it.
-bool WalkTo(const HypergeometricParameters& to, const Place& place, Traveller& t);
+[[nodiscard]] bool WalkTo(const HypergeometricParameters& to, const Place& place, Traveller& t);
 
 /// What the walk has come to.
-HypergeometricPoint PointOf(const Traveller& t);
+[[nodiscard]] HypergeometricPoint PointOf(const Traveller& t);
 
 }  // namespace kalvex::specfun

@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <utility>
 
 #include "numbers/wide_functions.h"
 #include "specfun/hypergeometric/foreseen.h"
@@ -138,23 +139,23 @@ HypergeometricPoint WithBits(double bits, double most, const Function& function)
         bits = MoreBits(point, kBits);
         if (kBits < most && bits < INFINITY) bits = std::min(bits, most);
     };
-    attempt.template operator()<4>();
-    attempt.template operator()<5>();
-    attempt.template operator()<6>();
-    attempt.template operator()<7>();
-    attempt.template operator()<9>();
-    attempt.template operator()<12>();
-    attempt.template operator()<17>();
-    attempt.template operator()<24>();
-    attempt.template operator()<33>();
+    [&]<std::size_t... limbs>(std::index_sequence<limbs...>) {
+        (attempt.template operator()<limbs>(), ...);
+    }
+    (std::index_sequence<4, 5, 6, 7, 9, 11, 13, 15, 17, 20, 24, 28, 33>{});
     point.failed = point.failed || !(point.error < PowerOfTwo(-kEnough));
     return point;
 }
 
-Value Joining(const HypergeometricParameters& p, double x) {
+/// The bits that the solutions at 1 are likely to take at first.
+struct JoiningPlan {
+    bool moves = false;
+    double bits = INFINITY;
+};
+
+JoiningPlan PlanOfJoining(const HypergeometricParameters& p) {
     constexpr double kMargin = 40;
     constexpr double kMostTerms = 3000;
-    constexpr double kMostBits = LimbNumber<24>::kBits;
     const DoubleDouble s = Subtract(Subtract(p.c, p.a), p.b);
     const HypergeometricParameters first = {p.a, p.b, PlusInteger(Negate(s), 1)};
     const HypergeometricParameters second = {Subtract(p.c, p.a), Subtract(p.c, p.b),
@@ -170,9 +171,15 @@ Value Joining(const HypergeometricParameters& p, double x) {
     const DoubleDouble left = Subtract(s, std::nearbyint(s.high));
     const bool moves = left.high == 0;
     const double lost = moves ? kMove : -std::log2(std::fabs(left.high));
+    return {moves, std::max(lost, largest) + kWanted + kMargin};
+}
+
+Value Joining(const HypergeometricParameters& p, const JoiningPlan& plan, double x) {
+    constexpr double kMostBits = LimbNumber<24>::kBits;
+    if (!(plan.bits < INFINITY)) return {};
     const HypergeometricPoint point =
-        WithBits(std::min(std::max(lost, largest) + kWanted + kMargin, kMostBits), kMostBits,
-                 [&]<std::size_t limbs>() { return ByJoining<limbs>(p, moves, x); });
+        WithBits(std::min(plan.bits, kMostBits), kMostBits,
+                 [&]<std::size_t limbs>() { return ByJoining<limbs>(p, plan.moves, x); });
     Value value = ValueOf({p, {}, false, 0}, point, x);
     if (point.failed) return value;
     int more = 0;
@@ -181,6 +188,12 @@ Value Joining(const HypergeometricParameters& p, double x) {
     value.slope *= factor.high;
     value.exponent += more;
     return value;
+}
+
+/// In terms times limbs, as a form's: five sums of about a bit for each term.
+double CostOfJoining(double bits) {
+    constexpr double kSums = 5;
+    return kSums * bits * (1 + bits / 64);
 }
 
 /// A form and the bits that it is likely to take.
@@ -239,20 +252,21 @@ Value Summed(const std::array<Form, 4>& forms, const Choice& choice, double most
 
 Value WideValue(const HypergeometricParameters& p, double x) {
     constexpr double kMostCost = 30000;  // terms times limbs
-    constexpr double kCostOfJoining = 10000;
+    constexpr double kAlwaysWorthIt = 10000;
     const std::array<Form, 4> forms = FormsOf(p);
     const bool ends = DegreeOf(p) < INFINITY || DegreeOf(forms[1].p) < INFINITY;
-    const bool joins = x > kFarthest && !ends;
     const Choice choice = Cheapest(forms, x);
-    if (joins && choice.cost < kCostOfJoining) {
-        const Value value = Summed(forms, choice, 2 * kCostOfJoining, x);
+    if (!(x > kFarthest) || ends) return Summed(forms, choice, kMostCost, x);
+    const JoiningPlan plan = PlanOfJoining(p);
+    // what a form loses, the solutions at 1 are likely to lose, too
+    const double joining = CostOfJoining(std::max(plan.bits, std::min(choice.bits, 1e9)));
+    const bool sumsFirst = choice.cost < std::max(kAlwaysWorthIt, joining);
+    if (sumsFirst) {
+        const Value value = Summed(forms, choice, 2 * std::max(kAlwaysWorthIt, choice.cost), x);
         if (value.loss < kGoodEnough) return value;
     }
-    if (joins) {
-        const Value value = Joining(p, x);
-        if (value.loss < kGoodEnough) return value;
-    }
-    return Summed(forms, choice, kMostCost, x);
+    const Value value = Joining(p, plan, x);
+    return value.loss < kGoodEnough ? value : Summed(forms, choice, kMostCost, x);
 }
 
 }  // namespace kalvex::specfun

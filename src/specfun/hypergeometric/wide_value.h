@@ -10,6 +10,6 @@ namespace kalvex::specfun {
 /// of 20 to 100 us, rarely 2000. Parameters are exact, 0 or at least 2^-140 in magnitude; at a
 /// pole in c the polynomial is the one that a ends. Nothing (an infinite loss) where more than 2000
 /// bits or some thousand terms would be needed.
-Value WideValue(const HypergeometricParameters& p, double x);
+[[nodiscard]] Value WideValue(const HypergeometricParameters& p, double x);
 
 }  // namespace kalvex::specfun
