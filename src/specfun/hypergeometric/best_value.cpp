@@ -12,6 +12,8 @@
 #include <cmath>
 
 #include "specfun/hypergeometric/forms.h"
+#include "specfun/hypergeometric/series.h"
+#include "specfun/hypergeometric/shifts.h"
 #include "specfun/specfun.h"
 
 namespace kalvex::specfun {

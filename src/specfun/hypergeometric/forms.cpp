@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "specfun/hypergeometric/shifts.h"
+
 namespace kalvex::specfun {
 namespace {
 

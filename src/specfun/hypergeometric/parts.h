@@ -1,5 +1,5 @@
-// The pieces that the Gauss hypergeometric function is put together from, at twice the precision.
-// Internal to the special functions.
+// The records that the methods of the Gauss hypergeometric function share, and small arithmetic of
+// numbers of two doubles. Internal to the special functions.
 #pragma once
 
 #include <cmath>
@@ -48,25 +48,5 @@ struct HypergeometricPoint {
     int exponent = 0;       // of two: value, slope and error are to be multiplied by
     double slopeError = 0;  // the same of the slope
 };
-
-/// The power series in z. Stops when the rest is below `tolerance` times the value and slope.
-HypergeometricPoint SumHypergeometric(const HypergeometricParameters& p, DoubleDouble z,
-                                      double tolerance);
-
-/// How many digits, as a natural logarithm, the power series in z loses: measured in plain
-/// arithmetic, hence up to some 30; infinite if a term overflows or thousands are needed.
-double MeasuredLoss(const HypergeometricParameters& p, double z);
-
-/// The function at z, 0 < z < 1, w = 1 - z, by steps of 1 in the parameters. Best for c-a-b at
-/// least 0.
-HypergeometricPoint HypergeometricByShifts(const HypergeometricParameters& p, DoubleDouble z,
-                                           DoubleDouble w);
-
-/// The same for a = 0, -1, -2, ..., from the polynomial of degree 0 or 2.
-HypergeometricPoint PolynomialByShifts(const HypergeometricParameters& p, DoubleDouble z,
-                                       DoubleDouble w);
-
-/// How many such steps that takes.
-double ShiftsTo(const HypergeometricParameters& p);
 
 }  // namespace kalvex::specfun

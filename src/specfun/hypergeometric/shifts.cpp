@@ -8,12 +8,17 @@
 //
 // Beside w^0 the other behaviour at z = 1 is w^s, w = 1-z, s = c-a-b: a step that lowers s
 // multiplies rounding errors of that kind by 1/w, one that raises it by w. So both kinds alternate.
+#include "specfun/hypergeometric/shifts.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
 
+#include "specfun/hypergeometric/at_start.h"
 #include "specfun/hypergeometric/forms.h"
 #include "specfun/hypergeometric/growth.h"
+#include "specfun/hypergeometric/series.h"
+#include "specfun/hypergeometric/start.h"
 #include "specfun/hypergeometric/walk.h"
 
 namespace kalvex::specfun {
