@@ -131,17 +131,17 @@ double BesselI(double order, double x);
 /// integral a or b ends the series, before an integral c = 0, -1, ... divides by zero; otherwise
 /// such a c throws "Overflow in Hypergeometric2F1", as do values beyond the range and where every
 /// method loses too many digits: most parameters beyond tens of thousands and some of thousands
-/// with x next to 1. Power series, directly or in Euler's or Pfaff's form (DLMF 15.8.1), each
-/// judged by a bound of its error; contiguous relations from small parameters (15.5.11 to 15.5.22),
-/// outwards or, where other solutions outgrow the function, inwards (Gautschi 1967); polynomials
-/// also about x = 1 (15.8.7); double-double arithmetic. For a = c or b = c a power of 1-x (15.4.6),
+/// with x next to 1. Power series, directly or in Euler's or Pfaff's form (DLMF 15.8.1); contiguous
+/// relations from small parameters (15.5.11 to 15.5.22), outwards or, where the function is the
+/// minimal solution, inwards (Gautschi 1967); polynomials also about x = 1 (15.8.7); numbers of two
+/// doubles, each method with a bound of its error. For a = c or b = c a power of 1-x (15.4.6),
 /// which is also most of the function for a or b and c next to 0. Where that is not enough, with
 /// parameters next to 0 or next to integers above all, the series or the solutions at 1 (15.10.13,
 /// 15.10.14) with 192 to 2048 bits. What is not known to 2^-57 is thrown. n at most 0.55 at 250,000
 /// random points with parameters to 300, tied ones among them, and at 60,000 aimed at the hard
-/// cases. 0.4 to 5 us for parameters to 10, below 30 to 200 and below 50 to 1000, beyond in
-/// proportion to them; numbers of many bits take 20 to 250 us, rarely some milliseconds.
-/// docs/performance.md tells more.
+/// cases. Most calls take 0.4 to 5 us for parameters to 10, below 15 to 200 and below 60 to 1000,
+/// beyond in proportion to them; numbers of many bits take 20 to 300 us, next to x = 1 up to 1000.
+/// docs/hypergeometric.md tells more.
 double Hypergeometric2F1(double a, double b, double c, double x);
 
 /// Chebyshev polynomial of kind 1 (T) or 2 (U), integral degrees, all x; T(-n) = T(n),

@@ -14,7 +14,7 @@ struct HypergeometricParameters {
     DoubleDouble c;
 };
 
-/// a + k, normalised in case the high parts cancel.
+/// a + k, normalised even where the high parts cancel.
 inline DoubleDouble PlusInteger(DoubleDouble a, double k) {
     const DoubleDouble sum = TwoSum(a.high, k);
     return QuickTwoSum(sum.high, sum.low + a.low);
@@ -38,11 +38,11 @@ inline void Accumulate(DoubleDouble& sum, double high, double low) {
     sum = {next.high, sum.low + (next.low + low)};
 }
 
-/// A solution of the hypergeometric equation at a point z.
+/// A solution of the hypergeometric equation at a point z, with bounds of its errors.
 struct HypergeometricPoint {
     DoubleDouble value;
     DoubleDouble slope;     // z times the derivative
-    double error = 0;       // estimate of the absolute error
+    double error = 0;       // bound of the absolute error of the value
     bool failed = false;    // overflow, too many terms or a division by zero
     bool singular = false;  // c met 0 before the series came to its end
     int exponent = 0;       // of two: value, slope and error are to be multiplied by
