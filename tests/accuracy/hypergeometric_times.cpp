@@ -142,7 +142,7 @@ void Measure(const HypergeometricKind& kind, const Settings& settings, std::ostr
 /// Whether walks keep all bits of the parameters, which is what they are taken for.
 bool KeepsBits(const specfun::HypergeometricParameters& p) {
     const double unit = specfun::ParameterUnit(p);
-    const auto isMultiple = [unit](specfun::DoubleDouble a) {
+    const auto isMultiple = [unit](DoubleDouble a) {
         return std::floor(a.high / unit) == a.high / unit;
     };
     return isMultiple(p.a) && isMultiple(p.b) && isMultiple(p.c);
@@ -160,12 +160,12 @@ double ErrorByBound(const HypergeometricArguments& at) {
     if (!(at.x > 0) || atPole || !KeepsBits(p)) return -1;
     if (specfun::ShiftsTo(p) > kMostSteps) return -1;
     const specfun::HypergeometricPoint point =
-        specfun::HypergeometricByShifts(p, {at.x, 0}, specfun::TwoSum(1, -at.x));
+        specfun::HypergeometricByShifts(p, {at.x, 0}, TwoSum(1, -at.x));
     if (point.failed || !(point.error < kWorthIt * std::fabs(point.value.high))) return -1;
     ReferenceRow row;
     if (!ExactRowWithoutCondition("Hyper", ListOf(at), row) || row.high == 0) return -1;
-    const specfun::DoubleDouble exact = specfun::Scale({row.high, row.low}, -point.exponent);
-    const double error = std::fabs(specfun::ToDouble(specfun::Subtract(point.value, exact)));
+    const DoubleDouble exact = Scale({row.high, row.low}, -point.exponent);
+    const double error = std::fabs(ToDouble(Subtract(point.value, exact)));
     const bool isKnown = std::fabs(row.high) > kLeast && std::isfinite(exact.high);
     return isKnown ? std::max(0.0, error - kKnown * std::fabs(exact.high)) / point.error : -1;
 }

@@ -51,7 +51,7 @@ TEST(InputOf, ShowsTheOptions) {
     OptionsInput input = InputOf(options);
     for (const OptionRow& row : kOptionRows) {
         if (row.kind != OptionKind::Flag && row.kind != OptionKind::GridKind) continue;
-        EXPECT_EQ(ControlOf(input, row.field).checked, row.name != "Diff") << row.name;
+        EXPECT_EQ(ControlOf(input, row.field).checked, ValueOf(options, row) != 0) << row.name;
     }
     EXPECT_FALSE(input.polarGrid);
     EXPECT_EQ(TextIn(input, &Options::Wight), u"2 pix");
@@ -111,7 +111,7 @@ TEST(SaveOptions, TakesEachFlagIntoItsOwnOption) {
         ControlOf(input, row->field).checked = false;
         SaveOptions(input, options, store.registry);
         for (const OptionRow* const other : rows) {
-            const int expected = other == row ? 0 : 1;
+            const double expected = other == row ? 0.0 : ValueOf(Options{}, *other);
             EXPECT_EQ(ValueOf(options, *other), expected) << row->name << " " << other->name;
             EXPECT_EQ(Stored(store, other->name), expected) << row->name << " " << other->name;
         }

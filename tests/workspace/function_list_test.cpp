@@ -4,6 +4,8 @@
 
 #include <limits>
 
+#include "resources/strings.h"
+
 namespace kalvex {
 namespace {
 
@@ -20,14 +22,19 @@ TEST(LabelOf, GivesTheExactLabels) {
 
 // KEEP: the ninth colour is called "Great" and is a dark grey.
 TEST(ColorTable, HoldsNineColours) {
-    const NamedColor rows[] = {
+    const struct {
+        std::u16string_view name;
+        Rgb rgb;
+    } rows[] = {
         {u"Red", {255, 0, 0}},     {u"Orange", {255, 165, 0}}, {u"Violet", {138, 43, 226}},
         {u"Green", {50, 205, 50}}, {u"Blue", {0, 0, 255}},     {u"Magenta", {255, 0, 255}},
         {u"Cyan", {0, 255, 255}},  {u"Black", {0, 0, 0}},      {u"Great", {105, 105, 105}},
     };
     for (std::int32_t color = 1; color <= 9; ++color) {
-        const NamedColor& row = rows[color - 1];
-        EXPECT_EQ(kColorTable[static_cast<std::size_t>(color - 1)].name, row.name);
+        const auto& row = rows[color - 1];
+        const NamedColor& named = kColorTable[static_cast<std::size_t>(color - 1)];
+        EXPECT_EQ(named.name, row.name);
+        EXPECT_EQ(Text(named.word), row.name);
         EXPECT_EQ(ColorOf(color), row.rgb);
     }
     for (const std::int32_t color : {0, 10, -1, std::numeric_limits<std::int32_t>::min()}) {

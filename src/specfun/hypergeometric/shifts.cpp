@@ -46,14 +46,14 @@ HypergeometricPoint Outwards(const HypergeometricParameters& from, const Hyperge
 }
 
 /// Comes to p from `part` of the steps beyond it, where value and slope are known about: the slope
-/// is taken to be off there by no more than itself. Returns a bound of the error of the slope at p
-/// relative to the slope, infinite on failure.
+/// is taken to be off there by no more than itself and z/w. Returns a bound of the error of the
+/// slope at p relative to the slope, infinite on failure.
 double ComeFromFar(const HypergeometricParameters& p, const std::array<double, 3>& steps,
                    double part, const Place& place, Traveller& t) {
     const HypergeometricParameters far = Beyond(p, steps, part);
     const double slope = SlopeOfLesser(far, place.z.high, place.w.high);
     HypergeometricPoint about = {{1, 0}, {slope, 0}};
-    about.slopeError = std::fabs(slope);
+    about.slopeError = std::fabs(slope) + place.odds.high;
     t = StartOf(far, about);
     if (!WalkTo(p, place, t)) return INFINITY;
     const Column<DoubleDouble>& own = t.at.columns[0];
