@@ -17,7 +17,7 @@
 #include "accuracy/exact_value.h"
 #include "accuracy/hypergeometric_points.h"
 #include "specfun/hypergeometric/best_value.h"
-#include "specfun/hypergeometric/parts.h"
+#include "specfun/hypergeometric/shifts.h"
 #include "specfun/specfun.h"
 
 namespace kalvex::accuracy {

@@ -4,6 +4,7 @@
 
 #include <cmath>
 
+#include "specfun/hypergeometric/series.h"
 #include "specfun/hypergeometric/walk.h"
 
 namespace kalvex::specfun {

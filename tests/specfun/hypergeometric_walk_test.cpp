@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "specfun/hypergeometric/growth.h"
+#include "specfun/hypergeometric/series.h"
 #include "specfun/hypergeometric/stretches.h"
 #include "specfun/hypergeometric/walk.h"
 

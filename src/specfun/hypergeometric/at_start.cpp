@@ -4,10 +4,12 @@
 //   y(r) = sum over k of w^(k+r) (a+r)_k (b+r)_k / ((1+r)_k (1+r-s)_k),
 // which tends to the logarithmic solution as s tends to 0. Both are matched at z = 3/4 with the
 // series at 0, which alone serves up to some way beyond.
+#include "specfun/hypergeometric/at_start.h"
+
 #include <array>
 #include <cmath>
 
-#include "specfun/hypergeometric/shift_steps.h"
+#include "specfun/hypergeometric/series.h"
 
 namespace kalvex::specfun {
 namespace {

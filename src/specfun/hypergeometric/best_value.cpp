@@ -2,8 +2,8 @@
 // fast and is not likely to cancel (DLMF 15.8.1):
 //   F(a,b;c;x) = (1-x)^(c-a-b) F(c-a,c-b;c;x)
 //              = (1-x)^(-a) F(a,c-b;c;x/(x-1)) = (1-x)^(-b) F(c-a,b;c;x/(x-1)).
-// Each form measures what it lost; if that was too much for a double the next one is tried. Where
-// the forms cancel or converge slowly a walk along the contiguous relations leads from parameters
+// Each sum comes with a bound of its error; where that is too large, the next form is tried. Where
+// all forms cancel or converge slowly, a walk along the contiguous relations leads from parameters
 // next to 0 to those wanted (shifts.cpp).
 #include "specfun/hypergeometric/best_value.h"
 
@@ -12,6 +12,8 @@
 #include <cmath>
 
 #include "specfun/hypergeometric/forms.h"
+#include "specfun/hypergeometric/series.h"
+#include "specfun/hypergeometric/shifts.h"
 #include "specfun/specfun.h"
 
 namespace kalvex::specfun {
@@ -84,8 +86,8 @@ std::array<Form, 2> FormsForShifts(const std::array<Form, 4>& forms, double x) {
     return found;
 }
 
-/// Whether the parameters along a walk and their differences, by which it divides, keep all their
-/// bits: the errors that the twin goes by are those of value and slope only.
+/// Whether the parameters along a walk and their differences, by which it divides, are exact: the
+/// bound of its error counts the rounding of value and slope and of coefficients only.
 bool KeepsParameters(const HypergeometricParameters& p) {
     const double unit = ParameterUnit(p);
     const auto isMultiple = [unit](DoubleDouble a) {
@@ -95,7 +97,7 @@ bool KeepsParameters(const HypergeometricParameters& p) {
     return isMultiple(p.a) && isMultiple(p.b) && isMultiple(p.c);
 }
 
-/// A polynomial's own walk, then the general ones.
+/// For a polynomial the walk from a polynomial, then, or else, the general walks.
 Value ByShifts(const std::array<Form, 2>& forms, double x) {
     const DoubleDouble z = ArgumentOf(forms[0], x);
     const DoubleDouble w = forms[0].pfaff ? Divide({1, 0}, TwoSum(1, -x)) : TwoSum(1, -x);

@@ -1,5 +1,5 @@
-// A value of the Gauss hypergeometric function and what is known of its error. Internal to the
-// special functions.
+// The Gauss hypergeometric function by its quick methods, in numbers of two doubles, with a bound
+// of the error. Internal to the special functions.
 #pragma once
 
 #include <cmath>
@@ -9,16 +9,17 @@
 
 namespace kalvex::specfun {
 
+/// A value, fraction times 2^exponent, and the bound of its error.
 struct Value {
     DoubleDouble fraction;
     int exponent = 0;
-    double loss = INFINITY;      // estimated error by what the last bit of x does
-    double relative = INFINITY;  // the same by the value
-    double slope = 0;            // x times the derivative, of the fraction
+    double loss = INFINITY;      // error / (|fraction| + |slope|)
+    double relative = INFINITY;  // error / |fraction|
+    double slope = 0;            // x times the derivative, as a multiple of 2^exponent
 };
 
-inline constexpr double kGoodEnough = 0x1p-58;
-inline constexpr double kBearable = 0x1p-57;
+inline constexpr double kGoodEnough = 0x1p-58;  // a loss for which no other method is tried
+inline constexpr double kBearable = 0x1p-57;    // a loss with which a value is still delivered
 
 inline void KeepBetter(Value& best, const Value& other) {
     if (other.loss < best.loss) best = other;
@@ -27,14 +28,15 @@ inline void KeepBetter(Value& best, const Value& other) {
 /// ln(1-x).
 [[nodiscard]] DoubleDouble LogOneLess(double x);
 
-/// The function from that of the form, `sum` at z.
+/// The function at x, from the sum of the series of a form of it.
 [[nodiscard]] Value ValueOf(const Form& form, const HypergeometricPoint& sum, double x);
 
-/// Of what the parameters are multiples if walks do not round them.
+/// The unit of which all parameters must be multiples so that adding integers to them along a walk
+/// rounds nothing.
 [[nodiscard]] double ParameterUnit(const HypergeometricParameters& p);
 
-/// By the methods from the quickest up, until one is good enough. x is not 0, and at a pole in c
-/// the polynomial is the one that a ends.
+/// Tries the methods from the quickest up until one is good enough, and returns the best value
+/// found. x is not 0. Where c is 0, -1, -2, ... the series must end by its parameter a.
 [[nodiscard]] Value BestValue(const HypergeometricParameters& p, double x);
 
 }  // namespace kalvex::specfun

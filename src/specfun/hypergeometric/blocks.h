@@ -13,7 +13,8 @@ namespace kalvex::specfun {
 inline constexpr int kBlockSteps = 16;
 inline constexpr int kMostBlocks = 64;
 
-/// What becomes of the value and slope (1,0) and (0,1), and the trace of taking the block at once.
+/// The steps of a block multiplied out: what they make of (value, slope) = (1,0) and of (0,1), and
+/// the trace of taking all of them at once.
 struct Block {
     std::array<Column<DoubleDouble>, 2> columns;
     TraceOf<double> trace;
@@ -21,8 +22,8 @@ struct Block {
 
 using BlockTable = std::array<std::array<Block, kMostBlocks>, kLanes>;
 
-/// The maps along the same route from four places, at most kMostBlocks * kBlockSteps steps; returns
-/// their number.
+/// Multiplies out the blocks along the same route from four places, one in each lane. The route has
+/// at most kMostBlocks * kBlockSteps steps. Returns the number of blocks.
 [[nodiscard]] int MapBlocks(const std::array<HypergeometricParameters, kLanes>& from,
                             const Route& route, const Place& place, BlockTable& table);
 

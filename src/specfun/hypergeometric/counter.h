@@ -1,4 +1,5 @@
-// Parameters as integers times powers of two, counted up by 1. Internal to the special functions.
+// The factors a, a+1, a+2, ... of a power series as exact integers times a power of two. Internal
+// to the special functions.
 #pragma once
 
 #include <algorithm>
@@ -10,9 +11,9 @@
 
 namespace kalvex::specfun {
 
-inline constexpr std::int64_t kMostOwnLimbs = 4;  // of one of the numbers that make a factor
+inline constexpr std::int64_t kMostOwnLimbs = 4;  // of one parameter: 256 bits
 
-/// 2^exponent, for what is far from the ends of the range.
+/// 2^exponent, cut off at 2^-1000 and 2^1000.
 [[nodiscard]] inline double PowerOfTwo(double exponent) {
     constexpr double kEnd = 1000;
     constexpr std::int64_t kBias = 1023;
@@ -23,7 +24,7 @@ inline constexpr std::int64_t kMostOwnLimbs = 4;  // of one of the numbers that 
     return whole == within ? power : power * std::exp2(within - whole);
 }
 
-/// Of what power of two the number is an odd multiple; 0 for 0.
+/// The exponent of the lowest bit that is set; 0 for 0.
 template <std::size_t limbs>
 [[nodiscard]] std::int64_t LowestBit(const Wide<limbs>& a) {
     if (a.sign == 0) return 0;

@@ -1,5 +1,5 @@
-// What a sum of many digits is going to be like, from a look in plain arithmetic. Internal to the
-// special functions.
+// An estimate in plain arithmetic of how long a power series is and how much of it cancels, from
+// which the precision of a sum of many digits is chosen. Internal to the special functions.
 #pragma once
 
 #include <cmath>
@@ -10,8 +10,8 @@ namespace kalvex::specfun {
 
 inline constexpr double kWanted = 90;  // bits of a value
 
-/// What a sum is going to be like: the greatest term and the sum, as logarithms to base 2. Of a sum
-/// that cancels too much for plain arithmetic only a bound is known.
+/// The greatest term and the sum, as logarithms to base 2, and the number of terms. `measured` is
+/// false where so much cancels that plain arithmetic does not see the sum; `sum` is then a bound.
 struct Foreseen {
     double largest = INFINITY;
     double sum = INFINITY;
@@ -19,7 +19,7 @@ struct Foreseen {
     bool measured = false;
 };
 
-/// Of the power series in z.
+/// The estimate for the power series in z; all infinite where it takes more than 6000 terms.
 [[nodiscard]] Foreseen ForeseenOf(const HypergeometricParameters& p, double z);
 
 }  // namespace kalvex::specfun

@@ -1,5 +1,5 @@
-// The forms of the Gauss hypergeometric function and what each of them is likely to cost. Internal
-// to the special functions.
+// The four forms of the Gauss hypergeometric function (DLMF 15.8.1) and estimates of what each of
+// them costs. Internal to the special functions.
 #pragma once
 
 #include <array>
@@ -8,7 +8,7 @@
 
 namespace kalvex::specfun {
 
-inline constexpr double kHopeless = 1e6;  // added to the cost of what is likely to cancel
+inline constexpr double kHopeless = 1e6;  // added to the cost of a series likely to cancel
 
 /// F = (1-x)^power times the series.
 struct Form {

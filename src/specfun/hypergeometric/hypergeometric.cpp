@@ -1,5 +1,6 @@
-// Gauss hypergeometric function, -1 < x < 1: what is legal, and the parameters next to those where
-// the function is simpler, from which its methods (best_value.cpp) would come with too few digits.
+// Gauss hypergeometric function, -1 < x < 1: the entry. It sorts out what is illegal and what is
+// simple, and treats parameters next to 0, where the general methods (best_value.cpp,
+// wide_value.cpp) would lose too many digits. docs/hypergeometric.md describes the whole.
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -15,7 +16,7 @@ namespace {
 
 constexpr char kOverflow[] = "Overflow in Hypergeometric2F1";
 
-constexpr double kTiny = 0x1p-75;  // whose square counts for nothing
+constexpr double kTiny = 0x1p-75;  // its square counts for nothing beside the loss allowed
 
 Value Sum(const Value& left, const Value& right) {
     constexpr int kFar = 1000;  // beyond which one of the two counts for nothing
@@ -71,7 +72,7 @@ constexpr Value One(double relative) {
     return {{1, 0}, 0, relative, relative};
 }
 
-/// For x next to 0, where the second term is as nothing beside the first.
+/// Whether x is so small that all terms after the second count for nothing.
 bool IsLinear(const HypergeometricParameters& p, double x) {
     constexpr double kNothing = 1e-250;
     constexpr double kMost = 1e60;
@@ -80,15 +81,14 @@ bool IsLinear(const HypergeometricParameters& p, double x) {
 
 Value CarefulValue(const HypergeometricParameters& p, double x);
 
-/// A parameter next to 0 with fewer digits: the multiple of the unit next to it, but not less than
-/// kTiny.
+/// The multiple of `unit` next to a parameter next to 0, at least kTiny: a walk can take it.
 double Shortened(double a, double unit) {
     const double multiple = std::nearbyint(a / unit) * unit;
     return std::fabs(multiple) < kTiny ? kTiny : multiple;
 }
 
-/// For a parameter next to 0, a or b, on which the rise from 1 depends in proportion there: by that
-/// of another parameter instead.
+/// For a or b next to 0. There F-1 is proportional to that parameter, so it is computed with
+/// `instead` in its place and scaled.
 Value OfTiny(HypergeometricParameters p, DoubleDouble HypergeometricParameters::*tiny,
              double instead, double x) {
     constexpr double kDigits = 0x1p-100;  // of what a fraction holds
@@ -98,16 +98,17 @@ Value OfTiny(HypergeometricParameters p, DoubleDouble HypergeometricParameters::
     return Sum(One(kDigits), Times(rise, factor));
 }
 
-/// What the sums of many digits ask of their parameters.
+/// Whether the sums of many digits take these parameters.
 bool MayBeWide(const HypergeometricParameters& p) {
     constexpr double kLeast = 0x1p-140;
     const auto may = [](DoubleDouble a) { return a.high == 0 || std::fabs(a.high) >= kLeast; };
     return may(p.a) && may(p.b) && may(p.c);
 }
 
+// Below it F-1 is proportional to a parameter: the square times a logarithm counts for nothing.
 constexpr double kProportional = 0x1p-40;
 
-/// Whatever it costs.
+/// By all general methods, the sums of many digits last.
 Value CarefulValue(const HypergeometricParameters& p, double x) {
     Value best = BestValue(p, x);
     if (best.loss < kGoodEnough) return best;
@@ -201,8 +202,9 @@ Value TiedValue(double a, double b, double c, double x) {
     return value;
 }
 
-/// For c next to 0. The function is a b x / c F(a+1,b+1;2;x) and a part that c does not change
-/// there, which is told by a larger c: it is all that counts where F(a+1,b+1;2;x) is next to 0.
+/// For c next to 0. The function is the sum of a b x / c F(a+1,b+1;2;x) and of a part that hardly
+/// depends on c. The second part is found from the function at a larger c, and is all that counts
+/// where F(a+1,b+1;2;x) is next to 0.
 Value NextToPole(const HypergeometricParameters& p, double x) {
     constexpr double kOfLarger = 0x1p-68;  // what the larger c changes, by the part's own size
     const double larger = std::copysign(kTiny, p.c.high);

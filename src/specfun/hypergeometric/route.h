@@ -1,5 +1,5 @@
-// The order of the steps of 1 in the parameters of the hypergeometric function that lead from one
-// set of parameters to another. Internal to the special functions.
+// In which order a walk along the contiguous relations changes a, b and c by 1 to come from one set
+// of parameters to another. s is c-a-b throughout. Internal to the special functions.
 #pragma once
 
 #include <array>
@@ -10,12 +10,13 @@
 
 namespace kalvex::specfun {
 
-/// Steps of one of the parameters along the way.
+/// The steps of one parameter on the way. Its progress is the part of them that will be done after
+/// the next one.
 struct Track {
-    double count = 0;     // without its sign
-    bool raises = false;  // s
+    double count = 0;     // how many, whichever way they go
+    bool raises = false;  // whether they make s larger
     double pace = 0;      // 1/count
-    double progress = 0;  // after the next step, above 1 when there is none left
+    double progress = 0;  // above 1 when no step is left
 };
 
 struct Route {
@@ -26,7 +27,7 @@ struct Route {
     double downsDone = 0;
 };
 
-/// By so many steps, negative ones downwards.
+/// The route that changes a, b and c by these integers.
 [[nodiscard]] inline Route RouteOf(const std::array<double, 3>& counts) {
     Route route;
     for (std::size_t i = 0; i < 3; ++i) {
@@ -45,7 +46,7 @@ struct Route {
             std::nearbyint(Subtract(to.c, from.c).high)};
 }
 
-/// A part of the steps beyond p.
+/// The parameters that a part of the steps, from 0 to 1 or more, leads to from p.
 [[nodiscard]] inline HypergeometricParameters Beyond(const HypergeometricParameters& p,
                                                      const std::array<double, 3>& steps,
                                                      double part) {
@@ -54,8 +55,9 @@ struct Route {
             PlusInteger(p.c, std::nearbyint(steps[2] * part))};
 }
 
-/// The next step: one that lowers s only when those that raise it are ahead, so that s stays at
-/// least where the straight line has it; of its kind the one that is most behind.
+/// Which parameter takes the next step. Steps that raise s come first whenever they are not ahead
+/// of those that lower it, so that s never falls below the straight line between both ends. Among
+/// the parameters that qualify, the one with the least progress takes the step.
 [[nodiscard]] inline std::size_t NextTrack(Route& route) {
     const bool up = route.upsDone * route.downs < (route.downsDone + 1) * route.ups &&
                     route.upsDone < route.ups;

@@ -12,7 +12,7 @@ namespace kalvex::specfun {
 /// rho of running_error.cpp: of an adjoint step in plain arithmetic, eight roundings of 2^-53.
 inline constexpr double kPlainError = 0x1p-50;
 
-/// A step or a block of steps: its trace but for the determinant, and what was known before it.
+/// The trace of a step or of a block of steps, and value, slope and `across` before it.
 struct RecordedStep {
     MapOf<double> map;
     MapOf<double> bound;
@@ -21,9 +21,8 @@ struct RecordedStep {
     double across;  // before
 };
 
-/// Of a solution (value, slope) computed step by step the error e is not known; known of it are
-/// what it is at the start, the steps, and a bound of the cross product of e and the solution,
-/// that is of the error of the solution's direction.
+/// What is known of the error e of a solution Y = (value, slope) that is computed step by step: how
+/// large it is at the start, what each step does, and how far Y is off in its direction by now.
 struct RunningError {
     double value = 0;  // bounds of the errors at the start
     double slope = 0;
@@ -35,7 +34,7 @@ struct RunningError {
 /// Makes room for so many steps more.
 void Reserve(RunningError& error, std::size_t more);
 
-/// Takes in a step that led from `before` to `after`; there is room for it.
+/// Records a step that led from `before` to `after`; Reserve has made room for it.
 void Record(const TraceOf<double>& trace, const Column<DoubleDouble>& before,
             const Column<DoubleDouble>& after, RunningError& error);
 

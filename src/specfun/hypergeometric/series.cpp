@@ -3,10 +3,10 @@
 // correction: as good as twice the precision at half its price. What cancels is seen from the
 // sum of magnitudes, from which the error is estimated. Terms that are small enough for it are
 // added in plain arithmetic.
+#include "specfun/hypergeometric/series.h"
+
 #include <algorithm>
 #include <cmath>
-
-#include "specfun/hypergeometric/parts.h"
 
 namespace kalvex::specfun {
 namespace {

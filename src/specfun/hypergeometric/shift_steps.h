@@ -218,15 +218,4 @@ template <typename Number, std::size_t count>
     return raises ? Lower<1>(at, place) : Raise<1>(at, place);
 }
 
-/// Parameters of the same fractions next to 0, c-a-b between -1/2 and 1/2, c, c-a and c-b positive.
-[[nodiscard]] HypergeometricParameters GeneralStart(const HypergeometricParameters& p);
-
-/// For an integer a from 0 down: where the polynomial has three terms at most, c-b has the sign it
-/// will have if it is next to an integer, and c-a-b is not below -1/2.
-[[nodiscard]] HypergeometricParameters PolynomialStart(const HypergeometricParameters& p);
-
-/// Value and slope at such parameters, about `tolerance` times their size off.
-[[nodiscard]] HypergeometricPoint AtStart(const HypergeometricParameters& p, const Place& place,
-                                          double tolerance);
-
 }  // namespace kalvex::specfun

@@ -8,23 +8,28 @@
 //
 // Beside w^0 the other behaviour at z = 1 is w^s, w = 1-z, s = c-a-b: a step that lowers s
 // multiplies rounding errors of that kind by 1/w, one that raises it by w. So both kinds alternate.
+#include "specfun/hypergeometric/shifts.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
 
+#include "specfun/hypergeometric/at_start.h"
 #include "specfun/hypergeometric/forms.h"
 #include "specfun/hypergeometric/growth.h"
+#include "specfun/hypergeometric/series.h"
+#include "specfun/hypergeometric/start.h"
 #include "specfun/hypergeometric/walk.h"
 
 namespace kalvex::specfun {
 namespace {
 
 constexpr double kTolerance = 0x1p-100;
-constexpr double kBearable = 29;  // of what the walk outwards may lose, of 69 in all
+constexpr double kBearable = 29;  // e-foldings that a walk outwards may lose; 2^-100 has 69
 constexpr HypergeometricPoint kFailure = {{}, {}, 0, true};
 
-/// For integral c-a or c-b next to 0, by which the steps divide, a place two steps of a or b before
-/// the end.
+/// A place two steps of a or b before the end, where c-a or c-b is an integer next to 0: steps
+/// divide by them.
 HypergeometricParameters BeforeEnd(HypergeometricParameters p) {
     constexpr double kClose = 2;
     for (DoubleDouble* a : {&p.a, &p.b}) {
@@ -65,7 +70,8 @@ bool IsGood(const HypergeometricPoint& point) {
     return point.error < kGood * (std::fabs(point.value.high) + std::fabs(point.slope.high));
 }
 
-/// The factor that makes `known` what is known of it, for `point`.
+/// A walk inwards has the function but for a factor. Scales `point` by that which makes `known`,
+/// the end of the walk, the value at the start.
 void ScaleTo(const HypergeometricPoint& start, const HypergeometricPoint& known,
              HypergeometricPoint& point) {
     const DoubleDouble factor = Divide(start.value, known.value);
@@ -76,10 +82,10 @@ void ScaleTo(const HypergeometricPoint& start, const HypergeometricPoint& known,
     point.failed = !std::isfinite(point.value.high);
 }
 
-/// Where other solutions outgrow the function on the way out, they are outgrown on the way in
-/// (Miller's algorithm): a walk from far out has value and slope of the function, but for a factor,
-/// by the time it comes to where they are wanted, and the factor is told by the start. Farther
-/// where the two kinds of solution hardly differ.
+/// The backward recurrence for where the function is the minimal solution of the forward one
+/// (Miller's algorithm). A walk from far out has the direction of the function when it comes to the
+/// parameters wanted, and goes on to the start, where the value is known, which gives the factor.
+/// It begins farther out, up to three times, where the solutions differ less than estimated.
 HypergeometricPoint Inwards(const HypergeometricParameters& from, const HypergeometricPoint& start,
                             const HypergeometricParameters& to, const Place& place,
                             double outgrown) {

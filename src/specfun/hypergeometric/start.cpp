@@ -1,7 +1,7 @@
 // Where the walks of shifts.cpp start.
-#include <cmath>
+#include "specfun/hypergeometric/start.h"
 
-#include "specfun/hypergeometric/shift_steps.h"
+#include <cmath>
 
 namespace kalvex::specfun {
 namespace {

@@ -9,22 +9,22 @@
 
 namespace kalvex::specfun {
 
-/// What is left over when four stretches of the way take the same steps comes between them: spread
-/// over the three places, or all together at the first or the last.
+/// Four equal stretches seldom make up the whole way. The steps left over are taken between the
+/// stretches: spread over the three gaps, or all in the first or the last of them.
 enum class LeftOver { kSpread, kFirst, kLast };
 
-/// Four stretches of the way with the same steps, and where each of them starts.
+/// The steps that each of four stretches takes, and the parameters where each of them starts.
 struct Stretches {
     std::array<double, 3> steps;
     std::array<HypergeometricParameters, kLanes> starts;
 };
 
-/// For the given steps from `from`.
+/// The stretches of a way of the given steps that starts at `from`.
 [[nodiscard]] Stretches StretchesOf(const HypergeometricParameters& from,
                                     const std::array<double, 3>& all, LeftOver leftOver);
 
-/// Whether a, b, c, c-a or c-b, by which the steps divide, leaves the range between its values at
-/// the two ends through 0.
+/// Steps divide by a, b, c, c-a and c-b. Whether one of these has the same sign at both ends of the
+/// way, but another one or 0 at the end of a stretch.
 [[nodiscard]] bool Crosses(const Stretches& stretches, const HypergeometricParameters& from,
                            const HypergeometricParameters& to);
 

@@ -1,6 +1,6 @@
-// A walk takes one step after the other, a long one blocks of steps, four stretches of the way
-// being worked out at the same time. What rounding does is recorded step by step
-// (running_error.h).
+// A short walk takes one step after the other. A long one takes blocks of steps, which are
+// multiplied out beforehand, those of four stretches of the way at the same time. What rounding
+// does is recorded step by step (running_error.h).
 #include "specfun/hypergeometric/walk.h"
 
 #include <algorithm>
@@ -15,7 +15,7 @@
 namespace kalvex::specfun {
 namespace {
 
-/// What the slope of a solution may be beside its value, that of w^s above all.
+/// How large the slope of a solution is beside its value, roughly; w^s has the largest.
 double ScaleOf(const HypergeometricParameters& p, const Place& place) {
     const double size = 1 + std::fabs(p.a.high) + std::fabs(p.b.high) + std::fabs(p.c.high);
     return size * std::max(1.0, place.odds.high);
@@ -25,7 +25,8 @@ HypergeometricParameters ParametersOf(const Traveller& t) {
     return {t.at.p[0], t.at.p[1], t.at.p[2]};
 }
 
-/// Keeps the numbers normalised and within the range. False when rounding has outgrown them.
+/// Normalises value and slope and keeps them within the range. False when the error of the
+/// direction has become as large as the solution.
 bool Tidy(Traveller& t, const Place& place) {
     constexpr int kScale = 200;  // the squares of what is left stay within the range
     constexpr double kLarge = 0x1p200;
@@ -71,7 +72,7 @@ void Take(const Block& block, Traveller& t) {
     Record(block.trace, before, own, t.error);
 }
 
-/// The stretches' maps multiplied out side by side, and the steps between them.
+/// Walks the four stretches in blocks, and the steps left over between them one by one.
 bool WalkInBlocks(const Stretches& stretches, const Place& place, Traveller& t) {
     BlockTable table;
     const int blocks = MapBlocks(stretches.starts, RouteOf(stretches.steps), place, table);
@@ -103,8 +104,9 @@ void GoBack(const Traveller& start, Traveller& t) {
     t.error.steps = std::move(steps);
 }
 
-/// Next to z = 1 steps that lower s in a row, where stretches meet, may lose all: there what is
-/// left over comes together, where such steps and those that raise s alternate.
+/// A part of the way that the table of blocks has room for. Next to z = 1 some steps in a row that
+/// lower s, as they come where stretches meet, may lose all digits. There the steps left over are
+/// taken all in one gap, where steps that lower s and steps that raise it alternate.
 bool WalkLeg(const HypergeometricParameters& to, const Place& place, Traveller& t) {
     constexpr double kLeastForBlocks = 200;
     constexpr double kNextToOne = 0x1p-20;

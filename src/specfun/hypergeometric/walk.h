@@ -8,7 +8,7 @@
 
 namespace kalvex::specfun {
 
-inline constexpr double kMostShifts = 40000;
+inline constexpr double kMostShifts = 40000;  // some 0.4 ms
 
 /// A solution at parameters on its way, with what is known of its error; value and slope are to be
 /// multiplied by 2^exponent.
@@ -23,11 +23,11 @@ struct Traveller {
 [[nodiscard]] Traveller StartOf(const HypergeometricParameters& p,
                                 const HypergeometricPoint& point);
 
-/// By the straight line to other parameters, kMostShifts steps at most. False when nothing is left
-/// of the value: rounding has outgrown it.
+/// Walks along the straight line to other parameters. False when that takes more than kMostShifts
+/// steps, or when the error of the direction has become as large as the solution.
 [[nodiscard]] bool WalkTo(const HypergeometricParameters& to, const Place& place, Traveller& t);
 
-/// What the walk has come to.
+/// Value and slope at the end of a walk, with the bound of the error of the value.
 [[nodiscard]] HypergeometricPoint PointOf(const Traveller& t);
 
 }  // namespace kalvex::specfun

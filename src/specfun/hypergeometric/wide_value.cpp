@@ -21,11 +21,11 @@
 namespace kalvex::specfun {
 namespace {
 
-constexpr double kEnough = 70;     // of them known to be right
-constexpr double kFarthest = 0.9;  // where sums are the quicker way
-constexpr double kFarthestAtAll = 0.96;
-constexpr double kFastDecay = 30;  // of terms at 1, by the power that they fall with
-constexpr double kMove = 200;
+constexpr double kEnough = 70;           // bits of a value that must be right
+constexpr double kFarthest = 0.9;        // x up to which only the power series are summed
+constexpr double kFarthestAtAll = 0.96;  // z up to which a power series is looked at at all,
+constexpr double kFastDecay = 30;        // unless its terms fall with such a power of k at z = 1
+constexpr double kMove = 200;            // a is moved by 2^-200
 
 WideParameters Widened(const HypergeometricParameters& p) {
     const auto widened = [](DoubleDouble a) { return Add(WideOf<6>(a.high), WideOf<6>(a.low)); };
@@ -52,7 +52,7 @@ HypergeometricPoint PointOf(const Bounded<limbs>& sum) {
     return point;
 }
 
-constexpr HypergeometricPoint kLong = {{}, {}, INFINITY, true};  // more bits do not help
+constexpr HypergeometricPoint kLong = {{}, {}, INFINITY, true};  // too many terms at any precision
 
 template <std::size_t limbs>
 HypergeometricPoint BySum(const HypergeometricParameters& p, std::size_t i, double most, double x) {
@@ -116,7 +116,8 @@ HypergeometricPoint ByJoining(const HypergeometricParameters& p, bool moves, dou
     return PointOf(value);
 }
 
-/// The bits to try next: what lacks, if the sign of the value is known.
+/// The bits to try next: those that are missing, if at least the sign of the value is known, else
+/// 1.4 times as many.
 double MoreBits(const HypergeometricPoint& point, double bits) {
     constexpr double kMargin = 8;
     constexpr double kSignKnown = 4;
@@ -204,8 +205,8 @@ struct Choice {
     double cost = INFINITY;
 };
 
-/// The forms differ by known factors, so that the least of their bounds of the function tells what
-/// each of them loses.
+/// All forms are the same function but for known factors. The least of their bounds of its size
+/// tells what each of them loses by cancellation.
 Choice Cheapest(const std::array<Form, 4>& forms, double x) {
     constexpr double kMargin = 30;
     constexpr double kUnmeasured = 40;
@@ -236,7 +237,7 @@ Choice Cheapest(const std::array<Form, 4>& forms, double x) {
     return best;
 }
 
-/// For at most so many terms times limbs.
+/// The sum of the form chosen, if it costs at most `most` terms times limbs.
 Value Summed(const std::array<Form, 4>& forms, const Choice& choice, double most, double x) {
     constexpr double kTimes = 4;
     constexpr double kMore = 200;

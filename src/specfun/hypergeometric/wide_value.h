@@ -6,9 +6,9 @@
 
 namespace kalvex::specfun {
 
-/// For where the quicker methods lose too many digits: with proven bounds of the error, at a cost
-/// of 20 to 100 us, rarely 2000. Parameters are exact, 0 or at least 2^-140 in magnitude; at a
-/// pole in c the polynomial is the one that a ends. Nothing (an infinite loss) where more than 2000
+/// For where the quick methods lose too many digits. The error is bounded by proof. It takes 20 to
+/// 100 us, next to x = 1 up to 1000. Parameters are 0 or at least 2^-140 in magnitude; where c is
+/// 0, -1, -2, ... the series must end by its parameter a. The loss is infinite where more than 2000
 /// bits or some thousand terms would be needed.
 [[nodiscard]] Value WideValue(const HypergeometricParameters& p, double x);
 
