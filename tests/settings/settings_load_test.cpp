@@ -156,12 +156,11 @@ TEST(Load, IsSilentOnceTheFlagIsSet) {
 std::vector<std::string> Fields(const Workspace& w) {
     std::vector<std::string> fields;
     const auto add = [&fields](double value) { fields.push_back(std::to_string(value)); };
-    const Options& o = w.options;
+    for (const OptionRow& row : kOptionRows) {
+        if (row.kind != OptionKind::WriteOnly) add(ValueOf(w.options, row));
+    }
     for (const double v :
-         {double(o.Axex), double(o.ColorText), double(o.Diff), double(o.Coord), double(o.Setka),
-          double(o.Label), double(o.Screen), double(o.TextSize), double(o.InterpolationType),
-          double(o.Wight), o.MaxAngle, o.MinParam, o.MaxParam, w.view.Xmin, w.view.Xmax,
-          w.view.Ymin, w.view.Ymax, w.view.Xfactor, w.view.Yfactor}) {
+         {w.view.Xmin, w.view.Xmax, w.view.Ymin, w.view.Ymax, w.view.Xfactor, w.view.Yfactor}) {
         add(v);
     }
     for (const FunctionEntry& f : w.functions) {
@@ -176,7 +175,17 @@ std::vector<std::string> Fields(const Workspace& w) {
 
 Workspace UnusualWorkspace() {
     Workspace w;
-    w.options = {0, 0, 0, 0, 2, 0, 41, 20, 1, 2, 3.0, 1, 0.5, 4.5};
+    w.options = {.Setka = 2,
+                 .Screen = 41,
+                 .TextSize = 20,
+                 .InterpolationType = 1,
+                 .Wight = 2,
+                 .MaxAngle = 3.0,
+                 .MinParam = 0.5,
+                 .MaxParam = 4.5};
+    for (const OptionRow& row : kOptionRows) {
+        if (row.kind == OptionKind::Flag) SetValue(w.options, row, 1 - ValueOf(w.options, row));
+    }
     w.view.Xmin = -1.5;
     w.view.Xmax = 2.5;
     w.view.Ymin = 7;
@@ -198,15 +207,10 @@ Workspace UnusualWorkspace() {
 void FillWith(const Registry& registry, const Workspace& w) {
     StoreView(registry, w.view, w.options);
     StoreFunctionSettings(registry, w.functions);
-    for (const char* name : {"Axex", "ColorText", "Diff", "Coord", "Label"}) {
-        StoreOption(registry, name, 0);
+    for (const OptionRow& row : kOptionRows) {
+        if (row.kind != OptionKind::Range && row.kind != OptionKind::WriteOnly)
+            StoreOption(registry, row.name, StoredNumberOf(w.options, row));
     }
-    StoreOption(registry, "Setka", w.options.Setka);
-    StoreOption(registry, "Screen", w.options.Screen);
-    StoreOption(registry, "TextSize", w.options.TextSize);
-    StoreOption(registry, "InterpolationType", w.options.InterpolationType);
-    StoreOption(registry, "Wight", w.options.Wight);
-    StoreOption(registry, "MaxAngle", 3);
 }
 
 TEST(Load, GivesBackWhatWasStored) {

@@ -4,7 +4,9 @@
 
 #include "settings/faulty_registry.h"
 #include "settings/settings.h"
+#include "settings/settings_names.h"
 #include "workspace/defaults.h"
+#include "workspace/option_rows.h"
 
 namespace kalvex {
 namespace {
@@ -168,11 +170,14 @@ TEST(StoreView, WritesSixDigits) {
     }
 }
 
+/// The number of values of the main key.
+constexpr std::size_t kMainValues = kOptionRows.size() + kViewValues.size();
+
 TEST(CreateDefaultKeys, MakesEverythingOnce) {
     const FaultyRegistry faulty = MakeFaultyRegistry();
     EXPECT_TRUE(CreateDefaultKeys(faulty.registry));
     EXPECT_EQ(faulty.store->keys.size(), 10u);
-    EXPECT_EQ(faulty.store->keys[""].size(), 20u);
+    EXPECT_EQ(faulty.store->keys[""].size(), kMainValues);
     for (int slot = 1; slot <= 9; ++slot) {
         EXPECT_EQ(faulty.store->keys[std::to_string(slot)].size(), 8u) << slot;
     }
@@ -195,7 +200,7 @@ TEST(CreateMissingKeys, MakesWhatADamagedStoreLacks) {
     workspace.options.Wight = 4;
     CreateMissingKeys(faulty.registry, workspace);
     EXPECT_EQ(faulty.store->keys.size(), 10u);
-    EXPECT_EQ(faulty.store->keys[""].size(), 20u);
+    EXPECT_EQ(faulty.store->keys[""].size(), kMainValues);
     EXPECT_EQ(faulty.store->keys["2"].size(), 8u);
     EXPECT_EQ(faulty.registry.readNumber("", "Wight"), 4);
     EXPECT_EQ(faulty.registry.readNumber("2", "color"), 6);
@@ -225,7 +230,7 @@ TEST(CreateDefaultKeys, ReportsAStoreThatFailsAnywhere) {
     const FaultyRegistry counting = MakeFaultyRegistry();
     CreateDefaultKeys(counting.registry);
     const int operations = static_cast<int>(counting.log->size());
-    EXPECT_EQ(operations, 10 + 20 + 9 * 8);
+    EXPECT_EQ(operations, 10 + static_cast<int>(kMainValues) + 9 * 8);
     for (int n = 0; n < operations; ++n) {
         const FaultyRegistry faulty = MakeFaultyRegistry();
         *faulty.fails = FromNth("", n);
