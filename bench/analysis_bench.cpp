@@ -13,7 +13,7 @@ struct Drawn {
     FunctionList functions;
 
     explicit Drawn(std::int32_t width) {
-        functions[0].type = static_cast<std::int32_t>(EquationType::Decart);
+        functions[0].type = EquationType::Decart;
         functions[0].selected = 1;
         functions[0].text = u"sin(20*x)+0.3*cos(7*x)";
         functions[0].compiled[0] = CompileExpression(functions[0].text);

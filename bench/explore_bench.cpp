@@ -58,7 +58,8 @@ BENCHMARK(DragToFrame)->Unit(benchmark::kMillisecond);
 
 void TraceMoveToFrame(benchmark::State& state) {
     Screen screen;
-    RunExploreCommand(screen.graph, screen.workspace.functions, CommandId::Trace, {});
+    static_cast<void>(
+        RunExploreCommand(screen.graph, screen.workspace.functions, CommandId::Trace, {}));
     screen.Send(QEvent::MouseButtonPress, {900, 1079});
     const int count = screen.canvas->RedrawCount();
     int turn = 0;

@@ -13,7 +13,7 @@ inline FunctionList NineCurves() {
     FunctionList functions;
     for (std::size_t i = 0; i < functions.size(); ++i) {
         FunctionEntry& entry = functions[i];
-        entry.type = static_cast<std::int32_t>(EquationType::Decart);
+        entry.type = EquationType::Decart;
         entry.color = static_cast<std::int32_t>(i) + 1;
         entry.selected = 1;
         entry.text = kTexts[i];

@@ -55,11 +55,11 @@ void DrawPointFile(benchmark::State& state) {
         file << -10.0 + i * 2e-5 << ' ' << i % 7 << '\n';
     file.close();
     FunctionList functions;
-    functions[0].type = static_cast<std::int32_t>(EquationType::File);
+    functions[0].type = EquationType::File;
     functions[0].selected = 1;
     functions[0].method.approx = static_cast<std::int32_t>(ApproxMethod::LinearSpline);
     functions[0].workingText = ToUtf16(path);
-    if (!ReadPointFiles(functions)) state.SkipWithError("the points cannot be read");
+    if (!ReadPointFiles(functions, PathsOf(functions))) state.SkipWithError("the points cannot be read");
     std::filesystem::remove(path);
     GraphState graph = BenchState();
     const MeasureText measure = PainterTextMeasure();

@@ -1,8 +1,8 @@
 // Run: scripts/fuzz
 //
-// Takes a typed text from its bytes to values: normalise, check, compile, evaluate. The text is also
-// compiled without the check, because the compiler must survive texts that the checker rejects.
-// Evaluating a single point and an array of points must give the same bits.
+// Takes a typed text from its bytes to values: normalise, check, compile, evaluate. The text is
+// also compiled without the check, because the compiler must survive texts that the checker
+// rejects. Evaluating a single point and an array of points must give the same bits.
 #include <bit>
 #include <cstddef>
 #include <cstdint>
@@ -41,7 +41,7 @@ void Evaluate(std::u16string_view text) {
         if (kalvex::EvalError != results[i].error) std::abort();
         if (kalvex::EvalError == 0 && !Same(value, results[i].value)) std::abort();
         kalvex::EvalError = 0;
-        kalvex::EvaluateExpression(expression, kXs[i], -1.5);
+        static_cast<void>(kalvex::EvaluateExpression(expression, kXs[i], -1.5));
     }
     kalvex::FreeExpression(expression);
 }

@@ -41,7 +41,7 @@ Kalvex draws up to nine functions together: y of x, polar, parametric and
 implicit curves, and files of points joined by a method of your choice. Graphs
 can be zoomed, traced and analysed, pictures saved as PNG, SVG, PDF or bitmap.
 .
-It knows forty functions, among them Gamma, Bessel, Airy and hypergeometric
+It knows many functions, among them Gamma, Bessel, Airy and hypergeometric
 ones, and can be used by pointer, pen, finger and keyboard.")
 
 set(CPACK_DEBIAN_KALVEX-CLI_PACKAGE_NAME kalvex-cli)

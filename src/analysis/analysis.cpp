@@ -14,7 +14,7 @@ namespace {
 using Samples = std::span<const CurveSample>;
 
 bool HasType(const FunctionEntry& entry, EquationType type) {
-    return entry.type == static_cast<std::int32_t>(type);
+    return entry.type == type;
 }
 
 bool IsDefined(const CurveSample& sample) {

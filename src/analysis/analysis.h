@@ -28,11 +28,13 @@ struct AnalysisResult {
 };
 
 /// Whether a line can be analysed; an implicit curve cannot, because it has no samples.
-bool CanAnalyse(const FunctionEntry& entry);
+[[nodiscard]] bool CanAnalyse(const FunctionEntry& entry);
 
 /// Analyses the sample cache of a drawn function as the last drawing left it; the expression is not
 /// evaluated. The results are as accurate as the samples are dense: roots and extremums are the x
 /// of a sample, values the y of a sample.
+/// Roots, extremums and the interval do not leave out undefined samples: their y (and x, of curves
+/// with a parameter) is 1e30.
 ///  - Roots: the left sample of two neighbours with a change of sign, unless the curve jumps by
 ///    `viewHeight` pixel rows or more between them (a pole). A sample whose y is exactly 0 is two
 ///    roots unless such a jump follows it.
@@ -41,7 +43,9 @@ bool CanAnalyse(const FunctionEntry& entry);
 ///  - a and b: Xmin and Xmax of the view; the least and greatest sample x of `Polar` and
 ///    `Parametric` functions.
 ///  - Mean value: the sum of the means of neighbours that are both defined, over the number of
-///    samples. Greatest and least value: of the defined samples, but see analysis.cpp on the first.
+///    samples.
+///  - Greatest and least value: of the defined samples. When the first sample is undefined, the
+///    search starts at -1e100 for the greatest value and at the y of that sample for the least one.
 ///  - Integral: see integral.h.
 /// Without samples everything but the interval is 0.
 /// @param viewHeight height of the graph area in logical pixels

@@ -1,4 +1,4 @@
-// What stands in the files that the program exports, as bytes.
+// The contents of the files that the program exports, as bytes.
 #pragma once
 
 #include <span>
@@ -9,12 +9,12 @@
 
 namespace kalvex {
 
-/// A report as a file: the byte-order mark FF FE, then the text in UTF-16LE as it stands, its \r\n
-/// included, without a terminator. Any code units are kept.
-std::string ReportFile(std::u16string_view report);
+/// The file of a report: the byte-order mark FF FE, then the text in UTF-16LE with its \r\n line
+/// ends and without a terminator. All code units are kept.
+[[nodiscard]] std::string ReportFile(std::u16string_view report);
 
-/// The points of a function as a file: of each defined sample, in order, x, one blank, y and a line
-/// feed; fixed notation with 17 digits after the point. No header, no byte-order mark.
-std::string PointTableFile(std::span<const CurveSample> samples);
+/// The file of a point table: for each defined sample, in order, x, one blank, y and a line feed,
+/// in fixed notation with 17 digits after the point. It has no header and no byte-order mark.
+[[nodiscard]] std::string PointTableFile(std::span<const CurveSample> samples);
 
 }  // namespace kalvex

@@ -16,6 +16,6 @@ struct SampledIntegral {
 /// Each pair of neighbours is a panel; the step h of all panels is the distance between the first
 /// two x. With evenly spaced samples the rule is exact for piecewise linear functions; otherwise
 /// its error is (b - a) h^2 f''/12 in magnitude. Fewer than two samples give 0.
-SampledIntegral IntegrateSamples(std::span<const CurveSample> samples);
+[[nodiscard]] SampledIntegral IntegrateSamples(std::span<const CurveSample> samples);
 
 }  // namespace kalvex

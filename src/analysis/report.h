@@ -17,10 +17,11 @@ struct ReportPage {
 /// The four pages in their order: `General` (summary and integral), `Roots`, `Maximums`,
 /// `Minimums`.
 /// @param name the function as its line shows it; any text is allowed, "%" has no special meaning
-std::array<ReportPage, 4> ReportPages(const AnalysisResult& result, std::u16string_view name);
+[[nodiscard]] std::array<ReportPage, 4> ReportPages(const AnalysisResult& result,
+                                                    std::u16string_view name);
 
 /// The report as one text, the form that is also written to a file: summary, roots, maximums,
 /// minimums. It does not contain the integral.
-std::u16string ReportText(const AnalysisResult& result, std::u16string_view name);
+[[nodiscard]] std::u16string ReportText(const AnalysisResult& result, std::u16string_view name);
 
 }  // namespace kalvex

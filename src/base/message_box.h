@@ -1,5 +1,5 @@
-// A message box as data. The engine never shows anything itself: it hands the box to a function
-// that the windows, the command-line tool and the tests each supply.
+// A message box as data. The engine never shows anything itself. It hands the box to a function,
+// which the windows, the command-line tool and the tests each supply.
 #pragma once
 
 #include <functional>

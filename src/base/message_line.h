@@ -9,9 +9,9 @@ namespace kalvex {
 
 /// The caption, ": " and the text in UTF-8, without a line feed at the end. Each line break in them
 /// (line feed, carriage return, or both together) is written as the two characters \n.
-std::string MessageLine(const MessageBox& box);
+[[nodiscard]] std::string MessageLine(const MessageBox& box);
 
 /// Writes the line to standard error. `Yes`/`No` boxes get `No`: nobody is there to agree.
-MessageAnswer WriteMessageLine(const MessageBox& box);
+[[nodiscard]] MessageAnswer WriteMessageLine(const MessageBox& box);
 
 }  // namespace kalvex

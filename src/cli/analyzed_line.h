@@ -11,6 +11,7 @@ namespace kalvex {
 /// the entry. False, with a message on standard error, for a rejected text or an unreadable point
 /// file. Throws CLI::ParseError for an argument that is not a line and for an implicit line, which
 /// has no samples.
-bool DrawAnalysable(ViewOptions& view, FunctionList& functions, const std::string& line);
+[[nodiscard]] bool DrawAnalysable(ViewOptions& view, FunctionList& functions,
+                                  const std::string& line);
 
 }  // namespace kalvex

@@ -25,7 +25,8 @@ void AddAnalyzeCommand(CLI::App& tool, ExitStatus& status);
 void AddTableCommand(CLI::App& tool, ExitStatus& status);
 
 /// Adds a subcommand with the option that all of them share, --version.
-CLI::App* AddCommand(CLI::App& tool, const std::string& name, const std::string& purpose);
+[[nodiscard]] CLI::App* AddCommand(CLI::App& tool, const std::string& name,
+                                   const std::string& purpose);
 
 /// Adds the optional argument TEXT; without it the texts come from standard input. `text` must
 /// exist until parsing has ended.
@@ -33,7 +34,7 @@ void AddTextArgument(CLI::App& command, std::optional<std::string>& text);
 
 /// Rewrites a text into the strict notation and checks it. A rejected text gives false and a line
 /// on standard error.
-bool AcceptText(std::u16string& text, bool implicit);
+[[nodiscard]] bool AcceptText(std::u16string& text, bool implicit);
 
 /// Ends parsing with the message "OPTION: MESSAGE" and the status WrongUsage.
 [[noreturn]] void WrongUsage(const std::string& option, const std::string& message);

@@ -18,14 +18,14 @@ using HandleText = std::function<ExitStatus(const std::u16string& text)>;
 
 /// Processes the argument or, without one, each line of standard input (without its line feed, not
 /// otherwise changed). Continues after a failure and returns the most serious status.
-ExitStatus ForEachText(const std::optional<std::string>& argument, std::istream& input,
-                       const HandleText& handle);
+[[nodiscard]] ExitStatus ForEachText(const std::optional<std::string>& argument,
+                                     std::istream& input, const HandleText& handle);
 
 /// Writes to standard output. False when this or an earlier write failed.
 bool WriteOut(std::string_view text);
 
 /// Flushes standard output; NotWritten when anything could not be written.
-ExitStatus FinishOutput();
+[[nodiscard]] ExitStatus FinishOutput();
 
 /// Shows a box as its line on standard error. A box of the normaliser whose text already has too
 /// many tokens to be accepted is left out.

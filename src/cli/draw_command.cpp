@@ -22,8 +22,9 @@ struct Arguments {
 };
 
 const PictureFormat& FormatFor(const std::string& path) {
-    if (const PictureFormat* format = PictureFormatOf(QString::fromStdString(path))) return *format;
-    WrongUsage("-o", "a name that ends in " + PictureEndings() + " expected");
+    const auto* format = PictureFormatOf(QString::fromStdString(path), FormatsOf::Tool);
+    if (format != nullptr) return *format;
+    WrongUsage("-o", "a name that ends in " + PictureEndings(FormatsOf::Tool) + " expected");
 }
 
 /// Suppresses Qt's warnings about the locale and the session's folders on standard error: the
@@ -59,8 +60,9 @@ void AddDrawCommand(CLI::App& tool, ExitStatus& status) {
     const std::shared_ptr<ViewOptions> view = AddViewOptions(*command);
     const auto arguments = std::make_shared<Arguments>();
     command
-        ->add_option("-o", arguments->picture,
-                     "The picture: " + PictureEndings() + " (its drawing records as text).")
+        ->add_option(
+            "-o", arguments->picture,
+            "The picture: " + PictureEndings(FormatsOf::Tool) + " (its drawing records as text).")
         ->required()
         ->type_name("PICTURE");
     command->add_option("LINE", arguments->lines, "TYPE[,KEY=VALUE]...:TEXT")

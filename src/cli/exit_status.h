@@ -11,7 +11,7 @@ enum class ExitStatus : int {
 };
 
 /// The more serious of two results, so that a later success does not hide an earlier failure.
-constexpr ExitStatus Worse(ExitStatus a, ExitStatus b) {
+[[nodiscard]] constexpr ExitStatus Worse(ExitStatus a, ExitStatus b) {
     return static_cast<int>(a) > static_cast<int>(b) ? a : b;
 }
 

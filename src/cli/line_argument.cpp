@@ -95,7 +95,7 @@ LineArgument ParseLineArgument(std::string_view argument, std::int32_t defaultCo
             "polar, decart, parametric, file or implicit expected, got " + std::string(head[0]);
         return result;
     }
-    result.entry.type = static_cast<std::int32_t>(*type);
+    result.entry.type = *type;
     result.entry.color = defaultColor;
     result.entry.selected = 1;
     for (std::size_t i = 1; i < head.size(); ++i) {

@@ -18,9 +18,9 @@ struct LineArgument {
 /// Types: polar, decart, parametric, file, implicit. Keys: color (1 to 9 or a colour's menu word),
 /// the fields of ApproxParameters by their stored names. Without "color" the colour is
 /// `defaultColor`.
-LineArgument ParseLineArgument(std::string_view argument, std::int32_t defaultColor);
+[[nodiscard]] LineArgument ParseLineArgument(std::string_view argument, std::int32_t defaultColor);
 
 /// The grammar of a line, for the help of the subcommands.
-std::string LineHelp();
+[[nodiscard]] std::string LineHelp();
 
 }  // namespace kalvex

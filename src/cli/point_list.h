@@ -22,15 +22,15 @@ struct PointList {
 };
 
 /// Reads "X" or, where a y is allowed, "X,Y"; y is 0 when it is left out.
-std::optional<WorldPoint> ParsePoint(std::string_view text, bool withY);
+[[nodiscard]] std::optional<WorldPoint> ParsePoint(std::string_view text, bool withY);
 
 /// Reads "A,B,N"; N is at least 1.
-std::optional<EvenRange> ParseRange(std::string_view text);
+[[nodiscard]] std::optional<EvenRange> ParseRange(std::string_view text);
 
 /// How many points there are.
-std::int64_t CountOf(const PointList& points);
+[[nodiscard]] std::int64_t CountOf(const PointList& points);
 
 /// Point 0 .. CountOf - 1. Point i of the range is A + i*(B-A)/(N-1); a range of one point is A.
-WorldPoint PointAt(const PointList& points, std::int64_t index);
+[[nodiscard]] WorldPoint PointAt(const PointList& points, std::int64_t index);
 
 }  // namespace kalvex

@@ -9,6 +9,6 @@
 namespace kalvex {
 
 /// Reads a point file; when that fails, the message of the windows goes to standard error.
-std::optional<PointTable> ReadTable(const std::string& path);
+[[nodiscard]] std::optional<PointTable> ReadTable(const std::string& path);
 
 }  // namespace kalvex

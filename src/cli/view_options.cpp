@@ -1,5 +1,6 @@
-// Each option writes into the records that the graph room reads. Any bounds of a window are
-// accepted, also equal, reversed and infinite ones, because drawing has to handle them anyway.
+// Each option writes into the records that the graph room reads; most come from the table of
+// options. Any bounds of a window are accepted, also equal, reversed and infinite ones, because
+// drawing has to handle them anyway.
 #include "cli/view_options.h"
 
 #include <CLI/CLI.hpp>
@@ -15,6 +16,7 @@
 #include "graph/file_lines.h"
 #include "graph/graph.h"
 #include "workspace/function_list.h"
+#include "workspace/option_rows.h"
 
 namespace kalvex {
 namespace {
@@ -67,11 +69,13 @@ void SetParameterRange(Options& options, const std::string& text) {
     options.MaxParam = (*bounds)[1];
 }
 
-template <typename Field>
-void SetWhole(Field& field, const std::string& name, const std::string& text, std::int64_t last) {
-    const auto value = ParseWhole(text, 1, last);
-    if (!value) WrongUsage(name, "a whole number from 1 to " + std::to_string(last) + " expected");
-    field = static_cast<Field>(*value);
+void SetWhole(Options& options, const OptionRow& row, const std::string& text) {
+    const auto value = ParseWhole(text, 1, row.tool.largest);
+    if (!value) {
+        WrongUsage(std::string(row.tool.name),
+                   "a whole number from 1 to " + std::to_string(row.tool.largest) + " expected");
+    }
+    SetValue(options, row, static_cast<double>(*value));
 }
 
 void AddWindowOptions(CLI::App& command, Viewport& viewport) {
@@ -96,54 +100,46 @@ void AddAutoOption(CLI::App& command, bool& automatic) {
     command.add_flag("--auto", automatic, "Fit the y bounds to the curves (automatic zoom).");
 }
 
-void AddCurveOptions(CLI::App& command, Options& options) {
+/// An option of the tool whose value is a whole number or the range of parameters.
+void AddValueOption(CLI::App& command, Options& options, const OptionRow& row) {
+    const auto take = [&options, &row](const std::string& text) {
+        if (row.kind == OptionKind::Range) {
+            SetParameterRange(options, text);
+        } else {
+            SetWhole(options, row, text);
+        }
+    };
     command
-        .add_option_function<std::string>(
-            "--max-angle",
-            [&](const std::string& text) { SetWhole(options.MaxAngle, "--max-angle", text, 4); },
-            "Turns of a polar curve, 1 to 4 (default 1).")
-        ->type_name("N");
-    command
-        .add_option_function<std::string>(
-            "--param", [&](const std::string& text) { SetParameterRange(options, text); },
-            "Parameter range of parametric curves (default 0 and 2 pi).")
-        ->type_name("MIN,MAX");
-    command
-        .add_option_function<std::string>(
-            "--width",
-            [&](const std::string& text) { SetWhole(options.Wight, "--width", text, kWidestPen); },
-            "Pen width of the curves in pixels, 1 to 64 (default 1; implicit curves have 1).")
-        ->type_name("N");
+        .add_option_function<std::string>(std::string(row.tool.name), take,
+                                          std::string(row.tool.help))
+        ->type_name(std::string(row.tool.value));
 }
 
-void AddLayerOptions(CLI::App& command, Options& options) {
-    command
-        .add_option_function<std::string>(
-            "--text-size",
-            [&](const std::string& text) {
-                SetWhole(options.TextSize, "--text-size", text, kTallestText);
-            },
-            "Height of the function names in pixels, 1 to 200 (default 14).")
-        ->type_name("N");
-    CLI::Option* kind = command.add_option_function<std::string>(
-        "--grid-kind",
-        [&](const std::string& text) {
-            if (text != "rectangular" && text != "polar")
-                WrongUsage("--grid-kind", "rectangular or polar expected");
-            options.Setka = text == "polar" ? 2 : 1;
-        },
-        "rectangular (default) or polar.");
-    kind->type_name("KIND");
-    command.add_flag_callback(
-        "--no-axes", [&] { options.Axex = 0; }, "Leave the axes out.");
-    command
-        .add_flag_callback(
-            "--no-grid", [&] { options.Setka = 0; }, "Leave the grid out.")
-        ->excludes(kind);
-    command.add_flag_callback(
-        "--no-coords", [&] { options.Coord = 0; }, "Leave the coordinate numbers out.");
-    command.add_flag_callback(
-        "--no-labels", [&] { options.Label = 0; }, "Leave the function names out.");
+CLI::Option* AddGridKind(CLI::App& command, Options& options) {
+    const auto take = [&options](const std::string& text) {
+        if (text != "rectangular" && text != "polar")
+            WrongUsage("--grid-kind", "rectangular or polar expected");
+        options.Setka = text == "polar" ? 2 : 1;
+    };
+    return command
+        .add_option_function<std::string>("--grid-kind", take, "rectangular (default) or polar.")
+        ->type_name("KIND");
+}
+
+/// The options of the tool that have a row in the table, those with a value first.
+void AddTableOptions(CLI::App& command, Options& options) {
+    const std::vector<const OptionRow*> rows = RowsInOrder(PlaceInTool);
+    for (const OptionRow* const row : rows) {
+        if (!row->tool.value.empty()) AddValueOption(command, options, *row);
+    }
+    CLI::Option* const kind = AddGridKind(command, options);
+    for (const OptionRow* const row : rows) {
+        if (!row->tool.value.empty()) continue;
+        CLI::Option* const flag = command.add_flag_callback(
+            std::string(row->tool.name), [&options, row] { SetValue(options, *row, 0.0); },
+            std::string(row->tool.help));
+        if (row->kind == OptionKind::GridKind) flag->excludes(kind);
+    }
 }
 
 /// Prints the question about a large file and answers it with Yes: a user who names the file wants
@@ -161,8 +157,7 @@ std::shared_ptr<ViewOptions> AddViewOptions(CLI::App& command) {
     view->state.viewport.ClientHeight = kDefaultHeight;
     AddWindowOptions(command, view->state.viewport);
     AddAutoOption(command, view->automatic);
-    AddCurveOptions(command, view->options);
-    AddLayerOptions(command, view->options);
+    AddTableOptions(command, view->options);
     return view;
 }
 

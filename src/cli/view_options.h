@@ -24,13 +24,13 @@ struct ViewOptions {
 };
 
 /// Adds the options to a subcommand; parsing fills the record that is returned.
-std::shared_ptr<ViewOptions> AddViewOptions(CLI::App& command);
+[[nodiscard]] std::shared_ptr<ViewOptions> AddViewOptions(CLI::App& command);
 
 /// Prepares the lines in the slots from 1 on, in the order given, and reads the point files of file
 /// lines. Throws CLI::ParseError for an argument that is not a line and for more than nine lines. A
 /// rejected text, an unreadable file or a wrong number of terms gives a message on standard error
 /// and false.
-bool PrepareLines(FunctionList& functions, const std::vector<std::string>& lines);
+[[nodiscard]] bool PrepareLines(FunctionList& functions, const std::vector<std::string>& lines);
 
 /// Draws off screen and fills the sample caches of the functions. A method that cannot be used with
 /// its points gives a message on standard error.

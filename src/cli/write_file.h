@@ -11,6 +11,7 @@ namespace kalvex {
 /// Writes a file as a whole. When that fails, a file that was there before is unchanged and
 /// standard error has a message.
 /// @param what names the contents in the message: "report", "table"
-ExitStatus WriteFile(const std::string& path, std::string_view bytes, const std::string& what);
+[[nodiscard]] ExitStatus WriteFile(const std::string& path, std::string_view bytes,
+                                   const std::string& what);
 
 }  // namespace kalvex

@@ -1,5 +1,6 @@
-// The way of a function line, for one value. The result text looks at the value alone, so an
-// undefined one goes the way of every other whole number; the line below tells what happened.
+// A text is treated like a function line and evaluated once. The result text depends on the value
+// only, so an undefined value looks like any other whole number; the small line below it says why
+// there is no value.
 #include "commands/calculator.h"
 
 #include <array>
@@ -16,7 +17,7 @@
 namespace kalvex {
 namespace {
 
-/// The sign bit of a not-a-number means nothing and is not shown.
+/// Removes the sign of a not-a-number, which has no meaning and is not shown.
 double WithoutNanSign(double value) {
     return std::isnan(value) ? std::numeric_limits<double>::quiet_NaN() : value;
 }

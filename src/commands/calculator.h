@@ -11,12 +11,12 @@ namespace kalvex {
 
 /// A value as the edit line shows it: a value without a fractional part as a whole number of 32
 /// bits (a larger one is the nearest that fits), any other with six decimals; "inf", "-inf", "nan".
-std::u16string ResultText(double value);
+[[nodiscard]] std::u16string ResultText(double value);
 
 /// The small text under the result: every digit of the value, or why there is none: title and
 /// message of its error code on two lines. `show` gets the diagnostic box of an unknown code, for
 /// which the title stands alone.
-std::u16string ResultDetail(const EvaluationResult& result, const ShowMessage& show);
+[[nodiscard]] std::u16string ResultDetail(const EvaluationResult& result, const ShowMessage& show);
 
 struct CalculatorAnswer {
     bool accepted = false;
@@ -26,6 +26,6 @@ struct CalculatorAnswer {
 
 /// Normalises, checks, compiles and evaluates a text of one variable at x = 0. `show` gets the
 /// boxes of the normaliser and of ResultDetail; the box about a rejected text is the caller's.
-CalculatorAnswer Calculate(std::u16string_view typed, const ShowMessage& show);
+[[nodiscard]] CalculatorAnswer Calculate(std::u16string_view typed, const ShowMessage& show);
 
 }  // namespace kalvex

@@ -1,5 +1,5 @@
-// Entries never change. An entry that was altered after it was recalled has become a line being
-// typed: it takes the place below the last entry.
+// Entries never change. When the user alters an entry that was recalled, the altered text is the
+// line being typed, which stands below the last entry.
 #include "commands/calculator_history.h"
 
 namespace kalvex {

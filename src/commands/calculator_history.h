@@ -1,4 +1,4 @@
-// The lines that were calculated in this run, as a shell keeps its own.
+// The lines that were calculated in this run, to be recalled like those of a shell.
 #pragma once
 
 #include <cstddef>
@@ -17,18 +17,20 @@ struct CalculatorHistory {
     std::u16string draft;                 ///< the line that is being typed, below the last entry
 };
 
-/// Adds a line and goes below it; an empty one and one that equals the last are not added. The
-/// oldest one goes when there are too many.
+/// Adds a line and goes below it. An empty line and one that equals the last entry are not added.
+/// The oldest entry is removed when there are more than kMostCalculated.
 void Remember(CalculatorHistory& history, std::u16string_view line);
 
 /// Goes below the last entry with nothing typed.
 void StartBelow(CalculatorHistory& history);
 
 /// The entry before the present one, or nothing at the oldest. `shown` is what stands on the
-/// screen: when it is not the present entry it is the line being typed and is kept below.
+/// screen: when it differs from the present entry it is kept as the line being typed.
 std::optional<std::u16string> OlderLine(CalculatorHistory& history, std::u16string_view shown);
 
-/// The entry behind the present one, behind the last the line being typed; nothing below that.
-std::optional<std::u16string> NewerLine(CalculatorHistory& history, std::u16string_view shown);
+/// The entry after the present one; after the last entry the line being typed, and after that
+/// nothing.
+[[nodiscard]] std::optional<std::u16string> NewerLine(CalculatorHistory& history,
+                                                      std::u16string_view shown);
 
 }  // namespace kalvex

@@ -1,5 +1,5 @@
-// A word is cut off at its delimiter, not checked: "2xs" ends in the word "xs", which simply begins
-// no name. The table is short, so it is searched as it stands.
+// A word is what follows the last delimiter; it is not checked. "2xs" ends in the word "xs", with
+// which no name begins. The table is short enough to be searched from its first to its last row.
 #include "commands/completion.h"
 
 #include <algorithm>

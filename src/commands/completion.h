@@ -9,14 +9,14 @@ namespace kalvex {
 
 /// Length of the word that ends at the caret: what follows the last of the 20 delimiters (brackets,
 /// punctuation, operators, digits) before it. A caret behind the end counts as the end.
-std::size_t WordLength(std::u16string_view text, std::size_t caret);
+[[nodiscard]] std::size_t WordLength(std::u16string_view text, std::size_t caret);
 
 /// The names of the function table that begin with a word, in the table's order; an entire name
 /// begins with itself. Upper and lower case differ, as they do in an expression. None for an empty
 /// word.
-std::vector<std::u16string_view> NamesBeginningWith(std::u16string_view word);
+[[nodiscard]] std::vector<std::u16string_view> NamesBeginningWith(std::u16string_view word);
 
 /// Whether a typed character asks for names: the letters A to Z and a to z.
-bool AsksForNames(char16_t typed);
+[[nodiscard]] bool AsksForNames(char16_t typed);
 
 }  // namespace kalvex

@@ -34,7 +34,7 @@ bool RunLineCommand(FunctionEntry& entry, std::u16string& line, CommandId comman
     } else if (IsBetween(command, CommandId::Red, CommandId::Great)) {
         entry.color = PlaceAfter(command, CommandId::Red) + 1;
     } else if (const auto type = TypeOf(command)) {
-        entry.type = static_cast<std::int32_t>(*type);
+        entry.type = *type;
     } else if (const auto method = MethodOfCommand(command)) {
         entry.method.approx = static_cast<std::int32_t>(*method);
     } else {

@@ -24,7 +24,7 @@ enum class EditorStep {
 
 /// Runs a command of the lines and says what is left to do. A command of one line does nothing
 /// without a focused line. No value for a command that does not belong to the lines.
-std::optional<EditorStep> RunEditorCommand(Workspace& workspace, EditorState& state,
-                                           CommandId command);
+[[nodiscard]] std::optional<EditorStep> RunEditorCommand(Workspace& workspace, EditorState& state,
+                                                         CommandId command);
 
 }  // namespace kalvex

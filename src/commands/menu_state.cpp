@@ -20,8 +20,8 @@ void AddEntries(MainMenuState& menu, const Menu& entries) {
     }
 }
 
-CommandId TypeCommand(std::int32_t type) {
-    switch (static_cast<EquationType>(type)) {
+CommandId TypeCommand(EquationType type) {
+    switch (type) {
         case EquationType::Polar:
             return CommandId::Polar;
         case EquationType::Decart:
@@ -56,8 +56,7 @@ void UpdateForLine(MainMenuState& menu, const FunctionEntry& entry, bool lineEmp
                                CommandId::File, CommandId::Implicit}) {
         menu[id].checked = id == TypeCommand(entry.type);
     }
-    menu[CommandId::ApproxTypeMenu].visible =
-        entry.type == static_cast<std::int32_t>(EquationType::File);
+    menu[CommandId::ApproxTypeMenu].visible = entry.type == EquationType::File;
 }
 
 }  // namespace

@@ -29,7 +29,7 @@ struct MenuContext {
 };
 
 /// The menu before it first pops up: words of the table, "Approx. type" hidden.
-MainMenuState InitialMainMenu();
+[[nodiscard]] MainMenuState InitialMainMenu();
 
 /// Brings the state up to date for a popup. Without a focused line only `File` and `Unselect All`
 /// are touched; everything else keeps what it showed last.

@@ -17,19 +17,19 @@ struct InputProblem {
 };
 
 /// The shortest text that reads back as the same number.
-std::u16string NumberForInput(double value);
+[[nodiscard]] std::u16string NumberForInput(double value);
 
 /// The number that a whole text is, blanks around it skipped; it may be infinite when too large.
-std::optional<double> WholeNumber(std::u16string_view text);
+[[nodiscard]] std::optional<double> WholeNumber(std::u16string_view text);
 
 /// Reads one finite number per text, or says which is none under its name; `numbers` is then left
 /// as it was. All three have the same size.
-std::optional<InputProblem> ReadFiniteNumbers(std::span<const std::u16string> texts,
-                                              std::span<const std::u16string_view> names,
-                                              std::span<double> numbers);
+[[nodiscard]] std::optional<InputProblem> ReadFiniteNumbers(
+    std::span<const std::u16string> texts, std::span<const std::u16string_view> names,
+    std::span<double> numbers);
 
 /// The whole number at the start of a text: blanks, a sign, digits; what follows is not looked at.
 /// 0 when there are no digits; numbers beyond 32 bits become the nearest that fits.
-std::int32_t LeadingInteger(std::u16string_view text);
+[[nodiscard]] std::int32_t LeadingInteger(std::u16string_view text);
 
 }  // namespace kalvex

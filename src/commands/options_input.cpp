@@ -1,6 +1,6 @@
-// Saving goes through the dialog in a fixed order and stores each value as it is taken, so what
-// stood before a refusal is kept. The range of parameters comes last and is not stored here: it
-// reaches the store together with the view, when the graph is left.
+// `Save` takes and stores one option after the other, so what came before a refused range is kept.
+// The range comes last and is not stored here: it is stored together with the view, when the user
+// leaves the graph.
 #include "commands/options_input.h"
 
 #include <algorithm>
@@ -8,77 +8,74 @@
 
 #include "base/encoding.h"
 #include "numbers/decimal.h"
-#include "numbers/truncate.h"
 #include "resources/strings.h"
 #include "settings/settings.h"
 
 namespace kalvex {
 namespace {
 
-constexpr std::array<OptionChoice, 4> kResolutions = {{{StringId::OnePoint, 1},
-                                                       {StringId::TwoPoints, 2},
-                                                       {StringId::FourPoints, 4},
-                                                       {StringId::FivePoints, 5}}};
-
 constexpr std::size_t kMaxParamField = 1;
 
 std::u16string TextOfNumber(std::span<const OptionChoice> choices, double number) {
-    const auto found = std::find_if(choices.begin(), choices.end(), [&](const OptionChoice& one) {
-        return static_cast<double>(one.number) == number;
+    const auto found = std::ranges::find_if(choices, [number](const OptionChoice& choice) {
+        return static_cast<double>(choice.number) == number;
     });
-    return found == choices.end() ? std::u16string() : std::u16string(Text(found->word));
+    return found == choices.end() ? std::u16string() : ChoiceText(*found);
 }
 
-/// Nothing for a text that is none of the entries.
+/// The number of the entry with this text; nothing when no entry has it.
 std::optional<std::int32_t> NumberOfText(std::span<const OptionChoice> choices,
-                                         std::u16string_view text) {
-    const auto found = std::ranges::find(
-        choices, text, [](const OptionChoice& choice) { return Text(choice.word); });
+                                         const std::u16string& text) {
+    const auto found = std::ranges::find(choices, text, ChoiceText);
     if (found == choices.end()) return std::nullopt;
     return found->number;
 }
 
-std::int32_t SizeOfText(std::u16string_view text, std::int32_t present) {
-    for (std::int32_t size = kLeastTextSize; size <= kLargestTextSize; ++size) {
-        if (TextSizeText(size) == text) return size;
+ControlState StateOf(const OptionRow& row, const Options& options) {
+    const double value = ValueOf(options, row);
+    switch (row.kind) {
+        case OptionKind::Flag:
+        case OptionKind::GridKind:
+            return {value != 0.0, {}};
+        case OptionKind::Number:
+            return {false, TextOfNumber(row.control.choices, value)};
+        case OptionKind::Range:
+            return {false, Widen(FormatFixed(value))};
+        case OptionKind::WriteOnly:
+            break;
     }
-    return present;
+    return {};
 }
 
-void SaveFlags(const OptionsInput& input, Options& options, const Registry& registry) {
-    const auto save = [&](std::uint8_t value, std::uint8_t& option, std::string_view name) {
-        option = value;
-        StoreOption(registry, name, option);
-    };
-    save(input.axes, options.Axex, "Axex");
-    save(input.labels, options.Label, "Label");
-    save(GridKindOf(input.grid, input.polarGrid), options.Setka, "Setka");
-    save(input.coords, options.Coord, "Coord");
-    save(input.derivative, options.Diff, "Diff");
-    save(input.colours, options.ColorText, "ColorText");
+/// What the dialog says about an option; nothing when it leaves the option unchanged.
+std::optional<std::int32_t> NumberOf(const OptionRow& row, const OptionsInput& input) {
+    const ControlState& control = ControlOf(input, row.field);
+    switch (row.kind) {
+        case OptionKind::Flag:
+            return control.checked ? 1 : 0;
+        case OptionKind::GridKind:
+            return GridKindOf(control.checked, input.polarGrid);
+        case OptionKind::Number:
+            return NumberOfText(row.control.choices, control.text);
+        case OptionKind::WriteOnly:
+            // KEEP: the resolution is looked up with the text of the interpolation list. That text
+            // is never one of a resolution, so the option keeps its value and is stored with it.
+            // The stores of other versions rely on this.
+            return NumberOfText(row.control.choices,
+                                ControlOf(input, &Options::InterpolationType).text);
+        case OptionKind::Range:
+            break;
+    }
+    return std::nullopt;
 }
 
-void SaveLists(const OptionsInput& input, Options& options, const Registry& registry) {
-    options.Wight = NumberOfText(kLineWidths, input.lineWidth).value_or(options.Wight);
-    options.InterpolationType =
-        NumberOfText(kInterpolations, input.interpolation).value_or(options.InterpolationType);
-    options.TextSize = SizeOfText(input.textSize, options.TextSize);
-    StoreOption(registry, "TextSize", options.TextSize);
-    StoreOption(registry, "Wight", options.Wight);
-    StoreOption(registry, "InterpolationType", options.InterpolationType);
-    // KEEP: looked up in the text of the interpolation list, which is never one of these, so the
-    // resolution keeps its value and is stored with it. Stores of other versions rest on that.
-    options.Resolution =
-        NumberOfText(kResolutions, input.interpolation).value_or(options.Resolution);
-    StoreOption(registry, "Resolution", options.Resolution);
-    if (const auto angle = NumberOfText(kMaxAngles, input.maxAngle)) options.MaxAngle = *angle;
-    StoreOption(registry, "MaxAngle", TruncateToInt32(options.MaxAngle));
-}
-
-// KEEP: what is not a number reads as 0, and six decimals are all that comes back of a range.
+// KEEP: a text that is not a number reads as 0. An untouched range comes back with six decimals.
 std::optional<InputProblem> TakeParameters(const OptionsInput& input, Options& options) {
-    const double least = ParseDecimalPrefix(input.minParam).value;
-    const double largest = ParseDecimalPrefix(input.maxParam).value;
+    const auto value = [&](const OptionField& field) {
+        return ParseDecimalPrefix(ControlOf(input, field).text).value;
+    };
+    const double least = value(&Options::MinParam);
+    const double largest = value(&Options::MaxParam);
     if (!IsParameterRange(least, largest))
         return InputProblem{kMaxParamField, std::u16string(Text(StringId::ParameterRange))};
     options.MinParam = least;
@@ -88,26 +85,19 @@ std::optional<InputProblem> TakeParameters(const OptionsInput& input, Options& o
 
 }  // namespace
 
-std::u16string TextSizeText(std::int32_t size) {
-    return FillIn(Text(StringId::TextSizeFormat), {NumberText(size), Text(StringId::TextSizeUnit)});
+ControlState& ControlOf(OptionsInput& input, const OptionField& field) {
+    return input.controls.at(OptionIndex(field));
+}
+
+const ControlState& ControlOf(const OptionsInput& input, const OptionField& field) {
+    return input.controls.at(OptionIndex(field));
 }
 
 OptionsInput InputOf(const Options& options) {
     OptionsInput input;
-    input.axes = options.Axex != 0;
-    input.labels = options.Label != 0;
-    input.grid = options.Setka != 0;
+    for (const OptionRow& row : kOptionRows)
+        ControlOf(input, row.field) = StateOf(row, options);
     input.polarGrid = options.Setka == 2;
-    input.coords = options.Coord != 0;
-    input.derivative = options.Diff != 0;
-    input.colours = options.ColorText != 0;
-    input.lineWidth = TextOfNumber(kLineWidths, options.Wight);
-    input.maxAngle = TextOfNumber(kMaxAngles, options.MaxAngle);
-    if (options.TextSize >= kLeastTextSize && options.TextSize <= kLargestTextSize)
-        input.textSize = TextSizeText(options.TextSize);
-    input.interpolation = TextOfNumber(kInterpolations, options.InterpolationType);
-    input.minParam = Widen(FormatFixed(options.MinParam));
-    input.maxParam = Widen(FormatFixed(options.MaxParam));
     return input;
 }
 
@@ -123,8 +113,10 @@ bool IsParameterRange(double minParam, double maxParam) {
 std::optional<InputProblem> SaveOptions(const OptionsInput& input, Options& options,
                                         const Registry& registry) {
     WriteTogether(registry, [&] {
-        SaveFlags(input, options, registry);
-        SaveLists(input, options, registry);
+        for (const OptionRow* const row : RowsInOrder(PlaceInSave)) {
+            if (const auto number = NumberOf(*row, input)) SetValue(options, *row, *number);
+            StoreOption(registry, row->name, StoredNumberOf(options, *row));
+        }
         return true;
     });
     return TakeParameters(input, options);

@@ -1,72 +1,50 @@
-// The display options as they stand in their dialog, and what saving them does.
+// The options as they stand in their dialog, and what saving them does.
 #pragma once
 
 #include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <string_view>
 
 #include "commands/number_input.h"
 #include "resources/strings.h"
 #include "settings/registry.h"
-#include "workspace/options.h"
+#include "workspace/option_rows.h"
 
 namespace kalvex {
 
-/// One entry of a list: its text and the number that it stands for.
-struct OptionChoice {
-    StringId word{};
-    std::int32_t number = 0;
+/// What the control of one option shows.
+struct ControlState {
+    bool checked = false;  ///< of a check box
+    std::u16string text;   ///< of a field or a list; empty for a list without a chosen entry
 };
 
-inline constexpr std::array<OptionChoice, 2> kLineWidths = {
-    {{StringId::OnePixel, 1}, {StringId::TwoPixels, 2}}};
-
-/// Multiples of 2 pi.
-inline constexpr std::array<OptionChoice, 4> kMaxAngles = {
-    {{StringId::TwoPi, 1}, {StringId::FourPi, 2}, {StringId::SixPi, 3}, {StringId::EightPi, 4}}};
-
-inline constexpr std::array<OptionChoice, 2> kInterpolations = {
-    {{StringId::Linear, 0}, {StringId::Quadratic, 1}}};
-
-inline constexpr std::int32_t kLeastTextSize = 8;
-inline constexpr std::int32_t kLargestTextSize = 29;
-
-/// The list entry of a text size: "14 pt".
-std::u16string TextSizeText(std::int32_t size);
-
-/// What the controls of the dialog show. A list without a chosen entry has an empty text.
+/// What the controls of the dialog show.
 struct OptionsInput {
-    bool axes = false;
-    bool labels = false;
-    bool grid = false;
-    bool polarGrid = false;
-    bool coords = false;
-    bool derivative = false;
-    bool colours = false;
-    std::u16string lineWidth;
-    std::u16string maxAngle;
-    std::u16string textSize;
-    std::u16string interpolation;
-    std::u16string minParam;
-    std::u16string maxParam;
+    std::array<ControlState, kOptionRows.size()> controls;  ///< in the order of the table
+    bool polarGrid = false;  ///< the box "Polar grid": with "Grid" it makes one option
 };
+
+/// The state of the control of an option.
+[[nodiscard]] ControlState& ControlOf(OptionsInput& input, const OptionField& field);
+[[nodiscard]] const ControlState& ControlOf(const OptionsInput& input, const OptionField& field);
 
 /// The dialog as it opens. A number that a list does not offer (a damaged store) leaves the list
 /// without a chosen entry.
-OptionsInput InputOf(const Options& options);
+[[nodiscard]] OptionsInput InputOf(const Options& options);
 
-/// The grid kind of the two boxes: 0 without a grid, whatever the second box says.
-std::uint8_t GridKindOf(bool grid, bool polarGrid);
+/// The kind of grid for the two boxes: 0 without a grid, whatever the second box says.
+[[nodiscard]] std::uint8_t GridKindOf(bool grid, bool polarGrid);
 
-/// Whether a range of parameters can be taken: neither empty nor reversed, no not-a-number.
-bool IsParameterRange(double minParam, double maxParam);
+/// Whether a range of parameters can be taken: its minimum is below its maximum, and neither is
+/// not-a-number.
+[[nodiscard]] bool IsParameterRange(double minParam, double maxParam);
 
-/// `Save`: takes flags and lists into `options` and stores them one by one, then takes the range of
-/// parameters. When the range is refused (the result says why), everything else has been taken and
-/// stored all the same. A list without a chosen entry leaves its number alone; a range text that
-/// begins with no number reads as 0. Failures of the store are silent and stop nothing.
+/// `Save`: takes check boxes and lists into `options` and stores them one by one, then takes the
+/// range of parameters. A refused range gives the reason; everything else has been taken and stored
+/// all the same. A list without a chosen entry leaves its option unchanged. A text of the range
+/// that does not begin with a number reads as 0. Failures of the store are silent, and the next
+/// option is stored all the same.
 std::optional<InputProblem> SaveOptions(const OptionsInput& input, Options& options,
                                         const Registry& registry);
 

@@ -16,6 +16,6 @@ struct CheckResult {
 
 /// Checks a text of any length. The cost grows linearly with the length, apart from the reduction
 /// of at most 255 tokens.
-CheckResult CheckExpression(std::u16string_view text, CheckMode mode);
+[[nodiscard]] CheckResult CheckExpression(std::u16string_view text, CheckMode mode);
 
 }  // namespace kalvex

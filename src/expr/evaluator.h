@@ -22,14 +22,15 @@ struct CompiledExpression {
 
 /// Compiles a normalised text that passed CheckExpression. Any other text gives an expression
 /// whose value is not-a-number; nothing is reported.
-CompiledExpression CompileExpression(std::u16string_view text);
+[[nodiscard]] CompiledExpression CompileExpression(std::u16string_view text);
 
 /// Releases the program; the expression is then like a new one.
 void FreeExpression(CompiledExpression& expression);
 
 /// Value at one point. Sets EvalError to the first failing primitive's code or leaves it alone;
 /// the value is then meaningless. An expression that was never compiled is not-a-number.
-double EvaluateExpression(const CompiledExpression& expression, double x, double y = 0.0);
+[[nodiscard]] double EvaluateExpression(const CompiledExpression& expression, double x,
+                                        double y = 0.0);
 
 struct EvaluationResult {
     double value = 0.0;      ///< UndefinedValue where a primitive failed
@@ -37,8 +38,8 @@ struct EvaluationResult {
 };
 
 /// One record per x, in order, at y = 0.
-std::vector<EvaluationResult> EvaluateAt(const CompiledExpression& expression,
-                                         std::span<const double> xs);
+[[nodiscard]] std::vector<EvaluationResult> EvaluateAt(const CompiledExpression& expression,
+                                                       std::span<const double> xs);
 
 /// The same into two arrays of xs.size() elements, at the given y. Allocates nothing for each
 /// point.

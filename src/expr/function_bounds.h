@@ -23,12 +23,12 @@ using FunctionBounds = MaybeBounds (*)(const Bounds* arguments);
 inline constexpr FunctionBounds kNoBounds = nullptr;
 
 /// Sine and cosine: within 1, generously. Of an infinite argument they are not-a-number.
-MaybeBounds SineBounds(const Bounds* arguments);
+[[nodiscard]] MaybeBounds SineBounds(const Bounds* arguments);
 
 /// Functions that stay between -1 and 1, infinite arguments included.
-MaybeBounds SigmoidBounds(const Bounds* arguments);
+[[nodiscard]] MaybeBounds SigmoidBounds(const Bounds* arguments);
 
-MaybeBounds FloorBounds(const Bounds* arguments);
-MaybeBounds MagnitudeBounds(const Bounds* arguments);
+[[nodiscard]] MaybeBounds FloorBounds(const Bounds* arguments);
+[[nodiscard]] MaybeBounds MagnitudeBounds(const Bounds* arguments);
 
 }  // namespace kalvex

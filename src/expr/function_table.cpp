@@ -76,7 +76,7 @@ constexpr bool HasFittingCode(const Function& function) {
     const bool isShared = !isOwn && function.code != EvalCode::None;
     return function.lanes.value != nullptr || !isShared;
 }
-static_assert(std::ranges::all_of(kRows, HasFittingCode));
+static_assert(std::ranges::all_of(kRows, HasFittingCode), "a kernel sets its own code or none");
 
 /// Every code of functions is the own code of one row, which explains it.
 constexpr bool IsOwnedByOneRow(EvalCode code) {
@@ -91,7 +91,7 @@ constexpr bool IsEveryCodeOwnedByOneRow() {
     }
     return true;
 }
-static_assert(IsEveryCodeOwnedByOneRow());
+static_assert(IsEveryCodeOwnedByOneRow(), "each code of functions is the own code of one row");
 
 }  // namespace
 

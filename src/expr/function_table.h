@@ -36,12 +36,12 @@ struct Function {
 /// Indexed by FunctionNumber.
 extern const std::array<Function, kFunctionCount> kFunctions;
 
-inline const Function& FunctionAt(FunctionNumber number) {
+[[nodiscard]] inline const Function& FunctionAt(FunctionNumber number) {
     return kFunctions[static_cast<std::size_t>(number)];
 }
 
 /// Whether a call of the function may set EvalError.
-inline bool CanFail(const Function& function) {
+[[nodiscard]] inline bool CanFail(const Function& function) {
     return function.code != EvalCode::None || function.lanes.value != nullptr;
 }
 

@@ -20,7 +20,7 @@ struct GridPlan {
 
 /// Cuts a program's tree. `xIsFinite` says that no abscissa of the grid is infinite or
 /// not-a-number: then the leading "x*0+" of a text of two variables is left out.
-GridPlan PlanGrid(const SyntaxTree& tree, bool xIsFinite);
+[[nodiscard]] GridPlan PlanGrid(const SyntaxTree& tree, bool xIsFinite);
 
 struct Grid {
     std::shared_ptr<const Program> program;

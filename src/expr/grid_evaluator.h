@@ -17,8 +17,9 @@ namespace kalvex {
 struct Grid;
 
 /// Prepares the grid of these abscissas and ordinates (copied).
-std::shared_ptr<Grid> PrepareGrid(const CompiledExpression& expression, std::span<const double> xs,
-                                  std::span<const double> ys);
+[[nodiscard]] std::shared_ptr<Grid> PrepareGrid(const CompiledExpression& expression,
+                                                std::span<const double> xs,
+                                                std::span<const double> ys);
 
 /// Values G(x, y) of `count` neighbouring abscissas from `firstColumn` on at one ordinate, both by
 /// index; 1e30 where a primitive failed. The values have the bits that EvaluateExpression gives,
@@ -33,10 +34,10 @@ inline constexpr std::size_t kTileColumns = 64;
 /// Bounds of the values at `rowCount` ordinates from `firstRow` on, for each tile of abscissas in
 /// order. A tile has no bounds where a primitive may fail, where a value may be not-a-number, and
 /// where the expression calls a function without an interval form (function_bounds.h).
-std::vector<MaybeBounds> GridTileBounds(const Grid& grid, std::size_t firstRow,
-                                        std::size_t rowCount);
+[[nodiscard]] std::vector<MaybeBounds> GridTileBounds(const Grid& grid, std::size_t firstRow,
+                                                      std::size_t rowCount);
 
 /// Whether a[i] * b[i] <= 0 for some i below `count`: a sign change between two rows of values.
-bool HasSignChange(const double* a, const double* b, std::size_t count);
+[[nodiscard]] bool HasSignChange(const double* a, const double* b, std::size_t count);
 
 }  // namespace kalvex

@@ -39,16 +39,16 @@ enum class OpCode : std::uint8_t {
 inline constexpr std::size_t kOpCodeCount =
     static_cast<std::size_t>(OpCode::Function) + kFunctionCount;
 
-constexpr OpCode FunctionOp(FunctionNumber number) {
+[[nodiscard]] constexpr OpCode FunctionOp(FunctionNumber number) {
     return static_cast<OpCode>(static_cast<int>(OpCode::Function) + static_cast<int>(number));
 }
 
-constexpr bool IsFunction(OpCode op) {
+[[nodiscard]] constexpr bool IsFunction(OpCode op) {
     return op >= OpCode::Function;
 }
 
 /// The function that an operation for which IsFunction holds calls.
-constexpr FunctionNumber FunctionOf(OpCode op) {
+[[nodiscard]] constexpr FunctionNumber FunctionOf(OpCode op) {
     return static_cast<FunctionNumber>(static_cast<int>(op) - static_cast<int>(OpCode::Function));
 }
 
@@ -90,14 +90,14 @@ struct KernelTables {
     const KernelTable* tables[3] = {};
     std::size_t count = 0;
 };
-KernelTables AvailableKernelTables();
+[[nodiscard]] KernelTables AvailableKernelTables();
 
 /// The best table of this processor.
-const KernelTable& ActiveKernels();
+[[nodiscard]] const KernelTable& ActiveKernels();
 
 /// Computes a function without a kernel of its own lane by lane. Lanes that failed before are
 /// skipped; padding lanes become copies of the last lane before them, code and all, and a function
 /// of scalars alone is computed once. A function that has a kernel is computed by it.
-bool RunLaneByLane(FunctionNumber function, const KernelCall& call);
+[[nodiscard]] bool RunLaneByLane(FunctionNumber function, const KernelCall& call);
 
 }  // namespace kalvex

@@ -53,11 +53,11 @@ struct Replacement {
 };
 
 /// Flattens the sub-tree at a node. Nodes with a replacement are taken as inputs.
-InstructionList Flatten(const SyntaxTree& tree, NodeIndex root,
-                        std::span<const Replacement> replacements);
+[[nodiscard]] InstructionList Flatten(const SyntaxTree& tree, NodeIndex root,
+                                      std::span<const Replacement> replacements);
 
 /// The same for a sub-tree of y alone, with y as array 0.
-InstructionList FlattenOverY(const SyntaxTree& tree, NodeIndex root);
+[[nodiscard]] InstructionList FlattenOverY(const SyntaxTree& tree, NodeIndex root);
 
 /// The inputs of a run. Arrays are readable up to the next multiple of kPaddedLanes.
 struct ProgramInputs {
@@ -74,6 +74,7 @@ bool RunInstructions(const InstructionList& list, const KernelTable& kernels,
                      std::int32_t* errors, std::size_t padding = 0);
 
 /// A program for a normalised text over a given kernel table (CompileExpression uses the best).
-std::shared_ptr<const Program> CompileProgram(std::u16string_view text, const KernelTable& kernels);
+[[nodiscard]] std::shared_ptr<const Program> CompileProgram(std::u16string_view text,
+                                                            const KernelTable& kernels);
 
 }  // namespace kalvex

@@ -28,17 +28,17 @@ inline constexpr std::size_t kShapeCapacity = 255;
 
 /// The tokens of a text; nothing when it holds a character or word that makes no token, a function
 /// name without its "(", or more than kShapeCapacity tokens. Linear in the length.
-std::optional<std::vector<ShapeToken>> TokenizeShape(std::u16string_view text);
+[[nodiscard]] std::optional<std::vector<ShapeToken>> TokenizeShape(std::u16string_view text);
 
 /// How many tokens a text has, counted up to its end, to what makes no token, or to one more than
 /// kShapeCapacity.
-std::size_t ShapeLength(std::u16string_view text);
+[[nodiscard]] std::size_t ShapeLength(std::u16string_view text);
 
 /// Replaces patterns by operands, each time the leftmost that matches, until none does.
 void ReduceShape(std::vector<ShapeToken>& tokens);
 
 /// True when the reduced stream begins with an operand or is a single token. Lenient: what follows
 /// a first operand is not looked at, so "x,y" passes.
-bool CheckCommaPlacement(std::u16string_view text);
+[[nodiscard]] bool CheckCommaPlacement(std::u16string_view text);
 
 }  // namespace kalvex

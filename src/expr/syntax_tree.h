@@ -36,11 +36,12 @@ struct SyntaxTree {
     const KernelTable* kernels = nullptr;
 };
 
-NodeIndex AddConstant(SyntaxTree& tree, double value);
-NodeIndex AddVariable(SyntaxTree& tree, NodeKind variable);
+[[nodiscard]] NodeIndex AddConstant(SyntaxTree& tree, double value);
+[[nodiscard]] NodeIndex AddVariable(SyntaxTree& tree, NodeKind variable);
 
 /// Adds an operation over nodes of the tree, or the constant that it amounts to. `Power` with a
 /// constant exponent becomes a product or a square root where that is what its value demands.
-NodeIndex AddOperation(SyntaxTree& tree, OpCode op, std::span<const NodeIndex> operands);
+[[nodiscard]] NodeIndex AddOperation(SyntaxTree& tree, OpCode op,
+                                     std::span<const NodeIndex> operands);
 
 }  // namespace kalvex

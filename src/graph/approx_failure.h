@@ -1,4 +1,4 @@
-// File lines whose method gives no curve, and how that is told.
+// File lines whose method gives no curve, and the messages about them.
 #pragma once
 
 #include <span>
@@ -10,20 +10,22 @@
 
 namespace kalvex {
 
-/// What a redraw met at one line. Its points are drawn, its samples are undefined.
+/// A File line whose curve the last redraw could not compute. Its points are drawn, its samples are
+/// undefined.
 struct ApproxFailure {
     int slot = 0;  ///< 0-based
     Diagnostic diagnostic;
 };
 
-/// What goes to standard error once per redraw: the lines of each failure in slot order.
-std::string FailureLines(std::span<const ApproxFailure> failures);
+/// The lines that a redraw writes to standard error: those of each failure, in slot order.
+[[nodiscard]] std::string FailureLines(std::span<const ApproxFailure> failures);
 
-/// The box that a routine has of its own; only for a diagnostic with one.
-MessageBox OwnBox(const Diagnostic& diagnostic);
+/// The message box of a diagnostic that has one of its own. The diagnostic must have one.
+[[nodiscard]] MessageBox OwnBox(const Diagnostic& diagnostic);
 
-/// What is shown once per Draw, not per redraw: the boxes that the routines themselves have, then
-/// one box that names all functions concerned and the reasons. Empty without a failure.
-std::vector<MessageBox> FailureBoxes(std::span<const ApproxFailure> failures);
+/// The message boxes that Draw shows once, however often the picture is redrawn: first those of the
+/// diagnostics that have one of their own, then one that names all functions concerned and the
+/// reasons. Empty without a failure.
+[[nodiscard]] std::vector<MessageBox> FailureBoxes(std::span<const ApproxFailure> failures);
 
 }  // namespace kalvex

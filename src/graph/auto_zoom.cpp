@@ -1,5 +1,5 @@
-// Two passes: the extremes of each function, then those of all. The rules are not those that one
-// would write down today, but the windows that people know come from them.
+// First the extremes of each function are found, then those of all functions. Some rules are odd;
+// they are kept because users know the windows that they give.
 #include "graph/auto_zoom.h"
 
 #include <cmath>
@@ -22,12 +22,12 @@ struct Extremes {
     double maximum = kNoMaximum;
 };
 
-/// Not-a-number says no more about a curve than an undefined value does.
+/// The value of a sample. Not-a-number counts as undefined.
 double ValueOf(const CurveSample& sample) {
     return std::isnan(sample.y) ? UndefinedValue : sample.y;
 }
 
-/// Nothing when no sample has a value.
+/// The extremes of one function; nothing when no sample has a value.
 std::optional<Extremes> ExtremesOf(const SampleCache& samples) {
     Extremes found;
     for (const CurveSample& sample : samples) {
@@ -74,7 +74,8 @@ bool AutoZoom(Viewport& viewport, const FunctionList& functions, const ShowMessa
     if (!all) return Refuse(StringId::AutoUndetermined, show);
     const double low = all->minimum;
     const double high = all->maximum;
-    // KEEP: the factor whatever the sign: a positive minimum and a negative maximum move inward.
+    // KEEP: the factor is applied whatever the sign, so a positive minimum and a negative maximum
+    // move inward.
     viewport.view.Ymin = low != 0.0 ? low * 1.1 : high * -0.1;
     viewport.view.Ymax = high != 0.0 ? high * 1.1 : low * -0.1;
     return true;

@@ -11,6 +11,7 @@ namespace kalvex {
 /// value (not-a-number counts as undefined) are left out. False, with a message and unchanged
 /// bounds, when a value lies beyond -131 or 131 or when there is none at all. A constant 0 gives
 /// equal bounds.
-bool AutoZoom(Viewport& viewport, const FunctionList& functions, const ShowMessage& show);
+[[nodiscard]] bool AutoZoom(Viewport& viewport, const FunctionList& functions,
+                            const ShowMessage& show);
 
 }  // namespace kalvex

@@ -1,5 +1,5 @@
-// Axes by the origin, ticks by the marks of each axis. A segment's end pixel is painted, so a tick
-// of two pixels ends one pixel beside its start.
+// The axes run through the origin; the ticks stand at the marks of each axis. The end pixel of a
+// segment is painted too, so a tick of two pixels ends one pixel beside its start.
 #include "graph/axes.h"
 
 #include "graph/axis_marks.h"
@@ -8,7 +8,7 @@
 namespace kalvex {
 namespace {
 
-/// Ticks beside an axis that is far off the picture are not seen, and their ends might overflow.
+/// Whether the ticks of an axis can be seen. The ends of ticks far off the picture might overflow.
 bool IsNearPicture(std::int32_t position, std::int32_t end) {
     return position >= -2 && position <= static_cast<std::int64_t>(end) + 2;
 }
@@ -49,7 +49,7 @@ void DrawAxes(const Viewport& viewport, DrawList& list) {
     if (view.OriginX > 0.0)
         lines.segments.push_back({{column, 0}, {column, viewport.ClientHeight}});
     if (view.OriginY > 0.0) lines.segments.push_back({{0, row}, {viewport.ClientWidth, row}});
-    // KEEP: the ticks are there even where their axis is not.
+    // KEEP: the ticks are drawn even when their axis is not.
     if (IsNearPicture(row, viewport.ClientHeight)) AddTicksX(viewport, row, lines.segments);
     if (IsNearPicture(column, viewport.ClientWidth)) AddTicksY(viewport, column, lines.segments);
     if (!lines.segments.empty()) list.records.emplace_back(std::move(lines));

@@ -7,7 +7,7 @@
 namespace kalvex {
 
 /// Black axes through the origin and a tick of two pixels at every whole unit; units that fall on
-/// one pixel share a tick. Nothing when the mapping is unusable.
+/// one pixel share a tick. Draws nothing when the mapping cannot be used (see HasUsableMapping).
 void DrawAxes(const Viewport& viewport, DrawList& list);
 
 }  // namespace kalvex

@@ -1,7 +1,8 @@
-// A window of 1e300 units has 1e300 rungs on a few hundred pixels. Positions are monotone in k
-// (each rounding step is), so the next rung that lands on another pixel is found by galloping and
-// bisection over k instead of by counting. k runs over all doubles that are whole numbers: up to
-// 2^53 every integer, above it every double; an index enumerates them in order.
+// A window of 1e300 units has 1e300 rungs on a few hundred pixels, so they are not counted one by
+// one. The position is a monotone function of k, since each of its roundings is monotone. The next
+// rung on another pixel is therefore found by doubling the step and then by bisection over k. k
+// runs over all doubles that are whole numbers: every integer up to 2^53 and every double above it.
+// An index numbers them in order.
 #include "graph/axis_marks.h"
 
 #include <bit>
@@ -24,8 +25,8 @@ double RungAt(std::uint64_t index) {
     return std::bit_cast<double>(kDenseEndBits + (index - kDenseEnd));
 }
 
-/// Smallest index >= from whose rung satisfies a test that is monotone in k; kLastIndex + 1 when
-/// none does.
+/// The smallest index >= from whose rung passes a test. The test must be monotone in k. kLastIndex
+/// + 1 when no rung passes it.
 template <typename Test>
 std::uint64_t FirstIndex(std::uint64_t from, const Test& test) {
     std::uint64_t low = from;
@@ -45,7 +46,7 @@ std::uint64_t FirstIndex(std::uint64_t from, const Test& test) {
     return high;
 }
 
-/// Whether the mapping numbers of one axis can carry marks.
+/// Whether marks can be computed from the origin and the scale of one axis.
 bool IsUsable(double origin, double scale) {
     return std::isfinite(origin) && std::isfinite(scale) && scale != 0.0 &&
            std::isfinite(GridStep(std::fabs(scale)));

@@ -1,5 +1,4 @@
-// Where the whole units of an axis fall on the picture: the shared ground of grid, ticks and
-// coordinate numbers.
+// The pixels of an axis at which whole units lie. Grid, ticks and coordinate numbers stand there.
 #pragma once
 
 #include <cstdint>
@@ -25,21 +24,23 @@ struct AxisMark {
 /// Rungs k >= first while origin - k * units * scale > 0, in order of k. Those at `end` or beyond
 /// are left out; rungs that fall on one pixel give one mark. The work is bounded by `end`, however
 /// many rungs there are.
-std::vector<AxisMark> MarksTowardZero(const AxisLadder& ladder, double first, std::int32_t end);
+[[nodiscard]] std::vector<AxisMark> MarksTowardZero(const AxisLadder& ladder, double first,
+                                                    std::int32_t end);
 
 /// Rungs k >= first while origin + k * units * scale < end. Those before pixel 0 are left out (a
 /// position between -1 and 0 is pixel 0).
-std::vector<AxisMark> MarksAwayFromZero(const AxisLadder& ladder, double first, std::int32_t end);
+[[nodiscard]] std::vector<AxisMark> MarksAwayFromZero(const AxisLadder& ladder, double first,
+                                                      std::int32_t end);
 
 /// The ladders of both axes at one unit per rung; scales by their magnitude.
-AxisLadder LadderX(const ViewWindow& view);
-AxisLadder LadderY(const ViewWindow& view);
+[[nodiscard]] AxisLadder LadderX(const ViewWindow& view);
+[[nodiscard]] AxisLadder LadderY(const ViewWindow& view);
 
 /// The smallest whole number of units that lie more than ten pixels apart.
-double GridStep(double scale);
+[[nodiscard]] double GridStep(double scale);
 
 /// Whether the background layers can be drawn: origins finite, scales and grid steps finite and
 /// not zero.
-bool HasUsableMapping(const ViewWindow& view);
+[[nodiscard]] bool HasUsableMapping(const ViewWindow& view);
 
 }  // namespace kalvex

@@ -11,7 +11,7 @@ inline constexpr std::int32_t kCoordinateHeight = 10;
 /// Black numbers along both axes at multiples of the grid's step, under the x axis and left of the
 /// y axis; along the nearest edge where the axis is off the picture. The multiple is 1, 2 or 5
 /// times a power of ten, the smallest whose numbers do not touch. A number that would be cut or
-/// overlap another is left out; zero stands once. Nothing when the mapping is unusable.
+/// overlap another is left out; zero is drawn once. Draws nothing when the mapping cannot be used.
 void DrawCoordinates(const Viewport& viewport, const MeasureText& measure, DrawList& list);
 
 }  // namespace kalvex

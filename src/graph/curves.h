@@ -25,26 +25,27 @@ struct SampleRun {
 /// The unbroken runs of a curve y(x), those of fewer than two samples left out. A run ends where
 /// the row jumps by more than five client heights and at an unplotted sample (pixel (0, 0)); the
 /// last sample before a break belongs to no run.
-std::vector<SampleRun> PolylineRuns(std::span<const CurveSample> samples,
-                                    std::int32_t clientHeight);
+[[nodiscard]] std::vector<SampleRun> PolylineRuns(std::span<const CurveSample> samples,
+                                                  std::int32_t clientHeight);
 
-/// Draws the runs of a sampled curve y(x). Pieces that touch a sample whose pixel position is
-/// not-a-number are left out: its cached pixel is only what the conversion makes of it, and a line
-/// there would show something that the function does not do.
+/// Draws the runs of a sampled curve y(x). A piece with an end whose position is not-a-number is
+/// left out: the conversion to pixels gives such a position an arbitrary pixel, so the piece would
+/// show a line that the function does not have.
 void DrawRuns(std::span<const CurveSample> samples, const Viewport& viewport, const Pen& pen,
               DrawList& list);
 
-/// Draws the lines between neighbours where both are `joined` (index of the first); lines of no
-/// length and such that touch a not-a-number position are left out.
+/// Draws the line from sample i to sample i + 1 for every i with `joined[i]`. Lines without a
+/// length and lines with an end whose position is not-a-number are left out.
 void DrawJoined(std::span<const CurveSample> samples, std::span<const std::uint8_t> joined,
                 const Viewport& viewport, const Pen& pen, DrawList& list);
 
-/// Whether a world point has a pixel position, that is, one that is a number.
-bool HasPosition(const ViewWindow& view, double x, double y);
+/// Whether the pixel position of a world point is a number.
+[[nodiscard]] bool HasPosition(const ViewWindow& view, double x, double y);
 
 /// y = f(x): one sample per pixel column. Plotted samples have a defined value and a defined right
 /// neighbour; the others have pixel (0, 0).
-SampleCache SampleDecart(const CompiledExpression& expression, const Viewport& viewport);
+[[nodiscard]] SampleCache SampleDecart(const CompiledExpression& expression,
+                                       const Viewport& viewport);
 
 /// Refills the entry's cache and draws it.
 void PlotDecart(FunctionEntry& entry, const Viewport& viewport, const Pen& pen, DrawList& list);
@@ -68,7 +69,8 @@ inline constexpr auto kNoValueStatus = static_cast<std::int32_t>(EvalCode::NoVal
 /// neighbour; drawable is a value that is not undefined and below 2^31 in magnitude. Fails when the
 /// method cannot be used with these points: all samples are undefined then. Long work tells its
 /// progress; when it is stopped, what has no value yet stays undefined.
-Failure plotFileFunction(FunctionEntry& entry, const Viewport& viewport, const Pen& pen,
-                         const WorkProgress& progress, DrawList& list);
+[[nodiscard]] Failure plotFileFunction(FunctionEntry& entry, const Viewport& viewport,
+                                       const Pen& pen, const WorkProgress& progress,
+                                       DrawList& list);
 
 }  // namespace kalvex

@@ -1,5 +1,5 @@
 // A picture as data: plain drawing records in logical pixels, in painting order. The graph room
-// makes them, the painter room plays them; neither knows the other's business.
+// makes them and the painter room draws them.
 #pragma once
 
 #include <cstdint>

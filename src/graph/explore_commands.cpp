@@ -1,5 +1,5 @@
-// What each command does to the mode is part of it: most end a pick, automatic zoom and the fixed
-// windows do not, so that they can be used in the middle of one.
+// Most commands end a pick mode. Automatic zoom and the fixed windows do not, so that they can be
+// used while a point is being picked.
 #include "graph/explore_commands.h"
 
 #include <cmath>
@@ -17,13 +17,13 @@ std::optional<QuickWindow> QuickWindowOf(CommandId command) {
                                     static_cast<int>(CommandId::QuickInit));
 }
 
-/// The bounds have changed: the mapping follows at once, the next event may rest on it.
+/// To be called after a change of the bounds: the mapping must be right before the next event.
 PictureChange LaidOut(GraphState& state) {
     LayoutViewport(state.viewport);
     return PictureChange::Curves;
 }
 
-/// A factor as a zoom step can use it.
+/// The factor of a zoom step; 1 for one that cannot be used.
 double UsableFactor(double factor) {
     return std::isfinite(factor) && factor > 0.0 ? factor : 1.0;
 }
@@ -47,7 +47,8 @@ std::optional<PictureChange> RunExploreCommand(GraphState& state, const Function
             EnterCentreMode(state, ZoomDirection::Out);
             return PictureChange::Overlay;
         case CommandId::ZoomAuto:
-            AutoZoom(state.viewport, functions, show);
+            // When no bounds can be found, `show` has said so and the window stays as it is.
+            static_cast<void>(AutoZoom(state.viewport, functions, show));
             return LaidOut(state);
         case CommandId::ZoomPre:
             RestorePrevious(state.viewport);

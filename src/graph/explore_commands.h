@@ -9,16 +9,19 @@
 namespace kalvex {
 
 /// Runs a command of the Zoom or QUICK submenu that needs no dialog, or `Trace`. Automatic zoom and
-/// the fixed windows leave the mode as it is. Nothing for any other command.
-std::optional<PictureChange> RunExploreCommand(GraphState& state, const FunctionList& functions,
-                                               CommandId command, const ShowMessage& show);
+/// the fixed windows leave the mode as it is. Returns nothing for any other command.
+[[nodiscard]] std::optional<PictureChange> RunExploreCommand(GraphState& state,
+                                                             const FunctionList& functions,
+                                                             CommandId command,
+                                                             const ShowMessage& show);
 
-/// Zooms about a pixel at once, without a pick mode (the popup of the full-screen mode): saves the
-/// window before, returns to normal mode.
+/// Zooms about a pixel at once, without a mode in which the user picks the point. The popup of the
+/// full-screen mode does this. Saves the present window as the previous one, then returns to normal
+/// mode.
 PictureChange ZoomAtOnce(GraphState& state, const PixelPoint& centre, ZoomDirection direction);
 
-/// A burst of small zooms (wheel, pinch, a held key) saves one window as previous: the one before
-/// its first step.
+/// A series of small zooms by wheel, pinch or a held key. Only its first step saves the present
+/// window as the previous one.
 struct ZoomGesture {
     bool running = false;
 };

@@ -24,7 +24,7 @@ bool ReadPoints(FunctionEntry& entry, const std::string& path) {
 }  // namespace
 
 bool IsSelectedFile(const FunctionEntry& entry) {
-    return entry.selected == 1 && entry.type == static_cast<std::int32_t>(EquationType::File);
+    return entry.selected == 1 && entry.type == EquationType::File;
 }
 
 FilePaths PathsOf(const FunctionList& functions) {
@@ -48,7 +48,7 @@ bool HasGoodTermCount(const ApproxParameters& parameters, std::size_t points) {
     const auto isGood = [&](const MethodParameter& parameter) {
         if (parameter.kind != ParameterKind::Terms) return true;
         const std::int32_t terms = parameters.*parameter.whole;
-        // KEEP: as many terms as points pass, although the message asks for fewer.
+        // KEEP: as many terms as points are allowed, although the message asks for fewer.
         return terms >= 1 && static_cast<std::size_t>(terms) <= points;
     };
     return std::all_of(row->form.parameters.begin(), row->form.parameters.end(), isGood);
@@ -73,7 +73,7 @@ bool ConfirmManyLines(const FunctionList& functions, const ShowMessage& show) {
     bool confirmed = true;
     for (const FunctionEntry& entry : functions) {
         if (!IsSelectedFile(entry) || CountOf(entry.points) <= kManyPoints) continue;
-        // KEEP: the others are still asked about after a No.
+        // KEEP: after the answer No the other lines are asked about all the same.
         const std::u16string question = FillIn(Text(StringId::ManyLines), {entry.text});
         const MessageAnswer answer = show(
             BoxOf(StringId::Warning, question, MessageIcon::Information, MessageButtons::YesNo));

@@ -1,5 +1,5 @@
-// White picture, background layers, curves in slot order, names: later records paint over earlier
-// ones. The trace cursor follows the plotting, so the last function that places it decides.
+// The order of the records is the order of painting: background layers, curves in slot order,
+// names. Each plotted function places the trace cursor, so the last one decides where it is.
 #include "graph/graph.h"
 
 #include <algorithm>
@@ -59,7 +59,7 @@ void PlotImplicit(GraphState& state, FunctionEntry& entry, const DrawProgress& p
     state.trace.pixel = {state.viewport.ClientWidth / 2, state.viewport.ClientWidth / 2};
 }
 
-/// The part that is done as a bar from the left edge, like that of an implicit curve.
+/// Turns the share of the work that is done (0 to 1) into stretches of the progress bar.
 WorkProgress AsStretches(const DrawProgress& progress, std::int32_t width, const Rgb& color) {
     if (!progress) return {};
     return [&progress, width, color, next = 0](double done) mutable {
@@ -82,7 +82,7 @@ void PlotFunction(GraphState& state, FunctionEntry& entry, int slot, const Optio
                   const DrawProgress& progress, DrawList& list) {
     const Viewport& viewport = state.viewport;
     const Pen pen{ColorOf(entry.color), PenWidthOf(options)};
-    switch (static_cast<EquationType>(entry.type)) {
+    switch (entry.type) {
         case EquationType::Polar:
             PlotPolar(entry, viewport, options.MaxAngle, pen, list);
             break;
@@ -124,8 +124,7 @@ DrawList DrawGraph(GraphState& state, FunctionList& functions, const Options& op
     }
     for (int slot = 0; slot < kSlotCount && !state.trace.function; ++slot) {
         const FunctionEntry& entry = functions[static_cast<std::size_t>(slot)];
-        if (IsDrawn(entry) && entry.type != static_cast<std::int32_t>(EquationType::Implicit))
-            state.trace.function = slot;
+        if (IsDrawn(entry) && entry.type != EquationType::Implicit) state.trace.function = slot;
     }
     if (state.mode == GraphMode::Trace) RefreshTraceCursor(state, functions);
     if (options.Label != 0) DrawLegend(viewport, functions, options, measure, list);

@@ -1,7 +1,8 @@
-// Rectangular: the marks of both axes, each pixel once (the line through the origin belongs to
-// both directions). Polar: ring k meets the picture only when k lies between the least and the
-// greatest value of sqrt((dx/ScaleX)^2 + (dy/ScaleY)^2) over the picture; the larger rings would
-// paint it white, as it is already, and the smaller ones miss it.
+// The rectangular grid has a line at each mark of both axes. The origin is a mark in both
+// directions, but each pixel gets one line only. In the polar grid, ring k meets the picture only
+// when k lies between the least and the greatest value of sqrt((dx/ScaleX)^2 + (dy/ScaleY)^2) over
+// the picture. A larger ring would only fill the picture with the white that it has already, and a
+// smaller one lies outside.
 #include "graph/grid.h"
 
 #include <algorithm>
@@ -34,7 +35,8 @@ double FarthestCorner(const Viewport& viewport) {
     const double dy =
         std::max(std::fabs(view.OriginY), std::fabs(view.OriginY - viewport.ClientHeight));
     const double squared = dx * dx + dy * dy;
-    // Up to here the truncated square is exact in a double; beyond, hypot cannot overflow.
+    // Up to this distance the truncated square is exact in a double. Beyond it hypot is used, which
+    // cannot overflow.
     if (squared < 9007199254740992.0) return std::trunc(std::sqrt(std::trunc(squared)));
     return std::trunc(std::hypot(dx, dy));
 }
@@ -106,8 +108,8 @@ void DrawPolarGrid(const Viewport& viewport, DrawList& list) {
     if (!HasUsableMapping(view) || viewport.ClientWidth <= 0 || viewport.ClientHeight <= 0) return;
     const RingRange range = RingsOnPicture(viewport);
     if (!(range.last >= range.first)) return;
-    // A very flat ring system far from its centre can have millions of rings on a few pixels. What
-    // is left of it is grey either way, so it is thinned to a few rings per pixel.
+    // Very flat rings far from their centre can be millions on a few pixels. The picture is grey
+    // there in any case, so only a few rings per pixel are drawn.
     const double limit = 4.0 * (static_cast<double>(viewport.ClientWidth) + viewport.ClientHeight);
     const double stride = std::max(1.0, std::ceil((range.last - range.first + 1.0) / limit));
     const double scaleX = std::fabs(view.ScaleX);
@@ -117,7 +119,8 @@ void DrawPolarGrid(const Viewport& viewport, DrawList& list) {
         const double top = view.OriginY - k * scaleY;
         const double right = view.OriginX + k * scaleX;
         const double bottom = view.OriginY + k * scaleY;
-        // KEEP: from the outside in and filled, so that each ring covers the inside of the larger.
+        // KEEP: the rings are filled and drawn from the outside in, so each one covers the inside
+        // of the larger one.
         if (FitsPixels(left) && FitsPixels(top) && FitsPixels(right) && FitsPixels(bottom))
             list.records.emplace_back(Ring(left, top, right, bottom));
         if (k - stride == k) break;

@@ -8,15 +8,15 @@ namespace kalvex {
 
 inline constexpr Rgb kGridColor = {130, 130, 130};
 
-/// Lines at whole units, more than ten pixels apart. Nothing when the mapping is unusable.
+/// Lines at whole units, more than ten pixels apart. Draws nothing when the mapping cannot be used.
 void DrawRectangularGrid(const Viewport& viewport, DrawList& list);
 
 /// One ellipse per whole unit about the origin, from the outside in, each filled white. Rings
 /// whose outline does not meet the picture are left out. No rings when both scales are below one
-/// pixel per unit; where a ring's box does not fit a pixel coordinate, that ring is left out.
+/// pixel per unit. A ring whose box does not fit into pixel coordinates is left out.
 void DrawPolarGrid(const Viewport& viewport, DrawList& list);
 
-/// The grid of a kind: 1 rectangular, 2 polar, anything else none.
+/// Draws the grid of a kind: 1 rectangular, 2 polar, any other number none.
 void DrawGrid(const Viewport& viewport, int kind, DrawList& list);
 
 }  // namespace kalvex

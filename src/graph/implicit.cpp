@@ -1,11 +1,11 @@
-// The sign is tested on a half-step staggered grid: a pixel's left and right edge middles lie on
-// its own row, the upper and lower ones half a step above and below. The right middle of a pixel
-// is the left one of the next, the lower the upper one of the next row, so a picture needs two
-// grids of values: W + 1 edge middles by H rows, and W middles by H + 1 rows between them.
+// The sign is tested at the middles of the four edges of each pixel. Neighbouring pixels share an
+// edge, so a picture of W by H pixels needs two grids of values: the vertical edges, W + 1 by H,
+// and the horizontal edges, W by H + 1.
 //
-// The picture is worked through in bands of rows. A tile of columns in a band where bounds of all
-// values prove that none changes sign holds no pixel and is not evaluated; the others are, and are
-// searched in stretches before any pixel is looked at. What is set is what the plain method sets.
+// The picture is computed in bands of rows, and each band in tiles of columns. When bounds of all
+// values in a tile prove that the sign does not change there, the tile has no pixel of the curve
+// and is not evaluated. In the other tiles, whole stretches of columns are tested before single
+// pixels. The result is the same as with a test of every pixel.
 #include "graph/implicit.h"
 
 #include <algorithm>
@@ -18,13 +18,13 @@ namespace {
 
 constexpr std::size_t kBandRows = 32;
 
-/// Neighbouring columns that have to be evaluated.
+/// A range of neighbouring columns that must be evaluated.
 struct Span {
     std::size_t first = 0;
     std::size_t count = 0;
 };
 
-/// One picture's grids and the rows in work.
+/// The grids of values of one picture, for the rows that are being computed.
 struct Rows {
     std::size_t width = 0;
     std::shared_ptr<Grid> edges;    ///< Xmin - hx/2, then x_i + hx/2; at y_j
@@ -34,7 +34,7 @@ struct Rows {
     std::vector<double> below;
 };
 
-/// A single column or row has no interval; its step is 0.
+/// The step between two columns or rows; 0 when there is only one.
 double StepOf(double low, double high, std::int32_t pixels) {
     return pixels > 1 ? (high - low) / (pixels - 1.0) : 0.0;
 }
@@ -68,7 +68,8 @@ Rows MakeRows(const CompiledExpression& expression, const Viewport& viewport) {
     return rows;
 }
 
-/// Whether the product of any two such values is above 0. (Tiny ones could underflow to 0.)
+/// Whether the product of any two of these values is positive. Values below 1e-150 are excluded,
+/// because a product of two of them could underflow to 0.
 bool HasOneSign(const std::optional<Bounds>& bounds) {
     constexpr double kNoUnderflow = 1e-150;
     return bounds && (bounds->low > kNoUnderflow || bounds->high < -kNoUnderflow);
@@ -91,7 +92,7 @@ std::vector<Span> SpansToEvaluate(const Rows& rows, std::size_t firstRow, std::s
     return spans;
 }
 
-/// Columns looked at together; most stretches of a row hold no pixel of the curve.
+/// The number of columns that are tested together. Most such stretches have no pixel of the curve.
 constexpr std::size_t kStretch = 64;
 
 bool HasPixel(const Rows& rows, const Span& span) {

@@ -7,16 +7,18 @@
 
 namespace kalvex {
 
-/// Columns of the progress bar that pixel row `row` adds; may be empty (last before first) and, on
-/// a picture more than twice as wide as high, start left of the picture.
-ProgressStretch StretchOfRow(std::int32_t row, std::int32_t width, std::int32_t height,
-                             const Rgb& color);
+/// The columns that pixel row `row` adds to the progress bar. They may be none (the last is before
+/// the first). On a picture more than twice as wide as high they may begin left of the picture.
+[[nodiscard]] ProgressStretch StretchOfRow(std::int32_t row, std::int32_t width,
+                                           std::int32_t height, const Rgb& color);
 
-/// The pixels of G(x, y) = 0: those between whose left and right or upper and lower edge middles
-/// the sign changes. A product of exactly 0 and an undefined value times a negative one count as a
-/// change. `progress` is told each stretch that is not empty (may be an empty function) and may
-/// stop the curve; what is done until then stays.
-PixelRunsRecord ImplicitPixels(const CompiledExpression& expression, const Viewport& viewport,
-                               const Rgb& color, const DrawProgress& progress);
+/// The pixels of G(x, y) = 0. A pixel belongs to the curve when the sign of G changes between the
+/// middles of its left and right edges or of its upper and lower edges. A product of exactly 0
+/// counts as a change, and so does an undefined value times a negative one. `progress`, which may
+/// be empty, is called with each stretch that is not empty and may stop the curve; the pixels found
+/// until then stay.
+[[nodiscard]] PixelRunsRecord ImplicitPixels(const CompiledExpression& expression,
+                                             const Viewport& viewport, const Rgb& color,
+                                             const DrawProgress& progress);
 
 }  // namespace kalvex

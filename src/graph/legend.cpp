@@ -9,7 +9,7 @@ namespace kalvex {
 namespace {
 
 bool IsFile(const FunctionEntry& entry) {
-    return entry.type == static_cast<std::int32_t>(EquationType::File);
+    return entry.type == EquationType::File;
 }
 
 /// The part of a `File` text behind its last slash or backslash; any other text whole.
@@ -21,7 +21,7 @@ std::u16string_view NameOf(const FunctionEntry& entry) {
 }
 
 std::u16string LegendText(const FunctionEntry& entry, std::size_t limit) {
-    const bool polar = entry.type == static_cast<std::int32_t>(EquationType::Polar);
+    const bool polar = entry.type == EquationType::Polar;
     const std::u16string shown = DisplayText(entry, limit);
     if (!polar || NameOf(entry).size() > limit) return shown;
     return FillIn(Text(StringId::LegendPolar), {shown});
@@ -38,8 +38,8 @@ std::u16string DisplayText(const FunctionEntry& entry, std::size_t limit) {
 }
 
 bool IsDrawn(const FunctionEntry& entry) {
-    return entry.selected == 1 && entry.type >= static_cast<std::int32_t>(EquationType::Polar) &&
-           entry.type <= static_cast<std::int32_t>(EquationType::Implicit);
+    return entry.selected == 1 && entry.type >= EquationType::Polar &&
+           entry.type <= EquationType::Implicit;
 }
 
 void DrawLegend(const Viewport& viewport, const FunctionList& functions, const Options& options,

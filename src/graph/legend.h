@@ -10,15 +10,15 @@ namespace kalvex {
 
 /// One line per drawn function from (5, 5) down, in its colour, " (r)" behind a `Polar` text; a
 /// `File` shows the part behind the last slash or backslash. A text is cut to as many characters
-/// as the picture is wide, more cannot be seen. Its height is TextHeightOf the options.
+/// as the picture has columns, since more cannot be seen. The height is TextHeightOf(options).
 void DrawLegend(const Viewport& viewport, const FunctionList& functions, const Options& options,
                 const MeasureText& measure, DrawList& list);
 
-/// The text by which a function is called: the line, of a `File` the part behind the last slash or
-/// backslash; at most `limit` UTF-16 units, never half a character.
-std::u16string DisplayText(const FunctionEntry& entry, std::size_t limit);
+/// The text that stands for a function: its line, or for a `File` the part behind the last slash or
+/// backslash. It is cut to `limit` UTF-16 units, but never within a surrogate pair.
+[[nodiscard]] std::u16string DisplayText(const FunctionEntry& entry, std::size_t limit);
 
 /// Whether a slot is drawn: selected and of a known type.
-bool IsDrawn(const FunctionEntry& entry);
+[[nodiscard]] bool IsDrawn(const FunctionEntry& entry);
 
 }  // namespace kalvex

@@ -1,4 +1,5 @@
-// One part per mode. Bands of no height (a picture of a few rows) are left out.
+// Each mode has a part of its own. Bands without a height, on a picture of a few rows, are left
+// out.
 #include "graph/overlay.h"
 
 #include "graph/pick.h"

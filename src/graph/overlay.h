@@ -26,6 +26,7 @@ struct Overlay {
 
 /// The overlay of the present mode; empty in normal mode. The cross of a trace is absent on a
 /// sample that is not plotted. Costs no evaluation.
-Overlay OverlayOf(const GraphState& state, const FunctionList& functions, const Options& options);
+[[nodiscard]] Overlay OverlayOf(const GraphState& state, const FunctionList& functions,
+                                const Options& options);
 
 }  // namespace kalvex

@@ -1,6 +1,6 @@
-// Corners and centres are kept as world points, so a zoom between two taps does not move them. A
-// pointer belongs to the use it began with until it is lifted: whatever changes the mode meanwhile
-// drops it.
+// Corners and centres are kept as world points, so a zoom between two taps does not move them. What
+// a pointer does is decided when it comes down and stays so until it is lifted. A change of the
+// mode in between makes the pointer do nothing more.
 #include "graph/pick.h"
 
 #include <algorithm>
@@ -59,7 +59,8 @@ PointerUse UseOf(const GraphState& state, const PixelPoint& at) {
 PictureChange Pan(GraphState& state, const PixelPoint& at) {
     Pointer& pointer = state.pointer;
     if (at == pointer.last) return PictureChange::None;
-    // In 64 bits: pixels may be any numbers. What is left out by the bound cannot be seen.
+    // Computed in 64 bits, since pixels may be any 32-bit numbers. The bound only leaves out what
+    // cannot be seen.
     const auto difference = [](std::int32_t to, std::int32_t from) {
         constexpr std::int64_t kFarthest = 1'000'000;
         const std::int64_t distance = std::int64_t{to} - from;
@@ -72,7 +73,7 @@ PictureChange Pan(GraphState& state, const PixelPoint& at) {
 }
 
 PictureChange Slide(GraphState& state, const FunctionList& functions, const PixelPoint& at) {
-    // A pointer is on a screen; a farther one comes from no hand.
+    // A pointer is on a screen. Larger coordinates cannot come from a user.
     constexpr std::int64_t kFarthest = std::int64_t{100} * kSlideDistance;
     const std::int64_t distance = std::int64_t{at.x} - state.pointer.last.x;
     const std::int64_t steps = std::clamp(distance, -kFarthest, kFarthest) / kSlideDistance;

@@ -9,7 +9,7 @@
 
 namespace kalvex {
 
-/// What the picture needs after something was done. The larger value includes the smaller.
+/// What must be drawn again after an event. A larger value includes the smaller ones.
 enum class PictureChange {
     None,
     Overlay,  ///< the cursor and its texts have changed
@@ -22,43 +22,48 @@ inline constexpr std::int32_t kBoxDragDistance = 20;
 /// Pixels of sliding in the upper band that change the trace function by one.
 inline constexpr std::int32_t kSlideDistance = 40;
 
-/// Back to panning; bounds and trace function stay.
+/// Returns to panning; bounds and trace function stay.
 void EnterNormalMode(GraphState& state);
 
-/// Picks a box: the window before is saved, the cursor is put in the middle.
+/// Lets the user pick a box. Saves the present window as the previous one and puts the cursor in
+/// the middle.
 void EnterBoxMode(GraphState& state);
 
-/// Picks the centre of a zoom: the window before is saved, the cursor is put in the middle.
+/// Lets the user pick the centre of a zoom, with the same preparations.
 void EnterCentreMode(GraphState& state, ZoomDirection direction);
 
-/// Trace from the cursor's present sample. False, and no change, when no function can be traced.
-bool EnterTraceMode(GraphState& state, const FunctionList& functions);
+/// Starts the trace at the cursor's present sample. Changes nothing and returns false when no
+/// function can be traced.
+[[nodiscard]] bool EnterTraceMode(GraphState& state, const FunctionList& functions);
 
 /// The window's title in the present mode: "Kalvex", a prompt, or the trace function's text.
-std::u16string TitleOf(const GraphState& state, const FunctionList& functions);
+[[nodiscard]] std::u16string TitleOf(const GraphState& state, const FunctionList& functions);
 
 /// Rows of the two bands of trace mode: the highest and the lowest sixth of the picture.
-std::int32_t UpperBandEnd(const Viewport& viewport);
-std::int32_t LowerBandStart(const Viewport& viewport);
+[[nodiscard]] std::int32_t UpperBandEnd(const Viewport& viewport);
+[[nodiscard]] std::int32_t LowerBandStart(const Viewport& viewport);
 
 /// A pen, a finger or the left button comes down at a pixel, moves, is lifted. In box mode the
 /// first corner is where it comes down first; the second one is where the next tap, or the same
 /// drag when it is long enough, ends. In centre mode lifting zooms.
-PictureChange PressPointer(GraphState& state, const FunctionList& functions, PixelPoint at);
-PictureChange MovePointer(GraphState& state, const FunctionList& functions, PixelPoint at);
-PictureChange LiftPointer(GraphState& state, const FunctionList& functions, PixelPoint at,
-                          const ShowMessage& show);
+[[nodiscard]] PictureChange PressPointer(GraphState& state, const FunctionList& functions,
+                                         PixelPoint at);
+[[nodiscard]] PictureChange MovePointer(GraphState& state, const FunctionList& functions,
+                                        PixelPoint at);
+[[nodiscard]] PictureChange LiftPointer(GraphState& state, const FunctionList& functions,
+                                        PixelPoint at, const ShowMessage& show);
 
-/// The pointer is taken away (a popup opens, a second finger comes down): nothing is picked.
+/// Forgets a pointer that is down without picking anything: a popup opens, or a second finger comes
+/// down.
 void DropPointer(GraphState& state);
 
-/// Brings the cursor of a pick mode back onto a picture that has become smaller.
+/// Moves the cursor of a pick mode back into the picture after the picture became smaller.
 void KeepCursorOnPicture(GraphState& state);
 
 /// Moves the cursor of a pick mode by pixels, inside the picture.
 PictureChange MoveCursorBy(GraphState& state, std::int32_t columns, std::int32_t rows);
 
 /// Picks the cursor's pixel as a tap there would.
-PictureChange PickAtCursor(GraphState& state, const ShowMessage& show);
+[[nodiscard]] PictureChange PickAtCursor(GraphState& state, const ShowMessage& show);
 
 }  // namespace kalvex

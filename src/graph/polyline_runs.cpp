@@ -1,5 +1,5 @@
-// Runs are found on the pixels of the samples alone; which pieces of a run are painted is a second
-// question, answered per sample by its position.
+// The runs depend on the pixels of the samples only. Which pieces of a run are painted is decided
+// afterwards, by the exact position of each sample.
 #include <cmath>
 #include <cstdlib>
 

@@ -9,7 +9,7 @@ namespace kalvex {
 SampleCache SampleDecart(const CompiledExpression& expression, const Viewport& viewport) {
     const ViewWindow& view = viewport.view;
     const auto count = static_cast<std::size_t>(std::max(viewport.ClientWidth, 0));
-    // A single column has no interval; its one sample is the left edge.
+    // A picture of one column has no interval between columns; its only sample is the left edge.
     const double step =
         count > 1 ? (view.Xmax - view.Xmin) / (static_cast<double>(count) - 1.0) : 0.0;
     std::vector<double> arguments(count);

@@ -1,6 +1,6 @@
 // The points are circles under the curve; the method of the line gives one value per pixel column.
-// A million points may lie on the same few pixels: a circle off the picture, or where one is
-// already, is not drawn again.
+// A million points may lie on the same few pixels, so a circle is drawn only when it touches the
+// picture and no other circle has the same centre.
 #include <algorithm>
 #include <cmath>
 
@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::int32_t kRadius = 3;
 
-/// Which centres of visible circles are taken: the picture and a margin of a radius around it.
+/// The pixels that are already the centre of a circle, on the picture and a radius around it.
 struct TakenCentres {
     std::int64_t width = 0;
     std::int64_t height = 0;
@@ -29,7 +29,7 @@ TakenCentres NoCentres(const Viewport& viewport) {
     return centres;
 }
 
-/// True for a centre whose circle touches the picture, once.
+/// True the first time for a centre whose circle touches the picture, false in all other cases.
 bool TakeCentre(TakenCentres& centres, std::int32_t column, std::int32_t row) {
     const std::int64_t x = std::int64_t{column} + kRadius;
     const std::int64_t y = std::int64_t{row} + kRadius;

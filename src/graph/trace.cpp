@@ -15,7 +15,7 @@ namespace kalvex {
 namespace {
 
 bool HasType(const FunctionEntry& entry, EquationType type) {
-    return entry.type == static_cast<std::int32_t>(type);
+    return entry.type == type;
 }
 
 bool HasParameter(const FunctionEntry& entry) {
@@ -33,7 +33,7 @@ std::u16string YText(const CurveSample& sample) {
     return FillIn(Text(StringId::TraceY), {FixedText(sample.y)});
 }
 
-/// Nothing when a value is undefined or the quotient is no finite number.
+/// The quotient of differences; nothing when a value is undefined or the quotient is not finite.
 std::optional<double> Quotient(double to, double from, double argument, double argumentBefore) {
     if (to == UndefinedValue || from == UndefinedValue || argument == argumentBefore) return {};
     const double quotient = (to - from) / (argument - argumentBefore);

@@ -1,5 +1,5 @@
-// Trace: a cursor on the samples of one drawn function, and what it reads off them. The samples of
-// the last redraw are all that is looked at; nothing is evaluated.
+// Trace: a cursor on the samples of one drawn function, and the values that it shows. Everything is
+// read from the samples of the last redraw; nothing is evaluated.
 #pragma once
 
 #include <cstdint>
@@ -11,10 +11,11 @@
 namespace kalvex {
 
 /// Whether a function can be traced: drawn and not `Implicit` (which keeps no samples).
-bool CanTrace(const FunctionEntry& entry);
+[[nodiscard]] bool CanTrace(const FunctionEntry& entry);
 
 /// The function under trace, or null when none is chosen or it cannot be traced.
-const FunctionEntry* TracedFunction(const GraphState& state, const FunctionList& functions);
+[[nodiscard]] const FunctionEntry* TracedFunction(const GraphState& state,
+                                                  const FunctionList& functions);
 
 /// Puts the cursor on the sample of its index, which is clamped to the cache of the trace function.
 void RefreshTraceCursor(GraphState& state, const FunctionList& functions);
@@ -28,14 +29,14 @@ void ChangeTraceFunction(GraphState& state, const FunctionList& functions, int s
 
 /// Whether the analysis can be started from a trace of this function: neither `Polar` nor
 /// `Parametric`.
-bool OffersAnalysis(const FunctionEntry& entry);
+[[nodiscard]] bool OffersAnalysis(const FunctionEntry& entry);
 
 /// The read-out at a sample, one text per item: parameter (`Polar`, `Parametric`), x, y or the
 /// reason why there is none (title and message of the error code, on two lines), and unless
 /// `withDerivatives` is false the backward difference quotients, three in one text with line breaks
 /// for a curve with a parameter. A quotient that has no finite value, or no sample before it, gives
 /// the error text. No texts for an index outside the cache.
-std::vector<std::u16string> TraceTexts(const FunctionEntry& entry, std::int32_t index,
-                                       bool withDerivatives);
+[[nodiscard]] std::vector<std::u16string> TraceTexts(const FunctionEntry& entry, std::int32_t index,
+                                                     bool withDerivatives);
 
 }  // namespace kalvex

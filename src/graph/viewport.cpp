@@ -1,6 +1,6 @@
-// The mapping is linear and stored as origin and scale; nothing here looks at the bounds' sense.
-// Equal or infinite bounds make the derived numbers infinite or not-a-number, and the one
-// conversion to pixels gives those a defined integer.
+// The mapping is linear and stored as origin and scale. Bounds are not checked here: equal or
+// infinite ones make the derived numbers infinite or not-a-number, and the conversion to pixels
+// turns those into defined integers.
 #include "graph/viewport.h"
 
 #include <array>
@@ -30,8 +30,8 @@ constexpr std::array<Bounds, 7> kQuickWindows = {{
     {-10.0, 10.0, -10.0, 10.0},
 }};
 
-/// Shifts a pair of bounds, unless that would leave one of them without a value or make two that
-/// differ the same.
+/// Shifts a pair of bounds, unless one of them would not be finite or two different bounds would
+/// become equal.
 void Shift(double& low, double& high, double distance) {
     if (!std::isfinite(low + distance) || !std::isfinite(high + distance)) return;
     if (low != high && low + distance == high + distance) return;

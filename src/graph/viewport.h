@@ -23,31 +23,34 @@ struct Viewport {
 };
 
 /// Stores the client size and recomputes the derived fields of `view`. Bounds are not checked:
-/// equal ones give infinite or not-a-number mapping numbers, reversed ones a mirrored picture.
+/// equal ones make origin and scale infinite or not-a-number, reversed ones mirror the picture.
 void LayoutViewport(Viewport& viewport, std::int32_t clientWidth, std::int32_t clientHeight);
 
-/// The same for the client size that is stored: after every change of the bounds.
+/// The same for the stored client size. To be called after every change of the bounds.
 void LayoutViewport(Viewport& viewport);
 
 /// Pixel column of a world x (truncated toward zero, saturated, 0 for not-a-number).
-std::int32_t WorldToScreenX(const ViewWindow& view, double x);
+[[nodiscard]] std::int32_t WorldToScreenX(const ViewWindow& view, double x);
 
 /// Pixel row of a world y.
-std::int32_t WorldToScreenY(const ViewWindow& view, double y);
+[[nodiscard]] std::int32_t WorldToScreenY(const ViewWindow& view, double y);
 
-/// World point of a pixel, as a blend of the bounds.
-WorldPoint ScreenToWorld(const Viewport& viewport, std::int32_t column, std::int32_t row);
+/// World point of a pixel, interpolated between the bounds.
+[[nodiscard]] WorldPoint ScreenToWorld(const Viewport& viewport, std::int32_t column,
+                                       std::int32_t row);
 
 /// Copies the whole record into PreviousWindow.
 void SaveAsPrevious(Viewport& viewport);
 
-/// Brings the four bounds back; PreviousWindow stays, so doing it twice changes nothing more.
+/// Copies the four bounds of PreviousWindow back. PreviousWindow stays, so a second call changes
+/// nothing.
 void RestorePrevious(Viewport& viewport);
 
 /// Saves the current record as previous, then sets the four bounds of a preset.
 void ApplyQuickWindow(Viewport& viewport, QuickWindow preset);
 
-/// Moves the bounds by world units; an axis stays where a bound would not be finite.
+/// Moves the bounds by world units. An axis is not moved when one of its bounds would not be
+/// finite.
 void MoveBounds(Viewport& viewport, double right, double up);
 
 /// Moves the bounds so that the content follows a drag of (columns, rows) pixels.

@@ -1,6 +1,5 @@
-// New bounds are computed by the plain formulas and taken axis by axis. The limit of zooming is
-// where doubles end: bounds that have met, or run away to infinity, can never be zoomed back, so a
-// step that would lead there is left out.
+// New bounds are computed for each axis and taken when they can be used. Bounds that have become
+// equal or infinite could never be zoomed back, so a step that would lead there is left out.
 #include "graph/zoom.h"
 
 #include <algorithm>

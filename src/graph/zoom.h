@@ -11,15 +11,15 @@ namespace kalvex {
 /// infinite, not-a-number or equal, so that zooming back is always possible.
 void ZoomAbout(Viewport& viewport, const WorldPoint& centre, ZoomDirection direction);
 
-/// Makes two opposite corners the bounds. False, and nothing changed, when they have the same x or
-/// the same y, or one that is not finite.
-bool ZoomToBox(Viewport& viewport, const WorldPoint& first, const WorldPoint& second);
+/// Makes the bounds of two opposite corners. Changes nothing and returns false when the corners
+/// have the same x or the same y, or a coordinate that is not finite.
+[[nodiscard]] bool ZoomToBox(Viewport& viewport, const WorldPoint& first, const WorldPoint& second);
 
-/// Multiplies both extents while the world point at a pixel stays there. An axis keeps its bounds
-/// where the new ones would be infinite, not-a-number or equal.
+/// Multiplies the extents of the window by factors; the world point at a pixel stays there. An axis
+/// keeps its bounds when the new ones would be infinite, not-a-number or equal.
 void ZoomAtPixel(Viewport& viewport, const PixelPoint& fixed, double extentX, double extentY);
 
 /// Middle pixel of the client area.
-PixelPoint MiddleOf(const Viewport& viewport);
+[[nodiscard]] PixelPoint MiddleOf(const Viewport& viewport);
 
 }  // namespace kalvex

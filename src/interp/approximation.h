@@ -17,12 +17,12 @@ namespace kalvex {
 /// Sets a method up; x and y have the same length, in the order of the file. When there are fewer
 /// points than the method's row asks for, and when `parameters.approx` is the number of no method,
 /// all values are undefined and there is no failure. Lagrange's polynomial of no points is 0.
-Approximation SetUpApproximation(std::span<const double> x, std::span<const double> y,
-                                 const ApproxParameters& parameters,
-                                 const WorkProgress& progress = {});
+[[nodiscard]] Approximation SetUpApproximation(std::span<const double> x, std::span<const double> y,
+                                               const ApproxParameters& parameters,
+                                               const WorkProgress& progress = {});
 
 /// Whether the method can still fail when it is evaluated at an abscissa.
-bool MayFailAtAValue(const Approximation& approximation);
+[[nodiscard]] bool MayFailAtAValue(const Approximation& approximation);
 
 /// The values at the abscissas, in any order; UndefinedValue where there is none. When the method
 /// fails at an abscissa, all values of the call are undefined and the reason is in `failure`. When

@@ -23,10 +23,10 @@ struct Diagnostic {
 using Failure = std::optional<Diagnostic>;
 
 /// The diagnostic of a routine, for instance "LEAST_SET", without a box of its own.
-Diagnostic FatalError(std::string_view routine, std::initializer_list<std::string> details,
-                      StringId reason);
+[[nodiscard]] Diagnostic FatalError(std::string_view routine,
+                                    std::initializer_list<std::string> details, StringId reason);
 
 /// What goes to standard error: an empty line, the heading, the details; each with a line feed.
-std::string StandardErrorText(const Diagnostic& diagnostic);
+[[nodiscard]] std::string StandardErrorText(const Diagnostic& diagnostic);
 
 }  // namespace kalvex

@@ -15,15 +15,17 @@ namespace kalvex {
 
 /// Fills D with estimates of the derivatives at the points, in time proportional to their number.
 /// Fails for fewer than two points and for abscissas that do not ascend.
-Failure SPLINE_PCHIP_SET(std::span<const double> X, std::span<const double> F,
-                         std::vector<double>& D);
+[[nodiscard]] Failure SPLINE_PCHIP_SET(std::span<const double> X, std::span<const double> F,
+                                       std::vector<double>& D);
 
 /// The coefficients of the pieces. Each point has four, for the powers 0 to 3 of the distance from
 /// it. No piece begins at the last point, so its last two are 0.
-std::vector<double> SPLINE_HERMITE_SET(std::span<const double> T, std::span<const double> Y,
-                                       std::span<const double> YP);
+[[nodiscard]] std::vector<double> SPLINE_HERMITE_SET(std::span<const double> T,
+                                                     std::span<const double> Y,
+                                                     std::span<const double> YP);
 
 /// Value and derivatives at t. Needs two points or more.
-SplineValue SPLINE_HERMITE_VAL(const Knots& knots, std::span<const double> C, double t);
+[[nodiscard]] SplineValue SPLINE_HERMITE_VAL(const Knots& knots, std::span<const double> C,
+                                             double t);
 
 }  // namespace kalvex

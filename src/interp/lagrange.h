@@ -39,15 +39,16 @@ struct LagrangeForm {
     std::vector<ScaledNumber> weights;  ///< of all points, made when the first value needs them
 };
 
-/// Prepares a table. Fails when the square of the number of points is more than kMostOperations, that
-/// is, for more than 70,710 points.
-Failure LAGRANGE_SET(std::span<const double> x, std::span<const double> y, LagrangeForm& form);
+/// Prepares a table. Fails when the square of the number of points is more than kMostOperations,
+/// that is, for more than 70,710 points.
+[[nodiscard]] Failure LAGRANGE_SET(std::span<const double> x, std::span<const double> y,
+                                   LagrangeForm& form);
 
-/// The value at t. At a data point it is exactly the y of the point; for a table without points it is
-/// 0. It is not finite when two abscissas are equal (a division by zero) or when a term overflows. In
-/// a large table the first value that needs the weights takes time in proportion to the square of the
-/// number of points, every other value in proportion to their number. Stopped work gives
-/// not-a-number.
-double LAGRANGE_VAL(LagrangeForm& form, double t, Work& work);
+/// The value at t. At a data point it is exactly the y of the point; for a table without points it
+/// is 0. It is not finite when two abscissas are equal (a division by zero) or when a term
+/// overflows. In a large table the first value that needs the weights takes time in proportion to
+/// the square of the number of points, every other value in proportion to their number. Stopped
+/// work gives not-a-number.
+[[nodiscard]] double LAGRANGE_VAL(LagrangeForm& form, double t, Work& work);
 
 }  // namespace kalvex

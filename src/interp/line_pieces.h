@@ -33,6 +33,6 @@ void EndFeed(LinePieces& pieces);
 
 /// Puts the next piece into `piece`. False when more bytes are needed or, after EndFeed, none is
 /// left.
-bool NextPiece(LinePieces& pieces);
+[[nodiscard]] bool NextPiece(LinePieces& pieces);
 
 }  // namespace kalvex

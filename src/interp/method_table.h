@@ -64,9 +64,9 @@ struct MethodRow {
 };
 
 /// All methods; the index of a row is its method.
-std::span<const MethodRow> MethodRows();
+[[nodiscard]] std::span<const MethodRow> MethodRows();
 
 /// The row of a stored number; null when it is the number of no method.
-const MethodRow* FindMethod(std::int32_t approx);
+[[nodiscard]] const MethodRow* FindMethod(std::int32_t approx);
 
 }  // namespace kalvex

@@ -3,11 +3,11 @@
 // A line is the x value, blanks, the y value: x is what stands before the first blank, y what
 // stands behind the last one; what is between them is ignored. Only the blank (U+0020) separates.
 // Numbers have a decimal point and an optional exponent in every locale, and nothing may follow
-// them. Infinities, words and hexadecimal numbers are refused. A missing y (the line ends in a blank)
-// is 0. Lines are cut by line_pieces.h. A line of fewer than three characters, its line feed
+// them. Infinities, words and hexadecimal numbers are refused. A missing y (the line ends in a
+// blank) is 0. Lines are cut by line_pieces.h. A line of fewer than three characters, its line feed
 // included, is no point: it sets the number of points to those read so far, and the next point
-// replaces the last of them. So a file may end in an empty line. Of the points after an empty line in
-// the middle, only the first one has an effect.
+// replaces the last of them. So a file may end in an empty line. Of the points after an empty line
+// in the middle, only the first one has an effect.
 #pragma once
 
 #include <cstddef>
@@ -38,9 +38,9 @@ struct PointFile {
 /// nothing can block. The file is read once from beginning to end. When it changes meanwhile, the
 /// result is an error or a mixture of the old and the new content. Memory: the points and one block
 /// of the file.
-PointFile ReadPointFile(const std::string& path);
+[[nodiscard]] PointFile ReadPointFile(const std::string& path);
 
 /// The same for a text in memory.
-PointFile ReadPointText(std::string_view bytes);
+[[nodiscard]] PointFile ReadPointText(std::string_view bytes);
 
 }  // namespace kalvex

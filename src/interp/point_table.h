@@ -12,7 +12,7 @@ struct PointTable {
     std::vector<double> y;
 };
 
-inline std::size_t CountOf(const PointTable& points) {
+[[nodiscard]] inline std::size_t CountOf(const PointTable& points) {
     return points.x.size();
 }
 

@@ -10,8 +10,8 @@ namespace kalvex {
 /// refuse a table that would need more operations than this, which take about ten seconds.
 inline constexpr double kMostOperations = 5e9;
 
-/// Called from time to time during long work with the part of it that is done, 0 to 1, at most about
-/// a thousand times. Returns false to stop the work. May be empty: then nothing stops it.
+/// Called from time to time during long work with the part of it that is done, 0 to 1, at most
+/// about a thousand times. Returns false to stop the work. May be empty: then nothing stops it.
 using WorkProgress = std::function<bool(double done)>;
 
 /// The state of one computation; operations are counted in units of about a nanosecond.
@@ -25,6 +25,6 @@ struct Work {
 
 /// Adds operations to `done` and calls the progress function when it is due. Returns false when the
 /// work is to stop, and from then on at every call.
-bool Spend(Work& work, double operations);
+[[nodiscard]] bool Spend(Work& work, double operations);
 
 }  // namespace kalvex

@@ -1,6 +1,6 @@
-// Reading: the longest number is found by its grammar, then std::from_chars converts exactly those
-// characters. from_chars reports overflow and underflow alike and leaves no value; the decimal
-// exponent of the first non-zero digit tells which of the two it was.
+// To read, the longest number is found by its grammar, and std::from_chars converts exactly those
+// characters. from_chars reports overflow and underflow by the same code and leaves no value. The
+// decimal exponent of the first non-zero digit tells which of the two it was.
 #include "numbers/decimal.h"
 
 #include <charconv>
@@ -62,7 +62,8 @@ Extent FindNumber(std::basic_string_view<Char> text) {
     return extent;
 }
 
-/// Decimal exponent written behind "e", saturated far beyond any double's.
+/// The decimal exponent written behind "e". One far beyond the range of doubles is limited, so that
+/// it cannot overflow.
 long long WrittenExponent(std::string_view number) {
     const std::size_t e = number.find_first_of("eE");
     if (e == std::string_view::npos) return 0;
@@ -75,7 +76,7 @@ long long WrittenExponent(std::string_view number) {
     return digits.front() == '-' ? -kFar : kFar;
 }
 
-/// Whether an out-of-range number (not zero) is out of range because it is large.
+/// Whether a number that is out of range, and not zero, is too large rather than too small.
 bool IsLarge(std::string_view number) {
     const std::size_t mantissaEnd = number.find_first_of("eE");
     const std::string_view mantissa = number.substr(0, mantissaEnd);

@@ -1,8 +1,8 @@
-// Elementary functions at twice the precision. The exponential takes off a multiple of ln 2 and
-// divides the rest by 32: thirteen terms of the power series of exp(r) - 1 then suffice, of which
-// those beyond the eighth need only one double, and five steps p -> 2p + p^2 undo the division.
-// The logarithm corrects the runtime's by one step of Newton's method, whose error is the third
-// power of the correction.
+// Elementary functions of double-doubles. The exponential subtracts a multiple of ln 2 and divides
+// the rest by 32. Thirteen terms of the power series of exp(r) - 1 then suffice, and from the ninth
+// on plain doubles do. Five steps p -> 2p + p^2 undo the division. The logarithm starts from the
+// runtime's value and makes one step of Newton's method, whose error is the third power of the
+// correction.
 #include "numbers/double_double.h"
 
 #include <cmath>
@@ -17,7 +17,7 @@ namespace {
 constexpr int kHalvings = 5;
 constexpr double kPart = 1.0 / (1 << kHalvings);
 
-/// 1/k! for k from 13 down to 9, then from 8 to 2 with what the double leaves.
+/// 1/k!: for k from 13 down to 9 as doubles, for k from 8 down to 2 as double-doubles.
 constexpr double kTailCoefficients[] = {1.0 / 6227020800, 1.0 / 479001600, 1.0 / 39916800,
                                         1.0 / 3628800, 1.0 / 362880};
 constexpr DoubleDouble kHeadCoefficients[] = {{2.4801587301587302e-05, 2.1511947866775882e-23},
@@ -28,8 +28,8 @@ constexpr DoubleDouble kHeadCoefficients[] = {{2.4801587301587302e-05, 2.1511947
                                               {0.16666666666666666, 9.2518585385429707e-18},
                                               {0.5, 0}};
 
-constexpr double kThirdOfHalfPi = -1.4973849048591698329e-33;  // what kHalfPi leaves
-constexpr double kThirdOfLn2 = 5.7077084384162120658e-34;      // what kLn2 leaves
+constexpr double kThirdOfHalfPi = -1.4973849048591698329e-33;  // pi/2 - kHalfPi
+constexpr double kThirdOfLn2 = 5.7077084384162120658e-34;      // ln 2 - kLn2
 
 /// exp(r) - 1 for |r| below 0.04.
 DoubleDouble ShortExpMinusOne(DoubleDouble r) {
@@ -43,7 +43,7 @@ DoubleDouble ShortExpMinusOne(DoubleDouble r) {
     return LooseSum(r, r * r * sum);
 }
 
-/// a - k (c + third), for the multiple k of a constant given to three doubles.
+/// a - k (c + third), where c + third is a constant to three doubles.
 DoubleDouble TakeOff(DoubleDouble a, double k, DoubleDouble c, double third) {
     const DoubleDouble first = TwoProduct(k, c.high);
     const DoubleDouble second = TwoProduct(k, c.low);
@@ -81,7 +81,8 @@ DoubleDouble Log(DoubleDouble a) {
     const double fractionHigh = std::frexp(a.high, &exponent);
     const DoubleDouble fraction = {fractionHigh, std::ldexp(a.low, -exponent)};
     const double first = std::log(fraction.high);
-    // fraction exp(-first) - 1, the difference of the products' high parts being exact.
+    // fraction exp(-first) - 1. The high part of the product is near 1, so that subtracting 1 is
+    // exact.
     const DoubleDouble inverse = LooseSum({1, 0}, ExpMinusOne({-first, 0}));
     const DoubleDouble product = fraction * inverse;
     const DoubleDouble rest = QuickTwoSum(product.high - 1, product.low);
@@ -93,8 +94,8 @@ DoubleDouble Log(DoubleDouble a) {
 
 KALVEX_WITH_FMA
 DoubleDouble LogOnePlus(DoubleDouble a) {
-    // With y = ln(1 + a) of one double: ln(1 + a) = y + ln(1 + r), r = (a - e) / (1 + e),
-    // e = exp(y) - 1.
+    // With y = ln(1 + a) as a double and e = exp(y) - 1, ln(1 + a) = y + ln(1 + r) where r = (a -
+    // e) / (1 + e).
     const double first = std::log1p(a.high);
     const DoubleDouble e = ExpMinusOne({first, 0});
     const DoubleDouble rest = (a - e) / (e + 1.0);

@@ -1,8 +1,8 @@
-// Logarithm and exponential take the nearest entry of a table off, so that of the series of the
-// rest all but its first term is small enough for doubles. Sine and cosine take multiples of a
-// quarter turn off, for large arguments with as many digits of 2/pi as count (Payne and Hanek,
-// 1983). The angle starts from a short series and is corrected by the sine and cosine of that. The
-// tables are by scripts/make-extended-tables.
+// Logarithm and exponential split off the nearest entry of a table. The rest is so small that only
+// the first term of its series needs more than a double. Sine and cosine subtract multiples of a
+// quarter turn; for large arguments they do so with as many digits of 2/pi as matter (Payne and
+// Hanek, 1983). The angle starts from a short series and is corrected by the sine and cosine of
+// that first value. scripts/make-extended-tables makes the tables.
 #include "numbers/extended.h"
 
 #include <array>
@@ -53,7 +53,7 @@ struct TakenApart {
 TakenApart TakeApart(DoubleDouble t) {
     constexpr double kPartsPerUnit = 46.166241308446828384;
     const double parts = Nearest(t.high * kPartsPerUnit);
-    // The parts of 33 bits times their number are exact.
+    // Both products are exact, since the parts of ln 2 have 33 bits.
     const DoubleDouble most = TwoSum(t.high - parts * kLn2Part1, -parts * kLn2Part2);
     const DoubleDouble r = QuickTwoSum(most.high, most.low + (t.low - parts * kLn2Part3));
     const int whole = TruncateToInt32(parts);
@@ -67,7 +67,7 @@ CosineSine NearZero(DoubleDouble angle) {
     return {Polynomial(kCosine, square), angle * Polynomial(kSine, square)};
 }
 
-/// Turned by whole quarter turns.
+/// The point turned by whole quarter turns.
 CosineSine Turned(CosineSine point, int quarters) {
     const auto [c, s] = point;
     switch (quarters & 3) {
@@ -82,7 +82,8 @@ CosineSine Turned(CosineSine point, int quarters) {
     }
 }
 
-/// An angle less so many quarter turns, known modulo four.
+/// What is left of an angle after so many quarter turns have been subtracted. Their number is known
+/// modulo four.
 struct Reduced {
     int quarters;
     DoubleDouble rest;
@@ -91,7 +92,7 @@ struct Reduced {
 constexpr std::size_t kWords = 6;
 using Words = std::array<std::uint32_t, kWords>;
 
-/// factor times the 192 bits of 2/pi that begin at this one, modulo 2^192. The first word is the
+/// factor times the 192 bits of 2/pi that begin at bit `first`, modulo 2^192. The first word is the
 /// highest.
 Words ProductWithBits(std::uint64_t factor, int first) {
     const std::size_t word = static_cast<std::size_t>(first / 32);
@@ -115,13 +116,13 @@ Words ProductWithBits(std::uint64_t factor, int first) {
     return product;
 }
 
-/// x from 2^-8 on: x = factor 2^exponent; of the quotient x / (pi/2) only what is left modulo four
-/// and 137 bits behind the point count.
+/// For x of 2^-8 or more. x is factor 2^exponent. Of the quotient x / (pi/2) only the whole part
+/// modulo four and 137 bits of the fraction matter.
 Reduced ReduceLarge(double x) {
     int exponent = 0;
     const double fraction = std::frexp(x, &exponent);
     const auto factor = static_cast<std::uint64_t>(std::ldexp(fraction, 53));
-    // The table begins with 64 zeros.
+    // The table begins with 64 bits that are 0, so that the index is never negative.
     Words bits = ProductWithBits(factor, exponent - 53 + 62);
     int quarters = static_cast<int>(bits[0] >> 30);
     bits[0] &= 0x3fffffff;
@@ -137,7 +138,8 @@ Reduced ReduceLarge(double x) {
 }
 
 Reduced Reduce(double x) {
-    // The quarter turns times the leading parts of pi/2 are exact up to here.
+    // Up to here the products of the number of quarter turns and the leading parts of pi/2 are
+    // exact.
     constexpr double kEnd = 0x1p19;
     if (std::fabs(x) > kEnd) {
         const Reduced large = ReduceLarge(std::fabs(x));
@@ -206,7 +208,7 @@ KALVEX_WITH_FMA
 DoubleDouble AngleOf(DoubleDouble y, DoubleDouble x) {
     const double rough = RoughAngle(y.high / x.high);
     const auto [c, s] = NearZero({rough / 2, 0});
-    // Cosine and sine of the rough angle, by those of its half.
+    // Cosine and sine of the rough angle, from those of its half.
     const DoubleDouble cosine = 1 - 2 * (s * s);
     const DoubleDouble sine = 2 * (s * c);
     const DoubleDouble tangent =
@@ -236,7 +238,7 @@ CosineSine CosineSineOf(DoubleDouble x) {
 
 KALVEX_WITH_FMA
 CosineSine CosineSineLess(double x, DoubleDouble t) {
-    // The difference is exact enough up to here.
+    // Up to here x - pi t is accurate enough as a double-double.
     constexpr double kTogether = 0x1p30;
     if (std::fabs(x) < kTogether) return CosineSineOf(x - kPi * t);
     return TurnedBack(CosineSineOf({x, 0}), CosineSinePi(t));

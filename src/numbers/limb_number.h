@@ -1,5 +1,5 @@
-// Numbers of many digits whose exponents count limbs, so that nothing is ever shifted by bits, and
-// their products with exact integers: what long sums of rational terms are made of.
+// Numbers of many digits whose exponents count limbs instead of bits, so that no operation shifts
+// bits, and their products with exact integers. Long sums of rational terms are made of them.
 #pragma once
 
 #include <algorithm>
@@ -13,13 +13,14 @@ namespace kalvex {
 
 inline constexpr std::size_t kMostFactorLimbs = 14;
 
-/// An integer without its sign, the most significant limb last and not 0; none for 0.
+/// An integer without a sign. The most significant limb is the last one and is not 0; the number 0
+/// has no limbs.
 struct Factor {
     std::array<std::uint64_t, kMostFactorLimbs> digits;
     std::size_t count = 0;
 };
 
-/// a = b c, of together no more limbs than a factor has.
+/// a = b c. b and c together have at most kMostFactorLimbs limbs.
 inline void SetProduct(const Factor& b, const Factor& c, Factor& a) {
     a.count = 0;
     if (b.count == 0 || c.count == 0) return;
@@ -37,15 +38,17 @@ inline void SetProduct(const Factor& b, const Factor& c, Factor& a) {
     if (a.digits[a.count - 1] == 0) --a.count;
 }
 
-/// The first two limbs, about 2^(64 (count-2)) less than the whole.
-inline double LeadingPart(const Factor& a) {
+/// The first two limbs as a number, digits[count-1] 2^64 + digits[count-2]. The whole integer is
+/// about 2^(64 (count-2)) times as large.
+[[nodiscard]] inline double LeadingPart(const Factor& a) {
     constexpr double kLimb = 0x1p64;
     const double low = a.count > 1 ? static_cast<double>(a.digits[a.count - 2]) : 0;
     return static_cast<double>(a.digits[a.count - 1]) * kLimb + low;
 }
 
-/// sign digits 2^(64 exponent), the most significant limb last and not 0; 0 has sign 0. Hence good
-/// for at least 64 (limbs-1) bits.
+/// The number sign digits 2^(64 exponent), digits read as an integer. The most significant limb is
+/// the last one and is not 0. Zero has sign 0. Since the first limb may be as small as 1, the
+/// number has at least 64 (limbs-1) significant bits.
 template <std::size_t limbs>
 struct LimbNumber {
     static constexpr int kBits = 64 * (static_cast<int>(limbs) - 1);
@@ -55,7 +58,7 @@ struct LimbNumber {
 };
 
 template <std::size_t limbs>
-LimbNumber<limbs> OneInLimbs() {
+[[nodiscard]] LimbNumber<limbs> OneInLimbs() {
     LimbNumber<limbs> one;
     one.digits[limbs - 1] = 1;
     one.exponent = 1 - static_cast<std::int64_t>(limbs);
@@ -63,8 +66,8 @@ LimbNumber<limbs> OneInLimbs() {
     return one;
 }
 
-/// The same for a factor of so many limbs, or of more if that is 0; known numbers of limbs stay in
-/// registers.
+/// Multiplies a by the factor. `known` is the number of the factor's limbs, or 0 where it is known
+/// at run time only. With a known number the compiler keeps the limbs in registers.
 template <std::size_t known, std::size_t limbs>
 void MultiplyByLimbs(const Factor& factor, LimbNumber<limbs>& a) {
     const std::size_t count = known != 0 ? known : factor.count;
@@ -92,7 +95,7 @@ void MultiplyByLimbs(const Factor& factor, LimbNumber<limbs>& a) {
     a.exponent += static_cast<std::int64_t>(count) - (isFull ? 0 : 1);
 }
 
-/// a *= factor, cut off to the limbs of a. The factor is not 0.
+/// a *= factor, cut off to the number of limbs of a. The factor is not 0.
 template <std::size_t limbs>
 void MultiplyBy(const Factor& factor, LimbNumber<limbs>& a) {
     constexpr std::size_t kMostInRegisters = 8;
@@ -113,7 +116,7 @@ void MultiplyBy(const Factor& factor, LimbNumber<limbs>& a) {
     MultiplyByLimbs<0>(factor, a);
 }
 
-/// After digits have cancelled.
+/// Moves the digits up until the first limb is not 0, after a subtraction has cancelled limbs.
 template <std::size_t limbs>
 void LiftUp(LimbNumber<limbs>& a) {
     std::size_t zeros = 0;
@@ -126,7 +129,7 @@ void LiftUp(LimbNumber<limbs>& a) {
     a.exponent -= static_cast<std::int64_t>(zeros);
 }
 
-/// a += b where the exponent of a is at least that of b and both are not 0.
+/// a += b, where the exponent of a is at least that of b and neither is 0.
 template <std::size_t limbs>
 void AddLower(const LimbNumber<limbs>& b, LimbNumber<limbs>& a) {
     const std::uint64_t apart = static_cast<std::uint64_t>(a.exponent - b.exponent);
@@ -159,7 +162,7 @@ void AddLower(const LimbNumber<limbs>& b, LimbNumber<limbs>& a) {
     if (a.digits[limbs - 1] == 0) LiftUp(a);
 }
 
-/// a += b, both cut off where the one with the greater exponent ends.
+/// a += b. Both are cut off at the last limb of the one with the greater exponent.
 template <std::size_t limbs>
 void AddTo(const LimbNumber<limbs>& b, LimbNumber<limbs>& a) {
     if (b.sign == 0) return;
@@ -169,9 +172,9 @@ void AddTo(const LimbNumber<limbs>& b, LimbNumber<limbs>& a) {
     a = sum;
 }
 
-/// With so many of the first limbs.
+/// The number as a Wide with the given number of limbs.
 template <std::size_t limbs, std::size_t from>
-Wide<limbs> WideOf(const LimbNumber<from>& a) {
+[[nodiscard]] Wide<limbs> WideOf(const LimbNumber<from>& a) {
     if (a.sign == 0) return {};
     std::array<std::uint64_t, std::max(limbs, from)> all = {};
     std::copy(a.digits.begin(), a.digits.end(), all.end() - from);

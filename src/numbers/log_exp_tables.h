@@ -8,7 +8,7 @@ namespace kalvex {
 
 inline constexpr int kLogTurn = 54;
 
-/// Next to the inverses of the middles of 128 equal intervals from 1 to 2.
+/// Short numbers next to the inverses of the middles of 128 equal intervals from 1 to 2.
 inline constexpr double kLogInverses[] = {
     1, 0.98839999999999995, 0.98080000000000001, 0.97340000000000004,
     0.96599999999999997, 0.95879999999999999, 0.95169999999999999, 0.9446,
@@ -44,7 +44,7 @@ inline constexpr double kLogInverses[] = {
     0.50695000000000001, 0.50495000000000001, 0.50295000000000001, 0.5,
 };
 
-/// Minus the logarithms of these, from 54 on of twice them.
+/// Minus the logarithms of these numbers; from index 54 on, of twice these.
 inline constexpr DoubleDouble kLogMiddles[] = {
     {0, 0}, {0.0116678048676821, -6.0258663739306383e-20},
     {0.019386713800190095, -8.9213355100275342e-19}, {0.026960181582783078, 6.6969663862751763e-19},
@@ -148,7 +148,7 @@ inline constexpr DoubleDouble kExpParts[] = {
     {1.9571441241754002, 8.9607677910366678e-17}, {1.9784560263879509, 4.0388753109278167e-17},
 };
 
-/// ln 2 over 64, the high part short.
+/// ln 2 over 64. The high part is so short that its products with whole numbers are exact.
 inline constexpr DoubleDouble kExpStep = {0.01083042469326756, 2.9815858269852933e-12};
 
 }  // namespace kalvex

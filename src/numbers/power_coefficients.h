@@ -7,7 +7,7 @@
 
 namespace kalvex {
 
-/// A power series: the first three coefficients, and the rest as doubles.
+/// A power series: the first three coefficients as double-doubles, the others as doubles.
 template <std::size_t count>
 struct PowerCoefficients {
     DoubleDouble head[3];

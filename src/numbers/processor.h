@@ -1,5 +1,6 @@
 // What the processor that runs the program can do beyond the least one of its kind, and functions
-// that are compiled for both. All code that is chosen by processor is chosen with this header.
+// that are compiled for both. All code that is chosen by processor is chosen by means of this
+// header.
 #pragma once
 
 // Whether a function can be compiled for better processors beside the portable form. Clang is left
@@ -30,7 +31,7 @@ struct ProcessorFeatures {
 
 /// For a choice between functions that differ in more than how they are compiled. Where nothing is
 /// known about the processor, it has no feature, and the portable function is right.
-inline ProcessorFeatures FeaturesOfProcessor() {
+[[nodiscard]] inline ProcessorFeatures FeaturesOfProcessor() {
 #if defined(__x86_64__) && defined(__GNUC__)
     return {__builtin_cpu_supports("fma") != 0, __builtin_cpu_supports("avx2") != 0,
             __builtin_cpu_supports("avx512f") != 0 && __builtin_cpu_supports("avx512dq") != 0 &&

@@ -1,7 +1,7 @@
-// Logarithm and exponential as sums of two doubles, good to some 68 bits and as quick as the
-// runtime's own, for values that are rounded once afterwards. Tables of the logarithms of 128
-// numbers between 1 and 2 and of the 64th parts of a power of two leave an argument so small that
-// all but the first terms of the power series need one double only (Tang 1989, 1990).
+// Logarithm and exponential as double-doubles with some 68 correct bits, as quick as the runtime's
+// own. They serve values that are rounded once afterwards. Tables of the logarithms of 128 numbers
+// between 1 and 2 and of the powers 2^(k/64) leave a rest so small that only the first terms of its
+// power series need more than a double (Tang 1989, 1990).
 #pragma once
 
 #include <cmath>
@@ -13,13 +13,13 @@
 
 namespace kalvex {
 
-/// ln x for finite x above 0, relative error below 2^-66 (a million points).
-inline DoubleDouble QuickLog(double x) {
+/// ln x for finite x above 0. Relative error below 2^-66, measured on a million points.
+[[nodiscard]] inline DoubleDouble QuickLog(double x) {
     int exponent = 0;
     const double fraction = 2 * std::frexp(x, &exponent);  // 1 to 2
     const int interval = TruncateToInt32((fraction - 1) * 128);
     const double k = interval < kLogTurn ? exponent - 1 : exponent;
-    // The product with an inverse is 1 + r, |r| below 1/128.
+    // The product with the inverse from the table is 1 + r with |r| below 1/128.
     const DoubleDouble product = TwoProduct(fraction, kLogInverses[interval]);
     const DoubleDouble r = QuickTwoSum(product.high - 1, product.low);
     const double h = r.high;
@@ -38,9 +38,9 @@ inline DoubleDouble QuickLog(double x) {
     return QuickTwoSum(sum.high, sum.low + (baseLow + startLow));
 }
 
-/// exp(a) 2^-exponent, between 0.99 and 2.01, for |a| up to 1400; relative error below 2^-66 (a
-/// million points to 745).
-inline DoubleDouble QuickExp(DoubleDouble a, int& exponent) {
+/// exp(a) 2^-exponent, a number between 0.99 and 2.01, for |a| up to 1400. Relative error below
+/// 2^-66, measured on a million points with |a| up to 745.
+[[nodiscard]] inline DoubleDouble QuickExp(DoubleDouble a, int& exponent) {
     const double k = std::nearbyint(a.high / (kExpStep.high + kExpStep.low));
     const int steps = TruncateToInt32(k);
     const int part = steps & 63;

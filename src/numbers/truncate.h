@@ -9,7 +9,7 @@ namespace kalvex {
 namespace detail {
 
 template <typename Integer>
-constexpr Integer Truncate(double value, double firstTooLarge) {
+[[nodiscard]] constexpr Integer Truncate(double value, double firstTooLarge) {
     if (value != value) return 0;
     if (value >= firstTooLarge) return std::numeric_limits<Integer>::max();
     if (value < -firstTooLarge) return std::numeric_limits<Integer>::min();
@@ -18,14 +18,14 @@ constexpr Integer Truncate(double value, double firstTooLarge) {
 
 }  // namespace detail
 
-/// Truncates toward zero. Defined for every double: values outside the range saturate at its
-/// ends, not-a-number gives 0.
-constexpr std::int32_t TruncateToInt32(double value) {
+/// Truncates toward zero. The result is defined for every double: a value out of range gives the
+/// nearest end of the range, not-a-number gives 0.
+[[nodiscard]] constexpr std::int32_t TruncateToInt32(double value) {
     return detail::Truncate<std::int32_t>(value, 2147483648.0);
 }
 
-/// The same for 64 bits.
-constexpr std::int64_t TruncateToInt64(double value) {
+/// The same for integers of 64 bits.
+[[nodiscard]] constexpr std::int64_t TruncateToInt64(double value) {
     return detail::Truncate<std::int64_t>(value, 9223372036854775808.0);
 }
 

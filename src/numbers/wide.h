@@ -1,7 +1,7 @@
-// Floating-point numbers of many digits, for what twice the precision is not enough for. Mantissas
-// of 64-bit limbs, the products and quotients of the schoolbook (Knuth, The Art of Computer
-// Programming 4.3.1), cut off: relative errors of a few units in the last bit. Exponents have 64
-// bits, so that nothing overflows.
+// Floating-point numbers of many digits, for computations that lose more digits than double-doubles
+// have. The mantissa is an array of 64-bit limbs. Products and quotients follow the schoolbook
+// (Knuth, The Art of Computer Programming 4.3.1) and are cut off, not rounded: relative errors are
+// a few units in the last bit. The exponent has 64 bits, so that nothing overflows.
 #pragma once
 
 #include <algorithm>
@@ -16,7 +16,8 @@ namespace kalvex {
 
 __extension__ using TwoLimbs = unsigned __int128;
 
-/// sign 0.digits 2^exponent, the most significant limb last, its first bit set; 0 has sign 0.
+/// The number sign 0.digits 2^exponent. The most significant limb is the last one, and its first
+/// bit is set. Zero has sign 0.
 template <std::size_t limbs>
 struct Wide {
     static constexpr int kBits = 64 * static_cast<int>(limbs);
@@ -26,22 +27,22 @@ struct Wide {
 };
 
 template <std::size_t limbs>
-Wide<limbs> Negate(Wide<limbs> a) {
+[[nodiscard]] Wide<limbs> Negate(Wide<limbs> a) {
     a.sign = -a.sign;
     return a;
 }
 
 /// a times a power of two.
 template <std::size_t limbs>
-Wide<limbs> Scale(Wide<limbs> a, std::int64_t exponent) {
+[[nodiscard]] Wide<limbs> Scale(Wide<limbs> a, std::int64_t exponent) {
     a.exponent += exponent;
     return a;
 }
 
-/// The number of so many limbs, cut off to those of the result; some limb is not 0.
+/// The number with the given limbs, cut off to the limbs of the result. At least one limb is not 0.
 template <std::size_t limbs, std::size_t more>
-Wide<limbs> Normalised(const std::array<std::uint64_t, more>& all, std::int64_t exponent,
-                       int sign) {
+[[nodiscard]] Wide<limbs> Normalised(const std::array<std::uint64_t, more>& all,
+                                     std::int64_t exponent, int sign) {
     static_assert(more >= limbs);
     std::size_t top = more;
     while (top > 0 && all[top - 1] == 0)
@@ -50,7 +51,8 @@ Wide<limbs> Normalised(const std::array<std::uint64_t, more>& all, std::int64_t 
     if (top == 0) return result;
     const int shift = __builtin_clzll(all[top - 1]);
     for (std::size_t i = 0; i < limbs; ++i) {
-        const std::size_t from = top - limbs + i;  // wraps below 0
+        const std::size_t from =
+            top - limbs + i;  // wraps around below 0, which the comparison with top finds
         const std::uint64_t own = from < top ? all[from] : 0;
         const std::uint64_t below = from - 1 < top ? all[from - 1] : 0;
         result.digits[i] = shift == 0 ? own : (own << shift) | (below >> (64 - shift));
@@ -60,9 +62,9 @@ Wide<limbs> Normalised(const std::array<std::uint64_t, more>& all, std::int64_t 
     return result;
 }
 
-/// Exactly, for a finite a.
+/// The number a, exactly. a is finite.
 template <std::size_t limbs>
-Wide<limbs> WideOf(double a) {
+[[nodiscard]] Wide<limbs> WideOf(double a) {
     Wide<limbs> result;
     if (a == 0) return result;
     int exponent = 0;
@@ -73,9 +75,9 @@ Wide<limbs> WideOf(double a) {
     return result;
 }
 
-/// With more limbs, or cut off.
+/// The number a with more limbs, or cut off to fewer.
 template <std::size_t limbs, std::size_t from>
-Wide<limbs> WideOf(const Wide<from>& a) {
+[[nodiscard]] Wide<limbs> WideOf(const Wide<from>& a) {
     Wide<limbs> result;
     result.exponent = a.exponent;
     result.sign = a.sign;
@@ -85,7 +87,7 @@ Wide<limbs> WideOf(const Wide<from>& a) {
 }
 
 template <std::size_t limbs>
-Wide<limbs> Multiply(const Wide<limbs>& a, const Wide<limbs>& b) {
+[[nodiscard]] Wide<limbs> Multiply(const Wide<limbs>& a, const Wide<limbs>& b) {
     if (a.sign == 0 || b.sign == 0) return {};
     std::array<std::uint64_t, 2 * limbs> product = {};
     for (std::size_t i = 0; i < limbs; ++i) {
@@ -102,9 +104,10 @@ Wide<limbs> Multiply(const Wide<limbs>& a, const Wide<limbs>& b) {
     return Normalised<limbs>(product, a.exponent + b.exponent, a.sign * b.sign);
 }
 
-/// The mantissa shifted down by so many bits, with one more limb below.
+/// The mantissa shifted down by so many bits. The result has one more limb below and one above.
 template <std::size_t limbs>
-std::array<std::uint64_t, limbs + 2> ShiftedDown(const Wide<limbs>& a, std::uint64_t bits) {
+[[nodiscard]] std::array<std::uint64_t, limbs + 2> ShiftedDown(const Wide<limbs>& a,
+                                                               std::uint64_t bits) {
     std::array<std::uint64_t, limbs + 2> result = {};
     const std::size_t whole = bits / 64;
     const int part = static_cast<int>(bits % 64);
@@ -121,7 +124,7 @@ std::array<std::uint64_t, limbs + 2> ShiftedDown(const Wide<limbs>& a, std::uint
 
 /// Exact where the arguments cancel and their exponents are less than 64 apart.
 template <std::size_t limbs>
-Wide<limbs> Add(const Wide<limbs>& a, const Wide<limbs>& b) {
+[[nodiscard]] Wide<limbs> Add(const Wide<limbs>& a, const Wide<limbs>& b) {
     if (a.sign == 0) return b;
     if (b.sign == 0) return a;
     if (a.exponent < b.exponent) return Add(b, a);
@@ -150,11 +153,11 @@ Wide<limbs> Add(const Wide<limbs>& a, const Wide<limbs>& b) {
 }
 
 template <std::size_t limbs>
-Wide<limbs> Subtract(const Wide<limbs>& a, const Wide<limbs>& b) {
+[[nodiscard]] Wide<limbs> Subtract(const Wide<limbs>& a, const Wide<limbs>& b) {
     return Add(a, Negate(b));
 }
 
-/// Divides by a limb whose first bit is set, by means of its reciprocal (Moeller and Granlund
+/// Divides by a limb whose first bit is set, with the help of its reciprocal (Moeller and Granlund
 /// 2011).
 struct LimbDivisor {
     std::uint64_t by;
@@ -163,8 +166,9 @@ struct LimbDivisor {
     explicit LimbDivisor(std::uint64_t divisor)
         : by(divisor), reciprocal(static_cast<std::uint64_t>(~TwoLimbs{0} / divisor)) {}
 
-    /// The quotient for an upper limb below the divisor; upper and lower become 0 and the rest.
-    std::uint64_t Divide(std::uint64_t upper, std::uint64_t& lower) const {
+    /// The quotient of the two limbs (upper, lower) by the divisor, for upper below the divisor.
+    /// lower becomes the remainder.
+    [[nodiscard]] std::uint64_t Divide(std::uint64_t upper, std::uint64_t& lower) const {
         const TwoLimbs guess = static_cast<TwoLimbs>(reciprocal) * upper +
                                ((static_cast<TwoLimbs>(upper) << 64) | lower);
         std::uint64_t quotient = static_cast<std::uint64_t>(guess >> 64) + 1;
@@ -182,10 +186,10 @@ struct LimbDivisor {
     }
 };
 
-/// One digit of a quotient from the three first limbs of the rest and two of the divisor; at most
-/// one too large.
-inline std::uint64_t QuotientDigit(const std::array<std::uint64_t, 3>& rest, LimbDivisor top,
-                                   std::uint64_t next) {
+/// Estimates one digit of a quotient from the first three limbs of the remainder and the first two
+/// of the divisor. The estimate is exact or one too large.
+[[nodiscard]] inline std::uint64_t QuotientDigit(const std::array<std::uint64_t, 3>& rest,
+                                                 LimbDivisor top, std::uint64_t next) {
     std::uint64_t left = rest[1];
     std::uint64_t guess = ~std::uint64_t{0};
     if (rest[2] < top.by) {
@@ -202,9 +206,11 @@ inline std::uint64_t QuotientDigit(const std::array<std::uint64_t, 3>& rest, Lim
     return guess;
 }
 
-/// rest -= digit b, from the limb `from` of b on; whether that is below 0.
+/// rest -= digit b, for the limbs of b from index `from` on. Returns whether the result is
+/// negative.
 template <std::size_t limbs>
-bool TakeOff(std::uint64_t digit, const Wide<limbs>& b, std::size_t from, std::uint64_t* rest) {
+[[nodiscard]] bool TakeOff(std::uint64_t digit, const Wide<limbs>& b, std::size_t from,
+                           std::uint64_t* rest) {
     std::uint64_t borrow = 0;
     std::uint64_t carry = 0;
     for (std::size_t i = from; i <= limbs; ++i) {
@@ -229,9 +235,9 @@ void PutBack(const Wide<limbs>& b, std::size_t from, std::uint64_t* rest) {
     }
 }
 
-/// b not 0: the quotient of Knuth's algorithm D, one limb more than the result's.
+/// a / b by Knuth's algorithm D, computed with one limb more than the result has. b is not 0.
 template <std::size_t limbs>
-Wide<limbs> Divide(const Wide<limbs>& a, const Wide<limbs>& b) {
+[[nodiscard]] Wide<limbs> Divide(const Wide<limbs>& a, const Wide<limbs>& b) {
     if (a.sign == 0) return {};
     constexpr std::size_t kQuotient = limbs + 1;
     std::array<std::uint64_t, 2 * limbs + 1> rest = {};
@@ -254,13 +260,13 @@ Wide<limbs> Divide(const Wide<limbs>& a, const Wide<limbs>& b) {
 }
 
 template <std::size_t limbs>
-Wide<limbs> PlusInteger(const Wide<limbs>& a, double k) {
+[[nodiscard]] Wide<limbs> PlusInteger(const Wide<limbs>& a, double k) {
     return k == 0 ? a : Add(a, WideOf<limbs>(k));
 }
 
-/// The value less 2^exponent, with a fraction between 1/2 and 1, as twice the precision.
+/// The value without the factor 2^exponent, as a double-double between 1/2 and 1 in magnitude.
 template <std::size_t limbs>
-DoubleDouble FractionOf(const Wide<limbs>& a) {
+[[nodiscard]] DoubleDouble FractionOf(const Wide<limbs>& a) {
     if (a.sign == 0) return {};
     constexpr std::uint64_t kLow = (std::uint64_t{1} << 11) - 1;
     const std::uint64_t top = a.digits[limbs - 1];
@@ -271,9 +277,9 @@ DoubleDouble FractionOf(const Wide<limbs>& a) {
     return a.sign > 0 ? sum : -sum;
 }
 
-/// Rounded; beyond the range infinite or 0.
+/// The nearest double; infinite or 0 where the value is out of range.
 template <std::size_t limbs>
-double ToDouble(const Wide<limbs>& a) {
+[[nodiscard]] double ToDouble(const Wide<limbs>& a) {
     constexpr std::int64_t kBeyond = 2000;
     const std::int64_t exponent = a.exponent > kBeyond    ? kBeyond
                                   : a.exponent < -kBeyond ? -kBeyond

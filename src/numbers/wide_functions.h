@@ -9,7 +9,7 @@ namespace kalvex {
 
 /// ln((1+t)/(1-t)) = 2 (t + t^3/3 + ...), for |t| up to 1/3; relative error 2^-(bits-6).
 template <std::size_t limbs>
-Wide<limbs> LogOfQuotient(const Wide<limbs>& t) {
+[[nodiscard]] Wide<limbs> LogOfQuotient(const Wide<limbs>& t) {
     const Wide<limbs> square = Multiply(t, t);
     Wide<limbs> power = t;
     Wide<limbs> sum = t;
@@ -22,14 +22,14 @@ Wide<limbs> LogOfQuotient(const Wide<limbs>& t) {
 }
 
 template <std::size_t limbs>
-const Wide<limbs>& LnTwo() {
+[[nodiscard]] const Wide<limbs>& LnTwo() {
     static const Wide<limbs> value = LogOfQuotient(Divide(WideOf<limbs>(1), WideOf<limbs>(3)));
     return value;
 }
 
 /// ln(a) for a above 0; error 2^-(bits-8) (1 + |ln(a)|).
 template <std::size_t limbs>
-Wide<limbs> Log(const Wide<limbs>& a) {
+[[nodiscard]] Wide<limbs> Log(const Wide<limbs>& a) {
     const Wide<limbs> one = WideOf<limbs>(1);
     const Wide<limbs> fraction = Scale(a, -a.exponent);  // 1/2 to 1
     const Wide<limbs> t = Divide(Subtract(fraction, one), Add(fraction, one));
@@ -40,7 +40,7 @@ Wide<limbs> Log(const Wide<limbs>& a) {
 
 /// exp(a) for |a| up to 2^30; relative error 2^-(bits-24) (1 + |a|).
 template <std::size_t limbs>
-Wide<limbs> Exp(const Wide<limbs>& a) {
+[[nodiscard]] Wide<limbs> Exp(const Wide<limbs>& a) {
     constexpr int kHalvings = 16;
     const double multiple = std::nearbyint(ToDouble(a) / 0.6931471805599453);
     const Wide<limbs> rest = Subtract(a, Multiply(WideOf<limbs>(multiple), LnTwo<limbs>()));

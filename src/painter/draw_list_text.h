@@ -21,10 +21,10 @@ namespace kalvex {
 /// An ellipse has one more column, the colour of its inside or "-"; a text has two, its height in
 /// logical pixels and its characters, where \\, \t, \n and \r stand for a backslash and the
 /// characters that would end a column or a line.
-std::string DrawListText(const DrawList& list);
+[[nodiscard]] std::string DrawListText(const DrawList& list);
 
 /// Writes that text as a file. False when the picture has no pixels, as for the other formats, or
 /// when the file cannot be written; a file that was there before is then unchanged.
-bool WriteDrawListText(const QString& path, const DrawList& list);
+[[nodiscard]] bool WriteDrawListText(const QString& path, const DrawList& list);
 
 }  // namespace kalvex

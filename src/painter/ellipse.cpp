@@ -7,14 +7,12 @@
 #include <algorithm>
 #include <cmath>
 
+#include "painter/qt_color.h"
+
 namespace kalvex {
 namespace {
 
 constexpr double kLargestForQt = 16384.0;
-
-QColor ColorOfRgb(const Rgb& color) {
-    return QColor(color.red, color.green, color.blue);
-}
 
 /// Centre and half axes.
 struct Shape {
@@ -65,8 +63,8 @@ void DrawLarge(QPainter& painter, const DrawList& list, const EllipseRecord& rec
                       (static_cast<double>(record.right) - record.left) / 2.0,
                       (static_cast<double>(record.bottom) - record.top) / 2.0};
     if (!(shape.a > 0.0) || !(shape.b > 0.0)) return;
-    if (fill) FillInside(painter, list, shape, ColorOfRgb(record.fill));
-    const QColor color = ColorOfRgb(record.pen.color);
+    if (fill) FillInside(painter, list, shape, ToQColor(record.fill));
+    const QColor color = ToQColor(record.pen.color);
     const auto column = [&](int x, double y) {
         const double row = std::floor(y + 0.5);
         if (row >= 0.0 && row < list.height) painter.fillRect(QRectF(x, row, 1.0, 1.0), color);
@@ -90,8 +88,8 @@ bool IsSmall(const EllipseRecord& record) {
 
 void DrawEllipse(QPainter& painter, const DrawList& list, const EllipseRecord& record, bool fill) {
     if (!IsSmall(record)) return DrawLarge(painter, list, record, fill);
-    painter.setPen(QPen(ColorOfRgb(record.pen.color), record.pen.width));
-    painter.setBrush(fill ? QBrush(ColorOfRgb(record.fill)) : QBrush(Qt::NoBrush));
+    painter.setPen(QPen(ToQColor(record.pen.color), record.pen.width));
+    painter.setBrush(fill ? QBrush(ToQColor(record.fill)) : QBrush(Qt::NoBrush));
     painter.drawEllipse(
         QRect(record.left, record.top, record.right - record.left, record.bottom - record.top));
 }

@@ -13,6 +13,6 @@ void DrawEllipse(QPainter& painter, const DrawList& list, const EllipseRecord& r
 
 /// Whether filling `inner` right after `outer` would change no pixel: both are filled with the same
 /// colour and the box of `inner` lies inside that of `outer`.
-bool IsFilledBy(const EllipseRecord& inner, const EllipseRecord& outer);
+[[nodiscard]] bool IsFilledBy(const EllipseRecord& inner, const EllipseRecord& outer);
 
 }  // namespace kalvex

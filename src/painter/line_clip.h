@@ -11,11 +11,11 @@ namespace kalvex {
 
 /// The part of a segment inside a rectangle. A segment that lies inside is returned unchanged, so
 /// that clipping does not move its ends. Nothing when it misses the rectangle.
-std::optional<QLineF> ClipSegment(const Segment& segment, const QRectF& bounds);
+[[nodiscard]] std::optional<QLineF> ClipSegment(const Segment& segment, const QRectF& bounds);
 
 /// The picture and a margin of 4096 pixels around it. With the widest pen the end of a clipped line
 /// still lies outside the picture, and all coordinates fit the fixed-point numbers of Qt's raster
 /// engine.
-QRectF DrawableBounds(const DrawList& list);
+[[nodiscard]] QRectF DrawableBounds(const DrawList& list);
 
 }  // namespace kalvex

@@ -11,14 +11,11 @@
 
 #include "painter/ellipse.h"
 #include "painter/line_clip.h"
+#include "painter/qt_color.h"
 #include "painter/text_font.h"
 
 namespace kalvex {
 namespace {
-
-QColor ColorOfRgb(const Rgb& color) {
-    return QColor(color.red, color.green, color.blue);
-}
 
 /// The state while a list is drawn.
 struct Stage {
@@ -31,7 +28,7 @@ struct Stage {
 void DrawLines(Stage& stage, const Pen& pen, const std::vector<QLineF>& lines) {
     if (lines.empty()) return;
     stage.painter.setPen(
-        QPen(ColorOfRgb(pen.color), std::max(pen.width, 1), Qt::SolidLine, Qt::SquareCap));
+        QPen(ToQColor(pen.color), std::max(pen.width, 1), Qt::SolidLine, Qt::SquareCap));
     stage.painter.drawLines(lines.data(), static_cast<int>(lines.size()));
 }
 
@@ -91,7 +88,7 @@ void WriteRun(const DirectImage& target, const PixelRun& run, QRgb color) {
 }
 
 void Play(Stage& stage, const PixelRunsRecord& record) {
-    const QColor color = ColorOfRgb(record.color);
+    const QColor color = ToQColor(record.color);
     const DirectImage target = DirectImageOf(stage.painter);
     for (const PixelRun& run : record.runs) {
         if (target.image != nullptr)
@@ -104,7 +101,7 @@ void Play(Stage& stage, const PixelRunsRecord& record) {
 void Play(Stage& stage, const TextRecord& record) {
     if (!stage.bounds.contains(QPointF(record.x, record.y))) return;
     stage.painter.setFont(PictureFont(record.height));
-    stage.painter.setPen(ColorOfRgb(record.color));
+    stage.painter.setPen(ToQColor(record.color));
     const int baseline = record.y + stage.painter.fontMetrics().ascent();
     stage.painter.drawText(QPoint(record.x, baseline), QString::fromStdU16String(record.text));
 }

@@ -14,9 +14,9 @@ void PlayDrawList(QPainter& painter, const DrawList& list);
 
 /// The picture on white, at a device pixel ratio (the image is list.width * ratio pixels wide and
 /// carries the ratio). Format RGB32. A size of 0 or below gives a null image.
-QImage PaintPicture(const DrawList& list, double devicePixelRatio = 1.0);
+[[nodiscard]] QImage PaintPicture(const DrawList& list, double devicePixelRatio = 1.0);
 
 /// The text-measuring function that belongs to this painter's fonts.
-MeasureText PainterTextMeasure();
+[[nodiscard]] MeasureText PainterTextMeasure();
 
 }  // namespace kalvex

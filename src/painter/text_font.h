@@ -6,6 +6,6 @@
 namespace kalvex {
 
 /// The platform's sans-serif font at a character height in logical pixels (1 at least).
-QFont PictureFont(int height);
+[[nodiscard]] QFont PictureFont(int height);
 
 }  // namespace kalvex

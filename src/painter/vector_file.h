@@ -9,9 +9,9 @@ namespace kalvex {
 
 /// Writes an SVG drawing whose unit is the logical pixel. False when the file cannot be written; a
 /// file that was there before is then unchanged.
-bool WriteSvg(const QString& path, const DrawList& list);
+[[nodiscard]] bool WriteSvg(const QString& path, const DrawList& list);
 
 /// Writes a PDF page of the picture's size at 96 pixels per inch.
-bool WritePdf(const QString& path, const DrawList& list);
+[[nodiscard]] bool WritePdf(const QString& path, const DrawList& list);
 
 }  // namespace kalvex

@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "painter/line_clip.h"
+#include "painter/qt_color.h"
 #include "painter/text_font.h"
 
 namespace kalvex {
@@ -17,12 +18,8 @@ struct VectorStage {
     QRectF bounds;
 };
 
-QColor ColorOfRgb(const Rgb& color) {
-    return QColor(color.red, color.green, color.blue);
-}
-
 QPen PenOf(const Pen& pen) {
-    return QPen(ColorOfRgb(pen.color), std::max(pen.width, 1), Qt::SolidLine, Qt::RoundCap,
+    return QPen(ToQColor(pen.color), std::max(pen.width, 1), Qt::SolidLine, Qt::RoundCap,
                 Qt::RoundJoin);
 }
 
@@ -56,7 +53,7 @@ void Play(const VectorStage& stage, const PolylineRecord& record) {
 void Play(const VectorStage& stage, const EllipseRecord& record) {
     const QRectF box(QPointF(record.left, record.top), QPointF(record.right, record.bottom));
     stage.painter.setPen(PenOf(record.pen));
-    stage.painter.setBrush(record.filled ? QBrush(ColorOfRgb(record.fill)) : QBrush(Qt::NoBrush));
+    stage.painter.setBrush(record.filled ? QBrush(ToQColor(record.fill)) : QBrush(Qt::NoBrush));
     stage.painter.drawEllipse(box.translated(0.5, 0.5));
 }
 
@@ -65,14 +62,14 @@ void Play(const VectorStage& stage, const PixelRunsRecord& record) {
     path.setFillRule(Qt::WindingFill);
     for (const PixelRun& run : record.runs)
         path.addRect(run.column, run.row, run.length, 1);
-    stage.painter.fillPath(path, ColorOfRgb(record.color));
+    stage.painter.fillPath(path, ToQColor(record.color));
 }
 
 void Play(const VectorStage& stage, const TextRecord& record) {
     QFont font = PictureFont(record.height);
     font.setFamily("sans-serif");  // the generic name, which every viewer knows
     stage.painter.setFont(font);
-    stage.painter.setPen(ColorOfRgb(record.color));
+    stage.painter.setPen(ToQColor(record.color));
     const int baseline = record.y + stage.painter.fontMetrics().ascent();
     stage.painter.drawText(QPoint(record.x, baseline), QString::fromStdU16String(record.text));
 }

@@ -1,4 +1,4 @@
-// A format is one row: its ending and what writes it.
+// A format is one row: its ending, its words in the dialog, and the function that writes it.
 #include "painter/write_picture.h"
 
 #include <QFileInfo>
@@ -17,11 +17,11 @@ bool WritePixels(const QString& path, const DrawList& list) {
 }
 
 constexpr PictureFormat kFormats[] = {
-    {"bmp", FormatUse::Everywhere, WritePixels<WriteBitmap>},
-    {"png", FormatUse::Everywhere, WritePixels<WritePng>},
-    {"svg", FormatUse::Everywhere, WriteSvg},
-    {"pdf", FormatUse::Everywhere, WritePdf},
-    {"txt", FormatUse::ToolOnly, WriteDrawListText},
+    {"png", StringId::FilterPng, WritePixels<WritePng>},
+    {"svg", StringId::FilterSvg, WriteSvg},
+    {"pdf", StringId::FilterPdf, WritePdf},
+    {"bmp", StringId::FilterBitmap, WritePixels<WriteBitmap>},
+    {"txt", std::nullopt, WriteDrawListText},
 };
 
 }  // namespace
@@ -30,21 +30,26 @@ std::span<const PictureFormat> PictureFormats() {
     return kFormats;
 }
 
-const PictureFormat* PictureFormatOf(const QString& path) {
+bool IsOffered(const PictureFormat& format, FormatsOf where) {
+    return where == FormatsOf::Tool || format.filter.has_value();
+}
+
+const PictureFormat* PictureFormatOf(const QString& path, FormatsOf where) {
     const std::string ending = QFileInfo(path).suffix().toLower().toStdString();
     for (const PictureFormat& format : kFormats)
-        if (format.suffix == ending) return &format;
+        if (format.suffix == ending && IsOffered(format, where)) return &format;
     return nullptr;
 }
 
-std::string PictureEndings() {
-    std::string endings;
+std::string PictureEndings(FormatsOf where) {
+    std::string before;  // all endings but the last
+    std::string last;
     for (const PictureFormat& format : kFormats) {
-        if (!endings.empty()) endings += &format == std::end(kFormats) - 1 ? " or " : ", ";
-        endings += '.';
-        endings += format.suffix;
+        if (!IsOffered(format, where)) continue;
+        if (!last.empty()) before += (before.empty() ? "" : ", ") + last;
+        last = '.' + std::string(format.suffix);
     }
-    return endings;
+    return before.empty() ? last : before + " or " + last;
 }
 
 }  // namespace kalvex

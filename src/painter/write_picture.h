@@ -2,32 +2,36 @@
 #pragma once
 
 #include <QString>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 
 #include "graph/draw_list.h"
+#include "resources/strings.h"
 
 namespace kalvex {
 
-/// Who offers a format: the tool knows all of them, the windows those that show a picture.
-enum class FormatUse { Everywhere, ToolOnly };
-
 struct PictureFormat {
-    std::string_view suffix;  ///< the ending of a name, lower case, without its dot
-    FormatUse use = FormatUse::Everywhere;
+    std::string_view suffix;         ///< the ending of a name, lower case, without its dot
+    std::optional<StringId> filter;  ///< its words in the dialog; none: only the tool offers it
 
     /// Writes the picture at one pixel per logical pixel; false when the file cannot be written.
     bool (*write)(const QString& path, const DrawList& list) = nullptr;
 };
 
-/// All formats, in the order in which texts name them.
-std::span<const PictureFormat> PictureFormats();
+/// Who offers formats: the tool offers all of them.
+enum class FormatsOf { Windows, Tool };
 
-/// The format that a name's ending says, in any case; null for any other name.
-const PictureFormat* PictureFormatOf(const QString& path);
+/// All formats, in the order in which dialog and messages name them.
+[[nodiscard]] std::span<const PictureFormat> PictureFormats();
 
-/// The endings of all formats that the tool takes, for a sentence: ".png, .svg or .txt".
-std::string PictureEndings();
+[[nodiscard]] bool IsOffered(const PictureFormat& format, FormatsOf where);
+
+/// The offered format that a name's ending says, in any case; null for any other name.
+[[nodiscard]] const PictureFormat* PictureFormatOf(const QString& path, FormatsOf where);
+
+/// The endings of the offered formats, for a sentence: ".png, .svg or .pdf".
+[[nodiscard]] std::string PictureEndings(FormatsOf where);
 
 }  // namespace kalvex

@@ -10,6 +10,6 @@ namespace kalvex {
 /// The folders in which files of a kind ("samples", "help") may be, in the order of preference:
 /// that of the installed program, then that of its build tree. They need not exist. Empty when the
 /// path of the program file is unknown.
-std::vector<std::filesystem::path> DataFolders(std::string_view name);
+[[nodiscard]] std::vector<std::filesystem::path> DataFolders(std::string_view name);
 
 }  // namespace kalvex

@@ -8,10 +8,10 @@
 namespace kalvex {
 
 /// Function names to insert, text commands, help.
-Menu EditPopup();
+[[nodiscard]] Menu EditPopup();
 
 /// What a command of the submenu `Function` puts into the line: the menu word and an opening
 /// bracket. Empty for every other command.
-std::u16string InsertedText(CommandId command);
+[[nodiscard]] std::u16string InsertedText(CommandId command);
 
 }  // namespace kalvex

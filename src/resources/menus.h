@@ -19,18 +19,18 @@ using Menu = std::vector<MenuEntry>;
 
 /// Menu of the soft key "Menu" of the editor. It always holds "Approx. type", which shows only for
 /// a `File` line.
-Menu MainMenu();
+[[nodiscard]] Menu MainMenu();
 
 /// Menu of the graph window.
-Menu GraphMenu();
+[[nodiscard]] Menu GraphMenu();
 
 /// Popup of a held pen in full-screen mode.
-Menu FullScreenPopup();
+[[nodiscard]] Menu FullScreenPopup();
 
 /// `Export` of a report in a single text.
-Menu ExportMenu();
+[[nodiscard]] Menu ExportMenu();
 
 /// `Export` of a report in pages: the same and an entry of its own.
-Menu ExportMenuOfPages();
+[[nodiscard]] Menu ExportMenuOfPages();
 
 }  // namespace kalvex

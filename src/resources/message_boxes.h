@@ -10,14 +10,14 @@ namespace kalvex {
 
 /// A box with a caption of the table. Every box but the diagnostic ones of an evaluation is made
 /// here.
-MessageBox BoxOf(StringId caption, std::u16string_view text, MessageIcon icon,
-                 MessageButtons buttons = MessageButtons::Ok);
+[[nodiscard]] MessageBox BoxOf(StringId caption, std::u16string_view text, MessageIcon icon,
+                               MessageButtons buttons = MessageButtons::Ok);
 
 /// Something was refused or has failed: "Error!" with the stop sign.
-MessageBox ErrorBox(std::u16string_view text);
+[[nodiscard]] MessageBox ErrorBox(std::u16string_view text);
 
 /// The program went on, or will when the user has done something: "Warning!" with the exclamation
 /// mark.
-MessageBox WarningBox(std::u16string_view text);
+[[nodiscard]] MessageBox WarningBox(std::u16string_view text);
 
 }  // namespace kalvex

@@ -74,7 +74,7 @@ inline constexpr auto kMethods = std::to_array<MethodChoice>({
 inline constexpr int kMethodCount = static_cast<int>(kMethods.size());
 
 /// The method that a command chooses; empty for any other command.
-constexpr std::optional<ApproxMethod> MethodOfCommand(CommandId command) {
+[[nodiscard]] constexpr std::optional<ApproxMethod> MethodOfCommand(CommandId command) {
     for (const MethodChoice& choice : kMethods)
         if (choice.command == command) return choice.method;
     return std::nullopt;
@@ -82,7 +82,7 @@ constexpr std::optional<ApproxMethod> MethodOfCommand(CommandId command) {
 
 /// Whether a table has one row per method, row i for method i.
 template <typename Rows>
-constexpr bool HasARowPerMethod(const Rows& rows) {
+[[nodiscard]] constexpr bool HasARowPerMethod(const Rows& rows) {
     if (std::size(rows) != kMethods.size()) return false;
     for (std::size_t i = 0; i < std::size(rows); ++i)
         if (static_cast<std::size_t>(rows[i].method) != i) return false;

@@ -16,6 +16,6 @@ inline constexpr std::string_view kPeakSample = kSampleFiles[1];
 
 /// The path of a sample file (UTF-8): beside the installed program or in its build tree, wherever
 /// those are; empty when there is none.
-std::string SamplePath(std::string_view name);
+[[nodiscard]] std::string SamplePath(std::string_view name);
 
 }  // namespace kalvex

@@ -15,15 +15,15 @@ struct ShortCut {
 };
 
 /// The short cuts of the editor. Keys without Ctrl or Alt type text there.
-std::span<const ShortCut> EditorShortCuts();
+[[nodiscard]] std::span<const ShortCut> EditorShortCuts();
 
 /// The short cuts of the graph window.
-std::span<const ShortCut> GraphShortCuts();
+[[nodiscard]] std::span<const ShortCut> GraphShortCuts();
 
 /// The short cuts of the report.
-std::span<const ShortCut> ReportShortCuts();
+[[nodiscard]] std::span<const ShortCut> ReportShortCuts();
 
 /// The first keys of a command in a table; empty for a command without any.
-std::u16string_view KeysOf(std::span<const ShortCut> table, CommandId command);
+[[nodiscard]] std::u16string_view KeysOf(std::span<const ShortCut> table, CommandId command);
 
 }  // namespace kalvex

@@ -20,14 +20,15 @@ enum class StringId : std::int32_t {
 };
 
 /// The text of a number; empty for a number that no text has.
-std::u16string_view Text(StringId id);
+[[nodiscard]] std::u16string_view Text(StringId id);
 
 /// Replaces the places "%1" to "%9" of a text by the first to the ninth of the given texts. A place
 /// may stand anywhere and more than once; "%%" becomes one "%". A place without a given text is
 /// left out, a given text without a place is ignored, and given texts are not searched for places.
-std::u16string FillIn(std::u16string_view format, std::initializer_list<std::u16string_view> texts);
+[[nodiscard]] std::u16string FillIn(std::u16string_view format,
+                                    std::initializer_list<std::u16string_view> texts);
 
 /// The decimal digits of a number, for FillIn.
-std::u16string NumberText(std::int64_t number);
+[[nodiscard]] std::u16string NumberText(std::int64_t number);
 
 }  // namespace kalvex

@@ -12,6 +12,6 @@ struct CaptionAndTip {
 
 /// Splits a text at its first "~~": the caption stands before it, the tip behind it. A text without
 /// one is a caption without a tip. Both views look into `text`.
-CaptionAndTip SplitTip(std::u16string_view text);
+[[nodiscard]] CaptionAndTip SplitTip(std::u16string_view text);
 
 }  // namespace kalvex

@@ -1,4 +1,5 @@
-// QSaveFile writes beside the file and renames; that is why devices must not come to it.
+// QSaveFile writes a new file beside the old one and renames it. A device must not be replaced like
+// that, so it is opened directly.
 #include "settings/complete_file.h"
 
 #include <QFile>
@@ -14,7 +15,11 @@ bool WriteCompleteFile(const QString& path, const std::function<bool(QIODevice& 
         return device.open(QIODevice::WriteOnly) && write(device) && device.flush();
     }
     QSaveFile file(path);
-    return file.open(QIODevice::WriteOnly) && write(file) && file.flush() && file.commit();
+    if (!file.open(QIODevice::WriteOnly)) return false;
+    // A full disk may cut the file short without an error, so its size is compared with what was
+    // written.
+    if (!write(file) || !file.flush() || file.size() != file.pos()) file.cancelWriting();
+    return file.commit();
 }
 
 bool WriteCompleteFile(const QString& path, std::string_view bytes) {

@@ -8,13 +8,14 @@
 
 namespace kalvex {
 
-/// Opens a file, lets `write` fill it and puts it in the place of an old one only when all of it is
-/// on the disk. What is no ordinary file (a device, a pipe) is written straight to and never
-/// replaced. False when anything failed, also when the folder does not let a file be replaced; an
-/// old file survives then.
-bool WriteCompleteFile(const QString& path, const std::function<bool(QIODevice& file)>& write);
+/// Writes a new file, which `write` fills, and replaces the old one by it only when all of it has
+/// been written. A device or a pipe is written to directly and never replaced. False when anything
+/// failed, for example when the folder does not allow files to be replaced; the old file stays
+/// then.
+[[nodiscard]] bool WriteCompleteFile(const QString& path,
+                                     const std::function<bool(QIODevice& file)>& write);
 
-/// The same for bytes that are there.
-bool WriteCompleteFile(const QString& path, std::string_view bytes);
+/// Writes the given bytes in the same way.
+[[nodiscard]] bool WriteCompleteFile(const QString& path, std::string_view bytes);
 
 }  // namespace kalvex

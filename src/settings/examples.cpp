@@ -1,5 +1,6 @@
 // The examples fill the view -10..10, show a different colour each, and are written the way a
-// newcomer would type them: implicit products, but none behind a closing bracket.
+// newcomer would type them: with implicit products, but with none behind a closing bracket, which
+// would open the box "Test".
 #include "settings/examples.h"
 
 #include <array>
@@ -31,12 +32,12 @@ constexpr std::array<Example, 7> kExamples = {{
 Workspace ExampleWorkspace(std::u16string_view pointFile) {
     Workspace workspace = DefaultWorkspace();
     for (std::size_t i = 0; i < kExamples.size(); ++i) {
-        workspace.functions[i].type = static_cast<std::int32_t>(kExamples[i].type);
+        workspace.functions[i].type = kExamples[i].type;
         workspace.lines[i] = kExamples[i].text;
     }
-    if (pointFile.empty() || pointFile.size() >= kStoredUnits) return workspace;
+    if (pointFile.empty() || !IsStoredWhole(pointFile)) return workspace;
     FunctionEntry& file = workspace.functions[kExamples.size()];
-    file.type = static_cast<std::int32_t>(EquationType::File);
+    file.type = EquationType::File;
     file.method.approx = static_cast<std::int32_t>(ApproxMethod::CubicHermite);
     workspace.lines[kExamples.size()] = pointFile;
     return workspace;

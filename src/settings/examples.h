@@ -8,8 +8,8 @@
 namespace kalvex {
 
 /// The workspace of a first start: the defaults with example lines, one of each equation type, and
-/// a line left empty. No example needs more room than the store has: the `File` line, which shows
-/// the given point file, is left empty when the path is too long for it (or empty).
-Workspace ExampleWorkspace(std::u16string_view pointFile = {});
+/// an empty line. Every example is short enough to be stored. The `File` line shows the given point
+/// file; it is left empty when the path is empty or too long to be stored.
+[[nodiscard]] Workspace ExampleWorkspace(std::u16string_view pointFile = {});
 
 }  // namespace kalvex

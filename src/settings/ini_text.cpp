@@ -55,7 +55,7 @@ std::string Escaped(std::u16string_view text) {
     return out;
 }
 
-/// Whether "\uXXXX" stands at a place; its unit goes to `unit`.
+/// Whether "\uXXXX" stands at a place. The code unit is returned in `unit`.
 bool ReadEscape(std::u16string_view text, std::size_t i, char16_t& unit) {
     if (i + 6 > text.size() || text[i + 1] != u'u') return false;
     unsigned value = 0;
@@ -69,7 +69,7 @@ bool ReadEscape(std::u16string_view text, std::size_t i, char16_t& unit) {
     return true;
 }
 
-/// A backslash that begins no escape stands for itself, as somebody may type a path by hand.
+/// A backslash that does not begin an escape stands for itself: users type paths by hand.
 std::u16string Unescaped(std::string_view bytes) {
     const std::u16string text = ToUtf16(bytes);
     std::u16string out;

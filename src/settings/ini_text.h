@@ -23,20 +23,21 @@ struct IniText {
 };
 
 /// The value of a name, or null.
-const IniValue* FindIniValue(const IniText& ini, std::string_view section, std::string_view name);
+[[nodiscard]] const IniValue* FindIniValue(const IniText& ini, std::string_view section,
+                                           std::string_view name);
 
 /// Whether a section has any value.
-bool HasIniSection(const IniText& ini, std::string_view section);
+[[nodiscard]] bool HasIniSection(const IniText& ini, std::string_view section);
 
-/// Changes a value (its old spelling stays) or adds one at the end.
+/// Changes a value, whose name keeps its spelling, or adds one at the end.
 void SetIniValue(IniText& ini, std::string_view section, std::string_view name,
                  std::u16string_view text);
 
-/// Reads what it can of any bytes: a line that is neither a section, a value nor a comment (";" or
-/// "#") is skipped, of a repeated name the last counts.
-IniText ReadIni(std::string_view bytes);
+/// Reads any bytes. A line that is neither a section, a value nor a comment (";" or "#") is
+/// skipped. When a name is repeated, its last value counts.
+[[nodiscard]] IniText ReadIni(std::string_view bytes);
 
 /// The whole text, sections in the order of their first value. Comments are not kept.
-std::string WriteIni(const IniText& ini);
+[[nodiscard]] std::string WriteIni(const IniText& ini);
 
 }  // namespace kalvex

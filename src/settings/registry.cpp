@@ -1,6 +1,6 @@
-// What every registry shares: how names compare and how several writes become one. A store that
-// knows batches postpones the costly part (a file written and moved into place) to the end; the
-// order of the writes and where they stop stay those of single writes.
+// What all registries share: the comparison of names and the batch of writes. A store with batches
+// writes its file once, at the end of the batch. The order of the writes, and the place where a
+// failure stops them, are the same with and without a batch.
 #include "settings/registry.h"
 
 #include <algorithm>

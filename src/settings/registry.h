@@ -1,6 +1,6 @@
 // The settings store as a record of operations over (key, value name). Keys are "" for the main
-// key and "1" to "9" for the function keys; names compare without regard to case. Who implements
-// it decides where the values live: a file, memory, or a store that fails on demand.
+// key and "1" to "9" for the function keys; names compare without regard to case. There are three
+// implementations: a file, memory, and a store for tests that fails on demand.
 #pragma once
 
 #include <cstdint>
@@ -28,18 +28,18 @@ struct Registry {
         writeText;
     /// Whether nothing at all is stored (a first start).
     std::function<bool()> isEmpty;
-    /// Optional pair: writes between `begin` and `commit` reach the store together at `commit`,
-    /// which is false when they could not (none of them is stored then). Pairs may nest; the
-    /// outermost `commit` stores. A registry without them stores each write at once.
+    /// An optional pair. The writes between `begin` and `commit` are stored together by `commit`.
+    /// When that fails, `commit` is false and none of them is stored. Pairs may be nested; the
+    /// outermost `commit` stores. A registry without the pair stores each write at once.
     std::function<void()> begin = {};
     std::function<bool()> commit = {};
 };
 
-/// Runs `writes` as one batch. What it wrote before it failed is stored all the same, as it would
-/// be without a batch. True when both `writes` and the store succeeded.
+/// Runs `writes` as one batch. When `writes` fails, the values that it wrote before are stored, as
+/// they would be without a batch. True when both `writes` and the store succeeded.
 bool WriteTogether(const Registry& registry, const std::function<bool()>& writes);
 
-/// A value name as names are compared: ASCII letters in lower case.
-std::string FoldedName(std::string_view name);
+/// The form of a name that is used for comparisons: ASCII letters in lower case.
+[[nodiscard]] std::string FoldedName(std::string_view name);
 
 }  // namespace kalvex

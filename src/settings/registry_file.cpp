@@ -1,8 +1,8 @@
 // The whole file is read once and read again only when its time or size changed. A write changes
 // the values in memory and then replaces the file as a whole; when that fails, the values in memory
 // are put back, so memory and disk never differ. A value that already stands in the file is not
-// written again. QSettings is no help here: it takes a write that the disk cut short for a success
-// and moves the stump over the old file.
+// written again. QSettings is not used, because it does not notice when a full disk has cut the new
+// file short, and replaces the old file by it.
 #include "settings/registry_file.h"
 
 #include <QByteArray>
@@ -10,7 +10,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QStandardPaths>
 #include <limits>
 #include <memory>
@@ -21,12 +20,13 @@
 #include "numbers/decimal.h"
 #include "numbers/truncate.h"
 #include "resources/strings.h"
+#include "settings/complete_file.h"
 #include "settings/ini_text.h"
 
 namespace kalvex {
 namespace {
 
-/// A settings file has some two kilobytes; what follows this is not ours.
+/// The most that is read. A settings file has some two kilobytes.
 constexpr qint64 kMostBytes = 1 << 20;
 
 struct FileStamp {
@@ -43,7 +43,7 @@ struct FileStore {
     IniText ini;
     std::set<std::string> created;  ///< sections made in this run, perhaps still empty
     int depth = 0;                  ///< batches that are open
-    std::optional<IniText> before;  ///< what the file has, while memory has more
+    std::optional<IniText> before;  ///< the contents of the file while memory has newer ones
 };
 
 /// The main key is the section [Kalvex], the function keys are [Function1] to [Function9].
@@ -68,20 +68,15 @@ void Refresh(FileStore& store) {
     store.ini = ReadIni({bytes.constData(), static_cast<std::size_t>(bytes.size())});
 }
 
-/// The new file is complete on the disk before it takes the old one's place.
+/// The settings are a file of their own: a device or a pipe at their path is left alone.
 bool Save(const FileStore& store) {
-    const std::string bytes = WriteIni(store.ini);
-    const auto size = static_cast<qint64>(bytes.size());
-    QDir().mkpath(QFileInfo(store.file).absolutePath());
-    QSaveFile file(store.file);
-    if (!file.open(QIODevice::WriteOnly)) return false;
-    const bool complete =
-        file.write(bytes.data(), size) == size && file.flush() && file.size() == size;
-    if (!complete) file.cancelWriting();
-    return file.commit() && complete;
+    const QFileInfo old(store.file);
+    if (old.exists() && !old.isFile()) return false;
+    QDir().mkpath(old.absolutePath());
+    return WriteCompleteFile(store.file, WriteIni(store.ini));
 }
 
-/// Brings the postponed writes into the file, or memory back to what the file has.
+/// Writes the postponed values into the file. When that fails, memory gets the old values back.
 bool Flush(FileStore& store) {
     if (!store.before) return true;
     const bool saved = Save(store);
@@ -112,7 +107,7 @@ std::optional<std::u16string> Read(FileStore& store, std::string_view key, std::
     return held == nullptr ? std::nullopt : std::optional<std::u16string>(held->text);
 }
 
-/// A whole number of 32 bits in plain digits; anything else is no number of this store.
+/// A whole number of 32 bits in decimal digits; nothing for any other text.
 std::optional<std::int32_t> NumberOf(std::u16string_view text) {
     if (text.find_first_not_of(u"-0123456789") != text.npos) return std::nullopt;
     const DecimalPrefix number = ParseDecimalPrefix(text);

@@ -19,6 +19,6 @@ struct MemoryStore {
 };
 
 /// The registry over a store. A write to a key that was not created fails.
-Registry OpenRegistryMemory(const std::shared_ptr<MemoryStore>& store);
+[[nodiscard]] Registry OpenRegistryMemory(const std::shared_ptr<MemoryStore>& store);
 
 }  // namespace kalvex

@@ -13,17 +13,17 @@ namespace kalvex {
 /// Returns whether it did (a first start); false also when the store cannot be written.
 bool CreateDefaultKeys(const Registry& registry);
 
-/// Makes every key that cannot be opened, with what the workspace holds, so that a damaged store is
-/// whole again at the next start and until then does not refuse every store. Fails silently.
+/// Makes every key that cannot be opened, with the values of the workspace. Without them a damaged
+/// store would refuse all later writes. Fails silently.
 void CreateMissingKeys(const Registry& registry, const Workspace& workspace);
 
 /// The three loading steps of the start, in the program's order of calls. A value that cannot be
 /// read gets its default; loading always goes on. `LoadSettings` reads the options and the view,
 /// `LoadFunctionSettings` colours, types and approximation, `LoadFunctionTexts` the lines (and
 /// clears every `selected`). Numbers are taken as stored (`type`, `color`, `approx`, `Wight`,
-/// `TextSize` and `MaxAngle` may hold anything; whoever uses them bounds them), but for flags, of
-/// which any number but 0 is 1, and `Setka`, of which any number but 0, 1, 2 is 1. Bounds of an
-/// axis that are equal or not finite become -10..10.
+/// `TextSize` and `MaxAngle` may be any numbers; their users limit them). Exceptions: a flag is 1
+/// for every number but 0, and `Setka` is 1 for every number but 0, 1 and 2. Bounds of an axis that
+/// are equal or not finite become -10 and 10.
 void LoadFunctionTexts(const Registry& registry, Workspace& workspace, const ShowMessage& show);
 void LoadFunctionSettings(const Registry& registry, Workspace& workspace, const ShowMessage& show);
 void LoadSettings(const Registry& registry, Workspace& workspace, const ShowMessage& show);
@@ -35,7 +35,7 @@ bool StoreView(const Registry& registry, const ViewWindow& view, const Options& 
 bool StoreFunctionSettings(const Registry& registry, const FunctionList& functions);
 
 /// Stores one line's text under `equ` (cut to 50 UTF-16 units). Slot index 0..8.
-bool StoreFunctionText(const Registry& registry, int slot, std::u16string_view text);
+[[nodiscard]] bool StoreFunctionText(const Registry& registry, int slot, std::u16string_view text);
 
 /// Stores the texts of slots 1 to 9; stops at the first failure.
 bool StoreFunctionTexts(const Registry& registry, const EditorLines& lines);

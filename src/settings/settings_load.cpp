@@ -1,7 +1,7 @@
-// One small reader per kind of value, each with its default, so that a damaged store costs only
-// the damaged fields. Two rules decide on the message: a failed key or function number is reported
-// once per run, a failed value of the main key or a real parameter of a function each time until
-// then.
+// Each kind of value has a reader with a default, so only the damaged fields of a store get their
+// defaults. The message about a damaged store follows two rules. A key that cannot be opened and a
+// number of a function key show it and set the flag that suppresses it from then on. A value of the
+// main key and a real parameter of a function show it too, but do not set the flag.
 #include <cmath>
 
 #include "numbers/decimal.h"
@@ -10,6 +10,7 @@
 #include "settings/settings.h"
 #include "settings/settings_names.h"
 #include "workspace/defaults.h"
+#include "workspace/option_rows.h"
 
 namespace kalvex {
 namespace {
@@ -46,37 +47,38 @@ std::int32_t MainNumber(Loader& loader, std::string_view name, std::int32_t fall
     return value.value_or(fallback);
 }
 
-std::uint8_t MainFlag(Loader& loader, std::string_view name, std::uint8_t fallback) {
-    return MainNumber(loader, name, fallback) != 0 ? 1 : 0;
-}
-
 std::int32_t SlotNumber(Loader& loader, std::string_view name, std::int32_t fallback) {
     const auto value = loader.registry.readNumber(loader.key, name);
     if (!value) ReportOnce(loader);
     return value.value_or(fallback);
 }
 
-/// A stored text that is not a number is 0, not the default.
+/// A stored text that is not a number gives 0, not the default.
 double Real(Loader& loader, std::string_view name, double fallback) {
     const auto text = loader.registry.readText(loader.key, name);
     if (!text) ReportValue(loader);
     return text ? ParseDecimalPrefix(*text).value : fallback;
 }
 
+/// A stored number as the option takes it.
+std::int32_t AsLoaded(OptionKind kind, std::int32_t number) {
+    switch (kind) {
+        case OptionKind::Flag:
+            return number != 0 ? 1 : 0;
+        case OptionKind::GridKind:
+            return number >= 0 && number <= 2 ? number : 1;
+        default:
+            return number;
+    }
+}
+
 void LoadOptions(Loader& loader, Options& options) {
-    options.Axex = MainFlag(loader, "Axex", options.Axex);
-    options.ColorText = MainFlag(loader, "ColorText", options.ColorText);
-    options.Diff = MainFlag(loader, "Diff", options.Diff);
-    options.Coord = MainFlag(loader, "Coord", options.Coord);
-    const std::int32_t grid = MainNumber(loader, "Setka", options.Setka);
-    options.Setka = grid >= 0 && grid <= 2 ? static_cast<std::uint8_t>(grid) : std::uint8_t{1};
-    options.Label = MainFlag(loader, "Label", options.Label);
-    options.Screen = MainNumber(loader, "Screen", options.Screen);
-    options.TextSize = MainNumber(loader, "TextSize", options.TextSize);
-    options.InterpolationType = MainNumber(loader, "InterpolationType", options.InterpolationType);
-    options.Wight = MainNumber(loader, "Wight", options.Wight);
-    options.MaxAngle = MainNumber(loader, "MaxAngle", 1);
-    // KEEP: `Resolution` is written but never read; it returns to its built-in value at each start.
+    for (const OptionRow& row : kOptionRows) {
+        // KEEP: `Resolution` is stored but never loaded; it has its built-in value at each start.
+        if (row.kind == OptionKind::WriteOnly || row.kind == OptionKind::Range) continue;
+        const std::int32_t number = MainNumber(loader, row.name, StoredNumberOf(options, row));
+        SetValue(options, row, AsLoaded(row.kind, number));
+    }
 }
 
 void RepairBounds(double& low, double& high) {
@@ -85,7 +87,7 @@ void RepairBounds(double& low, double& high) {
     high = 10.0;
 }
 
-/// A range that draws nothing, and that the Options would refuse to save, is none.
+/// A range that the Options dialog would refuse becomes the default: nothing can be drawn with it.
 void RepairRange(Options& options) {
     const bool finite = std::isfinite(options.MinParam) && std::isfinite(options.MaxParam);
     if (finite && options.MinParam < options.MaxParam) return;
@@ -94,14 +96,12 @@ void RepairRange(Options& options) {
 }
 
 void LoadView(Loader& loader, ViewWindow& view, Options& options) {
-    view.Xmin = Real(loader, "xmin", view.Xmin);  // KEEP: read as `xmin`, written as `Xmin`
-    view.Xmax = Real(loader, "Xmax", view.Xmax);
-    view.Ymin = Real(loader, "Ymin", view.Ymin);
-    view.Ymax = Real(loader, "Ymax", view.Ymax);
-    view.Xfactor = Real(loader, "Xfactor", view.Xfactor);
-    view.Yfactor = Real(loader, "Yfactor", view.Yfactor);
-    options.MinParam = Real(loader, "MinParam", options.MinParam);
-    options.MaxParam = Real(loader, "MaxParam", options.MaxParam);
+    for (const ViewValue& value : kViewValues)
+        view.*value.field = Real(loader, value.loadedAs, view.*value.field);
+    for (const OptionRow& row : kOptionRows) {
+        if (row.kind != OptionKind::Range) continue;
+        SetValue(options, row, Real(loader, row.name, ValueOf(options, row)));
+    }
     RepairBounds(view.Xmin, view.Xmax);
     RepairBounds(view.Ymin, view.Ymax);
     RepairRange(options);
@@ -109,7 +109,8 @@ void LoadView(Loader& loader, ViewWindow& view, Options& options) {
 
 void LoadEntry(Loader& loader, FunctionEntry& entry) {
     entry.color = SlotNumber(loader, "Color", entry.color);  // KEEP: written as `color`
-    entry.type = SlotNumber(loader, "type", entry.type);
+    entry.type = static_cast<EquationType>(
+        SlotNumber(loader, "type", static_cast<std::int32_t>(entry.type)));
     ApproxParameters& method = entry.method;
     for (const auto& whole : kWholeParameters)
         method.*whole.field = SlotNumber(loader, whole.name, method.*whole.field);
@@ -131,7 +132,8 @@ void LoadFunctionTexts(const Registry& registry, Workspace& workspace, const Sho
     for (int slot = 0; slot < kSlotCount; ++slot) {
         const auto index = static_cast<std::size_t>(slot);
         std::u16string line;
-        // A line that cannot be read in a key that opens is empty without a message.
+        // When the key can be opened but the line cannot be read, the line is empty and no message
+        // is shown.
         if (OpenKey(loader, SlotKey(slot))) {
             line = registry.readText(loader.key, "equ").value_or(u"").substr(0, kLineUnits);
         }

@@ -1,20 +1,20 @@
 // Every operation opens an existing key, writes in a fixed order and stops at the first failure.
-// Texts are written with a fixed size of 100 bytes; only what a reader gets back of those is
-// stored, and nothing beyond the text is ever read.
+// A text is written as 100 bytes. Only the part up to its terminating zero is stored here, because
+// a reader gets nothing else back.
 #include <algorithm>
 
 #include "base/encoding.h"
 #include "numbers/decimal.h"
-#include "numbers/truncate.h"
 #include "resources/samples.h"
 #include "settings/examples.h"
 #include "settings/settings.h"
 #include "settings/settings_names.h"
+#include "workspace/option_rows.h"
 
 namespace kalvex {
 namespace {
 
-// KEEP: a text is cut to the 50 units of its fixed write, a line as well as a long number.
+// KEEP: every text, whether a line or a number, is cut to the 50 units of those 100 bytes.
 bool WriteFixed(const Registry& registry, std::string_view key, std::string_view name,
                 std::u16string_view text) {
     text = text.substr(0, kStoredUnits);
@@ -31,11 +31,6 @@ struct NumberValue {
     std::int32_t value;
 };
 
-struct RealValue {
-    std::string_view name;
-    double value;
-};
-
 bool WriteNumbers(const Registry& registry, std::string_view key,
                   std::initializer_list<NumberValue> values) {
     return std::all_of(values.begin(), values.end(), [&](const NumberValue& number) {
@@ -43,40 +38,23 @@ bool WriteNumbers(const Registry& registry, std::string_view key,
     });
 }
 
-bool WriteReals(const Registry& registry, std::string_view key,
-                std::initializer_list<RealValue> values) {
-    return std::all_of(values.begin(), values.end(), [&](const RealValue& real) {
-        return WriteReal(registry, key, real.name, real.value);
+bool WriteOptions(const Registry& registry, const Options& options) {
+    return std::ranges::all_of(kOptionRows, [&](const OptionRow& row) {
+        return row.kind == OptionKind::Range ||
+               registry.writeNumber("", row.name, StoredNumberOf(options, row));
     });
 }
 
-bool WriteOptions(const Registry& registry, const Options& options) {
-    return WriteNumbers(registry, "",
-                        {{"Axex", options.Axex},
-                         {"ColorText", options.ColorText},
-                         {"Diff", options.Diff},
-                         {"Coord", options.Coord},
-                         {"Setka", options.Setka},
-                         {"Label", options.Label},
-                         {"Screen", options.Screen},
-                         {"TextSize", options.TextSize},
-                         {"InterpolationType", options.InterpolationType},
-                         {"Wight", options.Wight},
-                         {"MaxAngle", TruncateToInt32(options.MaxAngle)},
-                         {"Resolution", options.Resolution}});
-}
-
-// KEEP: written as `Xmin`, read as `xmin`.
 bool WriteView(const Registry& registry, const ViewWindow& view, const Options& options) {
-    return WriteReals(registry, "",
-                      {{"Xmin", view.Xmin},
-                       {"Xmax", view.Xmax},
-                       {"Ymin", view.Ymin},
-                       {"Ymax", view.Ymax},
-                       {"Xfactor", view.Xfactor},
-                       {"Yfactor", view.Yfactor},
-                       {"MinParam", options.MinParam},
-                       {"MaxParam", options.MaxParam}});
+    const auto writeValue = [&](const ViewValue& value) {
+        return WriteReal(registry, "", value.storedAs, view.*value.field);
+    };
+    const auto writeRange = [&](const OptionRow& row) {
+        return row.kind != OptionKind::Range ||
+               WriteReal(registry, "", row.name, ValueOf(options, row));
+    };
+    return std::ranges::all_of(kViewValues, writeValue) &&
+           std::ranges::all_of(kOptionRows, writeRange);
 }
 
 bool WriteMethod(const Registry& registry, std::string_view key, const ApproxParameters& method) {
@@ -91,7 +69,9 @@ bool WriteMethod(const Registry& registry, std::string_view key, const ApproxPar
 
 // KEEP: written as `color`, read as `Color`.
 bool WriteEntry(const Registry& registry, std::string_view key, const FunctionEntry& entry) {
-    return WriteNumbers(registry, key, {{"color", entry.color}, {"type", entry.type}}) &&
+    return WriteNumbers(
+               registry, key,
+               {{"color", entry.color}, {"type", static_cast<std::int32_t>(entry.type)}}) &&
            WriteMethod(registry, key, entry.method);
 }
 

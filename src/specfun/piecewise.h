@@ -1,7 +1,7 @@
-// Functions by polynomials on pieces of the positive axis, four to an octave, the value kept in two
-// doubles: constant and linear coefficient are pairs, what follows is below some hundredths of the
-// value, so that its roundings are far below that of the sum. scripts/make-piecewise-coefficients
-// makes the tables.
+// Functions given by polynomials on pieces of the positive axis, four pieces to an octave. The
+// value is a double-double. The constant and the linear coefficient are double-doubles too; the
+// other terms are at most a few hundredths of the value, so that their rounding errors hardly
+// matter. scripts/make-piecewise-coefficients makes the tables.
 #pragma once
 
 #include <bit>
@@ -12,23 +12,26 @@
 
 namespace kalvex::specfun {
 
-/// Rows from the power of two `from` on, one for each piece: the middle, then two pairs and single
-/// coefficients of the powers of the distance from the middle.
+/// One row for each piece, the first piece beginning at `from`, a power of two. A row holds the
+/// middle of the piece, two double-double coefficients, and then single coefficients of the powers
+/// of the distance from the middle.
 template <std::size_t Rows, std::size_t Width>
 struct PiecewiseTable {
     double from;
     double rows[Rows][Width];
 };
 
-/// Which quarter of which octave a positive number is in, counted from a fixed one.
-inline std::size_t PieceOf(double x) {
+/// The number of the quarter of an octave that a positive number lies in. Only differences of such
+/// numbers are meaningful.
+[[nodiscard]] inline std::size_t PieceOf(double x) {
     constexpr int kMantissaBitsBeyondTwo = 50;
     return static_cast<std::size_t>(std::bit_cast<std::uint64_t>(x) >> kMantissaBitsBeyondTwo);
 }
 
-/// c[0] + c[1] h + c[2] h^2 + ..., even and odd powers apart.
+/// c[0] + c[1] h + c[2] h^2 + ..., with the even and the odd powers summed separately, so that the
+/// two sums can run in parallel.
 template <std::size_t Count>
-double InTwoChains(const double* c, double h) {
+[[nodiscard]] double InTwoChains(const double* c, double h) {
     constexpr std::size_t kLast = Count - 1;
     const double square = h * h;
     double even = c[kLast - kLast % 2];
@@ -40,11 +43,11 @@ double InTwoChains(const double* c, double h) {
     return even + h * odd;
 }
 
-/// The function of the table at x.high + x.low, x.high inside the table's range.
+/// The function at x.high + x.low. x.high lies in the range of the table.
 template <std::size_t Rows, std::size_t Width>
-DoubleDouble AtPiece(const PiecewiseTable<Rows, Width>& table, DoubleDouble x) {
+[[nodiscard]] DoubleDouble AtPiece(const PiecewiseTable<Rows, Width>& table, DoubleDouble x) {
     const double(&c)[Width] = table.rows[PieceOf(x.high) - PieceOf(table.from)];
-    const double h = x.high - c[0];  // exact: both in one quarter of an octave
+    const double h = x.high - c[0];  // exact: both lie in one quarter of an octave
     const double curve = InTwoChains<Width - 5>(c + 5, h);
     const double slope = c[3] + h * (2 * c[5] + h * (3 * c[6]));
     const DoubleDouble linear = TwoProduct(h, c[3]);

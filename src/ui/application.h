@@ -50,7 +50,7 @@ void StartApplication(Application& application);
 
 /// Runs a command of the whole program. Both windows hand on to it what they cannot run themselves.
 /// False for a number that is no command, and for a command of the graph before the first Draw.
-bool RunProgramCommand(Application& application, CommandId command);
+[[nodiscard]] bool RunProgramCommand(Application& application, CommandId command);
 
 /// Runs the steps of Draw and, when they succeed, shows the graph window in the editor's place.
 void DrawFunctions(Application& application);
@@ -67,7 +67,7 @@ void ExitApplication(Application& application);
 void EndApplication(Application& application, const ShowMessage& show);
 
 /// The window that the user sees at the moment.
-QWidget* VisibleWindow(const Application& application);
+[[nodiscard]] QWidget* VisibleWindow(const Application& application);
 
 /// Brings that window to the front.
 void RaiseWindow(const Application& application);

@@ -6,6 +6,6 @@
 namespace kalvex {
 
 /// The icon in all its sizes, 16 to 256 pixels. The small sizes show a simpler drawing.
-QIcon ProgramIcon();
+[[nodiscard]] QIcon ProgramIcon();
 
 }  // namespace kalvex

@@ -23,7 +23,7 @@ enum class InstanceAnswer { Start, End };
 /// Whether this program may start. When another one holds the mutex, its window is looked for
 /// twice, 500 ms apart. If the window is found, a beep sounds, the window comes to the front, and
 /// this program ends. If it is not found, this program starts nevertheless.
-InstanceAnswer CheckInstance(const InstanceSteps& steps);
+[[nodiscard]] InstanceAnswer CheckInstance(const InstanceSteps& steps);
 
 /// The mutex and, once the window has been shown, the socket on which later starts find it.
 struct InstanceGuard {
@@ -34,10 +34,10 @@ struct InstanceGuard {
 
 /// The real steps: a lock file (that of a crashed program is recovered) and a local socket, both
 /// in a folder that only this user can enter. `guard` must outlive the steps.
-InstanceSteps RealInstanceSteps(InstanceGuard& guard, const QString& folder);
+[[nodiscard]] InstanceSteps RealInstanceSteps(InstanceGuard& guard, const QString& folder);
 
 /// The user's own runtime folder.
-QString DefaultInstanceFolder();
+[[nodiscard]] QString DefaultInstanceFolder();
 
 /// Opens the socket; `raise` runs whenever a later start connects to it.
 void ListenForStarts(InstanceGuard& guard, const QString& folder, std::function<void()> raise);

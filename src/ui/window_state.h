@@ -18,9 +18,9 @@ struct WindowState {
 };
 
 /// kalvex/window.ini beside the settings.
-QString DefaultWindowStatePath();
+[[nodiscard]] QString DefaultWindowStatePath();
 
-WindowState LoadWindowState(const QString& path);
+[[nodiscard]] WindowState LoadWindowState(const QString& path);
 void SaveWindowState(const QString& path, const WindowState& state);
 
 /// Gives a window the remembered size. Where that does not fit the screen together with a frame,
@@ -32,7 +32,7 @@ void SetFullScreen(QWidget& window, bool on);
 
 /// Whether a window is maximised, or was before it filled the screen (which some window managers
 /// forget).
-bool IsOrWasMaximised(const QWidget& window);
+[[nodiscard]] bool IsOrWasMaximised(const QWidget& window);
 
 /// Stores the present size of a window, and whether it is maximised; the size of a maximised window
 /// is not stored.

@@ -5,7 +5,7 @@ namespace kalvex {
 
 FunctionEntry DefaultEntry(int slot) {
     FunctionEntry entry;
-    entry.type = static_cast<std::int32_t>(EquationType::Decart);
+    entry.type = EquationType::Decart;
     entry.color = slot + 1;
     return entry;
 }

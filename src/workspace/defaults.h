@@ -6,9 +6,9 @@
 namespace kalvex {
 
 /// The entry of a slot (0..8): `Decart` in the slot's own colour, not selected, no text.
-FunctionEntry DefaultEntry(int slot);
+[[nodiscard]] FunctionEntry DefaultEntry(int slot);
 
 /// Default entries and options, empty lines, the view -10..10 with factors 2.
-Workspace DefaultWorkspace();
+[[nodiscard]] Workspace DefaultWorkspace();
 
 }  // namespace kalvex

@@ -45,7 +45,8 @@ struct PointPixel {
 
 /// One function line. Compiled forms: index 0 is the expression (of `Parametric`: X), 1 is Y.
 struct FunctionEntry {
-    std::int32_t type = 0;   ///< an EquationType as stored; other numbers are kept, never drawn
+    /// Any stored number is kept; one that is no EquationType is never drawn.
+    EquationType type = EquationType::None;
     std::int32_t color = 0;  ///< 1..9, index into the colour table
     std::u16string text;     ///< the line as typed; of a File its name without the path
     std::u16string workingText;
@@ -93,7 +94,7 @@ inline constexpr std::array<NamedColor, 9> kColorTable = {{
 }};
 
 /// The colour of an index 1..9; black for any other index.
-constexpr Rgb ColorOf(std::int32_t color) {
+[[nodiscard]] constexpr Rgb ColorOf(std::int32_t color) {
     return color >= 1 && color <= 9 ? kColorTable[static_cast<std::size_t>(color - 1)].rgb : Rgb{};
 }
 

@@ -8,8 +8,8 @@
 
 namespace kalvex {
 
-std::u16string_view LabelOf(std::int32_t type) {
-    switch (static_cast<EquationType>(type)) {
+std::u16string_view LabelOf(EquationType type) {
+    switch (type) {
         case EquationType::Polar:
             return Text(StringId::LabelPolar);
         case EquationType::Parametric:

@@ -9,19 +9,19 @@
 namespace kalvex {
 
 /// The label of an equation type (" r(x)=", " Y(x)=", ...); " Y(x)=" for any other number.
-std::u16string_view LabelOf(std::int32_t type);
+[[nodiscard]] std::u16string_view LabelOf(EquationType type);
 
 /// Toggles `selected`.
 void ToggleSelected(FunctionEntry& entry);
 
 void UnselectAll(FunctionList& functions);
 
-bool AnySelected(const FunctionList& functions);
+[[nodiscard]] bool AnySelected(const FunctionList& functions);
 
 /// Prepares one line for drawing: copies the text and, when the line is selected, normalises,
-/// checks and compiles its expressions. Messages go to `show`; false after one.
-bool PrepareFunction(FunctionEntry& entry, int slot, std::u16string_view line,
-                     const ShowMessage& show);
+/// checks and compiles its expressions. Shows a message and returns false when that fails.
+[[nodiscard]] bool PrepareFunction(FunctionEntry& entry, int slot, std::u16string_view line,
+                                   const ShowMessage& show);
 
 /// Releases texts, compiled forms, points and samples of every slot.
 void ReleaseFunctions(FunctionList& functions);

@@ -26,13 +26,13 @@ struct Options {
 inline constexpr std::int32_t kWidestPen = 64;     ///< largest `Wight` that is drawn
 inline constexpr std::int32_t kTallestText = 200;  ///< largest `TextSize` that is drawn
 
-/// `Wight` as it may be drawn, 1 to kWidestPen pixels. The store keeps any number.
-constexpr std::int32_t PenWidthOf(const Options& options) {
+/// The width of the pen for `Wight`, 1 to kWidestPen pixels. The stored number may be any.
+[[nodiscard]] constexpr std::int32_t PenWidthOf(const Options& options) {
     return std::clamp<std::int32_t>(options.Wight, 1, kWidestPen);
 }
 
-/// `TextSize` as it may be drawn, 1 to kTallestText pixels. The store keeps any number.
-constexpr std::int32_t TextHeightOf(const Options& options) {
+/// The height of the texts for `TextSize`, 1 to kTallestText pixels. The stored number may be any.
+[[nodiscard]] constexpr std::int32_t TextHeightOf(const Options& options) {
     return std::clamp<std::int32_t>(options.TextSize, 1, kTallestText);
 }
 

@@ -34,7 +34,7 @@ bool CompileImplicit(FunctionEntry& entry, int slot, const ShowMessage& show) {
                            entry.compiled[0], show);
 }
 
-// KEEP: Y comes first; when both halves are wrong, its message is the one that is shown.
+// KEEP: Y is compiled first, so when both expressions are wrong the message is about Y.
 bool CompileParametric(FunctionEntry& entry, int slot, const ShowMessage& show) {
     const std::size_t split = entry.text.find(u';');
     if (split == entry.text.npos) {
@@ -48,7 +48,7 @@ bool CompileParametric(FunctionEntry& entry, int slot, const ShowMessage& show) 
 }
 
 bool CompileSelected(FunctionEntry& entry, int slot, const ShowMessage& show) {
-    switch (static_cast<EquationType>(entry.type)) {
+    switch (entry.type) {
         case EquationType::Polar:
         case EquationType::Decart:
             return CompileExplicit(entry, slot, entry.workingText, entry.compiled[0], show);
@@ -68,8 +68,8 @@ bool PrepareFunction(FunctionEntry& entry, int slot, std::u16string_view line,
     entry.text = line;
     entry.workingText = line;
     if (entry.selected == 1 && !CompileSelected(entry, slot, show)) return false;
-    if (entry.type == static_cast<std::int32_t>(EquationType::File)) {
-        // Paths of a desktop have slashes; a name never holds either sign.
+    if (entry.type == EquationType::File) {
+        // A desktop separates folders by slashes. No name holds a slash or a backslash.
         const std::size_t last = entry.workingText.find_last_of(u"\\/");
         if (last != entry.workingText.npos) entry.text = entry.workingText.substr(last + 1);
     }

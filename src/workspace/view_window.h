@@ -3,7 +3,7 @@
 
 namespace kalvex {
 
-/// The first four and the last two fields are derived by LayoutViewport from the others.
+/// LayoutViewport computes the first four and the last two fields from the others.
 struct ViewWindow {
     double OriginX = 0.0;  ///< logical pixel column of world x = 0, fractional
     double OriginY = 0.0;  ///< logical pixel row of world y = 0

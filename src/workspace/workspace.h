@@ -12,7 +12,7 @@ struct Workspace {
     EditorLines lines;
     ViewWindow view;
     Options options;
-    bool registryErrorShown = false;  ///< the once-per-run flag of the registry message
+    bool registryErrorShown = false;  ///< the registry message has been shown in this run
 };
 
 }  // namespace kalvex

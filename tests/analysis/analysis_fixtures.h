@@ -22,7 +22,7 @@ inline CurveSample At(double x, double y, std::int32_t row = 0, std::int32_t sta
 inline FunctionEntry EntryOf(std::vector<CurveSample> samples,
                              EquationType type = EquationType::Decart) {
     FunctionEntry entry;
-    entry.type = static_cast<std::int32_t>(type);
+    entry.type = type;
     entry.samples = std::move(samples);
     return entry;
 }
@@ -54,7 +54,7 @@ inline DrawnLine Draw(EquationType type, std::u16string_view text, const Window&
                       std::u16string_view yText = {}) {
     DrawnLine drawn;
     FunctionEntry& entry = drawn.functions[0];
-    entry.type = static_cast<std::int32_t>(type);
+    entry.type = type;
     entry.color = 1;
     entry.selected = 1;
     entry.text = text;

@@ -189,7 +189,7 @@ TEST(Analysis, MeanValue) {
         double mean;
     } rows[] = {
         {{At(0, 8)}, 0},
-        {{At(0, 8), At(1, 8)}, 4},  // one pair over two samples
+        {{At(0, 8), At(1, 8)}, 4},  // the sum has one pair, the divisor is two samples
         {{At(0, 8), At(1, 8), At(5, 8), At(9, 8)}, 6},
         {{At(0, 8), At(1, 8, 0, 2), At(2, 8), At(3, 4)}, 1.5},
         {{At(0, 8, 0, 2), At(1, 8), At(2, 8), At(3, 8, 0, 2)}, 2},

@@ -91,7 +91,7 @@ inline double Integral(const Samples& samples) {
 }
 
 inline std::pair<double, double> Interval(const FunctionEntry& entry, const ViewWindow& view) {
-    const bool alongX = entry.type != 1 && entry.type != 3;
+    const bool alongX = entry.type != EquationType::Polar && entry.type != EquationType::Parametric;
     if (alongX) return {view.Xmin, view.Xmax};
     const auto less = [](const CurveSample& one, const CurveSample& other) {
         return one.x < other.x;

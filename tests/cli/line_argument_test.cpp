@@ -26,7 +26,7 @@ TEST(ParseLineArgument, ReadsTypeSettingsAndText) {
     for (const auto& row : rows) {
         const LineArgument result = ParseLineArgument(row.argument, 4);
         EXPECT_EQ(result.error, "") << row.argument;
-        EXPECT_EQ(result.entry.type, row.type) << row.argument;
+        EXPECT_EQ(static_cast<int>(result.entry.type), row.type) << row.argument;
         EXPECT_EQ(result.entry.color, row.color) << row.argument;
         EXPECT_EQ(result.entry.selected, 1) << row.argument;
         EXPECT_EQ(result.line, row.line) << row.argument;

@@ -33,7 +33,7 @@ TEST(PointTool, PrintsThePointsOfAFile) {
     EXPECT_EQ(ReadFile(bad.folder.PathOf("a.png")), "");
 }
 
-// A name is bytes: every subcommand opens what the caller typed, whatever it means as text.
+// A file name is a sequence of bytes and need not be UTF-8. Every subcommand opens it as given.
 TEST(PointTool, OpensAFileWhoseNameIsNotUtf8) {
     const TemporaryFolder folder;
     const std::string path = folder.PathOf(

@@ -343,7 +343,7 @@ TEST(Tool, WritesTheDrawingRecordsAsText) {
               "polyline\tcurve\t1\t#ff0000\t1\t0,2 1,2 2,2 4,2\n"
               "text\tname\t1\t#ff0000\t-\t5,5\t14\t\xd0\xb6.tx\n");
     EXPECT_EQ(RunTool({"draw", "-o", folder.PathOf("a.jpg"), "decart:x"}).err,
-              "-o: a name that ends in .bmp, .png, .svg, .pdf or .txt expected\n"
+              "-o: a name that ends in .png, .svg, .pdf, .bmp or .txt expected\n"
               "Run with --help for more information.\n");
 }
 

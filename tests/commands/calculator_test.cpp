@@ -13,7 +13,7 @@ namespace {
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
 
-// KEEP rows: 1e30 and everything else beyond 32 bits is the nearest whole number of 32 bits.
+// KEEP: whole numbers beyond 32 bits, 1e30 included, are shown as the nearest 32-bit integer.
 TEST(ResultText, IsWholeOrHasSixDecimals) {
     const struct {
         double value;

@@ -14,7 +14,7 @@ TEST(PrepareFunctions, StoresEveryLineAsTyped) {
     EditorLines lines;
     for (std::size_t i = 0; i < 9; ++i)
         lines[i] = std::u16string(i, u'x');
-    functions[8].type = 4;
+    functions[8].type = EquationType::File;
     functions[8].selected = 1;
     lines[8] = u"\\My Documents\\data.txt";
     const FaultyRegistry faulty = MakeFilledRegistry();
@@ -48,7 +48,7 @@ TEST(PrepareFunctions, EndsSilentlyWhenALineCannotBeStored) {
     for (int slot = 1; slot <= 9; ++slot) {
         for (const char* operation : {"open ", "writeText "}) {
             FunctionList functions = DefaultWorkspace().functions;
-            functions[8].selected = 1;  // empty: would show a box
+            functions[8].selected = 1;  // an empty selected line: checking it would show a box
             const FaultyRegistry faulty = MakeFilledRegistry();
             const std::string key = std::to_string(slot) + "/";
             const bool opening = operation == std::string("open ");

@@ -32,7 +32,7 @@ TEST(EditorCommands, Types) {
         EXPECT_EQ(bench.Run(8, static_cast<CommandId>(number)),
                   number == 32910 ? EditorStep::ChoosePointFile : EditorStep::ShowLines)
             << number;
-        EXPECT_EQ(bench.workspace.functions[8].type, type);
+        EXPECT_EQ(static_cast<int>(bench.workspace.functions[8].type), type);
     }
 }
 
@@ -86,7 +86,7 @@ TEST(EditorCommands, WithoutALineNothingChanges) {
     }
     for (const FunctionEntry& entry : bench.workspace.functions) {
         EXPECT_EQ(entry.color, 0);
-        EXPECT_EQ(entry.type, 0);
+        EXPECT_EQ(entry.type, EquationType::None);
         EXPECT_EQ(entry.method.approx, 0);
         EXPECT_FALSE(entry.selected);
     }

@@ -55,23 +55,23 @@ TEST(UpdateMainMenu, ChecksColourTypeAndMethod) {
     EXPECT_EQ(Checked(StateFor(functions, {0, false, u""})),
               (Ids{CommandId::Red, CommandId::Decart, CommandId::LeastSquares}));
     functions[2].color = 9;
-    functions[2].type = 5;
+    functions[2].type = EquationType::Implicit;
     functions[2].method.approx = 12;
     EXPECT_EQ(Checked(StateFor(functions, {2, false, u""})),
               (Ids{CommandId::Great, CommandId::Lagrange, CommandId::Implicit}));
     functions[2].color = 77;
-    functions[2].type = 0;
+    functions[2].type = EquationType::None;
     functions[2].method.approx = std::numeric_limits<std::int32_t>::min();
     EXPECT_EQ(Checked(StateFor(functions, {2, false, u""})), Ids{});
     functions[2].color = std::numeric_limits<std::int32_t>::min();
-    functions[2].type = 4;
+    functions[2].type = EquationType::File;
     EXPECT_EQ(Checked(StateFor(functions, {2, false, u""})), Ids{CommandId::File});
 }
 
 TEST(UpdateMainMenu, OffersTheMethodsToAFileLineOnly) {
     FunctionList functions = DefaultWorkspace().functions;
     for (std::int32_t type = 0; type <= 6; ++type) {
-        functions[0].type = type;
+        functions[0].type = static_cast<EquationType>(type);
         EXPECT_EQ(StateFor(functions, {0, false, u""})[CommandId::ApproxTypeMenu].visible,
                   type == 4);
     }
@@ -85,11 +85,11 @@ TEST(UpdateMainMenu, OffersFileOnThePocketPcOnly) {
 
 TEST(UpdateMainMenu, WithoutFocusTouchesTwoEntriesOnly) {
     FunctionList functions = DefaultWorkspace().functions;
-    functions[1].type = 4;
+    functions[1].type = EquationType::File;
     functions[1].selected = 1;
     const MainMenuState before = StateFor(functions, {1, false, u"PocketPC"});
     UnselectAll(functions);
-    functions[1].type = 1;
+    functions[1].type = EquationType::Polar;
     functions[1].color = 5;
     for (const std::optional<int> nowhere : {std::optional<int>{}, {-1}, {9}}) {
         MainMenuState menu = before;
@@ -104,7 +104,7 @@ TEST(UpdateMainMenu, WithoutFocusTouchesTwoEntriesOnly) {
 
 TEST(InitialMainMenu, HidesTheMethods) {
     FunctionList functions = DefaultWorkspace().functions;
-    functions[0].type = 4;
+    functions[0].type = EquationType::File;
     const MainMenuState menu = StateFor(functions, {0, false, u"PocketPC"});
     EXPECT_FALSE(InitialMainMenu()[CommandId::ApproxTypeMenu].visible);
     for (const auto& [id, state] : menu) {

@@ -152,7 +152,7 @@ TEST(Checker, TakesTextsOfAnyLength) {
     EXPECT_EQ(CheckExpression(std::u16string(1000000, u'7'), CheckMode::OneVariable).code, 0);
 }
 
-// An independent check: the rules once more, each written as directly as it can be said.
+// A second, independent implementation of the rules: slow, but each rule as directly as possible.
 constexpr std::u16string_view kSigns = u"+-/*^,";
 
 bool Among(char16_t c, std::u16string_view set) {

@@ -17,7 +17,7 @@ namespace {
 
 constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
 
-/// Equal bits, all not-a-numbers being one.
+/// Whether two values have the same bits; all not-a-numbers count as equal.
 bool SameDouble(double a, double b) {
     return (std::isnan(a) && std::isnan(b)) || std::memcmp(&a, &b, sizeof a) == 0;
 }
@@ -252,7 +252,7 @@ TEST(EvaluateExpression, KeepsTheCodeOfTheFirstFailure) {
 TEST(EvaluateExpression, LeavesAnEarlierErrorAlone) {
     const CompiledExpression expression = CompileExpression(u"1/x");
     EvalError = 17;
-    EvaluateExpression(expression, 0.0);
+    static_cast<void>(EvaluateExpression(expression, 0.0));
     EXPECT_EQ(EvalError, 17);
     EvalError = 0;
 }
@@ -337,7 +337,7 @@ TEST(Power, IsRoundedWellForIntegralExponents) {
         const CompiledExpression expression = CompileExpression(text);
         for (int i = 0; i < 500; ++i) {
             const double x = bases(generator);
-            // 64 bits of the x87 format: its own error is far below one double unit.
+            // The format of the x87 has 64 bits: its error is far below one unit of a double.
             long double exact = 1.0L;
             for (int k = 0; k < std::abs(n); ++k)
                 exact *= x;
@@ -351,7 +351,7 @@ TEST(Power, IsRoundedWellForIntegralExponents) {
     }
 }
 
-// Bases whose powers lie inside, just beyond and far beyond the range of a double.
+// Bases whose powers lie inside the range of a double, just outside and far outside.
 TEST(Power, KeepsItsSenseAtTheEndsOfTheRange) {
     for (const int n : {-100, -21, -20, -7, -3, -2, -1, 2, 3, 4, 5, 7, 8, 16, 20, 21, 60, 1024}) {
         const std::u16string text =

@@ -123,7 +123,7 @@ TEST(FunctionTable, ComputesEveryFunctionByNumber) {
     }
 }
 
-/// Bounds that hold both ends of the double's range now and then.
+/// Bounds of very different widths, some of them nearly as wide as the range of a double.
 Bounds RandomBounds(std::mt19937& random) {
     std::uniform_real_distribution<double> magnitude(-20.0, 20.0);
     const double scales[] = {1e-300, 0.01, 1.0, 1e3, 1e300};
@@ -133,7 +133,7 @@ Bounds RandomBounds(std::mt19937& random) {
     return {std::min(a, b), std::max(a, b)};
 }
 
-/// A value of the interval: an end, or anything between.
+/// A value in the interval: its ends for the first two lanes, a random one for the others.
 double Within(const Bounds& bounds, std::size_t lane, std::mt19937& random) {
     if (lane == 0) return bounds.low;
     if (lane == 1) return bounds.high;
@@ -166,7 +166,7 @@ void ExpectWithinBounds(FunctionNumber number, std::mt19937& random) {
     });
 }
 
-// A new interval form is tested by standing in its row.
+// A new interval form is tested as soon as it stands in its row.
 TEST(FunctionTable, BoundsEveryComputedValue) {
     int bounded = 0;
     for (const FunctionNumber number : EveryFunction()) {
@@ -187,18 +187,16 @@ void CollectInserted(const Menu& menu, std::set<std::u16string>& names) {
     }
 }
 
-// The popup of an edit line offers every function of one argument but three, and one name that the
-// language does not know.
+// What the popup of an edit line inserts is a function of one argument. One name is not: the menu
+// offers it although the language does not know it.
 TEST(FunctionTable, HasTheFunctionsOfTheEditPopup) {
     std::set<std::u16string> offered;
     CollectInserted(EditPopup(), offered);
-    std::set<std::u16string> expected = {u"ctg"};
+    EXPECT_EQ(offered.erase(u"ctg"), 1U);
     for (const FunctionName& function : kFunctionNames) {
-        if (function.arity == 1) expected.insert(std::u16string(function.name));
+        if (function.arity == 1) offered.erase(std::u16string(function.name));
     }
-    for (const char16_t* const name : {u"ln", u"lg", u"exp"})
-        expected.erase(name);
-    EXPECT_EQ(offered, expected);
+    EXPECT_TRUE(offered.empty()) << ToUtf8(*offered.begin());
 }
 
 }  // namespace

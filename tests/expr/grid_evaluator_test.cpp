@@ -24,7 +24,8 @@ void ExpectRowLikePoints(const CompiledExpression& expression, Grid& grid,
             EvalError = 0;
             double expected = EvaluateExpression(expression, xs[first + i], kOrdinates[row]);
             if (EvalError != 0) expected = UndefinedValue;
-            // Equality takes the two zeros for one; nothing else with other bits is equal.
+            // A zero may have the other sign; == treats the two zeros as equal, and no other values
+            // that differ in a bit.
             const bool same =
                 values[i] == expected || (std::isnan(values[i]) && std::isnan(expected));
             ASSERT_TRUE(same) << " at (" << xs[first + i] << ", " << kOrdinates[row]
@@ -33,7 +34,7 @@ void ExpectRowLikePoints(const CompiledExpression& expression, Grid& grid,
     }
 }
 
-/// Each value lies in the bounds of its tile, where there are any.
+/// Checks that every value lies within the bounds of its tile, if the tile has bounds.
 void ExpectBoundsHold(Grid& grid, const std::vector<double>& xs) {
     std::vector<double> values(xs.size() + 8);
     for (std::size_t first = 0; first < kOrdinates.size(); ++first) {

@@ -10,7 +10,7 @@
 
 namespace kalvex::testing_support {
 
-/// A call over arrays of any length, the second operand of the same length or missing.
+/// Results of a kernel for arrays of any length. The second operand may be left out.
 inline std::vector<double> Compute(const KernelTable& table, OpCode op, std::vector<double> a,
                                    std::vector<double> b = {}, int immediate = 0) {
     const std::size_t wanted = a.size();

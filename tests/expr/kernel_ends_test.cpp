@@ -1,5 +1,6 @@
-// Kernels next to the ends of the range: the last finite value and the first infinite one, by every
-// table, and equal bits where two tables have fused multiply-add. Expected values by mpmath.
+// Kernels next to the ends of the double's range: every table must have the right last finite and
+// first infinite value, and tables with fused multiply-add must agree in every bit. The expected
+// values were computed with mpmath.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -19,7 +20,8 @@ using testing_support::ForEachTable;
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
-/// Distance in units of the larger magnitude; 0 for equal values, infinite ones too.
+/// Distance in units in the last place of the larger value; 0 for equal values, equal infinities
+/// included.
 double Units(double a, double b) {
     if (a == b) return 0.0;
     const double magnitude = std::max(std::fabs(a), std::fabs(b));
@@ -125,8 +127,8 @@ TEST(KernelEnds, OfPowers) {
     });
 }
 
-/// The largest double whose n-th power, rounded, is finite: n ln x below the logarithm of
-/// 2^1024 (1 - 2^-54), decided with 31 digits.
+/// The largest double whose n-th power rounds to a finite value: n ln x is below the logarithm of
+/// 2^1024 (1 - 2^-54). The logarithms are compared with 31 digits.
 double LargestBase(int n) {
     const DoubleDouble limit = kLn2 * 1024.0 - 0x1p-54;
     const auto excess = [&limit, n](double x) {
@@ -182,7 +184,7 @@ TEST(KernelEnds, OfIntegralPowersHaveTheirDigits) {
     });
 }
 
-/// Arguments where a kernel takes another way, among ordinary ones.
+/// Ordinary arguments, and among them some for which a kernel uses another method.
 std::vector<double> Ends(OpCode op, std::mt19937_64& generator) {
     std::uniform_real_distribution<double> part(0.0, 1.0);
     std::vector<double> xs(2048);
@@ -206,7 +208,8 @@ void ExpectSameBits(const std::vector<double>& a, const std::vector<double>& b,
     }
 }
 
-/// Every lane alone, and every other table with fused multiply-add.
+/// The result of a whole array against that of each lane alone, and against every other table with
+/// fused multiply-add.
 void ExpectEqualBits(OpCode op, const std::vector<double>& a, const std::vector<double>& b,
                      const char* name) {
     const KernelTables available = AvailableKernelTables();

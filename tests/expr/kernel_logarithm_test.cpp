@@ -1,4 +1,4 @@
-// The logarithm to any base, rounded once: exact where it can be.
+// The logarithm to any base is rounded once, so it is exact wherever a double can hold the value.
 #include <gtest/gtest.h>
 
 #include <cmath>

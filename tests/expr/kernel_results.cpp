@@ -25,7 +25,8 @@ std::uint64_t Mixed(std::uint64_t hash, std::uint64_t word) {
     return hash;
 }
 
-/// Evenly spread, of every size, and the ends of the functions' ranges.
+/// Arguments: evenly spread ones, random ones of every magnitude, and the ends of the ranges in
+/// which the functions are finite.
 std::vector<double> Arguments() {
     constexpr double kInfinity = std::numeric_limits<double>::infinity();
     constexpr int kOfEverySize = 2000;

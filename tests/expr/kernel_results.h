@@ -1,5 +1,5 @@
-// The bits of the kernels over a large corpus, as one number for each expression: with them
-// machines of different kinds are compared, which never meet in one program.
+// The results of the kernels over a large corpus, as one hash for each expression. The hashes of
+// different kinds of processors are compared through a file, since no single run can use both.
 #pragma once
 
 #include <cstdint>
@@ -18,8 +18,8 @@ struct KernelResult {
 /// The expressions of the corpus: each array operation alone, then random ones.
 std::vector<std::string> KernelCorpus();
 
-/// Of all values and codes of the expression over some thousand arguments. All not-a-numbers count
-/// as one, because processors give them different signs.
+/// The hash of all values and error codes of the expression over some thousand arguments. All
+/// not-a-numbers count as equal, because processors give them different signs.
 std::uint64_t HashOfResults(const std::string& text, const KernelTable& kernels);
 
 /// tests/data/kernel_results.tsv, made by scripts/make-kernel-results with AVX2.

@@ -91,7 +91,7 @@ TEST(KernelTables, AgreeInTheBaselineButForTheLastPlaces) {
         const Results base = EvaluateWith(Widen(text), *available.tables[available.count - 1], xs);
         for (std::size_t k = 0; k < xs.size(); ++k) {
             ASSERT_EQ(best.errors[k], base.errors[k]) << text << " at " << xs[k];
-            // Each side is within one unit (SLEEF's promise for both families).
+            // SLEEF promises errors of at most one unit for both families.
             ASSERT_LE(Distance(best.values[k], base.values[k]), 2.0)
                 << text << " at " << xs[k] << ": " << best.values[k] << ", " << base.values[k];
         }
@@ -134,7 +134,7 @@ TEST(KernelTables, StayCloseToTheCLibrary) {
             const double expected = row.reference != nullptr ? row.reference(xs[k])
                                     : row.text[0] == 'l'     ? std::log(std::fabs(xs[k]) + 1)
                                                              : std::acos(xs[k] / 7);
-            // SLEEF within 1.0, glibc within 2 units (its tanh is the worst of these).
+            // SLEEF is within 1 unit, glibc within 2; its tanh is the least accurate of these.
             EXPECT_LE(Distance(results.values[k], expected), 3.0) << row.text << " at " << xs[k];
         }
     }

@@ -1,4 +1,4 @@
-// Functions without an array form: which lanes are computed, and which are copies.
+// Functions without a kernel: which lanes are computed, and which are copies of others.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -31,7 +31,7 @@ Lanes RunOver(FunctionNumber function, const std::vector<Source>& sources, std::
 }
 
 TEST(RunLaneByLane, CopiesTheLastWantedLaneIntoThePadding) {
-    // Psi fails at the whole numbers below 1: in the padding nobody may notice.
+    // Psi fails at 0 and the negative integers. A failure in the padding must not be reported.
     for (std::size_t padding = 0; padding < kPaddedLanes; ++padding) {
         std::vector<double> xs(kCount, -3.0);
         const std::size_t wanted = kCount - padding;

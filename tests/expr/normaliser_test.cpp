@@ -90,7 +90,7 @@ TEST(Normaliser, ShowsNothingForOtherProducts) {
     EXPECT_EQ(ToUtf8(text), "2*x*(3*sin(x)+x)");
 }
 
-// The definition taken literally: scans that insert in place and measure the text again.
+// The definition taken literally: scans that insert characters in place.
 bool IsDigit(char16_t c) {
     return c >= u'0' && c <= u'9';
 }
@@ -147,7 +147,8 @@ TEST(Normaliser, AgreesWithTheLiteralScan) {
 }
 
 TEST(Normaliser, IsLinearInTheLength) {
-    // A million insertions: moving the rest of the text at each would take minutes.
+    // A million insertions. An implementation that moves the rest of the text each time takes
+    // minutes.
     std::u16string text;
     for (int i = 0; i < 1000000; ++i)
         text += u"2x";

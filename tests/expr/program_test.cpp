@@ -134,12 +134,12 @@ TEST(Program, MergesAProductIntoTheSumThatUsesIt) {
         {u"x-x*y", "r0 = x - x * y; value = r0"},
         {u"x^2+y", "r0 = x * x + y; value = r0"},
         {u"2*x+1", "r0 = 2 * x + 1; value = r0"},
-        // Of two products only the one computed last.
+        // Only the last one of two products.
         {u"x*y+2*x", "r0 = x * y; r0 = 2 * x + r0; value = r0"},
-        // A product that something else follows before the sum.
+        // Something else is computed between the product and the sum.
         {u"x*y+sin(x)", "r0 = x * y; r1 = sin(x); r0 = r0 + r1; value = r0"},
         {u"sin(x)*y+x", "r0 = sin(x); r0 = r0 * y + x; value = r0"},
-        // No product.
+        // There is no product.
         {u"x/y+x", "r0 = x / y; r0 = r0 + x; value = r0"},
         {u"(x+y)*x", "r0 = x + y; r0 = r0 * x; value = r0"},
     };
@@ -157,10 +157,10 @@ TEST(Program, MergesANumberAddedToAMergedProduct) {
         // The number stands on the left of a difference, or what is added is no number.
         {u"5-(x*y+x)", "r0 = x * y + x; r0 = 5 - r0; value = r0"},
         {u"(x*y+x)+y", "r0 = x * y + x; r0 = r0 + y; value = r0"},
-        // One number only.
+        // Only one number.
         {u"((x*y+x)+5)+sin(x)", "r0 = (x * y + x) + 5; r1 = sin(x); r0 = r0 + r1; value = r0"},
         {u"((x*y+x)+5)+6", "r0 = (x * y + x) + 5; r0 = r0 + 6; value = r0"},
-        // No product in the sum.
+        // There is no product in the sum.
         {u"(x+y)+5", "r0 = x + y; r0 = r0 + 5; value = r0"},
     };
     for (const Row& row : rows)
@@ -183,12 +183,12 @@ TEST(Program, MergesAPowerIntoATerm) {
         {u"2*x^21+x", "r0 = x ^ 21; r0 = 2 * r0 + x; value = r0"},
         {u"2*(x+1)^2+x", "r0 = x + 1; r0 = r0 ^ 2; r0 = 2 * r0 + x; value = r0"},
         {u"x^(0-3)+x", "r0 = x ^ -3; r0 = r0 + x; value = r0"},
-        // Base and rest are arrays; the factor is a number.
+        // Base or rest is no array, or the factor is no number.
         {u"2*x^3+1", "r0 = x ^ 3; r0 = 2 * r0 + 1; value = r0"},
         {u"x^3+y", "r0 = x ^ 3; r0 = r0 + y; value = r0"},
         {u"y^3+x", "r0 = y ^ 3; r0 = r0 + x; value = r0"},
         {u"y*x^3+x", "r0 = x ^ 3; r0 = y * r0 + x; value = r0"},
-        // What is subtracted is the rest, not the power.
+        // The rest is subtracted, not the power.
         {u"2*x^3-x", "r0 = x ^ 3; r0 = 2 * r0 - x; value = r0"},
         {u"x^3-x", "r0 = x ^ 3; r0 = r0 - x; value = r0"},
         {u"x-x^3", "r0 = x ^ 3; r0 = x - r0; value = r0"},
@@ -236,10 +236,10 @@ TEST(GridPlan, ComputesOnceWhatOneVariableDecides) {
          "r0 = x * x; X1 = r0; r0 = x * y; r0 = sin(r0); r0 = r0 + X1; value = r0"},
         // In the parts y is an array, so that its powers merge as those of x do.
         {u"x+(2*y^3+y)", "r0 = 2 * y ^ 3 + y; Y1 = r0; r0 = x + Y1; value = r0"},
-        // A part has no part: the largest ones are taken.
+        // The largest sub-tree of one variable is the part, nothing inside it.
         {u"sin(cos(x)+1)*y",
          "r0 = cos(x); r0 = r0 + 1; r0 = sin(r0); X1 = r0; r0 = X1 * y; value = r0"},
-        // An operation on numbers alone that fails.
+        // An operation on numbers that fails counts as a part of y.
         {u"x*y+1/0", "r0 = 1 / 0; Y1 = r0; r0 = x * y + Y1; value = r0"},
         {u"sin(x)", "r0 = sin(x); X1 = r0; value = X1"},
         {u"sin(y)", "r0 = sin(y); Y1 = r0; value = Y1"},

@@ -17,7 +17,7 @@ inline std::string RandomLeaf(Generator& generator, bool withY) {
     return kLeaves[Below(generator, withY ? 8 : 7)];
 }
 
-/// Sums, differences, products and quotients with brackets.
+/// An expression of sums, differences, products, quotients and brackets.
 inline std::string RandomArithmetic(Generator& generator, int depth, bool withY) {
     if (depth == 0) return RandomLeaf(generator, withY);
     std::string text;
@@ -30,7 +30,7 @@ inline std::string RandomArithmetic(Generator& generator, int depth, bool withY)
     return text;
 }
 
-/// The same with one-argument functions and powers.
+/// An expression that also has powers and functions of one argument.
 inline std::string RandomExpression(Generator& generator, int depth, bool withY) {
     static const char* const kFunctions[] = {"sin", "cos",  "tg",  "ln",   "lg",   "sh",
                                              "ch",  "th",   "exp", "acos", "asin", "atg",

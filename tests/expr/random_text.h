@@ -1,5 +1,5 @@
-// Random texts in the vocabulary of the expression language: nearly right ones, so that every rule
-// is reached.
+// Random texts from the vocabulary of the expression language. Many are nearly correct, so that
+// even the last rules of the check are reached.
 #pragma once
 
 #include <array>

@@ -41,7 +41,7 @@ inline std::size_t FirstOutside(const std::string& text, char op) {
 
 inline Value Evaluate(const std::string& text, double x, double y);
 
-/// The rest of a run of `op`, whose operators count as `companion`.
+/// Value of the rest of a run of `op`, in which every operator acts as `companion`.
 inline Value Rest(const std::string& text, char op, char companion, double x, double y) {
     const std::size_t at = FirstOutside(text, op);
     if (at == std::string::npos) return Evaluate(text, x, y);

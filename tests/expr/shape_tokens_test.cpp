@@ -89,7 +89,8 @@ TEST(ShapeTokens, JudgesShapes) {
         EXPECT_EQ(CheckCommaPlacement(row.text), row.good) << ToUtf8(row.text);
 }
 
-// The reduction with deleted entries and compaction, restarted at the first token.
+// A second implementation of the reduction: it marks consumed tokens as deleted, closes the gaps
+// and starts again at the first token.
 constexpr int kEnd = -99;
 constexpr int kDeleted = -100;
 

@@ -77,14 +77,14 @@ TEST(AutoZoom, TakesTheExtremesOfTheCaches) {
         {{{10, 20}}, 10 * 1.1, 20 * 1.1},
         {{{-20, -10}}, -20 * 1.1, -10 * 1.1},
         {{{5, 5}}, 5 * 1.1, 5 * 1.1},
-        // The limits themselves are no excess.
+        // Values exactly at the limits -131 and 131 are accepted.
         {{{-131, 131}}, -131 * 1.1, 131 * 1.1},
         {{{0, 1}, {-131, 131}}, 1 * -0.1, 1 * 1.1},
-        // Undefined values count for nothing, first or later.
+        // Undefined values are ignored, the first one as well as later ones.
         {{{kUndefined, 3, kUndefined, -1}}, -1 * 1.1, 3 * 1.1},
         {{{2, kUndefined, kUndefined}}, 2 * 1.1, 2 * 1.1},
         {{{kNan, 3, kNan, 1}}, 1 * 1.1, 3 * 1.1},
-        // A function without any value is left out, wherever it stands.
+        // A function without any defined value is ignored, whatever its slot.
         {{{kUndefined, kUndefined}, {1, 2}}, 1 * 1.1, 2 * 1.1},
         {{{1, 2}, {}, {kUndefined}, {kNan}}, 1 * 1.1, 2 * 1.1},
     };
@@ -116,7 +116,7 @@ TEST(AutoZoom, RefusesLargeValues) {
 }
 
 TEST(AutoZoom, AMaximumDoesNotGrowBeyondTheMark) {
-    // KEEP: values from 1e29 up do not raise the maximum unless one of them is the first.
+    // KEEP: a value of 1e29 or more becomes the maximum only when it is the first one.
     for (const double large : {1e29, 1e31, kInfinity}) {
         const Outcome outcome = RunOn({{1, large, 2}});
         EXPECT_TRUE(outcome.done);

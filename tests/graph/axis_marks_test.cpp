@@ -9,7 +9,7 @@
 namespace kalvex {
 namespace {
 
-/// The plain loops, for ladders with a countable number of rungs.
+/// The pixels of the marks by a plain loop over k; only for axes with few enough marks for it.
 std::set<std::int32_t> PlainTowardZero(const AxisLadder& ladder, std::int32_t end) {
     std::set<std::int32_t> pixels;
     for (double k = 0.0;; k += 1.0) {

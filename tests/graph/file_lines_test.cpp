@@ -11,7 +11,7 @@
 namespace kalvex {
 namespace {
 
-/// Boxes that were shown; questions are answered from a list.
+/// Records the boxes that are shown and answers their questions from a list.
 struct Shown {
     std::vector<MessageBox> boxes;
     std::vector<MessageAnswer> answers;
@@ -33,14 +33,14 @@ class FileLines : public testing::Test {
         std::error_code ignored;
         std::filesystem::remove_all(folder, ignored);
     }
-    /// A selected File line in a slot, with a file of so many points.
+    /// Puts a selected File line into a slot and writes its file with this number of points.
     void Line(std::size_t slot, int points, std::int32_t approx = 8, std::int32_t terms = 1) {
         const std::string name = "points" + std::to_string(slot) + ".txt";
         std::ofstream file(folder / name);
         for (int i = 0; i < points; ++i)
             file << i << ' ' << i * i << '\n';
         FunctionEntry& entry = functions[slot];
-        entry.type = 4;
+        entry.type = EquationType::File;
         entry.selected = 1;
         entry.method.approx = approx;
         entry.method.approx_val = terms;
@@ -60,7 +60,7 @@ TEST_F(FileLines, AreReadWhenTheyAreSelected) {
     Line(4, 5);
     Line(7, 2);
     functions[7].selected = 0;
-    functions[2].type = 2;
+    functions[2].type = EquationType::Decart;
     functions[2].selected = 1;
     functions[2].workingText = u"no/such/file";
     EXPECT_TRUE(Prepare());

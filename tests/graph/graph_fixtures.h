@@ -29,7 +29,7 @@ inline Viewport MakeViewport(double xmin, double xmax, double ymin, double ymax,
 inline FunctionEntry MakeEntry(EquationType type, std::u16string_view text,
                                std::u16string_view yText = {}) {
     FunctionEntry entry;
-    entry.type = static_cast<std::int32_t>(type);
+    entry.type = type;
     entry.color = 1;
     entry.selected = 1;
     entry.text = text;
@@ -38,7 +38,7 @@ inline FunctionEntry MakeEntry(EquationType type, std::u16string_view text,
     return entry;
 }
 
-/// Six pixels per character, one and a half lines high.
+/// A text measure: 6 pixels per character, one and a half times the font height.
 inline TextExtent MeasureFixed(std::u16string_view text, std::int32_t height) {
     return {static_cast<std::int32_t>(text.size()) * 6, height + height / 2};
 }
@@ -58,7 +58,7 @@ struct Size {
 
 inline constexpr Size kExtremeSizes[] = {{0, 0}, {1, 1}, {1, 500}, {240, 268}, {1920, 1080}};
 
-/// Bounds of one axis that no dialog would let pass, and some that it would.
+/// Bounds of one axis: huge, tiny, equal, reversed and infinite ones. Dialogs refuse some of them.
 inline const std::vector<std::pair<double, double>>& ExtremeBounds() {
     constexpr double kInfinity = std::numeric_limits<double>::infinity();
     constexpr double kNan = std::numeric_limits<double>::quiet_NaN();

@@ -98,7 +98,7 @@ TEST(Graph, DrawsSelectedSlotsInOrderAndLeavesTheOthersAlone) {
     functions[0].selected = 0;
     functions[0].samples.resize(3);
     functions[1] = MakeEntry(EquationType::None, u"x");
-    functions[1].type = 77;
+    functions[1].type = static_cast<EquationType>(77);
     functions[2] = MakeEntry(EquationType::Decart, u"x");
     functions[2].color = 5;
     functions[4] = MakeEntry(EquationType::Decart, u"2*x");
@@ -224,7 +224,7 @@ TEST(Graph, SurvivesEverySize) {
     }
 }
 
-/// A File line with as many points on y = x as are asked for.
+/// A File line with the given number of points on y = x.
 FunctionEntry FileEntry(int points, std::int32_t approx) {
     FunctionEntry entry = MakeEntry(EquationType::File, u"a.txt");
     entry.method.approx = approx;

@@ -20,7 +20,7 @@ double ValueAt(const CompiledExpression& expression, double x, double y) {
     return EvalError == 0 ? value : UndefinedValue;
 }
 
-/// The method point by point: 3 W + 1 evaluations for each row. Sizes above one pixel only.
+/// The method as defined: 3 W + 1 evaluations for each row. Pictures of more than one pixel only.
 Mask PlainImplicitPixels(const CompiledExpression& expression, const Viewport& viewport) {
     const ViewWindow& view = viewport.view;
     const std::int32_t width = viewport.ClientWidth;
@@ -99,7 +99,7 @@ TEST(Implicit, HasThePixelsOfThePlainMethod) {
     }
 }
 
-// Pictures of several tiles and bands, so that some are left out.
+// The pictures consist of several tiles and bands, so that some tiles are skipped.
 TEST(Implicit, HasThePixelsOfThePlainMethodForRandomExpressions) {
     testing_support::Generator generator(2718);
     const Viewport views[] = {
@@ -166,7 +166,7 @@ TEST(Implicit, TellsItsProgressAndStops) {
     EXPECT_EQ(stopped.runs.size(), 148u) << "the 50th stretch comes with row 147";
     told = -1000;
     next = 0;
-    ImplicitPixels(CompileExpression(u"x*0+0*x"), viewport, {9, 8, 7}, watch);
+    static_cast<void>(ImplicitPixels(CompileExpression(u"x*0+0*x"), viewport, {9, 8, 7}, watch));
     EXPECT_EQ(next, 299 * 100 / 300 + 1) << "just short of the right edge";
 }
 

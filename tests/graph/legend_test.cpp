@@ -9,7 +9,7 @@ namespace {
 
 FunctionEntry Entry(EquationType type, std::u16string_view text, std::int32_t color) {
     FunctionEntry entry;
-    entry.type = static_cast<std::int32_t>(type);
+    entry.type = type;
     entry.text = text;
     entry.color = color;
     entry.selected = 1;

@@ -311,7 +311,7 @@ TEST(TraceMode, SlidesToAnotherFunction) {
     EXPECT_EQ(graph.Move(100, 120), PictureChange::Overlay);
     EXPECT_EQ(graph.state.trace.function, 0);
     graph.Lift(100, 120);
-    // One event may reach over several functions; what is left of the way counts on.
+    // One long move changes the function several times; the rest of its distance is kept.
     graph.functions[5] = MakeEntry(EquationType::Decart, u"5");
     graph.functions[7] = MakeEntry(EquationType::Decart, u"7");
     graph.Press(10, 0);
@@ -327,7 +327,7 @@ TEST(TraceMode, SlidesToAnotherFunction) {
 TEST(TraceMode, NeedsAFunction) {
     Graph graph;
     graph.functions[0].selected = 0;
-    graph.functions[2].type = static_cast<std::int32_t>(EquationType::Implicit);
+    graph.functions[2].type = EquationType::Implicit;
     EXPECT_EQ(graph.Run(CommandId::Trace), PictureChange::None);
     EXPECT_EQ(graph.state.mode, GraphMode::Normal);
 }
@@ -461,7 +461,7 @@ TEST(Modes, SurviveEveryWindowAndSize) {
                 graph.Run(command);
                 graph.Tap(0, size.height);
                 graph.Tap(size.width, 0);
-                OverlayOf(graph.state, graph.functions, Options{});
+                static_cast<void>(OverlayOf(graph.state, graph.functions, Options{}));
                 PanByTenths(graph.state, 1, 1);
                 EnterNormalMode(graph.state);
             }

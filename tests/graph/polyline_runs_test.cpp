@@ -6,7 +6,7 @@
 namespace kalvex {
 namespace {
 
-constexpr std::int32_t kHeight = 10;  // a jump of more than 50 rows breaks
+constexpr std::int32_t kHeight = 10;  // a jump of more than 50 rows breaks the line
 
 std::vector<CurveSample> SamplesOf(const std::vector<std::int32_t>& rows) {
     std::vector<CurveSample> samples;

@@ -58,7 +58,7 @@ TEST(FileFunction, DrawsItsPointsAsCircles) {
     EXPECT_TRUE(std::holds_alternative<EllipseRecord>(plot.list.records.front()));
 }
 
-// Points have a formula of their own: by origin and scale they would be on the pixel beside.
+// Points have their own formula: OriginX and ScaleX would put these on the neighbouring pixel.
 TEST(FileFunction, PutsItsPointsOnTheirExactPixels) {
     struct Row {
         double low, high;
@@ -84,7 +84,7 @@ TEST(FileFunction, PutsItsPointsOnTheirExactPixels) {
 
 TEST(FileFunction, LeavesOutCirclesThatCannotBeSeen) {
     const Viewport viewport = MakeViewport(0, 100, 0, 100, 100, 100);
-    // Beyond each edge by more than the radius, touching it, and twice on the same pixel.
+    // Points whose circle misses the picture, points whose circle touches it, and one far away.
     FunctionEntry entry =
         EntryOf({-5, -3, 104, 102, 50, 50, 1e300}, {50, 50, 50, 50, 105, 103, 0}, 7);
     EXPECT_EQ(RecordsOf<EllipseRecord>(PlotOf(entry, viewport).list).size(), 3u);
@@ -119,7 +119,7 @@ TEST(FileFunction, SamplesOneValuePerColumnBetweenTheBounds) {
     EXPECT_EQ(entry.samples[0].x, 5);
 }
 
-// The value itself is held to 2^31 - 1, however large the window is.
+// The limit is on the value itself, not on its pixel: the size of the window does not matter.
 TEST(FileFunction, DrawsNoValuesOf2To31AndMore) {
     const Viewport viewport = MakeViewport(0, 10, -1e12, 1e12, 11, 100);
     const struct {

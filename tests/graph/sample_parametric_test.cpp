@@ -51,7 +51,7 @@ TEST(SampleParametric, TakesTheStatusOfXFirst) {
     }
 }
 
-// A running sum, or another order of the same operations, gives the column beside.
+// A running sum, or another order of the operations, gives the neighbouring column here.
 TEST(SampleParametric, TakesItsParametersByMultiplication) {
     const struct {
         double xmin, xmax, minParam, maxParam;

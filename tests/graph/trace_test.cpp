@@ -62,7 +62,7 @@ TEST(TraceTexts, ShowErrorsWhereAQuotientIsNone) {
         EXPECT_EQ(TraceTexts(WithSamples(EquationType::Polar, {before, at}), 1, true).back(),
                   u"dy/dx: error\ndx/dT: error\ndy/dT: error");
     }
-    // With X undefined and Y defined all three quotients would have finite values.
+    // X alone is undefined: its marker 1e30 would give finite values to all three quotients.
     const std::pair<CurveSample, CurveSample> halves[] = {
         {{0, 0, kUndefined, 3, 0, 3}, {0, 0, 2, 4, 1, 0}},
         {{0, 0, 1, 3, 0, 0}, {0, 0, kUndefined, 4, 1, 3}},

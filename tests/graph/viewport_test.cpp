@@ -73,7 +73,7 @@ TEST(Viewport, GivesTheWorldPointOfAPixel) {
     EXPECT_EQ(ScreenToWorld(viewport, 120, 134).x, 0.0);
 }
 
-// In each of these windows another order of the same operations rounds to the pixel beside.
+// In each of these windows another order of the operations gives the neighbouring pixel.
 TEST(Viewport, PutsTheOriginOnItsExactPixel) {
     const struct {
         double low, high;
@@ -106,7 +106,8 @@ TEST(Viewport, MapsAPointByOriginAndScale) {
     }
 }
 
-// The world point of a pixel need not map back to that pixel; both roundings count.
+// In these windows the world point maps back to the neighbouring pixel, because both mappings
+// round. Any other order of the operations would map it back to the pixel itself.
 TEST(Viewport, BlendsTheBoundsExactly) {
     struct Row {
         double low, high;

@@ -43,7 +43,7 @@ TEST(ZoomAbout, KeepsAMirroredPictureMirrored) {
     ExpectBounds(viewport, 5, -5, 5, -5);
 }
 
-// KEEP row: a factor of 0 gives infinite bounds.
+// KEEP: a factor of 0 gives infinite bounds.
 TEST(ZoomAbout, UsesADamagedFactorAsItIs) {
     Viewport viewport = MakeViewport(-10, 10, -10, 10);
     viewport.view.Xfactor = 0;

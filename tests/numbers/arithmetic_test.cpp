@@ -1,5 +1,5 @@
-// The operators and the loose forms of double-doubles against the same with 512 bits, which are
-// exact for this purpose, and the bounds that numbers/double_double.h promises.
+// The operators and the loose forms of double-doubles against the same operations with 512 bits.
+// These are as good as exact here; the bounds are those that numbers/double_double.h promises.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -21,8 +21,8 @@ double SizeOf(const Exact& a) {
     return std::fabs(ToDouble(a));
 }
 
-/// Fractions of two doubles whose low part is anything up to half a unit in the last place of the
-/// high one; some are exactly that, some 0, some far smaller.
+/// Random double-doubles. The low part is anything up to half a unit in the last place of the high
+/// part; in some it is exactly that, in some 0, in some far smaller.
 DoubleDouble RandomPair(std::mt19937_64& generator) {
     std::uniform_real_distribution<double> fractions(0.5, 1);
     const double high = std::ldexp(fractions(generator), static_cast<int>(generator() % 80) - 40);
@@ -35,7 +35,7 @@ DoubleDouble RandomPair(std::mt19937_64& generator) {
     return generator() % 2 == 0 ? pair : -pair;
 }
 
-/// Some cancel nearly all digits of the first.
+/// A second argument. Every fourth cancels nearly all digits of the first.
 DoubleDouble RandomPartner(DoubleDouble a, std::mt19937_64& generator) {
     if (generator() % 4 != 0) return RandomPair(generator);
     const DoubleDouble pair = RandomPair(generator);
@@ -127,7 +127,7 @@ TEST(Arithmetic, RootsKeepTheirBounds) {
     for (int i = 0; i < 20000; ++i) {
         const DoubleDouble pair = RandomPair(generator);
         const DoubleDouble a = pair.high < 0 ? -pair : pair;
-        // The square of a root has twice its error.
+        // The relative error of the square is twice that of the root.
         const auto error = [&a](DoubleDouble root) {
             const Exact square = Multiply(ExactOf(root), ExactOf(root));
             return SizeOf(Subtract(square, ExactOf(a))) / a.high / 2;
@@ -138,7 +138,7 @@ TEST(Arithmetic, RootsKeepTheirBounds) {
     EXPECT_EQ(Sqrt(DoubleDouble{}).high, 0);
 }
 
-// What makes a sum loose: of two numbers that cancel but for their last digits it loses some, the
+// Where two numbers cancel but for their last digits, a loose sum loses some of these and the
 // operator loses none.
 TEST(Arithmetic, LooseSumsLoseDigitsWhereTheyCancel) {
     const DoubleDouble a = {1, 0x1.8p-54};

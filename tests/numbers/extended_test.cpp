@@ -1,4 +1,4 @@
-// The elementary functions in pairs of doubles against those of twice the precision, and by
+// The elementary functions of extended.h against the more accurate ones of double_double.h, and by
 // identities.
 #include "numbers/extended.h"
 
@@ -33,7 +33,7 @@ TEST(Extended, Logarithm) {
         EXPECT_LE(Distance(LogOf(a), expected), 0x1p-62) << x;
     }
     EXPECT_LE(Distance(LogOf({0x1p-1074, 0}), kLn2 * -1074.0), 0x1p-62);
-    // Both sides of the ends of the table's intervals.
+    // On both sides of the ends of the intervals of the table.
     for (int i = 64; i <= 128; ++i) {
         for (const double x : {i / 64.0, std::nextafter(i / 64.0, 0.0)})
             EXPECT_LE(Distance(LogOf({x, 0}), Log({x, 0})), 0x1p-62) << x;
@@ -65,7 +65,7 @@ TEST(Extended, ExponentialLessOne) {
     EXPECT_EQ(ExpMinusOneOf({0, 0}).high, 0);
 }
 
-// The doubles of an argument are exact, so that its reduction is tested at every size.
+// Doubling an argument is exact, so that the duplication formulas test its reduction at every size.
 TEST(Extended, SineAndCosineOfTheDouble) {
     for (const double start : {1.0, 1.3, 1.7, 6381956970095103 * 0x1p-52}) {
         for (double x = start * 0x1p-40; x < 0x1p1020; x *= 2) {

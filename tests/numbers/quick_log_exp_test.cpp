@@ -1,4 +1,5 @@
-// The quick logarithm and exponential against the slow ones, which are good to 90 bits and more.
+// The quick logarithm and exponential against the slow ones, which are accurate to 90 bits and
+// more.
 #include "numbers/quick_log_exp.h"
 
 #include <gtest/gtest.h>

@@ -109,7 +109,7 @@ Wide<8> WholeOf(const Factor& factor) {
     return whole;
 }
 
-// Against the same with numbers whose exponents count bits.
+// LimbNumber against Wide, whose exponents count bits.
 TEST(LimbNumber, KeepsItsBits) {
     std::mt19937_64 generator(5);
     constexpr double kBits = LimbNumber<4>::kBits;

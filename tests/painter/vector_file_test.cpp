@@ -115,10 +115,13 @@ TEST(PictureFormat, GoesByTheEnding) {
         {"a.png ", ""},
     };
     for (const auto& row : rows) {
-        const PictureFormat* format = PictureFormatOf(row.path);
+        const PictureFormat* format = PictureFormatOf(row.path, FormatsOf::Tool);
         EXPECT_EQ(format != nullptr ? format->suffix : "", row.suffix) << row.path;
     }
-    EXPECT_EQ(PictureEndings(), ".bmp, .png, .svg, .pdf or .txt");
+    EXPECT_EQ(PictureEndings(FormatsOf::Tool), ".png, .svg, .pdf, .bmp or .txt");
+    EXPECT_EQ(PictureEndings(FormatsOf::Windows), ".png, .svg, .pdf or .bmp");
+    EXPECT_EQ(PictureFormatOf("a.txt", FormatsOf::Windows), nullptr);
+    EXPECT_NE(PictureFormatOf("a.bmp", FormatsOf::Windows), nullptr);
 }
 
 TEST(PictureFormat, WritesWhatItSays) {
@@ -126,18 +129,18 @@ TEST(PictureFormat, WritesWhatItSays) {
     const struct {
         std::string_view suffix;
         const char* start;
-        FormatUse use;
-    } rows[] = {{"bmp", "BM", FormatUse::Everywhere},
-                {"png", "\x89PNG", FormatUse::Everywhere},
-                {"svg", "<?xml", FormatUse::Everywhere},
-                {"pdf", "%PDF", FormatUse::Everywhere},
-                {"txt", "picture\t120\t80\n", FormatUse::ToolOnly}};
+        bool inWindows;
+    } rows[] = {{"png", "\x89PNG", true},
+                {"svg", "<?xml", true},
+                {"pdf", "%PDF", true},
+                {"bmp", "BM", true},
+                {"txt", "picture\t120\t80\n", false}};
     ASSERT_EQ(PictureFormats().size(), std::size(rows));
     for (std::size_t i = 0; i < std::size(rows); ++i) {
         const PictureFormat& format = PictureFormats()[i];
         const QString path = folder.filePath("picture");
         EXPECT_EQ(format.suffix, rows[i].suffix);
-        EXPECT_EQ(format.use, rows[i].use) << format.suffix;
+        EXPECT_EQ(IsOffered(format, FormatsOf::Windows), rows[i].inWindows) << format.suffix;
         EXPECT_TRUE(format.write(path, Sample())) << format.suffix;
         EXPECT_TRUE(Contents(path).startsWith(rows[i].start)) << format.suffix;
     }

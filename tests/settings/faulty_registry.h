@@ -52,7 +52,7 @@ inline FaultyRegistry MakeFaultyRegistry() {
     return faulty;
 }
 
-/// The same with all keys and values of a first start, nothing logged yet.
+/// A registry with all keys and values of a first start and an empty log.
 inline FaultyRegistry MakeFilledRegistry() {
     FaultyRegistry faulty = MakeFaultyRegistry();
     CreateDefaultKeys(faulty.registry);
@@ -60,7 +60,7 @@ inline FaultyRegistry MakeFilledRegistry() {
     return faulty;
 }
 
-/// Fails from the n-th operation (0-based) on whose name begins with a text.
+/// Of the operations whose name begins with a text, the n-th (0-based) and all later ones fail.
 inline FailsAt FromNth(std::string beginning, int n) {
     return [beginning = std::move(beginning), n](const std::string& operation) mutable {
         return operation.starts_with(beginning) && n-- <= 0;

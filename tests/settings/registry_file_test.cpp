@@ -212,7 +212,7 @@ TEST_F(RegistryFile, IsDamagedNotNewWhenNothingInItCanBeRead) {
     }
 }
 
-/// Files may not grow beyond a size while this lives: what a full disk looks like.
+/// While an object of this class lives, no file can grow beyond a size, as on a full disk.
 class FullDisk final {
   public:
     explicit FullDisk(rlim_t bytes) {
@@ -254,7 +254,7 @@ TEST_F(RegistryFile, KeepsTheOldFileOnAFullDisk) {
     EXPECT_EQ(option, 0);
     EXPECT_EQ(Content(), before);
     EXPECT_EQ(registry.readNumber("3", "Color"), 3);
-    // With room again, only what is stored now is stored.
+    // With room again, new values are stored; those that failed before are not written later.
     EXPECT_EQ(StoreOption(registry, "Screen", 9), 1);
     EXPECT_EQ(Open().readNumber("", "Screen"), 9);
     EXPECT_EQ(Open().readNumber("", "Wight"), 1);

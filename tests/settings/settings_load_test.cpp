@@ -8,6 +8,7 @@
 #include "settings/faulty_registry.h"
 #include "settings/settings.h"
 #include "workspace/defaults.h"
+#include "workspace/option_rows.h"
 
 namespace kalvex {
 namespace {
@@ -31,26 +32,19 @@ TEST(LoadSettings, ReadsInTheProgramsOrder) {
     const FaultyRegistry faulty = MakeFilledRegistry();
     Workspace workspace;
     LoadSettings(faulty.registry, workspace, ShownBoxes().show);
-    const Log expected = {"open /",
-                          "readNumber /Axex",
-                          "readNumber /ColorText",
-                          "readNumber /Diff",
-                          "readNumber /Coord",
-                          "readNumber /Setka",
-                          "readNumber /Label",
-                          "readNumber /Screen",
-                          "readNumber /TextSize",
-                          "readNumber /InterpolationType",
-                          "readNumber /Wight",
-                          "readNumber /MaxAngle",
-                          "readText /xmin",
-                          "readText /Xmax",
-                          "readText /Ymin",
-                          "readText /Ymax",
-                          "readText /Xfactor",
-                          "readText /Yfactor",
-                          "readText /MinParam",
-                          "readText /MaxParam"};
+    Log expected = {"open /"};
+    Log ranges;
+    for (const OptionRow& row : kOptionRows) {
+        if (row.kind == OptionKind::WriteOnly) continue;
+        if (row.kind == OptionKind::Range) {
+            ranges.push_back("readText /" + std::string(row.name));
+        } else {
+            expected.push_back("readNumber /" + std::string(row.name));
+        }
+    }
+    for (const char* const name : {"xmin", "Xmax", "Ymin", "Ymax", "Xfactor", "Yfactor"})
+        expected.push_back(std::string("readText /") + name);
+    expected.insert(expected.end(), ranges.begin(), ranges.end());
     EXPECT_EQ(*faulty.log, expected);
 }
 
@@ -109,17 +103,18 @@ TEST(Load, ShowsOneBoxWhenThereIsNoKeyAtAll) {
     EXPECT_TRUE(workspace.registryErrorShown);
     EXPECT_EQ(workspace.view.Xmin, -10);
     EXPECT_EQ(workspace.functions[3].color, 4);
-    EXPECT_EQ(workspace.functions[3].type, 2);
+    EXPECT_EQ(workspace.functions[3].type, EquationType::Decart);
     EXPECT_EQ(workspace.lines[0], u"");
 }
 
 struct FaultCase {
-    std::vector<std::string> operations;  ///< these fail
+    std::vector<std::string> operations;  ///< the operations that fail
     std::size_t boxes;
     bool flag;
 };
 
-// KEEP rows: main values and beta1, beta2 do not set the flag; keys and function numbers do.
+// KEEP: a key that does not open and a missing number of a function set the flag; a missing value
+// of the main key, beta1 and beta2 do not.
 const FaultCase kFaults[] = {
     {{"readNumber /TextSize"}, 1, false},
     {{"readNumber /TextSize", "readNumber /Wight", "readText /Ymax"}, 3, false},
@@ -190,7 +185,7 @@ Workspace UnusualWorkspace() {
     w.view.Yfactor = 4;
     for (std::size_t i = 0; i < 9; ++i) {
         w.functions[i].color = 9 - static_cast<std::int32_t>(i);
-        w.functions[i].type = 5;
+        w.functions[i].type = EquationType::Implicit;
         w.functions[i].method.approx = 12;
         w.functions[i].method.approx_val = 3;
         w.functions[i].method.approx_val2 = 2;
@@ -235,7 +230,7 @@ TEST(Load, FallsBackFieldByField) {
         if (operation.starts_with("open") || operation.ends_with("equ")) continue;
         *healthy.fails = Exactly(operation);
         Workspace workspace;
-        workspace.options.Screen = 123;  // what stood there before must not survive
+        workspace.options.Screen = 123;  // a value from before loading must not stay
         LoadAll(healthy.registry, workspace, ShownBoxes().show);
         const auto loaded = Fields(workspace);
         int different = 0;
@@ -244,8 +239,8 @@ TEST(Load, FallsBackFieldByField) {
             ++different;
             EXPECT_EQ(loaded[i], defaults[i]) << operation;
         }
-        // A field may differ from its default only by having been read; slot 9's colour of 1 and
-        // the like differ from their defaults everywhere but in the middle.
+        // The field that could not be read has its default, so it differs from the stored value.
+        // The colour of slot 5 is the exception: its stored value is the default.
         EXPECT_EQ(different, operation == "readNumber 5/Color" ? 0 : 1) << operation;
     }
 }
@@ -263,7 +258,7 @@ TEST(Load, TakesAWrongTypeForAMissingValue) {
     EXPECT_EQ(workspace.view.Ymax, 10);
     LoadFunctionSettings(faulty.registry, workspace, shown.show);
     EXPECT_EQ(shown.boxes->size(), 3u);
-    EXPECT_EQ(workspace.functions[3].type, 2);
+    EXPECT_EQ(workspace.functions[3].type, EquationType::Decart);
 }
 
 struct BoundsCase {

@@ -103,7 +103,7 @@ struct LineCase {
     std::u16string stored;
 };
 
-// KEEP rows: the write of 100 bytes cuts a line to 50 units.
+// KEEP: the write of 100 bytes cuts a line to 50 code units.
 const LineCase kLines[] = {
     {u"", u""},
     {u"sin(x)/x", u"sin(x)/x"},
@@ -146,7 +146,7 @@ struct RealCase {
     std::u16string stored;
 };
 
-// KEEP rows: the write of 100 bytes cuts a long number to 50 units.
+// KEEP: the write of 100 bytes cuts a long number to 50 code units.
 const RealCase kReals[] = {
     {2.5, u"2.500000"},
     {-10, u"-10.000000"},
@@ -186,7 +186,7 @@ TEST(CreateDefaultKeys, MakesEverythingOnce) {
 TEST(CreateMissingKeys, MakesWhatADamagedStoreLacks) {
     const FaultyRegistry faulty = MakeFilledRegistry();
     faulty.registry.writeNumber("7", "color", 3);
-    faulty.store->keys["5"].erase("type");  // the key is there: the value stays missing
+    faulty.store->keys["5"].erase("type");  // only missing keys are made, not missing values
     for (const char* const key : {"", "2", "9"})
         faulty.store->keys.erase(key);
     Workspace workspace = DefaultWorkspace();

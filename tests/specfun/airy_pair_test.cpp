@@ -1,5 +1,5 @@
-// The Airy functions with their derivatives against their Wronskian and the functions of a double,
-// on both sides of every seam.
+// The Airy functions and their derivatives, tested by their Wronskian and against the functions
+// with double results, on both sides of every seam.
 #include "specfun/airy/airy_pair.h"
 
 #include <gtest/gtest.h>
@@ -11,7 +11,7 @@
 namespace kalvex::specfun {
 namespace {
 
-// Ai Bi' - Ai' Bi = 1/pi (DLMF 9.2.7), Bi having 64 bits and Ai' 53.
+// Ai Bi' - Ai' Bi = 1/pi (DLMF 9.2.7), where Bi has 64 bits and Ai' 53.
 TEST(AiryPair, Wronskian) {
     for (double y = -13; y <= 13; y += 0.00977) {
         const AiryPair a = AiryAiPair({y, y * 0x1p-55});

@@ -1,4 +1,4 @@
-// The phase of the Airy functions where it is reduced with many digits, and what follows from it.
+// The Airy functions where their phase is reduced with many digits.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -22,8 +22,8 @@ double SineOf(const ReducedAngle& angle) {
     return angle.quadrant < 2 ? size : -size;
 }
 
-// For x = (3 m 2^k)^2 the phase is 18 m^3 8^k + pi/4, the first a double whose sine and cosine the
-// runtime has to the last place.
+// For x = (3 m 2^k)^2 the phase is 18 m^3 8^k + pi/4. Its first term is a double, whose sine and
+// cosine the runtime knows to the last place.
 TEST(TurnedPhase, SquaresOfWholeNumbers) {
     for (const double m : {1.0, 7.0, 101.0, 1023.0, 54321.0, 65535.0}) {
         const double whole = 18 * m * m * m;
@@ -51,7 +51,7 @@ TEST(TurnedPhase, AgreesWithDoubleDoubles) {
     }
 }
 
-// pi sqrt(|x|) (Ai^2 + Bi^2) = 1 less 5/(32 |x|^3) (DLMF 9.8.20).
+// pi sqrt(|x|) (Ai^2 + Bi^2) = 1 - 5/(32 |x|^3) + ... (DLMF 9.8.20).
 TEST(Airy, ModulusForHugeArguments) {
     for (double x = 1e6; x < kLargest / 2; x *= 1.9371e3) {
         const double ai = AiryAi(-x) * std::sqrt(std::sqrt(x));

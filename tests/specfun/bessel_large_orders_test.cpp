@@ -13,11 +13,12 @@ namespace {
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
-/// Arguments near the order, by the distance in widths of the turning point, and beyond it.
+/// Arguments near the order, by their distance in widths of the turning point, and beyond it.
 constexpr double kWidths[] = {-20, -11.9, -5, -1, -0.25, 0, 0.25, 1, 5, 11.9, 20, 60, 200, 300};
 constexpr double kRatios[] = {1.001, 1.02, 1.3, 1.9999, 2, 2.0001, 7, 1e5, 1e20, 1e280};
 
-// The recurrence does not know of the expansions. f(n+1) = 2n/x f(n) - f(n-1) (DLMF 10.6.1).
+// The expansions must obey the recurrence f(n+1) = 2n/x f(n) - f(n-1) (DLMF 10.6.1), which they do
+// not use.
 TEST(BesselLargeOrders, FollowTheRecurrence) {
     for (const double n : {1e5, 1e5 - 0.5}) {
         for (const double width : kWidths) {
@@ -33,8 +34,8 @@ TEST(BesselLargeOrders, FollowTheRecurrence) {
     }
 }
 
-// Both sides of the first order that has them, and of the places beyond it where they begin for
-// smaller ones: the recurrence leads from one method to the other.
+// On both sides of the first order that uses the expansions, and of the x beyond which smaller
+// orders use them: the recurrence leads from one method to the other.
 TEST(BesselLargeOrders, MeetTheRecurrence) {
     const double orders[] = {24, 25, 31.75, 60.5, 99.5, 100, 100.25, 101};
     for (const double n : orders) {
@@ -50,8 +51,8 @@ TEST(BesselLargeOrders, MeetTheRecurrence) {
     }
 }
 
-// Orders one apart, J(n+1) Y(n) - J(n) Y(n+1) = 2/(pi x) (10.5.2). What a rounding of s turns the
-// phases by counts against the little that they turn from one order to the next.
+// J(n+1) Y(n) - J(n) Y(n+1) = 2/(pi x) (10.5.2). From one order to the next the phase turns only a
+// little, so that even the rounding of s counts against that.
 TEST(BesselLargeOrders, Wronskian) {
     for (const double n : {100.0, 100000.5, 1e6, 3.25e7, 1e9}) {
         for (const double width : kWidths) {
@@ -72,8 +73,8 @@ TEST(BesselLargeOrders, Wronskian) {
     }
 }
 
-// Whatever the phase is, J^2 + Y^2 is 2/(pi s) but for about 1/(16 xi^2), s = sqrt(x^2 - n^2) and
-// xi the phase (10.18.17).
+// J^2 + Y^2 does not depend on the phase: it is 2/(pi s) up to a relative 1/(16 xi^2), where s =
+// sqrt(x^2 - n^2) and xi is the phase (10.18.17).
 TEST(BesselLargeOrders, Modulus) {
     for (const double n : {123456.75, 1e8, 1e12, 1e16, 1e100, 1e300}) {
         for (const double ratio : kRatios) {
@@ -91,8 +92,8 @@ TEST(BesselLargeOrders, Modulus) {
     }
 }
 
-// For x far beyond n^2 only the sign and the kind of x remain: J(n+2) = -J(n), Y(n) = J(n+1) up to
-// the sign. The phase then is that of x and of a multiple of a quarter turn, exactly.
+// For x far beyond n^2 orders differ by quarter turns only: J(n+2) = -J(n), Y(n) = J(n+1) up to the
+// sign. The phase is then exactly x plus a multiple of a quarter turn.
 TEST(BesselLargeOrders, FarBeyondTheSquareOfTheOrder) {
     for (const double x : {1e60, 1.5e100, 1e300}) {
         for (const double n : {100002.0, 1e6, 1e12, 9007199254740988.0}) {
@@ -103,8 +104,8 @@ TEST(BesselLargeOrders, FarBeyondTheSquareOfTheOrder) {
     }
 }
 
-// J(-n) = (-1)^n J(n) = J(n) of -x, also for Y: parities of whole orders are exact up to the
-// largest.
+// J(-n) = (-1)^n J(n), which is also J(n) at -x; the same factor for Y. The parity of whole orders
+// is exact up to the largest.
 TEST(BesselLargeOrders, Parity) {
     for (const double n :
          {100001.0, 100002.0, 1e9 + 1, 1e12 - 1, 1e12, 9007199254740991.0, 1e300}) {
@@ -131,8 +132,8 @@ TEST(BesselLargeOrders, HalfIntegralOrders) {
     }
 }
 
-// J(n, n) = 2^(1/3) / (3^(2/3) Gamma(2/3) n^(1/3)), Y(n, n) = -sqrt(3) of it; the next term is of
-// the relative size n^(-4/3) (10.19.8).
+// J(n) at x = n is 2^(1/3) / (3^(2/3) Gamma(2/3) n^(1/3)), Y(n) there is -sqrt(3) times that; the
+// next term has the relative size n^(-4/3) (10.19.8).
 TEST(BesselLargeOrders, ArgumentsEqualToTheOrder) {
     for (const double n : {1e13, 1e30, 1e300}) {
         const double expected = std::cbrt(2 / n) / (std::cbrt(9.0) * std::tgamma(2.0 / 3));
@@ -182,7 +183,7 @@ TEST(BesselLargeOrders, Ends) {
     EXPECT_TRUE(std::isfinite(BesselY(1e5 + 1, DBL_MAX)));
 }
 
-// Denormal J right before it vanishes, and Y there just before it overflows.
+// J is denormal just before it vanishes, and Y there is just before its overflow.
 TEST(BesselLargeOrders, GoGraduallyToTheEndsOfTheRange) {
     for (const double n : {100001.0, 1e9}) {
         double before = 0;

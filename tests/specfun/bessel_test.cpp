@@ -16,7 +16,7 @@ namespace {
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kUnit = DBL_EPSILON / 2;
 
-/// The next order of each is exact too.
+/// The next order of each of these is exact too.
 constexpr double kOrders[] = {
     0,    1e-300, 0x1p-33, 0.25,  0.5 - 0x1p-25, 0.5, 0.5 + 0x1p-23,  1,   1.75, 2, 3 - 0x1p-33, 7,
     20.5, 31,     50,      99.25, 150.5,         400, 1000 - 0x1p-30, 1000};
@@ -54,8 +54,8 @@ TEST(Bessel, CrossProductOfReflectedOrders) {
     }
 }
 
-// The same far beyond the orders that a recurrence could reach; x is where neither overflows. A
-// value is as steep there as its order is large.
+// The same far beyond the orders that a recurrence could reach, at x where neither overflows. The
+// relative slope of a value there is as large as its order.
 TEST(Bessel, WronskianOfIAndKOfHugeOrders) {
     for (const double n : {2e5, 1e6 + 0.5, 3.7e8, 1e11}) {
         for (const double ratio : {0.66274341934918, 0.6627434193}) {
@@ -124,7 +124,7 @@ TEST(Bessel, HalfIntegralOrders) {
     EXPECT_NEAR(ratio, 1, 4 * kUnit);
 }
 
-// Published to this many digits (Abramowitz and Stegun, tables 9.1 to 9.11).
+// Published values with this many digits (Abramowitz and Stegun, tables 9.1 to 9.11).
 TEST(Bessel, PublishedValues) {
     const struct {
         const char* call;
@@ -152,7 +152,7 @@ TEST(Bessel, PublishedValues) {
         EXPECT_NEAR(row.value, row.expected, row.bound) << row.call;
 }
 
-// Whole orders are no special case: the functions run smoothly through them.
+// Whole orders are not special: the functions are smooth in the order.
 TEST(Bessel, NearlyWholeOrders) {
     for (const double n : {0.0, 1.0, 2.0, 7.0, 31.0}) {
         for (const double x : {0.3, 1.4, 1.6, 2.4, 6.0, 10.9, 21.9, 22.1, 60.0}) {
@@ -170,7 +170,8 @@ TEST(Bessel, NearlyWholeOrders) {
     }
 }
 
-// x f'/f grows like 1/distance to a zero: what counts is the error against the modulus.
+// Next to a zero x f'/f grows like 1/distance. What counts there is the error relative to the
+// modulus.
 TEST(Bessel, SmallNearTheirZeros) {
     EXPECT_LT(std::fabs(BesselJ(0, 2.4048255576957729)), 2 * DBL_EPSILON);
     EXPECT_LT(std::fabs(BesselJ(1, 3.8317059702075125)), 2 * DBL_EPSILON);
@@ -210,7 +211,7 @@ TEST(Bessel, BeyondTheRangeOfDoubles) {
         EXPECT_EQ(row.value, row.expected) << row.call;
 }
 
-// Above order 50 I and K come from other expansions; both meet there.
+// Above order 50 I and K come from other expansions; both methods must agree there.
 TEST(Bessel, UniformExpansionsMeet) {
     const double above = std::nextafter(50.0, kInfinity);
     for (const double x : {1e-3, 3.0, 33.0, 50.0, 210.0, 650.0}) {
@@ -227,7 +228,7 @@ std::string ErrorOf(const std::function<double()>& call) {
     }
 }
 
-// The squares of these arguments are out of range.
+// The squares of these arguments are out of the range of doubles.
 TEST(Bessel, EndsOfTheArguments) {
     for (const double n : {0.0, 1e-300, 0.25, 7.0, 23.5, 24.0, 99.0}) {
         const double j = BesselJ(n, DBL_MAX);

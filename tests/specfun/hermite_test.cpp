@@ -1,5 +1,5 @@
-// Hermite polynomials at the ends of their range: the largest x of a degree, the degrees of which
-// nothing but the zero in the middle is left, and those that a tiny x brings back.
+// Hermite polynomials at the ends of their range: the largest x of a degree, the degrees that have
+// no finite value except the zero in the middle, and those that are finite again at a tiny x.
 #include <gtest/gtest.h>
 
 #include <cfloat>
@@ -12,7 +12,7 @@ namespace {
 
 bool Overflows(double degree, double x) {
     try {
-        Hermite(degree, x);
+        static_cast<void>(Hermite(degree, x));
     } catch (const ap::ap_error& error) {
         return error.msg == "Overflow in Hermite";
     }

@@ -33,7 +33,7 @@ Single Stepped(const HypergeometricParameters& from, Route route, const Place& p
     const double steps = std::min<double>(kBlockSteps, route.ups + route.downs);
     for (double left = steps; left > 0; left -= 1) {
         const std::size_t next = NextTrack(route);
-        TakeStep(at, next, route.tracks[next].raises, place);
+        static_cast<void>(TakeStep(at, next, route.tracks[next].raises, place));
     }
     return at;
 }

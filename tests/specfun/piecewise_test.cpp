@@ -1,4 +1,5 @@
-// The evaluation of tables, on one whose function is known: x^3 on the last half of an octave.
+// The evaluation of tables, tested with a table of a known function: x^3 on the last half of an
+// octave.
 #include "specfun/piecewise.h"
 
 #include <gtest/gtest.h>
@@ -8,7 +9,7 @@
 namespace kalvex::specfun {
 namespace {
 
-// (m + h)^3 = m^3 + 3 m^2 h + 3 m h^2 + h^3, with a rest that the linear coefficient leaves.
+// (m + h)^3 = m^3 + 3 m^2 h + 3 m h^2 + h^3. The linear coefficient has a rounding error.
 constexpr PiecewiseTable<2, 8> kCube = {3,
                                         {{3.25, 34.328125, 0, 31.6875, 0x1p-60, 9.75, 1, 0},
                                          {3.75, 52.734375, 0x1p-58, 42.1875, 0, 11.25, 1, 0}}};

@@ -73,7 +73,7 @@ TEST(Polynomials, EndsAndMiddle) {
     }
 }
 
-// An exact zero is printed without a sign, whichever way the recurrence comes to it.
+// An exact zero has no sign, however the recurrence arrives at it.
 TEST(Polynomials, ExactZerosHaveNoSign) {
     const Row rows[] = {
         {"T(1,-0)", Chebyshev(1, 1, -0.0), 0, 0},
@@ -101,7 +101,7 @@ TEST(Polynomials, ExactZerosHaveNoSign) {
         EXPECT_FALSE(std::signbit(row.value)) << row.call;
 }
 
-// P(n,1-h) = 1 - n(n+1)/2 h (1 - ...), L(n,h) = 1 - n h + n(n-1)/4 h^2: a plain recurrence of high
+// P(n,1-h) = 1 - n(n+1)/2 h (1 - ...), L(n,h) = 1 - n h + n(n-1)/4 h^2. A plain recurrence of high
 // degree loses digits here.
 TEST(Polynomials, NearTheSpecialPoints) {
     const double h = 0x1p-50;
@@ -112,7 +112,7 @@ TEST(Polynomials, NearTheSpecialPoints) {
     }
 }
 
-// Odd polynomials are linear at tiny arguments, down to the denormal ones.
+// Odd polynomials are linear at tiny arguments, denormal ones included.
 TEST(Polynomials, OddDegreesAtTinyArguments) {
     for (const double x : {1e-30, -1e-200, 0x1p-1060}) {
         const Row rows[] = {
@@ -145,7 +145,8 @@ TEST(Polynomials, ChebyshevIdentities) {
     }
 }
 
-// T(n,1/2) = cos(n pi/3), U(n,1/2) = sin((n+1) pi/3) / sin(pi/3), and next to 1/2 hardly other.
+// T(n,1/2) = cos(n pi/3), U(n,1/2) = sin((n+1) pi/3) / sin(pi/3); next to 1/2 the values hardly
+// differ.
 TEST(Polynomials, ChebyshevOfHugeDegrees) {
     constexpr double kFirst[] = {1, 0.5, -0.5, -1, -0.5, 0.5};
     constexpr double kSecond[] = {1, 1, 0, -1, -1, 0};
@@ -170,8 +171,8 @@ TEST(Polynomials, ChebyshevOfHugeDegrees) {
     EXPECT_EQ(Chebyshev(2, -1e300, 1), -1e300);
 }
 
-// The recurrence over the seams between the methods, where neighbours in degree or in x come from
-// different ones, and over the end of the interval.
+// The recurrence across the seams between methods, where neighbours in degree or in x come from
+// different methods, and across the end of the interval.
 TEST(Polynomials, LegendreRecurrenceAtSeams) {
     for (const double n : {58.0, 60.0, 61.0, 1000.0, 100001.0, 1e7}) {
         const double seam = std::cos(25 / (n + 0.5));
@@ -188,8 +189,8 @@ TEST(Polynomials, LegendreRecurrenceAtSeams) {
     }
 }
 
-// H(2m,x) = (-4)^m m! L^(-1/2)(m,x^2) leads to H(2,x) = -2 + 4 x^2; the scale of what is summed
-// passes the range although the value does not.
+// H(2m,x) = (-4)^m m! L^(-1/2)(m,x^2) leads to H(2,x) = -2 + 4 x^2. What is summed leaves the range
+// of doubles although the value does not.
 TEST(Polynomials, ValuesNearTheEndOfTheRange) {
     EXPECT_TRUE(std::isfinite(Hermite(260, 0.25)));
     EXPECT_TRUE(std::isfinite(Hermite(275, 1e-30)));  // 1e-30 times a slope beyond 1e308

@@ -132,7 +132,7 @@ TEST(SpecialFunctions, NegativeChebyshevDegrees) {
     }
 }
 
-// J(n+1) Y(n) - J(n) Y(n+1) = 2/(pi x) (DLMF 10.5.2), across all the methods for J.
+// J(n+1) Y(n) - J(n) Y(n+1) = 2/(pi x) (DLMF 10.5.2), across all methods for J.
 TEST(SpecialFunctions, BesselWronskian) {
     for (const double n : {0.0, 1.0, 2.0, 7.0, 30.0, 150.0, 20000.0}) {
         for (const double x : {0.5, 1.7, 5.0, 12.0, 29.0, 31.0, 149.0, 400.0, 19500.0, 20100.0}) {
@@ -180,7 +180,7 @@ TEST(SpecialFunctions, LimitsAndSingularities) {
         EXPECT_EQ(row.value, row.expected) << row.call;
 }
 
-// Where one method takes over from another, the two must meet.
+// The values of two methods must agree where one takes over from the other.
 TEST(SpecialFunctions, MethodsMeet) {
     const struct {
         const char* name;
@@ -198,7 +198,7 @@ TEST(SpecialFunctions, MethodsMeet) {
         {"J upward", 8, [](double x) { return BesselJ(8, x); }},
     };
     for (const auto& row : rows) {
-        // Extrapolating the logarithm from both sides leaves the second difference only.
+        // Extrapolating the logarithm from both sides leaves only its second difference.
         const double h = row.at * 1e-9;
         const double below = row.function(row.at - h);
         const double above = row.function(row.at + h);

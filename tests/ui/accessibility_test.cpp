@@ -101,7 +101,7 @@ class AccessibilityTest final : public QObject {
             {CommandId::Help, "helpWindow"},       {CommandId::About, "aboutBox"},
             {CommandId::LeastSquares, nullptr},    {CommandId::BetaSplines, nullptr},
             {CommandId::CubicSpline, nullptr}};
-        program.Entry(1).type = 4;
+        program.Entry(1).type = EquationType::File;
         for (const auto& row : rows) {
             program.Editor().Run(row.command);
             auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());

@@ -161,7 +161,7 @@ class ApplicationTest final : public QObject {
             TestProgram program;
             program.Start();
             program.store.log->clear();
-            program.Entry(2).type = 5;
+            program.Entry(2).type = EquationType::Implicit;
             program.Line(3)->setText("7x");
             if (close) {
                 program.Editor().close();

@@ -65,7 +65,7 @@ class CompletionTest final : public QObject {
     }
     void APathIsNoExpression() {
         EditorBench bench;
-        bench.Entry(1).type = 4;
+        bench.Entry(1).type = EquationType::File;
         bench.window.ShowLines();
         QVERIFY(bench.Start());
         QTest::keyClicks(bench.Line(1), "s");

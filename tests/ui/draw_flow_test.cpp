@@ -23,7 +23,7 @@ struct FileProgram : TestProgram {
     QString AddFile(int number, const QString& text, std::int32_t method) {
         const QString path = folder.filePath(QString("points%1.txt").arg(number));
         Write(path, text);
-        Entry(number).type = 4;
+        Entry(number).type = EquationType::File;
         Entry(number).method.approx = method;
         Entry(number).selected = 1;
         Editor().ShowLines();
@@ -91,7 +91,7 @@ class DrawFlowTest final : public QObject {
             TestProgram program;
             program.Start();
             program.ClearLines();
-            program.Entry(2).type = row.type;
+            program.Entry(2).type = static_cast<EquationType>(row.type);
             program.Entry(2).selected = 1;
             program.Line(2)->setText(ToQString(row.line));
             program.Editor().Run(CommandId::Draw);

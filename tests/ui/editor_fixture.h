@@ -27,7 +27,7 @@ struct EditorBench {
         : window(workspace, Actions(platform)) {
         for (int slot = 0; slot < kSlotCount; ++slot) {
             workspace.lines[static_cast<std::size_t>(slot)].clear();
-            workspace.functions[static_cast<std::size_t>(slot)].type = 2;
+            workspace.functions[static_cast<std::size_t>(slot)].type = EquationType::Decart;
         }
         window.ShowLines();
         window.resize(size);

@@ -33,7 +33,7 @@ class EditorWindowTest final : public QObject {
         const std::pair<int, const char*> rows[] = {{0, " Y(x)="}, {1, " r(x)="}, {2, " Y(x)="},
                                                     {3, " X;Y="},  {4, " F="},    {5, "G(x,y)="}};
         for (const auto& [type, text] : rows) {
-            program.Entry(2).type = type;
+            program.Entry(2).type = static_cast<EquationType>(type);
             program.Editor().ShowLines();
             QCOMPARE(program.Label(2)->text(), QString(text));
         }
@@ -123,7 +123,7 @@ class EditorWindowTest final : public QObject {
         TestProgram program;
         program.Start();
         program.ClearLines();
-        program.Entry(1).type = 4;
+        program.Entry(1).type = EquationType::File;
         program.Editor().ShowLines();
         QTest::keyClicks(program.Line(1), "/my points.txt");
         QCOMPARE(program.Line(1)->text(), QString("/my points.txt"));
@@ -186,7 +186,7 @@ class EditorWindowTest final : public QObject {
         program.Start();
         program.ClearLines();
         program.Entry(1).color = 5;
-        program.Entry(1).type = 3;
+        program.Entry(1).type = EquationType::Parametric;
         program.Editor().OpenMenu();
         QMenu* menu = OpenedMenu(program.Editor(), "mainMenu");
         for (int number = 32777; number <= 32785; ++number) {
@@ -200,7 +200,7 @@ class EditorWindowTest final : public QObject {
         QVERIFY(ActionOf(*menu, CommandId::Options)->isEnabled());
         QVERIFY(ActionOf(*menu, CommandId::ApproxTypeMenu) == nullptr);
         menu->close();
-        program.Entry(1).type = 4;
+        program.Entry(1).type = EquationType::File;
         program.Entry(9).selected = 1;
         program.Line(1)->setText("a");
         program.Editor().OpenMenu();

@@ -20,7 +20,7 @@ struct ModesProgram : TestProgram {
         Start();
         ClearLines();
         for (std::size_t i = 0; i < lines.size(); ++i) {
-            Entry(static_cast<int>(i) + 1).type = lines[i].first;
+            Entry(static_cast<int>(i) + 1).type = static_cast<EquationType>(lines[i].first);
             Entry(static_cast<int>(i) + 1).selected = 1;
         }
         Editor().ShowLines();

@@ -26,7 +26,7 @@ class PaintWatch final : public QObject {
 void StartWith(TestProgram& program, int type, const char* text) {
     program.Start();
     program.ClearLines();
-    program.Entry(1).type = type;
+    program.Entry(1).type = static_cast<EquationType>(type);
     program.Entry(1).selected = 1;
     program.Editor().ShowLines();
     program.Line(1)->setText(text);
@@ -326,9 +326,9 @@ class GraphWindowTest final : public QObject {
         QVERIFY(file.open(QIODevice::WriteOnly));
         file.write("0 1\n1 2\n2 0\n3 1\n");
         file.close();
-        program.Entry(1).type = 4;
+        program.Entry(1).type = EquationType::File;
         program.Entry(1).method.approx = 9;
-        program.Entry(2).type = 5;
+        program.Entry(2).type = EquationType::Implicit;
         program.Entry(1).selected = program.Entry(2).selected = 1;
         program.Editor().ShowLines();
         program.Line(1)->setText(path);

@@ -57,7 +57,7 @@ class KeyboardRunTest final : public QObject {
         p.Ctrl(Qt::Key_1);
         p.Ctrl(Qt::Key_Space);
         QCOMPARE(p.Entry(2).color, 5);
-        QCOMPARE(p.Entry(2).type, 1);
+        QCOMPARE(p.Entry(2).type, EquationType::Polar);
         p.Press(Qt::Key_Tab);
         QVERIFY(p.Line(3)->hasFocus());
     }

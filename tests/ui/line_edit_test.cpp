@@ -130,7 +130,7 @@ class LineEditTest final : public QObject {
     }
     void PathsArePastedWhole() {
         EditorBench bench;
-        bench.Entry(1).type = 4;
+        bench.Entry(1).type = EquationType::File;
         bench.window.ShowLines();
         QVERIFY(bench.Start());
         QGuiApplication::clipboard()->setText("/my points.txt");

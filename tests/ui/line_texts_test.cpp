@@ -14,7 +14,7 @@ class LineTextsTest final : public QObject {
         };
         for (const auto& [type, name] : rows) {
             FunctionEntry entry;
-            entry.type = type;
+            entry.type = static_cast<EquationType>(type);
             QCOMPARE(NameOfLine(2, entry), QString(name));
         }
     }

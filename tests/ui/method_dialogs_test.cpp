@@ -17,7 +17,7 @@ struct MethodProgram : TestProgram {
         if (!application.editor) {
             Start();
             ClearLines();
-            Entry(2).type = 4;
+            Entry(2).type = EquationType::File;
             Editor().ShowLines();
         }
         Editor().FocusLine(1);
@@ -110,7 +110,7 @@ class MethodDialogsTest final : public QObject {
         MethodProgram program;
         program.Start();
         program.ClearLines();
-        program.Entry(2).type = 4;
+        program.Entry(2).type = EquationType::File;
         program.Entry(2).method.approx_val = 17;  // no flag
         program.Entry(2).method.approx_val2 = 2;
         program.Editor().ShowLines();
@@ -154,7 +154,7 @@ class MethodDialogsTest final : public QObject {
             MethodProgram program;
             program.Start();
             program.ClearLines();
-            program.Entry(2).type = 4;
+            program.Entry(2).type = EquationType::File;
             program.Editor().FocusLine(1);
             program.Editor().Run(choice.command);
             const bool dialog = choice.method == ApproxMethod::LeastSquares ||
@@ -167,7 +167,7 @@ class MethodDialogsTest final : public QObject {
         MethodProgram program;
         program.Start();
         program.ClearLines();
-        program.Entry(2).type = program.Entry(3).type = 4;
+        program.Entry(2).type = program.Entry(3).type = EquationType::File;
         program.Entry(2).method.approx = 6;
         program.Entry(3).method.approx = 12;
         program.Editor().ShowLines();

@@ -29,7 +29,7 @@ struct OptionsProgram : TestProgram {
     void OpenGraphWith(int type, const char* text) {
         Start();
         ClearLines();
-        Entry(1).type = type;
+        Entry(1).type = static_cast<EquationType>(type);
         Entry(1).selected = 1;
         Editor().ShowLines();
         Line(1)->setText(text);

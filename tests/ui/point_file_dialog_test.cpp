@@ -64,7 +64,7 @@ class PointFileDialogTest final : public QObject {
         QTRY_VERIFY(!program.dialog);
         QCOMPARE(program.Line(3)->text(), path);
         QVERIFY(program.application.workspace.lines[2] == FromQString(path));
-        QCOMPARE(program.Entry(3).type, 4);
+        QCOMPARE(program.Entry(3).type, EquationType::File);
         QCOMPARE(program.Label(3)->text(), QString(" F="));
         QCOMPARE(program.Editor().FocusedSlot().value_or(-1), 2);
         QCOMPARE(program.application.windowState.folder, program.folder.path());
@@ -108,7 +108,7 @@ class PointFileDialogTest final : public QObject {
         QTest::keyClick(program.dialog, Qt::Key_Escape);
         QTRY_VERIFY(!program.dialog);
         QCOMPARE(program.Line(3)->text(), QString("x+1"));
-        QCOMPARE(program.Entry(3).type, 4);
+        QCOMPARE(program.Entry(3).type, EquationType::File);
     }
 };
 

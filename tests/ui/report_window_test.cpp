@@ -23,7 +23,7 @@ struct TracedProgram : TestProgram {
     void Open(const QString& text = "sin(x)", int type = 2) {
         Start();
         ClearLines();
-        Entry(1).type = type;
+        Entry(1).type = static_cast<EquationType>(type);
         Entry(1).selected = 1;
         Line(1)->setText(text);
         OpenGraph();
@@ -270,7 +270,7 @@ class ReportWindowTest final : public QObject {
         AnalysisResult result;
         QString folder;
         FunctionEntry entry;
-        entry.type = 2;
+        entry.type = EquationType::Decart;
         entry.text = u"x<b>1</b>";
         entry.samples.resize(3);
         OpenAnalysis({&window, result, folder, program.shown.show, u"SmartPhone"}, entry, {});

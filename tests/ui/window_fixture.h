@@ -63,7 +63,7 @@ struct TestProgram {
         for (int number = 1; number <= kSlotCount; ++number) {
             Line(number)->clear();
             Entry(number) = {};
-            Entry(number).type = 2;
+            Entry(number).type = EquationType::Decart;
             Entry(number).color = number;
         }
         Editor().ShowLines();

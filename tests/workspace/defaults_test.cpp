@@ -9,7 +9,7 @@ TEST(DefaultWorkspace, IsANewUsers) {
     const Workspace workspace = DefaultWorkspace();
     for (std::size_t i = 0; i < 9; ++i) {
         const FunctionEntry& entry = workspace.functions[i];
-        EXPECT_EQ(entry.type, 2);
+        EXPECT_EQ(entry.type, EquationType::Decart);
         EXPECT_EQ(entry.color, static_cast<std::int32_t>(i) + 1);
         EXPECT_EQ(entry.selected, 0);
         EXPECT_EQ(entry.method.approx, 0);

@@ -4,10 +4,12 @@
 
 #include <limits>
 
+#include "resources/strings.h"
+
 namespace kalvex {
 namespace {
 
-// KEEP row: the label of `Implicit` alone has no leading blank.
+// KEEP: only the label of `Implicit` has no leading blank.
 TEST(LabelOf, GivesTheExactLabels) {
     const std::pair<std::int32_t, std::u16string_view> rows[] = {
         {1, u" r(x)="},  {2, u" Y(x)="},  {3, u" X;Y="},
@@ -15,19 +17,24 @@ TEST(LabelOf, GivesTheExactLabels) {
         {-1, u" Y(x)="}, {6, u" Y(x)="},  {std::numeric_limits<std::int32_t>::min(), u" Y(x)="},
     };
     for (const auto& [type, label] : rows)
-        EXPECT_EQ(LabelOf(type), label) << type;
+        EXPECT_EQ(LabelOf(static_cast<EquationType>(type)), label) << type;
 }
 
-// KEEP row: the ninth colour is "Great" and a dark grey.
+// KEEP: the ninth colour is called "Great" and is a dark grey.
 TEST(ColorTable, HoldsNineColours) {
-    const NamedColor rows[] = {
+    const struct {
+        std::u16string_view name;
+        Rgb rgb;
+    } rows[] = {
         {u"Red", {255, 0, 0}},     {u"Orange", {255, 165, 0}}, {u"Violet", {138, 43, 226}},
         {u"Green", {50, 205, 50}}, {u"Blue", {0, 0, 255}},     {u"Magenta", {255, 0, 255}},
         {u"Cyan", {0, 255, 255}},  {u"Black", {0, 0, 0}},      {u"Great", {105, 105, 105}},
     };
     for (std::int32_t color = 1; color <= 9; ++color) {
-        const NamedColor& row = rows[color - 1];
-        EXPECT_EQ(kColorTable[static_cast<std::size_t>(color - 1)].name, row.name);
+        const auto& row = rows[color - 1];
+        const NamedColor& named = kColorTable[static_cast<std::size_t>(color - 1)];
+        EXPECT_EQ(named.name, row.name);
+        EXPECT_EQ(Text(named.word), row.name);
         EXPECT_EQ(ColorOf(color), row.rgb);
     }
     for (const std::int32_t color : {0, 10, -1, std::numeric_limits<std::int32_t>::min()}) {
@@ -57,7 +64,7 @@ TEST(Selection, TogglesAndClears) {
 TEST(ReleaseFunctions, LeavesTheSettings) {
     FunctionList functions;
     FunctionEntry& entry = functions[3];
-    entry.type = 3;
+    entry.type = EquationType::Parametric;
     entry.color = 5;
     entry.selected = 1;
     entry.method.approx_val = 6;
@@ -74,7 +81,7 @@ TEST(ReleaseFunctions, LeavesTheSettings) {
     EXPECT_TRUE(entry.points.y.empty() && entry.pointPixels.empty());
     EXPECT_EQ(entry.compiled[0].program, nullptr);
     EXPECT_EQ(entry.compiled[1].program, nullptr);
-    EXPECT_EQ(entry.type, 3);
+    EXPECT_EQ(entry.type, EquationType::Parametric);
     EXPECT_EQ(entry.color, 5);
     EXPECT_EQ(entry.selected, 1);
     EXPECT_EQ(entry.method.approx_val, 6);

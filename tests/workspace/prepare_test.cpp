@@ -14,14 +14,14 @@ struct LineCase {
     std::u16string_view text;
     std::u16string_view working;
     std::u16string_view y;
-    std::u16string_view message;  ///< of the last box; empty: none
+    std::u16string_view message;  ///< text of the last box; empty when there is none
 };
 
 const LineCase kLines[] = {
     {2, 0, u"", true, u"", u"", u"", u""},
     {2, 1, u"", false, u"", u"", u"", u"Error in 4 function:\n\nEmpty string"},
     {2, 0, u"2x+", true, u"2x+", u"2x+", u"", u""},
-    {2, 2, u"2x+", true, u"2x+", u"2x+", u"", u""},  // 1 alone means selected
+    {2, 2, u"2x+", true, u"2x+", u"2x+", u"", u""},  // only 1 means selected
     {2, 1, u"2x", true, u"2x", u"2*x", u"", u""},
     {1, 1, u"-x", true, u"-x", u"0-x", u"", u""},
     {2, 1, u"2q", false, u"2q", u"2*q", u"",
@@ -30,7 +30,7 @@ const LineCase kLines[] = {
     {3, 1, u"2x;3x", true, u"2x;3x", u"2*x", u"3*x", u""},
     {3, 1, u"a;b;c", false, u"a;b;c", u"a", u"b;c",
      u"Error in 4 function:\na;b;c\nThere is an unknown lexeme"},
-    // KEEP: Y is looked at first and X stays as typed when it fails.
+    // KEEP: Y is checked first; when it fails, X stays as typed.
     {3, 1, u"2q;", false, u"2q;", u"2q", u"", u"Error in 4 function:\n2q;\nEmpty string"},
     {3, 1, u"2x;2q", false, u"2x;2q", u"2x", u"2*q",
      u"Error in 4 function:\n2x;2q\nThere is an unknown lexeme"},
@@ -56,7 +56,7 @@ const LineCase kLines[] = {
 TEST(PrepareFunction, TreatsEachTypeItsWay) {
     for (const LineCase& row : kLines) {
         FunctionEntry entry;
-        entry.type = row.type;
+        entry.type = static_cast<EquationType>(row.type);
         entry.selected = row.selected;
         ShownBoxes shown;
         const std::string line(row.line.begin(), row.line.end());
@@ -80,7 +80,7 @@ TEST(PrepareFunction, TreatsEachTypeItsWay) {
 
 TEST(PrepareFunction, CompilesBothHalves) {
     FunctionEntry entry;
-    entry.type = 3;
+    entry.type = EquationType::Parametric;
     entry.selected = 1;
     ASSERT_TRUE(PrepareFunction(entry, 0, u"2x;3x", ShownBoxes().show));
     EXPECT_EQ(EvaluateExpression(entry.compiled[0], 2), 4);
@@ -89,7 +89,7 @@ TEST(PrepareFunction, CompilesBothHalves) {
 
 TEST(PrepareFunction, KeepsTheOlderFormUntilCompiledAgain) {
     FunctionEntry entry;
-    entry.type = 2;
+    entry.type = EquationType::Decart;
     entry.selected = 1;
     ASSERT_TRUE(PrepareFunction(entry, 0, u"2x", ShownBoxes().show));
     EXPECT_FALSE(PrepareFunction(entry, 0, u"3q", ShownBoxes().show));
@@ -104,7 +104,7 @@ TEST(PrepareFunction, KeepsTheOlderFormUntilCompiledAgain) {
 
 TEST(PrepareFunction, ShowsTheTestBoxOfYBeforeThatOfX) {
     FunctionEntry entry;
-    entry.type = 3;
+    entry.type = EquationType::Parametric;
     entry.selected = 1;
     ShownBoxes shown;
     EXPECT_TRUE(PrepareFunction(entry, 0, u"(x)2;(x)3", shown.show));

@@ -11,7 +11,7 @@ namespace kalvex {
 /// Keeps every box and answers it.
 struct ShownBoxes {
     std::shared_ptr<std::vector<MessageBox>> boxes = std::make_shared<std::vector<MessageBox>>();
-    /// What Yes/No boxes are answered with.
+    /// The answer to boxes with the buttons Yes and No.
     std::shared_ptr<MessageAnswer> answer = std::make_shared<MessageAnswer>(MessageAnswer::Yes);
     ShowMessage show = [list = boxes, reply = answer](const MessageBox& box) {
         list->push_back(box);

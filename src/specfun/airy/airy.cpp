@@ -1,7 +1,8 @@
-// Airy functions. For positive x the leading terms exp(-+zeta) x^(-1/4), zeta = 2/3 x^(3/2) (DLMF
-// 9.7.5, 9.7.7), are taken off, with zeta and the root in two doubles: what is left is a polynomial
-// in 1/zeta. Near 0 both have polynomials, Bi one of Bi(x)/(x - zero) about its first zero. Where
-// they oscillate see wave.cpp.
+// Airy functions. For positive x the leading factor exp(-+zeta) x^(-1/4) with zeta = 2/3 x^(3/2)
+// (DLMF 9.7.5, 9.7.7) is computed separately, with zeta and the root as double-doubles; the
+// remaining factor is a polynomial in 1/zeta. Near 0 both functions are polynomials; about the
+// first zero of Bi the polynomial is that of Bi(x)/(x - zero). wave.cpp has the arguments where
+// both oscillate.
 #include <cmath>
 #include <cstddef>
 
@@ -15,11 +16,11 @@
 namespace kalvex::specfun {
 namespace {
 
-constexpr double kVanishing = 110;  // Ai is 0 from 107.5 on, Bi infinite from 104.44 on
-constexpr double kHalved = 600;     // exponential functions of more are taken in two halves
+constexpr double kVanishing = 110;  // Ai is 0 from 107.5 on, Bi is infinite from 104.44 on
+constexpr double kHalved = 600;     // exponential functions of more are computed as a square
 
-/// c[2] + c[3] h + c[4] h^2 + ... by Horner's rule, the last two steps to twice the precision; c[0]
-/// and c[1] are what c[2] and c[3] leave.
+/// c[2] + c[3] h + c[4] h^2 + ... by Horner's rule, with the last two steps in double-double
+/// arithmetic. c[0] and c[1] are the rounding errors of the coefficients c[2] and c[3].
 template <std::size_t N>
 DoubleDouble ClosePolynomial(const double (&c)[N], double h) {
     double sum = c[N - 1];
@@ -31,8 +32,8 @@ DoubleDouble ClosePolynomial(const double (&c)[N], double h) {
     return {total.high, total.low + (rise.low + h * (slope.low + c[1]) + c[0])};
 }
 
-/// exp(+-zeta)/(sqrt(pi) x^(1/4)) times a factor. The exponential function alone may be out of
-/// range.
+/// exp(+-zeta)/(sqrt(pi) x^(1/4)) times a factor. The exponential function by itself may be out of
+/// range although the product is not.
 double Leading(DoubleDouble zeta, double sign, const Roots& roots, double factor) {
     const DoubleDouble amplitude = roots.inverse * kInverseRootOfPi;
     const DoubleDouble scaled = TwoProduct(amplitude.high, factor);

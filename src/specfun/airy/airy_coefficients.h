@@ -1,7 +1,7 @@
 // Made by scripts/make-airy-coefficients. Coefficients of interpolating polynomials in powers
-// of the distance from the middle, as Polynomial() of polynomial.h takes them: the rest of the
-// constant one beyond a double, then all from the constant one up. Where the rests of two are
-// listed, they come first, that of the constant one before the other.
+// of the distance from the middle. Polynomial() of polynomial.h takes them in this order: the
+// rounding error of the constant one, then all coefficients from the constant one up. Where two
+// rounding errors are listed, the second is that of the linear one.
 #pragma once
 
 #include "numbers/double_double.h"
@@ -10,7 +10,7 @@ namespace kalvex::specfun {
 
 inline constexpr DoubleDouble kBiZeroAt = {-1.173713222709128, 1.0961770450823225e-16};
 
-/// Ai(x); with the rests of two coefficients.
+/// Ai(x); with two rounding errors.
 inline constexpr double kAiFarMiddle = -1.5;
 inline constexpr double kAiFar[] = {
     -7.3592000125466772e-18, 1.858355380463972e-17,   0.46425657774886941,
@@ -21,7 +21,7 @@ inline constexpr double kAiFar[] = {
     1.8856349467060711e-07,
 };
 
-/// Ai(x); with the rests of two coefficients.
+/// Ai(x); with two rounding errors.
 inline constexpr double kAiTopMiddle = -0.8125;
 inline constexpr double kAiTop[] = {
     1.6187961462873485e-17, 4.5556392589860366e-18,  0.52486365336489627,
@@ -32,7 +32,7 @@ inline constexpr double kAiTop[] = {
     6.5115301530926833e-08,
 };
 
-/// Ai(x); with the rests of two coefficients.
+/// Ai(x); with two rounding errors.
 inline constexpr double kAiNearMiddle = 0;
 inline constexpr double kAiNear[] = {
     2.0592826752900163e-17,  2.5222636496797026e-17,  0.35502805388781722,
@@ -43,7 +43,7 @@ inline constexpr double kAiNear[] = {
     -3.6576109466328326e-08, -1.5048359952042295e-10, 9.8798210468504737e-10,
 };
 
-/// Ai(x); with the rests of two coefficients.
+/// Ai(x); with two rounding errors.
 inline constexpr double kAi0Middle = 0.875;
 inline constexpr double kAi0[] = {
     2.4292111648312179e-18,  1.1452566206914835e-17, 0.15624862361272526,
@@ -54,7 +54,7 @@ inline constexpr double kAi0[] = {
     -5.2681653969501067e-09,
 };
 
-/// Ai(x); with the rests of two coefficients.
+/// Ai(x); with two rounding errors.
 inline constexpr double kAi1Middle = 1.875;
 inline constexpr double kAi1[] = {
     -2.8325165633578718e-18, 3.1655795240367046e-18,  0.042129636244998353,
@@ -92,7 +92,7 @@ inline constexpr double kAiScaled20[] = {
     -0.46206160740476565,   1.3877961270848465,  -4.6008121474522916,
 };
 
-/// Bi(x)/(x - zero); with the rests of two coefficients.
+/// Bi(x)/(x - zero); with two rounding errors.
 inline constexpr double kBiZero[] = {
     -5.0228470606597227e-17, 1.8100010257712115e-35,  0.60195788797623961,
     3.6878927857592734e-17,  -0.11775432210529541,    0.050163157331352216,
@@ -103,7 +103,7 @@ inline constexpr double kBiZero[] = {
     1.0224082430688717e-10,
 };
 
-/// Bi(x); with the rests of two coefficients.
+/// Bi(x); with two rounding errors.
 inline constexpr double kBiNearMiddle = 0;
 inline constexpr double kBiNear[] = {
     5.0773683872359228e-17, -2.536360086895794e-17,  0.61492662744600068,
@@ -114,7 +114,7 @@ inline constexpr double kBiNear[] = {
     6.3351675534616289e-08, 2.6728782912668366e-10,  1.7121517523386531e-09,
 };
 
-/// Bi(x); with the rests of two coefficients.
+/// Bi(x); with two rounding errors.
 inline constexpr double kBi0Middle = 0.875;
 inline constexpr double kBi0[] = {
     -2.7315430539520347e-17, 3.2190164321863174e-17, 1.0996353785724138,     0.7972813054205341,
@@ -124,7 +124,7 @@ inline constexpr double kBi0[] = {
     6.3024481723717954e-08,
 };
 
-/// Bi(x); with the rests of two coefficients.
+/// Bi(x); with two rounding errors.
 inline constexpr double kBi1Middle = 1.75;
 inline constexpr double kBi1[] = {
     -1.6473175894553421e-16, 6.4537518115038567e-18, 2.4522706944960597,     2.7615817303639201,
@@ -134,7 +134,7 @@ inline constexpr double kBi1[] = {
     6.125945601727451e-07,   1.0764098853002432e-07,
 };
 
-/// Bi(x); with the rests of two coefficients.
+/// Bi(x); with two rounding errors.
 inline constexpr double kBi2Middle = 2.8125;
 inline constexpr double kBi2[] = {
     -8.5500997298521894e-16, -7.3185344570928429e-16, 10.396883697216929,

@@ -1,7 +1,7 @@
-// A Taylor series about the nearest multiple of 1/4, by the recurrence that the equation y'' = x y
-// gives for its coefficients; value and slope there come from a table by
-// scripts/make-large-order-coefficients. From the fifth term on it is so small that plain doubles
-// hold it.
+// A Taylor series about the nearest multiple of 1/4. Its coefficients come from the recurrence that
+// the equation y'' = x y gives; value and slope at the multiple come from a table made by
+// scripts/make-large-order-coefficients. From the sixth term on the terms are so small that plain
+// doubles suffice.
 #include "specfun/airy/airy_pair.h"
 
 #include <cmath>

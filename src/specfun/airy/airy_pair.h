@@ -1,5 +1,5 @@
-// The Airy functions with their derivatives to some 64 bits, as the uniform expansions of the
-// Bessel functions need them.
+// The Airy functions and their derivatives to some 64 bits, for the uniform expansions of the
+// Bessel functions.
 #pragma once
 
 #include "numbers/extended.h"
@@ -11,11 +11,11 @@ struct AiryPair {
     double derivative;
 };
 
-/// Ai and Ai' for y from -13 to 13. The error of the value is below 2^-60 of it, of the derivative
-/// some units in the last place; for negative y of their moduli.
-AiryPair AiryAiPair(DoubleDouble y);
+/// Ai and Ai' for y from -13 to 13. The relative error of the value is below 2^-60, that of the
+/// derivative is some units in the last place of a double; for negative y relative to the modulus.
+[[nodiscard]] AiryPair AiryAiPair(DoubleDouble y);
 
-/// Bi and Bi'; likewise.
-AiryPair AiryBiPair(DoubleDouble y);
+/// Bi and Bi', under the same conditions.
+[[nodiscard]] AiryPair AiryBiPair(DoubleDouble y);
 
 }  // namespace kalvex::specfun

@@ -1,4 +1,4 @@
-// What the leading terms of the Airy functions are made of, to twice the precision.
+// The factors of the leading terms of the Airy functions, as double-doubles.
 #pragma once
 
 #include <cmath>
@@ -15,8 +15,8 @@ struct Roots {
     DoubleDouble inverse;  ///< x^(-1/4), relative error below 2^-100
 };
 
-/// x from 1 up.
-inline Roots RootsOf(double x) {
+/// For x of 1 or more.
+[[nodiscard]] inline Roots RootsOf(double x) {
     const double root = std::sqrt(x);
     const double inverse = 1 / std::sqrt(root);
     const double square = inverse * inverse;
@@ -28,9 +28,10 @@ inline Roots RootsOf(double x) {
     return {{root, rest}, {inverse, inverse * miss / 2}};
 }
 
-/// 2/3 x^(3/2), relative error below 2^-102. The low part, of up to two units in the last place of
-/// the high one, is left unnormalised: the exponential function need not wait for it.
-inline DoubleDouble ZetaOf(double x, const Roots& roots) {
+/// 2/3 x^(3/2), relative error below 2^-102. The result is not normalised: its low part may be two
+/// units in the last place of the high part. So the exponential function of the high part need not
+/// wait for it.
+[[nodiscard]] inline DoubleDouble ZetaOf(double x, const Roots& roots) {
     const DoubleDouble power = TwoProduct(x, roots.root.high);
     const DoubleDouble zeta = TwoProduct(power.high, kTwoThirds.high);
     const double rest = power.low + x * roots.root.low;

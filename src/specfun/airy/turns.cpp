@@ -1,11 +1,12 @@
-// In turns 2/3 x^(3/2) is x sqrt(x)/(3 pi). With x = a 4^(9 q), 1 <= a < 2^18, that is
-// a sqrt(a) / (3 pi) B^q with B = 2^27: of the product only the digits behind the point to the base
-// B are needed, as Payne and Hanek (1983) do it for x itself.
+// In units of a full turn 2/3 x^(3/2) is x sqrt(x)/(3 pi). With x = a 4^(9 q), 1 <= a < 2^18, this
+// is a sqrt(a) / (3 pi) B^q with B = 2^27. Only the digits to the base B behind the point of the
+// product are needed, as in the reduction of x itself by Payne and Hanek (1983).
 //
-// The root comes digit by digit. Of its first j digits S the remainder r = B^j (a - S^2) is kept;
-// the next digit is the whole number d nearest to B r/(2 S), positive or negative, and the next
-// remainder B r - d (2 S + d B^-(j+1)). Digits of the remainder beyond the fifth are left without
-// carries: 64 products of two numbers up to 2^27 and 2^28 still fit.
+// The root is computed digit by digit. Let S be the number made of its first j digits. The
+// remainder r = B^j (a - S^2) is kept. The next digit d is the integer nearest to B r/(2 S), which
+// may be negative, and the next remainder is B r - d (2 S + d B^-(j+1)). Digits of the remainder
+// beyond the fifth are left without carries: sums of 64 products of numbers up to 2^27 and 2^28
+// still fit into an integer of 64 bits.
 #include "specfun/airy/turns.h"
 
 #include <algorithm>
@@ -32,7 +33,8 @@ constexpr DoubleDouble kTurn = {2 * kPi.high, 2 * kPi.low};
 using Digits = std::array<std::int64_t, kMost + kBehind + kFractions + 1>;
 using Window = std::array<std::int64_t, kBehind + kFractions>;
 
-/// Digits from `last` down to `first` between -B/2 and B/2; what is more goes to the one before.
+/// Brings the digits from `last` down to `first` between -B/2 and B/2 and adds what exceeds that to
+/// the digit before.
 template <typename Array>
 void Carry(Array& digits, int first, int last) {
     for (int i = last; i >= first; --i) {
@@ -48,7 +50,7 @@ double Leading(const Digits& digits) {
            kUnit * (static_cast<double>(digits[1]) + kUnit * static_cast<double>(digits[2]));
 }
 
-/// Three digits, the first one whole: 1 <= a < 2^18.
+/// a as three digits to the base B, the first one whole: 1 <= a < 2^18.
 std::array<std::int64_t, kFractions + 1> ExactDigits(double a) {
     std::array<std::int64_t, kFractions + 1> digits{};
     for (std::int64_t& digit : digits) {
@@ -69,7 +71,7 @@ Digits TwiceRoot(double a, int count) {
     twice[0] = TruncateToInt64(2 * whole);
     rest[0] -= TruncateToInt64(whole * whole);
     for (int j = 1; j <= count; ++j) {
-        // The linear rule is good enough from the second digit on.
+        // From the second digit on the estimate is accurate enough.
         const double estimate = j == 1 ? root - whole : Leading(rest) / Leading(twice);
         const std::int64_t digit = TruncateToInt64(std::nearbyint(estimate * kBase));
         rest[0] = rest[0] * kBase + rest[1] - digit * twice[0];
@@ -83,7 +85,7 @@ Digits TwiceRoot(double a, int count) {
     return twice;
 }
 
-/// The digits but the last, from the one of weight 1/B on.
+/// The value of the digits, without the last one, from the digit of weight 1/B on.
 DoubleDouble Fraction(const Window& digits) {
     DoubleDouble sum;
     for (int i = kBehind - 2; i > 0; i -= 2) {
@@ -108,7 +110,7 @@ ReducedAngle TurnedPhase(double x) {
             product[i] += twice[j] / 2 * kThirdOfInversePi[sum - j];
     }
     Carry(product, 0, kBehind + kFractions - 1);
-    // The product with a behind the point, and an eighth of a turn.
+    // The digits behind the point of the product with a, plus an eighth of a turn.
     Window turns{};
     const auto digits = ExactDigits(a);
     for (int i = 1; i <= kBehind; ++i)

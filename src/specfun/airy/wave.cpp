@@ -1,6 +1,6 @@
-// Bi(-x) + i Ai(-x) = M exp(i phase) with M = (1 + small)/(sqrt(pi) x^(1/4)) and
-// phase = pi/4 + zeta (1 + small), zeta = 2/3 x^(3/2) (DLMF 9.8). What is small is 1/x^3 times a
-// polynomial in 1/x, so that plain doubles hold it; the rest is computed in two doubles.
+// Bi(-x) + i Ai(-x) = M exp(i phase) with M = (1 + small)/(sqrt(pi) x^(1/4)) and phase = pi/4 +
+// zeta (1 + small), zeta = 2/3 x^(3/2) (DLMF 9.8). Each small part is 1/x^3 times a polynomial in
+// 1/x, for which plain doubles suffice; the rest is computed in double-double arithmetic.
 #include "specfun/airy/wave.h"
 
 #include <cmath>
@@ -37,8 +37,9 @@ Small SmallParts(double r) {
     return {Polynomial(kModulus2, r - kModulus2Middle), Polynomial(kPhase2, r - kPhase2Middle)};
 }
 
-/// zeta + pi/4 for zeta up to 1e15: less the odd multiple of pi/4 next to zeta, whose product with
-/// pi/4 lies within a factor of two of zeta, so that the difference of the high parts is exact.
+/// zeta + pi/4 for zeta up to 1e15, reduced. The odd multiple of pi/4 next to zeta is subtracted.
+/// Its product with pi/4 lies within a factor of two of zeta, so that the difference of the high
+/// parts is exact.
 ReducedAngle ShortPhase(DoubleDouble zeta) {
     const double quarters = std::floor(zeta.high / kHalfPi.high) + 1;
     const double odd = 2 * quarters - 1;
@@ -47,7 +48,7 @@ ReducedAngle ShortPhase(DoubleDouble zeta) {
     return {TwoSum(zeta.high - taken.high, low), static_cast<int>(TruncateToInt64(quarters) & 3)};
 }
 
-/// sin(t), |t| up to 0.9, as a sum of a part that is exact and the rest.
+/// sin(t) for |t| up to 0.9. The high part is exact, the low part is the rest.
 DoubleDouble Sine(DoubleDouble t) {
     constexpr double kTerms[] = {
         1.0 / 355687428096000, -1.0 / 1307674368000, 1.0 / 6227020800, -1.0 / 39916800,
@@ -59,7 +60,7 @@ DoubleDouble Sine(DoubleDouble t) {
     return {t.high, t.high * (square * sum) + t.low * (1 - square / 2)};
 }
 
-/// cos(t) likewise.
+/// cos(t) in the same form.
 DoubleDouble Cosine(DoubleDouble t) {
     constexpr double kTerms[] = {
         -1.0 / 6402373705728000, 1.0 / 20922789888000, -1.0 / 87178291200, 1.0 / 479001600,

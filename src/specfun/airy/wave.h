@@ -3,11 +3,11 @@
 
 namespace kalvex::specfun {
 
-/// Ai and Bi from here down.
+/// For smaller x Ai and Bi are computed by AiryWave.
 inline constexpr double kWaveFrom = -1.875;
 
-/// M sin(phase + quarters pi/2) at -x, finite x of at least -kWaveFrom: Ai for 0 quarters, Bi for
-/// 1. The error is that of the last rounding and 2^-55 M at most.
-double AiryWave(double x, int quarters);
+/// M sin(phase + quarters pi/2) at -x, for finite x of at least -kWaveFrom: Ai for quarters = 0, Bi
+/// for quarters = 1. The error is that of the final rounding plus at most 2^-55 M.
+[[nodiscard]] double AiryWave(double x, int quarters);
 
 }  // namespace kalvex::specfun

@@ -1,7 +1,7 @@
-// The power series of J and I (DLMF 10.2.2, 10.25.2), its factor by a product or Stirling's series
-// (5.11.1); the ratio of neighbouring orders by Olver's algorithm: the recurrence upward tells how
-// far to go for the truncation not to matter, downward from there it is stable. Taylor coefficients
-// of 1/Gamma by scripts/make-bessel-coefficients.
+// The power series of J and I (DLMF 10.2.2, 10.25.2), with its leading factor by a product or by
+// Stirling's series (5.11.1). The ratio of neighbouring orders by Olver's algorithm: the recurrence
+// upward shows how far to go until the truncation no longer matters; the recurrence downward from
+// there is stable. Taylor coefficients of 1/Gamma by scripts/make-bessel-coefficients.
 #include "specfun/bessel/common.h"
 
 #include <algorithm>
@@ -13,7 +13,8 @@
 namespace kalvex::specfun {
 namespace {
 
-/// Coefficients of 1/Gamma(1 + t) at even powers of t, and at odd ones.
+/// Taylor coefficients of 1/Gamma(1 + t): those of the even powers of t, then those of the odd
+/// ones.
 constexpr PowerCoefficients<10> kEven = {
     {{1.0, 0.0},
      {-0.6558780715202539, 2.137185197068536e-17},
@@ -29,7 +30,7 @@ constexpr PowerCoefficients<10> kOdd = {
      6.116095104481416e-09, -1.18127457048702e-09, 7.782263439905071e-12, 5.100370287454476e-13,
      -5.348122539423018e-15, -1.1812593016974588e-16}};
 
-/// ln(Gamma(n+1) / (sqrt(2 pi n) (n/e)^n)) in odd powers of 1/n, from n = 16.
+/// ln(Gamma(n+1) / (sqrt(2 pi n) (n/e)^n)) in odd powers of 1/n, for n from 16 on.
 constexpr double kStirling[] = {1.0 / 12,   -1.0 / 360,      1.0 / 1260, -1.0 / 1680,
                                 1.0 / 1188, -691.0 / 360360, 1.0 / 156,  -3617.0 / 122400};
 constexpr double kStirlingFrom = 16;
@@ -39,7 +40,7 @@ Scaled StirlingFactor(double order, double x) {
     double rest = 0;
     for (std::size_t i = std::size(kStirling); i-- > 0;)
         rest = rest * (r * r) + kStirling[i];
-    // Half of the quotient; x alone may be denormal.
+    // x/(2 order) without the exponent of x, since x may be denormal.
     int exponent = 0;
     const double fraction = std::frexp(x, &exponent);
     const DoubleDouble quotient = LooseQuotient(DoubleDouble{fraction}, 2 * order);
@@ -48,7 +49,7 @@ Scaled StirlingFactor(double order, double x) {
     return power * LooseQuotient(1.0, LooseSqrt(2 * kPi * order));
 }
 
-/// x^n for n up to kStirlingFrom.
+/// x^n for n below kStirlingFrom.
 DoubleDouble IntegerPower(double x, int n) {
     DoubleDouble power{1};
     for (int k = 0; k < n; ++k) {
@@ -63,7 +64,7 @@ DoubleDouble IntegerPower(double x, int n) {
 SplitOrder Split(double order) {
     const double below = std::floor(order);
     const double whole = order - below > 0.5 ? below + 1 : below;
-    // Less changes no digit of any value.
+    // A smaller part does not change a digit of any value.
     constexpr double kLeast = 0x1p-200;
     const double part = order - whole;
     return {TruncateToInt32(whole), std::fabs(part) < kLeast ? 0 : part};
@@ -115,7 +116,7 @@ Scaled LeadingFactor(double order, double x) {
 
 KALVEX_WITH_FMA
 DoubleDouble PowerSeries(double order, DoubleDouble q) {
-    // Terms below this of the sum are doubles.
+    // Below this fraction of the sum plain doubles suffice for a term.
     constexpr double kSmall = 0x1p-11;
     constexpr double kNegligible = 0x1p-66;
     DoubleDouble sum{1};
@@ -143,7 +144,8 @@ DoubleDouble PowerSeries(double order, DoubleDouble q) {
 
 KALVEX_WITH_FMA
 DoubleDouble RatioOfVanishing(double order, double x, double sign) {
-    // The error left is the sum of 1/(p(k) p(k+1)) over the rest, p being the growing solution.
+    // The error of the ratio is the sum of 1/(p(k) p(k+1)) over the k that are left out, where p is
+    // the growing solution.
     constexpr double kEnough = 0x1p35;
     const DoubleDouble scale = LooseQuotient(DoubleDouble{2}, x);
     double before = 0;

@@ -1,15 +1,15 @@
-// J and Y of orders within 1/2 of 0 for moderate and large arguments, from H(1) = J + i Y. Either
-// way what is not known in closed form is small beside the rest, so that plain doubles hold it; the
-// rest is computed in pairs of doubles.
+// J and Y of orders within 1/2 of 0 for moderate and large arguments, from H(1) = J + i Y. In both
+// methods the part that is not known in closed form is small beside the rest, so that plain doubles
+// suffice for it; the rest is computed as double-doubles.
 //
-// Moderate arguments: Steed's method. H(1) is K of an imaginary argument; the ratio of two
-// neighbouring orders is that of the vanishing solution of a recurrence of confluent hypergeometric
-// functions (Temme, 1975), recurred downward from an order that depends on x alone. It runs on the
-// differences of neighbours: nothing cancels. The ratio of two J comes from the recurrence
-// downward, and the Wronskian fixes the common factor.
+// Moderate arguments: Steed's method. H(1) is K of an imaginary argument. The ratio of two
+// neighbouring orders is that of the minimal solution of a recurrence of confluent hypergeometric
+// functions (Temme, 1975). It is computed by recurrence downward from an order that depends on x
+// alone, written for the differences of neighbours so that nothing cancels. The ratio of two J
+// comes from the recurrence downward, and the Wronskian fixes the common factor.
 //
 // Large arguments: H(1) = sqrt(2/(pi x)) exp(i phase) (1 + small), phase = x - (part/2 + 1/4) pi,
-// by Hankel's expansion (DLMF 10.17.5), whose least term is exp(-2 x).
+// by Hankel's expansion (DLMF 10.17.5), whose smallest term is about exp(-2 x).
 #include <algorithm>
 #include <cmath>
 
@@ -31,7 +31,8 @@ PlainComplex Over(PlainComplex a, PlainComplex b) {
 }
 
 /// The small part q of the ratio (part + 1/2 - i x - q)/x of H(1) at the orders part + 1 and part,
-/// by Temme's recurrence for z = -i x; the error falls like exp(-4 sqrt(2 n z)).
+/// by Temme's recurrence for z = -i x. The error falls like exp(-4 sqrt(2 n z)) with the number n
+/// of steps.
 PlainComplex Confluent(double part, double x) {
     const int last = 10 + TruncateToInt32(90 / x);
     const double factor = (0.5 - part) * (0.5 + part);
@@ -55,14 +56,14 @@ PlainComplex Confluent(double part, double x) {
     return {factor * quotient.real, factor * quotient.imaginary};
 }
 
-/// Hankel's expansion of H(1) of the order but for the factor, less 1: its first term, up to 1/22,
-/// and the rest.
+/// Hankel's expansion of H(1) of the order, without its leading factor and less 1: its first term,
+/// which is at most 1/22, and the sum of the others.
 struct HankelParts {
     DoubleDouble first;  ///< imaginary
     PlainComplex rest;
 };
 
-/// Order up to 3/2.
+/// For orders up to 3/2.
 HankelParts HankelSum(DoubleDouble order, double x) {
     constexpr double kNegligible = 0x1p-60;
     const double scale = 1 / (2 * x);
@@ -80,7 +81,7 @@ HankelParts HankelSum(DoubleDouble order, double x) {
     return {first, rest};
 }
 
-/// What the expansion adds to the real and the imaginary part of a factor.
+/// What the terms of the expansion add to the real and to the imaginary part of a factor.
 OrderPair Added(DoubleDouble real, DoubleDouble imaginary, const HankelParts& sum) {
     const auto [first, rest] = sum;
     const double a = real.high * rest.real - imaginary.high * rest.imaginary;
@@ -92,7 +93,8 @@ OrderPair Added(DoubleDouble real, DoubleDouble imaginary, const HankelParts& su
 
 KALVEX_WITH_FMA
 LowOrders LowOrdersMiddle(double part, double x, int steps) {
-    // J over Y falls by more than 2^66 from the wanted order, or the turning point at x, to there.
+    // From the wanted order, or from the turning point at x, the ratio J/Y falls by more than 2^66
+    // up to this order.
     const int last = std::max(steps, TruncateToInt32(x)) + 12 + TruncateToInt32(3.5 * std::sqrt(x));
     const DoubleDouble scale = LooseQuotient(DoubleDouble{2}, x);
     DoubleDouble higher{0};
@@ -121,7 +123,7 @@ LowOrders LowOrdersMiddle(double part, double x, int steps) {
 KALVEX_WITH_FMA
 LowOrders LowOrdersFar(double part, double x) {
     const auto [c, s] = CosineSineLess(x, TwoSum(part / 2, 0.25));
-    // The root of 2/(pi x), which the largest x would overflow.
+    // sqrt(2/(pi x)); for the largest x the product pi x would overflow.
     const double unit = x > 0x1p500 ? 0x1p-300 : 1;
     const DoubleDouble root =
         TimesPower(LooseSqrt(LooseQuotient(1.0, kHalfPi * (x * unit * unit))), unit);

@@ -555,7 +555,7 @@ inline constexpr double kDebye[22][23] = {
 };
 
 /// U(k + 1)(p) / p^(k + 1), a polynomial of degree k + 1 in p^2.
-inline double DebyePolynomial(std::size_t k, double square) {
+[[nodiscard]] inline double DebyePolynomial(std::size_t k, double square) {
     double sum = 0;
     for (std::size_t i = k + 2; i-- > 0;)
         sum = sum * square + kDebye[k][i];

@@ -1,16 +1,16 @@
-// J and Y of orders too large for a recurrence, and of small ones far beyond the turning point.
-// Everything is written in the product of exact differences d = (order - x)(order + x), and in s =
-// sqrt|d|, by which a rounding of x turns the phase or changes the exponent: an error of 2^-60 of s
-// in these is far below one of x.
+// J and Y of orders too large for a recurrence, and of small orders for x far beyond the turning
+// point x = order. Everything is expressed by the product of exact differences d = (order -
+// x)(order + x) and by s = sqrt|d|, the rate at which a change of x turns the phase or changes the
+// exponent. An error of 2^-60 s in phase or exponent is far below the effect of a rounding of x.
 //
-// Up to 30 units of the exponent or phase from the turning point x = order, Olver's uniform
-// expansion in Airy functions (DLMF 10.20.4, 10.20.5); all that it needs is a power series in
-// (order - x)/(order + x) there, which stays below 1/4. Elsewhere Debye's expansions (10.19.3 for x
-// below the order, 10.19.6 above it); term k is near (k-1)!/(2 pi (2 xi)^k) for the exponent or
-// phase xi, so that twenty of them have all digits. In units of s their coefficients become those
-// of Hankel's expansion for large x. From x = 2 order on the phase is x - (order/2 + 1/4) pi and a
-// rest, whose sines and cosines are taken apart where x is large: those of x and of the multiple of
-// pi lose nothing however large both are.
+// Up to 30 units of the exponent or phase from the turning point: Olver's uniform expansion in Airy
+// functions (DLMF 10.20.4, 10.20.5). All that it needs there is a power series in (order -
+// x)/(order + x), which stays below 1/4. Elsewhere: Debye's expansions (10.19.3 for x below the
+// order, 10.19.6 for x above it). Term k is about (k-1)!/(2 pi (2 xi)^k) for the exponent or phase
+// xi, so that twenty terms give all digits. In units of s their coefficients become those of
+// Hankel's expansion for large x. From x = 2 order on the phase is x - (order/2 + 1/4) pi plus a
+// rest, and where x is large the sines and cosines of the two are computed separately: those of x
+// and of the multiple of pi lose no digits, however large both are.
 #include <algorithm>
 #include <cmath>
 #include <iterator>
@@ -25,7 +25,7 @@ namespace {
 /// Debye's expansions from this exponent or phase on.
 constexpr double kDebyeFrom = 28;
 
-/// Order, x and s in units of a power of four, so that their squares stay in range.
+/// Order, x and s in units of a power of four, so that their squares stay in the range of doubles.
 struct Place {
     double order;
     double x;
@@ -53,8 +53,9 @@ Place PlaceOf(double order, double x) {
     return {n, x, root, s, n * n / difference.high};
 }
 
-/// With t = s/order the exponent over the order is artanh(t) - t, the phase t - atan(t); both are
-/// above t^3/(3 - 1.8 t^2), where the sign of t^2 is that of order - x.
+/// Whether the uniform expansion is needed. With t = s/order the exponent over the order is
+/// artanh(t) - t, the phase over the order t - atan(t). Both are above t^3/(3 - 1.8 t^2), where t^2
+/// stands for a negative number if x is above the order.
 bool IsTurning(const Place& at) {
     return !(UnitOf(at) * at.s.high / std::fabs(3 * at.square - 1.8) >= kDebyeFrom);
 }
@@ -95,8 +96,8 @@ DoubleDouble Turning(double order, double x, AiryPair (&airy)(DoubleDouble)) {
            (pair.value + (pair.value.high * first + pair.derivative * second));
 }
 
-/// The sums of U(k)/order^k over even k, less 1, and odd k; for x above the order with the powers
-/// of i left out: then of (-1)^j U(2j) and (-1)^j U(2j+1).
+/// The sum of U(k)/order^k over even k, less 1, and that over odd k. For x above the order the
+/// powers of i are left out: then they are the sums of (-1)^j U(2j) and of (-1)^j U(2j+1).
 struct DebyeSums {
     double even;
     double odd;
@@ -123,10 +124,10 @@ DebyeSums DebyeSumsAt(const Place& at) {
 constexpr double kOddParts[] = {1.0,      1.0 / 3,  1.0 / 5,  1.0 / 7, 1.0 / 9,
                                 1.0 / 11, 1.0 / 13, 1.0 / 15, 1.0 / 17};
 
-/// For s up to this part of the order its exponent and phase come from their power series.
+/// For s up to this fraction of the order, exponent and phase come from their power series.
 constexpr double kFlat = 0.1;
 
-/// artanh(t) - t for positive `square` = t^2, t - atan(t) for negative ones, over t.
+/// artanh(t) - t where `square` = t^2 is positive, t - atan(t) where -t^2 is given; divided by t.
 double FlatPart(double square) {
     double sum = 0;
     for (std::size_t k = std::size(kOddParts) - 1; k > 0; --k)
@@ -138,7 +139,8 @@ double FlatPart(double square) {
 DoubleDouble Exponent(const Place& at) {
     const double t = at.s.high / at.order;
     if (t < kFlat) return at.s * FlatPart(t * t);
-    // Less of the order is as far beyond the range; the quotient stays within it for every order.
+    // A smaller x is as far out of range. With this bound the quotient stays finite for every
+    // order.
     constexpr double kLeast = 0x1p-900;
     return LooseDifference(
         at.order * LogOf(LooseQuotient(at.order + at.s, std::max(at.x, kLeast * at.order))), at.s);
@@ -146,7 +148,7 @@ DoubleDouble Exponent(const Place& at) {
 
 /// Cosine and sine of s - order beta - pi/4, tan(beta) = s/order.
 CosineSine PhaseAt(const Place& at) {
-    // Up to here the parts of the phase may be summed.
+    // Up to here the parts of the phase may be added before the sine is taken.
     constexpr double kTogether = 0x1p30;
     const double n = at.order;
     const double unit = UnitOf(at);
@@ -167,7 +169,7 @@ CosineSine PhaseAt(const Place& at) {
     return TurnedBack(CosineSineLess(at.x * unit, turns), CosineSineOf(TimesPower(rest, unit)));
 }
 
-/// exp(sign exponent) times the sums and sqrt(factor / s).
+/// exp(sign exponent) times the sums of Debye's expansion and sqrt(factor / s).
 Scaled Upright(const Place& at, double sign, DoubleDouble factor) {
     const DebyeSums sums = DebyeSumsAt(at);
     const DoubleDouble root = TimesPower(LooseSqrt(LooseQuotient(factor, at.s)), 1 / at.rootUnit);

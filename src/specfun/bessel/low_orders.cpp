@@ -1,9 +1,11 @@
-// Y of orders within 1/2 of 0 for small arguments: the recurrence downward gives all J(part+k) but
-// for a factor, which the expansion of (x/2)^part in them fixes (DLMF 10.23.15). The expansion of
-// J(-part) in the same values,
-// J(-m) = (x/2)^-2m times the sum of (-1)^k (m+2k) Gamma(m+k) (2m)_k / (k! Gamma(k+1-m)) J(m+2k),
-// put into the definition of Y, gives Y without cancellation for every order, integral ones too
-// (Goldstein and Thaler, 1959).
+// Y of orders within 1/2 of 0 for small arguments. The recurrence downward gives all J(part+k) up
+// to a common factor, which follows from the expansion of (x/2)^part in these functions (DLMF
+// 10.23.15). J(-part) has an expansion in the same functions:
+//
+// J(-m) = (x/2)^-2m times the sum of (-1)^k (m+2k) Gamma(m+k) (2m)_k / (k! Gamma(k+1-m)) J(m+2k).
+//
+// Put into the definition of Y, it gives Y without cancellation for every order, integral ones
+// included (Goldstein and Thaler, 1959).
 #include <cmath>
 
 #include "numbers/truncate.h"
@@ -12,10 +14,10 @@
 namespace kalvex::specfun {
 namespace {
 
-/// Below, the sums are their first terms.
+/// Below this argument the sums equal their first terms.
 constexpr double kTiny = 0x1p-60;
 
-/// Sums over the J(part + k) of the recurrence downward, all but for the same factor.
+/// Sums over the J(part + k) of the recurrence downward, all with the same unknown factor.
 struct NeumannSums {
     OrderPair j;          ///< orders part and part + 1, without a power
     DoubleDouble norm;    ///< (x/2)^part / Gamma(1 + part)
@@ -24,13 +26,14 @@ struct NeumannSums {
     DoubleDouble next;    ///< 3 part / x of it less the same with J' for J
 };
 
-/// The step above part at which to start, at most 26: J falls by more than 2^66 to there.
+/// The number of steps above part at which the recurrence starts, at most 26. From part to there J
+/// falls by more than 2^66.
 int StartSteps(double x) {
     if (x < 1e-3) return 6;
     return x < 0.1 ? 12 : TruncateToInt32(16 + 4.5 * x);
 }
 
-/// The sums so far, and the values of the recurrence one and two steps above the even step 2m.
+/// The sums so far, and the values of the recurrence at the even step 2m and one step above it.
 struct Run {
     DoubleDouble norm;
     DoubleDouble second;
@@ -39,7 +42,7 @@ struct Run {
     DoubleDouble value;  ///< at the step 2m
 };
 
-/// The two steps of the recurrence down from 2m; returns the value at 2m - 1.
+/// Makes the two steps of the recurrence down from 2m and returns the value at 2m - 1.
 DoubleDouble StepDown(Run& run, double part, DoubleDouble scale, int m) {
     const DoubleDouble middle = RecurrenceStep(FactorAt(scale, 2 * m, part), run.value, run.above);
     const DoubleDouble below = RecurrenceStep(FactorAt(scale, 2 * m - 1, part), middle, run.value);
@@ -48,7 +51,8 @@ DoubleDouble StepDown(Run& run, double part, DoubleDouble scale, int m) {
     return middle;
 }
 
-/// The sums down to the step 2m, where they are below 2^-10 of all.
+/// Adds the terms of step 2m while the sums are below 2^-10 of their final values, in plain
+/// doubles.
 void AddFar(Run& run, double part, DoubleDouble scale, int m) {
     const double weight = part + 2 * m;
     const double quotient = (part + m) / (m + 1);
@@ -74,8 +78,8 @@ void AddNear(Run& run, double part, DoubleDouble scale, int m) {
     run.slope = LooseSum(weight * LooseDifference(middle, above), factor * run.slope);
 }
 
-/// The series run as nested products over the even steps 2m: each coefficient is the one below
-/// times a rational factor of m.
+/// Computes the series as nested products over the even steps 2m: each coefficient is the one below
+/// it times a rational function of m.
 NeumannSums RecurDownward(double part, double x) {
     constexpr int kNear = 2;
     const DoubleDouble scale = LooseQuotient(DoubleDouble{2}, x);
@@ -88,8 +92,8 @@ NeumannSums RecurDownward(double part, double x) {
         AddNear(run, part, scale, m);
     const DoubleDouble value = TwoSum(run.value.high, run.value.low);
     const DoubleDouble above = TwoSum(run.above.high, run.above.low);
-    // The terms m = 0 have the coefficient 1 in the norm, and are left out of the other two, where
-    // m = 1 has the coefficient -1/(1 - part).
+    // The terms with m = 0 have the coefficient 1 in the norm and are left out of the other two
+    // sums. In these, m = 1 has the coefficient -1/(1 - part).
     const DoubleDouble down = TwoSum(part, -1);
     const DoubleDouble second = LooseQuotient(run.second, down);
     const DoubleDouble next = LooseDifference(LooseQuotient(TwoProduct(3, part), x) * second,
@@ -97,7 +101,7 @@ NeumannSums RecurDownward(double part, double x) {
     return {{value, above}, LooseSum(run.norm, value), second, next};
 }
 
-/// The same for x below kTiny, with J(part + 1) that much smaller.
+/// The same for x below kTiny, where J(part + 1) is smaller than J(part) by a factor of about x.
 NeumannSums FirstTerms(double part, double x) {
     return {{{1}, LooseQuotient(DoubleDouble{x / 2}, TwoSum(part, 1))}, {1}, {}, {}};
 }
@@ -112,7 +116,7 @@ OrderPair LowYNear(double part, double x, const Step& step) {
     const DoubleDouble opposite = LooseDifference(even, part * odd);
     const DoubleDouble logarithm = LooseDifference(LogOf({x, 0}), kLn2);
     const DoubleDouble exponent = part * logarithm;
-    // (x/2)^part, its inverse, and half their difference over part.
+    // (x/2)^part, its inverse, and half the difference of the two divided by part.
     const bool flat = std::fabs(exponent.high) < 0.5;
     const Scaled power = flat ? Scaled{} : ExpOf(exponent);
     const DoubleDouble rise = flat ? ExpMinusOneOf(exponent) : DoubleDouble{};
@@ -124,8 +128,9 @@ OrderPair LowYNear(double part, double x, const Step& step) {
                                          : LooseQuotient(LooseDifference(scale, inverse), 2 * part);
     const auto [cosine, sine] = CosineSinePi({part, 0});
     const DoubleDouble perSine = part == 0 ? LooseQuotient(1.0, kPi) : LooseQuotient(part, sine);
-    // J is its sum times scale and this; power = (x/2)^-2part Gamma(1+part)/Gamma(1-part), bracket
-    // = (cos - power)/sin (pi part), that times the scale, and the power likewise.
+    // J is its sum times scale and `factor`. With power = (x/2)^-2part Gamma(1+part)/Gamma(1-part),
+    // bracket is (cos(pi part) - power)/sin(pi part) times scale, and leading has the same power as
+    // a factor.
     const DoubleDouble factor = LooseQuotient(reciprocal, sums.norm);
     const DoubleDouble quotient = LooseQuotient(opposite, reciprocal);
     const DoubleDouble bracket = LooseSum(

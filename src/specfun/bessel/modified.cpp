@@ -1,9 +1,10 @@
-// K by recurrence upward, stable always, from an order within 1/2 of 0; there Temme's series
-// (1975) for x up to 2 and his recurrence of confluent hypergeometric functions beyond. I by its
-// power series, all of whose terms are positive, or for larger x by the Wronskian with K and the
-// ratio of two neighbouring I, a sum of positive terms too, or for x large against the order by
-// Hankel's expansion (DLMF 10.40.1) and a short recurrence upward. Orders above 50 by the uniform
-// expansions for large order (Debye; DLMF 10.41). The exponential is applied last.
+// K by recurrence upward, which is always stable, from an order within 1/2 of 0. There K comes from
+// Temme's series (1975) for x up to 2 and from his recurrence of confluent hypergeometric functions
+// beyond. I comes from its power series, whose terms are all positive. For larger x it comes from
+// the Wronskian with K and the ratio of two neighbouring I, again a sum of positive terms; where x
+// is large against the order, from Hankel's expansion (DLMF 10.40.1) and a short recurrence upward.
+// Orders above 50: the uniform expansions for large order (Debye; DLMF 10.41). The exponential is
+// applied last.
 #include "specfun/bessel/modified.h"
 
 #include <algorithm>
@@ -15,7 +16,7 @@
 namespace kalvex::specfun {
 namespace {
 
-/// Up to this x the series for K; beyond it the exponential is carried apart.
+/// Up to this x K is computed by the series; beyond it the factor exp(-x) is kept separate.
 constexpr double kSeriesEnd = 2;
 constexpr double kNegligible = 0x1p-66;
 
@@ -26,8 +27,8 @@ constexpr PowerCoefficients<4> kSine = {
      {0.008333333333333333, 1.1564823173178714e-19}},
     {1.0 / 5040, 1.0 / 362880, 1.0 / 39916800, 1.0 / 6227020800}};
 
-/// A term of the series: the factor (x^2/4)^k / k!, the rest for the one order, and for both what
-/// the next is made of.
+/// A term of the series: the factor (x^2/4)^k / k!, the other factor f for the order part, and p
+/// and q, from which the next f and the term for the order part + 1 are made.
 struct SeriesTerm {
     double f;
     double p;
@@ -35,7 +36,7 @@ struct SeriesTerm {
     double factor;
 };
 
-/// The sums from term k on, `before` being that before it.
+/// The sums of the terms from number k on; `before` is the term before it.
 struct PlainSums {
     double at;
     double next;
@@ -57,7 +58,7 @@ PlainSums PlainTerms(int k, double part, double x, SeriesTerm before) {
 
 /// K at the orders part and part + 1 for x <= kSeriesEnd.
 OrderPair SeriesK(double part, double x, const Step& step) {
-    // From here on what the terms add is small beside the sums.
+    // From this term on the terms are small beside the sums.
     constexpr int kHead = 5;
     const auto [even, odd] = ReciprocalGammaParts(part);
     const DoubleDouble logarithm = LooseDifference(kLn2, LogOf({x, 0}));
@@ -94,12 +95,12 @@ OrderPair SeriesK(double part, double x, const Step& step) {
     return {sum.at + rest.at, (sum.next + rest.next) * step.scale};
 }
 
-/// K exp(x) at the orders part and part + 1 for x > kSeriesEnd. What the recurrence gives is at
-/// most 1/(8 x) beside 1 and needs no more than plain doubles. Its solution falls like exp(-2
-/// sqrt(2 n x)), which fixes where to start; it runs on the differences of neighbours, a sum of
-/// positive terms.
+/// K exp(x) at the orders part and part + 1 for x > kSeriesEnd. What the recurrence contributes is
+/// at most 1/(8 x) beside 1, so that plain doubles suffice for it. Its minimal solution falls like
+/// exp(-2 sqrt(2 n x)), which determines where to start. The recurrence is written for the
+/// differences of neighbours, as a sum of positive terms.
 OrderPair ConfluentK(double part, double x) {
-    // Beyond, what comes out vanishes beside 1, and the powers of x must not overflow.
+    // Beyond this x the contribution vanishes beside 1, and the powers of x must not overflow.
     const double argument = std::min(x, 1e60);
     const int last = x > 1e6 ? 4 : 10 + TruncateToInt32(180 / argument);
     const double factor = (0.5 - part) * (0.5 + part);
@@ -122,15 +123,15 @@ OrderPair ConfluentK(double part, double x) {
     return {at, LooseSum(at, LooseQuotient(at * ratio, x))};
 }
 
-/// K exp(x) at the order and the next for x > 2, without the exponential below. Their powers are
-/// the step's.
+/// K at the order and the next one: times exp(x) for x > 2, as it is below. They have the powers of
+/// two of the step.
 OrderPair ScaledK(SplitOrder order, double x, const Step& step) {
     const OrderPair pair =
         x <= kSeriesEnd ? SeriesK(order.part, x, step) : ConfluentK(order.part, x);
     return Upward(pair, order, step, -1);
 }
 
-/// Above this order the uniform expansions have all digits.
+/// Above this order the uniform expansions give all digits.
 constexpr double kUniformOrder = 50;
 
 /// The sum of (sign/order)^k U(k)(p) from k = 1 on; its terms fall like (k-1)!/(pi order)^k.
@@ -150,7 +151,7 @@ double DebyeSum(double r, double p) {
     return sum;
 }
 
-/// exp(sign order eta) (1 + z^2)^(-1/4) sum of sign^k U(k)/order^k for x = order z.
+/// exp(sign order eta) (1 + z^2)^(-1/4) times the sum of sign^k U(k)/order^k, for x = order z.
 Scaled Uniform(double order, double x, double sign) {
     // Beyond, the exponent is far beyond the range, and below.
     constexpr double kMost = 1e100;
@@ -184,7 +185,7 @@ DoubleDouble HankelI(double order, double x) {
     return LooseQuotient(sum + rest, LooseSqrt(2 * kPi * x));
 }
 
-/// I exp(-x) for order^2 <= 4 x: upward the recurrence loses a factor exp(order^2 / x) at most.
+/// I exp(-x) for order^2 <= 4 x. The recurrence upward loses a factor exp(order^2 / x) at most.
 DoubleDouble UpwardI(SplitOrder order, double x) {
     const DoubleDouble at = HankelI(order.part, x);
     if (order.whole == 0) return at;
@@ -218,7 +219,7 @@ Scaled ModifiedI(double order, double x) {
         return LeadingFactor(order, x) * PowerSeries(order, TwoProduct(x / 2, x / 2));
     if (order > kUniformOrder)
         return Uniform(order, x, 1) * LooseQuotient(1.0, LooseSqrt(2 * kPi * order));
-    // Beyond, the value overflows for every order of this branch.
+    // Beyond this x the value overflows for every order that comes here.
     if (x > 11000) return {{1}, 30000};
     const SplitOrder split = Split(order);
     if (x > 25 && order * order <= 4 * x) return ExpOf({x, 0}) * UpwardI(split, x);

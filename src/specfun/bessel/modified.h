@@ -6,9 +6,9 @@
 namespace kalvex::specfun {
 
 /// I of the order.
-Scaled ModifiedI(double order, double x);
+[[nodiscard]] Scaled ModifiedI(double order, double x);
 
 /// K of the order.
-Scaled ModifiedK(double order, double x);
+[[nodiscard]] Scaled ModifiedK(double order, double x);
 
 }  // namespace kalvex::specfun

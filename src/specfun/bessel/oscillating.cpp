@@ -1,8 +1,8 @@
-// Y by recurrence upward from an order within 1/2 of 0, which is stable always. J likewise while
-// the order stays below x. Beyond, J is the vanishing solution: its power series where that does
-// not cancel, else the recurrence downward that starts above the wanted order, or for large x the
-// Wronskian with Y and the ratio of two neighbouring J. Expansions for large orders, which have a
-// file of their own, take over where they have all digits.
+// Y by recurrence upward from an order within 1/2 of 0, which is always stable. J likewise while
+// the order stays below x. Beyond that J is the minimal solution. There J comes from its power
+// series where that does not cancel; otherwise from the recurrence downward, started above the
+// wanted order, or for large x from the Wronskian with Y and the ratio of two neighbouring J. The
+// expansions for large orders, in large_orders.cpp, take over where they give all digits.
 #include "specfun/bessel/oscillating.h"
 
 #include <cmath>
@@ -10,13 +10,13 @@
 namespace kalvex::specfun {
 namespace {
 
-/// Up to here the Neumann series for Y; J is always its power series there.
+/// Up to this x Y comes from the Neumann series; J always comes from its power series there.
 constexpr double kNear = 1.5;
-/// From here Hankel's expansion.
+/// From this x on Hankel's expansion is used.
 constexpr double kFar = 22;
-/// Below, Y of an order above 1/2 is its leading term.
+/// Below this x Y of an order above 1/2 equals its leading term.
 constexpr double kLeading = 0x1p-500;
-/// Up to here Steed's method for J alone of orders above x.
+/// Up to this x Steed's method gives J of orders above x.
 constexpr double kMiddleEnd = 64;
 /// Below this order a recurrence is as quick as an expansion.
 constexpr double kFewSteps = 24;
@@ -30,7 +30,7 @@ DoubleDouble QuarterOf(double x) {
     return TwoProduct(x / 2, x / 2);
 }
 
-/// Whether the power series of J does not cancel.
+/// Whether the power series of J has no cancellation.
 bool HasSeries(double order, double x) {
     return x / 2 * (x / 2) <= order + 1;
 }
@@ -39,16 +39,16 @@ Scaled SeriesJ(double order, double x) {
     return LeadingFactor(order, x) * PowerSeries(order, -QuarterOf(x));
 }
 
-/// J by the Wronskian, for orders from x.
+/// J by the Wronskian, for orders of x or more.
 DoubleDouble WronskianJ(double order, double x, OrderPair y) {
     return LooseQuotient(LooseQuotient(2.0, kPi * x),
                          LooseDifference(RatioOfVanishing(order, x, 1) * y.at, y.next));
 }
 
-/// Y of orders above 1/2 for x below kLeading, from Y at part + 1. That is between 2^-537 and 2^537
-/// and a factor of up to 99! is to come: its power of two is kept apart, so that nothing overflows
-/// and no low part is denormal. Y at part, below x^-1/2, changes no digit of the orders from
-/// part + 2 on.
+/// Y of orders above 1/2 for x below kLeading, from `next`, which is Y of the order part + 1. That
+/// lies between 2^-537 and 2^537, and a factor of up to 99! is still to come. Its power of two is
+/// kept separately, so that nothing overflows and no low part is denormal. Y of the order part is
+/// below x^-1/2 and does not change a digit of the orders from part + 2 on.
 Scaled LeadingY(DoubleDouble next, SplitOrder order, const Step& step) {
     int power = 0;
     std::frexp(next.high, &power);
@@ -56,7 +56,7 @@ Scaled LeadingY(DoubleDouble next, SplitOrder order, const Step& step) {
     return {Upward(pair, order, step, 1).at, step.exponent * order.whole + power};
 }
 
-/// The orders above a pair without powers; x from kNear.
+/// The pair of the higher orders, from a pair without powers of two. x is kNear or more.
 OrderPair UpwardFrom(OrderPair pair, SplitOrder order, double x) {
     const Step step = StepOf(x);
     pair.next = TimesPower(pair.next, std::ldexp(1.0, -step.exponent));

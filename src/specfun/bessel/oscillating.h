@@ -5,38 +5,39 @@
 
 namespace kalvex::specfun {
 
-/// Recurrences below this order, except where IsFarBeyond says that the expansions for large orders
-/// have all digits.
+/// Below this order recurrences are used, except where IsFarBeyond says that the expansions for
+/// large orders give all digits.
 inline constexpr double kRecurrenceEnd = 100;
 
-Scaled OscillatingJ(double order, double x);
-Scaled OscillatingY(double order, double x);
+[[nodiscard]] Scaled OscillatingJ(double order, double x);
+[[nodiscard]] Scaled OscillatingY(double order, double x);
 
-/// ofJ J + ofY Y for coefficients of at most 1.
-Scaled OscillatingSum(double order, double x, DoubleDouble ofJ, DoubleDouble ofY);
+/// ofJ J + ofY Y, for coefficients of magnitude 1 at most.
+[[nodiscard]] Scaled OscillatingSum(double order, double x, DoubleDouble ofJ, DoubleDouble ofY);
 
-/// Whether x is so far above the order, as large as that may be or 0, that the expansions for large
-/// orders have all digits.
-bool IsFarBeyond(double order, double x);
+/// Whether x is so far above the order that the expansions for large orders give all digits. The
+/// order may have any value from 0 on.
+[[nodiscard]] bool IsFarBeyond(double order, double x);
 
-/// J and Y of orders from kRecurrenceEnd, or where IsFarBeyond.
-Scaled LargeOrderJ(double order, double x);
-Scaled LargeOrderY(double order, double x);
+/// J and Y by the expansions for large orders: of orders from kRecurrenceEnd on, and where
+/// IsFarBeyond.
+[[nodiscard]] Scaled LargeOrderJ(double order, double x);
+[[nodiscard]] Scaled LargeOrderY(double order, double x);
 
-/// J and Y of an order in -1/2..1/2 and of the next, and J some steps of the order higher.
+/// J and Y of an order in -1/2..1/2 and of the next order, and J of an order some steps higher.
 struct LowOrders {
     OrderPair j;
     OrderPair y;
     DoubleDouble higherJ;
 };
 
-/// Y of an order in -1/2..1/2 and of the next, by Neumann series; x up to 2.
-OrderPair LowYNear(double part, double x, const Step& step);
+/// Y of an order in -1/2..1/2 and of the next order, by Neumann series. x is at most 2.
+[[nodiscard]] OrderPair LowYNear(double part, double x, const Step& step);
 
-/// By Steed's method, the pairs without a power; x from 1 to 64, steps up to x^2/4.
-LowOrders LowOrdersMiddle(double part, double x, int steps);
+/// By Steed's method. The pairs have no power of two. x is from 1 to 64, steps is at most x^2/4.
+[[nodiscard]] LowOrders LowOrdersMiddle(double part, double x, int steps);
 
-/// By Hankel's expansion, higherJ is 0; x from 22.
-LowOrders LowOrdersFar(double part, double x);
+/// By Hankel's expansion. higherJ is 0. x is 22 or more.
+[[nodiscard]] LowOrders LowOrdersFar(double part, double x);
 
 }  // namespace kalvex::specfun

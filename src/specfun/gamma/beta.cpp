@@ -1,11 +1,14 @@
-// Beta function of positive arguments, b the greater. The gamma functions are shifted upwards to
-// a', b' and s' (for s = a + b) of 10 or more, the shifts being products at twice the precision,
-// and Stirling's series is applied to all three at once (DLMF 5.11.1): with t = s' - b',
-//   ln Gamma(a') Gamma(b') / Gamma(s') = (a'-1/2) ln a' - (b'-1/2) ln(1+t/b') - t ln s'
-//                                        + (s'-a'-b') + ln(2 pi)/2 + D(a') + D(b') - D(s').
-// Nothing greater than the logarithm of the result by more than a few digits is subtracted, and
-// the sum, up to 745 in magnitude, has to be right to 17 places behind the point: it is carried
-// at twice the precision too. D, the Stirling correction, is below 0.01.
+// Beta function of positive arguments, b the greater one. The arguments and s = a + b are shifted
+// upward to a', b' and s' of 10 or more. The shifts are products in double-double arithmetic. Then
+// Stirling's series is applied to all three gamma functions at once (DLMF 5.11.1): with t = s' -
+// b',
+//
+//  ln Gamma(a') Gamma(b') / Gamma(s') = (a'-1/2) ln a' - (b'-1/2) ln(1+t/b') - t ln s'
+//                                       + (s'-a'-b') + ln(2 pi)/2 + D(a') + D(b') - D(s').
+//
+// No two terms that are much greater than the result are subtracted from each other. The sum, of
+// magnitude up to 745, must be right to 17 places behind the point, so that it is computed in
+// double-double arithmetic too. D, the Stirling correction, is below 0.01.
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -39,10 +42,10 @@ Shift ShiftUp(DoubleDouble z) {
     return result;
 }
 
-/// (b - 1/2) ln(1 + t/b) where s = b + t and t is below 1100.
+/// (b - 1/2) ln(1 + t/b), where s = b + t and t is below 1100.
 DoubleDouble TimesLogOfRatio(DoubleDouble t, DoubleDouble b, DoubleDouble s) {
     constexpr double kSmall = 0.25;
-    constexpr double kVast = 0x1p100;  // where it is t (1 - (t+1)/(2b))
+    constexpr double kVast = 0x1p100;  // from there on it is t (1 - (t+1)/(2b))
     if (b.high > kVast) return t;
     const bool small = std::fabs(t.high) < kSmall * b.high;
     const DoubleDouble log = small ? LogOnePlus(t / b) : Log(s / b);
@@ -70,7 +73,7 @@ double ByStirling(double a, double b) {
     return std::ldexp(ToDouble(shifts * power), powerOfTwo);
 }
 
-/// a below 2^-80: 1/a + 1/b, each with what its rounding leaves.
+/// For a below 2^-80: 1/a + 1/b, with the rounding errors of both quotients.
 double OfTiny(double a, double b) {
     const double first = 1 / a;
     const double second = 1 / b;
@@ -88,8 +91,8 @@ double SinePi(double x) {
     return std::fmod(whole, 2.0) == 0 ? sine : -sine;
 }
 
-/// a below 0, b at least a, neither a pole: the gamma functions of negative arguments reflected
-/// (DLMF 5.5.3), what is left being one of positive arguments.
+/// For a below 0 and b at least a, neither of them a pole. The gamma functions of negative
+/// arguments are reflected (DLMF 5.5.3), which leaves a beta function of positive arguments.
 double Reflected(double a, double b) {
     const double sum = a + b;
     if (b > 0 && sum > 0) return kPi.high / (SinePi(a) * b * Beta(1 - a, sum));

@@ -1,7 +1,8 @@
-// Digamma function. From 1/2 to 16 polynomials on pieces of an octave, the zero at the middle of
-// one; beyond the asymptotic series (DLMF 5.11.2). Between -1 and 1/2 Psi(x + 1) - 1/x once or
-// twice (DLMF 5.5.2), below reflection (DLMF 5.5.4), the distance to the nearest pole or zero of
-// the cotangent taken exactly. Sums are pairs of doubles and are rounded once.
+// Digamma function. From 1/2 to 16 polynomials on pieces of an octave; the zero of the function is
+// the middle of one piece. Beyond 16 the asymptotic series (DLMF 5.11.2). Between -1 and 1/2 the
+// recurrence Psi(x) = Psi(x + 1) - 1/x, applied once or twice (DLMF 5.5.2). Below -1 reflection
+// (DLMF 5.5.4), where the distance to the nearest pole or zero of the cotangent is exact. Sums are
+// double-doubles and are rounded once.
 #include <cmath>
 #include <limits>
 
@@ -17,9 +18,9 @@ namespace {
 constexpr double kAsymptotic = 16;
 constexpr double kReflected = -1;
 constexpr double kRecurrent = 0.5;
-constexpr double kPole = 1e-290;  // below it -1/x is the value
+constexpr double kPole = 1e-290;  // for smaller |x| the value is -1/x
 
-/// x of 16 or more: seven terms leave less than 1e-17.
+/// For x of 16 or more. The first term left out is below 1e-17.
 DoubleDouble AsymptoticPsi(DoubleDouble x) {
     const double r = 1 / x.high;
     const double s = r * r;
@@ -31,7 +32,7 @@ DoubleDouble AsymptoticPsi(DoubleDouble x) {
     return QuickLog(x.high) + (x.low * r - (r / 2 + s * tail));
 }
 
-/// x of 1/2 or more.
+/// For x of 1/2 or more.
 DoubleDouble PositivePsi(DoubleDouble x) {
     return x.high < kAsymptotic ? AtPiece(kPsi, x) : AsymptoticPsi(x);
 }
@@ -42,7 +43,7 @@ DoubleDouble Pole(double x) {
     return {quotient, -std::fma(quotient, x, 1) / x};
 }
 
-/// x from -1 to 1/2.
+/// For x from -1 to 1/2.
 double PsiNextToZero(double x) {
     if (std::fabs(x) < kPole) return -1 / x;
     if (x >= -kRecurrent) return ToDouble(Pole(x) + PositivePsi(TwoSum(1, x)));

@@ -9,7 +9,7 @@ inline constexpr DoubleDouble kHalfLnTwoPi = {0.91893853320467278, -3.8782941580
 inline constexpr double kLeastForStirling = 10;
 
 /// ln Gamma(x) - ((x-1/2) ln x - x + ln(2 pi)/2) for x of 10 or more, error below 2e-18.
-inline double StirlingCorrection(double x) {
+[[nodiscard]] inline double StirlingCorrection(double x) {
     const double r = 1 / x;
     const double s = r * r;
     const double tail = 1.0 / 1188 - s * (691.0 / 360360 - s * (1.0 / 156 - s * (3617.0 / 122400)));

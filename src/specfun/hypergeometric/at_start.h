@@ -8,7 +8,7 @@ namespace kalvex::specfun {
 
 /// Value and slope at parameters of GeneralStart or PolynomialStart, about `tolerance` times their
 /// size off, with bounds of both errors.
-HypergeometricPoint AtStart(const HypergeometricParameters& p, const Place& place,
-                            double tolerance);
+[[nodiscard]] HypergeometricPoint AtStart(const HypergeometricParameters& p, const Place& place,
+                                          double tolerance);
 
 }  // namespace kalvex::specfun

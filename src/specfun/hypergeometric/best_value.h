@@ -26,17 +26,17 @@ inline void KeepBetter(Value& best, const Value& other) {
 }
 
 /// ln(1-x).
-DoubleDouble LogOneLess(double x);
+[[nodiscard]] DoubleDouble LogOneLess(double x);
 
 /// The function at x, from the sum of the series of a form of it.
-Value ValueOf(const Form& form, const HypergeometricPoint& sum, double x);
+[[nodiscard]] Value ValueOf(const Form& form, const HypergeometricPoint& sum, double x);
 
 /// The unit of which all parameters must be multiples so that adding integers to them along a walk
 /// rounds nothing.
-double ParameterUnit(const HypergeometricParameters& p);
+[[nodiscard]] double ParameterUnit(const HypergeometricParameters& p);
 
 /// Tries the methods from the quickest up until one is good enough, and returns the best value
 /// found. x is not 0. Where c is 0, -1, -2, ... the series must end by its parameter a.
-Value BestValue(const HypergeometricParameters& p, double x);
+[[nodiscard]] Value BestValue(const HypergeometricParameters& p, double x);
 
 }  // namespace kalvex::specfun

@@ -24,7 +24,7 @@ using BlockTable = std::array<std::array<Block, kMostBlocks>, kLanes>;
 
 /// Multiplies out the blocks along the same route from four places, one in each lane. The route has
 /// at most kMostBlocks * kBlockSteps steps. Returns the number of blocks.
-int MapBlocks(const std::array<HypergeometricParameters, kLanes>& from, const Route& route,
-              const Place& place, BlockTable& table);
+[[nodiscard]] int MapBlocks(const std::array<HypergeometricParameters, kLanes>& from,
+                            const Route& route, const Place& place, BlockTable& table);
 
 }  // namespace kalvex::specfun

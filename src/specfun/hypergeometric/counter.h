@@ -14,7 +14,7 @@ namespace kalvex::specfun {
 inline constexpr std::int64_t kMostOwnLimbs = 4;  // of one parameter: 256 bits
 
 /// 2^exponent, cut off at 2^-1000 and 2^1000.
-inline double PowerOfTwo(double exponent) {
+[[nodiscard]] inline double PowerOfTwo(double exponent) {
     constexpr double kEnd = 1000;
     constexpr std::int64_t kBias = 1023;
     const double within = std::clamp(exponent, -kEnd, kEnd);
@@ -26,7 +26,7 @@ inline double PowerOfTwo(double exponent) {
 
 /// The exponent of the lowest bit that is set; 0 for 0.
 template <std::size_t limbs>
-std::int64_t LowestBit(const Wide<limbs>& a) {
+[[nodiscard]] std::int64_t LowestBit(const Wide<limbs>& a) {
     if (a.sign == 0) return 0;
     std::size_t i = 0;
     while (a.digits[i] == 0)
@@ -37,7 +37,7 @@ std::int64_t LowestBit(const Wide<limbs>& a) {
 
 /// The magnitude times 2^-scale, which is integral; false if it is too large.
 template <std::size_t limbs>
-bool SetInteger(const Wide<limbs>& a, std::int64_t scale, Factor& result) {
+[[nodiscard]] bool SetInteger(const Wide<limbs>& a, std::int64_t scale, Factor& result) {
     result.count = 0;
     if (a.sign == 0) return true;
     const std::int64_t bits = a.exponent - scale;

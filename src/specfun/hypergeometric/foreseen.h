@@ -20,6 +20,6 @@ struct Foreseen {
 };
 
 /// The estimate for the power series in z; all infinite where it takes more than 6000 terms.
-Foreseen ForeseenOf(const HypergeometricParameters& p, double z);
+[[nodiscard]] Foreseen ForeseenOf(const HypergeometricParameters& p, double z);
 
 }  // namespace kalvex::specfun

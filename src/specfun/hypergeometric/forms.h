@@ -19,21 +19,21 @@ struct Form {
 };
 
 /// A negative integer whose series ends before c meets 0.
-bool EndsBefore(DoubleDouble a, DoubleDouble c);
+[[nodiscard]] bool EndsBefore(DoubleDouble a, DoubleDouble c);
 
 /// The degree of a polynomial, else infinite.
-double DegreeOf(const HypergeometricParameters& p);
+[[nodiscard]] double DegreeOf(const HypergeometricParameters& p);
 
 /// The series itself, Euler's and Pfaff's two (DLMF 15.8.1).
-std::array<Form, 4> FormsOf(const HypergeometricParameters& p);
+[[nodiscard]] std::array<Form, 4> FormsOf(const HypergeometricParameters& p);
 
 /// How many digits, as a natural logarithm, the power series in z is likely to lose.
-double ExpectedLoss(const HypergeometricParameters& p, double z);
+[[nodiscard]] double ExpectedLoss(const HypergeometricParameters& p, double z);
 
 /// Terms of the series, as far as they can be foreseen.
-double CostOf(const Form& form, double x);
+[[nodiscard]] double CostOf(const Form& form, double x);
 
 /// Terms of a series that take as long as the walk to the form.
-double CostOfShifts(const Form& form, double x);
+[[nodiscard]] double CostOfShifts(const Form& form, double x);
 
 }  // namespace kalvex::specfun

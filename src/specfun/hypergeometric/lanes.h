@@ -44,7 +44,7 @@ struct Fused {
 };
 #endif
 
-inline Four Magnitude(const Four& a) {
+[[nodiscard]] inline Four Magnitude(const Four& a) {
     using Bits = std::int64_t __attribute__((vector_size(kLanes * sizeof(double))));
     constexpr std::int64_t kAllButSign = std::numeric_limits<std::int64_t>::max();
     return std::bit_cast<Four>(std::bit_cast<Bits>(a) & kAllButSign);
@@ -56,41 +56,41 @@ struct LanesOf {
     Four low;
 };
 
-inline Four InAllLanes(double a) {
+[[nodiscard]] inline Four InAllLanes(double a) {
     return Four{a, a, a, a};
 }
 
 template <typename Unit>
-LanesOf<Unit> InAllLanes(DoubleDouble a) {
+[[nodiscard]] LanesOf<Unit> InAllLanes(DoubleDouble a) {
     return {InAllLanes(a.high), InAllLanes(a.low)};
 }
 
 template <typename Unit>
-LanesOf<Unit> ExactSum(const Four& a, const Four& b) {
+[[nodiscard]] LanesOf<Unit> ExactSum(const Four& a, const Four& b) {
     const Four sum = a + b;
     const Four part = sum - a;
     return {sum, (a - (sum - part)) + (b - part)};
 }
 
 template <typename Unit>
-LanesOf<Unit> Normalised(const Four& a, const Four& b) {
+[[nodiscard]] LanesOf<Unit> Normalised(const Four& a, const Four& b) {
     const Four sum = a + b;
     return {sum, b - (sum - a)};
 }
 
 template <typename Unit>
-LanesOf<Unit> Negate(const LanesOf<Unit>& a) {
+[[nodiscard]] LanesOf<Unit> Negate(const LanesOf<Unit>& a) {
     return {-a.high, -a.low};
 }
 
 template <typename Unit>
-LanesOf<Unit> PlusInteger(const LanesOf<Unit>& a, double k) {
+[[nodiscard]] LanesOf<Unit> PlusInteger(const LanesOf<Unit>& a, double k) {
     const LanesOf<Unit> sum = ExactSum<Unit>(a.high, InAllLanes(k));
     return Normalised<Unit>(sum.high, sum.low + a.low);
 }
 
 template <typename Unit>
-LanesOf<Unit> Difference(const LanesOf<Unit>& a, const LanesOf<Unit>& b) {
+[[nodiscard]] LanesOf<Unit> Difference(const LanesOf<Unit>& a, const LanesOf<Unit>& b) {
     const LanesOf<Unit> highs = ExactSum<Unit>(a.high, -b.high);
     const LanesOf<Unit> lows = ExactSum<Unit>(a.low, -b.low);
     const LanesOf<Unit> sum = Normalised<Unit>(highs.high, highs.low + lows.high);
@@ -98,7 +98,7 @@ LanesOf<Unit> Difference(const LanesOf<Unit>& a, const LanesOf<Unit>& b) {
 }
 
 template <typename Unit>
-LanesOf<Unit> LooseProduct(const LanesOf<Unit>& a, const LanesOf<Unit>& b) {
+[[nodiscard]] LanesOf<Unit> LooseProduct(const LanesOf<Unit>& a, const LanesOf<Unit>& b) {
     const Four product = a.high * b.high;
     Four error;
     Unit::MultiplyAdd(a.high, b.high, -product, error);
@@ -106,7 +106,7 @@ LanesOf<Unit> LooseProduct(const LanesOf<Unit>& a, const LanesOf<Unit>& b) {
 }
 
 template <typename Unit>
-LanesOf<Unit> Reciprocal(const LanesOf<Unit>& a) {
+[[nodiscard]] LanesOf<Unit> Reciprocal(const LanesOf<Unit>& a) {
     const Four high = 1.0 / a.high;
     Four rest;
     Unit::MultiplyAdd(-high, a.high, InAllLanes(1), rest);

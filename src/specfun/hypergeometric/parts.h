@@ -15,19 +15,19 @@ struct HypergeometricParameters {
 };
 
 /// a + k, normalised even where the high parts cancel.
-inline DoubleDouble PlusInteger(DoubleDouble a, double k) {
+[[nodiscard]] inline DoubleDouble PlusInteger(DoubleDouble a, double k) {
     const DoubleDouble sum = TwoSum(a.high, k);
     return QuickTwoSum(sum.high, sum.low + a.low);
 }
 
 /// 0, -1, -2, ...
-inline bool IsNegativeInteger(DoubleDouble a) {
+[[nodiscard]] inline bool IsNegativeInteger(DoubleDouble a) {
     return a.high <= 0 && a.low == 0 && std::floor(a.high) == a.high;
 }
 
 /// The product without normalising: the error is that of Multiply as long as the low parts stay
 /// some units in the last place of the high ones.
-inline DoubleDouble LooseProduct(DoubleDouble a, DoubleDouble b) {
+[[nodiscard]] inline DoubleDouble LooseProduct(DoubleDouble a, DoubleDouble b) {
     const double product = a.high * b.high;
     return {product, std::fma(a.high, b.high, -product) + (a.high * b.low + a.low * b.high)};
 }

@@ -11,7 +11,7 @@ namespace kalvex::specfun {
 /// (alpha j + beta)/((c+j)(next+j)), where alpha < 0 below the greater of 1 and its first value,
 /// and where alpha and beta are positive it falls for good once it falls. Else by quotients of two
 /// factors, which tend to 1 monotonically.
-inline double GreatestRatio(double a, double b, double c, double next) {
+[[nodiscard]] inline double GreatestRatio(double a, double b, double c, double next) {
     const double ratio = a * b / (c * next);
     const double alpha = a + b - c - next;
     const double beta = a * b - c * next;
@@ -25,7 +25,7 @@ inline double GreatestRatio(double a, double b, double c, double next) {
 /// A power p with (a+j)(b+j)/((c+j)(next+j)) at most 1 - p/(next+j) for all j from 0 up, all four
 /// being positive: next+j times 1 less that is (alpha j + beta)/(c+j), between its first value and
 /// alpha.
-inline double LeastPower(double a, double b, double c, double next) {
+[[nodiscard]] inline double LeastPower(double a, double b, double c, double next) {
     constexpr double kRounding = 1 - 0x1p-30;
     return std::min(c + next - a - b, next - a * b / c) * kRounding;
 }
@@ -33,7 +33,8 @@ inline double LeastPower(double a, double b, double c, double next) {
 /// The logarithm to base 2 of a bound of the sum over j > k of j t(j), by the k-th term t, once all
 /// factors are positive. a, b, c and next are those of the next ratio. By a geometric series, or by
 /// t(j) <= t (next/j)^p.
-inline double RestAfter(double a, double b, double c, double next, double z, double term) {
+[[nodiscard]] inline double RestAfter(double a, double b, double c, double next, double z,
+                                      double term) {
     constexpr double kRounding = 1 + 0x1p-40;
     constexpr double kLeastPower = 3;
     const double ratio = std::fabs(z) * GreatestRatio(a, b, c, next) * kRounding;

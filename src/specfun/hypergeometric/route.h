@@ -28,7 +28,7 @@ struct Route {
 };
 
 /// The route that changes a, b and c by these integers.
-inline Route RouteOf(const std::array<double, 3>& counts) {
+[[nodiscard]] inline Route RouteOf(const std::array<double, 3>& counts) {
     Route route;
     for (std::size_t i = 0; i < 3; ++i) {
         Track& track = route.tracks[i];
@@ -39,16 +39,17 @@ inline Route RouteOf(const std::array<double, 3>& counts) {
     return route;
 }
 
-inline std::array<double, 3> StepsBetween(const HypergeometricParameters& from,
-                                          const HypergeometricParameters& to) {
+[[nodiscard]] inline std::array<double, 3> StepsBetween(const HypergeometricParameters& from,
+                                                        const HypergeometricParameters& to) {
     return {std::nearbyint(Subtract(to.a, from.a).high),
             std::nearbyint(Subtract(to.b, from.b).high),
             std::nearbyint(Subtract(to.c, from.c).high)};
 }
 
 /// The parameters that a part of the steps, from 0 to 1 or more, leads to from p.
-inline HypergeometricParameters Beyond(const HypergeometricParameters& p,
-                                       const std::array<double, 3>& steps, double part) {
+[[nodiscard]] inline HypergeometricParameters Beyond(const HypergeometricParameters& p,
+                                                     const std::array<double, 3>& steps,
+                                                     double part) {
     return {PlusInteger(p.a, std::nearbyint(steps[0] * part)),
             PlusInteger(p.b, std::nearbyint(steps[1] * part)),
             PlusInteger(p.c, std::nearbyint(steps[2] * part))};
@@ -57,7 +58,7 @@ inline HypergeometricParameters Beyond(const HypergeometricParameters& p,
 /// Which parameter takes the next step. Steps that raise s come first whenever they are not ahead
 /// of those that lower it, so that s never falls below the straight line between both ends. Among
 /// the parameters that qualify, the one with the least progress takes the step.
-inline std::size_t NextTrack(Route& route) {
+[[nodiscard]] inline std::size_t NextTrack(Route& route) {
     const bool up = route.upsDone * route.downs < (route.downsDone + 1) * route.ups &&
                     route.upsDone < route.ups;
     std::size_t next = 0;

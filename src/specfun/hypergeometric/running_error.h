@@ -43,6 +43,6 @@ void Rescale(double power, RunningError& error);
 
 /// A bound of the error of the value at the end of the steps, where the solution is `at`; infinite
 /// where none is proved.
-double ErrorOfValue(const RunningError& error, const Column<DoubleDouble>& at);
+[[nodiscard]] double ErrorOfValue(const RunningError& error, const Column<DoubleDouble>& at);
 
 }  // namespace kalvex::specfun

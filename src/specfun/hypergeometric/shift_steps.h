@@ -11,14 +11,14 @@
 
 namespace kalvex::specfun {
 
-inline DoubleDouble Reciprocal(DoubleDouble a) {
+[[nodiscard]] inline DoubleDouble Reciprocal(DoubleDouble a) {
     const double high = 1 / a.high;
     const double rest = std::fma(-high, a.high, 1) - high * a.low;
     return {high, rest * high};
 }
 
 /// With all digits where the high parts cancel: the step divides by it.
-inline DoubleDouble Difference(DoubleDouble a, DoubleDouble b) {
+[[nodiscard]] inline DoubleDouble Difference(DoubleDouble a, DoubleDouble b) {
     const DoubleDouble highs = TwoSum(a.high, -b.high);
     const DoubleDouble lows = TwoSum(a.low, -b.low);
     const DoubleDouble sum = QuickTwoSum(highs.high, highs.low + lows.high);
@@ -27,22 +27,23 @@ inline DoubleDouble Difference(DoubleDouble a, DoubleDouble b) {
 
 // The functions below take numbers one by one (DoubleDouble) or four at once (LanesOf).
 
-inline double Magnitude(double a) {
+[[nodiscard]] inline double Magnitude(double a) {
     return std::fabs(a);
 }
 
-inline DoubleDouble Normalised(DoubleDouble a) {
+[[nodiscard]] inline DoubleDouble Normalised(DoubleDouble a) {
     return QuickTwoSum(a.high, a.low);
 }
 
 template <typename Unit>
-LanesOf<Unit> Normalised(const LanesOf<Unit>& a) {  // Accumulate has done it
+[[nodiscard]] LanesOf<Unit> Normalised(const LanesOf<Unit>& a) {  // Accumulate has done it
     return a;
 }
 
 /// a b + c d; what is lost is measured against the greater product.
 template <typename Number>
-Number SumOfProducts(const Number& a, const Number& b, const Number& c, const Number& d) {
+[[nodiscard]] Number SumOfProducts(const Number& a, const Number& b, const Number& c,
+                                   const Number& d) {
     Number sum = LooseProduct(a, b);
     const Number other = LooseProduct(c, d);
     Accumulate(sum, other.high, other.low);
@@ -50,7 +51,7 @@ Number SumOfProducts(const Number& a, const Number& b, const Number& c, const Nu
 }
 
 template <typename Number>
-Number QuickAdd(const Number& a, const Number& b) {
+[[nodiscard]] Number QuickAdd(const Number& a, const Number& b) {
     Number sum = a;
     Accumulate(sum, b.high, b.low);
     return Normalised(sum);
@@ -69,7 +70,7 @@ struct PlaceOf {
 
 using Place = PlaceOf<DoubleDouble>;
 
-inline Place PlaceAt(DoubleDouble z, DoubleDouble w) {
+[[nodiscard]] inline Place PlaceAt(DoubleDouble z, DoubleDouble w) {
     return {z, w, Divide(z, w), Divide(w, z), Divide({1, 0}, w), Divide({1, 0}, z)};
 }
 
@@ -113,7 +114,8 @@ using PlainOf = decltype(Number::high);
 
 /// a + 1 in place of a, which is p[own], 0 or 1.
 template <std::size_t own, typename Number, std::size_t count>
-TraceOf<PlainOf<Number>> Raise(WalkerOf<Number, count>& at, const PlaceOf<Number>& place) {
+[[nodiscard]] TraceOf<PlainOf<Number>> Raise(WalkerOf<Number, count>& at,
+                                             const PlaceOf<Number>& place) {
     using Plain = PlainOf<Number>;
     const Number a = at.p[own];
     const Number inverse = Reciprocal(a);
@@ -135,7 +137,8 @@ TraceOf<PlainOf<Number>> Raise(WalkerOf<Number, count>& at, const PlaceOf<Number
 
 /// a - 1 in place of a.
 template <std::size_t own, typename Number, std::size_t count>
-TraceOf<PlainOf<Number>> Lower(WalkerOf<Number, count>& at, const PlaceOf<Number>& place) {
+[[nodiscard]] TraceOf<PlainOf<Number>> Lower(WalkerOf<Number, count>& at,
+                                             const PlaceOf<Number>& place) {
     const Number a = at.p[own];
     const Number inverse = Reciprocal(Difference(at.p[2], a));
     const Number ofSlope = LooseProduct(place.w, inverse);
@@ -158,7 +161,8 @@ TraceOf<PlainOf<Number>> Lower(WalkerOf<Number, count>& at, const PlaceOf<Number
 
 /// c + 1 in place of c.
 template <typename Number, std::size_t count>
-TraceOf<PlainOf<Number>> RaiseThird(WalkerOf<Number, count>& at, const PlaceOf<Number>& place) {
+[[nodiscard]] TraceOf<PlainOf<Number>> RaiseThird(WalkerOf<Number, count>& at,
+                                                  const PlaceOf<Number>& place) {
     const Number c = at.p[2];
     const Number fromA = Difference(c, at.p[0]);
     const Number fromB = Difference(c, at.p[1]);
@@ -181,7 +185,8 @@ TraceOf<PlainOf<Number>> RaiseThird(WalkerOf<Number, count>& at, const PlaceOf<N
 
 /// c - 1 in place of c.
 template <typename Number, std::size_t count>
-TraceOf<PlainOf<Number>> LowerThird(WalkerOf<Number, count>& at, const PlaceOf<Number>& place) {
+[[nodiscard]] TraceOf<PlainOf<Number>> LowerThird(WalkerOf<Number, count>& at,
+                                                  const PlaceOf<Number>& place) {
     using Plain = PlainOf<Number>;
     const Number c = PlusInteger(at.p[2], -1);
     const Number inverse = Reciprocal(c);
@@ -206,8 +211,8 @@ TraceOf<PlainOf<Number>> LowerThird(WalkerOf<Number, count>& at, const PlaceOf<N
 
 /// One step of the parameter p[track] that raises or lowers s = c-a-b.
 template <typename Number, std::size_t count>
-TraceOf<PlainOf<Number>> TakeStep(WalkerOf<Number, count>& at, std::size_t track, bool raises,
-                                  const PlaceOf<Number>& place) {
+[[nodiscard]] TraceOf<PlainOf<Number>> TakeStep(WalkerOf<Number, count>& at, std::size_t track,
+                                                bool raises, const PlaceOf<Number>& place) {
     if (track == 2) return raises ? RaiseThird(at, place) : LowerThird(at, place);
     if (track == 0) return raises ? Lower<0>(at, place) : Raise<0>(at, place);
     return raises ? Lower<1>(at, place) : Raise<1>(at, place);

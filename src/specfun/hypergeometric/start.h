@@ -7,10 +7,10 @@
 namespace kalvex::specfun {
 
 /// Parameters of the same fractions next to 0, c-a-b between -1/2 and 1/2, c, c-a and c-b positive.
-HypergeometricParameters GeneralStart(const HypergeometricParameters& p);
+[[nodiscard]] HypergeometricParameters GeneralStart(const HypergeometricParameters& p);
 
 /// For an integer a from 0 down: where the polynomial has three terms at most, c-b has the sign it
 /// will have if it is next to an integer, and c-a-b is not below -1/2.
-HypergeometricParameters PolynomialStart(const HypergeometricParameters& p);
+[[nodiscard]] HypergeometricParameters PolynomialStart(const HypergeometricParameters& p);
 
 }  // namespace kalvex::specfun

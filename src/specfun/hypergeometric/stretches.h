@@ -20,15 +20,15 @@ struct Stretches {
 };
 
 /// The stretches of a way of the given steps that starts at `from`.
-Stretches StretchesOf(const HypergeometricParameters& from, const std::array<double, 3>& all,
-                      LeftOver leftOver);
+[[nodiscard]] Stretches StretchesOf(const HypergeometricParameters& from,
+                                    const std::array<double, 3>& all, LeftOver leftOver);
 
 /// Steps divide by a, b, c, c-a and c-b. Whether one of these has the same sign at both ends of the
 /// way, but another one or 0 at the end of a stretch.
-bool Crosses(const Stretches& stretches, const HypergeometricParameters& from,
-             const HypergeometricParameters& to);
+[[nodiscard]] bool Crosses(const Stretches& stretches, const HypergeometricParameters& from,
+                           const HypergeometricParameters& to);
 
 /// The number of all steps.
-double Length(const std::array<double, 3>& steps);
+[[nodiscard]] double Length(const std::array<double, 3>& steps);
 
 }  // namespace kalvex::specfun

@@ -20,13 +20,14 @@ struct Traveller {
 };
 
 /// At p, with the value and slope given and their errors.
-Traveller StartOf(const HypergeometricParameters& p, const HypergeometricPoint& point);
+[[nodiscard]] Traveller StartOf(const HypergeometricParameters& p,
+                                const HypergeometricPoint& point);
 
 /// Walks along the straight line to other parameters. False when that takes more than kMostShifts
 /// steps, or when the error of the direction has become as large as the solution.
-bool WalkTo(const HypergeometricParameters& to, const Place& place, Traveller& t);
+[[nodiscard]] bool WalkTo(const HypergeometricParameters& to, const Place& place, Traveller& t);
 
 /// Value and slope at the end of a walk, with the bound of the error of the value.
-HypergeometricPoint PointOf(const Traveller& t);
+[[nodiscard]] HypergeometricPoint PointOf(const Traveller& t);
 
 }  // namespace kalvex::specfun

@@ -43,12 +43,12 @@ struct Bounded {
 
 /// The logarithm to base 2 of a bound of the magnitude.
 template <std::size_t limbs>
-double SizeOf(const Wide<limbs>& a) {
+[[nodiscard]] double SizeOf(const Wide<limbs>& a) {
     return a.sign == 0 ? -INFINITY : static_cast<double>(a.exponent);
 }
 
 template <std::size_t limbs>
-Bounded<limbs> Multiply(const Bounded<limbs>& a, const Bounded<limbs>& b) {
+[[nodiscard]] Bounded<limbs> Multiply(const Bounded<limbs>& a, const Bounded<limbs>& b) {
     const double ofA = SizeOf(a.value);
     const double ofB = SizeOf(b.value);
     const double error = std::max(
@@ -57,7 +57,7 @@ Bounded<limbs> Multiply(const Bounded<limbs>& a, const Bounded<limbs>& b) {
 }
 
 template <std::size_t limbs>
-Bounded<limbs> Add(const Bounded<limbs>& a, const Bounded<limbs>& b) {
+[[nodiscard]] Bounded<limbs> Add(const Bounded<limbs>& a, const Bounded<limbs>& b) {
     const double size = std::max(SizeOf(a.value), SizeOf(b.value));
     const double error = std::max({a.error, b.error, size - Wide<limbs>::kBits + 2});
     return {Add(a.value, b.value), error + 2};
@@ -90,7 +90,7 @@ struct FallingTerms {
           settled(-std::min({a, b, c})) {}
 
     /// After the k-th ratio, which has led to a term of that size.
-    double Rest(int k, double size) const {
+    [[nodiscard]] double Rest(int k, double size) const {
         return RestAfter(a + k + 1, b + k + 1, c + k + 1, k + 2, z, size);
     }
 };
@@ -130,7 +130,7 @@ struct Factors {
     }
 
     /// The k-th; the sign of the ratio.
-    int Take(int k) {
+    [[nodiscard]] int Take(int k) {
         Factor next;
         next.digits[0] = static_cast<std::uint64_t>(k) + 1;
         next.count = 1;
@@ -205,7 +205,8 @@ struct RunningSum {
         }
     }
 
-    Bounded<limbs> Quotient(const LimbNumber<limbs>& above, double error, int k) const {
+    [[nodiscard]] Bounded<limbs> Quotient(const LimbNumber<limbs>& above, double error,
+                                          int k) const {
         Bounded<limbs> result = {Divide(WideOf<limbs>(above), WideOf<limbs>(denominator)), error};
         const double ofBelow =
             SizeOf(result.value) + std::log2(k + 1.0) + 2 - LimbNumber<below>::kBits;
@@ -214,7 +215,7 @@ struct RunningSum {
     }
 
     /// About the logarithm to base 2 of the value.
-    double Size() const {
+    [[nodiscard]] double Size() const {
         if (value.sign == 0) return -INFINITY;
         const auto own = [](std::uint64_t top, std::int64_t exponent) {
             return std::bit_width(top) + 64.0 * static_cast<double>(exponent);
@@ -228,8 +229,8 @@ struct RunningSum {
 /// rounding leaves unknown or beside 2^-wanted times the sum. The relative error is at least that
 /// of the denominator, of `below` limbs.
 template <std::size_t limbs, bool slopes, std::size_t below = limbs>
-WideSum<limbs> SumWide(const WideParameters& p, const WideArgument& argument, double wanted,
-                       double most = kMostWideTerms) {
+[[nodiscard]] WideSum<limbs> SumWide(const WideParameters& p, const WideArgument& argument,
+                                     double wanted, double most = kMostWideTerms) {
     constexpr int kBetweenLooks = 4;
     constexpr double kSmall = 0x1p-60;
     constexpr double kRoundings = 3;  // 8, as a logarithm

@@ -10,6 +10,6 @@ namespace kalvex::specfun {
 /// 100 us, next to x = 1 up to 1000. Parameters are 0 or at least 2^-140 in magnitude; where c is
 /// 0, -1, -2, ... the series must end by its parameter a. The loss is infinite where more than 2000
 /// bits or some thousand terms would be needed.
-Value WideValue(const HypergeometricParameters& p, double x);
+[[nodiscard]] Value WideValue(const HypergeometricParameters& p, double x);
 
 }  // namespace kalvex::specfun

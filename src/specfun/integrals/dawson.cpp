@@ -1,6 +1,6 @@
-// Dawson's integral: the power series (DLMF 7.6.3 times exp(-x^2)) up to 1/2, polynomials on pieces
-// of an octave up to 16, the asymptotic series (DLMF 7.12.1 continued to the imaginary axis)
-// beyond.
+// Dawson's integral: up to 1/2 the power series (DLMF 7.6.3 times exp(-x^2)), up to 16 polynomials
+// on pieces of an octave, beyond that the asymptotic series (DLMF 7.12.1, continued to the
+// imaginary axis).
 #include <cmath>
 
 #include "specfun/integrals/dawson_pieces.h"
@@ -11,7 +11,7 @@
 namespace kalvex::specfun {
 namespace {
 
-/// x up to 1/2: the terms are those before times -2 x^2/(2k+1).
+/// For x up to 1/2. Each term is the one before it times -2 x^2/(2k+1).
 double SmallDawson(double x) {
     if (x < 1e-8) return x;
     const double q = -2 * x * x;
@@ -21,7 +21,7 @@ double SmallDawson(double x) {
     return x + x * sum;
 }
 
-/// x of 16 or more: ten terms leave 21!!/512^11 < 3e-20.
+/// For x of 16 or more. After ten terms the next one is 21!!/512^11, below 3e-20.
 double LargeDawson(double x) {
     if (x > 1e9) return 0.5 / x;
     const DoubleDouble inverse = Inverse({x, 0});

@@ -1,9 +1,9 @@
-// Exponential, logarithmic and hyperbolic integrals. Near 0 the logarithm, Euler's constant and
-// the power series (DLMF 6.6.2, 6.6.5, 6.6.6) are added as pairs of doubles; from there to 4
-// polynomials on pieces of an octave give the functions, beyond 4 what is left of them without
-// exp(x). Zeros lie at the middle of a piece. Shi and Chi differ from Ei/2 by exp(-2x) only.
-// The logarithmic integral is Ei(ln x), the logarithm being a pair too; exp(ln x) need not be
-// computed. Every value is rounded once.
+// Exponential, logarithmic and hyperbolic integrals. Near 0 the logarithm, Euler's constant and the
+// power series (DLMF 6.6.2, 6.6.5, 6.6.6) are added as double-doubles. From there to 4 the
+// functions are polynomials on pieces of an octave; beyond 4 polynomials give the functions times
+// exp(-x). A zero of a function is the middle of a piece. Shi and Chi differ from Ei/2 by a term of
+// the size exp(-x), which is exp(-2x) relative to them. The logarithmic integral is Ei(ln x), with
+// the logarithm as a double-double; x takes the place of exp(ln x). Every value is rounded once.
 #include <cmath>
 #include <limits>
 
@@ -20,12 +20,13 @@ namespace {
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kEiLogarithmic = 0.25;
 constexpr double kFar = 4;
-constexpr double kHalfOfEi = 32;   // from here on exp(-2x) is below a rounding
-constexpr double kOverflow = 720;  // beyond Ei and half of it are infinite
+constexpr double kHalfOfEi = 32;   // from here on exp(-2x) is below half a unit in the last place
+constexpr double kOverflow = 720;  // beyond it Ei and half of it are infinite
 constexpr double kNearZero = 0.5;
 constexpr double kLinear = 1e-8;  // below it x is sinh x
 
-/// exp(x) times a pair; the power of two is brought in last, because exp(x) alone may overflow.
+/// exp(x) times a double-double. The power of two is multiplied last, because exp(x) alone may
+/// overflow.
 double TimesExp(DoubleDouble factor, double x) {
     int exponent = 0;
     const DoubleDouble power = QuickExp({x, 0}, exponent);
@@ -33,7 +34,7 @@ double TimesExp(DoubleDouble factor, double x) {
     return std::ldexp(value, exponent);
 }
 
-/// Ei(x) - ln x for the pair x from 0 to 1/4: Euler's constant and the sum of x^k/(k k!).
+/// Ei(x) - ln x for a double-double x from 0 to 1/4: Euler's constant and the sum of x^k/(k k!).
 DoubleDouble EiWithoutLogarithm(DoubleDouble x) {
     constexpr double kTerms[] = {4, 18, 96, 600, 4320, 35280, 322560, 3265920, 36288000, 439084800};
     const double h = x.high;
@@ -56,7 +57,7 @@ double PositiveEi(double x) {
     return TimesExp(AtPiece(kEiFar, {x, 0}), x);
 }
 
-/// x above 1, t its logarithm.
+/// For x above 1; t is its logarithm.
 double LiAbove(double x, DoubleDouble t) {
     if (t.high >= kFar) return ToDouble(AtPiece(kEiFar, t) * x);
     if (t.high >= kEiLogarithmic) return ToDouble(AtPiece(kEiNear, t));
@@ -83,8 +84,9 @@ double E1NearZero(double x) {
     return sum - kEulerGamma.high - std::log(x);
 }
 
-/// E1(x) for x above 0, from 1 on by the even part of its continued fraction (DLMF 6.9.1) from the
-/// back; at 1, where it converges slowest, about exp(-4 sqrt(k)) is left after k terms.
+/// E1(x) for x above 0. From 1 on it comes from the even part of its continued fraction (DLMF
+/// 6.9.1), evaluated from the back. The error after k terms is about exp(-4 sqrt(k)) at x = 1,
+/// where it converges slowest.
 double E1(double x) {
     constexpr int kTerms = 120;
     if (x < 1) return E1NearZero(x);

@@ -1,10 +1,12 @@
-// Fresnel integrals. From 3/2 on by the auxiliary functions f and g (DLMF 7.5.3, 7.5.4)
-//   S(x) = 1/2 - f cos(pi/2 x^2) - g sin(pi/2 x^2),
-//   C(x) = 1/2 + f sin(pi/2 x^2) - g cos(pi/2 x^2),
-// polynomials on pieces of an octave up to 8, their asymptotic series (DLMF 7.12.2, 7.12.3) beyond.
-// The square is taken as the exact sum of two doubles, of which whole turns are taken off before
-// anything is rounded. Below 3/2 the functions themselves have such polynomials, below 1/2 their
-// power series (DLMF 7.6.4, 7.6.6). Sums are pairs of doubles and are rounded once.
+// Fresnel integrals. From 3/2 on they come from the auxiliary functions f and g (DLMF 7.5.3, 7.5.4)
+//
+//    S(x) = 1/2 - f cos(pi/2 x^2) - g sin(pi/2 x^2),
+//    C(x) = 1/2 + f sin(pi/2 x^2) - g cos(pi/2 x^2),
+//
+// which are polynomials on pieces of an octave up to 8 and asymptotic series (DLMF 7.12.2, 7.12.3)
+// beyond. The square is the exact sum of two doubles; whole turns are subtracted from it before
+// anything is rounded. Between 1/2 and 3/2 S and C themselves are polynomials on pieces, below 1/2
+// they are power series (DLMF 7.6.4, 7.6.6). Sums are double-doubles and are rounded once.
 #include <cmath>
 
 #include "numbers/double_double.h"
@@ -20,11 +22,11 @@ namespace {
 constexpr double kNearZero = 0.5;
 constexpr double kFar = 1.5;
 constexpr double kAsymptotic = 8;
-constexpr double kHalf = 1e17;  // beyond it f is below a rounding of 1/2
+constexpr double kHalf = 1e17;  // beyond it f is less than half a unit in the last place of 1/2
 
 /// Sine and cosine of pi/2 x^2.
 SinCosPair OfQuarterTurns(double x) {
-    constexpr double kWhole = 0x1p52;  // from here on the high part of the square is integral
+    constexpr double kWhole = 0x1p52;  // from here on the high part of the square is an integer
     DoubleDouble square = TwoProduct(x, x);
     if (square.high >= kWhole) square = {std::fmod(square.high, 4.0), std::fmod(square.low, 4.0)};
     const double quarters = std::nearbyint(square.high + square.low);
@@ -45,8 +47,8 @@ struct Auxiliary {
     double g = 0;
 };
 
-/// x of 8 or more: with q = 1/(pi x^2) the terms 1 3 5 ... (2k-1) q^k, sixteen of which leave
-/// less than 1e-19.
+/// For x of 8 or more, in terms of q = 1/(pi x^2). The coefficients are 1 3 5 ... (2k-1); after
+/// sixteen terms the next one is below 1e-19.
 Auxiliary AsymptoticAuxiliary(double x) {
     constexpr double kF[] = {3, 105, 10395, 2027025, 654729075, 316234143225, 213458046676875};
     constexpr double kG[] = {15,          945,           135135,          34459425,
@@ -68,14 +70,14 @@ struct Parts {
     SinCosPair turn;
 };
 
-/// x of 3/2 or more.
+/// For x of 3/2 or more.
 Parts PartsAt(double x) {
     const SinCosPair turn = OfQuarterTurns(x);
     if (x >= kAsymptotic) return {AsymptoticAuxiliary(x), turn};
     return {{AtPiece(kFresnelF, {x, 0}), AtPiece(kFresnelG, {x, 0}).high}, turn};
 }
 
-/// The sum of (-1)^k u^(2k+1)/((2k+1)! (4k+3)), u = pi/2 x^2, times x, x up to 1/2.
+/// S(x) for x up to 1/2: x times the sum of (-1)^k u^(2k+1)/((2k+1)! (4k+3)), u = pi/2 x^2.
 double SmallS(double x) {
     constexpr DoubleDouble kSixthOfPi = {0.52359877559829893, -5.3604088322554549e-17};
     const DoubleDouble cubic = kSixthOfPi * TwoProduct(x, x) * x;
@@ -87,7 +89,7 @@ double SmallS(double x) {
     return cubic.high + (cubic.low - cubic.high * (s * rest));
 }
 
-/// The sum of (-1)^k u^(2k)/((2k)! (4k+1)) times x.
+/// C(x) for x up to 1/2: x times the sum of (-1)^k u^(2k)/((2k)! (4k+1)), u = pi/2 x^2.
 double SmallC(double x) {
     const double u = kHalfPi.high * x * x;
     const double s = u * u;

@@ -1,9 +1,12 @@
-// Sine and cosine integral. With the auxiliary functions f and g (DLMF 6.2.17 to 6.2.20)
-//   Ci(x) = f(x) sin x - g(x) cos x,   Si(x) = pi/2 - f(x) cos x - g(x) sin x,
-// f and g by polynomials on pieces of an octave up to 64 and by their asymptotic series (DLMF
-// 6.12.3, 6.12.4) beyond. Below 4 the functions themselves have such polynomials, zeros of Ci at
-// the middle of a piece; near 0 stand the power series (DLMF 6.6.5, 6.6.6), for Ci with the
-// logarithm. All sums are pairs of doubles and are rounded once.
+// Sine and cosine integral. From 4 on they come from the auxiliary functions f and g (DLMF 6.2.17
+// to 6.2.20)
+//
+//    Ci(x) = f(x) sin x - g(x) cos x,   Si(x) = pi/2 - f(x) cos x - g(x) sin x,
+//
+// which are polynomials on pieces of an octave up to 64 and asymptotic series (DLMF 6.12.3, 6.12.4)
+// beyond. Between 1/2 and 4 Si and Ci themselves are polynomials on pieces; the zeros of Ci are
+// middles of pieces. Below 1/2 they are power series (DLMF 6.6.5, 6.6.6), Ci with the logarithm.
+// All sums are double-doubles and are rounded once.
 #include <cmath>
 #include <limits>
 
@@ -20,7 +23,7 @@ namespace {
 constexpr double kNearZero = 0.5;
 constexpr double kFar = 4;
 constexpr double kAsymptotic = 64;
-constexpr double kVast = 1e20;    // beyond it f is 1/x and g below a rounding of it
+constexpr double kVast = 1e20;    // beyond it f is 1/x and g does not change a digit
 constexpr double kLinear = 1e-8;  // below it x is sin x
 
 struct Auxiliary {
@@ -28,7 +31,8 @@ struct Auxiliary {
     double g = 0;
 };
 
-/// x of 64 or more: ten terms leave 20!/64^20 < 2e-18 of f, nine 1e-16 of g.
+/// For x of 64 or more. After ten terms the next one of f is 20!/64^20, below 2e-18; after nine
+/// that of g is 1e-16.
 Auxiliary AsymptoticAuxiliary(double x) {
     constexpr double kFactorials[] = {2,
                                       6,
@@ -59,7 +63,7 @@ Auxiliary AsymptoticAuxiliary(double x) {
     return {inverse + f * inverse.high, -(1 + g) * square};
 }
 
-/// x of 4 or more.
+/// For x of 4 or more.
 Auxiliary AuxiliaryAt(double x) {
     if (x > kVast) return {{1 / x, 0}, 0};
     if (x >= kAsymptotic) return AsymptoticAuxiliary(x);

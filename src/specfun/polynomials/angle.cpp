@@ -1,8 +1,8 @@
-// The arc sine is the runtime's, corrected by one step of Halley's method: the sine of that double
-// from its power series in double-double arithmetic shows its error, of which the second power
-// still counts and the third does not. Arguments above 0.7 take 2 arcsin of sqrt((1-x)/2), where
-// 1-x is exact. Cosine and sine of the reduced phase are power series again, their first terms in
-// double-double arithmetic.
+// The arc sine is the runtime's, corrected by one step of Halley's method. The sine of that double,
+// from its power series in double-double arithmetic, shows the error; terms of the second order in
+// it matter, those of the third do not. For arguments above 0.7 the angle is 2 arcsin of
+// sqrt((1-x)/2), where 1-x is exact. Cosine and sine of the reduced phase are power series too,
+// with the first terms in double-double arithmetic.
 #include "specfun/polynomials/angle.h"
 
 #include <cmath>
@@ -12,7 +12,8 @@
 namespace kalvex::specfun {
 namespace {
 
-/// (-1)^k / (2k+1)! for k from 13 down to 8; double precision suffices for these terms below pi/4.
+/// (-1)^k / (2k+1)! for k from 13 down to 8. Plain doubles suffice for these terms of arguments
+/// below pi/4.
 constexpr double kSineTail[] = {-9.183689863795546e-29, 6.446950284384474e-26,
                                 -3.868170170630684e-23, 1.9572941063391263e-20,
                                 -8.22063524662433e-18,  2.8114572543455206e-15};
@@ -33,7 +34,7 @@ DoubleDouble SineLessAngle(double a) {
         tail = coefficient + square.high * tail;
     DoubleDouble sum = {tail, 0};
     for (const DoubleDouble coefficient : kSineHead) {
-        // Each term is below a tenth of its coefficient's: nothing cancels.
+        // Each term is below a tenth of its coefficient, so that nothing cancels.
         const DoubleDouble product = sum * square;
         const DoubleDouble next = QuickTwoSum(coefficient.high, product.high);
         sum = QuickTwoSum(next.high, next.low + (coefficient.low + product.low));
@@ -100,7 +101,7 @@ Angle AngleOf(double x) {
 
 KALVEX_WITH_FMA
 CosineSinePair CosineSineAt(DoubleDouble phase, int quarters) {
-    // Of a large phase the first number of quarters can be one off.
+    // For a large phase the first reduction can be off by one quarter, so that it is repeated.
     int first = 0;
     int second = 0;
     const DoubleDouble rest = ReduceByHalfPi(ReduceByHalfPi(phase, first), second);

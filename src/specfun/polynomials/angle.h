@@ -1,6 +1,7 @@
-// The angle whose cosine is the argument of a polynomial, and its multiples: what a polynomial of
-// high degree is at that argument. All is relative to what tends to 0 with the distance from the
-// middle or from the end of the interval, because that is what the value of the polynomial shows.
+// The angle whose cosine is the argument of a polynomial, and cosines and sines of its multiples:
+// they are what a polynomial of high degree is at that argument. Errors are relative to the
+// distance of the angle from the middle or from the end of the interval, whichever is nearer,
+// because the relative error of the polynomial follows it there.
 #pragma once
 
 #include "numbers/double_double.h"
@@ -15,10 +16,10 @@ struct Angle {
 };
 
 /// arccos(x) for 0 <= x <= 1.
-Angle AngleOf(double x);
+[[nodiscard]] Angle AngleOf(double x);
 
-/// Beyond this magnitude a phase is refused: its error would pass 2^-49, and with it the digits of
-/// the polynomial.
+/// A phase beyond this magnitude is refused. Its error would be above 2^-49 and would reach the
+/// digits of the polynomial.
 inline constexpr double kLargestPhase = 0x1p53;
 
 struct CosineSinePair {
@@ -26,18 +27,18 @@ struct CosineSinePair {
     DoubleDouble sine;
 };
 
-/// Cosine and sine of quarters pi/2 + phase, |phase| up to kLargestPhase. Errors of 2^-104
-/// of the phase, and then below 2^-58 relative.
-CosineSinePair CosineSineAt(DoubleDouble phase, int quarters);
+/// Cosine and sine of quarters pi/2 + phase, for |phase| up to kLargestPhase. The error of the
+/// reduced angle is 2^-104 of the phase; relative errors beyond that are below 2^-58.
+[[nodiscard]] CosineSinePair CosineSineAt(DoubleDouble phase, int quarters);
 
 /// eta = arcosh(x) for 1 <= x <= 2^100 and sinh(eta), with relative errors below 2^-90.
 struct HyperbolicAngle {
     DoubleDouble angle;
     DoubleDouble sine;
 };
-HyperbolicAngle HyperbolicAngleOf(double x);
+[[nodiscard]] HyperbolicAngle HyperbolicAngleOf(double x);
 
 /// The remainder of n by 4; n integral, from 0.
-int QuartersOf(double n);
+[[nodiscard]] int QuartersOf(double n);
 
 }  // namespace kalvex::specfun

@@ -1,13 +1,15 @@
-// Chebyshev polynomials. For low degrees by doubling: the pair (T(m), U(m-1)) is cosine and sine of
-// m times an angle, the sine divided by that of the angle itself, hence (DLMF 18.5.1, 18.5.2)
-//   T(2m) = 2 T(m)^2 - 1,              U(2m-1) = 2 T(m) U(m-1),
-//   T(m+1) = x T(m) - (1-x^2) U(m-1),  U(m) = T(m) + x U(m-1).
-// The bits of the degree, from the highest down, say when to double only and when to add one too.
-// Rounding errors grow with the square of the degree, so all is done at twice the precision.
-// Above kDoubled the angle itself is multiplied by the degree, in double-double arithmetic: the
-// error is 2^-103 of the phase, far below what a rounding of x would do to it. The angle is taken
-// from the middle or from the end of the interval, so that odd polynomials keep their relative
-// accuracy near x = 0. Beyond x = 1 the same with hyperbolic functions.
+// Chebyshev polynomials. Low degrees by doubling. The pair (T(m), U(m-1)) is the cosine of m times
+// an angle, and the sine of that divided by the sine of the angle, hence (DLMF 18.5.1, 18.5.2)
+//
+//    T(2m) = 2 T(m)^2 - 1,              U(2m-1) = 2 T(m) U(m-1),
+//    T(m+1) = x T(m) - (1-x^2) U(m-1),  U(m) = T(m) + x U(m-1).
+//
+// The bits of the degree, from the highest one down, say when to double only and when to add one as
+// well. Rounding errors grow with the square of the degree, so that everything is computed in
+// double-double arithmetic. Above kDoubled the angle itself is multiplied by the degree: the error
+// is 2^-103 of the phase, far below the effect of a rounding of x. The angle is measured from the
+// middle or from the end of the interval, so that odd polynomials keep their relative accuracy near
+// x = 0. Beyond x = 1 hyperbolic functions take the place of the trigonometric ones.
 #include <cmath>
 
 #include "numbers/double_double.h"
@@ -49,7 +51,7 @@ Pair ByDoubling(int m, double x) {
     return p;
 }
 
-/// The degree of T or, plus one, that of U, from 0: it counts the angles.
+/// m, the number of angles: the degree of T, or the degree of U plus one. At least 0.
 struct Count {
     DoubleDouble value;  // the low part is -1, 0 or 1
     int quarters;        // modulo 4
@@ -110,8 +112,8 @@ bool IsTiny(const Count& m, double x) {
     return m.value.high <= 0x1p53 && std::fabs(x) < 0x1p-100;
 }
 
-/// A polynomial for |x| so small that the next term vanishes beside the first: 1 or, for odd
-/// degrees, leading x, and its sign.
+/// A polynomial for |x| so small that its second term vanishes beside the first: 1, or leading x
+/// for odd degrees, times a sign.
 double OfTiny(int quarters, double leading, double x) {
     const double sign = quarters < 2 ? 1 : -1;
     return sign * (quarters % 2 == 0 ? 1 : leading * x);

@@ -1,4 +1,4 @@
-// The degree of a polynomial, tested.
+// The test of the degree of a polynomial.
 #pragma once
 
 #include <cmath>
@@ -8,9 +8,9 @@
 
 namespace kalvex::specfun {
 
-/// The degree, of any magnitude. Throws "Domain error in NAME" for one that is not integral or is
-/// below `least`.
-inline double IntegralDegree(double degree, double least, const char* name) {
+/// Returns the degree, of any magnitude. Throws "Domain error in NAME" for a degree that is not
+/// integral or is below `least`.
+[[nodiscard]] inline double IntegralDegree(double degree, double least, const char* name) {
     if (!std::isfinite(degree) || std::floor(degree) != degree || degree < least) {
         throw ap::ap_error{std::string("Domain error in ") + name};
     }

@@ -1,9 +1,9 @@
 // Hermite polynomials by their recurrence (DLMF 18.9.1). Odd ones of a tiny x are computed at a
-// scaled x, so that no part is a denormal number. Few degrees have values within the range:
-// |H(n,0)| is n!/(n/2)! for even n, beyond it from n = 270 on; the odd ones begin with 2
-// n!/((n-1)/2)! x, beyond it from n = 493 on even for the least x. From there on all that is left
-// is the zero in the middle of the odd ones: no double is so close to another zero, by 500 digits
-// and more, that the value would come back into the range.
+// scaled x, so that no part is denormal. Only low degrees have values within the range of doubles.
+// For even n |H(n,0)| is n!/(n/2)!, which overflows from n = 270 on. The first term of an odd one
+// is 2 n!/((n-1)/2)! x, which overflows from n = 493 on even for the smallest x. From there on the
+// only finite value is the zero in the middle of the odd ones: no double is so close to another
+// zero, by more than 500 digits, that the value would be finite.
 #include <cmath>
 
 #include "numbers/double_double.h"
@@ -13,8 +13,8 @@
 namespace kalvex::specfun {
 namespace {
 
-constexpr double kMostSteps = 600;     // all values but the zero in the middle are beyond the range
-constexpr double kFarthest = 0x1p511;  // 4x^2 - 2 is beyond the range, and more so higher degrees
+constexpr double kMostSteps = 600;     // beyond it all values but the zero in the middle overflow
+constexpr double kFarthest = 0x1p511;  // from here on 4x^2 - 2 overflows, and so do higher degrees
 
 /// H(k+1) = 2x H(k) - 2k H(k-1).
 void HermiteStep(Neighbours& p, double twiceX, double twiceK) {

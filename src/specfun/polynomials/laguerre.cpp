@@ -1,5 +1,5 @@
-// Laguerre polynomials by the recurrence of their differences (DLMF 18.9.1); large degrees have a
-// file of their own.
+// Laguerre polynomials by the recurrence of their differences (DLMF 18.9.1). laguerre_large.cpp has
+// the large degrees.
 #include <cmath>
 
 #include "numbers/double_double.h"
@@ -10,8 +10,8 @@
 namespace kalvex::specfun {
 namespace {
 
-constexpr double kTiny = 0x1p-100;     // up to the largest degree that recurs, 1 - n x is 1
-constexpr double kFarthest = 0x1p513;  // x^2/2 is beyond the range, and more so higher degrees
+constexpr double kTiny = 0x1p-100;     // below it 1 - n x is 1 for every degree n of the recurrence
+constexpr double kFarthest = 0x1p513;  // from here on x^2/2 overflows, and so do higher degrees
 
 /// L(k+1) = L(k) + d(k+1), (k+1) d(k+1) = k d(k) - x L(k), where d is in `before`.
 void LaguerreStep(Neighbours& p, double x, double k) {

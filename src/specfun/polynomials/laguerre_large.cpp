@@ -23,14 +23,15 @@ namespace kalvex::specfun {
 namespace {
 
 constexpr double kLargestSeriesSquare = 34 * 34;
-/// Beyond, the amplitude is above exp(800); no double is so close to a zero that its value, the
-/// amplitude times the difference to the zero, would come back into the range.
+/// Beyond this x the amplitude is above exp(800). No double is so close to a zero that its value,
+/// the amplitude times the distance from the zero, would be finite.
 constexpr double kLargestFinite = 1600;
 constexpr double kLargestPhase = 1e15;
-constexpr double kTinyRatio = 0x1p-106;  // 1 - t/6 is 1
+constexpr double kTinyRatio = 0x1p-106;  // below it 1 - t/6 is 1
 constexpr DoubleDouble kQuarterPi = {kPi.high / 4, kPi.low / 4};
 
-/// Powers of two that keep the range free for the last term and the last sum.
+/// The sum is scaled by this power of two, so that neither the last term underflows nor the sum
+/// overflows.
 constexpr int kSeriesBits = 200;
 constexpr double kNegligible = 0x1p-80;
 
@@ -52,7 +53,7 @@ struct CosineSine {
     DoubleDouble sine;
 };
 
-/// Power series, for |a| up to 1; relative error below 2^-95.
+/// Cosine and sine by power series, for |a| up to 1; relative error below 2^-95.
 CosineSine CosineSineOf(DoubleDouble a) {
     constexpr int kTerms = 26;    // 1/26! is 2^-88
     constexpr int kDoubles = 14;  // from here on one double is enough: 1/14! is 2^-36
@@ -86,7 +87,7 @@ double Sum(const LaguerreOrder& order, double t) {
     return sum;
 }
 
-/// The sum of the orders times powers of w, from the first one.
+/// The sum of the orders times powers of w, beginning with the first power.
 template <std::size_t count>
 double Sum(const LaguerreOrder (&orders)[count], double t, double w) {
     double sum = 0;
@@ -95,8 +96,8 @@ double Sum(const LaguerreOrder (&orders)[count], double t, double w) {
     return sum;
 }
 
-/// (sqrt(t (1-t)) + arcsin(sqrt(t))) / (2 sqrt(t)), given the roots of t and 1-t. The library's
-/// arcsine is corrected by the sine of its error.
+/// (sqrt(t (1-t)) + arcsin(sqrt(t))) / (2 sqrt(t)), given the roots of t and 1-t. The runtime's arc
+/// sine is corrected by the sine of its error.
 DoubleDouble MeanFrequency(DoubleDouble root, DoubleDouble otherRoot) {
     const double rough = std::asin(root.high);
     const CosineSine at = CosineSineOf({rough, 0});
@@ -105,7 +106,7 @@ DoubleDouble MeanFrequency(DoubleDouble root, DoubleDouble otherRoot) {
     return {sum.high / 2, sum.low / 2};
 }
 
-/// Amplitude times the cosine of the phase. quarter is n + 1/2 and square z^2.
+/// Amplitude times the cosine of the phase. `quarter` is n + 1/2, `square` is z^2.
 double Oscillation(DoubleDouble quarter, double x, DoubleDouble square) {
     const DoubleDouble z = Sqrt(square);
     if (z.high > kLargestPhase) throw ap::ap_error{"Laguerre: the degree is too large"};

@@ -3,13 +3,15 @@
 
 namespace kalvex::specfun {
 
-/// From this degree on LargeLaguerre has values; below, its expansion is not good enough.
+/// LargeLaguerre has values from this degree on; for lower degrees its expansion is not accurate
+/// enough.
 inline constexpr double kLeastLargeLaguerre = 600;
 
-/// L(n,x) for integral n from kLeastLargeLaguerre on, all x but not-a-number: infinite or
-/// not-a-number where the value overflows. Where sqrt((4n+2) x) is beyond 1e15, which takes a
-/// degree above 1e26, it throws "Laguerre: the degree is too large". Computed with errors below
-/// 2^-58 of the local amplitude and what 2^-95 of x does to the value, rounded once; 1 to 10 us.
-double LargeLaguerre(double n, double x);
+/// L(n,x) for integral n from kLeastLargeLaguerre on and all x except not-a-number. Infinite or
+/// not-a-number where the value overflows. Throws "Laguerre: the degree is too large" where
+/// sqrt((4n+2) x) is above 1e15, which takes a degree above 1e26. The error before the final
+/// rounding is below 2^-58 of the local amplitude plus the effect of a change of x by 2^-95; 1 to
+/// 10 us.
+[[nodiscard]] double LargeLaguerre(double n, double x);
 
 }  // namespace kalvex::specfun

@@ -19,7 +19,7 @@
 namespace kalvex::specfun {
 namespace {
 
-/// P(k+1) = t + k/(k+1) (t - P(k-1)), t = x P(k).
+/// One step of the recurrence: P(k+1) = t + k/(k+1) (t - P(k-1)), t = x P(k).
 void Step(Neighbours& p, double x, double k) {
     const double ratio = k / (k + 1);
     const double ratioLow = std::fma(-ratio, k + 1, k) / (k + 1);
@@ -41,10 +41,10 @@ double ByRecurrence(int n, double x) {
     return ToDouble(p.now);
 }
 
-/// The power series; t = (1-x)/2 exactly.
+/// The power series in t = (1-x)/2, which is exact.
 double BySeries(double n, double t) {
     constexpr double kNegligible = 0x1p-70;  // beside 1, the largest term, or the amplitude 0.15
-    constexpr double kSmall = 0x1p-18;       // what follows needs no more than doubles
+    constexpr double kSmall = 0x1p-18;       // below it plain doubles suffice for the terms
     const DoubleDouble first = TwoSum(n, 1) * n * -t;
     DoubleDouble sum = {1, 0};
     DoubleDouble term = {1, 0};
@@ -68,7 +68,7 @@ struct Complex {
     DoubleDouble imaginary;
 };
 
-/// S - 1 for z = (1 - i c)/2 or, for a real z, (1 + c)/2.
+/// S - 1, for z = (1 - i c)/2, or z = (1 + c)/2 where `real` is true.
 Complex ExpansionLessOne(double n, DoubleDouble c, bool real) {
     const DoubleDouble eighth = 0.125 / TwoSum(n, 1.5);
     const DoubleDouble product = eighth * c;
@@ -94,7 +94,7 @@ Complex ExpansionLessOne(double n, DoubleDouble c, bool real) {
     return {first.real + sumReal, first.imaginary + sumImaginary};
 }
 
-/// K of the method, for a given sine. With w = n + 3/4 the quotient of gamma functions is
+/// K of the method, for a given sine. With w = n + 3/4 the quotient of the gamma functions is
 /// w^(-1/2) times a series in 1/w^2 (DLMF 5.11.14).
 DoubleDouble Amplitude(double n, DoubleDouble sine) {
     constexpr DoubleDouble kTwoOverPi = {0.6366197723675814, -3.935735335036497e-17};
@@ -122,7 +122,7 @@ double ByPhase(double n, double x) {
     return ToDouble(Amplitude(n, angle.sine) * wave);
 }
 
-/// The same for 1 < x; infinite where the value overflows.
+/// The same for x above 1; infinite where the value overflows.
 double ByGrowth(double n, double x) {
     constexpr double kLargest = 0x1p100;  // of any degree from 11 on the values overflow
     if (x > kLargest) return INFINITY;

@@ -1,5 +1,5 @@
-// The form is made from an OptionsInput and read back into one; SaveOptions takes and stores it.
-// Tab moves the focus in the order in which the controls are made here.
+// The form is made from the table of options and read back into a record; SaveOptions takes the
+// record and stores it. The focus moves in the order in which the controls are made.
 #include "ui/dialogs/options_dialog.h"
 
 #include <QComboBox>
@@ -8,7 +8,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <array>
-#include <span>
 #include <utility>
 
 #include "commands/options_input.h"
@@ -24,19 +23,9 @@ namespace {
 
 constexpr int kEditFrame = 16;
 
+/// The controls by row of the table of options; null for an option that has none.
 struct OptionsControls {
-    QComboBox* lineWidth = nullptr;
-    QComboBox* maxAngle = nullptr;
-    QComboBox* textSize = nullptr;
-    QLineEdit* minParam = nullptr;
-    QLineEdit* maxParam = nullptr;
-    TipCheckBox* colours = nullptr;
-    TipCheckBox* labels = nullptr;
-    TipCheckBox* coords = nullptr;
-    TipCheckBox* grid = nullptr;
-    TipCheckBox* derivative = nullptr;
-    TipCheckBox* axes = nullptr;
-    QComboBox* interpolation = nullptr;
+    std::array<QWidget*, kOptionRows.size()> of{};
     TipCheckBox* polarGrid = nullptr;
 };
 
@@ -45,121 +34,119 @@ void Name(QObject& control, const char* name, int id) {
     control.setProperty("controlId", id);
 }
 
-QStringList EntriesOf(std::span<const OptionChoice> choices) {
-    QStringList entries;
-    for (const OptionChoice& choice : choices)
-        entries += TextOf(choice.word);
-    return entries;
-}
-
-QStringList TextSizes() {
-    QStringList entries;
-    for (std::int32_t size = kLeastTextSize; size <= kLargestTextSize; ++size)
-        entries += ToQString(TextSizeText(size));
-    return entries;
-}
-
-QComboBox* NewList(FormDialog& dialog, const QStringList& entries, const std::u16string& chosen) {
+QComboBox* NewList(FormDialog& dialog, const OptionRow& row, const std::u16string& chosen) {
     auto* const list = new QComboBox(&dialog);
-    list->addItems(entries);
+    for (const OptionChoice& choice : row.control.choices)
+        list->addItem(ToQString(ChoiceText(choice)));
     list->setCurrentIndex(list->findText(ToQString(chosen), Qt::MatchExactly));
     return list;
 }
 
-TipCaption* AddField(FormDialog& dialog, StringId text, QWidget* field) {
-    auto* const caption = new TipCaption(Text(text), &dialog);
-    caption->SetField(field);
-    dialog.AddPair(caption, field);
-    return caption;
-}
-
-QLineEdit* AddNumber(FormDialog& dialog, StringId text, const std::u16string& number) {
+QLineEdit* NewNumber(FormDialog& dialog, const std::u16string& number) {
     auto* const field = new QLineEdit(ToQString(number), &dialog);
     field->setCursorPosition(0);
     field->setInputMethodHints(Qt::ImhPreferNumbers);
     field->setMinimumWidth(field->fontMetrics().horizontalAdvance("-000.000000") + kEditFrame);
-    AddField(dialog, text, field);
     return field;
 }
 
-void AddFields(FormDialog& dialog, const OptionsInput& shown, OptionsControls& controls) {
-    controls.lineWidth = NewList(dialog, EntriesOf(kLineWidths), shown.lineWidth);
-    Name(*AddField(dialog, StringId::OptionLineWidth, controls.lineWidth), "lineWidthCaption",
-         1079);
-    Name(*controls.lineWidth, "lineWidth", 1036);
-    controls.maxAngle = NewList(dialog, EntriesOf(kMaxAngles), shown.maxAngle);
-    AddField(dialog, StringId::OptionMaxAngle, controls.maxAngle);
-    Name(*controls.maxAngle, "maxAngle", 1037);
-    controls.textSize = NewList(dialog, TextSizes(), shown.textSize);
-    AddField(dialog, StringId::OptionTextSize, controls.textSize);
-    Name(*controls.textSize, "textSize", 1071);
-    controls.minParam = AddNumber(dialog, StringId::OptionMinParam, shown.minParam);
-    Name(*controls.minParam, "minParam", 1000);
-    controls.maxParam = AddNumber(dialog, StringId::OptionMaxParam, shown.maxParam);
-    Name(*controls.maxParam, "maxParam", 1001);
-}
-
-TipCheckBox* NewBox(QWidget* parent, StringId text, bool checked, const char* name) {
-    auto* const box = new TipCheckBox(Text(text), parent);
+QCheckBox* NewBox(QWidget* parent, const OptionRow& row, bool checked) {
+    auto* const box = new TipCheckBox(Text(row.control.text), parent);
     box->setChecked(checked);
-    box->setObjectName(name);
     return box;
 }
 
-void AddBoxes(FormDialog& dialog, const OptionsInput& shown, OptionsControls& controls) {
-    controls.colours = NewBox(&dialog, StringId::OptionColours, shown.colours, "colours");
-    controls.colours->setProperty("controlId", 1049);
-    dialog.AddWide(controls.colours);
+/// The caption in front of a field, which gets its name and its tip.
+TipCaption* NewCaption(FormDialog& dialog, const OptionRow& row, QWidget* field) {
+    auto* const caption = new TipCaption(Text(row.control.text), &dialog);
+    caption->SetField(field);
+    caption->setObjectName(QString(row.control.name) + "Caption");
+    if (row.control.captionId != 0) caption->setProperty("controlId", row.control.captionId);
+    return caption;
+}
+
+QWidget* AddControl(FormDialog& dialog, const OptionRow& row, const ControlState& shown) {
+    if (row.control.kind == ControlKind::CheckBox) {
+        QCheckBox* const box = NewBox(&dialog, row, shown.checked);
+        dialog.AddWide(box);
+        return box;
+    }
+    QWidget* field = nullptr;
+    if (row.control.kind == ControlKind::NumberField) {
+        field = NewNumber(dialog, shown.text);
+    } else {
+        field = NewList(dialog, row, shown.text);
+    }
+    TipCaption* const caption = NewCaption(dialog, row, field);
+    if (row.control.kind == ControlKind::HiddenList) {
+        // KEEP: the list is there and is saved, but nobody sees it, because nothing draws by it.
+        caption->hide();
+        field->hide();
+    } else {
+        dialog.AddPair(caption, field);
+    }
+    return field;
+}
+
+/// The check boxes of the group in two columns, and the box of the grid's kind behind them.
+void AddGroup(FormDialog& dialog, const OptionsInput& shown, OptionsControls& controls) {
     auto* const group = new QGroupBox(TextOf(StringId::OptionShowGroup), &dialog);
     Name(*group, "showOnGraph", 1069);
     auto* const grid = new QGridLayout(group);
     grid->setVerticalSpacing(0);
-    const auto add = [&](TipCheckBox*& box, StringId text, bool checked, const char* name, int id) {
+    const auto add = [grid](QCheckBox* box) {
         const int place = grid->count();
-        box = NewBox(group, text, checked, name);
-        box->setProperty("controlId", id);
         grid->addWidget(box, place / 2, place % 2);
     };
-    add(controls.labels, StringId::OptionLabels, shown.labels, "labels", 1019);
-    add(controls.coords, StringId::OptionCoords, shown.coords, "coords", 1022);
-    add(controls.grid, StringId::OptionGrid, shown.grid, "grid", 1021);
-    add(controls.derivative, StringId::OptionDerivative, shown.derivative, "derivative", 1023);
-    add(controls.axes, StringId::OptionAxes, shown.axes, "axes", 1020);
-    controls.polarGrid = NewBox(group, StringId::OptionPolarGrid, shown.polarGrid, "polarGrid");
-    grid->addWidget(controls.polarGrid, 2, 1);
-    // The kind of the grid can be chosen only while there is a grid.
-    controls.polarGrid->setEnabled(shown.grid);
-    QObject::connect(controls.grid, &QCheckBox::toggled, controls.polarGrid, &QWidget::setEnabled);
+    for (const OptionRow* const row : RowsInOrder(PlaceInDialog)) {
+        if (row->control.kind != ControlKind::GraphBox) continue;
+        QCheckBox* const box = NewBox(group, *row, ControlOf(shown, row->field).checked);
+        Name(*box, row->control.name, row->control.id);
+        controls.of[OptionIndex(row->field)] = box;
+        add(box);
+    }
+    controls.polarGrid = new TipCheckBox(Text(StringId::OptionPolarGrid), group);
+    controls.polarGrid->setObjectName("polarGrid");
+    controls.polarGrid->setChecked(shown.polarGrid);
+    add(controls.polarGrid);
+    // A grid that is not shown has no kind to choose.
+    auto* const gridBox = qobject_cast<QCheckBox*>(controls.of[OptionIndex(&Options::Setka)]);
+    controls.polarGrid->setEnabled(gridBox->isChecked());
+    QObject::connect(gridBox, &QCheckBox::toggled, controls.polarGrid, &QWidget::setEnabled);
     dialog.AddWide(group);
 }
 
-/// KEEP: the list exists and is saved, but is hidden, because drawing does not depend on it.
-void AddHiddenList(FormDialog& dialog, const OptionsInput& shown, OptionsControls& controls) {
-    auto* const caption = new TipCaption(Text(StringId::OptionInterpolation), &dialog);
-    controls.interpolation = NewList(dialog, EntriesOf(kInterpolations), shown.interpolation);
-    caption->SetField(controls.interpolation);
-    caption->setObjectName("interpolationCaption");
-    Name(*controls.interpolation, "interpolation", 1052);
-    caption->hide();
-    controls.interpolation->hide();
+void AddControls(FormDialog& dialog, const OptionsInput& shown, OptionsControls& controls) {
+    for (const OptionRow* const row : RowsInOrder(PlaceInDialog)) {
+        if (row->control.kind == ControlKind::GraphBox) {
+            if (controls.polarGrid == nullptr) AddGroup(dialog, shown, controls);
+            continue;
+        }
+        QWidget* const control = AddControl(dialog, *row, ControlOf(shown, row->field));
+        Name(*control, row->control.name, row->control.id);
+        controls.of[OptionIndex(row->field)] = control;
+    }
 }
 
 OptionsInput Read(const OptionsControls& controls) {
     OptionsInput input;
-    input.axes = controls.axes->isChecked();
-    input.labels = controls.labels->isChecked();
-    input.grid = controls.grid->isChecked();
+    for (std::size_t i = 0; i < controls.of.size(); ++i) {
+        ControlState& state = input.controls[i];
+        if (const auto* const box = qobject_cast<QCheckBox*>(controls.of[i]))
+            state.checked = box->isChecked();
+        if (const auto* const list = qobject_cast<QComboBox*>(controls.of[i]))
+            state.text = FromQString(list->currentText());
+        if (const auto* const field = qobject_cast<QLineEdit*>(controls.of[i]))
+            state.text = FromQString(field->text());
+    }
     input.polarGrid = controls.polarGrid->isChecked();
-    input.coords = controls.coords->isChecked();
-    input.derivative = controls.derivative->isChecked();
-    input.colours = controls.colours->isChecked();
-    input.lineWidth = FromQString(controls.lineWidth->currentText());
-    input.maxAngle = FromQString(controls.maxAngle->currentText());
-    input.textSize = FromQString(controls.textSize->currentText());
-    input.interpolation = FromQString(controls.interpolation->currentText());
-    input.minParam = FromQString(controls.minParam->text());
-    input.maxParam = FromQString(controls.maxParam->text());
     return input;
+}
+
+/// The control that the user must correct: a refusal names the first or the second of the range.
+QLineEdit& FieldOf(const OptionsControls& controls, const InputProblem& problem) {
+    const OptionField field = problem.field == 0 ? &Options::MinParam : &Options::MaxParam;
+    return *qobject_cast<QLineEdit*>(controls.of[OptionIndex(field)]);
 }
 
 }  // namespace
@@ -170,21 +157,19 @@ void OpenOptionsDialog(QWidget* parent, Options& options, const Registry& regist
     dialog->setObjectName("optionsDialog");
     const OptionsInput shown = InputOf(options);
     OptionsControls controls;
-    AddFields(*dialog, shown, controls);
-    AddBoxes(*dialog, shown, controls);
-    AddHiddenList(*dialog, shown, controls);
+    AddControls(*dialog, shown, controls);
     dialog->SaveKey()->setProperty("controlId", static_cast<int>(CommandId::OptionsSave));
     dialog->CancelKey()->setProperty("controlId", static_cast<int>(CommandId::OptionsCancel));
     dialog->save = [controls, &options, registry, show, changed = std::move(changed)] {
         const auto problem = SaveOptions(Read(controls), options, registry);
         if (problem) {
             show(ErrorBox(problem->message));
-            PointAt(*(problem->field == 0 ? controls.minParam : controls.maxParam));
+            PointAt(FieldOf(controls, *problem));
         }
         changed();
         return !problem;
     };
-    controls.lineWidth->setFocus(Qt::OtherFocusReason);
+    controls.of[OptionIndex(&Options::Wight)]->setFocus(Qt::OtherFocusReason);
     dialog->OpenOverParent();
 }
 

@@ -25,9 +25,11 @@ class Completion final : public QObject {
 
     void Watch(LineEdit* line);
     void Close();
-    bool IsOpen() const { return line != nullptr; }
+    [[nodiscard]] bool IsOpen() const { return line != nullptr; }
     /// What a screen reader says about the list of a line; empty when no list is open for it.
-    QString SaidOf(const LineEdit* asked) const { return asked == line ? said : QString(); }
+    [[nodiscard]] QString SaidOf(const LineEdit* asked) const {
+        return asked == line ? said : QString();
+    }
 
     std::u16string_view platform = kPlatformType;  ///< only kPocketPc offers names
     std::function<QRect()> room;  ///< asked for the part of the window for the list
@@ -41,10 +43,10 @@ class Completion final : public QObject {
   private:
     void Open(LineEdit* edited);
     void Type(char16_t last);
-    bool TakeKey(const QKeyEvent& key);
+    [[nodiscard]] bool TakeKey(const QKeyEvent& key);
     void MoveHighlight(int step);
     void Choose(const QString& name);
-    bool TakeSecondTap();
+    [[nodiscard]] bool TakeSecondTap();
 
     QPointer<CompletionList> list;
     void Say(const QString& text);

@@ -10,7 +10,7 @@ namespace kalvex {
 /// The place of a list of a wanted size: below the line if it fits there, else above the line if it
 /// fits there, else on the side with more room and cut to that room. It always lies inside `room`;
 /// its left edge is at `left` or as near to it as possible.
-QRect PlaceList(const QRect& line, int left, QSize wanted, const QRect& room);
+[[nodiscard]] QRect PlaceList(const QRect& line, int left, QSize wanted, const QRect& room);
 
 /// A list that never takes the focus. An entry is chosen by selecting it, with the pointer when it
 /// is lifted on the entry. Highlighting an entry does not choose it.
@@ -21,9 +21,9 @@ class CompletionList final : public QListWidget {
 
     void Fill(const std::vector<std::u16string_view>& names);
     /// The size that shows every name.
-    QSize WantedSize() const;
+    [[nodiscard]] QSize WantedSize() const;
     /// The highlighted row, -1 for none.
-    int Highlighted() const;
+    [[nodiscard]] int Highlighted() const;
     void Highlight(int row);
 
   signals:

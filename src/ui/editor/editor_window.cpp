@@ -76,7 +76,7 @@ void EditorWindow::ShowLine(int slot) {
     row.label->Show(ToQString(LabelOf(entry.type)), color, entry.selected == 1);
     row.label->setAccessibleName(NameOfLine(slot, entry));
     row.label->setAccessibleDescription(DescriptionOfLine(entry, {}));
-    row.edit->keepsBlanks = entry.type == static_cast<std::int32_t>(EquationType::File);
+    row.edit->keepsBlanks = entry.type == EquationType::File;
     row.edit->setAccessibleName(NameOfLine(slot, entry));
     const QString text = ToQString(workspace.lines[Index(slot)]);
     if (row.edit->text() != text) row.edit->SetStoredText(text);

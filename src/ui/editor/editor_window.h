@@ -30,7 +30,7 @@ struct EditorActions {
     /// Where the input panel covers the window, in its coordinates; empty while there is none.
     std::function<QRect()> inputPanel = SystemInputPanel;
 
-    static QRect SystemInputPanel();
+    [[nodiscard]] static QRect SystemInputPanel();
 };
 
 /// Shows the workspace's lines and keeps `Workspace::lines` equal to what stands in them. The lines
@@ -44,7 +44,7 @@ class EditorWindow final : public QWidget {
     void ShowLines();
     /// Index of the line that has the focus, also while a menu is open. While a soft key has the
     /// focus, the line that had it before.
-    std::optional<int> FocusedSlot() const;
+    [[nodiscard]] std::optional<int> FocusedSlot() const;
     void FocusLine(int slot);
     /// Opens the menu for the focused line.
     void OpenMenu();
@@ -64,7 +64,7 @@ class EditorWindow final : public QWidget {
   private:
     void UpdateMenu();
     /// Whether the menu offers a command now; short cuts run no command that it does not offer.
-    bool IsOffered(CommandId command);
+    [[nodiscard]] bool IsOffered(CommandId command);
     void AddLines();
     void ConnectLine(int slot);
     void AddKeys();
@@ -73,7 +73,7 @@ class EditorWindow final : public QWidget {
     void ShowLine(int slot);
     void ShowHint(int slot);
     void Slide(QPoint at);
-    QMenu* MakeEditMenu(int slot);
+    [[nodiscard]] QMenu* MakeEditMenu(int slot);
 
     Workspace& workspace;
     EditorActions actions;

@@ -27,7 +27,7 @@ class LineArea final : public QWidget {
 
     explicit LineArea(QWidget* window);
 
-    const Row& At(int slot) const { return rows[static_cast<std::size_t>(slot)]; }
+    [[nodiscard]] const Row& At(int slot) const { return rows[static_cast<std::size_t>(slot)]; }
     /// Places the area at the upper left of the window. `height` decides how tall a row is: as tall
     /// as nine rows allow. When fewer than nine fit into `visibleHeight` the scroll bar appears,
     /// and its page is the number that fits; otherwise all nine show and its range is empty.
@@ -35,7 +35,7 @@ class LineArea final : public QWidget {
     /// Scrolls by the fewest rows that bring a line into view.
     void Reveal(int slot);
     /// The visible line nearest to a height in the area's coordinates.
-    int SlotAt(int y) const;
+    [[nodiscard]] int SlotAt(int y) const;
 
   signals:
     void Scrolled();  ///< other lines show now

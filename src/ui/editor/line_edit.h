@@ -25,7 +25,7 @@ class LineEdit final : public QLineEdit {
     /// Pastes the clipboard's text without its blanks, as one step of undo.
     void PasteText();
     /// Where the caret stands, in the line's coordinates.
-    QRect CaretPlace() const { return cursorRect(); }
+    [[nodiscard]] QRect CaretPlace() const { return cursorRect(); }
     /// Asks for the popup menu at the caret.
     void AskForPopup();
 

@@ -17,10 +17,10 @@ class LineLabel final : public QLabel {
     /// `color` is absent when labels are not coloured.
     void Show(const QString& label, std::optional<QColor> color, bool isSelected);
 
-    bool selected() const { return isSelectedLine; }
+    [[nodiscard]] bool selected() const { return isSelectedLine; }
     /// Colours of background and text as they are painted with the present palette.
-    QColor Ground() const;
-    QColor TextColor() const;
+    [[nodiscard]] QColor Ground() const;
+    [[nodiscard]] QColor TextColor() const;
 
   signals:
     void Toggled();          ///< double click or tap

@@ -16,24 +16,24 @@ struct LinePlace {
 };
 
 /// The least height of the line area: three lines that are tall enough for a finger.
-int LeastLineAreaHeight();
+[[nodiscard]] int LeastLineAreaHeight();
 
 /// A ninth of the area's height, at least tall enough for a finger and at most 68 pixels.
-int RowHeight(int height);
+[[nodiscard]] int RowHeight(int height);
 
 /// Whole rows that fit into a visible height, 1 to 9.
-int FittingLines(int visibleHeight, int rowHeight);
+[[nodiscard]] int FittingLines(int visibleHeight, int rowHeight);
 
 /// The height that some rows take, 1 to 9.
-int HeightOfLines(int count, int rowHeight);
+[[nodiscard]] int HeightOfLines(int count, int rowHeight);
 
 /// Nine rows of RowHeight(height): the label in the first 2/9 of the width (at most 170 pixels),
 /// the line in the rest. Together the rows may be taller than `height`.
-std::array<LinePlace, kSlotCount> LayOutLines(int width, int height);
+[[nodiscard]] std::array<LinePlace, kSlotCount> LayOutLines(int width, int height);
 
 /// The height of a window above an input panel. `panel` is in the window's coordinates and empty
 /// when there is none. A panel that would leave less than `least` is ignored, because nothing
 /// usable would remain.
-int HeightAbovePanel(QSize window, const QRect& panel, int least);
+[[nodiscard]] int HeightAbovePanel(QSize window, const QRect& panel, int least);
 
 }  // namespace kalvex

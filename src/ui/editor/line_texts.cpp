@@ -4,15 +4,11 @@
 #include <QStringList>
 
 #include "resources/strings.h"
+#include "settings/settings_names.h"
 #include "ui/parts/qt_text.h"
 #include "workspace/function_list.h"
 
 namespace kalvex {
-namespace {
-
-constexpr std::size_t kLongestKeptLine = 49;
-
-}  // namespace
 
 QString NameOfLine(int slot, const FunctionEntry& entry) {
     return TextOf(StringId::LineNumber, {NumberText(slot + 1)}) +
@@ -30,7 +26,8 @@ QString DescriptionOfLine(const FunctionEntry& entry, const QString& hint) {
 }
 
 QString HintOfLine(std::u16string_view line) {
-    return line.size() > kLongestKeptLine ? TextOf(StringId::KeptCharacters) : QString();
+    return IsStoredWhole(line) ? QString()
+                               : TextOf(StringId::KeptCharacters, {NumberText(kStoredUnits)});
 }
 
 }  // namespace kalvex

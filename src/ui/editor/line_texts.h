@@ -8,13 +8,13 @@
 namespace kalvex {
 
 /// Number and type, such as "Function 1 Y(x)=".
-QString NameOfLine(int slot, const FunctionEntry& entry);
+[[nodiscard]] QString NameOfLine(int slot, const FunctionEntry& entry);
 
 /// Colour word, whether it is selected, and the hint if there is one. A colour number outside the
 /// table has no word.
-QString DescriptionOfLine(const FunctionEntry& entry, const QString& hint);
+[[nodiscard]] QString DescriptionOfLine(const FunctionEntry& entry, const QString& hint);
 
 /// The hint for a line that is longer than what the settings keep; empty for any other line.
-QString HintOfLine(std::u16string_view line);
+[[nodiscard]] QString HintOfLine(std::u16string_view line);
 
 }  // namespace kalvex

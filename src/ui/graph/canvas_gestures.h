@@ -9,7 +9,7 @@
 namespace kalvex {
 
 /// The pixel that a point lies in.
-PixelPoint PixelOf(QPointF point);
+[[nodiscard]] PixelPoint PixelOf(QPointF point);
 
 /// The part of the wheel turns that did not make a whole step yet. A notch of an ordinary wheel is
 /// 120 units, which are eight steps; touch pads send a few units at a time.
@@ -18,10 +18,10 @@ struct WheelRest {
 };
 
 /// The whole steps in what has been turned so far, positive away from the user (closer).
-int TakeWheelSteps(WheelRest& rest, int units);
+[[nodiscard]] int TakeWheelSteps(WheelRest& rest, int units);
 
 /// The factor by which the window's extents change after some steps; a notch closer gives 4/5.
-double ExtentOfSteps(int steps);
+[[nodiscard]] double ExtentOfSteps(int steps);
 
 /// The two fingers of a pinch.
 struct PinchState {

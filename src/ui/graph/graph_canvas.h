@@ -40,7 +40,7 @@ class GraphCanvas final : public QWidget {
     void ScheduleRedraw();
     /// Computes a picture that is due at once. False when the picture does not show the present
     /// state afterwards, because the canvas was never shown or is computing.
-    bool BringUpToDate();
+    [[nodiscard]] bool BringUpToDate();
     /// Forgets the last picture: the next one is of other functions.
     void StartAfresh();
     /// Ends a hold, a pinch and a series of wheel turns, because a command interrupts them.
@@ -48,15 +48,17 @@ class GraphCanvas final : public QWidget {
     /// Brings the screen up to date after a change.
     void Apply(PictureChange change);
     /// The last computed picture; empty before the first.
-    const DrawList& Picture() const { return list; }
+    [[nodiscard]] const DrawList& Picture() const { return list; }
     /// Whether a picture is being computed: what it shows must not be changed then.
-    bool IsComputing() const { return gate != nullptr; }
+    [[nodiscard]] bool IsComputing() const { return gate != nullptr; }
     /// Ends a computation soon; nothing when there is none.
     void Stop();
     /// How many pictures were computed so far.
-    int RedrawCount() const { return redrawCount; }
+    [[nodiscard]] int RedrawCount() const { return redrawCount; }
     /// Columns that the progress bar covers at the moment; 0 while nothing is being computed.
-    int ProgressColumns() const { return progress.empty() ? 0 : progress.back().lastColumn + 1; }
+    [[nodiscard]] int ProgressColumns() const {
+        return progress.empty() ? 0 : progress.back().lastColumn + 1;
+    }
 
     bool holdOpensPopup = false;  ///< full screen: a hold without movement emits Held
 
@@ -80,7 +82,7 @@ class GraphCanvas final : public QWidget {
 
   private:
     void Redraw();
-    bool ShowProgress(const ProgressStretch& stretch);
+    [[nodiscard]] bool ShowProgress(const ProgressStretch& stretch);
     void Describe();
     void ShowMode();
     void Press(QPointF at);

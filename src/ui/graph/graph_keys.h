@@ -20,8 +20,9 @@ struct GraphKey {
 /// Space pick. Everywhere: + and - zoom by the factors. `gesture` belongs to the + and - keys.
 /// No value for any other key. Of the keys that repeat while they are held down only arrows, + and
 /// - count.
-std::optional<PictureChange> RunGraphKey(GraphState& state, const FunctionList& functions,
-                                         ZoomGesture& gesture, const GraphKey& key,
-                                         const ShowMessage& show);
+[[nodiscard]] std::optional<PictureChange> RunGraphKey(GraphState& state,
+                                                       const FunctionList& functions,
+                                                       ZoomGesture& gesture, const GraphKey& key,
+                                                       const ShowMessage& show);
 
 }  // namespace kalvex

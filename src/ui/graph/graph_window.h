@@ -27,7 +27,7 @@ class GraphWindow final : public QWidget {
   public:
     GraphWindow(GraphState& shownGraph, Workspace& shown, GraphActions given);
 
-    GraphCanvas& Canvas() const { return *canvas; }
+    [[nodiscard]] GraphCanvas& Canvas() const { return *canvas; }
     void OpenMenu();
     /// Opens the popup of the full-screen mode at a point of the canvas.
     void OpenPopup(QPoint at);
@@ -53,9 +53,9 @@ class GraphWindow final : public QWidget {
     void ToggleFullScreen();
     void LeavePick();
     void Analyse();
-    bool RunShellCommand(CommandId command);
-    bool RunDialogCommand(CommandId command);
-    bool RunPopupCommand(CommandId command);
+    [[nodiscard]] bool RunShellCommand(CommandId command);
+    [[nodiscard]] bool RunDialogCommand(CommandId command);
+    [[nodiscard]] bool RunPopupCommand(CommandId command);
 
     GraphState& graph;
     Workspace& workspace;

@@ -25,7 +25,7 @@ class InputGate final : public QObject {
 
     void Poll();
     void Stop() { stopped = true; }
-    bool Stopped() const { return stopped; }
+    [[nodiscard]] bool Stopped() const { return stopped; }
 
   protected:
     bool eventFilter(QObject* receiver, QEvent* event) override;
@@ -36,7 +36,7 @@ class InputGate final : public QObject {
         std::unique_ptr<QEvent> event;
     };
 
-    bool PressesStopKey(const QEvent& event) const;
+    [[nodiscard]] bool PressesStopKey(const QEvent& event) const;
     void Hold(QObject* receiver, const QEvent& event);
 
     std::function<bool(QPointF)> isStopKey;

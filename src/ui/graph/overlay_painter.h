@@ -12,7 +12,7 @@ namespace kalvex {
 
 /// The place of the read-out: at the right below the upper band, or at the left when it would cover
 /// the cross at the right. Never wider than the picture; long texts are wrapped.
-QRect ReadoutBox(const Overlay& overlay, const QSize& picture, int textHeight);
+[[nodiscard]] QRect ReadoutBox(const Overlay& overlay, const QSize& picture, int textHeight);
 
 /// Paints it over a picture of a size; legible over any curve.
 void PaintOverlay(QPainter& painter, const Overlay& overlay, const QSize& picture, int textHeight);

@@ -10,6 +10,7 @@
 #include <QStandardPaths>
 #include <utility>
 
+#include "base/encoding.h"
 #include "painter/painter.h"
 #include "painter/picture_file.h"
 #include "painter/write_picture.h"
@@ -27,17 +28,9 @@ std::int32_t Successor(std::int32_t counter) {
     return static_cast<std::int32_t>(static_cast<std::uint32_t>(counter) + 1U);
 }
 
-struct SaveFormat {
-    StringId filter{};
-    const char* ending;
-};
-
-constexpr SaveFormat kSaveFormats[] = {
-    {StringId::FilterPng, "png"},
-    {StringId::FilterSvg, "svg"},
-    {StringId::FilterPdf, "pdf"},
-    {StringId::FilterBitmap, "bmp"},
-};
+QString SuffixOf(const PictureFormat& format) {
+    return QString::fromLatin1(format.suffix.data(), static_cast<qsizetype>(format.suffix.size()));
+}
 
 }  // namespace
 
@@ -51,8 +44,8 @@ void ExportPicture(const DrawList& picture, Options& options, const Registry& re
     options.Screen = Successor(options.Screen);
     StoreOption(registry, "Screen", options.Screen);
     QDir().mkpath(folder);
-    WriteBitmap(QDir(folder).filePath(name), PaintPicture(picture, 1.0));
     // KEEP: "Save" is the text and "Info" the caption, shown even when no file could be made.
+    static_cast<void>(WriteBitmap(QDir(folder).filePath(name), PaintPicture(picture, 1.0)));
     show(BoxOf(StringId::PictureSavedCaption, Text(StringId::PictureSavedText),
                MessageIcon::Exclamation));
 }
@@ -64,14 +57,15 @@ void OpenSavePictureDialog(QWidget* parent, const QString& folder,
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     QStringList filters;
-    for (const SaveFormat& format : kSaveFormats)
-        filters += TextOf(format.filter);
+    for (const PictureFormat& format : PictureFormats())
+        if (format.filter) filters += TextOf(*format.filter);
     dialog->setNameFilters(filters);
-    dialog->setDefaultSuffix(kSaveFormats[0].ending);
+    dialog->setDefaultSuffix(SuffixOf(PictureFormats().front()));
     dialog->selectFile("Kalvex.png");
     QObject::connect(dialog, &QFileDialog::filterSelected, dialog, [dialog](const QString& filter) {
-        for (const SaveFormat& format : kSaveFormats) {
-            if (filter == TextOf(format.filter)) dialog->setDefaultSuffix(format.ending);
+        for (const PictureFormat& format : PictureFormats()) {
+            if (format.filter && filter == TextOf(*format.filter))
+                dialog->setDefaultSuffix(SuffixOf(format));
         }
     });
     WhenChosen(*dialog, std::move(chosen));
@@ -80,11 +74,13 @@ void OpenSavePictureDialog(QWidget* parent, const QString& folder,
 }
 
 void SavePicture(const DrawList& picture, const QString& path, const ShowMessage& show) {
-    const PictureFormat* format = PictureFormatOf(path);
-    const bool offered = format != nullptr && format->use == FormatUse::Everywhere;
-    if (offered && format->write(path, picture)) return;
-    const StringId reason = offered ? StringId::PictureNotWritten : StringId::PictureEnding;
-    show(ErrorBox(FillIn(Text(reason), {FromQString(path)})));
+    const PictureFormat* format = PictureFormatOf(path, FormatsOf::Windows);
+    if (format == nullptr) {
+        const std::u16string endings = Widen(PictureEndings(FormatsOf::Windows));
+        show(ErrorBox(FillIn(Text(StringId::PictureEnding), {endings, FromQString(path)})));
+    } else if (!format->write(path, picture)) {
+        show(ErrorBox(FillIn(Text(StringId::PictureNotWritten), {FromQString(path)})));
+    }
 }
 
 void CopyPicture(const DrawList& picture, double devicePixelRatio) {

@@ -14,7 +14,7 @@ class QWidget;
 namespace kalvex {
 
 /// The user's pictures folder.
-QString DefaultPictureFolder();
+[[nodiscard]] QString DefaultPictureFolder();
 
 /// Writes the picture as Kalvex_%d.bmp with the counter `Screen` into a folder (made when it is
 /// missing), at one pixel per logical pixel, and stores the counter's successor. "Save" follows in

@@ -15,11 +15,11 @@ class HelpBrowser final : public QTextBrowser {
     ~HelpBrowser() override;
 
     /// False when there is no such file or nothing in it.
-    bool ShowPage(const QString& path);
+    [[nodiscard]] bool ShowPage(const QString& path);
     /// Selects the next place of a text, or the one before, and goes on at the other end of the
     /// page. With `here` the selected place itself counts. False when the page does not contain the
     /// text.
-    bool FindText(const QString& text, bool forward, bool here = false);
+    [[nodiscard]] bool FindText(const QString& text, bool forward, bool here = false);
 
     QVariant loadResource(int type, const QUrl& name) override;
 
@@ -31,8 +31,8 @@ class HelpBrowser final : public QTextBrowser {
   private:
     void FollowLink(const QUrl& link);
     void SetLinkColor();
-    QImage Fitted(const QImage& picture) const;
-    int ColumnWidth() const;
+    [[nodiscard]] QImage Fitted(const QImage& picture) const;
+    [[nodiscard]] int ColumnWidth() const;
     void FitPictures();
     void CentreColumn();
     void FitColumn();

@@ -19,7 +19,7 @@ class HelpWindow final : public QDialog {
   public:
     explicit HelpWindow(QWidget* parent);
 
-    HelpBrowser& Page() const { return *browser; }
+    [[nodiscard]] HelpBrowser& Page() const { return *browser; }
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -40,10 +40,10 @@ class HelpWindow final : public QDialog {
 void OpenHelpPage(QWidget* parent, const QString& page);
 
 /// The page of the language that the system speaks; empty when the program finds none.
-QString SystemHelpPage();
+[[nodiscard]] QString SystemHelpPage();
 
 /// Opens the help for `Help` of the menus and of a line's popup, the box for `About`; false for
 /// every other command.
-bool RunHelpCommand(QWidget* parent, CommandId command);
+[[nodiscard]] bool RunHelpCommand(QWidget* parent, CommandId command);
 
 }  // namespace kalvex

@@ -16,10 +16,10 @@ class BottomBar final : public QWidget {
     BottomBar(const QString& leftText, const QString& actionText, QWidget* parent);
 
     /// A third, narrower key between the two.
-    QPushButton* AddMiddleKey(const QString& text, const char* name);
+    [[nodiscard]] QPushButton* AddMiddleKey(const QString& text, const char* name);
 
-    QPushButton* menuButton() const { return menu; }
-    QPushButton* actionButton() const { return action; }
+    [[nodiscard]] QPushButton* menuButton() const { return menu; }
+    [[nodiscard]] QPushButton* actionButton() const { return action; }
     /// Leaves the left key alone, over the whole width.
     void ShowOneKey();
 

@@ -7,13 +7,13 @@ namespace kalvex {
 
 /// Contrast ratio of two opaque colours, 1 (equal) to 21 (black on white). Relative luminance as
 /// the Web Content Accessibility Guidelines define it.
-double ContrastRatio(const QColor& first, const QColor& second);
+[[nodiscard]] double ContrastRatio(const QColor& first, const QColor& second);
 
 /// The colour nearest to `color` on its way to black or white (whichever is farther from the
 /// background) whose contrast reaches `ratio`; black or white itself when none does.
-QColor ReadableColor(const QColor& color, const QColor& background, double ratio);
+[[nodiscard]] QColor ReadableColor(const QColor& color, const QColor& background, double ratio);
 
 /// Whether light text reads better on a ground than dark text.
-bool IsDark(const QColor& ground);
+[[nodiscard]] bool IsDark(const QColor& ground);
 
 }  // namespace kalvex

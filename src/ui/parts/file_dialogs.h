@@ -19,6 +19,6 @@ void WhenChosen(QFileDialog& dialog, std::function<void(const QString& path)> ch
 
 /// Where a dialog starts: in the last folder; without one in the user's documents, or the home
 /// folder when there are none.
-QString StartFolder(const QString& last);
+[[nodiscard]] QString StartFolder(const QString& last);
 
 }  // namespace kalvex

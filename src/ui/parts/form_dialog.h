@@ -34,7 +34,7 @@ class FormDialog final : public QDialog {
     /// A paragraph above the fields.
     void AddNote(const QString& text);
     /// An empty text below the field that was added last, which can explain its present value.
-    QLabel* AddMeaning();
+    [[nodiscard]] QLabel* AddMeaning();
     /// Takes the size that the fields need, at most `room` (logical pixels). When the fields are
     /// higher than that they scroll, and the keys stay in view.
     void FitInto(const QSize& room);
@@ -43,15 +43,15 @@ class FormDialog final : public QDialog {
     /// Opens it over its parent, no larger than the screen, and returns at once; it is deleted when
     /// it closes.
     void OpenOverParent();
-    QPushButton* SaveKey() const { return saveKey; }
-    QPushButton* CancelKey() const { return cancelKey; }
+    [[nodiscard]] QPushButton* SaveKey() const { return saveKey; }
+    [[nodiscard]] QPushButton* CancelKey() const { return cancelKey; }
 
     std::function<bool()> save;
 
   private:
     void AddRow(const QString& label, QWidget* field, const QString& tip);
     void AddKeys(const QString& saveWord);
-    int NaturalWidth(int room) const;
+    [[nodiscard]] int NaturalWidth(int room) const;
 
     bool fitted = false;
 

@@ -1,38 +1,34 @@
 // The two text types of the program meet here: UTF-16 of the engine, QString of the windows.
 #pragma once
 
-#include <QColor>
 #include <QString>
 #include <initializer_list>
 #include <string>
 #include <string_view>
 
+#include "painter/qt_color.h"
 #include "resources/strings.h"
-#include "workspace/function_entry.h"
 
 namespace kalvex {
 
-inline QString ToQString(std::u16string_view text) {
+[[nodiscard]] inline QString ToQString(std::u16string_view text) {
     return QString(reinterpret_cast<const QChar*>(text.data()),
                    static_cast<qsizetype>(text.size()));
 }
 
-inline std::u16string FromQString(const QString& text) {
+[[nodiscard]] inline std::u16string FromQString(const QString& text) {
     return text.toStdU16String();
 }
 
 /// A text of the program's table.
-inline QString TextOf(StringId id) {
+[[nodiscard]] inline QString TextOf(StringId id) {
     return ToQString(Text(id));
 }
 
 /// A text of the table with its numbered places filled in, as FillIn does.
-inline QString TextOf(StringId id, std::initializer_list<std::u16string_view> places) {
+[[nodiscard]] inline QString TextOf(StringId id,
+                                    std::initializer_list<std::u16string_view> places) {
     return ToQString(FillIn(Text(id), places));
-}
-
-inline QColor ToQColor(Rgb color) {
-    return QColor(color.red, color.green, color.blue);
 }
 
 }  // namespace kalvex

@@ -21,6 +21,6 @@ void AddShortCuts(QWidget& window, std::span<const ShortCut> table,
 void ShowKeys(QAction& action, std::span<const ShortCut> table, CommandId command);
 
 /// The keys of a command as the user's desktop writes them, for a tip.
-QString KeysForTip(std::span<const ShortCut> table, CommandId command);
+[[nodiscard]] QString KeysForTip(std::span<const ShortCut> table, CommandId command);
 
 }  // namespace kalvex

@@ -10,7 +10,7 @@ namespace kalvex {
 
 /// The place of a tip: below the control, or above it when there is no room below. It is moved
 /// along x to stay on the screen. It covers the control only when neither place has room.
-QRect TipPlace(const QRect& control, const QSize& tip, const QRect& screen);
+[[nodiscard]] QRect TipPlace(const QRect& control, const QSize& tip, const QRect& screen);
 
 /// Shows a tip beside a control until the next key, press or turn of the wheel, or until there was
 /// time to read it. One window serves all controls of a dialog.

@@ -1,0 +1,14 @@
+// The program's colours as Qt wants them.
+#pragma once
+
+#include <QColor>
+
+#include "graph/draw_list.h"
+
+namespace kalvex {
+
+[[nodiscard]] inline QColor ToQColor(const Rgb& color) {
+    return QColor(color.red, color.green, color.blue);
+}
+
+}  // namespace kalvex
