@@ -153,10 +153,10 @@ inline constexpr double MaxModifiedOrder = 1e12;
 /// for parameters next to 0 or next to integers, the power series or the solutions at x = 1
 /// (15.10.13, 15.10.14) are summed with 192 to 2048 bits. A value that is not known to 2^-57 is not
 /// returned: the function throws. n is at most 0.55 at 250,000 random points with parameters up to
-/// 300, some with a or b equal to c or close to it, and at 60,000 points aimed at the hard cases. A
-/// call takes 0.4 to 5 us for parameters up to 10, less than 30 us up to 200 and less than 50 us up
-/// to 1000, and beyond that time in proportion to them. Sums of many bits take 20 to 250 us, rarely
-/// some milliseconds. docs/performance.md has more.
+/// 300, some with a or b equal to c or close to it, and at 60,000 points aimed at the hard cases.
+/// Most calls take 0.4 to 5 us for parameters up to 10, less than 20 us up to 200 and less than 60
+/// us up to 1000, and beyond that time in proportion to them. Sums of many bits take 20 to 300 us,
+/// next to x = 1 up to 1000. docs/hypergeometric.md has more.
 [[nodiscard]] double Hypergeometric2F1(double a, double b, double c, double x);
 
 /// Chebyshev polynomial of kind 1 (T) or 2 (U) for integral degrees and all x, with T(-n) = T(n),
