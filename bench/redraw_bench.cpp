@@ -59,7 +59,8 @@ void DrawPointFile(benchmark::State& state) {
     functions[0].selected = 1;
     functions[0].method.approx = static_cast<std::int32_t>(ApproxMethod::LinearSpline);
     functions[0].workingText = ToUtf16(path);
-    if (!ReadPointFiles(functions, PathsOf(functions))) state.SkipWithError("the points cannot be read");
+    if (!ReadPointFiles(functions, PathsOf(functions)))
+        state.SkipWithError("the points cannot be read");
     std::filesystem::remove(path);
     GraphState graph = BenchState();
     const MeasureText measure = PainterTextMeasure();

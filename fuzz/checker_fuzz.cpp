@@ -1,8 +1,8 @@
 // Run: scripts/fuzz
 //
-// Feeds arbitrary UTF-16 to the normalisers and the checker. Nothing may crash, and an accepted text
-// is not empty. Normalising inserts at most one character per character, and "0" or "x*0+" once at
-// the start.
+// Feeds arbitrary UTF-16 to the normalisers and the checker. Nothing may crash, and an accepted
+// text is not empty. Normalising inserts at most one character per character, and "0" or "x*0+"
+// once at the start.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>

@@ -1,8 +1,8 @@
 // Run: scripts/fuzz
 //
 // The first five bytes choose a method and its parameters, the rest is a point file. Nothing may
-// crash, and the x of every point read is finite. A method that fails says why and leaves all values
-// undefined. The binary search for the piece of a spline must agree with a linear search.
+// crash, and the x of every point read is finite. A method that fails says why and leaves all
+// values undefined. The binary search for the piece of a spline must agree with a linear search.
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>

@@ -91,8 +91,9 @@ Failure SPLINE_CUBIC_SET(std::span<const double> T, std::span<const double> Y,
     if (Failure failure = CheckFlag("IBCBEG", ends.IBCBEG)) return failure;
     if (Failure failure = CheckFlag("IBCEND", ends.IBCEND)) return failure;
     YPP.assign(T.size(), 0.0);
-    // On a single piece both end conditions say the same, that the second derivative is constant, so
-    // the system is singular. Of all quadratics through the two points the straight line is taken.
+    // On a single piece both end conditions say the same, that the second derivative is constant,
+    // so the system is singular. Of all quadratics through the two points the straight line is
+    // taken.
     if (T.size() == 2 && ends.IBCBEG == 0 && ends.IBCEND == 0) return std::nullopt;
     if (Solve(T, Y, ends, YPP)) return std::nullopt;
     YPP.clear();

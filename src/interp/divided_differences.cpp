@@ -1,7 +1,7 @@
 // The table is computed in place: each order of differences overwrites the one before it, beginning
-// at the last point. One template serves doubles and double-doubles. To find equal abscissas, indices
-// are sorted instead of comparing all pairs; the result is the pair that comparing all pairs in order
-// would have found first.
+// at the last point. One template serves doubles and double-doubles. To find equal abscissas,
+// indices are sorted instead of comparing all pairs; the result is the pair that comparing all
+// pairs in order would have found first.
 #include "interp/divided_differences.h"
 
 #include <algorithm>

@@ -15,8 +15,8 @@ bool SameSign(double a, double b) {
     return (a > 0.0 && b > 0.0) || (a < 0.0 && b < 0.0);
 }
 
-/// The derivative at an end point, from the lengths and slopes of the end piece (1) and of the piece
-/// next to it (2).
+/// The derivative at an end point, from the lengths and slopes of the end piece (1) and of the
+/// piece next to it (2).
 double EndDerivative(double h1, double slope1, double h2, double slope2) {
     const double sum = h1 + h2;
     const double estimate = (h1 + sum) / sum * slope1 - h1 / sum * slope2;
@@ -27,8 +27,8 @@ double EndDerivative(double h1, double slope1, double h2, double slope2) {
 }
 
 /// The derivative between two pieces: the weighted harmonic mean of their slopes. The shorter piece
-/// has the greater weight, up to twice that of the other. The formula has ratios to the larger slope
-/// because the product of two slopes may overflow.
+/// has the greater weight, up to twice that of the other. The formula has ratios to the larger
+/// slope because the product of two slopes may overflow.
 double InnerDerivative(double h1, double slope1, double h2, double slope2) {
     if (!SameSign(slope1, slope2)) return 0.0;
     const double larger = std::max(std::fabs(slope1), std::fabs(slope2));

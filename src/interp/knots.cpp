@@ -1,8 +1,8 @@
-// The first i with t < T(i) is also the first i at which the running maximum of T exceeds t, because
-// the maximum changes only when it becomes T(i). The running maximum ascends for knots in any order,
-// so a binary search finds that i. std::fmax ignores not-a-numbers. As long as all knots so far are
-// not-a-numbers, the maximum is one too; the predicate "not (t < m)" then holds, as it must for a
-// knot that is not greater than t.
+// The first i with t < T(i) is also the first i at which the running maximum of T exceeds t,
+// because the maximum changes only when it becomes T(i). The running maximum ascends for knots in
+// any order, so a binary search finds that i. std::fmax ignores not-a-numbers. As long as all knots
+// so far are not-a-numbers, the maximum is one too; the predicate "not (t < m)" then holds, as it
+// must for a knot that is not greater than t.
 #include "interp/knots.h"
 
 #include <algorithm>

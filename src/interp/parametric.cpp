@@ -55,8 +55,8 @@ struct Parabola {
     double DIF2 = 0.0;
 };
 
-/// The parabola through the points first, first + 1 and first + 2. A point has `stride` values in Y,
-/// of which the one at `place` is taken.
+/// The parabola through the points first, first + 1 and first + 2. A point has `stride` values in
+/// Y, of which the one at `place` is taken.
 Parabola ParabolaOf(std::span<const double> T, std::span<const double> Y, std::size_t first,
                     std::size_t stride = 1, std::size_t place = 0) {
     const double h1 = T[first + 1] - T[first];

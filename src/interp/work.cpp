@@ -5,7 +5,7 @@
 namespace kalvex {
 namespace {
 
-constexpr double kQuiet = 4e6;  ///< least operations between two calls, a few milliseconds
+constexpr double kQuiet = 4e6;     ///< least operations between two calls, a few milliseconds
 constexpr double kCalls = 1000.0;  ///< most calls, as long as the estimate is not too low
 
 }  // namespace

@@ -145,18 +145,17 @@ inline constexpr double MaxModifiedOrder = 1e12;
 /// too many digits: for most parameters above some tens of thousands, and for some above a thousand
 /// with x next to 1.
 /// Methods, in double-double arithmetic: the power series, directly or in Euler's or Pfaff's form
-/// (DLMF 15.8.1), of which each comes with a bound of its error; contiguous relations from small
-/// parameters (15.5.11 to 15.5.22), outwards or, where other solutions of the recurrence outgrow
-/// the function, inwards (Gautschi 1967); for polynomials also the expansion about x = 1 (15.8.7).
-/// For a = c or b = c the function is a power of 1-x (15.4.6); the same power is the main part of
-/// it where c and one of a and b are next to 0. Where none of these is accurate enough, above all
-/// for parameters next to 0 or next to integers, the power series or the solutions at x = 1
-/// (15.10.13, 15.10.14) are summed with 192 to 2048 bits. A value that is not known to 2^-57 is not
-/// returned: the function throws. n is at most 0.55 at 250,000 random points with parameters up to
-/// 300, some with a or b equal to c or close to it, and at 60,000 points aimed at the hard cases.
-/// Most calls take 0.4 to 5 us for parameters up to 10, less than 20 us up to 200 and less than 60
-/// us up to 1000, and beyond that time in proportion to them. Sums of many bits take 20 to 300 us,
-/// next to x = 1 up to 1000. docs/hypergeometric.md has more.
+/// (DLMF 15.8.1); contiguous relations from small parameters (15.5.11 to 15.5.22), outwards or,
+/// where the function is the minimal solution, inwards (Gautschi 1967); for polynomials also the
+/// expansion about x = 1 (15.8.7). For a = c or b = c the function is a power of 1-x (15.4.6); the
+/// same power is the main part of it where c and one of a and b are next to 0. Where none of these
+/// is accurate enough, above all for parameters next to 0 or next to integers, the power series or
+/// the solutions at x = 1 (15.10.13, 15.10.14) are summed with 192 to 2048 bits. A value that is
+/// not known to 2^-57 is not returned: the function throws. n is at most 0.55 at 250,000 random
+/// points with parameters up to 300, some with a or b equal to c or close to it, and at 60,000
+/// points aimed at the hard cases. Most calls take 0.4 to 5 us for parameters up to 10, less than
+/// 15 us up to 200 and less than 60 us up to 1000, and beyond that time in proportion to them. Sums
+/// of many bits take 20 to 300 us, next to x = 1 up to 1000. docs/hypergeometric.md has more.
 [[nodiscard]] double Hypergeometric2F1(double a, double b, double c, double x);
 
 /// Chebyshev polynomial of kind 1 (T) or 2 (U) for integral degrees and all x, with T(-n) = T(n),

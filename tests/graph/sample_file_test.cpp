@@ -71,14 +71,14 @@ TEST(FileFunction, PutsItsPointsOnTheirExactPixels) {
     for (const auto& row : columns) {
         FunctionEntry entry = EntryOf({row.at}, {0}, 7);
         PlotOf(entry, MakeViewport(row.low, row.high, -1, 1, row.size, 100));
-        EXPECT_EQ(entry.points[0].column, row.pixel) << row.at;
+        EXPECT_EQ(entry.pointPixels[0].column, row.pixel) << row.at;
     }
     const Row rows[] = {
         {0.3, 2.5, 480, 1.4, 239}, {-4.0, -1.5, 100, -3.3, 71}, {-10, 10, 200, 10.07, 0}};
     for (const auto& row : rows) {
         FunctionEntry entry = EntryOf({0}, {row.at}, 7);
         PlotOf(entry, MakeViewport(-1, 1, row.low, row.high, 100, row.size));
-        EXPECT_EQ(entry.points[0].row, row.pixel) << row.at;
+        EXPECT_EQ(entry.pointPixels[0].row, row.pixel) << row.at;
     }
 }
 

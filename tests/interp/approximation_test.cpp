@@ -33,8 +33,8 @@ const Numbers kAt = {-3, 0, 0.25, 0.5, 1, 1.75, 2, 3.5, 4, 10};
 TEST(Approximation, GivesALineForPointsOnALine) {
     const Numbers x = {0, 1, 2, 3, 4};
     const Numbers uneven = {0, 0.5, 2, 3, 4};
-    // The constant spline has steps. The B, beta and uniform Overhauser splines assume equal spacing
-    // and give a line only then.
+    // The constant spline has steps. The B, beta and uniform Overhauser splines assume equal
+    // spacing and give a line only then.
     for (const std::int32_t method : {0, 1, 2, 3, 4, 5, 6, 8, 9, 10, 11, 12}) {
         for (const Numbers& abscissas : {x, uneven}) {
             const bool parametric = method == 2 || method == 3 || method == 5;

@@ -1,6 +1,6 @@
-// Compares the methods with the tables of scripts/make-interpolation-tables. The relative error of a
-// value must not exceed 1e-12. When the value is the sum of terms more than a hundred times as large,
-// the problem is ill-conditioned, and the error may be 1e-14 times the size of the terms.
+// Compares the methods with the tables of scripts/make-interpolation-tables. The relative error of
+// a value must not exceed 1e-12. When the value is the sum of terms more than a hundred times as
+// large, the problem is ill-conditioned, and the error may be 1e-14 times the size of the terms.
 #include <gtest/gtest.h>
 
 #include <algorithm>
