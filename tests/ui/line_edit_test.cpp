@@ -9,7 +9,7 @@ using namespace kalvex;
 
 namespace {
 
-struct Pen {
+struct Stylus {
     LineEdit& line;
 
     void Down(QPoint at) const { QTest::mousePress(&line, Qt::LeftButton, {}, at); }
@@ -30,7 +30,7 @@ class LineEditTest final : public QObject {
     void AHoldTogglesOnce() {
         EditorBench bench;
         QVERIFY(bench.Start());
-        const Pen pen{*bench.Line(3)};
+        const Stylus pen{*bench.Line(3)};
         pen.Down(QPoint(20, 20));
         QTest::qWait(kHoldMilliseconds - 200);
         QCOMPARE(int{bench.Entry(3).selected}, 0);
@@ -48,7 +48,7 @@ class LineEditTest final : public QObject {
     void AnEarlyReleaseDoesNothing() {
         EditorBench bench;
         QVERIFY(bench.Start());
-        const Pen pen{*bench.Line(3)};
+        const Stylus pen{*bench.Line(3)};
         pen.Down(QPoint(20, 20));
         QTest::qWait(100);
         pen.Up(QPoint(20, 20));
@@ -59,7 +59,7 @@ class LineEditTest final : public QObject {
         EditorBench bench;
         QVERIFY(bench.Start());
         bench.Line(1)->setText("12345678901234567890");
-        const Pen pen{*bench.Line(1)};
+        const Stylus pen{*bench.Line(1)};
         pen.Down(QPoint(60, 20));
         pen.Move(QPoint(64, 22));
         QTRY_COMPARE(int{bench.Entry(1).selected}, 1);
@@ -70,7 +70,7 @@ class LineEditTest final : public QObject {
         EditorBench bench;
         QVERIFY(bench.Start());
         bench.Line(1)->setText("12345678901234567890");
-        const Pen pen{*bench.Line(1)};
+        const Stylus pen{*bench.Line(1)};
         pen.Down(QPoint(20, 20));
         pen.Move(QPoint(20 + QGuiApplication::styleHints()->startDragDistance() + 60, 20));
         QVERIFY(bench.Line(1)->hasSelectedText());
@@ -81,7 +81,7 @@ class LineEditTest final : public QObject {
     void WhatTakesThePenAway() {
         EditorBench bench;
         QVERIFY(bench.Start());
-        const Pen pen{*bench.Line(2)};
+        const Stylus pen{*bench.Line(2)};
         pen.Down(QPoint(20, 20));
         bench.window.FocusLine(4);
         QTest::qWait(kHoldMilliseconds + 100);
@@ -103,7 +103,7 @@ class LineEditTest final : public QObject {
     void ADoubleTapTogglesOnceHoweverLongItsSecondTap() {
         EditorBench bench;
         QVERIFY(bench.Start());
-        const Pen pen{*bench.Line(2)};
+        const Stylus pen{*bench.Line(2)};
         pen.Down(QPoint(20, 20));
         pen.Up(QPoint(20, 20));
         QTest::mouseDClick(bench.Line(2), Qt::LeftButton, {}, QPoint(20, 20));

@@ -9,7 +9,7 @@ using namespace kalvex;
 namespace {
 
 /// The pen over the labels. It was pressed on the first label, which gets all its moves.
-struct Pen {
+struct Stylus {
     EditorBench& bench;
     int first;
 
@@ -32,7 +32,7 @@ class SlideHintTest final : public QObject {
         EditorBench bench;
         QVERIFY(bench.Start());
         auto* const hint = bench.window.findChild<QLabel*>("slideHint");
-        const Pen pen{bench, 2};
+        const Stylus pen{bench, 2};
         pen.Down();
         QVERIFY(bench.Line(2)->hasFocus());
         QVERIFY(!hint->isVisible());
@@ -56,7 +56,7 @@ class SlideHintTest final : public QObject {
         EditorBench bench;
         QVERIFY(bench.Start());
         auto* const hint = bench.window.findChild<QLabel*>("slideHint");
-        const Pen pen{bench, 4};
+        const Stylus pen{bench, 4};
         pen.Down();
         QTRY_VERIFY(hint->isVisible());
         QTest::qWait(kHoldMilliseconds + 100);
@@ -77,7 +77,7 @@ class SlideHintTest final : public QObject {
         EditorBench bench(QSize(480, 240));
         QVERIFY(bench.Start());
         bench.window.FocusLine(8);
-        const Pen pen{bench, 9};
+        const Stylus pen{bench, 9};
         pen.Down();
         pen.MoveOver(7);
         QVERIFY(bench.Line(7)->hasFocus());
@@ -88,7 +88,7 @@ class SlideHintTest final : public QObject {
     void AHiddenWindowEndsTheGesture() {
         EditorBench bench;
         QVERIFY(bench.Start());
-        const Pen pen{bench, 2};
+        const Stylus pen{bench, 2};
         pen.Down();
         pen.MoveOver(3);
         bench.window.hide();
