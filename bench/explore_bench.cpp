@@ -7,6 +7,7 @@
 #include <QMouseEvent>
 #include <limits>
 
+#include "graph/graph.h"
 #include "nine_curves.h"
 #include "painter/painter.h"
 #include "ui/graph/graph_canvas.h"
@@ -22,13 +23,9 @@ struct Screen {
     Screen() {
         workspace.functions = NineCurves();
         workspace.options.Wight = 2;
-        CanvasActions actions;
-        actions.show = [](const MessageBox&) { return MessageAnswer::Ok; };
-        actions.slow = [] {};
-        actions.isStopKey = [](QPointF) { return false; };
-        actions.redrawn = [] {};
-        actions.changed = [] {};
-        canvas = std::make_unique<GraphCanvas>(graph, workspace, actions, nullptr);
+        canvas = std::make_unique<GraphCanvas>(
+            graph, workspace, [](QPointF) { return false; },
+            [](const MessageBox&) { return MessageAnswer::Ok; }, nullptr);
         canvas->resize(1920, 1080);
         canvas->show();
         while (canvas->RedrawCount() == 0)

@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <limits>
+#include <ostream>
 #include <string>
 
 #include "accuracy/goals.h"
@@ -12,6 +13,12 @@
 #include "expr/names.h"
 
 namespace kalvex::accuracy {
+
+/// What a failing test prints of its parameter.
+static void PrintTo(const Goal& goal, std::ostream* out) {
+    *out << goal.name;
+}
+
 namespace {
 
 class Accuracy : public testing::TestWithParam<Goal> {};

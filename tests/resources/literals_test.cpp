@@ -30,7 +30,7 @@ constexpr std::string_view kNoTexts[] = {
     "leftFlag", "leftValue", "rightFlag", "rightValue", "cubicDialog", "viewWindowDialog",
     "factorDialog", "lineWidthCaption", "lineWidth", "maxAngle", "textSize", "minParam", "maxParam",
     "colours", "showOnGraph", "labels", "coords", "grid", "derivative", "axes", "polarGrid",
-    "interpolation", "controlClass", "TTSTATIC", "TTBUTTON", "maximisedBeforeFullScreen",
+    "interpolation", "Caption", "controlClass", "TTSTATIC", "TTBUTTON", "maximisedBeforeFullScreen",
     // Families of fonts, a style sheet.
     "DejaVu Sans Mono", "Menlo", "Consolas", "Liberation Mono", "a { color: %1; }",
     // Names, kinds and patterns of files.

@@ -19,6 +19,18 @@
 namespace kalvex::specfun {
 namespace {
 
+/// Terms of a series that take as long as the walk to the form.
+double CostOfShifts(const Form& form, double x) {
+    constexpr double kOfOne = 3;
+    constexpr double kOfOneInBlock = 0.9;
+    constexpr double kOfBlocks = 200;
+    constexpr double kOfStart = 100;
+    constexpr double kOfStartNearOne = 450;
+    const double steps = ShiftsTo(form.p);
+    const double ofSteps = std::min(kOfOne * steps, kOfBlocks + kOfOneInBlock * steps);
+    return ofSteps + (x > 0.5 ? kOfStartNearOne : kOfStart);
+}
+
 constexpr char kOverflow[] = "Overflow in Hypergeometric2F1";
 
 }  // namespace

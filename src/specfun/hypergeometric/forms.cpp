@@ -6,8 +6,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "specfun/hypergeometric/shifts.h"
-
 namespace kalvex::specfun {
 namespace {
 
@@ -85,17 +83,6 @@ double CostOf(const Form& form, double x) {
     if (form.power.high != 0) terms += kPowerCost;
     if (degree < kFew) return terms;
     return IsLikelyToCancel(form.p, z, terms) ? terms + kHopeless : terms;
-}
-
-double CostOfShifts(const Form& form, double x) {
-    constexpr double kOfOne = 3;
-    constexpr double kOfOneInBlock = 0.9;
-    constexpr double kOfBlocks = 200;
-    constexpr double kOfStart = 100;
-    constexpr double kOfStartNearOne = 450;
-    const double steps = ShiftsTo(form.p);
-    const double ofSteps = std::min(kOfOne * steps, kOfBlocks + kOfOneInBlock * steps);
-    return ofSteps + (x > 0.5 ? kOfStartNearOne : kOfStart);
 }
 
 }  // namespace kalvex::specfun

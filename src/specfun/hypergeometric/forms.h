@@ -33,7 +33,4 @@ struct Form {
 /// Terms of the series, as far as they can be foreseen.
 [[nodiscard]] double CostOf(const Form& form, double x);
 
-/// Terms of a series that take as long as the walk to the form.
-[[nodiscard]] double CostOfShifts(const Form& form, double x);
-
 }  // namespace kalvex::specfun
