@@ -31,11 +31,11 @@ enum class EvalCode : std::int32_t {
     Hi = 19,
     Lag = 20,
     Leg = 21,
+    EndOfFunctions,  ///< no code: one behind the last own code of a function
     /// A point file's method has no value there, or a function without a code of its own has none.
     NoValue = 1000,
 };
 
 inline constexpr EvalCode kFirstFunctionCode = EvalCode::Ln;
-inline constexpr EvalCode kLastFunctionCode = EvalCode::Leg;
 
 }  // namespace kalvex

@@ -90,9 +90,12 @@ MaybeBounds OfMerged(const Instruction& instruction, const Operands& in) {
         case OpCode::MultiplySubtractPlus:
             result = Difference(*product, in[2]);
             break;
-        default:
+        case OpCode::SubtractMultiplied:
+        case OpCode::SubtractMultipliedPlus:
             result = Difference(in[2], *product);
             break;
+        default:
+            return std::nullopt;
     }
     return result && instruction.operandCount == 4 ? Sum(*result, in[3]) : result;
 }

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <type_traits>
 
+#include "resources/message_boxes.h"
 #include "resources/strings.h"
 
 namespace kalvex {
@@ -88,11 +89,9 @@ void NormaliseExplicit(std::u16string& text, const ShowMessage& show) {
     std::size_t shown = 0;
     const auto showTest = [&](const std::u16string& front, std::u16string_view rest) {
         if (!show || ++shown > kMostBoxes) return;
-        MessageBox box;
-        box.caption = Text(StringId::TestTitle);
-        box.text = front;
-        box.text += rest;
-        show(box);
+        std::u16string whole = front;
+        whole += rest;
+        show(BoxOf(StringId::TestTitle, whole, MessageIcon::None));
     };
     text = InsertZeros(InsertProducts(text, IsExplicitProduct, showTest));
     if (BeginsWithSign(text)) text.insert(0, 1, u'0');

@@ -49,7 +49,7 @@ enum class CommandId : int {
     QuadraticSpline = 32928,
     CubicSpline = 32929,
     CubicHermite = 32930,
-    Lagrange = 32931,
+    Largange = 32931,  // KEEP: spelled as its menu word and its method
     Implicit = 32932,
 
     // Popup menu of an edit line.

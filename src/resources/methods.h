@@ -27,7 +27,7 @@ enum class ApproxMethod : std::int32_t {
     QuadraticSpline = 9,
     CubicSpline = 10,
     CubicHermite = 11,
-    Lagrange = 12,
+    Largange = 12,  // KEEP: spelled as its menu word
 };
 
 /// The submenu of "Approx. type" that offers a method; None: the menu itself.
@@ -67,7 +67,7 @@ inline constexpr auto kMethods = std::to_array<MethodChoice>({
      MethodSubmenu::Piecewise, u"Ctrl+M, A"},
     {ApproxMethod::CubicHermite, CommandId::CubicHermite, StringId::MethodCubicHermite,
      MethodSubmenu::Piecewise, u"Ctrl+M, B"},
-    {ApproxMethod::Lagrange, CommandId::Lagrange, StringId::MethodLagrange, MethodSubmenu::None,
+    {ApproxMethod::Largange, CommandId::Largange, StringId::MethodLargange, MethodSubmenu::None,
      u"Ctrl+M, C"},
 });
 

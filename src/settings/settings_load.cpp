@@ -67,9 +67,12 @@ std::int32_t AsLoaded(OptionKind kind, std::int32_t number) {
             return number != 0 ? 1 : 0;
         case OptionKind::GridKind:
             return number >= 0 && number <= 2 ? number : 1;
-        default:
-            return number;
+        case OptionKind::Number:
+        case OptionKind::WriteOnly:
+        case OptionKind::Range:
+            break;
     }
+    return number;
 }
 
 void LoadOptions(Loader& loader, Options& options) {

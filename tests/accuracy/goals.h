@@ -85,7 +85,7 @@ inline constexpr auto kGoals = std::to_array<Goal>({
      "DLMF 10.25.2, 10.28.2, 10.41.3"},
     {"Hyper", 0.55, "-1 < x < 1",
      "the power series or transformation that cancels least; contiguous relations from small "
-     "parameters outwards or, where the function is the lesser solution, inwards; sums of 256 to "
+     "parameters outwards or, where the function is the minimal solution, inwards; sums of 192 to "
      "2048 bits where these lose too many digits",
      "DLMF 15.2.1, 15.8.1, 15.8.7, 15.5.11 to 15.5.22, 15.10.13; Gautschi 1967; Gil, Segura and "
      "Temme 2007"},

@@ -58,7 +58,7 @@ TEST(UpdateMainMenu, ChecksColourTypeAndMethod) {
     functions[2].type = EquationType::Implicit;
     functions[2].method.approx = 12;
     EXPECT_EQ(Checked(StateFor(functions, {2, false, u""})),
-              (Ids{CommandId::Great, CommandId::Lagrange, CommandId::Implicit}));
+              (Ids{CommandId::Great, CommandId::Largange, CommandId::Implicit}));
     functions[2].color = 77;
     functions[2].type = EquationType::None;
     functions[2].method.approx = std::numeric_limits<std::int32_t>::min();

@@ -22,7 +22,6 @@ TEST(Extended, Arithmetic) {
         const DoubleDouble c = a / b;
         EXPECT_LE(Distance(c, b), 0x1p-98 * b.high) << x;
         EXPECT_LE(Distance((a + c) - c, a), 0x1p-98 * (a.high + c.high)) << x;
-        EXPECT_LE(Distance(a * c, a * c), 0) << x;
     }
 }
 

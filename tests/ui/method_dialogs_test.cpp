@@ -172,7 +172,7 @@ class MethodDialogsTest final : public QObject {
         program.Entry(3).method.approx = 12;
         program.Editor().ShowLines();
         const std::pair<int, CommandId> rows[] = {{1, CommandId::Overhauser},
-                                                  {2, CommandId::Lagrange}};
+                                                  {2, CommandId::Largange}};
         for (const auto& [slot, command] : rows) {
             program.Editor().FocusLine(slot);
             program.Editor().OpenMenu();
@@ -184,7 +184,7 @@ class MethodDialogsTest final : public QObject {
         program.Editor().FocusLine(0);
         program.Editor().OpenMenu();
         QMenu* const menu = OpenedMenu(program.Editor(), "mainMenu");
-        QVERIFY(ActionOf(*menu, CommandId::Lagrange) == nullptr);  // no File line
+        QVERIFY(ActionOf(*menu, CommandId::Largange) == nullptr);  // no File line
         menu->close();
     }
     void AreStoredAtDraw() {
