@@ -259,11 +259,6 @@ template <std::size_t limbs>
     return Normalised<limbs>(quotient, a.exponent - b.exponent + 64, a.sign * b.sign);
 }
 
-template <std::size_t limbs>
-[[nodiscard]] Wide<limbs> PlusInteger(const Wide<limbs>& a, double k) {
-    return k == 0 ? a : Add(a, WideOf<limbs>(k));
-}
-
 /// The value without the factor 2^exponent, as a double-double between 1/2 and 1 in magnitude.
 template <std::size_t limbs>
 [[nodiscard]] DoubleDouble FractionOf(const Wide<limbs>& a) {
