@@ -192,44 +192,6 @@ template <typename Number>
     return {std::ldexp(a.high, exponent), std::ldexp(a.low, exponent)};
 }
 
-// The operators as functions, which the hypergeometric function calls.
-
-[[nodiscard]] inline DoubleDouble Negate(DoubleDouble a) {
-    return -a;
-}
-
-[[nodiscard]] inline DoubleDouble Add(DoubleDouble a, double b) {
-    return a + b;
-}
-
-[[nodiscard]] inline DoubleDouble Add(DoubleDouble a, DoubleDouble b) {
-    return a + b;
-}
-
-[[nodiscard]] inline DoubleDouble Subtract(DoubleDouble a, double b) {
-    return a - b;
-}
-
-[[nodiscard]] inline DoubleDouble Subtract(DoubleDouble a, DoubleDouble b) {
-    return a - b;
-}
-
-[[nodiscard]] inline DoubleDouble Multiply(DoubleDouble a, double b) {
-    return a * b;
-}
-
-[[nodiscard]] inline DoubleDouble Multiply(DoubleDouble a, DoubleDouble b) {
-    return a * b;
-}
-
-[[nodiscard]] inline DoubleDouble Divide(DoubleDouble a, double b) {
-    return a / b;
-}
-
-[[nodiscard]] inline DoubleDouble Divide(DoubleDouble a, DoubleDouble b) {
-    return a / b;
-}
-
 /// exp(a) - 1 for |a| at most 1, relative error below 2^-90.
 [[nodiscard]] DoubleDouble ExpMinusOne(DoubleDouble a);
 

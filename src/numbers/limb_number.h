@@ -1,5 +1,6 @@
-// Numbers of many digits whose exponents count limbs instead of bits, so that no operation shifts
-// bits, and their products with exact integers. Long sums of rational terms are made of them.
+// Floating-point numbers of many digits whose exponents count limbs of 64 bits, and their products
+// with exact integers. No operation shifts bits, which makes them fast. They serve long sums of
+// rational terms.
 #pragma once
 
 #include <algorithm>
@@ -13,14 +14,15 @@ namespace kalvex {
 
 inline constexpr std::size_t kMostFactorLimbs = 14;
 
-/// An integer without a sign. The most significant limb is the last one and is not 0; the number 0
-/// has no limbs.
+/// An integer without a sign, made of the first `count` limbs of `digits`. The last of these limbs
+/// is the most significant one and is not 0. The number 0 has no limbs.
 struct Factor {
     std::array<std::uint64_t, kMostFactorLimbs> digits;
     std::size_t count = 0;
 };
 
-/// a = b c. b and c together have at most kMostFactorLimbs limbs.
+/// a = b c, exactly. b and c together have at most kMostFactorLimbs limbs. a is another object than
+/// b and c.
 inline void SetProduct(const Factor& b, const Factor& c, Factor& a) {
     a.count = 0;
     if (b.count == 0 || c.count == 0) return;
@@ -38,17 +40,17 @@ inline void SetProduct(const Factor& b, const Factor& c, Factor& a) {
     if (a.digits[a.count - 1] == 0) --a.count;
 }
 
-/// The first two limbs as a number, digits[count-1] 2^64 + digits[count-2]. The whole integer is
-/// about 2^(64 (count-2)) times as large.
+/// The number that the two most significant limbs make up, digits[count-1] 2^64 + digits[count-2].
+/// The integer is about 2^(64 (count-2)) times this number. a is not 0.
 [[nodiscard]] inline double LeadingPart(const Factor& a) {
     constexpr double kLimb = 0x1p64;
     const double low = a.count > 1 ? static_cast<double>(a.digits[a.count - 2]) : 0;
     return static_cast<double>(a.digits[a.count - 1]) * kLimb + low;
 }
 
-/// The number sign digits 2^(64 exponent), digits read as an integer. The most significant limb is
-/// the last one and is not 0. Zero has sign 0. Since the first limb may be as small as 1, the
-/// number has at least 64 (limbs-1) significant bits.
+/// The number sign * digits * 2^(64 exponent), where the digits make up an integer. The last limb
+/// is the most significant one and is not 0. It may be as small as 1, so that only 64 (limbs-1)
+/// bits are certain to be significant. The number 0 has sign 0.
 template <std::size_t limbs>
 struct LimbNumber {
     static constexpr int kBits = 64 * (static_cast<int>(limbs) - 1);
@@ -57,6 +59,7 @@ struct LimbNumber {
     int sign = 0;
 };
 
+/// The number 1.
 template <std::size_t limbs>
 [[nodiscard]] LimbNumber<limbs> OneInLimbs() {
     LimbNumber<limbs> one;
@@ -66,8 +69,9 @@ template <std::size_t limbs>
     return one;
 }
 
-/// Multiplies a by the factor. `known` is the number of the factor's limbs, or 0 where it is known
-/// at run time only. With a known number the compiler keeps the limbs in registers.
+/// a *= factor, cut off to the limbs of a. The factor is not 0. `known` is the number of limbs of
+/// the factor where the compiler knows it, so that it can keep the limbs in registers. It is 0
+/// where the number is known at run time only.
 template <std::size_t known, std::size_t limbs>
 void MultiplyByLimbs(const Factor& factor, LimbNumber<limbs>& a) {
     const std::size_t count = known != 0 ? known : factor.count;
@@ -95,7 +99,7 @@ void MultiplyByLimbs(const Factor& factor, LimbNumber<limbs>& a) {
     a.exponent += static_cast<std::int64_t>(count) - (isFull ? 0 : 1);
 }
 
-/// a *= factor, cut off to the number of limbs of a. The factor is not 0.
+/// a *= factor, cut off to the limbs of a. The factor is not 0.
 template <std::size_t limbs>
 void MultiplyBy(const Factor& factor, LimbNumber<limbs>& a) {
     constexpr std::size_t kMostInRegisters = 8;
@@ -116,7 +120,8 @@ void MultiplyBy(const Factor& factor, LimbNumber<limbs>& a) {
     MultiplyByLimbs<0>(factor, a);
 }
 
-/// Moves the digits up until the first limb is not 0, after a subtraction has cancelled limbs.
+/// Moves the limbs up until the most significant one is not 0. A difference needs this where its
+/// leading limbs cancel.
 template <std::size_t limbs>
 void LiftUp(LimbNumber<limbs>& a) {
     std::size_t zeros = 0;
@@ -129,7 +134,8 @@ void LiftUp(LimbNumber<limbs>& a) {
     a.exponent -= static_cast<std::int64_t>(zeros);
 }
 
-/// a += b, where the exponent of a is at least that of b and neither is 0.
+/// a += b, cut off at the lowest limb of a. The exponent of a is at least that of b, and neither
+/// number is 0.
 template <std::size_t limbs>
 void AddLower(const LimbNumber<limbs>& b, LimbNumber<limbs>& a) {
     const std::uint64_t apart = static_cast<std::uint64_t>(a.exponent - b.exponent);
@@ -151,7 +157,7 @@ void AddLower(const LimbNumber<limbs>& b, LimbNumber<limbs>& a) {
         a.exponent += 1;
     }
     if (adds) return;
-    if (carry != 0) {  // equal exponents, b the larger
+    if (carry != 0) {  // |b| > |a| with equal exponents
         a.sign = -a.sign;
         bool borrows = true;
         for (std::uint64_t& limb : a.digits) {
@@ -162,7 +168,7 @@ void AddLower(const LimbNumber<limbs>& b, LimbNumber<limbs>& a) {
     if (a.digits[limbs - 1] == 0) LiftUp(a);
 }
 
-/// a += b. Both are cut off at the last limb of the one with the greater exponent.
+/// a += b. The number with the smaller exponent is cut off at the lowest limb of the other one.
 template <std::size_t limbs>
 void AddTo(const LimbNumber<limbs>& b, LimbNumber<limbs>& a) {
     if (b.sign == 0) return;
@@ -172,7 +178,7 @@ void AddTo(const LimbNumber<limbs>& b, LimbNumber<limbs>& a) {
     a = sum;
 }
 
-/// The number as a Wide with the given number of limbs.
+/// The number a as a Wide. With fewer limbs than a has it is cut off.
 template <std::size_t limbs, std::size_t from>
 [[nodiscard]] Wide<limbs> WideOf(const LimbNumber<from>& a) {
     if (a.sign == 0) return {};

@@ -1,7 +1,8 @@
 // Floating-point numbers of many digits, for computations that lose more digits than double-doubles
-// have. The mantissa is an array of 64-bit limbs. Products and quotients follow the schoolbook
-// (Knuth, The Art of Computer Programming 4.3.1) and are cut off, not rounded: relative errors are
-// a few units in the last bit. The exponent has 64 bits, so that nothing overflows.
+// have. The mantissa is an array of 64-bit limbs. Products and quotients use the classical
+// algorithms (Knuth, The Art of Computer Programming 4.3.1). Results are cut off, not rounded;
+// their relative errors are a few units in the last bit. The exponent has 64 bits and does not
+// overflow.
 #pragma once
 
 #include <algorithm>
@@ -16,8 +17,8 @@ namespace kalvex {
 
 __extension__ using TwoLimbs = unsigned __int128;
 
-/// The number sign 0.digits 2^exponent. The most significant limb is the last one, and its first
-/// bit is set. Zero has sign 0.
+/// The number sign * 0.digits * 2^exponent, where sign is -1, 0 or 1. The last limb is the most
+/// significant one, and its highest bit is set. The number 0 has sign 0.
 template <std::size_t limbs>
 struct Wide {
     static constexpr int kBits = 64 * static_cast<int>(limbs);
@@ -26,20 +27,22 @@ struct Wide {
     int sign = 0;
 };
 
+/// -a, exactly.
 template <std::size_t limbs>
 [[nodiscard]] Wide<limbs> Negate(Wide<limbs> a) {
     a.sign = -a.sign;
     return a;
 }
 
-/// a times a power of two.
+/// a times 2^exponent, exactly.
 template <std::size_t limbs>
 [[nodiscard]] Wide<limbs> Scale(Wide<limbs> a, std::int64_t exponent) {
     a.exponent += exponent;
     return a;
 }
 
-/// The number with the given limbs, cut off to the limbs of the result. At least one limb is not 0.
+/// The number sign * 0.all * 2^exponent, where leading zeros are shifted out and the rest is cut
+/// off to the limbs of the result. The result is 0 if all limbs are 0.
 template <std::size_t limbs, std::size_t more>
 [[nodiscard]] Wide<limbs> Normalised(const std::array<std::uint64_t, more>& all,
                                      std::int64_t exponent, int sign) {
@@ -75,7 +78,7 @@ template <std::size_t limbs>
     return result;
 }
 
-/// The number a with more limbs, or cut off to fewer.
+/// The number a with another number of limbs. With fewer limbs it is cut off.
 template <std::size_t limbs, std::size_t from>
 [[nodiscard]] Wide<limbs> WideOf(const Wide<from>& a) {
     Wide<limbs> result;
@@ -86,6 +89,7 @@ template <std::size_t limbs, std::size_t from>
     return result;
 }
 
+/// a b, cut off to the limbs of the result.
 template <std::size_t limbs>
 [[nodiscard]] Wide<limbs> Multiply(const Wide<limbs>& a, const Wide<limbs>& b) {
     if (a.sign == 0 || b.sign == 0) return {};
@@ -104,7 +108,8 @@ template <std::size_t limbs>
     return Normalised<limbs>(product, a.exponent + b.exponent, a.sign * b.sign);
 }
 
-/// The mantissa shifted down by so many bits. The result has one more limb below and one above.
+/// The mantissa of a, shifted down by `bits`. The result has one limb more at either end: the
+/// lowest limb takes bits that are shifted out, the highest one is 0 and has room for a carry.
 template <std::size_t limbs>
 [[nodiscard]] std::array<std::uint64_t, limbs + 2> ShiftedDown(const Wide<limbs>& a,
                                                                std::uint64_t bits) {
@@ -112,7 +117,7 @@ template <std::size_t limbs>
     const std::size_t whole = bits / 64;
     const int part = static_cast<int>(bits % 64);
     for (std::size_t i = 0; i <= limbs; ++i) {
-        const auto limb = [&](std::size_t at) {  // of the mantissa with a zero below and above
+        const auto limb = [&](std::size_t at) {  // of the mantissa with a limb 0 below and above it
             return at >= 1 && at <= limbs ? a.digits[at - 1] : 0;
         };
         const std::uint64_t own = limb(i + whole);
@@ -122,7 +127,8 @@ template <std::size_t limbs>
     return result;
 }
 
-/// Exact where the arguments cancel and their exponents are less than 64 apart.
+/// a + b. The result is exact where the arguments cancel and their exponents differ by less
+/// than 64.
 template <std::size_t limbs>
 [[nodiscard]] Wide<limbs> Add(const Wide<limbs>& a, const Wide<limbs>& b) {
     if (a.sign == 0) return b;
@@ -141,7 +147,7 @@ template <std::size_t limbs>
         sum[i] = static_cast<std::uint64_t>(next);
     }
     int sign = a.sign;
-    if (carry != 0) {  // equal exponents, b the larger
+    if (carry != 0) {  // |b| > |a| with equal exponents
         sign = -sign;
         bool borrows = true;
         for (std::uint64_t& limb : sum) {
@@ -152,13 +158,14 @@ template <std::size_t limbs>
     return Normalised<limbs>(sum, a.exponent + 64, sign);
 }
 
+/// a - b, exact where Add is.
 template <std::size_t limbs>
 [[nodiscard]] Wide<limbs> Subtract(const Wide<limbs>& a, const Wide<limbs>& b) {
     return Add(a, Negate(b));
 }
 
-/// Divides by a limb whose first bit is set, with the help of its reciprocal (Moeller and Granlund
-/// 2011).
+/// Divides by a limb whose highest bit is set. It multiplies by the reciprocal, which is computed
+/// once (Moeller and Granlund 2011).
 struct LimbDivisor {
     std::uint64_t by;
     std::uint64_t reciprocal;  // floor((2^128-1)/by) - 2^64
@@ -166,8 +173,8 @@ struct LimbDivisor {
     explicit LimbDivisor(std::uint64_t divisor)
         : by(divisor), reciprocal(static_cast<std::uint64_t>(~TwoLimbs{0} / divisor)) {}
 
-    /// The quotient of the two limbs (upper, lower) by the divisor, for upper below the divisor.
-    /// lower becomes the remainder.
+    /// The quotient of the number 2^64 upper + lower by the divisor. `upper` is less than the
+    /// divisor. `lower` becomes the remainder.
     [[nodiscard]] std::uint64_t Divide(std::uint64_t upper, std::uint64_t& lower) const {
         const TwoLimbs guess = static_cast<TwoLimbs>(reciprocal) * upper +
                                ((static_cast<TwoLimbs>(upper) << 64) | lower);
@@ -186,8 +193,8 @@ struct LimbDivisor {
     }
 };
 
-/// Estimates one digit of a quotient from the first three limbs of the remainder and the first two
-/// of the divisor. The estimate is exact or one too large.
+/// Estimates one limb of a quotient from the three highest limbs of the remainder, `rest`, and the
+/// two highest limbs of the divisor, `top` and `next`. The estimate is exact or too large by 1.
 [[nodiscard]] inline std::uint64_t QuotientDigit(const std::array<std::uint64_t, 3>& rest,
                                                  LimbDivisor top, std::uint64_t next) {
     std::uint64_t left = rest[1];
@@ -206,8 +213,8 @@ struct LimbDivisor {
     return guess;
 }
 
-/// rest -= digit b, for the limbs of b from index `from` on. Returns whether the result is
-/// negative.
+/// rest -= digit * b, where the limbs of b below index `from` are 0 and skipped. Returns whether
+/// the result is negative.
 template <std::size_t limbs>
 [[nodiscard]] bool TakeOff(std::uint64_t digit, const Wide<limbs>& b, std::size_t from,
                            std::uint64_t* rest) {
@@ -225,6 +232,7 @@ template <std::size_t limbs>
     return borrow != 0;
 }
 
+/// rest += b, after TakeOff has made rest negative.
 template <std::size_t limbs>
 void PutBack(const Wide<limbs>& b, std::size_t from, std::uint64_t* rest) {
     std::uint64_t carry = 0;
@@ -235,7 +243,8 @@ void PutBack(const Wide<limbs>& b, std::size_t from, std::uint64_t* rest) {
     }
 }
 
-/// a / b by Knuth's algorithm D, computed with one limb more than the result has. b is not 0.
+/// a / b by Knuth's algorithm D. The quotient is computed with one limb more than the result has
+/// and cut off. b is not 0.
 template <std::size_t limbs>
 [[nodiscard]] Wide<limbs> Divide(const Wide<limbs>& a, const Wide<limbs>& b) {
     if (a.sign == 0) return {};
@@ -259,12 +268,8 @@ template <std::size_t limbs>
     return Normalised<limbs>(quotient, a.exponent - b.exponent + 64, a.sign * b.sign);
 }
 
-template <std::size_t limbs>
-[[nodiscard]] Wide<limbs> PlusInteger(const Wide<limbs>& a, double k) {
-    return k == 0 ? a : Add(a, WideOf<limbs>(k));
-}
-
-/// The value without the factor 2^exponent, as a double-double between 1/2 and 1 in magnitude.
+/// The number without its factor 2^exponent, as a double-double. Its magnitude is between 1/2 and
+/// 1, or 0 for the number 0.
 template <std::size_t limbs>
 [[nodiscard]] DoubleDouble FractionOf(const Wide<limbs>& a) {
     if (a.sign == 0) return {};
@@ -277,7 +282,7 @@ template <std::size_t limbs>
     return a.sign > 0 ? sum : -sum;
 }
 
-/// The nearest double; infinite or 0 where the value is out of range.
+/// The double nearest to a. It is infinite or 0 where a is out of the range of doubles.
 template <std::size_t limbs>
 [[nodiscard]] double ToDouble(const Wide<limbs>& a) {
     constexpr std::int64_t kBeyond = 2000;

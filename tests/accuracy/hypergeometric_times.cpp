@@ -165,7 +165,7 @@ double ErrorByBound(const HypergeometricArguments& at) {
     ReferenceRow row;
     if (!ExactRowWithoutCondition("Hyper", ListOf(at), row) || row.high == 0) return -1;
     const DoubleDouble exact = Scale({row.high, row.low}, -point.exponent);
-    const double error = std::fabs(ToDouble(Subtract(point.value, exact)));
+    const double error = std::fabs(ToDouble(point.value - exact));
     const bool isKnown = std::fabs(row.high) > kLeast && std::isfinite(exact.high);
     return isKnown ? std::max(0.0, error - kKnown * std::fabs(exact.high)) / point.error : -1;
 }

@@ -48,7 +48,7 @@ std::array<Block, kLanes> FirstBlock(const std::array<HypergeometricParameters, 
 }
 
 void ExpectClose(DoubleDouble map, DoubleDouble stepped, double bound) {
-    EXPECT_LE(std::fabs(ToDouble(Subtract(map, stepped))), 2 * kStepError * bound)
+    EXPECT_LE(std::fabs(ToDouble(map - stepped)), 2 * kStepError * bound)
         << map.high << " " << stepped.high;
 }
 
@@ -58,8 +58,7 @@ TEST(HypergeometricBlocks, MapAsSingleStepsDo) {
         std::array<HypergeometricParameters, kLanes> from;
         for (std::size_t lane = 0; lane < kLanes; ++lane) {
             const double by = static_cast<double>(lane);
-            from[lane] = {entry.from.a, PlusInteger(entry.from.b, by),
-                          PlusInteger(entry.from.c, by)};
+            from[lane] = {entry.from.a, entry.from.b + by, entry.from.c + by};
         }
         const Route route = RouteOf(entry.steps);
         const std::array<Block, kLanes> blocks = FirstBlock(from, route, place);
@@ -82,8 +81,8 @@ TEST(HypergeometricBlocks, HaveTheDeterminantOfTheirEntries) {
         const HypergeometricParameters& p = entry.from;
         const Block block = FirstBlock({p, p, p, p}, RouteOf(entry.steps), place)[2];
         const auto& [first, second] = block.columns;
-        const DoubleDouble product = Multiply(first.value, second.slope);
-        const double determinant = Subtract(product, Multiply(second.value, first.slope)).high;
+        const DoubleDouble product = first.value * second.slope;
+        const double determinant = (product - second.value * first.slope).high;
         const MapOf<double>& bound = block.trace.bound;
         const double error = kStepError * (bound.valueOfValue * std::fabs(second.slope.high) +
                                            bound.slopeOfSlope * std::fabs(first.value.high) +
@@ -102,7 +101,7 @@ TEST(HypergeometricBlocks, KnowWhatColumnsLose) {
     const HypergeometricParameters from = {{-24.25, apart}, {-3.25, 0}, {-24.25, 0}};
     const Block block = FirstBlock({from, from, from, from}, RouteOf({-13, -2, -13}), place)[0];
     // F(c,b;c;z) = (1-z)^(-b)
-    const double slope = Multiply(from.b, place.odds).high;
+    const double slope = (from.b * place.odds).high;
     const MapOf<double>& bound = block.trace.bound;
     const double lost = kStepError * (bound.valueOfValue + bound.valueOfSlope * std::fabs(slope));
     EXPECT_GT(lost, 0x1p-52);

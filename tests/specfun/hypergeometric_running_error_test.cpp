@@ -53,8 +53,7 @@ TEST(HypergeometricRunningError, BoundsWhatTheStartIsOff) {
             const Traveller off = Walked(entry, start);
             ASSERT_EQ(off.exponent, exact.exponent);
             const Column<DoubleDouble>& own = off.at.columns[0];
-            const double error =
-                std::fabs(ToDouble(Subtract(own.value, exact.at.columns[0].value)));
+            const double error = std::fabs(ToDouble(own.value - exact.at.columns[0].value));
             const double bound = ErrorOfValue(off.error, own);
             EXPECT_LE(error, bound) << entry.z << " " << isSlope;
             EXPECT_LE(bound, 0x1p6 * error + 0x1p-80 * std::fabs(own.value.high))
@@ -71,8 +70,8 @@ TEST(HypergeometricRunningError, BoundsWhatRoundingDoes) {
         Traveller t = Walked(entry, start);
         ASSERT_TRUE(WalkTo(entry.from, PlaceOf(entry.z), t));
         const Column<DoubleDouble>& own = t.at.columns[0];
-        const double error = std::fabs(
-            std::ldexp(ToDouble(Subtract(own.value, Scale({1, 0}, -t.exponent))), t.exponent));
+        const double error =
+            std::fabs(std::ldexp(ToDouble(own.value - Scale({1, 0}, -t.exponent)), t.exponent));
         const double bound = std::ldexp(ErrorOfValue(t.error, own), t.exponent);
         EXPECT_LE(error, bound) << entry.z;
         proved += bound < 0x1p-40 ? 1 : 0;
@@ -106,7 +105,7 @@ TEST(HypergeometricRunningError, KnowsWhatAPoleCosts) {
     for (const bool isNear : {false, true}) {
         const DoubleDouble c = isNear ? DoubleDouble{1, 0x1p-40} : DoubleDouble{1.25, 0};
         Traveller t = StartOf({{0, 0}, {1, 0}, c}, start);
-        ASSERT_TRUE(WalkTo({{-4, 0}, {-8, 0}, PlusInteger(c, -12)}, place, t));
+        ASSERT_TRUE(WalkTo({{-4, 0}, {-8, 0}, c - 12}, place, t));
         const Column<DoubleDouble>& own = t.at.columns[0];
         relative[isNear ? 1 : 0] = ErrorOfValue(t.error, own) / std::fabs(own.value.high);
     }

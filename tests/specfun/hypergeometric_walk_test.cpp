@@ -39,8 +39,8 @@ TEST(HypergeometricWalk, ComesBackToItsStart) {
         ASSERT_TRUE(WalkTo(from, place, t));
         const HypergeometricPoint back = PointOf(t);
         EXPECT_EQ(back.exponent, 0);
-        EXPECT_LT(std::fabs(ToDouble(Subtract(back.value, start.value))), 0x1p-80);
-        EXPECT_LT(std::fabs(ToDouble(Subtract(back.slope, start.slope))), 0x1p-80);
+        EXPECT_LT(std::fabs(ToDouble(back.value - start.value)), 0x1p-80);
+        EXPECT_LT(std::fabs(ToDouble(back.slope - start.slope)), 0x1p-80);
     }
 }
 

@@ -31,14 +31,14 @@ struct Power {
 
 /// Either with all its digits: w^s may be small beside 1, or next to it.
 Power PowerOf(DoubleDouble s, DoubleDouble logarithm) {
-    const DoubleDouble exponent = Multiply(s, logarithm);
+    const DoubleDouble exponent = s * logarithm;
     if (exponent.high == 0) return {{1, 0}, logarithm};
     if (std::fabs(exponent.high) < 1) {
         const DoubleDouble rise = ExpMinusOne(exponent);
-        return {Add(rise, 1.0), Divide(rise, s)};
+        return {rise + 1.0, rise / s};
     }
     const DoubleDouble power = Exp(exponent);
-    return {power, Divide(Subtract(power, 1.0), s)};
+    return {power, (power - 1.0) / s};
 }
 
 /// Adds the terms of k = next.
@@ -48,18 +48,17 @@ void AddTerms(DoubleDouble term, DoubleDouble difference, double next, Solutions
     const DoubleDouble ofOther = LooseProduct(at.power, difference);
     at.regular = QuickAdd(at.regular, ofRegular);
     at.other = QuickAdd(at.other, ofOther);
-    at.regularSlope = QuickAdd(at.regularSlope, Multiply(ofRegular, next));
-    at.otherSlope = QuickAdd(at.otherSlope, Multiply(ofOther, next));
+    at.regularSlope = QuickAdd(at.regularSlope, ofRegular * next);
+    at.otherSlope = QuickAdd(at.otherSlope, ofOther * next);
 }
 
 /// From the divided differences to the solution.
 void TakePower(DoubleDouble s, Solutions& at) {
     // y(s) = w^s (regular + s other'), other = (y(s) - y(0)) / s
     const auto [power, quotient] = PowerOf(s, Log(at.w));
-    const DoubleDouble upper = Add(at.regular, Multiply(s, at.other));
-    at.other = Add(Multiply(power, at.other), Multiply(quotient, at.regular));
-    at.otherSlope = Add(Add(Multiply(power, at.otherSlope), Multiply(quotient, at.regularSlope)),
-                        Multiply(power, upper));
+    const DoubleDouble upper = at.regular + s * at.other;
+    at.other = power * at.other + quotient * at.regular;
+    at.otherSlope = power * at.otherSlope + quotient * at.regularSlope + power * upper;
 }
 
 /// The coefficients of the two series go on as
@@ -72,14 +71,14 @@ struct Growth {
 
 Growth GrowthAfter(const HypergeometricParameters& p, DoubleDouble s, DoubleDouble sum, double k) {
     const double next = k + 1;
-    const DoubleDouble above = PlusInteger(s, next);
-    const DoubleDouble below = PlusInteger(Negate(s), next);
-    const DoubleDouble numerator = LooseProduct(PlusInteger(p.a, k), PlusInteger(p.b, k));
-    const DoubleDouble ratio = Reciprocal(LooseProduct(Multiply(below, next), above));
+    const DoubleDouble above = s + next;
+    const DoubleDouble below = next - s;
+    const DoubleDouble numerator = LooseProduct(p.a + k, p.b + k);
+    const DoubleDouble ratio = Reciprocal(LooseProduct(below * next, above));
     // (a+s+k)(b+s+k) = numerator + s (a+b+2k+s)
-    const DoubleDouble rise = Add(PlusInteger(sum, 2 * k), s);
-    const DoubleDouble upper = Add(numerator, LooseProduct(s, rise));
-    const DoubleDouble step = Subtract(LooseProduct(rise, below), LooseProduct({2, 0}, numerator));
+    const DoubleDouble rise = sum + 2 * k + s;
+    const DoubleDouble upper = numerator + LooseProduct(s, rise);
+    const DoubleDouble step = LooseProduct(rise, below) - LooseProduct({2, 0}, numerator);
     return {LooseProduct(LooseProduct(numerator, above), ratio),
             LooseProduct(LooseProduct(upper, below), ratio), LooseProduct(step, ratio)};
 }
@@ -128,10 +127,10 @@ void AddTails(const HypergeometricParameters& p, double s, double k, double term
         if ((k + 1) * tails[0].power * size < tolerance) break;
     }
     for (std::size_t i = 0; i < tails.size(); ++i) {
-        both[i].regular = Add(both[i].regular, tails[i].regular);
-        both[i].other = Add(both[i].other, tails[i].other);
-        both[i].regularSlope = Add(both[i].regularSlope, tails[i].regularSlope);
-        both[i].otherSlope = Add(both[i].otherSlope, tails[i].otherSlope);
+        both[i].regular += tails[i].regular;
+        both[i].other += tails[i].other;
+        both[i].regularSlope += tails[i].regularSlope;
+        both[i].otherSlope += tails[i].otherSlope;
     }
 }
 
@@ -140,8 +139,8 @@ std::array<Solutions, 2> SolutionsAt(const HypergeometricParameters& p, DoubleDo
                                      DoubleDouble nearer, double tolerance) {
     constexpr double kPlain = 0x1p-48;
     constexpr int kMostTerms = 400;
-    const DoubleDouble s = Subtract(Subtract(p.c, p.a), p.b);
-    const DoubleDouble sum = Add(p.a, p.b);
+    const DoubleDouble s = p.c - p.a - p.b;
+    const DoubleDouble sum = p.a + p.b;
     std::array<Solutions, 2> both = {Solutions{farther}, Solutions{nearer}};
     DoubleDouble term = {1, 0};
     DoubleDouble difference = {};
@@ -177,15 +176,11 @@ struct Combination {
 /// From value and slope, w d/dw, at the point of the solutions; all series are off by `unit` times
 /// 1 and themselves. Cramer's rule; the errors are those of its products and of what is put in.
 Combination Matched(const HypergeometricPoint& at, const Solutions& there, double unit) {
-    const DoubleDouble determinant = Subtract(Multiply(there.regular, there.otherSlope),
-                                              Multiply(there.other, there.regularSlope));
+    const DoubleDouble determinant =
+        there.regular * there.otherSlope - there.other * there.regularSlope;
     Combination found;
-    found.first =
-        Divide(Subtract(Multiply(at.value, there.otherSlope), Multiply(there.other, at.slope)),
-               determinant);
-    found.second =
-        Divide(Subtract(Multiply(there.regular, at.slope), Multiply(there.regularSlope, at.value)),
-               determinant);
+    found.first = (at.value * there.otherSlope - there.other * at.slope) / determinant;
+    found.second = (there.regular * at.slope - there.regularSlope * at.value) / determinant;
     const double regular = 1 + Size(there.regular);
     const double regularSlope = 1 + Size(there.regularSlope);
     const double other = 1 + Size(there.other);
@@ -217,12 +212,12 @@ HypergeometricPoint AtStart(const HypergeometricParameters& p, const Place& plac
     if (start.failed) return start;
     start.error += tolerance * Size(start.slope);
     const auto [there, at] = SolutionsAt(p, {1 - kMeeting, 0}, place.w, tolerance);
-    start.slope = Divide(Multiply(start.slope, kMeeting - 1), kMeeting);  // w d/dw
+    start.slope = start.slope * (kMeeting - 1) / kMeeting;  // w d/dw
     const double unit = kOfSeries + 2 * tolerance;
     const Combination of = Matched(start, there, unit);
-    start.value = Add(Multiply(of.first, at.regular), Multiply(of.second, at.other));
-    start.slope = Add(Multiply(of.first, at.regularSlope), Multiply(of.second, at.otherSlope));
-    start.slope = Negate(Multiply(start.slope, place.odds));
+    start.value = of.first * at.regular + of.second * at.other;
+    start.slope = of.first * at.regularSlope + of.second * at.otherSlope;
+    start.slope = -(start.slope * place.odds);
     const double first = of.firstError + 2 * unit * Size(of.first);
     const double second = of.secondError + 2 * unit * Size(of.second);
     start.error = first * (1 + Size(at.regular)) + second * (1 + Size(at.other));

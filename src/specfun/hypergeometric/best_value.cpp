@@ -49,12 +49,12 @@ Value ValueOf(const Form& form, const HypergeometricPoint& sum, double x) {
                    sum.error / (std::fabs(sum.value.high) + std::fabs(slope)),
                    sum.error / std::fabs(sum.value.high), slope};
     if (form.power.high == 0) return value;
-    const DoubleDouble exponent = Multiply(form.power, LogOneLess(x));
+    const DoubleDouble exponent = form.power * LogOneLess(x);
     constexpr double kMostExponent = 1e8;
     if (!(std::fabs(exponent.high) < kMostExponent)) return {};
     int more = 0;
     const DoubleDouble factor = ExpScaled(exponent, more);
-    value.fraction = Multiply(value.fraction, factor);
+    value.fraction *= factor;
     value.slope *= factor.high;
     value.exponent += more;
     return value;
@@ -63,7 +63,7 @@ Value ValueOf(const Form& form, const HypergeometricPoint& sum, double x) {
 namespace {
 
 DoubleDouble ArgumentOf(const Form& form, double x) {
-    return form.pfaff ? Divide({x, 0}, TwoSum(x, -1)) : DoubleDouble{x, 0};
+    return form.pfaff ? x / TwoSum(x, -1) : DoubleDouble{x, 0};
 }
 
 Value BySeries(const Form& form, double x) {
@@ -91,7 +91,7 @@ std::array<Form, 2> FormsForShifts(const std::array<Form, 4>& forms, double x) {
     std::array<Form, 2> found = {WithDegreeFirst(forms[first]), WithDegreeFirst(forms[first + 1])};
     if (found[1].cost == INFINITY) return found;
     const double degrees[] = {DegreeOf(found[0].p), DegreeOf(found[1].p)};
-    const double s = Subtract(Subtract(found[0].p.c, found[0].p.a), found[0].p.b).high;
+    const double s = (found[0].p.c - found[0].p.a - found[0].p.b).high;
     if (degrees[1] < degrees[0] || (degrees[1] == degrees[0] && s < 0)) {
         std::swap(found[0], found[1]);
     }
@@ -112,7 +112,7 @@ bool KeepsParameters(const HypergeometricParameters& p) {
 /// For a polynomial the walk from a polynomial, then, or else, the general walks.
 Value ByShifts(const std::array<Form, 2>& forms, double x) {
     const DoubleDouble z = ArgumentOf(forms[0], x);
-    const DoubleDouble w = forms[0].pfaff ? Divide({1, 0}, TwoSum(1, -x)) : TwoSum(1, -x);
+    const DoubleDouble w = forms[0].pfaff ? 1 / TwoSum(1, -x) : TwoSum(1, -x);
     const HypergeometricParameters& p = forms[0].p;
     const bool polynomial = EndsBefore(p.a, p.c);
     Value best;

@@ -47,10 +47,10 @@ double DegreeOf(const HypergeometricParameters& p) {
 }
 
 std::array<Form, 4> FormsOf(const HypergeometricParameters& p) {
-    const DoubleDouble fromA = Subtract(p.c, p.a);
-    const DoubleDouble fromB = Subtract(p.c, p.b);
-    return {Form{p, {}}, Form{{fromA, fromB, p.c}, Subtract(fromA, p.b)},
-            Form{{p.a, fromB, p.c}, Negate(p.a), true}, Form{{fromA, p.b, p.c}, Negate(p.b), true}};
+    const DoubleDouble fromA = p.c - p.a;
+    const DoubleDouble fromB = p.c - p.b;
+    return {Form{p, {}}, Form{{fromA, fromB, p.c}, fromA - p.b},
+            Form{{p.a, fromB, p.c}, -p.a, true}, Form{{fromA, p.b, p.c}, -p.b, true}};
 }
 
 double ExpectedLoss(const HypergeometricParameters& p, double z) {

@@ -24,8 +24,8 @@ struct Exponents {
 
 Exponents ExponentsOf(const HypergeometricParameters& p) {
     const double atZero = std::fabs(p.c.high - 1);
-    const double atOne = std::fabs(Subtract(Subtract(p.c, p.a), p.b).high);
-    const double atInfinity = std::fabs(Subtract(p.a, p.b).high);
+    const double atOne = std::fabs((p.c - p.a - p.b).high);
+    const double atInfinity = std::fabs((p.a - p.b).high);
     return {atZero, atOne, atInfinity, atZero * atZero, atOne * atOne, atInfinity * atInfinity};
 }
 

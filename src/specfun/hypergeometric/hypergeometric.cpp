@@ -34,7 +34,7 @@ Value Sum(const Value& left, const Value& right) {
         return own;
     };
     const DoubleDouble first = part(left);
-    const DoubleDouble sum = Add(first, part(right));
+    const DoubleDouble sum = first + part(right);
     const double size = std::fabs(sum.high);
     return {sum, exponent, error / (size + std::fabs(slope)), error / size, slope};
 }
@@ -42,7 +42,7 @@ Value Sum(const Value& left, const Value& right) {
 Value Times(Value value, DoubleDouble factor) {
     int own = 0;
     const double high = std::frexp(factor.high, &own);
-    value.fraction = Multiply(value.fraction, {high, std::ldexp(factor.low, -own)});
+    value.fraction *= DoubleDouble{high, std::ldexp(factor.low, -own)};
     value.slope *= high;
     value.exponent += own;
     return value;
@@ -62,7 +62,7 @@ Value FirstTerm(const HypergeometricParameters& p, double x, const Value& factor
     int exponent = 0;
     Value term = factor;
     const double inverse = 1 / std::frexp(p.c.high, &exponent);
-    term.fraction = Divide(factor.fraction, std::frexp(p.c.high, &exponent));
+    term.fraction = factor.fraction / std::frexp(p.c.high, &exponent);
     term.slope *= inverse;
     term.exponent -= exponent;
     return TimesArgument(Times(Times(term, p.a), p.b), x);
@@ -92,7 +92,7 @@ double Shortened(double a, double unit) {
 Value OfTiny(HypergeometricParameters p, DoubleDouble HypergeometricParameters::*tiny,
              double instead, double x) {
     constexpr double kDigits = 0x1p-100;  // of what a fraction holds
-    const DoubleDouble factor = Divide(p.*tiny, instead);
+    const DoubleDouble factor = p.*tiny / instead;
     p.*tiny = {instead, 0};
     const Value rise = Sum(CarefulValue(p, x), {{-1, 0}, 0, kDigits, kDigits});
     return Sum(One(kDigits), Times(rise, factor));
@@ -145,7 +145,7 @@ Value PowerMinusOne(double b, double x) {
     constexpr int kLinear = -110;
     int exponent = 0;
     const double fraction = -std::frexp(b, &exponent);
-    const DoubleDouble log = Multiply(LogOneLess(x), fraction);
+    const DoubleDouble log = LogOneLess(x) * fraction;
     const double slope = -fraction * x / (1 - x);
     if (std::ilogb(log.high) + exponent < kLinear) {
         return {log, exponent, kDigits, kDigits, slope};
@@ -162,7 +162,7 @@ Value Ratio(DoubleDouble numerator, double c) {
     const double high = std::frexp(numerator.high, &own);
     const DoubleDouble fraction = {high, std::ldexp(numerator.low, -own)};
     constexpr double kDigits = 0x1p-100;
-    return {Divide(fraction, divisor), own - ofC, kDigits, kDigits};
+    return {fraction / divisor, own - ofC, kDigits, kDigits};
 }
 
 Value Product(const Value& constant, const Value& value) {
@@ -209,7 +209,7 @@ Value NextToPole(const HypergeometricParameters& p, double x) {
     constexpr double kOfLarger = 0x1p-68;  // what the larger c changes, by the part's own size
     const double larger = std::copysign(kTiny, p.c.high);
     const HypergeometricParameters there = {p.a, p.b, {larger, 0}};
-    const Value pole = CarefulValue({PlusInteger(p.a, 1), PlusInteger(p.b, 1), {2, 0}}, x);
+    const Value pole = CarefulValue({p.a + 1, p.b + 1, {2, 0}}, x);
     // what 1/c is more than 1/larger
     const Value rise = Times(FirstTerm(p, x, pole), TwoSum(1, -p.c.high / larger));
     Value part = CarefulValue(there, x);

@@ -79,14 +79,19 @@ template <typename Unit>
 }
 
 template <typename Unit>
-[[nodiscard]] LanesOf<Unit> Negate(const LanesOf<Unit>& a) {
+[[nodiscard]] LanesOf<Unit> operator-(const LanesOf<Unit>& a) {
     return {-a.high, -a.low};
 }
 
 template <typename Unit>
-[[nodiscard]] LanesOf<Unit> PlusInteger(const LanesOf<Unit>& a, double k) {
-    const LanesOf<Unit> sum = ExactSum<Unit>(a.high, InAllLanes(k));
+[[nodiscard]] LanesOf<Unit> operator+(const LanesOf<Unit>& a, double b) {
+    const LanesOf<Unit> sum = ExactSum<Unit>(a.high, InAllLanes(b));
     return Normalised<Unit>(sum.high, sum.low + a.low);
+}
+
+template <typename Unit>
+[[nodiscard]] LanesOf<Unit> operator-(const LanesOf<Unit>& a, double b) {
+    return a + -b;
 }
 
 template <typename Unit>

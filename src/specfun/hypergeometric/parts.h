@@ -14,25 +14,19 @@ struct HypergeometricParameters {
     DoubleDouble c;
 };
 
-/// a + k, normalised even where the high parts cancel.
-[[nodiscard]] inline DoubleDouble PlusInteger(DoubleDouble a, double k) {
-    const DoubleDouble sum = TwoSum(a.high, k);
-    return QuickTwoSum(sum.high, sum.low + a.low);
-}
-
 /// 0, -1, -2, ...
 [[nodiscard]] inline bool IsNegativeInteger(DoubleDouble a) {
     return a.high <= 0 && a.low == 0 && std::floor(a.high) == a.high;
 }
 
-/// The product without normalising: the error is that of Multiply as long as the low parts stay
-/// some units in the last place of the high ones.
+/// a b, not normalised. The error is that of operator* as long as the low parts of a and b are at
+/// most some units in the last place of their high parts.
 [[nodiscard]] inline DoubleDouble LooseProduct(DoubleDouble a, DoubleDouble b) {
     const double product = a.high * b.high;
     return {product, std::fma(a.high, b.high, -product) + (a.high * b.low + a.low * b.high)};
 }
 
-/// sum += high + low.
+/// sum += high + low, without normalising the result.
 inline void Accumulate(DoubleDouble& sum, double high, double low) {
     const DoubleDouble next = TwoSum(sum.high, high);
     sum = {next.high, sum.low + (next.low + low)};

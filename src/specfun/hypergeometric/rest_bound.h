@@ -1,4 +1,4 @@
-// What the terms of the Gauss hypergeometric series that are left out may be. Internal to the
+// A bound of the terms of the Gauss hypergeometric series that a sum leaves out. Internal to the
 // special functions.
 #pragma once
 
@@ -7,10 +7,12 @@
 
 namespace kalvex::specfun {
 
-/// A bound of (a+j)(b+j)/((c+j)(next+j)) for all j from 0 up, all four being positive. It is 1 and
-/// (alpha j + beta)/((c+j)(next+j)), where alpha < 0 below the greater of 1 and its first value,
-/// and where alpha and beta are positive it falls for good once it falls. Else by quotients of two
-/// factors, which tend to 1 monotonically.
+/// A bound of the ratio (a+j)(b+j)/((c+j)(next+j)) for all j >= 0. a, b, c and next are positive.
+///
+/// The ratio is 1 + (alpha j + beta)/((c+j)(next+j)). If alpha < 0, it never exceeds the greater of
+/// 1 and its value at j = 0. If it falls at j = 0 and beta >= 0, it falls from there on. In all
+/// other cases it is bounded as the product of two quotients such as (a+j)/(c+j), each of which
+/// tends to 1 monotonically.
 [[nodiscard]] inline double GreatestRatio(double a, double b, double c, double next) {
     const double ratio = a * b / (c * next);
     const double alpha = a + b - c - next;
@@ -22,17 +24,19 @@ namespace kalvex::specfun {
     return std::min(straight, crossed);
 }
 
-/// A power p with (a+j)(b+j)/((c+j)(next+j)) at most 1 - p/(next+j) for all j from 0 up, all four
-/// being positive: next+j times 1 less that is (alpha j + beta)/(c+j), between its first value and
-/// alpha.
+/// A power p such that (a+j)(b+j)/((c+j)(next+j)) <= 1 - p/(next+j) for all j >= 0. a, b, c and
+/// next are positive. One minus the ratio, times next+j, is a quotient of two linear functions of
+/// j. It lies between its value at j = 0 and its limit c + next - a - b; p is the smaller of them.
 [[nodiscard]] inline double LeastPower(double a, double b, double c, double next) {
     constexpr double kRounding = 1 - 0x1p-30;
     return std::min(c + next - a - b, next - a * b / c) * kRounding;
 }
 
-/// The logarithm to base 2 of a bound of the sum over j > k of j t(j), by the k-th term t, once all
-/// factors are positive. a, b, c and next are those of the next ratio. By a geometric series, or by
-/// t(j) <= t (next/j)^p.
+/// A bound of the rest of the series: the logarithm to base 2 of a bound of the sum over j > k of
+/// j |t(j)|. `term` is the logarithm to base 2 of |t(k)|. a, b, c and next are the factors of the
+/// ratio t(k+1)/t(k), all of them positive, so that next = k+1; z is the argument. The rest is
+/// bounded by a geometric series or, with the power p of LeastPower, by |t(j)| <= |t(k)|
+/// (next/j)^p. The result is infinite where neither bound holds.
 [[nodiscard]] inline double RestAfter(double a, double b, double c, double next, double z,
                                       double term) {
     constexpr double kRounding = 1 + 0x1p-40;

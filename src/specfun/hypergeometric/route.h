@@ -41,18 +41,16 @@ struct Route {
 
 [[nodiscard]] inline std::array<double, 3> StepsBetween(const HypergeometricParameters& from,
                                                         const HypergeometricParameters& to) {
-    return {std::nearbyint(Subtract(to.a, from.a).high),
-            std::nearbyint(Subtract(to.b, from.b).high),
-            std::nearbyint(Subtract(to.c, from.c).high)};
+    return {std::nearbyint((to.a - from.a).high), std::nearbyint((to.b - from.b).high),
+            std::nearbyint((to.c - from.c).high)};
 }
 
 /// The parameters that a part of the steps, from 0 to 1 or more, leads to from p.
 [[nodiscard]] inline HypergeometricParameters Beyond(const HypergeometricParameters& p,
                                                      const std::array<double, 3>& steps,
                                                      double part) {
-    return {PlusInteger(p.a, std::nearbyint(steps[0] * part)),
-            PlusInteger(p.b, std::nearbyint(steps[1] * part)),
-            PlusInteger(p.c, std::nearbyint(steps[2] * part))};
+    return {p.a + std::nearbyint(steps[0] * part), p.b + std::nearbyint(steps[1] * part),
+            p.c + std::nearbyint(steps[2] * part)};
 }
 
 /// Which parameter takes the next step. Steps that raise s come first whenever they are not ahead

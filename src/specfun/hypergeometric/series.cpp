@@ -105,8 +105,8 @@ void AddTail(const HypergeometricParameters& p, double z, double k, double term,
         decay.ratio = std::max(limit, std::fabs(ratio));
         if (std::fabs(term) * (k + 1) * decay.Rest(k + 1) <= enough) break;
     }
-    sum.value = Add(sum.value, value);
-    sum.slope = Add(sum.slope, slope);
+    sum.value += value;
+    sum.slope += slope;
 }
 
 /// The terms of the series; returns the sum over k of their magnitudes times k+3, and keeps k in
@@ -116,9 +116,9 @@ double AddTerms(const HypergeometricParameters& p, DoubleDouble z, double tolera
     DoubleDouble term = {1, 0};
     double magnitude = 3;
     for (int k = 0; k < kMostTerms; ++k) {
-        const DoubleDouble a = PlusInteger(p.a, k);
-        const DoubleDouble b = PlusInteger(p.b, k);
-        const DoubleDouble c = PlusInteger(p.c, k);
+        const DoubleDouble a = p.a + k;
+        const DoubleDouble b = p.b + k;
+        const DoubleDouble c = p.c + k;
         if (IsZero(a) || IsZero(b)) {
             sum.failed = false;
             break;

@@ -71,7 +71,7 @@ struct PlaceOf {
 using Place = PlaceOf<DoubleDouble>;
 
 [[nodiscard]] inline Place PlaceAt(DoubleDouble z, DoubleDouble w) {
-    return {z, w, Divide(z, w), Divide(w, z), Divide({1, 0}, w), Divide({1, 0}, z)};
+    return {z, w, z / w, w / z, 1 / w, 1 / z};
 }
 
 /// A solution on its way: its value and its slope, z times the derivative.
@@ -119,7 +119,7 @@ template <std::size_t own, typename Number, std::size_t count>
     using Plain = PlainOf<Number>;
     const Number a = at.p[own];
     const Number inverse = Reciprocal(a);
-    const Number next = PlusInteger(a, 1);
+    const Number next = a + 1;
     const Number ofRise = LooseProduct(Difference(next, at.p[2]), place.inverse);
     const Number ofValue = LooseProduct(at.p[1 - own], place.odds);
     for (Column<Number>& column : at.columns) {
@@ -142,14 +142,14 @@ template <std::size_t own, typename Number, std::size_t count>
     const Number a = at.p[own];
     const Number inverse = Reciprocal(Difference(at.p[2], a));
     const Number ofSlope = LooseProduct(place.w, inverse);
-    const Number ofValue = LooseProduct(LooseProduct(Negate(at.p[1 - own]), place.z), inverse);
-    const Number before = PlusInteger(Negate(a), 1);
+    const Number ofValue = LooseProduct(LooseProduct(-at.p[1 - own], place.z), inverse);
+    const Number before = -a + 1;
     for (Column<Number>& column : at.columns) {
         const Number rise = SumOfProducts(ofSlope, column.slope, ofValue, column.value);
         column.value = QuickAdd(column.value, rise);
         column.slope = LooseProduct(before, rise);
     }
-    at.p[own] = PlusInteger(a, -1);
+    at.p[own] = a - 1;
     const PlainOf<Number> size = Magnitude(before.high);
     const PlainOf<Number> sizeOfSlope = Magnitude(ofSlope.high);
     const PlainOf<Number> sizeOfValue = Magnitude(ofValue.high);
@@ -171,10 +171,10 @@ template <typename Number, std::size_t count>
     const Number ofValue = LooseProduct(factor, Difference(fromA, at.p[1]));
     for (Column<Number>& column : at.columns) {
         const Number value = SumOfProducts(ofSlope, column.slope, ofValue, column.value);
-        column.slope = LooseProduct(c, QuickAdd(column.value, Negate(value)));
+        column.slope = LooseProduct(c, QuickAdd(column.value, -value));
         column.value = value;
     }
-    at.p[2] = PlusInteger(c, 1);
+    at.p[2] = c + 1;
     const PlainOf<Number> size = Magnitude(c.high);
     const PlainOf<Number> sizeOfSlope = Magnitude(ofSlope.high);
     const PlainOf<Number> sizeOfValue = Magnitude(ofValue.high);
@@ -188,7 +188,7 @@ template <typename Number, std::size_t count>
 [[nodiscard]] TraceOf<PlainOf<Number>> LowerThird(WalkerOf<Number, count>& at,
                                                   const PlaceOf<Number>& place) {
     using Plain = PlainOf<Number>;
-    const Number c = PlusInteger(at.p[2], -1);
+    const Number c = at.p[2] - 1;
     const Number inverse = Reciprocal(c);
     const Number fromA = Difference(c, at.p[0]);
     const Number fromB = Difference(c, at.p[1]);

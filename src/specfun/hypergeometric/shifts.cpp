@@ -33,9 +33,9 @@ constexpr HypergeometricPoint kFailure = {{}, {}, 0, true};
 HypergeometricParameters BeforeEnd(HypergeometricParameters p) {
     constexpr double kClose = 2;
     for (DoubleDouble* a : {&p.a, &p.b}) {
-        const DoubleDouble apart = Subtract(p.c, *a);
+        const DoubleDouble apart = p.c - *a;
         if (apart.low != 0 || std::floor(apart.high) != apart.high) continue;
-        if (std::fabs(apart.high) < kClose) *a = PlusInteger(*a, apart.high > 0 ? -kClose : kClose);
+        if (std::fabs(apart.high) < kClose) *a += apart.high > 0 ? -kClose : kClose;
     }
     return p;
 }
@@ -74,9 +74,9 @@ bool IsGood(const HypergeometricPoint& point) {
 /// the end of the walk, the value at the start.
 void ScaleTo(const HypergeometricPoint& start, const HypergeometricPoint& known,
              HypergeometricPoint& point) {
-    const DoubleDouble factor = Divide(start.value, known.value);
-    point.value = Multiply(point.value, factor);
-    point.slope = Multiply(point.slope, factor);
+    const DoubleDouble factor = start.value / known.value;
+    point.value *= factor;
+    point.slope *= factor;
     point.exponent += start.exponent - known.exponent;
     point.error = std::fabs(point.value.high / start.value.high) * start.error;
     point.failed = !std::isfinite(point.value.high);
@@ -115,11 +115,10 @@ HypergeometricPoint Inwards(const HypergeometricParameters& from, const Hypergeo
 bool IsNextToInteger(const HypergeometricParameters& p) {
     constexpr double kNear = 0x1p-20;
     const auto isNear = [](DoubleDouble a) {
-        const double rest = Subtract(a, std::nearbyint(a.high)).high;
+        const double rest = (a - std::nearbyint(a.high)).high;
         return rest != 0 && std::fabs(rest) < kNear;
     };
-    return isNear(p.a) || isNear(p.b) || isNear(p.c) || isNear(Subtract(p.c, p.a)) ||
-           isNear(Subtract(p.c, p.b));
+    return isNear(p.a) || isNear(p.b) || isNear(p.c) || isNear(p.c - p.a) || isNear(p.c - p.b);
 }
 
 HypergeometricPoint WalkFrom(const HypergeometricParameters& from,
@@ -156,7 +155,7 @@ DoubleDouble RisingProduct(DoubleDouble a, double count, int sign, int& exponent
     constexpr int kBetweenScaling = 16;
     DoubleDouble product = {1, 0};
     for (int k = 0; k < count; ++k) {
-        product = LooseProduct(product, PlusInteger(a, k));
+        product = LooseProduct(product, a + k);
         if (k % kBetweenScaling != 0 && k + 1 < count) continue;
         int own = 0;
         product.high = std::frexp(product.high, &own);
@@ -180,13 +179,13 @@ HypergeometricPoint Reflected(const HypergeometricParameters& p, const Place& pl
         point = WalkFrom(PolynomialStart(other), other, mirrored);
     }
     if (point.failed) return point;
-    point.slope = LooseProduct(Negate(point.slope), place.odds);
+    point.slope = LooseProduct(-point.slope, place.odds);
     int exponent = 0;
-    const DoubleDouble factor = Divide(RisingProduct(Subtract(p.c, p.b), -p.a.high, 1, exponent),
-                                       RisingProduct(p.c, -p.a.high, -1, exponent));
+    const DoubleDouble factor = RisingProduct(p.c - p.b, -p.a.high, 1, exponent) /
+                                RisingProduct(p.c, -p.a.high, -1, exponent);
     point.exponent += exponent;
-    point.value = Multiply(point.value, factor);
-    point.slope = Multiply(point.slope, factor);
+    point.value *= factor;
+    point.slope *= factor;
     point.error *= std::fabs(factor.high);
     return point;
 }
@@ -202,10 +201,10 @@ HypergeometricPoint HypergeometricByShifts(const HypergeometricParameters& p, Do
 KALVEX_WITH_FMA
 HypergeometricPoint PolynomialByShifts(const HypergeometricParameters& p, DoubleDouble z,
                                        DoubleDouble w) {
-    const DoubleDouble s = Subtract(Subtract(p.c, p.a), p.b);
+    const DoubleDouble s = p.c - p.a - p.b;
     const Place place = PlaceAt(z, w);
     const Place mirrored = {w, z, place.evens, place.odds, place.inverseZ, place.inverse};
-    const HypergeometricParameters other = {p.a, p.b, PlusInteger(Negate(s), 1)};
+    const HypergeometricParameters other = {p.a, p.b, 1 - s};
     const bool isLesser = p.c.high > 1 && Outgrown(p, z.high, w.high) > kBearable;
     const bool isLesserThere =
         s.high < 0 ? z.high > 0.5 || Outgrown(other, w.high, z.high) > kBearable

@@ -10,7 +10,7 @@ constexpr double kLeastDistance = 0.25;  // of the start from what would be divi
 
 /// The number of the same fraction between 1/4 and 5/4.
 DoubleDouble NextToZero(DoubleDouble a) {
-    return PlusInteger(a, -std::floor(a.high - kLeastDistance));
+    return a - std::floor(a.high - kLeastDistance);
 }
 
 /// For a negative integer c, which a and b keep away from all the way.
@@ -28,26 +28,26 @@ bool IsNextToNegativeInteger(double a) {
 }
 
 bool IsClose(DoubleDouble a, DoubleDouble b) {
-    return std::fabs(Subtract(a, b).high) < kLeastDistance;
+    return std::fabs((a - b).high) < kLeastDistance;
 }
 
 }  // namespace
 
 HypergeometricParameters GeneralStart(const HypergeometricParameters& p) {
     HypergeometricParameters start = {NextToZero(p.a), NextToZero(p.b), p.c};
-    const DoubleDouble s = Subtract(Subtract(p.c, start.a), start.b);
-    start.c = PlusInteger(p.c, -std::nearbyint(s.high));
+    const DoubleDouble s = p.c - start.a - start.b;
+    start.c = p.c - std::nearbyint(s.high);
     for (int i = 0; i < 2 && start.c.high < kLeastDistance; ++i) {
-        start.a = PlusInteger(start.a, 1);
-        start.c = PlusInteger(start.c, 1);
+        start.a += 1;
+        start.c += 1;
     }
     if (IsClose(start.c, start.a)) {
-        start.b = PlusInteger(start.b, 1);
-        start.c = PlusInteger(start.c, 1);
+        start.b += 1;
+        start.c += 1;
     }
     if (IsClose(start.c, start.b)) {
-        start.a = PlusInteger(start.a, 1);
-        start.c = PlusInteger(start.c, 1);
+        start.a += 1;
+        start.c += 1;
     }
     return start;
 }
@@ -56,11 +56,11 @@ HypergeometricParameters PolynomialStart(const HypergeometricParameters& p) {
     constexpr double kTwo = 2;
     if (IsNegativeInteger(p.c)) return StartAtPole(p);
     HypergeometricParameters start = {{0, 0}, NextToZero(p.b), NextToZero(p.c)};
-    if (IsNextToNegativeInteger(Subtract(p.c, p.b).high) && p.a.high <= -kTwo) {
+    if (IsNextToNegativeInteger((p.c - p.b).high) && p.a.high <= -kTwo) {
         start.a = {-kTwo, 0};
-        start.b = PlusInteger(p.b, kTwo + std::nearbyint(Subtract(start.c, p.b).high));
+        start.b = p.b + (kTwo + std::nearbyint((start.c - p.b).high));
     } else if (IsClose(start.c, start.b) || start.c.high < start.b.high) {
-        start.c = PlusInteger(start.c, 1);
+        start.c += 1;
     }
     return start;
 }

@@ -65,8 +65,8 @@ Stretches StretchesOf(const HypergeometricParameters& from, const std::array<dou
 bool Crosses(const Stretches& stretches, const HypergeometricParameters& from,
              const HypergeometricParameters& to) {
     const auto divisors = [](const HypergeometricParameters& p) {
-        return std::array<double, 5>{p.a.high, p.b.high, p.c.high, Subtract(p.c, p.a).high,
-                                     Subtract(p.c, p.b).high};
+        return std::array<double, 5>{p.a.high, p.b.high, p.c.high, (p.c - p.a).high,
+                                     (p.c - p.b).high};
     };
     const auto first = divisors(from);
     const auto last = divisors(to);

@@ -84,7 +84,7 @@ bool WalkInBlocks(const Stretches& stretches, const Place& place, Traveller& t) 
             if (!Tidy(t, place)) return false;
         }
         for (std::size_t i = 0; i < 3; ++i)
-            t.at.p[i] = PlusInteger(t.at.p[i], stretches.steps[i]);
+            t.at.p[i] += stretches.steps[i];
     }
     return true;
 }

@@ -1,11 +1,12 @@
-// The power series of the Gauss hypergeometric function with as many digits as it takes. Internal
+// The power series of the Gauss hypergeometric function, summed in numbers of many digits. Internal
 // to the special functions.
 //
-// Doubles are integers times powers of two, and so are a+k, b+k and c+k. With the numerators
-// N(k) = (a+k) (b+k) z and the denominators D(k) = (c+k) (k+1), all of them integers of few limbs,
-// the sum of the terms up to the k-th is A(k)/B(k) and the k-th T(k)/B(k), where
-//   T(k+1) = T(k) N(k),  B(k+1) = B(k) D(k),  A(k+1) = A(k) D(k) + T(k+1),
-// so that nothing is divided but the end.
+// Every double is an integer times a power of two. So are a+k, b+k, c+k and z. The ratio of two
+// neighbouring terms therefore is a quotient of the integers N(k) = (a+k) (b+k) z and
+// D(k) = (c+k) (k+1), which have few limbs. The k-th term is T(k)/B(k), and the sum of the terms
+// up to it is A(k)/B(k), where
+//   T(k+1) = T(k) N(k),  B(k+1) = B(k) D(k),  A(k+1) = A(k) D(k) + T(k+1).
+// The only division is that of A by B after the last term.
 #pragma once
 
 #include <algorithm>
@@ -19,7 +20,8 @@
 
 namespace kalvex::specfun {
 
-/// Holds a double, and the sums and differences of those that are not too far apart, exactly.
+/// Holds every double exactly. It also holds sums and differences of doubles exactly, as long as
+/// their exponents are not too far apart.
 using Exact = Wide<6>;
 
 struct WideParameters {
@@ -28,25 +30,26 @@ struct WideParameters {
     Exact c;
 };
 
-/// The quotient of the two.
+/// The argument of the series, z / over.
 struct WideArgument {
     Exact z;
     Exact over = WideOf<6>(1);
 };
 
-/// A number and the logarithm to base 2 of a bound of its error.
+/// A number, and the logarithm to base 2 of a bound of its absolute error.
 template <std::size_t limbs>
 struct Bounded {
     Wide<limbs> value;
     double error = -INFINITY;
 };
 
-/// The logarithm to base 2 of a bound of the magnitude.
+/// The logarithm to base 2 of a bound of |a|.
 template <std::size_t limbs>
 [[nodiscard]] double SizeOf(const Wide<limbs>& a) {
     return a.sign == 0 ? -INFINITY : static_cast<double>(a.exponent);
 }
 
+/// a b. The greatest of four parts of the error is taken, and 2 is added for their number.
 template <std::size_t limbs>
 [[nodiscard]] Bounded<limbs> Multiply(const Bounded<limbs>& a, const Bounded<limbs>& b) {
     const double ofA = SizeOf(a.value);
@@ -56,6 +59,7 @@ template <std::size_t limbs>
     return {Multiply(a.value, b.value), error + 2};
 }
 
+/// a + b, with its error bounded in the same way.
 template <std::size_t limbs>
 [[nodiscard]] Bounded<limbs> Add(const Bounded<limbs>& a, const Bounded<limbs>& b) {
     const double size = std::max(SizeOf(a.value), SizeOf(b.value));
@@ -63,24 +67,24 @@ template <std::size_t limbs>
     return {Add(a.value, b.value), error + 2};
 }
 
-/// Value and slope, z times the derivative.
+/// The value of a series and its slope, which is z times the derivative.
 template <std::size_t limbs>
 struct WideSum {
     Bounded<limbs> value;
     Bounded<limbs> slope;
     bool failed = true;
-    bool isLong = false;  // failed for want of terms, which more limbs do not help
+    bool isLong = false;  // failed because it has too many terms; more limbs do not help
 };
 
 inline constexpr int kMostWideTerms = 6000;
 
-/// What is known of the terms once all factors are positive.
+/// The parameters as doubles, for a bound of the terms that are left out.
 struct FallingTerms {
     double a;
     double b;
     double c;
     double z;
-    double settled;  // the factors are positive beyond
+    double settled;  // a+k, b+k and c+k are positive for k above it
 
     FallingTerms(const WideParameters& p, const WideArgument& argument)
         : a(ToDouble(p.a)),
@@ -89,21 +93,22 @@ struct FallingTerms {
           z(ToDouble(argument.z) / ToDouble(argument.over)),
           settled(-std::min({a, b, c})) {}
 
-    /// After the k-th ratio, which has led to a term of that size.
+    /// The bound of RestAfter once the k-th ratio is taken. `size` is the logarithm to base 2 of
+    /// the magnitude of the term that this ratio has led to.
     [[nodiscard]] double Rest(int k, double size) const {
         return RestAfter(a + k + 1, b + k + 1, c + k + 1, k + 2, z, size);
     }
 };
 
-/// The numerators and denominators one after the other.
+/// The numerators and the denominators of the ratios of neighbouring terms, in turn.
 struct Factors {
     Counter a;
     Counter b;
     Counter c;
     Factor z;
     Factor over;
-    int sign = 1;            // of z/over
-    std::int64_t limbs = 0;  // that each ratio is shifted up by
+    int sign = 1;            // the sign of z / over
+    std::int64_t limbs = 0;  // each ratio is 2^(64 limbs) numerator / denominator
     bool failed = true;
 
     Factor numerator = {};
@@ -119,7 +124,10 @@ struct Factors {
         const double upper = a.bits + b.bits + static_cast<double>(argument.z.exponent - ofZ);
         const double lower = c.bits + static_cast<double>(argument.over.exponent - ofOver);
         const auto limbsOf = [](double bits) { return std::ceil(bits / 64); };
-        // a denominator is multiplied by twice
+        // The ratio has a factor 2^scale. Whole limbs of it count as an exponent. The other `up`
+        // bits are put into the numerator, or else 64 - up bits into the denominator, whichever
+        // makes the products shorter. A denominator counts twice, because the sum and
+        // the product of the denominators are both multiplied by it.
         const double ofUpper = limbsOf(upper + static_cast<double>(up)) + 2 * limbsOf(lower);
         const double ofLower = limbsOf(upper) + 2 * limbsOf(lower + 64 - static_cast<double>(up));
         const bool raises = up == 0 || ofUpper <= ofLower;
@@ -129,7 +137,7 @@ struct Factors {
                  !SetInteger(argument.over, ofOver - (raises ? 0 : 64 - up), over);
     }
 
-    /// The k-th; the sign of the ratio.
+    /// Sets the k-th numerator and denominator. Returns the sign of their quotient.
     [[nodiscard]] int Take(int k) {
         Factor next;
         next.digits[0] = static_cast<std::uint64_t>(k) + 1;
@@ -146,13 +154,14 @@ struct Factors {
     }
 };
 
-/// The sums of the magnitudes of the terms, and of k times those, in plain arithmetic.
+/// The sum of the magnitudes of the terms, and the sum of (k+1) times the k-th of them, both in
+/// plain arithmetic. The error of the sum of many digits is estimated from them.
 struct Magnitudes {
     double term = 1;
-    double exponent = 0;  // of the term
+    double exponent = 0;  // the term is to be multiplied by 2^exponent
     double sum = 1;
     double slopes = 1;
-    double common = 0;  // exponent of the sums
+    double common = 0;  // both sums are to be multiplied by 2^common
 
     void Take(const Factors& factors, int k) {
         constexpr double kFar = 300;
@@ -177,9 +186,10 @@ struct Magnitudes {
     }
 };
 
-/// The sum so far. What each step cuts off is, beside the sum, at most three units u = 2^-kBits of
-/// the greatest sum or term so far, and k units of the k-th term: of K terms 4 K u times the sum of
-/// their magnitudes in all, and a little more with the slopes.
+/// The term and the sums so far, without the division by the denominator. With u = 2^-kBits, each
+/// step cuts off at most 3 u times the greatest sum or term so far, and the k-th term itself is off
+/// by at most k u times its size. For K terms the error therefore is at most 4 K u times the sum of
+/// their magnitudes. It is a little more for the slope.
 template <std::size_t limbs, bool slopes, std::size_t below>
 struct RunningSum {
     LimbNumber<limbs> term = OneInLimbs<limbs>();
@@ -205,6 +215,8 @@ struct RunningSum {
         }
     }
 
+    /// above / denominator after k steps. `error` is the logarithm to base 2 of a bound of the
+    /// error of the quotient that `above` causes. The part that the denominator causes is added.
     [[nodiscard]] Bounded<limbs> Quotient(const LimbNumber<limbs>& above, double error,
                                           int k) const {
         Bounded<limbs> result = {Divide(WideOf<limbs>(above), WideOf<limbs>(denominator)), error};
@@ -214,7 +226,7 @@ struct RunningSum {
         return result;
     }
 
-    /// About the logarithm to base 2 of the value.
+    /// The logarithm to base 2 of the magnitude of the value, to about 1.
     [[nodiscard]] double Size() const {
         if (value.sign == 0) return -INFINITY;
         const auto own = [](std::uint64_t top, std::int64_t exponent) {
@@ -225,9 +237,10 @@ struct RunningSum {
     }
 };
 
-/// The terms, the exact parameters being a, b and c, until the rest counts for nothing beside what
-/// rounding leaves unknown or beside 2^-wanted times the sum. The relative error is at least that
-/// of the denominator, of `below` limbs.
+/// Sums the series. It ends when a bound of the terms left out is below the error of rounding or
+/// below 2^-wanted times the sum. The sum fails when that takes more than `most` terms, when c+k
+/// becomes 0, or when the parameters have too many bits. The denominator has `below` limbs, and the
+/// relative error of the result is at least that of the denominator.
 template <std::size_t limbs, bool slopes, std::size_t below = limbs>
 [[nodiscard]] WideSum<limbs> SumWide(const WideParameters& p, const WideArgument& argument,
                                      double wanted, double most = kMostWideTerms) {

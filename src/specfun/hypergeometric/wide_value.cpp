@@ -157,10 +157,9 @@ struct JoiningPlan {
 JoiningPlan PlanOfJoining(const HypergeometricParameters& p) {
     constexpr double kMargin = 40;
     constexpr double kMostTerms = 3000;
-    const DoubleDouble s = Subtract(Subtract(p.c, p.a), p.b);
-    const HypergeometricParameters first = {p.a, p.b, PlusInteger(Negate(s), 1)};
-    const HypergeometricParameters second = {Subtract(p.c, p.a), Subtract(p.c, p.b),
-                                             PlusInteger(s, 1)};
+    const DoubleDouble s = p.c - p.a - p.b;
+    const HypergeometricParameters first = {p.a, p.b, 1 - s};
+    const HypergeometricParameters second = {p.c - p.a, p.c - p.b, s + 1};
     double largest = 0;  // of what is to cancel
     const std::array<HypergeometricParameters, 3> parts = {p, first, second};
     for (const HypergeometricParameters& part : parts) {
@@ -169,7 +168,7 @@ JoiningPlan PlanOfJoining(const HypergeometricParameters& p) {
         if (!(foreseen.terms < kMostTerms)) return {};
         if (&part != parts.data()) largest = std::max(largest, foreseen.largest);
     }
-    const DoubleDouble left = Subtract(s, std::nearbyint(s.high));
+    const DoubleDouble left = s - std::nearbyint(s.high);
     const bool moves = left.high == 0;
     const double lost = moves ? kMove : -std::log2(std::fabs(left.high));
     return {moves, std::max(lost, largest) + kWanted + kMargin};
@@ -184,8 +183,8 @@ Value Joining(const HypergeometricParameters& p, const JoiningPlan& plan, double
     Value value = ValueOf({p, {}, false, 0}, point, x);
     if (point.failed) return value;
     int more = 0;
-    const DoubleDouble factor = ExpScaled(Negate(Multiply(kLn2, p.c)), more);
-    value.fraction = Multiply(value.fraction, factor);
+    const DoubleDouble factor = ExpScaled(-(kLn2 * p.c), more);
+    value.fraction *= factor;
     value.slope *= factor.high;
     value.exponent += more;
     return value;
