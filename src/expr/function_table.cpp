@@ -1,4 +1,4 @@
-// The rows, and what the compiler checks of them.
+// The rows of functions.inc, and rules about them that are checked when this file is compiled.
 #include "expr/function_table.h"
 
 #include <algorithm>
@@ -70,7 +70,7 @@ constexpr bool FitsOperands(const Function& function) {
 }
 static_assert(std::ranges::all_of(kRows, FitsOperands), "a call has one to four arguments");
 
-/// A kernel sets no code of another function, and no function has a text without a code.
+/// Whether a function with a kernel has no code that belongs to another function.
 constexpr bool HasFittingCode(const Function& function) {
     const bool isOwn = function.message.has_value();
     const bool isShared = !isOwn && function.code != EvalCode::None;
@@ -78,7 +78,7 @@ constexpr bool HasFittingCode(const Function& function) {
 }
 static_assert(std::ranges::all_of(kRows, HasFittingCode), "a kernel sets its own code or none");
 
-/// Every code of functions is the own code of one row, which explains it.
+/// Whether exactly one row has the code as its own and gives its message.
 constexpr bool IsOwnedByOneRow(EvalCode code) {
     return std::ranges::count_if(kRows, [code](const Function& function) {
                return function.code == code && function.message;

@@ -6,7 +6,7 @@
 //     P = K Re(exp(i (N theta - pi/4)) S),  K^2 = 2/(pi sin(theta)) (Gamma(n+1)/Gamma(n+3/2))^2,
 //     S = sum of h(m) z^m,  z = (1 - i cot(theta))/2,  h(m)/h(m-1) = (m-1/2)^2 / (m (n+m+1/2)).
 //   Its error is below twice the first term left out; the least terms are about exp(-2 N theta).
-//   S is 1 but for 2^-7.6 at most, so only its first terms need more than doubles.
+//   S differs from 1 by at most 2^-7.6, so only its first terms need more than doubles.
 // - Beyond x = 1 with theta = i eta: the same series, then the growing half of the same expansion.
 #include <cmath>
 
