@@ -22,7 +22,7 @@ std::u16string_view NameOf(const FunctionEntry& entry) {
 
 std::u16string LegendText(const FunctionEntry& entry, std::size_t limit) {
     const bool polar = entry.type == EquationType::Polar;
-    const std::u16string shown = DisplayText(entry, limit);
+    std::u16string shown = DisplayText(entry, limit);
     if (!polar || NameOf(entry).size() > limit) return shown;
     return FillIn(Text(StringId::LegendPolar), {shown});
 }
