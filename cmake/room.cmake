@@ -24,12 +24,14 @@ if(KALVEX_SANITIZE)
   target_link_options(kalvex_flags INTERFACE -fsanitize=address,undefined)
 endif()
 if(KALVEX_COVERAGE)
-  # The windows use threads, and the tests are many processes that share the counts.
+  # Counters must be updated atomically: the windows use threads, and many test processes add to the
+  # same counts.
   target_compile_options(kalvex_flags INTERFACE --coverage -fprofile-update=atomic)
   target_link_options(kalvex_flags INTERFACE --coverage)
 endif()
 
-# kalvex_room(NAME SOURCES file...): links what the table of rooms says that the room may use.
+# kalvex_room(NAME SOURCES file...): the library of a room, linked to the rooms and libraries in its
+# row of the table of rooms.
 function(kalvex_room NAME)
   cmake_parse_arguments(ROOM "" "" "SOURCES;USES" ${ARGN})
   if(ROOM_USES)

@@ -1,6 +1,6 @@
-# The rooms of the program, from the bottom up, and what each may use. This is the one place that
-# says so: the build links the rooms by it, and tests/rooms compares it with the includes of src/
-# and with the table in docs/architecture.md.
+# The rooms of the program, from the bottom up, with the rooms and libraries that each may use. The
+# build links the rooms by this table, and tests/rooms compares it with the includes of src/ and with
+# the table in docs/architecture.md.
 set(KALVEX_ROOMS
   # room     | rooms that it uses                                                               | libraries
   "base      |                                                                                  |"

@@ -21,8 +21,8 @@ set(ENV{PKG_CONFIG_SYSROOT_DIR} ${KALVEX_SYSROOT})
 set(ENV{PKG_CONFIG_LIBDIR}
     ${KALVEX_SYSROOT}/usr/lib/aarch64-linux-gnu/pkgconfig:${KALVEX_SYSROOT}/usr/share/pkgconfig)
 
-# moc and similar tools run during the build, so this machine's are used; their version must be that
-# of the libraries.
+# moc and similar tools run during the build, so those of this machine are used. They must have the
+# same version as the Qt libraries of the sysroot.
 set(QT_HOST_PATH /usr CACHE PATH "Where Qt is for programs that run while building")
 file(GLOB KALVEX_HOST_QT /usr/lib/*/cmake/Qt6HostInfo)
 if(KALVEX_HOST_QT)

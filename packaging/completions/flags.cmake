@@ -1,5 +1,5 @@
-# The flags of the tool that leave a part of the picture out, as the completion of each shell wants
-# them. They are read from the table of options, so that they stand there only.
+# Makes the list of the flags that leave a part of the picture out, in the form that the completion of
+# each shell needs. The flags are read from the table of options, so that no list is kept by hand.
 set(table ${PROJECT_SOURCE_DIR}/src/workspace/option_rows.h)
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${table})
 file(READ ${table} rows)

@@ -1,5 +1,5 @@
-# What a Debian package holds beside the installed files: copyright, change logs, exceptions for
-# lintian. Change logs and manual pages are compressed. CPack runs this before it packs, once for both packages.
+# Adds to the Debian packages what they need beside the installed files: copyright, change logs,
+# exceptions for lintian. Change logs and manual pages are compressed. CPack runs this before it packs, once for both packages.
 find_program(GZIP gzip REQUIRED)
 
 function(compress FILE)

@@ -1,5 +1,5 @@
 # The Debian packages kalvex and kalvex-cli, made by CPack; scripts/make-packages builds them.
-# Their version is that of debian/changelog, which must be of the program's version.
+# Their version comes from debian/changelog and must belong to the program's version.
 file(STRINGS ${CMAKE_CURRENT_LIST_DIR}/changelog entry LIMIT_COUNT 1)
 if(NOT entry MATCHES "^kalvex \\(${PROJECT_VERSION}-([0-9]+)\\)")
   message(FATAL_ERROR "packaging/debian/changelog does not begin with version ${PROJECT_VERSION}")
@@ -27,8 +27,9 @@ set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 
-# The libraries are found by themselves. Qt loads its window systems (the tool: the one that needs
-# no screen) at run time, and a bare machine has no font, without which all texts are empty.
+# Dependencies on libraries are found automatically. The platform plug-ins of Qt are loaded at run time
+# and must be named; the tool uses the one that needs no screen. A minimal system has no font, and
+# without a font all texts are empty.
 set(runtime "qt6-qpa-plugins, fonts-dejavu-core")
 
 set(CPACK_DEBIAN_KALVEX_PACKAGE_NAME kalvex)

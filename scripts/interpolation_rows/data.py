@@ -1,4 +1,4 @@
-"""The points of the tables, the methods asked about them, and where."""
+"""What the tables of the methods contain: the points, the methods tried on them, and the abscissas."""
 import math
 
 SMOOTH = [2, 3, 4, 5, 6, 7, 8, 11, 12]
@@ -17,7 +17,7 @@ def uneven(count):
 
 
 def well_placed(count):
-    """Extreme points of a Chebyshev polynomial, on which high degrees are well conditioned."""
+    """The extrema of a Chebyshev polynomial; interpolation of high degree is well conditioned on them."""
     return [(-math.cos(math.pi * i / (count - 1)), 1 / (1 + 3 * math.cos(0.3 + i) ** 2))
             for i in range(count)]
 
@@ -54,7 +54,7 @@ def tables():
     known['repeated07'] = repeated, [case(c) for c in ANY_ORDER] + [case(0, 3), case(0, 5)]
     mixed = [(1.0, 2.0), (3.0, -1.0), (0.5, 4.0), (2.0, 0.5), (6.0, 3.0), (5.0, 1.0)]
     known['mixed06'] = mixed, [case(c) for c in ANY_ORDER + [1, 12]] + [case(0, 3)]
-    # Least squares on very uneven points: x over three decades, and one point far from the others.
+    # Least squares on very unevenly spaced points: abscissas over three decades, and one far outlier.
     decades = [(10 ** (1 + i * 3 / 19), 3 * math.sin(i)) for i in range(20)]
     known['decades20'] = decades, [case(0, terms) for terms in (8, 14, 16)]
     outlier = [(float(i), 3 * math.sin(i)) for i in range(14)] + [(1000.0, 1.0)]

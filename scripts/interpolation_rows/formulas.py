@@ -1,7 +1,7 @@
-"""The value of a method at an abscissa, exactly or with 120 digits.
+"""The value of a method at an abscissa, as an exact fraction or with 120 digits.
 
-Method(points, case).at(t) is (value, size) or None where there is no finite value. size: see
-make-interpolation-tables.
+Method(points, case).at(t) returns (value, size), or None where the method has no finite value.
+make-interpolation-tables explains what size is.
 """
 from fractions import Fraction
 
@@ -27,7 +27,7 @@ def lagrange_weights(xs, t):
 
 
 def solve(rows, right):
-    """Gauss elimination with fractions."""
+    """Solves a linear system by Gaussian elimination with fractions."""
     table = [list(row) + [value] for row, value in zip(rows, right)]
     n = len(table)
     for k in range(n):
@@ -42,8 +42,11 @@ def solve(rows, right):
 
 
 def beta_basis(bias, tension):
-    """Four cubics, from the continuity of position, of the slope in the ratio `bias`, and of the
-    second derivative bias^2 f'' + tension f'; from zero ends; and from their sum."""
+    """The four cubics of a beta spline's basis function, as coefficients in the parameter of their piece.
+
+    They solve the linear system that says: where two pieces meet, the values agree, the slopes are in the
+    ratio `bias`, and f'' after the joint is bias^2 f'' + tension f' before it; value, slope and second
+    derivative are 0 at both ends; the four cubics add up to 1 at the joints."""
     def row(entries):
         out = [Fraction(0)] * 16
         for cubic, power, factor in entries:
@@ -76,8 +79,8 @@ def beta_basis(bias, tension):
 
 
 def b_basis(u):
-    """The four cubic B splines over integer knots that are not 0 at u, by Cox and de Boor. The
-    polynomial of the piece 0..1 is followed, so u may lie outside."""
+    """The four cubic B splines over integer knots that do not vanish on 0..1, at u, by the recurrence of
+    Cox and de Boor. Their polynomials on 0..1 are used for every u, also outside of that interval."""
     def spline(first, degree):
         if degree == 0:
             return Fraction(1 if first == 0 else 0)
@@ -115,7 +118,7 @@ class Method:
             return None
 
     def left(self, t):
-        """The piece, as the rule is worded."""
+        """The index of the piece that holds t: by the first inner point whose abscissa is greater than t."""
         for i in range(1, self.n - 1):
             if t < self.x[i]:
                 return i - 1
@@ -157,7 +160,8 @@ class Method:
         return weighted(weights, controls(self.y, left))
 
     def blend(self, t, xs):
-        """Two parabolas over the abscissas xs, blended over the piece; one at the ends."""
+        """An inner piece blends two parabolas through three points each, over the abscissas xs. The first
+        and the last piece follow a single parabola."""
         left = self.left(t)
         u = self.parameter(t, left)
         at = xs[left] + u * (xs[left + 1] - xs[left])
@@ -182,7 +186,8 @@ class Method:
         return weighted([h**k for k in range(4)], pieces[left])
 
     def prepare_cubic(self):
-        """All coefficients of all pieces from one banded system: values, then continuity."""
+        """Solves one linear system for the coefficients of all pieces: the values at the points, continuous
+        first and second derivatives, and the two end conditions."""
         n, x, y = self.n, self.x, self.y
         size = 4 * (n - 1)
         rows = mpmath.matrix(size, size)
@@ -205,7 +210,8 @@ class Method:
 
         def end(flag, value, i, h):
             order = {0: 3, 1: 1, 2: 2}[flag]
-            # One piece with both ends free is the straight line: its bend is 0 too.
+            # A single piece with both ends free is a straight line. Both conditions say that the third
+            # derivative is 0, so the one at its right end asks for a second derivative of 0 instead.
             if n == 2 and flag == 0 and self.val == self.val2 == 0:
                 order = 3 if h == 0 else 2
             equation(derivative(i, order, h), 0 if flag == 0 else value)
@@ -264,7 +270,8 @@ class Method:
         return self.power_piece(t, self.pieces)
 
     def prepare_least(self):
-        """Normal equations for powers of a variable of -1..1, far more digits than they cost."""
+        """Inverts the matrix of the normal equations for powers of x, scaled to -1..1. The 120 digits are
+        far more than the bad condition of that matrix costs."""
         low, high = min(self.x), max(self.x)
         self.centre, self.half = (low + high) / 2, (high - low) / 2
         u = [self.unit(x) for x in self.x]

@@ -1,4 +1,4 @@
-"""What scipy and numpy say about the same values."""
+"""Compares the reference values with those of scipy and numpy."""
 import numpy
 from scipy import interpolate
 
@@ -11,13 +11,13 @@ def boundary(flag, value):
 
 
 def well_conditioned(x, terms):
-    """Whether powers of x, brought to -1..1, can carry a fit in doubles."""
+    """Whether a fit by powers of x, scaled to -1..1, is well conditioned enough for doubles."""
     scaled = numpy.interp(x, (min(x), max(x)), (-1.0, 1.0)) if len(set(x)) > 1 else x
     return numpy.linalg.cond(numpy.polynomial.polynomial.polyvander(scaled, terms - 1)) < 1e8
 
 
 def peer(points, case):
-    """A function of t from a library, with its name; None where there is none."""
+    """The name of a library's form of the method and its function of t; None where no library has it."""
     approx, val, val2, beta1, beta2 = case
     x = numpy.array([p[0] for p in points])
     y = numpy.array([p[1] for p in points])
@@ -45,7 +45,7 @@ def check(points, case, t, value, size):
         return
     name, function = kept[key]
     xs = [x for x, _ in points]
-    # Its quotient of two sums is only good among the points.
+    # The barycentric formula, a quotient of two sums, is only accurate between the outermost points.
     if name == 'BarycentricInterpolator' and not min(xs) <= t <= max(xs):
         return
     error = abs(float(function(t)) - value) / max(abs(value), size, 1e-300)

@@ -8,7 +8,7 @@ from .frame import around, generator, linear, logarithmic, positive_edges, rows
 
 
 def negative_airy(x, second):
-    """Below -1e4, by the series for large arguments (DLMF 9.7.9, 9.7.11)."""
+    """Ai or Bi for x below -1e4, by the expansions for large arguments (DLMF 9.7.9, 9.7.11)."""
     with mp.extradps(40 + int(2 * mpmath.log10(-x))):
         zeta = 2 * mpmath.power(-x, mpmath.mpf(3) / 2) / 3
         sine, cosine = mpmath.sin(zeta - mp.pi / 4), mpmath.cos(zeta - mp.pi / 4)
@@ -29,8 +29,8 @@ def airy(x, second):
 
 
 def airy_condition(x, second):
-    """|x f'/f|, but 0 below -1e10, where it would let every value pass: there a row asks for the
-    value at the very double."""
+    """The condition number |x f'/f|. Below -1e10 it is so large that a test would accept every value;
+    0 stands in its place, so that the value must be that of exactly this double."""
     if x == 0 or x < -1e10:
         return mpmath.mpf(0)
     f = lambda x: airy(x, second)
@@ -40,7 +40,7 @@ def airy_condition(x, second):
         return x * (f(x + step) - f(x - step)) / (2 * step) / f(x)
 
 
-# Found by search.
+# The points with the largest errors that a search has found.
 WORST = {
     'Ai': [2.1334783726550319, -1.0186674658785466, -3.247927601845972, -4.087949444130971, -3.2482431440704955,
            -0.00566677774017, -1.1254207470938729],
@@ -54,7 +54,8 @@ def airy_points(name):
     points += [-p for p in logarithmic(rng, 1e-3, 1e3, 60) + logarithmic(rng, 1e3, 1e12, 40)]
     points += [-1e20, -1e100, -1e200, -1e300, 200, 1e5]
     points += around(2.08, 2.09, -2.09, 8.3203353, 25, 25.77, -25.77, -10, 103.7, 104.2)
-    # Where methods meet (at 3.83, 4.79 and 9.65 zeta is 5, 7 and 20), and where phases have most digits.
+    # The borders between the methods (zeta is 5, 7 and 20 at 3.83, 4.79 and 9.65), and the arguments whose
+    # phase has the most digits.
     points += around(-16, -8, -4, -1.875, -0.5, 0.5, 1.25, 3.8315471, 4.7949, 9.6548938, -1e10)
     points += [math.nextafter(1e3, math.inf), -1.7976931348623157e308, -math.ldexp(1, 1023), -1e308]
     points += [-p for p in logarithmic(rng, 1e9, 1e30, 20) + logarithmic(rng, 1e30, 1.79e308, 50)]

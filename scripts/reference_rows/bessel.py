@@ -11,7 +11,7 @@ NEAR_WHOLE = (1e-3, 1e-5, 1e-7, 1e-10, 1e-13)
 
 
 def order_of(order):
-    """Orders this small differ from 0 in no digit of the value."""
+    """The order, or 0 if it is so small that the value has the same digits as that of order 0."""
     return mpmath.mpf(0) if abs(order) < 1e-60 else order
 
 
@@ -24,7 +24,7 @@ def bessel_y(order, x):
 
 
 def bessel_i(order, x):
-    """The power series, all of whose terms are positive."""
+    """I by its power series. All terms are positive, so nothing cancels."""
     order = order_of(order)
     quarter = x * x / 4
     total = term = mpmath.mpf(1)
@@ -37,8 +37,8 @@ def bessel_i(order, x):
 
 
 def bessel_k(order, x):
-    """The integral of exp(-x cosh t) cosh(order t) over t from 0 by the trapezoidal rule, which
-    converges faster than any power of the step for it."""
+    """K as the integral of exp(-x cosh t) cosh(order t) over t from 0 to infinity. For this integrand
+    the error of the trapezoidal rule falls faster than any power of the step."""
     peak = mpmath.asinh(order / x)
     width = 1 / mpmath.sqrt(mpmath.hypot(order, x))
     step = min(mpmath.mpf(3) / mp.dps, width * 3 / mpmath.sqrt(2 * mp.dps))
@@ -57,7 +57,7 @@ def bessel_k(order, x):
 
 
 def slope(f):
-    """|x f'/f| by the neighbouring orders."""
+    """A function that computes x f'/f from the values of the two neighbouring orders."""
 
     def condition(order, x):
         value = f(order, x)
@@ -89,7 +89,8 @@ def orders(rng, count):
 
 
 def arguments(rng, order, far):
-    """Arguments small, moderate, near the order, near the end of the power series, far."""
+    """Arguments of every kind: small, moderate, near the order, near the end of the range of the power
+    series, and large."""
     order = abs(order)
     end = 2 * math.sqrt(order + 1)
     return [rng.choice(logarithmic(rng, 1e-300, 1e-3, 1)), rng.choice(logarithmic(rng, 1e-3, 30, 1)),
@@ -108,18 +109,18 @@ def points(rng, count, far, negative):
 
 
 def seams(places):
-    """Both sides of the places where one method takes over from another."""
+    """Arguments on both sides of each border between two methods, for several orders."""
     return [(order, x) for place in places for order in (0, 1, 2.25, 7.5, 3 - 1e-10)
             for x in around(place)[:5]]
 
 
-# Negative orders at the same places.
+# Negative orders at the same borders.
 REFLECTED = [(-n, x) for n in (0.3, 12.25, 30.5, 49 - 1e-10) for place in (1.5, 22)
              for x in around(place)[:5]]
 
 
 def near_zeros(rng, zeros, count):
-    """Close to the zeros of order whole and half-integral, and at the extrema between."""
+    """Zeros for whole, half-integral and other orders, points close to them, and extrema."""
     found = []
     for _ in range(count):
         order = rng.choice((0, 1, 2, 5, 20, 0.5, 3.5, 2.7))
@@ -136,7 +137,7 @@ TURNING = [(n, n * f) for n in (8, 31, 100, 256.5, 1000)
 
 
 def expansion_points(far):
-    """Around the places where the expansions for large orders take over, and beyond them."""
+    """Arguments near the borders of the ranges of the expansions for large orders, and inside them."""
     found = []
     for order in (math.nextafter(24, 0), 24, 31.25, 50, 99.5):
         x = seam(order, -1)
@@ -147,25 +148,25 @@ def expansion_points(far):
     return found
 
 
-# Places where the errors were largest.
+# The points with the largest errors found so far.
 WORST = [(0, 0.00054968347949789151), (0, 0.0078887364422563708), (0, 2.194106837201292),
          (0.49997915798764969, 2.9718825457632536), (106.129771055501, 295.90298500463297),
          (158, 172.29135548591873), (399, 423.24307856632356), (633, 310504.16248163575),
          (42.75, 105.3), (0.5, 5.0290010391969654e+210)]
 
-# Both sides of the ends of the three ways to reduce an angle; next to a multiple of a quarter turn;
-# the largest.
+# An angle is reduced in one of three ways, by its magnitude: arguments on both sides of the two borders,
+# an argument next to a multiple of a quarter turn, and the largest double.
 ANGLES = [(order, x) for order in (0, 0.5, 2.3) for place in (2.0 ** 19, 2.0 ** 30)
           for x in around(place)[:3]]
 ANGLES += [(order, 6381956970095103 * 2.0 ** 797) for order in (0, 0.5, -0.5)]
 ANGLES += [(order, 1.7976931348623157e308) for order in (0, 0.3, 30)]
-# Where Stirling's series takes over in the leading factor.
+# Orders on both sides of the one from which on the leading factor is computed by Stirling's series.
 STIRLING = [(order, x) for order in (math.nextafter(16, 0), 16, 16.4, 23.7) for x in (1e-15, 0.3, 5, 8.2)]
-# Where fewer steps do in the Neumann series of Y.
+# Arguments at which the number of steps in the Neumann series of Y changes.
 NEUMANN = [(order, x) for order in (0, 0.25, 3.5) for place in (2.0 ** -60, 1e-3, 0.1)
            for x in around(place)[:3]]
-# Next to the orders k + 1/2, where Y of a tiny x is the least and the greatest of its recurrence,
-# and that of the negative order has a cosine of 1e-16 before it.
+# Orders next to k + 1/2 with tiny x: the recurrence for Y starts there with its smallest and its largest
+# values, and in the formula for negative orders Y is multiplied by a cosine of about 1e-16.
 HALVES = [(sign * order, x)
           for order in (0.5, math.nextafter(0.5, 1), 0.50000001, 0.51, 0.52, math.nextafter(1.5, 1),
                         math.nextafter(1.5, 2), math.nextafter(2.5, 3))
@@ -182,7 +183,7 @@ def rows_J():
     chosen += [(n, 0) for n in (0, 1, 0.5, 2.25, -3)]
     chosen += [(5, 200), (2, 1e-10), (5, 5e-324), (-0.5, 5e-324), (-1.5, 1e-300), (-2.5, 1e-200),
                (1, 5e-324), (0.25, 5e-324), (150.5, 0.5), (1000, 500), (1000, 330)]
-    # Orders above the argument on both sides of the end of Steed's method for J.
+    # Orders above the argument, on both sides of the argument at which Steed's method for J ends.
     chosen += [(n, x) for n in (64.5, 70, 150.25) for x in around(64)[:5]]
     chosen += HALVES + ANGLES + STIRLING + WORST + expansion_points(lambda order: order * order * 3)
     condition = slope(bessel_j)
@@ -205,7 +206,7 @@ def rows_Y():
                     for n, x in large_points()]
 
 
-# Both sides of the end of the recurrences of K and I, and beyond.
+# Orders up to which K and I are computed by recurrence, and larger ones, which use uniform expansions.
 UNIFORM = [(order, x) for order in (50, math.nextafter(50, 51), 52.5, 100, 300.25)
            for x in (order / 3, order * 0.66, order, order * 2, 690)]
 UNIFORM += [(order, order * f) for order in (1066, 3000.5, 57392, 1e5) for f in (0.64, 0.655, 0.664)]

@@ -1,9 +1,11 @@
-"""J and Y of large orders, by quadrature of the contour integral of exp(x sinh t - order t) (DLMF
-10.9.17, 10.9.18), nothing that the program's own expansions use. J is 1/(2 pi i) times the integral
-from infinity - pi i to infinity + pi i, J + i Y is 1/(pi i) times that from -infinity to infinity +
-pi i; the paths go through the saddle points, and the trapezoidal rule converges geometrically on
-them. What a path leaves out before its end lies below exp(-2 s) or exp(-2 xi) of the value, s =
-sqrt|order^2 - x^2|, xi the exponent or phase at the saddle point."""
+"""J and Y of large orders by numerical integration, independently of the program's expansions.
+
+The integrand is exp(x sinh t - order t) (DLMF 10.9.17, 10.9.18). J is 1/(2 pi i) times its integral
+from infinity - pi i to infinity + pi i; J + i Y is 1/(pi i) times its integral from -infinity to
+infinity + pi i. The paths of integration go through the saddle points, where the trapezoidal rule
+converges geometrically. A path may stop before its end: the part left out is below exp(-2 s) or
+exp(-2 xi) of the value, where s = sqrt|order^2 - x^2| and xi is the exponent or the phase at the
+saddle point."""
 import functools
 import math
 
@@ -12,12 +14,13 @@ from mpmath import mp
 
 from .frame import around, generator
 
-# From this phase or exponent on the saddle points are far enough apart for a path of their own.
+# From this phase or exponent on the two saddle points are so far apart that each has its own path.
 APART = 110
 
 
 def spread(f, step):
-    """step times the sum of f over its multiples to both sides, until it has died away."""
+    """The trapezoidal rule: step times the sum of f at all multiples of step. The sum ends on either side
+    when the terms are negligible."""
     total = f(mpmath.mpf(0))
     for sign in (1, -1):
         t = mpmath.mpf(0)
@@ -33,13 +36,13 @@ def spread(f, step):
 
 
 def gaussian_step(s):
-    """The trapezoidal rule of this step has an error below mp.eps for exp(-s t^2 / 2)."""
+    """The step at which the trapezoidal rule for exp(-s t^2 / 2) has an error below mp.eps."""
     return mpmath.sqrt(2 * mpmath.pi ** 2 / (mp.prec * mpmath.log(2) * s)) * 0.7
 
 
 def below(order, x):
-    """J and Y for x below the order: J through the saddle point alpha, upright, Y through -alpha,
-    along the real axis."""
+    """J and Y for x below the order. The path for J goes through the saddle point alpha, parallel to the
+    imaginary axis; the one for Y goes through -alpha along the real axis."""
     s = mpmath.sqrt((order - x) * (order + x))
     alpha = mpmath.log((order + s) / x)
     step = gaussian_step(s)
@@ -59,7 +62,8 @@ def below(order, x):
 
 
 def above(order, x):
-    """J + i Y for x above the order, through the saddle point i beta along its bisector."""
+    """J and Y for x above the order, from J + i Y. The path goes through the saddle point i beta at 45
+    degrees."""
     s = mpmath.sqrt((x - order) * (x + order))
     beta = mpmath.atan2(s, order)
     turn = mpmath.exp(mpmath.mpc(0, mpmath.pi / 4))
@@ -68,15 +72,16 @@ def above(order, x):
         t = turn * r
         return mpmath.exp(order * (mpmath.sinh(t) - t) + mpmath.mpc(0, s) * (mpmath.cosh(t) - 1))
 
-    # From the far left to the far right of the saddle point is from valley to valley.
+    # The whole line through the saddle point leads from one valley of the integrand to the other.
     phase = mpmath.exp(mpmath.mpc(0, s - order * beta))
     hankel = phase * turn * spread(along, gaussian_step(s)) / mpmath.mpc(0, mpmath.pi)
     return mpmath.re(hankel), mpmath.im(hankel)
 
 
 def turning(order, x, phase):
-    """Near x = order, the phase or exponent being about `phase`, on hyperbolas between the directions -60 and 60 degrees for J, 180 and 60
-    for J + i Y, of the size of the turning region."""
+    """J and Y for x near the order, where the phase or exponent is about `phase`. The paths are hyperbolas of
+    the size of the turning region. Their asymptotes have the directions -60 and 60 degrees for J, 180 and 60
+    degrees for J + i Y."""
     size = mpmath.cbrt(2 / order)
     step = 3 / (mp.dps + 2 * phase)
 
@@ -105,12 +110,12 @@ def pair_to(order, x, digits):
 
 
 def pair(order, x):
-    """J and Y for an order from 1000 and x > 0."""
+    """J and Y for an order of at least 1000 and x > 0."""
     return pair_to(mpmath.mpf(order), mpmath.mpf(x), mp.dps)
 
 
 def reflected(order, x):
-    """J and Y also for negative orders (DLMF 10.2.3, 10.4.7)."""
+    """J and Y for orders of either sign; negative ones by reflection (DLMF 10.2.3, 10.4.7)."""
     j, y = pair(abs(order), x)
     if order > 0:
         return j, y
@@ -129,8 +134,8 @@ def large_y(order, x):
 
 
 def slope_of_large(f):
-    """|x f'/f| by the neighbouring orders, with digits enough to tell an order from the
-    next."""
+    """A function that computes x f'/f from the values of the two neighbouring orders, with enough digits
+    to tell those orders apart."""
 
     def condition(order, x):
         with mp.workdps(15 + 2 * int(mpmath.log10(abs(order)))):
@@ -142,15 +147,17 @@ def slope_of_large(f):
     return condition
 
 
-# Whole, half-integral and generic; up to the largest odd double, and beyond all fractions.
+# Whole, half-integral and other orders up to the largest odd double; and (HUGE) larger ones, which have no
+# fraction.
 ORDERS = [1000, 1778.25, 5623.5, 10000 + 1 / 3, 31622, 57392, 99999.5, 100000, math.nextafter(100000, math.inf), 100000.5, 100001, 123456.25, 1e6, 1e6 + 0.5,
           33333333 + 1 / 3, 1e9, 1e9 + 1, 1e12, 1e12 + 1, 1e12 - 0.125, 2.0 ** 53 - 1]
 HUGE = [1e16, 1e100, 1e300]
 
 
 def seam(order, sign):
-    """Where the bound of the exponent or phase, t^3/(3 - 1.8 t^2) times the order for t =
-    sqrt(1 - (x/order)^2), is 28, below or above the order: from the one expansion to the other."""
+    """The x at which the program changes from one expansion to the other: below the order for a positive
+    sign, above it for a negative one. There the bound for the exponent or phase, t^3/(3 - 1.8 t^2) times
+    the order with t = sqrt(1 - (x/order)^2), is 28."""
     low, high = (0, 1) if sign > 0 else (-(30 + 100 / order) ** 2, 0)
     for _ in range(200):
         w = (low + high) / 2
@@ -160,13 +167,14 @@ def seam(order, sign):
 
 
 def table_end(order, y):
-    """Where order^(2/3) zeta is nearly y."""
+    """The x at which order^(2/3) zeta is about y."""
     w = y / (order / 2) ** (2 / 3)
     return order * math.sqrt(1 - w * (1 - 0.4 * w))
 
 
 def extremum(order, x):
-    """Near x, an extremum of J; and a zero of it a quarter turn further."""
+    """A point of the phase 0 or pi near x, where J is about extremal, and one a quarter turn further,
+    near a zero of J."""
     with mp.workdps(40):
         s = mpmath.sqrt((mpmath.mpf(x) - order) * (mpmath.mpf(x) + order))
         for _ in range(5):
@@ -177,7 +185,7 @@ def extremum(order, x):
 
 
 def places(rng, order):
-    """Arguments in every region and next to every seam, for an order up to 2^53."""
+    """Arguments in the range of every method and next to every border, for an order up to 2^53."""
     width = order ** (1 / 3)
     found = [order, math.nextafter(order, 0), math.nextafter(order, math.inf)]
     found += [order + sign * factor * width for sign in (-1, 1) for factor in (0.3, 1, 5, 25)]
@@ -204,7 +212,7 @@ def large_points():
     found += [(n, x) for n in (100001.0, 234567.75) for f in (seam(n, 1), seam(n, -1), 2 * n)
               for x in around(f)[:7]]
     found += [(100001.0, table_end(100001.0, y)) for y in (-12.52, -12.48, -0.5, 0.5, 12.48, 12.52)]
-    # The last denormal J, and the last Y before it overflows; also of negative orders.
+    # Arguments at which J is denormal or underflows and Y overflows or is just finite; also for a negative order.
     found += [(n, n + width * (n / 2) ** (1 / 3)) for n in (100001.0, 1e9 + 0.5, 1e12)
               for width in (-107, -105.5, -104.6, -104, -103)]
     found += [(-100000.25, 100000.25 + width * 5e4 ** (1 / 3)) for width in (-103.5, -104.5)]

@@ -5,7 +5,8 @@ from .frame import around, generator, linear, logarithmic, rows
 
 
 def beta(a, b):
-    """By logarithms of gamma functions: the caller raises the precision until the value is sure."""
+    """Beta from logarithms of gamma functions. The digits that cancel do no harm, because the caller raises
+    the precision until two values agree."""
     return mpmath.exp(mpmath.loggamma(a) + mpmath.loggamma(b) - mpmath.loggamma(a + b))
 
 

@@ -7,7 +7,7 @@ from .frame import around, both_signs, generator, linear, logarithmic, positive_
 
 LARGEST_DOUBLE = 1.7976931348623157e308
 
-# The last finite exponential, and the last finite hyperbolic sine and cosine.
+# The largest arguments at which exp, and at which sinh and cosh, are finite.
 LAST_OF_EXP = 709.782712893384
 LAST_OF_SH = 710.4758600739439
 
@@ -17,7 +17,7 @@ def turning_points(name):
     points = positive_edges() + linear(rng, 0, 20, 60) + logarithmic(rng, 1e-6, 1e6, 60)
     points += logarithmic(rng, 1e6, 1e308, 60) + around(math.pi / 2, math.pi, 2 * math.pi, 39 * math.pi)
     points += [k * math.pi / 2 for k in (101, 1000, 12345, 10 ** 7, 10 ** 10, 10 ** 15)]
-    # The last ones are the worst that a search found.
+    # The points with the largest errors that a search has found.
     worst = [1.5709566563669499, -1.5709737204514569, 0.0015560020297090693, -1.4314800748117215e308]
     return both_signs(points + [0.0, 15, 1e14, 1e22, LARGEST_DOUBLE, 5.319372648326541e255]) + worst
 
@@ -79,7 +79,8 @@ def growing_points(name):
 
 
 def last_points(last):
-    """Where the exponential is taken of a smaller argument, and the ends of the finite values."""
+    """Arguments near 709, from which on sinh and cosh take the exponential of a smaller argument, and near
+    `last`, the largest argument with a finite value."""
     points = [709.0, math.nextafter(709.0, 710), last, math.nextafter(last, 0), math.nextafter(last, 711)]
     points += [709.78271114955749, 709.7827128, last - 1e-6, last - 0.1, last - 0.4]
     return points + [-p for p in points]
@@ -143,7 +144,7 @@ def rows_int():
 
 
 def rows_frac():
-    # The difference is rounded: the reference is the double next to it.
+    # The program rounds x - int(x), so the reference is the double nearest to the exact difference.
     exact = lambda x: mpmath.mpf(float(x - mpmath.floor(x)))
     return rows(exact, whole_points('frac'), condition=0, digits=700)
 
@@ -159,7 +160,7 @@ def rows_Gamma():
     points += [-p for p in positive_edges()[2:]] + logarithmic(rng, 1e-300, 1, 30)
     points += around(1.4616321449683623, 1, 2, 2.3, 33, 171.6, 171.624) + [172, 200, 1e300]
     points += [n * (1 + d) for n in (-1, -3, -50, -150, -170) for d in (1e-14, -1e-14, 1e-8, -1e-8, 1e-3)]
-    # Next to the least magnitudes between two poles, where a change of x counts for nothing.
+    # Points next to the extrema between two poles, where the condition number is about 0.
     points += [-0.50404675028165435, -5.6671625514740622, -17.737477713101942, -168.82514399757096]
     points += around(-169.825, -170.8254686744207, -175.826)
     return rows(mpmath.gamma, [p for p in points if p > 0 or p != math.floor(p)],
@@ -177,7 +178,8 @@ def rows_erf():
 
 
 def largest_powers():
-    """The end of the range by exponents of every kind, and its denormal end."""
+    """Powers near the largest double and among the denormal numbers, with whole, fractional and negative
+    exponents."""
     points = [(2, 1023.999998), (2, math.nextafter(1024, 0)), (2, math.nextafter(1024, 1025)), (10, 308.254715)]
     for base in (1.0000000000000002, 0.9999, 0.3, 1.5, 3, 10, 1e10, 1e-200, 1e300, LARGEST_DOUBLE):
         end = math.log(LARGEST_DOUBLE) / math.log(base)

@@ -1,32 +1,32 @@
-"""What all families of reference rows share: points to sample and the making of one row."""
+"""What the modules of all function families share: choosing points, and writing one row of a table."""
 import math
 import random
 
 import mpmath
 from mpmath import mp
 
-with mp.workprec(60):  # from here on a value is rounded to infinity
+with mp.workprec(60):  # a value from here on rounds to infinity as a double
     LARGEST = mpmath.ldexp(2**54 - 1, 970)
 
 
 def generator(name):
-    """A random generator of its own for each table, the same in every run."""
+    """The random generator of a table. The name is its seed, so every run makes the same points."""
     return random.Random(name)
 
 
 def linear(rng, low, high, count):
-    """Random points, evenly between the bounds."""
+    """Random points, evenly distributed between the bounds."""
     return [rng.uniform(low, high) for _ in range(count)]
 
 
 def logarithmic(rng, low, high, count):
-    """Random points between two positive bounds, evenly by magnitude."""
+    """Random points between two positive bounds; their logarithms are distributed evenly."""
     draw = lambda: math.exp(rng.uniform(math.log(low), math.log(high))) * rng.uniform(0.9, 1)
     return [max(low, draw()) for _ in range(count)]
 
 
 def around(*points):
-    """Each point, its neighbours and points on both sides of it at falling distances."""
+    """Each point, the doubles next to it, and points on both sides at relative distances of 1e-12 to 0.02."""
     found = []
     for point in points:
         found += [point, math.nextafter(point, math.inf), math.nextafter(point, -math.inf)]
@@ -37,17 +37,17 @@ def around(*points):
 
 
 def positive_edges():
-    """Ends of the range of doubles."""
+    """Tiny positive numbers, from the least denormal double up."""
     return [5e-324, 2.2250738585072014e-308, 1e-300, 1e-160, 1e-100, 1e-30, 1e-20, 1e-10]
 
 
 def both_signs(points):
-    """The points and every third of them with the other sign."""
+    """All points, and every third of them a second time with the opposite sign."""
     return points + [-p for p in points[::3]]
 
 
 def evaluate(f, arguments, digits=50):
-    """f of the arguments at rising precisions until two of them agree."""
+    """The value of f, computed with more and more digits until two values agree, and the digits used."""
     before = None
     while digits < 3000:
         with mp.workdps(digits):
@@ -61,7 +61,7 @@ def evaluate(f, arguments, digits=50):
 
 
 def condition_number(f, arguments, value, digits):
-    """|x f'/f| for the last argument, by a central difference."""
+    """The condition number |x f'/f| for the last argument x; f' is a central difference."""
     x = arguments[-1]
     if x == 0 or value == 0:
         return mpmath.mpf(0)
@@ -74,8 +74,8 @@ def condition_number(f, arguments, value, digits):
 
 
 def row(f, *arguments, condition=None, digits=50):
-    """One line of a table. f takes mpmath numbers; condition, if given, is a number or a function
-    of the same arguments that returns |x f'/f|."""
+    """One line of a table. f takes mpmath numbers. condition, if given, is the condition number or a
+    function of the same arguments that returns x f'/f."""
     arguments = [float(a) for a in arguments]
     value, used = evaluate(f, arguments, digits)
     if mpmath.isnan(value):
@@ -95,7 +95,7 @@ def row(f, *arguments, condition=None, digits=50):
 
 
 def nearest(value):
-    """The double next to the value, denormal ones rounded once only."""
+    """The double nearest to the value. A denormal result is rounded only once."""
     if value == 0:
         return 0.0
     exponent = max(int(mpmath.floor(mpmath.log(abs(value), 2))) - 60, -1074)
@@ -106,5 +106,5 @@ def nearest(value):
 
 
 def rows(f, points, **options):
-    """One row for each point, a number or a tuple of arguments."""
+    """One row for each point; a point is a number or a tuple of arguments."""
     return [row(f, *(p if isinstance(p, tuple) else (p,)), **options) for p in points]

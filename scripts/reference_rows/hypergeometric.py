@@ -7,7 +7,7 @@ from .frame import generator, row
 
 
 def hyper(a, b, c, x):
-    """The power series term by term: the plainest definition, at the caller's precision."""
+    """The sum of the power series, term by term, at the caller's precision."""
     term = total = mpmath.mpf(1)
     small = mpmath.mpf(2) ** (-mpmath.mp.prec - 20)
     settled = -min(a, b, c)
@@ -23,21 +23,21 @@ def hyper(a, b, c, x):
 
 
 def transformed(a, b, c, x):
-    """Beyond the reach of the series mpmath's transformations; the agreement of two precisions
-    decides as everywhere."""
+    """F by the power series where it converges well, else by a linear transformation: our own for x < 0, those
+    of mpmath for x > 0. As everywhere, the caller accepts a value when two precisions agree."""
     terminates = any(p <= 0 and p == mpmath.floor(p) for p in (a, b))
     if terminates or abs(x) <= 0.8:
         return hyper(a, b, c, x)
     if x < 0:
         return (1 - x) ** -a * hyper(a, c - b, c, x / (x - 1))
-    # mpmath is not aware of what parameters next to 0 cost
+    # Parameters close to 0 cost digits that mpmath does not allow for.
     lost = sum(int(max(0, -mpmath.log10(abs(p)))) for p in (a, b, c) if p)
     with mpmath.workdps(mpmath.mp.dps + lost):
         return mpmath.hyp2f1(a, b, c, x)
 
 
 def slope(a, b, c, x):
-    """x F'/F by the derivative's own series."""
+    """x F'/F, where F' = ab/c F(a+1,b+1;c+1;x); a central difference where c is a pole."""
     if a == 0 or b == 0:
         return mpmath.mpf(0)
     terminates = c <= 0 and c == mpmath.floor(c)
@@ -54,14 +54,14 @@ PLACES = [1e-300, -1e-20, 1e-5, -0.03, 0.1, 0.3, 0.5, 0.62, 0.75, 0.8999, 0.9001
           math.nextafter(-1, 0)]
 
 
-# Parameters of opposite sign: as many swings as they are large.
+# Parameters of opposite sign: F oscillates, the more often the larger they are.
 SWINGING = [(-500, 501, 1, 0.95), (-500.25, 500.4, 1.125, 0.95), (413.3, -402.6, 1.7, 0.87),
             (-715, 717, 1, 1 - 2.0 ** -43), (-640.5, 420.375, 1.5, 1 - 2.0 ** -51), (271.5, -812.8, 757.875, 0.787),
             (587, -542, 42.5, 1 - 2.0 ** -47), (-597, 595, 551, 0.25), (-630, -815.375, 0.125, -1 + 2.0 ** -36),
             (402, 561.25, 0.5, -0.99), (-94, 94, -10.08, 1 - 2.0 ** -29), (222, -586.375, 1, 0.868),
             (576, -265, 0.375, 0.90625), (-309.5, 310.25, -7.5, 0.956), (-139.3, -7, -8, 0.834)]
 
-# The terms of the series fall, underflow perhaps, and come back where c+k passes 0.
+# Negative c: the terms of the series fall, may underflow, and grow again where c+k passes 0.
 NEGATIVE_C = [(-0.125, -701.625, -703.7, -1 + 2.0 ** -40), (-670.625, -1.5, -672.3, -1 + 2.0 ** -51),
               (-902.5, 5, -895.1, -0.9988), (0.625, -0.25, -482.75, 0.8066), (-252.125, -647.875, -897.5, -0.9999),
               (-875.5, -894.4, -1767.7, 0.87), (17.5, -252.625, -923.76, 0.83), (-55.5, -3.5, -57.2, 1 - 2.0 ** -20),
@@ -69,7 +69,7 @@ NEGATIVE_C = [(-0.125, -701.625, -703.7, -1 + 2.0 ** -40), (-670.625, -1.5, -672
               (264.5, -49, -87, 0.999), (-345, -35, -42, 1 - 2.0 ** -35), (-437, -40, -244, 0.6),
               (-88.1, -131, -134, -0.00015), (-592.9, -53, -96, -6.8e-10), (-0.5, 11, -688.875, 0.25)]
 
-# Large parameters where the series at 0 is long.
+# Large parameters for which the power series at 0 needs many terms.
 NEXT_TO_ONE = [(144, 5.125, 655.25, 1 - 2.0 ** -19), (72.125, 18, 363.875, 1 - 2.0 ** -36),
                (308.125, 267.3, 573.75, 0.978), (121.8, 157, 278.8, 0.9487), (405, 184.8, 590.2, 0.996),
                (-1.125, -1.125, 6.5, 1 - 2.0 ** -47), (-2.0625, 17.6875, -0.5, 1 - 2.0 ** -35),
@@ -77,8 +77,8 @@ NEXT_TO_ONE = [(144, 5.125, 655.25, 1 - 2.0 ** -19), (72.125, 18, 363.875, 1 - 2
                (20, 7.5, 27.5 + 2.0 ** -30, 1 - 2.0 ** -25), (14.5, -6.25, 8.25, 1 - 2.0 ** -50)]
 
 
-# Walks of some 200 steps, from which on they go in blocks, and of thousands; next to 1 they may go
-# step by step again. The walk's start changes its series at z = 0.85.
+# Walks along the contiguous relations: of about 200 steps, from which on they go in blocks, and of
+# thousands. Next to 1 a walk may go step by step again. At z = 0.85 the series for its start changes.
 LONG_WALKS = [(-66.5, 67.25, -66.3, 0.6), (-67.5, 67.25, -67.3, 0.6), (-49.75, -50.5, -99.9, 0.8499),
               (-49.75, -50.5, -100.9, 0.8501), (-911.6, -0.1, -911.69, 0.83), (-767.5, -3.625, -771.513, -0.19),
               (692.25, 367.75, -274.1, 0.25), (-996.7, 996.7, 4.25, 0.726), (-309.4, -980.2, -987.6, 0.555),
@@ -86,8 +86,8 @@ LONG_WALKS = [(-66.5, 67.25, -66.3, 0.6), (-67.5, 67.25, -67.3, 0.6), (-49.75, -
               (-310.25, -75.5, -420.8, 1 - 2.0 ** -19), (-310.25, -75.5, -420.8, 1 - 2.0 ** -21),
               (-194, -385, -561, 0.96184), (-802, -571, -579, 0.748), (-524, -867, -582, 0.0785)]
 
-# Other solutions outgrow the function on the way to these: positive parameters, polynomials next to
-# either end, turning points that coincide (c-a or c-b next to 0) or are complex.
+# On the walk to these, other solutions of the recurrence grow faster than F: positive parameters, polynomials
+# near either end of the interval, turning points that coincide (c-a or c-b next to 0) or are complex.
 OUTGROWN = [(164, 177.5, 341.75, 0.9703), (33.5, 51.25, 85.125, 0.9), (30, 46.25, 76.5, 0.81), (30, 46.25, 76.5, 0.79),
             (471, 371.5, 843.5, 0.863), (397, 165, 562.262, 0.958), (418, 433, 850.95, 0.9545), (329.4, 226.5, 553.9, 0.9933),
             (96, 365.9, 461.94, 0.9955), (40.5, 121.8, 150.3, 0.885), (389.5, 411.3, 751, 0.968),
@@ -96,18 +96,18 @@ OUTGROWN = [(164, 177.5, 341.75, 0.9703), (33.5, 51.25, 85.125, 0.9), (30, 46.25
             (-76, -213.25, -212.5, 1 - 2.0 ** -30), (-698, 700, 593, 0.8049), (-392, 837.25, 1335.125, -0.999),
             (662, 4, 666, 0.979), (-13, 80.5, 1.25, 0.97), (441.5, 746, 1192.5, 0.978)]
 
-# c-b a negative integer but for the last bits, and next to 1 with c-a-b above 1.
+# c-b is a negative integer but for its last bits; and x next to 1 with c-a-b above 1.
 BESIDE_POLES = [(-967, 1.370755287, 0.370755287, 0.999987), (1.396720385, -914, 0.396720385, 0.8745),
                 (0.3, 1.1, 0.1, 0.95), (8.5, 0.5, 11, 1 - 2.0 ** -47), (37, 9.8, 48.5, math.nextafter(1, 0)),
                 (295, 0.5, 299.5, 1 - 2.0 ** -46), (-385.26, 33.25, -3.875, 1 - 2.0 ** -46), (6.5, 4, 14.5, 1 - 2.0 ** -43)]
 
-# Polynomials with c a negative integer.
+# Polynomials where c is a negative integer too, or nearly one.
 POLES = [(-7, -4, -7, 1 - 2.0 ** -24), (-581, -5, -5, -0.3505), (-12, 486.6, -12, 0.2389), (-160, -88.5, -161, 0.7446),
          (1, -274, -274, -0.99999), (-65, -278, -331, 0.9985), (-925.5, -399, -570, 0.982), (-1, -725.001, -1, 0.99),
          (-213, -76, -212, 1 - 2.0 ** -49), (-651, 740.0625, -696, 0.494), (-129, 763, -129, 0.872), (-446, -594, -707, 0.999)]
 
-# a or b is c, or next to it, both next to 0 or not: (1-x)^-b and a rest that may count for more; the
-# two cancel in the last.
+# a or b is equal or close to c, with both next to 0 or not. F is then (1-x)^-b and a remainder, which may be
+# the larger part; in the last point the two cancel.
 TIED = [(1e-30, -30.5, 1e-30, 0.8), (1e-310, -13.358781157379749, 1e-310, 0.9921875), (1e-200, -84.07, 1e-200, 0.33),
         (1.000000003e-200, -30.5, 1e-200, 0.8), (20.5, 1e-310, 1e-310, -0.9),
         (-3.3049464862702617e-24, -54.103390256474235, -3.3049464862699167e-24, 0.4244779721157927),
@@ -116,7 +116,8 @@ TIED = [(1e-30, -30.5, 1e-30, 0.8), (1e-310, -13.358781157379749, 1e-310, 0.9921
         (0.25, -43.5, 0.25, 0.97), (-13.75, -8.125, -13.75, -0.9375), (7.5, 3.5, 3.5, 0.999),
         (-2.9526647632265977e-20, 0.6127573717542205, 2.9526647632265974e-19, 0.9800252579154141)]
 
-# c next to 0, where the terms without 1/c count beside F(a+1,b+1;2;x) next to a zero.
+# c is next to 0, and the point is close to a zero of F(a+1,b+1;2;x). The term with the factor 1/c is small
+# there, so the terms without it count.
 NEXT_TO_POLE = [
     (1, -10, 1e-30, 0.9999), (4, -27.75, 2.2134140802739054e-26, 0.9969954939724794),
     (45, -171.0059965271572, -9.789219519801169e-189, 0.9999999995827598),
@@ -150,7 +151,7 @@ NEXT_TO_POLE = [
     (89.5, -151, 6.210844805539124e-30, 0.9182280909731821), (5, 7, -3e-320, 0.3), (-2.5, 1e-30, 1e-40, 0.7),
     (-3, 4, 5e-324, -0.5)]
 
-# a or b next to 0, with c far below it, and all three of them.
+# a or b is next to 0 and c far below 0; or a and b are next to 0, some of them with c next to 0 too.
 TINY = [
     (-1.148080857130147e-20, 9.1, -4.2, 0.95),
     (-1.6495967673299411e-15, -14.120023585640011, -100.13615287410477, -0.22237587629472477),
@@ -192,7 +193,7 @@ TINY = [
     (4.973883790418282e-20, 4.0881082850826585e-09, -871.6075453501787, 0.5227551657886143),
     (-4.9988502697786764e-14, -3.95791220328724e-08, 4.120046953651236e-20, 0.9460236745263659)]
 
-# Parameters and differences that are integral but for the last bits.
+# Parameters, or differences of them, that are integers but for their last bits.
 NEARLY_INTEGRAL = [
     (48.45781872444578, -49.89999999999999, -52.89999999999998, -0.4443570093419325),
     (-30.000000000000018, -23, -28, 0.5797906657330871),
@@ -210,14 +211,14 @@ NEARLY_INTEGRAL = [
 
 
 def off(rng, value):
-    """Up to four units in the last place from the value."""
+    """A random double at most four units in the last place away from the value."""
     for _ in range(rng.randrange(5)):
         value = math.nextafter(value, rng.choice([-math.inf, math.inf]))
     return value
 
 
 def nearly_integral(rng, count):
-    """Differences, or all of the parameters, integral but for the last bits."""
+    """Random points whose parameters, or differences of them, are integers but for the last bits."""
     found = []
     for _ in range(count):
         a, b, c = [rng.uniform(-300, 300) for _ in range(3)]
@@ -236,7 +237,7 @@ def nearly_integral(rng, count):
 
 
 def next_to_zero(rng, count):
-    """a or c next to 0."""
+    """Random points with a or c next to 0."""
     found = []
     for _ in range(count):
         b = rng.uniform(-200, 200)
@@ -249,7 +250,7 @@ def next_to_zero(rng, count):
 
 
 def tied(rng, count):
-    """a, or b, is c (1 + little)."""
+    """Random points where a or b is c times (1 + a small number)."""
     found = []
     for _ in range(count):
         c = rng.choice([-1, 1]) * 10.0 ** rng.choice([rng.uniform(-290, -9), rng.uniform(-25, -20), rng.uniform(-6, 1)])

@@ -82,7 +82,7 @@ def rows_DawsonF():
 
 
 def quarter_turns(x):
-    """Sine and cosine of pi/2 x^2, the square exact."""
+    """Sine and cosine of pi/2 x^2. The square is computed exactly before it is reduced."""
     with mp.workprec(5000):
         rest = mpmath.fmod(x * x, 4)
     return mpmath.sinpi(rest / 2), mpmath.cospi(rest / 2)

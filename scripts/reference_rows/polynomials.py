@@ -28,9 +28,9 @@ def hermite(n, x):
 
 
 def laguerre(n, x):
-    """By recurrence up to degree 3000. Beyond, the power series (DLMF 18.5.12), which wants digits for
-    its largest term, and where sqrt((4n+2) x) is large the convergent series of Bessel functions
-    that Tricomi found (Abramowitz and Stegun 13.3.7)."""
+    """Laguerre polynomials: by the recurrence up to degree 3000; for higher degrees by the power series
+    (DLMF 18.5.12) where (4n+2) x is negative or small, else by Tricomi's convergent series of Bessel
+    functions (Abramowitz and Stegun 13.3.7), because the power series would lose too many digits."""
     n = int(n)
     if n <= 3000:
         return recurrence(n, mpmath.mpf(1), 1 - x,
@@ -75,19 +75,20 @@ def legendre(n, x):
 
 
 def more_bits(n, x):
-    """What is lost where a phase of n times an angle is reduced, and beside a tiny x."""
+    """The bits that are lost when n times an angle is reduced to one turn, and when x is tiny."""
     return 64 + int(math.log2(n)) - min(0, int(mpmath.log(abs(x), 2)) if x else 0)
 
 
 def chebyshev_by_angle(kind, n, x):
-    """The closed forms, for |x| below 1."""
+    """Chebyshev polynomials of both kinds by their closed forms, for |x| below 1."""
     with mpmath.workprec(mpmath.mp.prec + more_bits(n, x)):
         angle = mpmath.acos(x)
         return mpmath.cos(n * angle) if kind == 1 else mpmath.sin((n + 1) * angle) / mpmath.sin(angle)
 
 
 def legendre_by_series(n, x):
-    """The power series about x = 1; its terms are below exp(2 n sqrt(2 (1-x)))."""
+    """Legendre polynomials by the power series about x = 1. Its terms are below exp(2 n sqrt(2 (1-x))), which
+    tells how many digits may cancel."""
     if x < 0:
         return (-1) ** int(n % 2) * legendre_by_series(n, -x)
     bits = mpmath.mp.prec + 64
@@ -103,7 +104,8 @@ def legendre_by_series(n, x):
 
 
 def legendre_by_phase(n, x):
-    """Stieltjes' expansion (DLMF 18.15.12), whose error is below twice the first term left out."""
+    """Legendre polynomials by Stieltjes' expansion (DLMF 18.15.12). Its error is below twice the first term
+    left out."""
     bits = mpmath.mp.prec + 32
     with mpmath.workprec(bits + more_bits(n, x)):
         angle = mpmath.acos(x)
@@ -131,21 +133,21 @@ HIGH_DEGREES = [16384, 16385, 100000, 100001, 1234567, 10**9, 10**12 + 1, 2**53 
 
 
 def seams(n):
-    """Both sides of where the power series of a Legendre polynomial hands over, and of where the
-    angle is taken from the other end."""
+    """Points on both sides of two borders: where the power series of a Legendre polynomial ends, and where
+    the angle is measured from the other end of the interval."""
     seam = 25 / (n + 0.5)
     ends = [1 - seam**2 / 2 * scale for scale in (0.5, 0.99, 1.01, 2)] if n > 50 else []
     return ends + [0.7, 0.7000000000000001, -0.69999, 0.70001]
 
 
 def high_degree_points(rng, n):
-    """Inside of -1..1, and where odd polynomials are small."""
+    """Points between -1 and 1, also close to 0, where polynomials of odd degree are small."""
     points = [x for x in seams(n) + interval_points(rng, n) if 0 < abs(x) < 1]
     return points + [0.3 / n, -2.5 / n, 1e-8, 1 - 2.0**-53, 1 - 100 / n**2 if n < 1e8 else 0.99]
 
 
 def interval_points(rng, n):
-    """Points of -1..1: both ends, the middle, and the neighbourhood of zeros and extrema."""
+    """Points from -1 to 1: both ends, the middle, and the neighbourhood of zeros and extrema."""
     points = [-1.0, 1.0, 0.0, 1e-310, -1e-200, 1e-20, 1e-5 / n, 1 - 1e-15, 1e-12 - 1, 1 - 0.1 / n**2]
     points += [math.cos((k - 0.5) * math.pi / n) for k in {1, n // 3 + 1, n // 2 + 1}]
     points += [math.cos((k - 0.25) * math.pi / (n + 0.5)) for k in {1, n // 3 + 1, n // 2 + 1}]

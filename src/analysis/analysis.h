@@ -39,7 +39,7 @@ struct AnalysisResult {
 ///    `viewHeight` pixel rows or more between them (a pole). A sample whose y is exactly 0 is two
 ///    roots unless such a jump follows it.
 ///  - Minimums and maximums: samples strictly below or above both neighbours, without such a jump
-///    on either side. Flat tops and the two ends are none.
+///    on either side. Flat tops and the two ends do not count.
 ///  - a and b: Xmin and Xmax of the view; the least and greatest sample x of `Polar` and
 ///    `Parametric` functions.
 ///  - Mean value: the sum of the means of neighbours that are both defined, over the number of

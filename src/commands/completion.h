@@ -16,7 +16,7 @@ namespace kalvex {
 /// word.
 [[nodiscard]] std::vector<std::u16string_view> NamesBeginningWith(std::u16string_view word);
 
-/// Whether a typed character asks for names: the letters A to Z and a to z.
+/// Whether typing the character opens the list of names: the letters A to Z and a to z.
 [[nodiscard]] bool AsksForNames(char16_t typed);
 
 }  // namespace kalvex

@@ -19,11 +19,12 @@ struct InputProblem {
 /// The shortest text that reads back as the same number.
 [[nodiscard]] std::u16string NumberForInput(double value);
 
-/// The number that a whole text is, blanks around it skipped; it may be infinite when too large.
+/// The number when the whole text, apart from blanks around it, is one. A number that is too large
+/// is infinite.
 [[nodiscard]] std::optional<double> WholeNumber(std::u16string_view text);
 
-/// Reads one finite number per text, or says which is none under its name; `numbers` is then left
-/// as it was. All three have the same size.
+/// Reads one finite number from each text. When a text is not a finite number, the result names it
+/// and `numbers` is unchanged. All three spans have the same size.
 [[nodiscard]] std::optional<InputProblem> ReadFiniteNumbers(
     std::span<const std::u16string> texts, std::span<const std::u16string_view> names,
     std::span<double> numbers);

@@ -11,7 +11,7 @@ enum class EvalCode : std::int32_t {
     None = 0,
     Divide = 1,
     Power = 2,
-    // Of functions: each is the own code of one row of functions.inc.
+    // Codes of functions: each belongs to exactly one row of functions.inc.
     Ln = 3,
     Lg = 4,
     Acos = 5,
@@ -32,7 +32,7 @@ enum class EvalCode : std::int32_t {
     Lag = 20,
     Leg = 21,
     EndOfFunctions,  ///< no code: one behind the last own code of a function
-    /// A point file's method has no value there, or a function without a code of its own has none.
+    /// The method of a point file, or a function without its own code, has no value at the point.
     NoValue = 1000,
 };
 

@@ -1,5 +1,5 @@
-// A function's row of the table names it and its message; the three codes that belong to no
-// function follow here.
+// Name and message of a code come from the row of its function in the table of functions. Three
+// codes belong to no function; their texts are here.
 #include "expr/eval_error.h"
 
 #include <optional>
@@ -14,13 +14,13 @@ thread_local std::int32_t EvalError = 0;
 
 namespace {
 
-/// The name that the title gives, and the message.
+/// The texts of a code: the name that appears in the title, and the message.
 struct ErrorText {
     std::u16string_view name;
     StringId message;
 };
 
-/// Of the codes that no function owns. The spelling is part of the interface.
+/// The texts of the codes that belong to no function. Their spelling is part of the interface.
 std::optional<ErrorText> OtherText(EvalCode code) {
     switch (code) {
         case EvalCode::Divide:

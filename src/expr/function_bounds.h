@@ -15,14 +15,15 @@ struct Bounds {
 using MaybeBounds = std::optional<Bounds>;
 
 /// Takes the bounds of the arguments in written order, none of them not-a-number. Gives bounds of
-/// every computed value, rounding errors included; nothing where they cannot be told, because a
+/// every computed value, rounding errors included; nothing where there are no bounds because a
 /// value may be not-a-number or undefined.
 using FunctionBounds = MaybeBounds (*)(const Bounds* arguments);
 
-/// For a function whose values nothing is known about: expressions with it have no bounds.
+/// The form of a function about whose values nothing is known: expressions with it have no bounds.
 inline constexpr FunctionBounds kNoBounds = nullptr;
 
-/// Sine and cosine: within 1, generously. Of an infinite argument they are not-a-number.
+/// Sine and cosine: a little beyond -1 and 1. They have no bounds where an argument may be
+/// infinite, because the value is then not-a-number.
 [[nodiscard]] MaybeBounds SineBounds(const Bounds* arguments);
 
 /// Functions that stay between -1 and 1, infinite arguments included.

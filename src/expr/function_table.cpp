@@ -1,4 +1,4 @@
-// The rows, and what the compiler checks of them.
+// The rows of functions.inc, and rules about them that are checked when this file is compiled.
 #include "expr/function_table.h"
 
 #include <algorithm>
@@ -83,7 +83,7 @@ constexpr bool kHasKernel[] = {
 #undef LANES_AFTER
 };
 
-/// A kernel sets no code of another function, and no function has a text without a code.
+/// Whether no function with a kernel has a code that belongs to another function.
 constexpr bool HaveFittingCodes() {
     for (std::size_t i = 0; i < kRows.size(); ++i) {
         const bool isShared = !kRows[i].message && kRows[i].code != EvalCode::None;
@@ -93,7 +93,7 @@ constexpr bool HaveFittingCodes() {
 }
 static_assert(HaveFittingCodes(), "a kernel sets its own code or none");
 
-/// Every code of functions is the own code of one row, which explains it.
+/// Whether exactly one row has the code as its own and gives its message.
 constexpr bool IsOwnedByOneRow(EvalCode code) {
     return std::ranges::count_if(kRows, [code](const Function& function) {
                return function.code == code && function.message;

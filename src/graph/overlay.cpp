@@ -1,5 +1,5 @@
-// Each mode has a part of its own. Bands without a height, on a picture of a few rows, are left
-// out.
+// Each mode has its own part of the overlay. On a picture of a few rows the bands have no height
+// and are left out.
 #include "graph/overlay.h"
 
 #include "graph/pick.h"

@@ -29,7 +29,7 @@ void PlotPolar(FunctionEntry& entry, const Viewport& viewport, double maxAngle, 
     SampleCache samples(count);
     std::vector<std::uint8_t> joined(count);
     for (std::size_t i = 0; i < count; ++i) {
-        // An undefined radius leaves both coordinates undefined, so that whoever reads the cache
+        // An undefined radius makes both coordinates undefined, so that a reader of the cache
         // sees it in either of them.
         const bool defined = radii[i] != UndefinedValue;
         const double x = defined ? radii[i] * std::cos(angles[i]) : UndefinedValue;

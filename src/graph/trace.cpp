@@ -1,5 +1,5 @@
-// The derivative is the quotient between the cursor's sample and the one before it: what a reader
-// could work out from two read-outs, with no step of its own.
+// The derivative is the difference quotient of the cursor's sample and the one before it, which a
+// user could also compute from two read-outs. There is no separate step width.
 #include "graph/trace.h"
 
 #include <algorithm>

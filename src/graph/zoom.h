@@ -5,10 +5,10 @@
 
 namespace kalvex {
 
-/// Makes `centre` the middle of the picture, Xfactor and Yfactor times smaller (zoom in) or larger
-/// (zoom out). A factor of 0 or less, or one that is not finite, is used as it is and may give
-/// infinite bounds. With any other factor an axis keeps its bounds where the new ones would be
-/// infinite, not-a-number or equal, so that zooming back is always possible.
+/// Makes `centre` the middle of the window and its extents Xfactor and Yfactor times smaller (zoom
+/// in) or larger (zoom out). A factor of 0 or less, or one that is not finite, is used as it is and
+/// may give infinite bounds. With any other factor an axis keeps its bounds where the new ones
+/// would be infinite, not-a-number or equal, so that zooming back is always possible.
 void ZoomAbout(Viewport& viewport, const WorldPoint& centre, ZoomDirection direction);
 
 /// Makes the bounds of two opposite corners. Changes nothing and returns false when the corners

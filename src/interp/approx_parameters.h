@@ -13,7 +13,7 @@ namespace kalvex {
 /// What a parameter means depends on the method: see interp/method_table.cpp. The record is stored
 /// and read without being checked, so any number can stand in it.
 struct ApproxParameters {
-    std::int32_t approx = 0;  ///< an ApproxMethod, or a number that is none: no curve
+    std::int32_t approx = 0;  ///< an ApproxMethod; any other number gives no curve
     std::int32_t approx_val = 1;
     std::int32_t approx_val2 = 0;
     double beta1 = 1.0;

@@ -15,7 +15,7 @@
 namespace kalvex {
 
 /// Sets a method up; x and y have the same length, in the order of the file. When there are fewer
-/// points than the method's row asks for, and when `parameters.approx` is the number of no method,
+/// points than the method's row requires, and when no method has the number `parameters.approx`,
 /// all values are undefined and there is no failure. Lagrange's polynomial of no points is 0.
 [[nodiscard]] Approximation SetUpApproximation(std::span<const double> x, std::span<const double> y,
                                                const ApproxParameters& parameters,

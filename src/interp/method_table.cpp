@@ -25,7 +25,7 @@ double CostOfPolynomial(const Approximation& a) {
 
 Failure SetUpLeastSquares(Approximation& a, Work& work) {
     Failure failure = LEAST_SET(a.x, a.y, {}, a.parameters.approx_val, a.fit, work);
-    // The sum of no terms would be the line y = 0, which nobody asked for.
+    // The sum of no terms would be the line y = 0, which would be misleading.
     a.hasValues = !a.fit.D.empty();
     return failure;
 }

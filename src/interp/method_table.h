@@ -31,7 +31,7 @@ struct MethodParameter {
     std::string_view meaning;                         ///< in the help of the tool
     const char* control = "";                         ///< name of its field in the dialog
     StringId label{};
-    std::array<StringId, 3> tips{};  ///< of Choice one per number, otherwise the first or none
+    std::array<StringId, 3> tips{};  ///< for Choice one per number, otherwise at most one
 };
 
 /// The dialog of a method; a method without parameters has none.
@@ -60,13 +60,13 @@ struct MethodRow {
                               double& value) = nullptr;
     /// Operations of one value.
     double (*valueCost)(const Approximation& approximation) = nullptr;
-    bool spendsItself = false;  ///< `value` tells `work` what it costs
+    bool spendsItself = false;  ///< `value` itself adds its operations to `work`
 };
 
 /// All methods; the index of a row is its method.
 [[nodiscard]] std::span<const MethodRow> MethodRows();
 
-/// The row of a stored number; null when it is the number of no method.
+/// The row of the method with a stored number; null when no method has this number.
 [[nodiscard]] const MethodRow* FindMethod(std::int32_t approx);
 
 }  // namespace kalvex

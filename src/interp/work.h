@@ -17,7 +17,7 @@ using WorkProgress = std::function<bool(double done)>;
 /// The state of one computation; operations are counted in units of about a nanosecond.
 struct Work {
     const WorkProgress* progress = nullptr;
-    double total = 0.0;  ///< estimated; only scales what the progress function is told
+    double total = 0.0;  ///< an estimate; it only scales the number passed to the progress function
     double done = 0.0;
     double told = 0.0;  ///< `done` at the last call of the progress function
     bool stopped = false;

@@ -82,7 +82,7 @@ CosineSine Turned(CosineSine point, int quarters) {
     }
 }
 
-/// What is left of an angle after so many quarter turns have been subtracted. Their number is known
+/// The remainder of an angle after whole quarter turns have been subtracted, and their number
 /// modulo four.
 struct Reduced {
     int quarters;

@@ -15,7 +15,7 @@ inline constexpr double kInverses[] = {
     146, 144, 143, 142, 141, 139, 138, 137, 136, 135, 134, 133, 132, 131, 130, 129,
 };
 
-/// ln(256/k) for these.
+/// ln(256/k) for each k of kInverses.
 inline constexpr DoubleDouble kLogarithms[] = {
     {0.007843177461025893, 2.764708154124904e-19},  {0.023716526617316044, -1.5774243488668215e-18},
     {0.039845908547199674, -3.129547680315208e-18}, {0.05211600113901402, 7.1036769831546065e-19},
@@ -87,12 +87,12 @@ inline constexpr DoubleDouble kRises[] = {
     {0.9571441241754003, -2.1414624552148976e-17},
 };
 
-/// ln 2 / 32 in two parts of 33 bits and the rest.
+/// ln 2 / 32 as a sum of two parts of 33 bits and a remainder.
 inline constexpr double kLn2Part1 = 0.021660849390173098;
 inline constexpr double kLn2Part2 = 2.325192846813431e-12;
 inline constexpr double kLn2Part3 = 6.544295091468976e-23;
 
-/// pi / 2 in two parts of 33 bits and the rest.
+/// pi / 2 as a sum of two parts of 33 bits and a remainder.
 inline constexpr double kHalfPi1 = 1.5707963267341256;
 inline constexpr double kHalfPi2 = 6.077100506303966e-11;
 inline constexpr double kHalfPi3 = 2.0222662487959506e-21;
@@ -111,7 +111,7 @@ inline constexpr PowerCoefficients<9> kSine = {
      -7.647163731819816e-13, 2.8114572543455206e-15, -8.22063524662433e-18, 1.9572941063391263e-20,
      -3.868170170630684e-23}};
 
-/// 2/pi times 2^-64 in words of 32 bits behind the point.
+/// The fraction of 2/pi times 2^-64, in words of 32 bits.
 inline constexpr std::uint32_t kTwoOverPi[] = {
     0x0,        0x0,        0xa2f9836e, 0x4e441529, 0xfc2757d1, 0xf534ddc0, 0xdb629599, 0x3c439041,
     0xfe5163ab, 0xdebbc561, 0xb7246e3a, 0x424dd2e0, 0x6492eea,  0x9d1921c,  0xfe1deb1c, 0xb129a73e,

@@ -44,7 +44,7 @@ inline constexpr double kLogInverses[] = {
     0.50695000000000001, 0.50495000000000001, 0.50295000000000001, 0.5,
 };
 
-/// Minus the logarithms of these numbers; from index 54 on, of twice these.
+/// -ln(c) for each c of kLogInverses; -ln(2c) from index 54 on.
 inline constexpr DoubleDouble kLogMiddles[] = {
     {0, 0}, {0.0116678048676821, -6.0258663739306383e-20},
     {0.019386713800190095, -8.9213355100275342e-19}, {0.026960181582783078, 6.6969663862751763e-19},

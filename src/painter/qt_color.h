@@ -1,4 +1,4 @@
-// The program's colours as Qt wants them.
+// Converts the program's colours to those of Qt.
 #pragma once
 
 #include <QColor>

@@ -30,7 +30,7 @@ enum class ApproxMethod : std::int32_t {
     Largange = 12,  // KEEP: spelled as its menu word
 };
 
-/// The submenu of "Approx. type" that offers a method; None: the menu itself.
+/// The submenu of "Approx. type" that offers a method; None: the method is in that menu itself.
 enum class MethodSubmenu { None, Overhauser, Piecewise };
 
 struct MethodChoice {

@@ -8,7 +8,7 @@ namespace kalvex {
 
 inline constexpr std::u16string_view kPocketPc = u"PocketPC";
 
-/// With any other text than kPocketPc these three are off.
+/// With any text other than kPocketPc all three are switched off.
 inline constexpr std::u16string_view kPlatformType = kPocketPc;
 
 }  // namespace kalvex

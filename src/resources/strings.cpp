@@ -1,6 +1,6 @@
 // The rows of resources/texts become the numbers in the header and the table here, so that the two
-// cannot differ. The table is in the order of the numbers, which makes finding a text a binary
-// search and a number that is given twice an error of the compiler.
+// cannot differ. The table is in the order of the numbers. So a text is found by binary search, and
+// a number that is used twice is an error when this file is compiled.
 #include "resources/strings.h"
 
 #include <algorithm>

@@ -26,7 +26,7 @@
 namespace kalvex {
 namespace {
 
-/// The most that is read. A settings file has some two kilobytes.
+/// The largest number of bytes that is read. A settings file has about two kilobytes.
 constexpr qint64 kMostBytes = 1 << 20;
 
 struct FileStamp {

@@ -19,7 +19,7 @@ inline constexpr std::size_t kStoredUnits = 50;
     return text.size() < kStoredUnits;
 }
 
-/// The most that is read of a line: a buffer of 510 bytes.
+/// The longest text of a line that is read: what fits into a buffer of 510 bytes.
 inline constexpr std::size_t kLineUnits = 255;
 
 struct ViewValue {

@@ -1,5 +1,5 @@
-// What the desktop remembers between two runs beside the settings: it is comfort, not state, so it
-// has a file of its own and nothing is ever reported when it cannot be read or written.
+// Sizes and folders that are remembered between two runs. They are a convenience and not part of
+// the settings, so they have their own file, and a failure to read or write it is not reported.
 #pragma once
 
 #include <QSize>

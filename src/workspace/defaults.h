@@ -1,4 +1,4 @@
-// What a value is before anything was stored.
+// The values of everything that has never been stored.
 #pragma once
 
 #include "workspace/workspace.h"

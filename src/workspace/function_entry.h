@@ -74,7 +74,7 @@ struct Rgb {
 };
 
 struct NamedColor {
-    std::u16string_view name;  ///< what the tool calls it
+    std::u16string_view name;  ///< its name in the arguments of the tool
     StringId word{};           ///< the menu word
     Rgb rgb;
 };

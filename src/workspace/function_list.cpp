@@ -1,4 +1,4 @@
-// The small operations on the nine entries.
+// Small operations on the nine entries.
 #include "workspace/function_list.h"
 
 #include <algorithm>

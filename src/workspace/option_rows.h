@@ -30,7 +30,7 @@ enum class OptionKind {
 
 /// One entry of a list: its text and the number that it stands for.
 struct OptionChoice {
-    StringId word{};  ///< none: the number is a text size, and its text is made from it
+    StringId word{};  ///< empty: the number is a text size, and the text is made from it
     std::int32_t number = 0;
 };
 
@@ -50,7 +50,7 @@ struct OptionControl {
     int id = 0;             ///< the control's number
     StringId text = {};     ///< caption, "~~", tip
     std::span<const OptionChoice> choices = {};
-    int captionId = 0;  ///< the number of the caption in front of it; 0: none
+    int captionId = 0;  ///< the number of the caption in front of it; 0: no caption
 };
 
 /// The option of the command-line tool that sets an option of the program.

@@ -1,6 +1,7 @@
 // Writes the accuracy page to standard output: for each function the worst error over its reference
-// table and the time of a call. A time is the least of several runs over 64 copies of one point,
-// through the evaluator; the median and the longest over the points of ordinary size are given.
+// table and the time of a call. The time at a point is the shortest of several runs of the
+// evaluator over 64 copies of the point; the page gives the median and the maximum over points of
+// ordinary size.
 #include <algorithm>
 #include <array>
 #include <chrono>
@@ -17,7 +18,7 @@
 namespace kalvex::accuracy {
 namespace {
 
-constexpr double kOrdinary = 50;  // arguments, orders and degrees up to here count for the times
+constexpr double kOrdinary = 50;  // times are measured at arguments, orders and degrees up to this
 constexpr int kTimedPoints = 150;
 
 struct Worst {
@@ -81,7 +82,7 @@ std::string Digits(double value, int precision) {
     return text.str();
 }
 
-/// What scripts/search-worst found, as it prints it.
+/// The result of scripts/search-worst for one function, in the form in which it prints it.
 struct Searched {
     std::string points = "none";
     std::string error = "-";

@@ -1,5 +1,5 @@
-// Every row of every reference table within the goal of its function, with the kernels of every
-// instruction set that this processor has.
+// Checks that the error in every row of every reference table is within the goal of its function,
+// with the kernels of every instruction set that this processor has.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -48,7 +48,7 @@ TEST_P(Accuracy, IsWithinTheGoal) {
 INSTANTIATE_TEST_SUITE_P(Functions, Accuracy, testing::ValuesIn(kGoals),
                          [](const auto& function) { return std::string(function.param.name); });
 
-// The table of goals follows the table of functions; powers, which are no function, come last.
+// The goals are in the order of the table of functions. Powers are an operator; their goal is last.
 TEST(AccuracyGoals, AreThoseOfTheLanguage) {
     ASSERT_EQ(kGoals.size(), kFunctionNames.size() + 1);
     for (std::size_t i = 0; i < kFunctionNames.size(); ++i)

@@ -1,8 +1,8 @@
 // Every function is one call of Arb (F. Johansson, "Arb: efficient arbitrary-precision
 // midpoint-radius interval arithmetic", IEEE Trans. Comput. 66, 2017), whose result is an interval
 // that holds the value. The precision is doubled until the interval is narrow enough. The condition
-// number comes from a central difference at a step so small, and a precision so high, that some ten
-// of its digits are right.
+// number comes from a central difference; step and precision are chosen so that about ten of its
+// digits are correct.
 #include "accuracy/exact_value.h"
 
 #if __has_include(<flint/arb_hypgeom.h>)
@@ -23,7 +23,7 @@ constexpr slong kWantedBits = 118;
 constexpr slong kFirstBits = 160;
 constexpr slong kMostBits = 12000;
 
-/// A ball that frees itself.
+/// A ball of Arb that its destructor frees.
 struct Ball {
     Ball() { arb_init(value); }
     explicit Ball(double number) : Ball() { arb_set_d(value, number); }
@@ -47,7 +47,7 @@ bool IsNegative(const Ball& a) {
     return arf_sgn(arb_midref(a.value)) < 0;
 }
 
-/// Ci and Chi are those of |x|; Arb has no real value for a negative x.
+/// |a|, for Ci and Chi, which are even; Arb has no real value for a negative x.
 Ball Magnitude(const Ball& a) {
     Ball result;
     arb_abs(result.value, a.value);
@@ -174,7 +174,8 @@ Compute Find(std::string_view name) {
     return found == kKnown.end() ? nullptr : found->compute;
 }
 
-/// At rising precision until the value has the bits wanted, or is 0 or beyond all doubles.
+/// Computes the value with more and more bits until it has enough of them, or is known to be 0 or
+/// out of the range of doubles.
 bool Narrow(Compute compute, const Balls& arguments, Ball& value) {
     constexpr slong kBeyondDoubles = 1100;
     for (slong bits = kFirstBits; bits <= kMostBits; bits *= 2) {
@@ -203,7 +204,7 @@ Balls BallsOf(const std::vector<double>& arguments) {
     return balls;
 }
 
-/// The value as two doubles; infinite where it rounds beyond the greatest one.
+/// Stores the value as two doubles; infinite where it rounds to more than the largest double.
 void Split(const Ball& value, ReferenceRow& row) {
     row.high = arf_get_d(arb_midref(value.value), ARF_RND_NEAR);
     row.low = 0;
@@ -216,8 +217,8 @@ void Split(const Ball& value, ReferenceRow& row) {
     arf_clear(rest);
 }
 
-/// |x f'(x)/f(x)| of the last argument, by values at both sides of it; 0, which excuses nothing,
-/// where they do not tell.
+/// |x f'(x)/f(x)| for the last argument x, from the values on both sides of x. Where these are not
+/// known well enough it is 0, so that the full error counts.
 double ConditionNumber(Compute compute, const std::vector<double>& arguments) {
     constexpr int kStepBits = 80;
     constexpr slong kEnough = 10;
@@ -267,7 +268,8 @@ bool ExactRowWithoutCondition(std::string_view name, const std::vector<double>& 
 void AddCondition(std::string_view name, ReferenceRow& row) {
     if (row.high == 0 || std::isinf(row.high)) return;
     std::vector<double> arguments = row.arguments;
-    // A power of a negative base has values at whole exponents only; its magnitude has them all.
+    // A negative base has powers with whole exponents only; the power of its magnitude exists for
+    // all exponents.
     if (name == "power") arguments.front() = std::fabs(arguments.front());
     row.condition = ConditionNumber(Find(name), arguments);
 }

@@ -1,7 +1,7 @@
-// How accurate each function must be, and how it is computed, for the accuracy page. An error is
-// counted in units in the last place of the exact value and divided by 1 + |x f'(x)/f(x)|: what a
-// change of x by a rounding changes is no error of the routine. The goal is the most that this may
-// be anywhere in the domain.
+// How accurate each function must be, and by which method it is computed, for the accuracy page. An
+// error is measured in units in the last place of the exact value and divided by
+// 1 + |x f'(x)/f(x)|, because a rounding of x alone changes the value by that much. The goal is the
+// largest such error that is allowed anywhere in the domain.
 #pragma once
 
 #include <array>
@@ -17,7 +17,7 @@ struct Goal {
     std::string_view source;
 };
 
-/// A denormal result has few digits: there an error of so many of the least double is allowed.
+/// A denormal result has few digits. Its error may be this many times the least positive double.
 inline constexpr double kDenormalUnits = 4;
 
 /// In the order of the functions in src/expr/functions.inc; powers last.

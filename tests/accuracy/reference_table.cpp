@@ -1,6 +1,7 @@
 // Everything goes through the language, so that the domain rules, the kernels of this processor
-// and the routines are measured together. Distances are taken after scaling the exact value to
-// 1..2, so that neither the ends of the range nor the second double of the value is lost.
+// and the routines are measured together. Both values are scaled by the power of two that brings
+// the exact one to 1..2, so that the low double of the exact value counts at the ends of the range
+// too.
 #include "accuracy/reference_table.h"
 
 #include <algorithm>
@@ -58,7 +59,7 @@ ReferenceRow ReadRow(const std::string& line, int lineNumber) {
     return row;
 }
 
-/// A constant as the language reads it: no exponent, and a negative one as a difference.
+/// A constant in the notation of the language: without an exponent, a negative one as a difference.
 std::u16string ConstantText(double value) {
     std::array<char, 400> digits{};
     const auto end =

@@ -34,14 +34,15 @@ double OrdinateOf(const ReferenceRow& row);
 EvaluationResult ResultAt(std::string_view name, const ReferenceRow& row,
                           const KernelTable& kernels = ActiveKernels());
 
-/// Error in units in the last place of the exact value over 1 + condition. Where the exact value
-/// overflows: 0 for an infinity of its sign or an undefined point, infinite for all else.
+/// The error in units in the last place of the exact value, divided by 1 + condition number. Where
+/// the exact value overflows: 0 for an infinity of its sign or an undefined point, infinite for any
+/// other result.
 double MeasuredError(const ReferenceRow& row, const EvaluationResult& result);
 
-/// The most that MeasuredError may be in this row, for a function with this goal.
+/// The largest MeasuredError that is allowed in this row, for a function with this goal.
 double GoalAt(const ReferenceRow& row, double goal);
 
-/// "J(5,200)", digits enough to find the row again.
+/// The call as text, such as "J(5,200)", with enough digits to identify the row.
 std::string CallText(std::string_view name, const ReferenceRow& row);
 
 }  // namespace kalvex::accuracy

@@ -1,5 +1,5 @@
-// Ranges are those of the language's domains; where exact values become slow (parameters of
-// thousands, long power series) they end before, and the search says so.
+// The ranges are those of the language's domains. They are shorter where exact values take long
+// (parameters of thousands, long power series); the search prints a note about that.
 #include "accuracy/search_points.h"
 
 #include <algorithm>
@@ -43,7 +43,7 @@ double ByMagnitude(const ArgumentRange& range, Random& random) {
     return std::exp(Uniform(random, low, std::log(range.most)));
 }
 
-/// So many neighbours away.
+/// The double that is `steps` doubles above x, or below it for a negative number of steps.
 double Moved(double x, int steps) {
     for (; steps > 0; --steps)
         x = std::nextafter(x, HUGE_VAL);
@@ -80,8 +80,8 @@ double RandomArgument(const ArgumentRange& range, Random& random) {
     return range.bothSigns && Choice(random, 2) == 0 ? -x : x;
 }
 
-/// For the hypergeometric function: parameters next to each other, or integers apart but for
-/// little, c and what is next to it down to 1e-309 at times.
+/// For the hypergeometric function: makes parameters nearly equal, or makes their difference nearly
+/// an integer. Sometimes c and the parameter close to it are tiny, down to 1e-309.
 void Tie(std::vector<double>& p, Random& random) {
     constexpr int kFarthest = 5;
     constexpr int kBits = 53;
@@ -110,7 +110,7 @@ bool IsInside(const ArgumentRange& range, double x) {
     return magnitude >= range.least || (range.least == kTiny && range.bothSigns);
 }
 
-/// The functions of several variables whose domain is more than a range for each.
+/// Checks the functions whose domain is not given by one range for each argument.
 bool IsDefined(std::string_view name, const std::vector<double>& a) {
     constexpr double kLongSeries = 1e7;
     const auto integral = [](double x) { return std::floor(x) == x; };

@@ -1,5 +1,5 @@
-// Where the search for wrong values looks: random arguments of a function, made so that what is
-// hard turns up often, and small changes of arguments.
+// Where the search for wrong values looks: random arguments of a function, among which difficult
+// ones are frequent, and small changes of arguments.
 #pragma once
 
 #include <random>
@@ -11,14 +11,14 @@ namespace kalvex::accuracy {
 
 using Random = std::mt19937_64;
 
-/// What one argument may be.
+/// The values that one argument may have.
 struct ArgumentRange {
     double least = 0;  ///< magnitudes
     double most = 0;
-    double ordinary = 0;  ///< up to which even spreads go
+    double ordinary = 0;  ///< evenly distributed values end here
     bool bothSigns = false;
     bool integral = false;
-    double ordinaryLeast = 0;  ///< magnitudes below are drawn on purpose only
+    double ordinaryLeast = 0;  ///< smaller magnitudes only where they are asked for
 };
 
 struct SearchedFunction {
@@ -29,16 +29,16 @@ struct SearchedFunction {
 /// All functions that are searched, in the order of the language.
 std::span<const SearchedFunction> SearchedFunctions();
 
-/// Arguments inside the ranges: by magnitude over the whole range, evenly, next to whole and half
-/// numbers, short decimals.
+/// Arguments inside the ranges, of one of these kinds: with evenly distributed logarithms, evenly
+/// distributed, next to whole and half numbers, short decimals.
 std::vector<double> RandomPoint(const SearchedFunction& function, Random& random);
 
-/// The same with one argument moved a little: by units in the last place or by a part of itself
-/// between 2^-50 and 1/2.
+/// The point with one argument changed: by some units in the last place, or by 2^-50 to 1/2 of
+/// itself.
 std::vector<double> MovedPoint(const SearchedFunction& function, const std::vector<double>& from,
                                Random& random);
 
-/// Whether the language defines the function there and an exact value can be had within a second.
+/// Whether the function is defined at the point and its exact value takes less than a second.
 bool IsSearched(const SearchedFunction& function, const std::vector<double>& point);
 
 }  // namespace kalvex::accuracy

@@ -1,9 +1,9 @@
-// Climbs towards the worst error of each function against exact values: half of the points are
-// random, half are neighbours of the worst ones so far, which stay. Now and then two random points
-// of which one overflows, vanishes or is refused are brought together by bisection: next to such
-// edges values are most often wrong, and chance alone never comes so near. An error of half a
-// unit is the least that rounding allows, so one up to that counts as it is, without the condition
-// number, which takes most of the time.
+// Searches for the largest error of each function by comparing with exact values. Half of the
+// points are random; the other half are neighbours of the worst points found so far, a few of which
+// are kept. Sometimes, when one of two random points overflows, vanishes or is refused and the
+// other does not, bisection finds the edge between them: values are most often wrong next to such
+// an edge, and random points do not come close enough to it. The condition number takes most of the
+// time. It is not computed for errors up to half a unit, which no routine can avoid.
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <bit>
@@ -43,7 +43,7 @@ struct Search {
     const KernelTable& kernels;
     double goal;
     bool showsAll;
-    std::vector<Found> worst = {};  ///< a few, the worst first
+    std::vector<Found> worst = {};  ///< the few worst points, in descending order of their errors
     long points = 0;
     long undecided = 0;  ///< without an exact value
     long beyondGoal = 0;
@@ -88,13 +88,13 @@ void Look(Search& search, const std::vector<double>& point) {
         found.error = MeasuredError(found.row, found.result);
     }
     const double goal = GoalAt(found.row, search.goal);
-    if (goal > search.goal) found.error *= search.goal / goal;  // a denormal's units
+    if (goal > search.goal) found.error *= search.goal / goal;  // a denormal result
     const bool isBeyond = !(found.error <= search.goal);
     search.beyondGoal += isBeyond ? 1 : 0;
     if (isBeyond && search.showsAll) Print(search, found);
     if (!isBeyond || found.result.error == 0) {
         Keep(search, found);
-    } else if (search.refused++ == 0) {  // no neighbour is worse
+    } else if (search.refused++ == 0) {  // not kept: no neighbour can be worse
         search.firstRefused = found;
     }
 }
@@ -115,7 +115,7 @@ Outcome OutcomeAt(const Search& search, const std::vector<double>& point) {
     return result.value == 0 ? Outcome::kZero : Outcome::kFinite;
 }
 
-/// The double half way between two, by their order.
+/// The double that halves the number of doubles between two others.
 double Middle(double a, double b) {
     const auto place = [](double x) {
         const auto bits = std::bit_cast<std::int64_t>(x);
@@ -126,7 +126,8 @@ double Middle(double a, double b) {
                                             : middle);
 }
 
-/// Looks at both sides of an edge between a point and the same with another last argument.
+/// Finds the edge between a random point and the same point with another last argument, and
+/// measures the errors on both sides of it.
 void LookAtEdge(Search& search, Random& random) {
     constexpr int kSteps = 64;
     constexpr int kNeighbours = 6;

@@ -1,4 +1,4 @@
-// What the tests of the routines share.
+// A helper that the tests of the interpolation routines share.
 #pragma once
 
 #include <string>

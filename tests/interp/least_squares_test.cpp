@@ -85,7 +85,7 @@ TEST(LeastSquares, NamesItsFatalConditionsWithABoxForEach) {
     EXPECT_TRUE(fit.D.empty());
 }
 
-// With both conditions unmet, the number of distinct abscissas is the one that is told.
+// When both conditions fail, the message is about the number of distinct abscissas.
 TEST(LeastSquares, ChecksTheAbscissasBeforeTheWeights) {
     Work work;
     LeastSquaresFit fit;

@@ -138,7 +138,7 @@ TEST(Arithmetic, RootsKeepTheirBounds) {
     EXPECT_EQ(Sqrt(DoubleDouble{}).high, 0);
 }
 
-// Where two numbers cancel but for their last digits, a loose sum loses some of these and the
+// Where all but the last digits of two numbers cancel, a loose sum loses some of these and the
 // operator loses none.
 TEST(Arithmetic, LooseSumsLoseDigitsWhereTheyCancel) {
     const DoubleDouble a = {1, 0x1.8p-54};

@@ -108,7 +108,8 @@ TEST(DoubleDouble, SineAndCosineOfManyTurns) {
     for (const double turns : {0.0, 1.0, 12345.0, 1e13}) {
         const DoubleDouble angle = kPi * (2 * turns) + 0.5;
         const auto [sine, cosine] = SinCos(angle);
-        // pi is known to 2^-108: what it lacks, times the turns, is the error.
+        // The stored pi has an error of 2^-108; the error of the result is that times the number of
+        // turns.
         EXPECT_NEAR(sine, std::sin(0.5), 1e-16 + turns * 1e-31) << turns;
         EXPECT_NEAR(cosine, std::cos(0.5), 1.2e-16 + turns * 1e-31) << turns;
     }

@@ -1,7 +1,7 @@
 // The windows show no text of their own: what a person reads or hears comes from the table of
 // texts. This reads the sources of the windows and of the menus, and finds the string literals that
-// could be such a text. Names of objects are recognised by the call that they are given to;
-// whatever else is not meant for a person is listed here.
+// could be such a text. Names of objects are recognised by the function that they are passed to;
+// all other literals that no person reads are listed here.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -24,7 +24,7 @@ constexpr std::string_view kNamingCalls[] = {
     "findChild<QWidget*>(", "file.value(",  "file.setValue(",        "setDesktopFileName(",
     "setApplicationName(",  "DataFolders(", "StoreOption(registry, "};
 
-/// Literals that are no texts, and what they are.
+/// The other literals that no person reads, by what they are.
 constexpr std::string_view kNoTexts[] = {
     // Names of controls and dialogs.
     "menuKey", "actionKey", "insertKey", "viewWindowDialog", "factorDialog", "showOnGraph",
@@ -59,7 +59,7 @@ bool SkipOther(std::string_view source, std::size_t& i) {
     return false;
 }
 
-/// The string literals of a source. Raw ones are not known here; the windows have none.
+/// The string literals of a source. Raw literals are not recognised; the windows do not use them.
 std::vector<Literal> LiteralsOf(std::string_view source) {
     std::vector<Literal> literals;
     std::size_t i = 0;
@@ -175,7 +175,7 @@ TEST(Literals, OfTheWindowsAreNoTexts) {
     EXPECT_GT(seen, 50u);
 }
 
-// What these rooms hand to the windows is UTF-16; other literals are names of their own.
+// These rooms pass texts to the windows as UTF-16; their other literals are internal names.
 TEST(Literals, OfTheEngineAreNoTexts) {
     std::size_t seen = 0;
     for (const std::string_view room : {"analysis", "commands", "graph", "painter"}) {

@@ -13,10 +13,10 @@
 namespace kalvex::rooms {
 namespace {
 
-/// Headers of the system and of libraries whose names do not tell where they belong.
+/// Headers of the system and of libraries that cannot be recognised by the form of their names.
 struct KnownHeader {
     std::string_view name;
-    std::string_view library;  ///< empty: the compiler or the system has it
+    std::string_view library;  ///< empty: comes with the compiler or the system
 };
 
 constexpr KnownHeader kKnownHeaders[] = {
@@ -87,7 +87,7 @@ const Room* Find(const std::vector<Room>& rooms, const std::string& name) {
     return nullptr;
 }
 
-/// The search for circles: units in the order of a walk in depth, those of the present path open.
+/// The depth-first search for circles; the units on the path to the present one are open.
 struct Walk {
     const std::map<std::string, std::set<std::string>>& includes;
     std::vector<std::string> path;

@@ -38,19 +38,19 @@ std::vector<Include> ReadIncludes(const std::string& source);
 /// All source files below a folder (.h, .cpp, .inc), in order of their paths.
 std::vector<SourceFile> ReadSources(const std::string& folder);
 
-/// Rooms that use one that does not stand above them in the table, or the same one twice.
+/// Rows of the table that use a room which is not above them, or that name a room twice.
 std::vector<std::string> WrongRows(const std::vector<Room>& rooms);
 
 /// Includes that the table does not allow, and files that belong to no room.
 std::vector<std::string> WrongIncludes(const std::vector<Room>& rooms,
                                        const std::vector<SourceFile>& files);
 
-/// What the table allows and no file makes use of.
+/// Entries of the table, rooms and libraries, that no file of the room includes.
 std::vector<std::string> UnusedEntries(const std::vector<Room>& rooms,
                                        const std::vector<SourceFile>& files);
 
-/// Units that include each other in a circle, one line per circle. A unit is what has one path but
-/// for its ending: a header and its source.
+/// Units that include each other in a circle, one line per circle. A unit is a header and its
+/// source: the files whose paths differ only in their endings.
 std::vector<std::string> Circles(const std::vector<SourceFile>& files);
 
 }  // namespace kalvex::rooms

@@ -1,4 +1,4 @@
-// The rooms of this source tree; and that the rules find what is wrong in a made-up one.
+// Checks the rooms of this source tree, and that the rules find the mistakes in an invented one.
 #include <gtest/gtest.h>
 
 #include <fstream>
@@ -34,7 +34,7 @@ std::vector<Room> TableOfTheBuild() {
 const std::vector<Room> kHouse = {
     {"cellar", {}, {}}, {"hall", {"cellar"}, {"Qt6::Gui"}}, {"roof", {"cellar"}, {}}};
 
-/// The made-up house with one more file.
+/// The invented source tree with one more file.
 std::vector<SourceFile> HouseWith(const SourceFile& file) {
     return {{"cellar/coal.h", {{"vector", false}}},
             {"cellar/coal.cpp", {{"cellar/coal.h"}, {"unistd.h", false}}},

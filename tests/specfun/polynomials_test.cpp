@@ -189,7 +189,7 @@ TEST(Polynomials, LegendreRecurrenceAtSeams) {
     }
 }
 
-// H(2m,x) = (-4)^m m! L^(-1/2)(m,x^2) leads to H(2,x) = -2 + 4 x^2. What is summed leaves the range
+// H(2m,x) = (-4)^m m! L^(-1/2)(m,x^2) leads to H(2,x) = -2 + 4 x^2. The terms leave the range
 // of doubles although the value does not.
 TEST(Polynomials, ValuesNearTheEndOfTheRange) {
     EXPECT_TRUE(std::isfinite(Hermite(260, 0.25)));

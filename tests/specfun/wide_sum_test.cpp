@@ -1,4 +1,5 @@
-// The hypergeometric sums of numbers of many digits, and the integers that they count with.
+// The hypergeometric sums with numbers of many digits, and the integers that serve as their
+// counters.
 #include "specfun/hypergeometric/wide_sum.h"
 
 #include <gtest/gtest.h>
@@ -11,7 +12,7 @@
 namespace kalvex::specfun {
 namespace {
 
-// Past 0, past limbs and back to where it came from.
+// Counts past 0 and across the borders of limbs, and back to the first number.
 TEST(Counter, CountsExactly) {
     for (const double a :
          {-3.0, -2.5, 0.0, 7.0, -0x1p-100, 0x1.8p-64, -5 + 0x1p-50, 4e9, -300.75}) {
@@ -34,7 +35,8 @@ TEST(Counter, CountsExactly) {
     EXPECT_TRUE(Counter(WideOf<6>(0x1p300)).failed);
 }
 
-// (1-z)^(-b) = F(a,b;a;z), and a = c that would be 0: the bound holds and is not far off.
+// F(a,b;a;z) = (1-z)^(-b): the error bound holds and is not much too large. At a pole (c = -3)
+// there is no sum.
 TEST(WideSum, KnowsItsErrors) {
     const double z = 0.375;
     for (const double b : {0.5, 7.25, -20.5, 0x1p-80}) {

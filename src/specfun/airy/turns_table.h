@@ -7,7 +7,7 @@ namespace kalvex::specfun {
 
 inline constexpr int kTurnBits = 27;
 
-/// 1/(3 pi) to the base 2^27, from the whole part on.
+/// 1/(3 pi) in digits to the base 2^27; the first is the whole part.
 inline constexpr std::int32_t kThirdOfInversePi[] = {
     0,         14240943,  32370048,  118357687, 104826168, 73912338,  37861648,  110542252,
     5574032,   82127098,  48501324,  24777579,  58339925,  53527528,  112277089, 54872906,

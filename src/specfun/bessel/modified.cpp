@@ -153,7 +153,7 @@ double DebyeSum(double r, double p) {
 
 /// exp(sign order eta) (1 + z^2)^(-1/4) times the sum of sign^k U(k)/order^k, for x = order z.
 Scaled Uniform(double order, double x, double sign) {
-    // Beyond, the exponent is far beyond the range, and below.
+    // Beyond these bounds the exponential is out of the range of doubles in any case.
     constexpr double kMost = 1e100;
     constexpr double kLeast = 1e-280;
     const DoubleDouble z = LooseQuotient(DoubleDouble{std::min(x, kMost)}, order);

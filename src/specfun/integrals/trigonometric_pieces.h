@@ -1,5 +1,5 @@
-// Made by scripts/make-piecewise-coefficients: a row for every quarter of an octave, as piecewise.h
-// takes them.
+// Made by scripts/make-piecewise-coefficients: one row per quarter of an octave, in the layout that
+// piecewise.h evaluates.
 #pragma once
 
 #include "specfun/piecewise.h"

@@ -70,7 +70,7 @@ Pair ByAngle(const Count& m, double x) {
 /// For 1 < x; infinite where the values overflow.
 Pair ByHyperbolicAngle(const Count& m, double x) {
     constexpr DoubleDouble kOverflow = {INFINITY, 0};
-    constexpr double kLargest = 0x1p100;  // of any degree from 11 on the values overflow
+    constexpr double kLargest = 0x1p100;  // beyond it the values of all degrees from 11 on overflow
     if (x > kLargest) return {kOverflow, kOverflow};
     const auto [angle, sine] = HyperbolicAngleOf(x);
     const DoubleDouble phase = m.value * angle;
@@ -99,7 +99,7 @@ Pair AtHalf(const Count& m) {
     return {{kFirst[index], 0}, {kSecond[index], 0}};
 }
 
-constexpr double kDoubled = 16384;  // above, the angle is as quick
+constexpr double kDoubled = 16384;  // above it the multiplied angle is as fast
 
 Pair OfMagnitude(const Count& m, double x) {
     if (m.value.high <= kDoubled) return ByDoubling(TruncateToInt32(m.value.high), x);

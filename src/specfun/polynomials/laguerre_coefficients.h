@@ -1,16 +1,16 @@
-// Made by scripts/make-laguerre-coefficients, which tells what they are. Coefficients of the
-// expansion of Laguerre polynomials of large degrees.
+// Made by scripts/make-laguerre-coefficients. Coefficients of the expansion of Laguerre polynomials
+// of large degrees; the script explains P(k,t) and R(k,t).
 #pragma once
 
 namespace kalvex::specfun {
 
-/// A polynomial in t by rising powers.
+/// A polynomial in t; the coefficient of the lowest power comes first.
 struct LaguerreOrder {
     int count;
     double coefficients[19];
 };
 
-/// P(k,t) from k = 1.
+/// P(k,t) for k = 1, 2, ...
 inline constexpr LaguerreOrder kLaguerreAmplitude[] = {
     {3, {-0.125, 0.0, -0.5}},
     {5, {0.2109375, -1.0, 2.9375, 3.5, 3.375}},
@@ -33,7 +33,7 @@ inline constexpr LaguerreOrder kLaguerreAmplitude[] = {
       75784675010.27126}},
 };
 
-/// R(k,t) from k = 1.
+/// R(k,t) for k = 1, 2, ...
 inline constexpr LaguerreOrder kLaguerrePhase[] = {
     {3, {-0.125, 0.5, -0.16666666666666666}},
     {7, {0.06510416666666667, -0.21875, -0.625, 0.5, -1.225, 0.7, -0.15555555555555556}},

@@ -6,9 +6,9 @@
 //   exp(z) / (2 pi z), 2^42, of the 2^104 that two doubles hold.
 // - Amplitude and phase of the solutions of the differential equation (DLMF 18.8.1), each by its
 //   expansion in powers of 1/z, for which scripts/make-laguerre-coefficients has the formulas. Its
-//   first term left out is 2^-60 at z = 34 and falls fast. No constants of integration appear: they
-//   would be even powers of 1/(4n+2) in the amplitude, where Gamma functions whose quotient is 1
-//   leave none, and of half-integral powers of x in the phase there is no constant one.
+//   first term left out is 2^-60 at z = 34 and falls fast. The constants of integration are 0: in
+//   the amplitude they would be even powers of 1/(4n+2), which cancel in a quotient of Gamma
+//   functions that is 1; the phase has only half-integral powers of x and therefore no constant.
 #include "specfun/polynomials/laguerre_large.h"
 
 #include <cmath>

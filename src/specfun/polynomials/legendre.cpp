@@ -6,7 +6,7 @@
 //     P = K Re(exp(i (N theta - pi/4)) S),  K^2 = 2/(pi sin(theta)) (Gamma(n+1)/Gamma(n+3/2))^2,
 //     S = sum of h(m) z^m,  z = (1 - i cot(theta))/2,  h(m)/h(m-1) = (m-1/2)^2 / (m (n+m+1/2)).
 //   Its error is below twice the first term left out; the least terms are about exp(-2 N theta).
-//   S is 1 but for 2^-7.6 at most, so only its first terms need more than doubles.
+//   S differs from 1 by at most 2^-7.6, so only its first terms need more than doubles.
 // - Beyond x = 1 with theta = i eta: the same series, then the growing half of the same expansion.
 #include <cmath>
 
@@ -43,7 +43,7 @@ double ByRecurrence(int n, double x) {
 
 /// The power series in t = (1-x)/2, which is exact.
 double BySeries(double n, double t) {
-    constexpr double kNegligible = 0x1p-70;  // beside 1, the largest term, or the amplitude 0.15
+    constexpr double kNegligible = 0x1p-70;  // relative to 1 (largest term) or 0.15 (amplitude)
     constexpr double kSmall = 0x1p-18;       // below it plain doubles suffice for the terms
     const DoubleDouble first = TwoSum(n, 1) * n * -t;
     DoubleDouble sum = {1, 0};
@@ -124,7 +124,7 @@ double ByPhase(double n, double x) {
 
 /// The same for x above 1; infinite where the value overflows.
 double ByGrowth(double n, double x) {
-    constexpr double kLargest = 0x1p100;  // of any degree from 11 on the values overflow
+    constexpr double kLargest = 0x1p100;  // beyond it the values of all degrees from 11 on overflow
     if (x > kLargest) return INFINITY;
     const auto [angle, sine] = HyperbolicAngleOf(x);
     const DoubleDouble phase = TwoSum(n, 0.5) * angle;
@@ -139,7 +139,7 @@ double ByGrowth(double n, double x) {
 
 /// For x >= 0.
 double OfMagnitude(double n, double x) {
-    constexpr double kRecurred = 60;  // below, the expansion is no quicker
+    constexpr double kRecurred = 60;  // below it the expansion is not faster
     constexpr double kSeam = 25;
     if (n < kRecurred) return ByRecurrence(TruncateToInt32(n), x);
     if (x == 1) return 1;

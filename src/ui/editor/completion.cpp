@@ -18,7 +18,7 @@ namespace {
 
 constexpr int kInset = 5;  // of a name in the list: the names stand exactly below the word
 
-/// The character that an event types; 0 when it types none.
+/// The character that an event types; 0 for a key that types nothing.
 char16_t TypedCharacter(const QKeyEvent& key) {
     const bool command =
         key.modifiers().testFlag(Qt::ControlModifier) || key.modifiers().testFlag(Qt::AltModifier);

@@ -35,7 +35,7 @@ class Completion final : public QObject {
     std::function<QRect()> room;  ///< asked for the part of the window for the list
 
   signals:
-    void Told();  ///< SaidOf has changed
+    void Told();  ///< the result of SaidOf has changed
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -12,7 +12,7 @@ namespace kalvex {
 struct LinePlace {
     QRect label;
     QRect edit;
-    QRect hint;  ///< below the edit; empty when there is no room for it
+    QRect hint;  ///< below the edit line; empty when there is no room for it
 };
 
 /// The least height of the line area: three lines that are tall enough for a finger.

@@ -1,4 +1,4 @@
-// The words are those of the menus, so that who hears a word finds it in the menu.
+// The words are those of the menus, so that a user who hears a word finds the same one in the menu.
 #include "ui/editor/line_texts.h"
 
 #include <QStringList>

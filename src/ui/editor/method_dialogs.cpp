@@ -80,7 +80,7 @@ Control AddControl(FormDialog& dialog, const MethodParameter& parameter,
     return control;
 }
 
-/// Takes all real numbers, or shows which text is none and takes nothing.
+/// Takes all real numbers. When a text is not a number, shows which one it is and takes nothing.
 bool TakeNumbers(const std::vector<Control>& controls, ApproxParameters& values,
                  const ShowMessage& show) {
     std::vector<const Control*> asked;

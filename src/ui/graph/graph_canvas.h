@@ -41,7 +41,7 @@ class GraphCanvas final : public QWidget {
     /// Computes a picture that is due at once. False when the picture does not show the present
     /// state afterwards, because the canvas was never shown or is computing.
     [[nodiscard]] bool BringUpToDate();
-    /// Forgets the last picture: the next one is of other functions.
+    /// Forgets the last picture, because the next one shows other functions.
     void StartAfresh();
     /// Ends a hold, a pinch and a series of wheel turns, because a command interrupts them.
     void EndGestures();
@@ -51,7 +51,7 @@ class GraphCanvas final : public QWidget {
     [[nodiscard]] const DrawList& Picture() const { return list; }
     /// Whether a picture is being computed: what it shows must not be changed then.
     [[nodiscard]] bool IsComputing() const { return gate != nullptr; }
-    /// Ends a computation soon; nothing when there is none.
+    /// Makes a running computation end soon. Without one it does nothing.
     void Stop();
     /// How many pictures were computed so far.
     [[nodiscard]] int RedrawCount() const { return redrawCount; }
@@ -65,7 +65,7 @@ class GraphCanvas final : public QWidget {
   signals:
     /// A computation takes long enough to be seen; the stop key is shown until Changed comes.
     void Slow();
-    void Redrawn();        ///< a new picture stands
+    void Redrawn();        ///< a new picture has been computed
     void Changed();        ///< mode, cursor or picture may have changed
     void Held(QPoint at);  ///< a hold that may become a popup, at a point of the canvas
 

@@ -77,7 +77,7 @@ void GraphWindow::AddCanvas() {
 void GraphWindow::AddShortcuts() {
     const auto add = [this](const QKeySequence& keys, auto&& run) {
         auto* const shortcut = new QShortcut(keys, this);
-        shortcut->setAutoRepeat(false);  // a held Escape is one step out, not three
+        shortcut->setAutoRepeat(false);  // a held Escape leaves one level, not several
         connect(shortcut, &QShortcut::activated, this, run);
     };
     add(QKeySequence(Qt::Key_F10), [this] { OpenMenu(); });

@@ -14,7 +14,7 @@ namespace kalvex {
 /// the cross at the right. Never wider than the picture; long texts are wrapped.
 [[nodiscard]] QRect ReadoutBox(const Overlay& overlay, const QSize& picture, int textHeight);
 
-/// Paints it over a picture of a size; legible over any curve.
+/// Paints the overlay over a picture of the given size. It can be read over any curve.
 void PaintOverlay(QPainter& painter, const Overlay& overlay, const QSize& picture, int textHeight);
 
 }  // namespace kalvex

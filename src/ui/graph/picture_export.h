@@ -17,8 +17,8 @@ namespace kalvex {
 [[nodiscard]] QString DefaultPictureFolder();
 
 /// Writes the picture as Kalvex_%d.bmp with the counter `Screen` into a folder (made when it is
-/// missing), at one pixel per logical pixel, and stores the counter's successor. "Save" follows in
-/// any case.
+/// missing), at one pixel per logical pixel, and stores the next number. The message "Save"
+/// is shown in any case.
 void ExportPicture(const DrawList& picture, Options& options, const Registry& registry,
                    const QString& folder, const ShowMessage& show);
 

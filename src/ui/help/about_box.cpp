@@ -1,4 +1,4 @@
-// One centred column, as large as its texts need.
+// The box is one centred column, as large as its texts need.
 #include "ui/help/about_box.h"
 
 #include <QDialog>

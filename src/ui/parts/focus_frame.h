@@ -1,4 +1,4 @@
-// The frame around what has the keyboard.
+// The frame around the control that has the keyboard focus.
 #pragma once
 
 #include <QPalette>

@@ -20,12 +20,12 @@
 namespace kalvex {
 namespace {
 
-constexpr int kLeastDialogWidth = 320;  // on a screen that has as much
+constexpr int kLeastDialogWidth = 320;  // where the screen has that much room
 constexpr int kMargin = 16;
 constexpr int kNarrowMargin = 8;
 constexpr int kGap = 10;
-constexpr int kTitleHeight = 36;  // what a window manager may put above
-constexpr int kFrameWidth = 4;    // and at the sides
+constexpr int kTitleHeight = 36;  // for the title that a window manager may add
+constexpr int kFrameWidth = 4;    // for the frame at the sides
 
 }  // namespace
 

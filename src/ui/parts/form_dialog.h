@@ -27,7 +27,7 @@ class FormDialog final : public QDialog {
     QLineEdit* AddText(const QString& label, const QString& text, const QString& tip = {});
     QComboBox* AddChoice(const QString& label, const QStringList& entries, int index,
                          const QString& tip = {});
-    /// A caption of its own kind in front of a field.
+    /// Adds a field with a caption that the caller has made.
     void AddPair(QLabel* caption, QWidget* field);
     /// A field as wide as the form.
     void AddWide(QWidget* field);
@@ -38,7 +38,7 @@ class FormDialog final : public QDialog {
     /// Takes the size that the fields need, at most `room` (logical pixels). When the fields are
     /// higher than that they scroll, and the keys stay in view.
     void FitInto(const QSize& room);
-    /// Does so once for the screen; later calls do nothing.
+    /// Calls FitInto with the room of the screen; only the first call has an effect.
     void FitToScreen();
     /// Opens it over its parent, no larger than the screen, and returns at once; it is deleted when
     /// it closes.

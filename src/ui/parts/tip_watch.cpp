@@ -72,7 +72,7 @@ void TipWatch::Press(const QMouseEvent& event) {
     holdTimer.start();
 }
 
-/// True when the control shall not hear of it.
+/// True when the event must not reach the control.
 bool TipWatch::Move(const QMouseEvent& event) {
     const int farthest = QGuiApplication::styleHints()->startDragDistance();
     const QPoint way = event.position().toPoint() - pressed;

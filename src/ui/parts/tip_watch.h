@@ -12,8 +12,9 @@ class QWidget;
 namespace kalvex {
 
 /// Shows the tip of a control beside it: when the mouse rests on it, when it gets the focus by a
-/// key (after the same delay, so that running through a dialog shows none), when a pen or a finger
-/// is held on it. A hold that showed the tip presses nothing. The tip is the control's `toolTip()`.
+/// key (after the same delay, so that no tip appears while Tab moves through a dialog), when a pen
+/// or a finger is held on it. A hold that showed the tip presses nothing. The tip is the control's
+/// `toolTip()`.
 class TipWatch final : public QObject {
   public:
     /// Owned by the control.

@@ -14,7 +14,7 @@ namespace kalvex {
 struct ReportActions {
     std::function<void(QWidget* report)> saveTable;   ///< `Function to file`
     std::function<void(QWidget* report)> saveReport;  ///< `Report to file`
-    std::function<void()> closed;                     ///< whatever closed it
+    std::function<void()> closed;                     ///< called whenever the report has closed
 };
 
 /// Opens the paged form over a window and returns at once: a tab for each page, the soft keys `Ok`
