@@ -133,10 +133,13 @@ void ExportShownPicture(Application& application) {
                   application.registry, application.pictureFolder, application.show);
 }
 
+/// The commands of the program, as both windows call them.
+auto CommandsOf(Application& application) {
+    return [&application](CommandId command) { return RunProgramCommand(application, command); };
+}
+
 void MakeGraphWindow(Application& application) {
-    const auto run = [&application](CommandId command) {
-        return RunProgramCommand(application, command);
-    };
+    const auto run = CommandsOf(application);
     application.graphWindow = std::make_unique<GraphWindow>(
         application.graph, application.workspace, GraphActions{run, application.show});
     QObject::connect(&application.graphWindow->Canvas(), &GraphCanvas::Redrawn,
@@ -192,9 +195,7 @@ void StartApplication(Application& application) {
     LoadWorkspace(application);
     if (application.ended) return;
     application.windowState = LoadWindowState(application.windowStatePath);
-    const auto run = [&application](CommandId command) {
-        return RunProgramCommand(application, command);
-    };
+    const auto run = CommandsOf(application);
     application.editor =
         std::make_unique<EditorWindow>(application.workspace, EditorActions{run, application.show});
     ApplyWindowState(*application.editor, application.windowState);

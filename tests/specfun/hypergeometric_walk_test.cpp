@@ -125,11 +125,11 @@ TEST(HypergeometricOutgrown, FallsByTheIntegrand) {
     }
 }
 
-TEST(HypergeometricOutgrown, SlopeIsThatOfTheLesserSolution) {
+TEST(HypergeometricOutgrown, SlopeIsThatOfTheMinimalSolution) {
     for (const double z : {0.125, 0.5}) {
         const HypergeometricParameters p = Parameters(164, 177.5, 341.75);
         const HypergeometricPoint sum = SumHypergeometric(p, {z, 0}, 0x1p-60);
-        EXPECT_NEAR(SlopeOfLesser(p, z, 1 - z) / (sum.slope.high / sum.value.high), 1, 1e-3);
+        EXPECT_NEAR(SlopeOfMinimal(p, z, 1 - z) / (sum.slope.high / sum.value.high), 1, 1e-3);
     }
 }
 

@@ -1,7 +1,7 @@
 // With l, m and n, the differences of the exponents at 0, 1 and infinity, the solutions for large
 // parameters go as exp(+-1/2 integral of sqrt(D)/(z(1-z))), D = l^2 (1-z) + m^2 z - n^2 z (1-z)
 // (Liouville and Green; DLMF 2.7). Where the recurrence along a straight line of parameters has two
-// solutions that grow alike, at the turning points D = 0, it has no lesser one. Between 0 and the
+// solutions that grow alike, at the turning points D = 0, it has no minimal one. Between 0 and the
 // turning points, real or not, the function is for c above 1, being small at 0 beside z^(1-c), and
 // is not for c below. So the integral from z to there, three logarithms, tells what the two grow
 // apart.
@@ -55,7 +55,7 @@ double Outgrown(const HypergeometricParameters& p, double z, double w) {
     return p.c.high > 1 ? apart : -apart;
 }
 
-double SlopeOfLesser(const HypergeometricParameters& p, double z, double w) {
+double SlopeOfMinimal(const HypergeometricParameters& p, double z, double w) {
     const Exponents e = ExponentsOf(p);
     const double d = Discriminating(e, z, w);
     const double change = e.m - e.l - e.n * (w - z);

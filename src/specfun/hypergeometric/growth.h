@@ -14,7 +14,7 @@ namespace kalvex::specfun {
 
 /// An estimate of z F'/F where the function is the minimal solution. Wherever it was compared its
 /// error was a tenth of itself and z/w together at most, and far less for large parameters.
-[[nodiscard]] double SlopeOfLesser(const HypergeometricParameters& p, double z, double w);
+[[nodiscard]] double SlopeOfMinimal(const HypergeometricParameters& p, double z, double w);
 
 /// True only where x is so close to 1 that the value is certain to overflow. False does not mean
 /// that it does not.

@@ -3,7 +3,7 @@
 // straight line to those wanted: on it the turning points of the equation stay where they are, so
 // that a point between them stays there and no solution outgrows the other (Gil, Segura, Temme
 // 2007). It costs as many steps as the parameters are large, however fast the function swings.
-// Outside the turning points one solution may outgrow the other; where the function is the lesser
+// Outside the turning points one solution may outgrow the other; where the function is the minimal
 // one the walk goes the other way round, from far out to the start (Gautschi 1967).
 //
 // Beside w^0 the other behaviour at z = 1 is w^s, w = 1-z, s = c-a-b: a step that lowers s
@@ -56,7 +56,7 @@ HypergeometricPoint Outwards(const HypergeometricParameters& from, const Hyperge
 double ComeFromFar(const HypergeometricParameters& p, const std::array<double, 3>& steps,
                    double part, const Place& place, Traveller& t) {
     const HypergeometricParameters far = Beyond(p, steps, part);
-    const double slope = SlopeOfLesser(far, place.z.high, place.w.high);
+    const double slope = SlopeOfMinimal(far, place.z.high, place.w.high);
     HypergeometricPoint about = {{1, 0}, {slope, 0}};
     about.slopeError = std::fabs(slope) + place.odds.high;
     t = StartOf(far, about);
@@ -205,11 +205,11 @@ HypergeometricPoint PolynomialByShifts(const HypergeometricParameters& p, Double
     const Place place = PlaceAt(z, w);
     const Place mirrored = {w, z, place.evens, place.odds, place.inverseZ, place.inverse};
     const HypergeometricParameters other = {p.a, p.b, 1 - s};
-    const bool isLesser = p.c.high > 1 && Outgrown(p, z.high, w.high) > kBearable;
-    const bool isLesserThere =
+    const bool isMinimal = p.c.high > 1 && Outgrown(p, z.high, w.high) > kBearable;
+    const bool isMinimalThere =
         s.high < 0 ? z.high > 0.5 || Outgrown(other, w.high, z.high) > kBearable
                    : p.c.high <= p.a.high && Outgrown(p, z.high, w.high) > kBearable;
-    if (isLesserThere && !isLesser) return Reflected(p, place, other, mirrored);
+    if (isMinimalThere && !isMinimal) return Reflected(p, place, other, mirrored);
     return WalkFrom(PolynomialStart(p), p, place);
 }
 
