@@ -8,6 +8,14 @@
 
 namespace kalvex::specfun {
 
+/// A bound of the relative error after up to eight operations of two doubles, each of which is
+/// below 2^-103 off.
+inline constexpr double kPairError = 0x1p-100;
+
+/// A bound of the relative error after up to eight roundings of 2^-53 in plain arithmetic: a step
+/// of a series or of an adjoint recurrence.
+inline constexpr double kPlainError = 0x1p-50;
+
 struct HypergeometricParameters {
     DoubleDouble a;
     DoubleDouble b;
