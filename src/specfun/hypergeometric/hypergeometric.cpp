@@ -14,6 +14,30 @@
 namespace kalvex::specfun {
 namespace {
 
+/// The function for x, a and b that are not 0. Where c is 0, -1, -2, ... the series ends by a.
+Value ValueOf(const HypergeometricParameters& p, double x);
+
+}  // namespace
+
+double Hypergeometric2F1(double a, double b, double c, double x) {
+    if (std::isnan(x)) return x;
+    if (!std::isfinite(a) || !std::isfinite(b) || !std::isfinite(c)) throw ap::ap_error{kOverflow};
+    if (!(std::fabs(x) < 1)) throw ap::ap_error{"Domain error in Hypergeometric2F1"};
+    HypergeometricParameters p = {{a, 0}, {b, 0}, {c, 0}};
+    if (IsNegativeInteger(p.c) && !EndsBefore(p.a, p.c)) {
+        std::swap(p.a, p.b);
+        if (!EndsBefore(p.a, p.c)) throw ap::ap_error{kOverflow};
+    }
+    if (a == 0 || b == 0 || x == 0) return 1;
+    const Value value = ValueOf(p, x);
+    if (!(value.loss < kBearable)) throw ap::ap_error{kOverflow};
+    const double result = std::ldexp(ToDouble(value.fraction), value.exponent);
+    if (!std::isfinite(result)) throw ap::ap_error{kOverflow};
+    return result;
+}
+
+namespace {
+
 // Its square counts for nothing beside the loss of 2^-57, even where 2^90 cancels.
 constexpr double kTiny = 0x1p-75;
 
@@ -223,6 +247,7 @@ Value NextToPole(const HypergeometricParameters& p, double x) {
     return best;
 }
 
+// The methods in the order of docs/hypergeometric.md.
 Value ValueOf(const HypergeometricParameters& p, double x) {
     const double c = p.c.high;
     if (!IsNegativeInteger(p.c) && (p.a.high == c || p.b.high == c)) {
@@ -243,22 +268,5 @@ Value ValueOf(const HypergeometricParameters& p, double x) {
 }
 
 }  // namespace
-
-double Hypergeometric2F1(double a, double b, double c, double x) {
-    if (std::isnan(x)) return x;
-    if (!std::isfinite(a) || !std::isfinite(b) || !std::isfinite(c)) throw ap::ap_error{kOverflow};
-    if (!(std::fabs(x) < 1)) throw ap::ap_error{"Domain error in Hypergeometric2F1"};
-    HypergeometricParameters p = {{a, 0}, {b, 0}, {c, 0}};
-    if (IsNegativeInteger(p.c) && !EndsBefore(p.a, p.c)) {
-        std::swap(p.a, p.b);
-        if (!EndsBefore(p.a, p.c)) throw ap::ap_error{kOverflow};
-    }
-    if (a == 0 || b == 0 || x == 0) return 1;
-    const Value value = ValueOf(p, x);
-    if (!(value.loss < kBearable)) throw ap::ap_error{kOverflow};
-    const double result = std::ldexp(ToDouble(value.fraction), value.exponent);
-    if (!std::isfinite(result)) throw ap::ap_error{kOverflow};
-    return result;
-}
 
 }  // namespace kalvex::specfun
