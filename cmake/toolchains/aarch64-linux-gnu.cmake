@@ -31,7 +31,15 @@ if(KALVEX_HOST_QT)
   set(QT_HOST_PATH_CMAKE_DIR ${KALVEX_HOST_QT} CACHE PATH "CMake files of that Qt")
 endif()
 
+# The programs name the loader and the libraries of the sysroot themselves. The emulator could redirect
+# every absolute path there instead, but then a test that goes from "/" to its own folder finds the
+# sysroot's.
+set(libraries ${KALVEX_SYSROOT}/usr/lib/aarch64-linux-gnu)
+string(CONCAT loading
+    " -Wl,--dynamic-linker=${KALVEX_SYSROOT}/lib/ld-linux-aarch64.so.1"
+    " -Wl,--disable-new-dtags -Wl,-rpath,${libraries}:${KALVEX_SYSROOT}/lib/aarch64-linux-gnu")
+string(APPEND CMAKE_EXE_LINKER_FLAGS_INIT ${loading})
+
 # In a sysroot Qt does not find its platform plug-ins without help.
-set(CMAKE_CROSSCOMPILING_EMULATOR qemu-aarch64-static;-L;${KALVEX_SYSROOT};-E
-    QT_PLUGIN_PATH=${KALVEX_SYSROOT}/usr/lib/aarch64-linux-gnu/qt6/plugins
+set(CMAKE_CROSSCOMPILING_EMULATOR qemu-aarch64-static;-E;QT_PLUGIN_PATH=${libraries}/qt6/plugins
     CACHE STRING "Runs a program of the other processor")
