@@ -39,15 +39,15 @@ QString DefaultPictureFolder() {
 }
 
 void ExportPicture(const DrawList& picture, Options& options, const Registry& registry,
-                   const QString& folder, const ShowMessage& show) {
+                   const QString& folder, const ShowBox& show) {
     const QString name = "Kalvex_" + QString::number(options.Screen) + ".bmp";
     options.Screen = Successor(options.Screen);
     StoreOption(registry, "Screen", options.Screen);
     QDir().mkpath(folder);
     // KEEP: "Save" is the text and "Info" the caption, shown even when no file could be made.
     static_cast<void>(WriteBitmap(QDir(folder).filePath(name), PaintPicture(picture, 1.0)));
-    show(BoxOf(StringId::PictureSavedCaption, Text(StringId::PictureSavedText),
-               MessageIcon::Exclamation));
+    Tell(show, {BoxOf(StringId::PictureSavedCaption, Text(StringId::PictureSavedText),
+                      MessageIcon::Exclamation)});
 }
 
 void OpenSavePictureDialog(QWidget* parent, const QString& folder,
@@ -73,13 +73,13 @@ void OpenSavePictureDialog(QWidget* parent, const QString& folder,
     dialog->open();
 }
 
-void SavePicture(const DrawList& picture, const QString& path, const ShowMessage& show) {
+void SavePicture(const DrawList& picture, const QString& path, const ShowBox& show) {
     const PictureFormat* format = PictureFormatOf(path, FormatsOf::Windows);
     if (format == nullptr) {
         const std::u16string endings = Widen(PictureEndings(FormatsOf::Windows));
-        show(ErrorBox(FillIn(Text(StringId::PictureEnding), {endings, FromQString(path)})));
+        Tell(show, {ErrorBox(FillIn(Text(StringId::PictureEnding), {endings, FromQString(path)}))});
     } else if (!format->write(path, picture)) {
-        show(ErrorBox(FillIn(Text(StringId::PictureNotWritten), {FromQString(path)})));
+        Tell(show, {ErrorBox(FillIn(Text(StringId::PictureNotWritten), {FromQString(path)}))});
     }
 }
 
