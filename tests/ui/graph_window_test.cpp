@@ -2,6 +2,7 @@
 
 #include <QFile>
 #include <QPaintEvent>
+#include <cmath>
 
 #include "painter/painter.h"
 #include "ui/parts/touch.h"

@@ -6,9 +6,9 @@
 #include <QScreen>
 #include <utility>
 
+#include "base/complete_file.h"
 #include "resources/message_boxes.h"
 #include "resources/strings.h"
-#include "settings/complete_file.h"
 #include "ui/parts/file_dialogs.h"
 #include "ui/parts/qt_text.h"
 
@@ -33,7 +33,7 @@ void OpenSaveResultDialog(QWidget* parent, const QString& folder,
 }
 
 Flow SaveResult(QString path, std::string bytes, ShowBox show, std::function<void()> written) {
-    const bool isThere = WriteCompleteFile(path, bytes);
+    const bool isThere = static_cast<bool>(WriteCompleteFile(path.toStdString(), bytes));
     if (!isThere) {
         const MessageBox failure =
             BoxOf(StringId::FileErrorCaption, Text(StringId::FileErrorText), MessageIcon::None);
