@@ -9,6 +9,8 @@
 #include <cstdio>
 #include <utility>
 
+#include "base/encoding.h"
+#include "base/temporary_file.h"
 #include "commands/draw_flow.h"
 #include "graph/approx_failure.h"
 #include "graph/pick.h"
@@ -29,13 +31,6 @@
 namespace kalvex {
 namespace {
 
-/// Stores the settings, then the lines; silently stops at the first failure.
-void StoreFunctions(const Application& application) {
-    const Workspace& workspace = application.workspace;
-    if (!StoreFunctionSettings(application.registry, workspace.functions)) return;
-    StoreFunctionTexts(application.registry, workspace.lines);
-}
-
 /// Stores bounds, factors and the parameter range of an open graph.
 void StoreOpenView(Application& application, const ShowMessage& show) {
     if (!application.viewUnsaved) return;
@@ -44,6 +39,30 @@ void StoreOpenView(Application& application, const ShowMessage& show) {
     workspace.view = application.graph.viewport.view;
     if (StoreView(application.registry, workspace.view, workspace.options)) return;
     show(BoxOf(StringId::Error, Text(StringId::SaveIntoRegistryFailed), MessageIcon::None));
+}
+
+/// Stores everything at the end, together. When the view cannot be stored, the rest is stored after
+/// the message about it.
+void StoreEverything(Application& application, const ShowMessage& show) {
+    Workspace& workspace = application.workspace;
+    const bool withView = std::exchange(application.viewUnsaved, false);
+    if (withView) workspace.view = application.graph.viewport.view;
+    if (StoreAtEnd(application.registry, workspace, withView)) return;
+    show(BoxOf(StringId::Error, Text(StringId::SaveIntoRegistryFailed), MessageIcon::None));
+    static_cast<void>(StoreAtEnd(application.registry, workspace, false));
+}
+
+/// Tells quietly in the editor what the user should know about the settings file.
+void ShowStoreNote(Application& application) {
+    const StoreRemarks remarks = RemarksOf(application.registry);
+    QString note;
+    if (!remarks.notStored.empty()) {
+        note = ToQString(FillIn(Text(StringId::SettingsNotStored), {ToUtf16(remarks.notStored)}));
+    } else if (remarks.keptAs != application.keptTold) {
+        note = ToQString(FillIn(Text(StringId::SettingsKept), {ToUtf16(remarks.keptAs)}));
+        application.keptTold = remarks.keptAs;
+    }
+    application.editor->ShowNote(note);
 }
 
 /// Saves the picture where the user wants it; the next dialog starts in the same folder.
@@ -138,6 +157,16 @@ auto CommandsOf(Application& application) {
     return [&application](CommandId command) { return RunProgramCommand(application, command); };
 }
 
+/// Removes what a killed run left in the folders that the program writes to: that of the settings,
+/// that of the pictures, and the one that was chosen last.
+void RemoveOldLeftovers(const Application& application) {
+    const QString settings = QFileInfo(application.windowStatePath).absolutePath();
+    for (const QString& folder :
+         {settings, application.pictureFolder, application.windowState.folder}) {
+        if (!folder.isEmpty()) RemoveLeftovers(folder.toStdString());
+    }
+}
+
 void MakeGraphWindow(Application& application) {
     const auto run = CommandsOf(application);
     application.graphWindow = std::make_unique<GraphWindow>(
@@ -195,17 +224,22 @@ void StartApplication(Application& application) {
     LoadWorkspace(application);
     if (application.ended) return;
     application.windowState = LoadWindowState(application.windowStatePath);
+    RemoveOldLeftovers(application);
     const auto run = CommandsOf(application);
     application.editor =
         std::make_unique<EditorWindow>(application.workspace, EditorActions{run, application.show});
     ApplyWindowState(*application.editor, application.windowState);
     application.editor->FocusLine(0);
+    ShowStoreNote(application);
     application.editor->show();
 }
 
 void DrawFunctions(Application& application) {
     if (application.graphWindow && application.graphWindow->Canvas().IsComputing()) return;
-    if (!RunDrawFlow(application.workspace, application.registry, application.show)) return;
+    const bool ready = RunDrawFlow(application.workspace, application.registry, application.show);
+    if (application.ended) return;
+    ShowStoreNote(application);
+    if (!ready) return;
     application.graph.trace = {};
     EnterNormalMode(application.graph);
     application.viewUnsaved = true;
@@ -231,8 +265,7 @@ void EndApplication(Application& application, const ShowMessage& show) {
     if (application.ended) return;
     application.ended = true;
     if (application.graphWindow) application.graphWindow->Canvas().Stop();
-    StoreOpenView(application, show);
-    if (application.loaded) StoreFunctions(application);
+    if (application.loaded) StoreEverything(application, show);
     if (const QWidget* const window = VisibleWindow(application)) {
         RememberWindow(*window, application.windowState);
         SaveWindowState(application.windowStatePath, application.windowState);

@@ -1,9 +1,15 @@
 #include "commands/draw_flow.h"
 
 #include <gtest/gtest.h>
+#include <stdlib.h>
 
+#include <filesystem>
+#include <set>
+
+#include "base/read_file.h"
 #include "settings/examples.h"
 #include "settings/faulty_registry.h"
+#include "settings/registry_file.h"
 #include "workspace/defaults.h"
 
 namespace kalvex {
@@ -61,6 +67,103 @@ TEST(PrepareFunctions, EndsSilentlyWhenALineCannotBeStored) {
             EXPECT_EQ(shown.boxes->size(), slot == 9 ? 1u : 0u) << slot;
         }
     }
+}
+
+/// A registry in a file that says after each write what a reader of the file would see.
+struct WatchedFile {
+    std::filesystem::path folder;
+    Registry registry;
+    std::shared_ptr<std::set<std::string>> seen = std::make_shared<std::set<std::string>>();
+
+    WatchedFile() {
+        std::string pattern =
+            (std::filesystem::temp_directory_path() / "kalvex-test-XXXXXX").string();
+        if (mkdtemp(pattern.data()) == nullptr) std::abort();
+        folder = pattern;
+        registry = OpenRegistryFile(File());
+        CreateDefaultKeys(registry);
+        const Registry inner = registry;
+        const auto look = [file = File(), to = seen](bool written) {
+            to->insert(ReadWholeFile(file, 100000).bytes);
+            return written;
+        };
+        registry.writeNumber = [=](std::string_view key, std::string_view name,
+                                   std::int32_t value) {
+            return look(inner.writeNumber(key, name, value));
+        };
+        registry.writeText = [=](std::string_view key, std::string_view name,
+                                 std::u16string_view value) {
+            return look(inner.writeText(key, name, value));
+        };
+        registry.commit = [=] { return look(inner.commit()); };
+    }
+    ~WatchedFile() { std::filesystem::remove_all(folder); }
+    WatchedFile(const WatchedFile&) = delete;
+    WatchedFile& operator=(const WatchedFile&) = delete;
+    [[nodiscard]] std::string File() const { return (folder / "kalvex.ini").string(); }
+};
+
+/// Lines and settings that are all new.
+Workspace NewWorkspace() {
+    Workspace workspace = DefaultWorkspace();
+    for (std::size_t i = 0; i < 9; ++i) {
+        workspace.lines[i] = std::u16string(i + 1, u'x');
+        workspace.functions[i].color = 5;
+    }
+    return workspace;
+}
+
+TEST(RunDrawFlow, ReplacesTheFileOnce) {
+    const WatchedFile file;
+    const std::string before = ReadWholeFile(file.File(), 100000).bytes;
+    Workspace workspace = NewWorkspace();
+    workspace.functions[0].selected = 1;
+    ShownBoxes shown;
+    EXPECT_TRUE(RunDrawFlow(workspace, file.registry, shown.show));
+    const std::string after = ReadWholeFile(file.File(), 100000).bytes;
+    EXPECT_EQ(*file.seen, (std::set<std::string>{before, after}));
+    EXPECT_EQ(OpenRegistryFile(file.File()).readText("9", "equ"), std::u16string(9, u'x'));
+    EXPECT_EQ(OpenRegistryFile(file.File()).readNumber("9", "color"), 5);
+}
+
+TEST(RunDrawFlow, HasStoredWhatComesBeforeABox) {
+    const WatchedFile file;
+    Workspace workspace = NewWorkspace();
+    workspace.lines[2] = u"x+*";
+    workspace.functions[2].selected = 1;
+    int boxes = 0;
+    EXPECT_FALSE(RunDrawFlow(workspace, file.registry, [&](const MessageBox&) {
+        ++boxes;
+        EXPECT_EQ(OpenRegistryFile(file.File()).readText("2", "equ"), u"xx");
+        return MessageAnswer::Ok;
+    }));
+    EXPECT_EQ(boxes, 1);
+    EXPECT_EQ(OpenRegistryFile(file.File()).readNumber("2", "color"), 2);
+}
+
+TEST(RunDrawFlow, ShowsNoBoxWhenTheLinesBeforeItCouldNotBeStored) {
+    const WatchedFile file;
+    const std::string before = ReadWholeFile(file.File(), 100000).bytes;
+    std::filesystem::create_directory(file.folder / "elsewhere");
+    std::filesystem::rename(file.File(), file.folder / "elsewhere" / "kalvex.ini");
+    std::filesystem::create_directory(file.File());  // nothing can be stored in its place
+    Workspace workspace = NewWorkspace();
+    workspace.lines[2] = u"x+*";
+    workspace.functions[2].selected = 1;
+    ShownBoxes shown;
+    EXPECT_FALSE(RunDrawFlow(workspace, file.registry, shown.show));
+    EXPECT_TRUE(shown.boxes->empty());
+    EXPECT_TRUE(std::filesystem::is_directory(file.File()));
+}
+
+TEST(StoreAtEnd, ReplacesTheFileOnce) {
+    const WatchedFile file;
+    const std::string before = ReadWholeFile(file.File(), 100000).bytes;
+    Workspace workspace = NewWorkspace();
+    workspace.view.Xmin = -3;
+    EXPECT_TRUE(StoreAtEnd(file.registry, workspace, true));
+    const std::string after = ReadWholeFile(file.File(), 100000).bytes;
+    EXPECT_EQ(*file.seen, (std::set<std::string>{before, after}));
 }
 
 TEST(PrepareFunctions, TakesLinesOfAnyLength) {
