@@ -9,6 +9,7 @@
 #include <QSvgRenderer>
 #include <QTemporaryDir>
 #include <QXmlStreamReader>
+#include <limits>
 
 #include "painter/painter.h"
 #include "painter/picture_writers.h"
@@ -75,6 +76,20 @@ TEST(SvgFile, IsWellFormedAndHasNoHugeNumbers) {
     const QRegularExpression huge("[ ,LM-][0-9]{4,}");
     EXPECT_FALSE(QString::fromUtf8(svg).contains(huge)) << "what is far outside is cut off";
     EXPECT_TRUE(svg.contains("font-family=\"sans-serif\""));
+}
+
+/// Adding the height of the letters to such a position must not overflow.
+TEST(SvgFile, ATextFarOffThePictureStaysThere) {
+    constexpr std::int32_t kLargest = std::numeric_limits<std::int32_t>::max();
+    DrawList list{120, 80, {}};
+    list.records.emplace_back(TextRecord{kLargest, kLargest, u"far", {0, 0, 0}, 12});
+    QXmlStreamReader reader(SvgOf(list));
+    double y = 0.0;
+    while (!reader.atEnd()) {
+        if (reader.readNext() == QXmlStreamReader::StartElement && reader.name() == QString("text"))
+            y = reader.attributes().value("y").toDouble();
+    }
+    EXPECT_GT(y, 2e9);
 }
 
 TEST(PdfFile, IsOnePageOfThePicturesSize) {
