@@ -2,11 +2,15 @@
 
 #include <gtest/gtest.h>
 #include <stdlib.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <csignal>
 #include <filesystem>
 #include <set>
 
 #include "base/read_file.h"
+#include "base/temporary_file.h"
 #include "settings/examples.h"
 #include "settings/faulty_registry.h"
 #include "settings/registry_file.h"
@@ -154,6 +158,45 @@ TEST(RunDrawFlow, ShowsNoBoxWhenTheLinesBeforeItCouldNotBeStored) {
     EXPECT_FALSE(RunDrawFlow(workspace, file.registry, shown.show));
     EXPECT_TRUE(shown.boxes->empty());
     EXPECT_TRUE(std::filesystem::is_directory(file.File()));
+}
+
+/// Draws the one and the other workspace until it is killed.
+[[noreturn]] void DrawForever(const std::string& file, Workspace& one, Workspace& other) {
+    const Registry registry = OpenRegistryFile(file);
+    const ShowMessage show = [](const MessageBox&) { return MessageAnswer::Ok; };
+    for (;;) {
+        for (Workspace* const workspace : {&one, &other})
+            if (!RunDrawFlow(*workspace, registry, show)) _exit(1);
+    }
+}
+
+TEST(RunDrawFlow, LeavesOneStateWhenTheProgramIsKilled) {
+    const WatchedFile file;
+    Workspace one = NewWorkspace();
+    Workspace other = NewWorkspace();
+    std::set<std::string> states;
+    for (std::size_t i = 0; i < 9; ++i) {
+        other.lines[i] = u"x^2";
+        other.functions[i].color = 7;
+    }
+    for (Workspace* const workspace : {&other, &one}) {
+        workspace->functions[0].selected = 1;
+        ASSERT_TRUE(RunDrawFlow(*workspace, file.registry, ShownBoxes().show));
+        states.insert(ReadWholeFile(file.File(), 100000).bytes);
+    }
+    constexpr int kKills = 60;
+    for (int i = 0; i < kKills; ++i) {
+        const pid_t child = fork();
+        if (child == 0) DrawForever(file.File(), one, other);
+        usleep(static_cast<useconds_t>(1000 + 613 * i % 20000));
+        kill(child, SIGKILL);
+        int state = 0;
+        waitpid(child, &state, 0);
+        EXPECT_TRUE(WIFSIGNALED(state));
+        EXPECT_TRUE(states.contains(ReadWholeFile(file.File(), 100000).bytes)) << i;
+        RemoveLeftovers(file.folder.string());
+        EXPECT_EQ(std::distance(std::filesystem::directory_iterator(file.folder), {}), 1) << i;
+    }
 }
 
 TEST(StoreAtEnd, ReplacesTheFileOnce) {
