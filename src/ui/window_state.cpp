@@ -43,27 +43,27 @@ QString DefaultWindowStatePath() {
 
 WindowState LoadWindowState(const QString& path) {
     const IniText file = ReadIni(ReadWholeFile(path.toStdString(), kMostBytes).bytes);
-    const auto value = [&file](std::string_view name) {
+    const auto storedValue = [&file](std::string_view name) {
         const IniValue* const held = FindIniValue(file, kSection, name);
         return held == nullptr ? QString() : ToQString(held->text);
     };
     WindowState state;
-    const QSize size(value("width").toInt(), value("height").toInt());
+    const QSize size(storedValue("width").toInt(), storedValue("height").toInt());
     if (IsUsable(size)) state.size = size;
-    state.maximised = value("maximised").toInt() == 1;
-    state.folder = value("folder");
+    state.maximised = storedValue("maximised").toInt() == 1;
+    state.folder = storedValue("folder");
     return state;
 }
 
 void SaveWindowState(const QString& path, const WindowState& state) {
     IniText file;
-    const auto put = [&file](std::string_view name, const QString& value) {
+    const auto storeValue = [&file](std::string_view name, const QString& value) {
         SetIniValue(file, kSection, name, FromQString(value));
     };
-    put("width", QString::number(state.size.width()));
-    put("height", QString::number(state.size.height()));
-    put("maximised", state.maximised ? "1" : "0");
-    put("folder", state.folder);
+    storeValue("width", QString::number(state.size.width()));
+    storeValue("height", QString::number(state.size.height()));
+    storeValue("maximised", state.maximised ? "1" : "0");
+    storeValue("folder", state.folder);
     QDir().mkpath(QFileInfo(path).absolutePath());
     static_cast<void>(WriteCompleteFile(path.toStdString(), WriteIni(file)));
 }
