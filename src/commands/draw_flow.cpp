@@ -1,5 +1,7 @@
 // The texts are stored before anything else is asked, so a warning never costs the user a line. The
 // lines are copied first: while a box is open, assistive technology can still change the editor.
+// What one Draw stores appears in the file at once. Only a box ends a batch before its time: what
+// comes before the box must be stored when it opens, because the program may end while it is open.
 #include "commands/draw_flow.h"
 
 #include <utility>
@@ -14,32 +16,35 @@ namespace kalvex {
 namespace {
 
 /// What follows when all lines have been prepared.
-Flow CheckPrepared(Workspace& workspace, Registry registry, ShowBox show,
-                   std::function<void()> ready) {
+Flow CheckPrepared(Workspace& workspace, ShowBox show, std::function<void(bool ready)> done) {
     FunctionList& functions = workspace.functions;
-    if (!StoreFunctionSettings(registry, functions)) co_return;
     if (!AnySelected(functions)) {
         const MessageBox box = WarningBox(Text(StringId::MustChooseFunction));
         co_await show(box);
-        co_return;
+        co_return done(false);
     }
-    // Every question is asked, even after the answer No.
     bool passed = false;
     bool confirmed = true;
     const auto boxes =
         BoxesOf([&](const ShowMessage& tell) { passed = PrepareFileLines(functions, tell); });
-    for (const MessageBox& box : boxes) {
+    for (const MessageBox& box : boxes) {  // every question is asked, even after the answer No
         const MessageAnswer answer = co_await show(box);
-        if (answer == MessageAnswer::Ended) co_return;
+        if (answer == MessageAnswer::Ended) co_return done(false);
         confirmed = confirmed && answer == MessageAnswer::Yes;
     }
-    if (passed && confirmed) ready();
+    done(passed && confirmed);
+}
+
+/// Ends a batch after a failure. What was written before the failure stays.
+void CommitRest(const Registry& registry) {
+    static_cast<void>(CommitBatch(registry));
 }
 
 }  // namespace
 
 Flow PrepareFunctions(FunctionList& functions, EditorLines lines, Registry registry, ShowBox show,
-                      std::function<void()> prepared) {
+                      std::function<bool()> storeMore, std::function<void(bool passed)> done) {
+    BeginBatch(registry);
     for (int slot = 0; slot < kSlotCount; ++slot) {
         const auto index = static_cast<std::size_t>(slot);
         bool passed = false;
@@ -47,19 +52,28 @@ Flow PrepareFunctions(FunctionList& functions, EditorLines lines, Registry regis
             passed = PrepareFunction(functions[index], slot, lines[index], tell);
         });
         for (const MessageBox& box : boxes) {
+            if (!CommitBatch(registry)) co_return done(false);
             const MessageAnswer answer = co_await show(box);
-            if (answer == MessageAnswer::Ended) co_return;
+            if (answer == MessageAnswer::Ended) co_return done(false);
+            BeginBatch(registry);
         }
-        if (!passed || !StoreFunctionText(registry, slot, lines[index])) co_return;
+        if (passed && StoreFunctionText(registry, slot, lines[index])) continue;
+        CommitRest(registry);
+        co_return done(false);
     }
-    prepared();
+    const bool stored = !storeMore || storeMore();
+    done(CommitBatch(registry) && stored);
 }
 
 void RunDrawFlow(Workspace& workspace, const Registry& registry, const ShowBox& show,
-                 std::function<void()> ready) {
-    PrepareFunctions(workspace.functions, workspace.lines, registry, show,
-                     [&workspace, registry, show, ready = std::move(ready)] {
-                         CheckPrepared(workspace, registry, show, ready);
+                 std::function<void(bool ready)> done) {
+    const auto storeSettings = [&workspace, registry] {
+        return StoreFunctionSettings(registry, workspace.functions);
+    };
+    PrepareFunctions(workspace.functions, workspace.lines, registry, show, storeSettings,
+                     [&workspace, show, done = std::move(done)](bool passed) {
+                         if (!passed) return done(false);
+                         CheckPrepared(workspace, show, done);
                      });
 }
 

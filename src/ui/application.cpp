@@ -1,6 +1,5 @@
 // The editor exists as long as the program; the graph window is made by the first Draw and kept.
-// Only one of the two is visible. Every end of the program (a command, a closed window, the end of
-// the session, a signal) calls EndApplication, which works once.
+// Only one of the two is visible.
 #include "ui/application.h"
 
 #include <QApplication>
@@ -9,6 +8,8 @@
 #include <cstdio>
 #include <utility>
 
+#include "base/encoding.h"
+#include "base/temporary_file.h"
 #include "commands/draw_flow.h"
 #include "graph/approx_failure.h"
 #include "graph/pick.h"
@@ -31,40 +32,17 @@
 namespace kalvex {
 namespace {
 
-/// Stores the settings, then the lines; silently stops at the first failure.
-void StoreFunctions(const Application& application) {
-    const Workspace& workspace = application.workspace;
-    if (!StoreFunctionSettings(application.registry, workspace.functions)) return;
-    StoreFunctionTexts(application.registry, workspace.lines);
-}
-
-/// Stores bounds, factors and the parameter range of an open graph. The boxes that are due then.
-[[nodiscard]] std::vector<MessageBox> StoreOpenView(Application& application) {
-    if (!application.viewUnsaved) return {};
-    Workspace& workspace = application.workspace;
-    workspace.view = application.graph.viewport.view;
-    if (StoreView(application.registry, workspace.view, workspace.options)) return {};
-    return {BoxOf(StringId::Error, Text(StringId::SaveIntoRegistryFailed), MessageIcon::None)};
-}
-
-/// Stores what an end stores besides the view.
-void StoreLinesAndWindow(Application& application) {
-    if (application.loaded) StoreFunctions(application);
-    if (const QWidget* const window = VisibleWindow(application)) {
-        RememberWindow(*window, application.windowState);
-        SaveWindowState(application.windowStatePath, application.windowState);
+/// Tells quietly in the editor what the user should know about the settings file.
+void ShowStoreNote(Application& application) {
+    const StoreRemarks remarks = RemarksOf(application.registry);
+    QString note;
+    if (!remarks.notStored.empty()) {
+        note = ToQString(FillIn(Text(StringId::SettingsNotStored), {ToUtf16(remarks.notStored)}));
+    } else if (remarks.keptAs != application.keptTold) {
+        note = ToQString(FillIn(Text(StringId::SettingsKept), {ToUtf16(remarks.keptAs)}));
+        application.keptTold = remarks.keptAs;
     }
-}
-
-/// Lets all flows end, then stores everything.
-void StoreEverything(Application& application, const ShowMessage& show) {
-    if (std::exchange(application.closing, true)) return;
-    if (application.graphWindow) application.graphWindow->Canvas().Stop();
-    CloseWhatIsOpen();
-    for (const MessageBox& box : StoreOpenView(application))
-        show(box);
-    StoreLinesAndWindow(application);
-    application.closing = false;
+    application.editor->ShowNote(note);
 }
 
 /// Saves the picture where the user wants it; the next dialog starts in the same folder.
@@ -166,6 +144,16 @@ auto CommandsOf(Application& application) {
     return [&application](CommandId command) { return RunProgramCommand(application, command); };
 }
 
+/// Removes what a killed run left in the folders that the program writes to: that of the settings,
+/// that of the pictures, and the one that was chosen last.
+void RemoveOldLeftovers(const Application& application) {
+    const QString settings = QFileInfo(application.windowStatePath).absolutePath();
+    for (const QString& folder :
+         {settings, application.pictureFolder, application.windowState.folder}) {
+        if (!folder.isEmpty()) RemoveLeftovers(folder.toStdString());
+    }
+}
+
 void MakeGraphWindow(Application& application) {
     const auto run = CommandsOf(application);
     application.graphWindow = std::make_unique<GraphWindow>(
@@ -176,11 +164,13 @@ void MakeGraphWindow(Application& application) {
 
 void ShowEditor(Application& application) {
     application.windowState = LoadWindowState(application.windowStatePath);
+    RemoveOldLeftovers(application);
     const auto run = CommandsOf(application);
     application.editor =
         std::make_unique<EditorWindow>(application.workspace, EditorActions{run, application.show});
     ApplyWindowState(*application.editor, application.windowState);
     application.editor->FocusLine(0);
+    ShowStoreNote(application);
     application.editor->show();
 }
 
@@ -261,44 +251,11 @@ Flow StartApplication(Application& application) {
 void DrawFunctions(Application& application) {
     if (application.graphWindow && application.graphWindow->Canvas().IsComputing()) return;
     RunDrawFlow(application.workspace, application.registry, application.show,
-                [&application] { ShowGraph(application); });
-}
-
-Flow ReturnToTable(Application& application) {
-    const auto boxes = StoreOpenView(application);
-    application.viewUnsaved = false;
-    for (const MessageBox& box : boxes)
-        co_await application.show(box);
-    if (application.ended) co_return;
-    TakeWindowPlace(*application.graphWindow, *application.editor);
-    SetFullScreen(*application.graphWindow, false);
-}
-
-Flow ExitApplication(Application& application) {
-    if (!application.ended) {
-        if (application.graphWindow) application.graphWindow->Canvas().Stop();
-        const auto boxes = StoreOpenView(application);
-        application.viewUnsaved = false;
-        for (const MessageBox& box : boxes)
-            co_await application.show(box);
-    }
-    if (!application.ended) {  // nor has the program been ended while the box was open
-        application.ended = true;
-        StoreLinesAndWindow(application);
-        ReleaseInstance(application.instance);
-    }
-    application.quit();
-}
-
-void StoreForSession(Application& application, const ShowMessage& show) {
-    if (!application.ended) StoreEverything(application, show);
-}
-
-void EndApplication(Application& application, const ShowMessage& show) {
-    if (application.ended) return;
-    application.ended = true;
-    StoreEverything(application, show);
-    ReleaseInstance(application.instance);
+                [&application](bool ready) {
+                    if (application.ended) return;
+                    ShowStoreNote(application);
+                    if (ready) ShowGraph(application);
+                });
 }
 
 QWidget* VisibleWindow(const Application& application) {

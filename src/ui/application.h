@@ -33,6 +33,7 @@ struct Application {
     InstanceGuard instance;
     WindowState windowState;
     CalculatorHistory calculated;
+    std::string keptTold;  ///< the copy of a damaged settings file that the user was told of
     std::unique_ptr<EditorWindow> editor;
     std::unique_ptr<GraphWindow> graphWindow;
     bool loaded = false;          ///< the workspace holds what the store has

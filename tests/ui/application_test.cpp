@@ -1,5 +1,7 @@
 #include "ui/application.h"
 
+#include <QDir>
+#include <QFile>
 #include <QMessageBox>
 #include <QScreen>
 #include <QTimer>
@@ -225,6 +227,18 @@ class ApplicationTest final : public QObject {
         program.Editor().Run(CommandId::Exit);
         QVERIFY(program.shown.boxes->empty());
         QCOMPARE(program.quits, 1);
+    }
+    void WhatAKilledRunLeftIsRemoved() {
+        TestProgram program;
+        QVERIFY(QDir().mkpath(program.application.pictureFolder));
+        const QString name = "/.kalvex-0123456789abcdef.tmp";
+        for (const QString& folder : {program.folder.path(), program.application.pictureFolder}) {
+            QFile left(folder + name);
+            QVERIFY(left.open(QIODevice::WriteOnly));
+        }
+        program.Start();
+        QVERIFY(!QFile::exists(program.folder.path() + name));
+        QVERIFY(!QFile::exists(program.application.pictureFolder + name));
     }
     void TheSizeIsRemembered() {
         TestProgram program;

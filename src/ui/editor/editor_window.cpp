@@ -84,8 +84,16 @@ void EditorWindow::ShowLine(int slot) {
     ShowHint(slot);
 }
 
+void EditorWindow::ShowNote(const QString& text) {
+    const int before = std::exchange(noteSlot, lastSlot);
+    note = text;
+    ShowHint(before);
+    ShowHint(noteSlot);
+}
+
 void EditorWindow::ShowHint(int slot) {
-    const QString hint = HintOfLine(workspace.lines[Index(slot)]);
+    const bool hasNote = slot == noteSlot && !note.isEmpty();
+    const QString hint = hasNote ? note : HintOfLine(workspace.lines[Index(slot)]);
     const LineArea::Row& row = lines->At(slot);
     row.hint->setText(hint);
     row.edit->setToolTip(hint);

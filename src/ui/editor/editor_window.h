@@ -46,6 +46,9 @@ class EditorWindow final : public QWidget {
     /// focus, the line that had it before.
     [[nodiscard]] std::optional<int> FocusedSlot() const;
     void FocusLine(int slot);
+    /// Shows a text in the place of the hint of the current line, until somebody types; an empty
+    /// one takes it away.
+    void ShowNote(const QString& text);
     /// Opens the menu for the focused line.
     void OpenMenu();
     /// Runs a command of the lines or of the program; false for a number that is no command, and
@@ -85,6 +88,8 @@ class EditorWindow final : public QWidget {
     SlideHint* slideHint = nullptr;
     MainMenuState menuState;
     int lastSlot = 0;  ///< the line that had the focus last
+    QString note;
+    int noteSlot = 0;  ///< the line below which the note stands
 };
 
 }  // namespace kalvex

@@ -50,7 +50,10 @@ void EditorWindow::ConnectLine(int slot) {
     connect(row.edit, &LineEdit::PopupAsked, this, [this, slot](QPoint at) {
         if (MayRun(*this)) MakeEditMenu(slot)->popup(at);
     });
-    connect(row.edit, &QLineEdit::textEdited, this, [this, slot] { lines->Reveal(slot); });
+    connect(row.edit, &QLineEdit::textEdited, this, [this, slot] {
+        lines->Reveal(slot);
+        if (!note.isEmpty()) ShowNote({});
+    });
     connect(row.edit, &QLineEdit::textChanged, this, [this, slot](const QString& text) {
         workspace.lines[static_cast<std::size_t>(slot)] = FromQString(text);
         ShowHint(slot);
