@@ -1,5 +1,10 @@
-// The texts are stored before anything else is asked, so a warning never costs the user a line.
+// The texts are stored before anything else is asked, so a warning never costs the user a line. The
+// lines are copied first: while a box is open, assistive technology can still change the editor.
+// What one Draw stores appears in the file at once. Only a box ends a batch before its time: what
+// comes before the box must be stored when it opens, because the program may end while it is open.
 #include "commands/draw_flow.h"
+
+#include <utility>
 
 #include "graph/file_lines.h"
 #include "resources/message_boxes.h"
@@ -8,27 +13,68 @@
 #include "workspace/function_list.h"
 
 namespace kalvex {
+namespace {
 
-bool PrepareFunctions(FunctionList& functions, const EditorLines& lines, const Registry& registry,
-                      const ShowMessage& show) {
-    for (int slot = 0; slot < kSlotCount; ++slot) {
-        const auto index = static_cast<std::size_t>(slot);
-        if (!PrepareFunction(functions[index], slot, lines[index], show) ||
-            !StoreFunctionText(registry, slot, lines[index])) {
-            return false;
-        }
+/// What follows when all lines have been prepared.
+Flow CheckPrepared(Workspace& workspace, ShowBox show, std::function<void(bool ready)> done) {
+    FunctionList& functions = workspace.functions;
+    if (!AnySelected(functions)) {
+        const MessageBox box = WarningBox(Text(StringId::MustChooseFunction));
+        co_await show(box);
+        co_return done(false);
     }
-    return true;
+    bool passed = false;
+    bool confirmed = true;
+    const auto boxes =
+        BoxesOf([&](const ShowMessage& tell) { passed = PrepareFileLines(functions, tell); });
+    for (const MessageBox& box : boxes) {  // every question is asked, even after the answer No
+        const MessageAnswer answer = co_await show(box);
+        if (answer == MessageAnswer::Ended) co_return done(false);
+        confirmed = confirmed && answer == MessageAnswer::Yes;
+    }
+    done(passed && confirmed);
 }
 
-bool RunDrawFlow(Workspace& workspace, const Registry& registry, const ShowMessage& show) {
-    if (!PrepareFunctions(workspace.functions, workspace.lines, registry, show)) return false;
-    if (!StoreFunctionSettings(registry, workspace.functions)) return false;
-    if (!AnySelected(workspace.functions)) {
-        show(WarningBox(Text(StringId::MustChooseFunction)));
-        return false;
+/// Ends a batch after a failure. What was written before the failure stays.
+void CommitRest(const Registry& registry) {
+    static_cast<void>(CommitBatch(registry));
+}
+
+}  // namespace
+
+Flow PrepareFunctions(FunctionList& functions, EditorLines lines, Registry registry, ShowBox show,
+                      std::function<bool()> storeMore, std::function<void(bool passed)> done) {
+    BeginBatch(registry);
+    for (int slot = 0; slot < kSlotCount; ++slot) {
+        const auto index = static_cast<std::size_t>(slot);
+        bool passed = false;
+        const auto boxes = BoxesOf([&](const ShowMessage& tell) {
+            passed = PrepareFunction(functions[index], slot, lines[index], tell);
+        });
+        for (const MessageBox& box : boxes) {
+            if (!CommitBatch(registry)) co_return done(false);
+            const MessageAnswer answer = co_await show(box);
+            if (answer == MessageAnswer::Ended) co_return done(false);
+            BeginBatch(registry);
+        }
+        if (passed && StoreFunctionText(registry, slot, lines[index])) continue;
+        CommitRest(registry);
+        co_return done(false);
     }
-    return PrepareFileLines(workspace.functions, show);
+    const bool stored = !storeMore || storeMore();
+    done(CommitBatch(registry) && stored);
+}
+
+void RunDrawFlow(Workspace& workspace, const Registry& registry, const ShowBox& show,
+                 std::function<void(bool ready)> done) {
+    const auto storeSettings = [&workspace, registry] {
+        return StoreFunctionSettings(registry, workspace.functions);
+    };
+    PrepareFunctions(workspace.functions, workspace.lines, registry, show, storeSettings,
+                     [&workspace, show, done = std::move(done)](bool passed) {
+                         if (!passed) return done(false);
+                         CheckPrepared(workspace, show, done);
+                     });
 }
 
 }  // namespace kalvex

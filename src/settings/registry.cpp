@@ -7,11 +7,18 @@
 
 namespace kalvex {
 
+void BeginBatch(const Registry& registry) {
+    if (registry.begin && registry.commit) registry.begin();
+}
+
+bool CommitBatch(const Registry& registry) {
+    return !registry.begin || !registry.commit || registry.commit();
+}
+
 bool WriteTogether(const Registry& registry, const std::function<bool()>& writes) {
-    if (!registry.begin || !registry.commit) return writes();
-    registry.begin();
+    BeginBatch(registry);
     const bool written = writes();
-    return registry.commit() && written;
+    return CommitBatch(registry) && written;
 }
 
 StoreRemarks RemarksOf(const Registry& registry) {

@@ -46,6 +46,10 @@ struct Registry {
 /// The remarks of a registry; empty ones when it makes none.
 [[nodiscard]] StoreRemarks RemarksOf(const Registry& registry);
 
+/// Begins and ends a batch of a registry that has them; otherwise `CommitBatch` is true.
+void BeginBatch(const Registry& registry);
+[[nodiscard]] bool CommitBatch(const Registry& registry);
+
 /// Runs `writes` as one batch. When `writes` fails, the values that it wrote before are stored, as
 /// they would be without a batch. True when both `writes` and the store succeeded.
 bool WriteTogether(const Registry& registry, const std::function<bool()>& writes);

@@ -40,6 +40,11 @@ bool StoreFunctionSettings(const Registry& registry, const FunctionList& functio
 /// Stores the texts of slots 1 to 9; stops at the first failure.
 bool StoreFunctionTexts(const Registry& registry, const EditorLines& lines);
 
+/// Stores what the end of the program stores, as one batch: with `withView` the view, then function
+/// settings and texts, stopping at the first failure. False when the view could not be stored, and
+/// nothing else is stored then: the user is told first. Other failures are silent.
+[[nodiscard]] bool StoreAtEnd(const Registry& registry, const Workspace& workspace, bool withView);
+
 /// Stores one number of the main key. 1 on success, 0 on failure.
 std::int32_t StoreOption(const Registry& registry, std::string_view name, std::int32_t value);
 

@@ -147,6 +147,16 @@ bool StoreFunctionTexts(const Registry& registry, const EditorLines& lines) {
     });
 }
 
+bool StoreAtEnd(const Registry& registry, const Workspace& workspace, bool withView) {
+    const bool stored = WriteTogether(registry, [&] {
+        if (withView && !StoreView(registry, workspace.view, workspace.options)) return false;
+        if (StoreFunctionSettings(registry, workspace.functions))
+            StoreFunctionTexts(registry, workspace.lines);
+        return true;
+    });
+    return stored || !withView;
+}
+
 std::int32_t StoreOption(const Registry& registry, std::string_view name, std::int32_t value) {
     return registry.open("") && registry.writeNumber("", name, value) ? 1 : 0;
 }

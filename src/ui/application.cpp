@@ -1,6 +1,5 @@
 // The editor exists as long as the program; the graph window is made by the first Draw and kept.
-// Only one of the two is visible. Every end of the program (a command, a closed window, the end of
-// the session, a signal) calls EndApplication, which works once.
+// Only one of the two is visible.
 #include "ui/application.h"
 
 #include <QApplication>
@@ -9,6 +8,8 @@
 #include <cstdio>
 #include <utility>
 
+#include "base/encoding.h"
+#include "base/temporary_file.h"
 #include "commands/draw_flow.h"
 #include "graph/approx_failure.h"
 #include "graph/pick.h"
@@ -23,27 +24,25 @@
 #include "ui/graph/graph_canvas.h"
 #include "ui/graph/picture_export.h"
 #include "ui/help/help_window.h"
+#include "ui/parts/gate.h"
+#include "ui/parts/message_window.h"
 #include "ui/parts/qt_text.h"
 #include "ui/report/analysis_flow.h"
 
 namespace kalvex {
 namespace {
 
-/// Stores the settings, then the lines; silently stops at the first failure.
-void StoreFunctions(const Application& application) {
-    const Workspace& workspace = application.workspace;
-    if (!StoreFunctionSettings(application.registry, workspace.functions)) return;
-    StoreFunctionTexts(application.registry, workspace.lines);
-}
-
-/// Stores bounds, factors and the parameter range of an open graph.
-void StoreOpenView(Application& application, const ShowMessage& show) {
-    if (!application.viewUnsaved) return;
-    application.viewUnsaved = false;
-    Workspace& workspace = application.workspace;
-    workspace.view = application.graph.viewport.view;
-    if (StoreView(application.registry, workspace.view, workspace.options)) return;
-    show(BoxOf(StringId::Error, Text(StringId::SaveIntoRegistryFailed), MessageIcon::None));
+/// Tells quietly in the editor what the user should know about the settings file.
+void ShowStoreNote(Application& application) {
+    const StoreRemarks remarks = RemarksOf(application.registry);
+    QString note;
+    if (!remarks.notStored.empty()) {
+        note = ToQString(FillIn(Text(StringId::SettingsNotStored), {ToUtf16(remarks.notStored)}));
+    } else if (remarks.keptAs != application.keptTold) {
+        note = ToQString(FillIn(Text(StringId::SettingsKept), {ToUtf16(remarks.keptAs)}));
+        application.keptTold = remarks.keptAs;
+    }
+    application.editor->ShowNote(note);
 }
 
 /// Saves the picture where the user wants it; the next dialog starts in the same folder.
@@ -57,15 +56,14 @@ void AskForPicture(Application& application) {
         });
 }
 
-/// Shows boxes as soon as no picture is being computed; during a computation input is held back and
-/// nobody could answer them.
+/// Shows boxes as soon as nothing else is open and no picture is being computed; during a
+/// computation input is held back and nobody could answer them.
 void ShowWhenIdle(Application& application, const std::vector<MessageBox>& boxes, int delay) {
     constexpr int kRetry = 50;  // milliseconds
     QTimer::singleShot(delay, application.graphWindow.get(), [&application, boxes] {
-        if (application.graphWindow->Canvas().IsComputing())
+        if (application.graphWindow->Canvas().IsComputing() || IsAnythingOpen())
             return ShowWhenIdle(application, boxes, kRetry);
-        for (const MessageBox& box : boxes)
-            application.show(box);
+        Tell(application.show, boxes);
     });
 }
 
@@ -110,6 +108,14 @@ void OpenOptions(Application& application) {
                       });
 }
 
+void ReturnFromGraph(Application& application) {
+    ReturnToTable(application);
+}
+
+void Exit(Application& application) {
+    ExitApplication(application);
+}
+
 void ShowCalculator(Application& application) {
     OpenCalculator(VisibleWindow(application), application.calculated, application.show);
 }
@@ -138,12 +144,46 @@ auto CommandsOf(Application& application) {
     return [&application](CommandId command) { return RunProgramCommand(application, command); };
 }
 
+/// Removes what a killed run left in the folders that the program writes to: that of the settings,
+/// that of the pictures, and the one that was chosen last.
+void RemoveOldLeftovers(const Application& application) {
+    const QString settings = QFileInfo(application.windowStatePath).absolutePath();
+    for (const QString& folder :
+         {settings, application.pictureFolder, application.windowState.folder}) {
+        if (!folder.isEmpty()) RemoveLeftovers(folder.toStdString());
+    }
+}
+
 void MakeGraphWindow(Application& application) {
     const auto run = CommandsOf(application);
     application.graphWindow = std::make_unique<GraphWindow>(
         application.graph, application.workspace, GraphActions{run, application.show});
     QObject::connect(&application.graphWindow->Canvas(), &GraphCanvas::Redrawn,
                      application.graphWindow.get(), [&application] { TellFailures(application); });
+}
+
+void ShowEditor(Application& application) {
+    application.windowState = LoadWindowState(application.windowStatePath);
+    RemoveOldLeftovers(application);
+    const auto run = CommandsOf(application);
+    application.editor =
+        std::make_unique<EditorWindow>(application.workspace, EditorActions{run, application.show});
+    ApplyWindowState(*application.editor, application.windowState);
+    application.editor->FocusLine(0);
+    ShowStoreNote(application);
+    application.editor->show();
+}
+
+/// The last step of Draw: the graph window takes the editor's place.
+void ShowGraph(Application& application) {
+    application.graph.trace = {};
+    EnterNormalMode(application.graph);
+    application.viewUnsaved = true;
+    application.failuresUntold = true;
+    if (!application.graphWindow) MakeGraphWindow(application);
+    application.graphWindow->Canvas().StartAfresh();
+    TakeWindowPlace(*application.editor, *application.graphWindow);
+    application.graphWindow->Canvas().ScheduleRedraw();
 }
 
 struct ProgramCommand {
@@ -157,18 +197,19 @@ constexpr ProgramCommand kProgramCommands[] = {
     {CommandId::File, ChoosePointFile},
     {CommandId::Options, OpenOptions},
     {CommandId::Calculator, ShowCalculator},
-    {CommandId::Exit, ExitApplication},
-    {CommandId::GraphTable, ReturnToTable, true},
+    {CommandId::Exit, Exit},
+    {CommandId::GraphTable, ReturnFromGraph, true},
     {CommandId::Analyze, AnalyseTraced, true},
     {CommandId::Picture, ExportShownPicture, true},
     {CommandId::SavePictureAs, AskForPicture, true},
     {CommandId::CopyPicture, CopyShownPicture, true},
-    {CommandId::GraphExit, ExitApplication, true},
+    {CommandId::GraphExit, Exit, true},
 };
 
 }  // namespace
 
 bool RunProgramCommand(Application& application, CommandId command) {
+    if (application.ended) return false;
     for (const ProgramCommand& row : kProgramCommands) {
         if (row.id != command || (row.ofGraph && !application.graphWindow)) continue;
         row.run(application);
@@ -177,67 +218,44 @@ bool RunProgramCommand(Application& application, CommandId command) {
     return RunHelpCommand(VisibleWindow(application), command);
 }
 
-void LoadWorkspace(Application& application) {
+ShowBox BoxesOnScreen(const Application& application) {
+    return ShowBox::Opening([&application](const MessageBox& box, const TakeAnswer& answered) {
+        if (application.closing) return answered(MessageAnswer::Ended);
+        OpenMessageWindow(box, [&application, answered](MessageAnswer answer) {
+            answered(application.closing ? MessageAnswer::Ended : answer);
+        });
+    });
+}
+
+Flow StartApplication(Application& application) {
     const Registry& registry = application.registry;
     Workspace& workspace = application.workspace;
     const bool firstStart = CreateDefaultKeys(registry);
-    LoadFunctionTexts(registry, workspace, application.show);
-    LoadFunctionSettings(registry, workspace, application.show);
-    LoadSettings(registry, workspace, application.show);
+    for (const auto load : {LoadFunctionTexts, LoadFunctionSettings, LoadSettings}) {
+        const auto boxes =
+            BoxesOf([&](const ShowMessage& tell) { load(registry, workspace, tell); });
+        for (const MessageBox& box : boxes) {
+            co_await application.show(box);
+            if (application.ended) co_return;
+        }
+    }
     CreateMissingKeys(registry, workspace);
     application.loaded = true;
     if (firstStart) workspace.functions[0].selected = 1;
     application.graph.viewport.view = workspace.view;
     SaveAsPrevious(application.graph.viewport);
-}
-
-void StartApplication(Application& application) {
-    LoadWorkspace(application);
-    if (application.ended) return;
-    application.windowState = LoadWindowState(application.windowStatePath);
-    const auto run = CommandsOf(application);
-    application.editor =
-        std::make_unique<EditorWindow>(application.workspace, EditorActions{run, application.show});
-    ApplyWindowState(*application.editor, application.windowState);
-    application.editor->FocusLine(0);
-    application.editor->show();
+    ShowEditor(application);
+    if (application.started) application.started();
 }
 
 void DrawFunctions(Application& application) {
     if (application.graphWindow && application.graphWindow->Canvas().IsComputing()) return;
-    if (!RunDrawFlow(application.workspace, application.registry, application.show)) return;
-    application.graph.trace = {};
-    EnterNormalMode(application.graph);
-    application.viewUnsaved = true;
-    application.failuresUntold = true;
-    if (!application.graphWindow) MakeGraphWindow(application);
-    application.graphWindow->Canvas().StartAfresh();
-    TakeWindowPlace(*application.editor, *application.graphWindow);
-    application.graphWindow->Canvas().ScheduleRedraw();
-}
-
-void ReturnToTable(Application& application) {
-    StoreOpenView(application, application.show);
-    if (application.ended) return;
-    TakeWindowPlace(*application.graphWindow, *application.editor);
-}
-
-void ExitApplication(Application& application) {
-    EndApplication(application, application.show);
-    application.quit();
-}
-
-void EndApplication(Application& application, const ShowMessage& show) {
-    if (application.ended) return;
-    application.ended = true;
-    if (application.graphWindow) application.graphWindow->Canvas().Stop();
-    StoreOpenView(application, show);
-    if (application.loaded) StoreFunctions(application);
-    if (const QWidget* const window = VisibleWindow(application)) {
-        RememberWindow(*window, application.windowState);
-        SaveWindowState(application.windowStatePath, application.windowState);
-    }
-    ReleaseInstance(application.instance);
+    RunDrawFlow(application.workspace, application.registry, application.show,
+                [&application](bool ready) {
+                    if (application.ended) return;
+                    ShowStoreNote(application);
+                    if (ready) ShowGraph(application);
+                });
 }
 
 QWidget* VisibleWindow(const Application& application) {

@@ -2,14 +2,23 @@
 // the defaults.
 #include "ui/window_state.h"
 
+#include <QDir>
+#include <QFileInfo>
 #include <QScreen>
-#include <QSettings>
 #include <QStandardPaths>
 #include <QWidget>
 #include <QWindow>
 
+#include "base/complete_file.h"
+#include "base/read_file.h"
+#include "settings/ini_text.h"
+#include "ui/parts/qt_text.h"
+
 namespace kalvex {
 namespace {
+
+constexpr std::size_t kMostBytes = 65536;
+constexpr std::string_view kSection = "General";
 
 constexpr int kSmallest = 100;
 constexpr int kLargest = 16384;
@@ -33,22 +42,30 @@ QString DefaultWindowStatePath() {
 }
 
 WindowState LoadWindowState(const QString& path) {
-    const QSettings file(path, QSettings::IniFormat);
+    const IniText file = ReadIni(ReadWholeFile(path.toStdString(), kMostBytes).bytes);
+    const auto storedValue = [&file](std::string_view name) {
+        const IniValue* const held = FindIniValue(file, kSection, name);
+        return held == nullptr ? QString() : ToQString(held->text);
+    };
     WindowState state;
-    const QSize size(file.value("width").toInt(), file.value("height").toInt());
+    const QSize size(storedValue("width").toInt(), storedValue("height").toInt());
     if (IsUsable(size)) state.size = size;
-    state.maximised = file.value("maximised").toInt() == 1;
-    state.folder = file.value("folder").toString();
+    state.maximised = storedValue("maximised").toInt() == 1;
+    state.folder = storedValue("folder");
     return state;
 }
 
 void SaveWindowState(const QString& path, const WindowState& state) {
-    QSettings file(path, QSettings::IniFormat);
-    file.setValue("width", state.size.width());
-    file.setValue("height", state.size.height());
-    file.setValue("maximised", state.maximised ? 1 : 0);
-    file.setValue("folder", state.folder);
-    file.sync();
+    IniText file;
+    const auto storeValue = [&file](std::string_view name, const QString& value) {
+        SetIniValue(file, kSection, name, FromQString(value));
+    };
+    storeValue("width", QString::number(state.size.width()));
+    storeValue("height", QString::number(state.size.height()));
+    storeValue("maximised", state.maximised ? "1" : "0");
+    storeValue("folder", state.folder);
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    static_cast<void>(WriteCompleteFile(path.toStdString(), WriteIni(file)));
 }
 
 void ApplyWindowState(QWidget& window, const WindowState& state) {

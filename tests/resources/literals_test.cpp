@@ -21,7 +21,7 @@ namespace {
 /// Calls whose literal is a name within the program: of a control, a property, a stored value.
 constexpr std::string_view kNamingCalls[] = {
     "setObjectName(",       "setProperty(", "findChild<QLabel*>(",   "findChild<QTreeView*>(",
-    "findChild<QWidget*>(", "file.value(",  "file.setValue(",        "setDesktopFileName(",
+    "findChild<QWidget*>(", "storedValue(", "storeValue(",           "setDesktopFileName(",
     "setApplicationName(",  "DataFolders(", "StoreOption(registry, "};
 
 /// The other literals that no person reads, by what they are.
@@ -33,7 +33,7 @@ constexpr std::string_view kNoTexts[] = {
     "DejaVu Sans Mono", "Menlo", "Consolas", "Liberation Mono", "a { color: %1; }",
     // Names, kinds and patterns of files.
     "txt", ".bmp", " (*.txt)", " (*.kx)", "Kalvex_", "Kalvex.png", "result.kx",
-    "/kalvex/window.ini", ":/icons/kalvex-%1.png", "_Kalvex_", "_Kalvex_.lock",
+    "/kalvex/window.ini", "General", ":/icons/kalvex-%1.png", "_Kalvex_", "_Kalvex_.lock",
     // What a second start sends to the first; the blanks that may stand around a number.
     "r", " \\t\\u00a0"};
 

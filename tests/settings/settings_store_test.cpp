@@ -143,6 +143,24 @@ TEST(StoreFunctionTexts, StoresLineAfterLineUntilOneFails) {
     }
 }
 
+TEST(StoreAtEnd, StopsAtAFailingViewOnly) {
+    const struct {
+        const char* failing;
+        bool withView, stored;
+        std::int32_t color;  ///< of slot 9 afterwards; 9 before, 3 in the workspace
+    } rows[] = {{"nothing", true, true, 3},          {"nothing", false, true, 3},
+                {"writeText /Ymax", true, false, 9}, {"writeText /Ymax", false, true, 3},
+                {"open /", true, false, 9},          {"writeNumber 8/type", true, true, 9}};
+    for (const auto& row : rows) {
+        const FaultyRegistry faulty = MakeFilledRegistry();
+        Workspace workspace = DefaultWorkspace();
+        workspace.functions[8].color = 3;
+        *faulty.fails = Exactly(row.failing);
+        EXPECT_EQ(StoreAtEnd(faulty.registry, workspace, row.withView), row.stored) << row.failing;
+        EXPECT_EQ(faulty.registry.readNumber("9", "color"), row.color) << row.failing;
+    }
+}
+
 struct RealCase {
     double value;
     std::u16string stored;

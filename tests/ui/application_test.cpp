@@ -1,5 +1,7 @@
 #include "ui/application.h"
 
+#include <QDir>
+#include <QFile>
 #include <QMessageBox>
 #include <QScreen>
 #include <QTimer>
@@ -14,6 +16,14 @@ namespace {
 std::size_t CountOf(const TestProgram& program, const std::string& operation) {
     return static_cast<std::size_t>(
         std::count(program.store.log->begin(), program.store.log->end(), operation));
+}
+
+/// Opens a box and waits until the waiting test code has answered it.
+std::optional<MessageAnswer> Answered(const MessageBox& box) {
+    std::optional<MessageAnswer> answer;
+    OpenMessageWindow(box, [&answer](MessageAnswer given) { answer = given; });
+    static_cast<void>(QTest::qWaitFor([&answer] { return answer.has_value(); }));
+    return answer;
 }
 
 }  // namespace
@@ -218,6 +228,18 @@ class ApplicationTest final : public QObject {
         QVERIFY(program.shown.boxes->empty());
         QCOMPARE(program.quits, 1);
     }
+    void WhatAKilledRunLeftIsRemoved() {
+        TestProgram program;
+        QVERIFY(QDir().mkpath(program.application.pictureFolder));
+        const QString name = "/.kalvex-0123456789abcdef.tmp";
+        for (const QString& folder : {program.folder.path(), program.application.pictureFolder}) {
+            QFile left(folder + name);
+            QVERIFY(left.open(QIODevice::WriteOnly));
+        }
+        program.Start();
+        QVERIFY(!QFile::exists(program.folder.path() + name));
+        QVERIFY(!QFile::exists(program.application.pictureFolder + name));
+    }
     void TheSizeIsRemembered() {
         TestProgram program;
         SaveWindowState(program.application.windowStatePath, {QSize(500, 600), false, "/f"});
@@ -249,7 +271,7 @@ class ApplicationTest final : public QObject {
                 QVERIFY(box->width() >= 280);
                 QTest::keyClick(box, Qt::Key_Return);
             });
-            QVERIFY(ShowMessageWindow({u"Error!", u"<b>1 & 2", icon, MessageButtons::Ok}) ==
+            QVERIFY(Answered({u"Error!", u"<b>1 & 2", icon, MessageButtons::Ok}) ==
                     MessageAnswer::Ok);
             QCOMPARE(seen, expected);
         }
@@ -260,12 +282,11 @@ class ApplicationTest final : public QObject {
                 auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
                 QTest::mouseClick(box->button(pressed), Qt::LeftButton);
             });
-            QVERIFY(ShowMessageWindow({u"a", u"b", MessageIcon::Stop, MessageButtons::YesNo}) ==
-                    answer);
+            QVERIFY(Answered({u"a", u"b", MessageIcon::Stop, MessageButtons::YesNo}) == answer);
         }
         QTimer::singleShot(
             0, this, [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
-        QVERIFY(ShowMessageWindow({u"a", u"b", MessageIcon::Stop, MessageButtons::YesNo}) ==
+        QVERIFY(Answered({u"a", u"b", MessageIcon::Stop, MessageButtons::YesNo}) ==
                 MessageAnswer::No);
     }
     void LongTextsStayOnTheScreen() {
@@ -291,8 +312,8 @@ class ApplicationTest final : public QObject {
             QVERIFY(box->height() <= box->screen()->availableGeometry().height());
             QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Return);
         });
-        ShowMessageWindow(
-            {u"Error!", u"Error in 1 function:\n" + line, MessageIcon::Stop, MessageButtons::Ok});
+        QVERIFY(Answered({u"Error!", u"Error in 1 function:\n" + line, MessageIcon::Stop,
+                          MessageButtons::Ok}) == MessageAnswer::Ok);
     }
 };
 

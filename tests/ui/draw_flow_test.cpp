@@ -1,8 +1,13 @@
 #include "commands/draw_flow.h"
 
+#include <sys/resource.h>
+
 #include <QFile>
 #include <QFileInfo>
+#include <QLabel>
+#include <csignal>
 
+#include "settings/registry_file.h"
 #include "window_fixture.h"
 
 using namespace kalvex;
@@ -65,8 +70,10 @@ class DrawFlowTest final : public QObject {
         program.Start();
         program.store.log->clear();
         program.Entry(1).selected = 1;
-        QVERIFY(
-            RunDrawFlow(program.application.workspace, program.store.registry, program.shown.show));
+        bool ready = false;
+        RunDrawFlow(program.application.workspace, program.store.registry, program.shown.show,
+                    [&ready](bool all) { ready = all; });
+        QVERIFY(ready);
         const auto writes = Writes(program);
         const auto lastText = std::find(writes.begin(), writes.end(), "writeText 9/equ");
         const auto firstNumber = std::find(writes.begin(), writes.end(), "writeNumber 1/color");
@@ -115,6 +122,51 @@ class DrawFlowTest final : public QObject {
             QVERIFY2(program.shown.boxes->empty(), operation);
             QVERIFY2(program.application.graphWindow == nullptr, operation);
         }
+    }
+    void AFullDiskIsToldQuietly() {
+        TestProgram program;
+        const QString file = program.folder.filePath("kalvex.ini");
+        program.application.registry = OpenRegistryFile(file.toStdString());
+        program.Start();
+        const auto* const hint = program.Editor().findChild<QLabel*>("hint1");
+        QCOMPARE(hint->text(), QString());
+        program.Line(1)->setText("x^2");
+        rlimit before{};
+        getrlimit(RLIMIT_FSIZE, &before);
+        const rlimit full = {600, before.rlim_max};
+        auto* const handler = std::signal(SIGXFSZ, SIG_IGN);
+        setrlimit(RLIMIT_FSIZE, &full);
+        program.Editor().Run(CommandId::Draw);
+        setrlimit(RLIMIT_FSIZE, &before);
+        std::signal(SIGXFSZ, handler);
+        QVERIFY(program.shown.boxes->empty());
+        QVERIFY(program.application.graphWindow == nullptr);
+        QCOMPARE(hint->text(), QString("The settings were not stored: File too large"));
+        QVERIFY(program.Line(1)->accessibleDescription().contains("File too large"));
+        QTest::keyClicks(program.Line(1), "3");
+        QCOMPARE(hint->text(), QString());
+        program.OpenGraph();
+        QCOMPARE(hint->text(), QString());
+    }
+    void ADamagedSettingsFileIsKeptAndNamed() {
+        TestProgram program;
+        const QString file = program.folder.filePath("kalvex.ini");
+        QFile damaged(file);
+        QVERIFY(damaged.open(QIODevice::WriteOnly));
+        damaged.write("rubbish\n[Function1]\nequ=x\n");
+        damaged.close();
+        program.application.registry = OpenRegistryFile(file.toStdString());
+        program.Start();
+        QCOMPARE(program.shown.boxes->size(), std::size_t{1});
+        const QString kept = file + ".damaged-1";
+        const auto* const hint = program.Editor().findChild<QLabel*>("hint1");
+        QCOMPARE(hint->text(), "What could not be read of the settings is in " + kept);
+        QFile copy(kept);
+        QVERIFY(copy.open(QIODevice::ReadOnly));
+        QVERIFY(copy.readAll().startsWith("rubbish\n"));
+        program.Entry(1).selected = 1;
+        program.OpenGraph();
+        QCOMPARE(hint->text(), QString());
     }
     void AMissingPointFileStopsTheDrawing() {
         FileProgram program;

@@ -20,6 +20,7 @@
 #include "ui/editor/method_dialogs.h"
 #include "ui/editor/slide_hint.h"
 #include "ui/parts/bottom_bar.h"
+#include "ui/parts/gate.h"
 #include "ui/parts/menu_builder.h"
 #include "ui/parts/qt_text.h"
 #include "ui/parts/short_cut_keys.h"
@@ -83,8 +84,16 @@ void EditorWindow::ShowLine(int slot) {
     ShowHint(slot);
 }
 
+void EditorWindow::ShowNote(const QString& text) {
+    const int before = std::exchange(noteSlot, lastSlot);
+    note = text;
+    ShowHint(before);
+    ShowHint(noteSlot);
+}
+
 void EditorWindow::ShowHint(int slot) {
-    const QString hint = HintOfLine(workspace.lines[Index(slot)]);
+    const bool hasNote = slot == noteSlot && !note.isEmpty();
+    const QString hint = hasNote ? note : HintOfLine(workspace.lines[Index(slot)]);
     const LineArea::Row& row = lines->At(slot);
     row.hint->setText(hint);
     row.edit->setToolTip(hint);
@@ -124,6 +133,7 @@ bool EditorWindow::IsOffered(CommandId command) {
 }
 
 void EditorWindow::OpenMenu() {
+    if (!MayRun(*this)) return;
     UpdateMenu();
     auto* const menu = new QMenu(this);
     menu->setObjectName("mainMenu");
@@ -145,6 +155,7 @@ QMenu* EditorWindow::MakeEditMenu(int slot) {
 }
 
 bool EditorWindow::Run(CommandId command) {
+    if (!MayRun(*this)) return false;
     completion->Close();
     state.slot = FocusedSlot();
     const std::optional<EditorStep> step = RunEditorCommand(workspace, state, command);

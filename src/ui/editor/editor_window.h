@@ -5,7 +5,7 @@
 #include <functional>
 #include <optional>
 
-#include "base/message_box.h"
+#include "base/flow.h"
 #include "commands/editor_commands.h"
 #include "commands/menu_state.h"
 #include "resources/platform.h"
@@ -25,7 +25,7 @@ struct EditorActions {
     /// Runs a command of the program; `File` asks for the file of the line with the focus. False
     /// for a number that is no command. A function, because the answer is needed.
     std::function<bool(CommandId)> run;
-    ShowMessage show;
+    ShowBox show;
     std::u16string_view platform = kPlatformType;
     /// Where the input panel covers the window, in its coordinates; empty while there is none.
     std::function<QRect()> inputPanel = SystemInputPanel;
@@ -46,9 +46,13 @@ class EditorWindow final : public QWidget {
     /// focus, the line that had it before.
     [[nodiscard]] std::optional<int> FocusedSlot() const;
     void FocusLine(int slot);
+    /// Shows a text in the place of the hint of the current line, until somebody types; an empty
+    /// one takes it away.
+    void ShowNote(const QString& text);
     /// Opens the menu for the focused line.
     void OpenMenu();
-    /// Runs a command of the lines or of the program; false for a number that is no command.
+    /// Runs a command of the lines or of the program; false for a number that is no command, and
+    /// while something is open in front of the window.
     bool Run(CommandId command);
     /// Lays the window out anew, above the input panel.
     void LayOut();
@@ -84,6 +88,8 @@ class EditorWindow final : public QWidget {
     SlideHint* slideHint = nullptr;
     MainMenuState menuState;
     int lastSlot = 0;  ///< the line that had the focus last
+    QString note;
+    int noteSlot = 0;  ///< the line below which the note stands
 };
 
 }  // namespace kalvex
