@@ -1,4 +1,4 @@
-// Starts the built tool as a process, without a shell.
+// Starts the built tool as a process.
 #pragma once
 
 #include <string>
@@ -22,6 +22,10 @@ ToolRun RunProgram(const std::vector<std::string>& program,
 /// Runs the tool in the same way.
 ToolRun RunTool(const std::vector<std::string>& arguments, const std::string& input = "",
                 const std::vector<std::string>& environment = {}, const std::string& outPath = "");
+
+/// Runs a script of the shell sh, in which $tool starts the tool and the present folder is the
+/// given one, until it ends.
+ToolRun RunScript(const std::string& script, const std::string& folder);
 
 /// A fresh folder for one test, removed when the test is over.
 class TemporaryFolder final {

@@ -3,6 +3,9 @@
 //   KALVEX_FAULT       KIND:N or KIND:N+   the N-th call of that kind fails (counted from 1); with
 //   a
 //                                          plus sign all later ones too
+//   KALVEX_FAULT_FOLDER  only files are opened and read with failures whose paths begin like this;
+//   with
+//                      the other kinds it means nothing
 //   KALVEX_FAULT_MARK  a file that is made when the first call fails, so that a test knows whether
 //                      the program came so far
 // Kinds: alloc (out of memory), open (too many files), read and write (error of the device), full
@@ -105,9 +108,29 @@ Function* Real(const char* name) {
     return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
 }
 
-bool OpenFails() {
+/// The files that were opened in the folder of KALVEX_FAULT_FOLDER, by their descriptors.
+constexpr int kMostFiles = 1024;
+std::atomic<bool> chosen[kMostFiles];
+
+bool IsChosen(const char* path) {
+    const char* const folder = getenv("KALVEX_FAULT_FOLDER");
+    return folder == nullptr || strncmp(path, folder, strlen(folder)) == 0;
+}
+
+bool OpenFails(const char* path) {
     KillHere();
-    return FailsWith(Kind::Open, EMFILE);
+    return IsChosen(path) && FailsWith(Kind::Open, EMFILE);
+}
+
+/// Notes the result of an open.
+int Opened(const char* path, int file) {
+    if (file >= 0 && file < kMostFiles) chosen[file] = IsChosen(path);
+    return file;
+}
+
+bool ReadFails(int file) {
+    if (file > STDERR_FILENO && file < kMostFiles && !chosen[file]) return false;
+    return FailsWith(Kind::Read, EIO) || FailsWith(Kind::Interrupt, EINTR);
 }
 
 /// Messages and results on standard output and error are no files that could be lost.
@@ -159,9 +182,9 @@ int posix_memalign(void** result, size_t alignment, size_t size) {
         va_start(arguments, flags);                                        \
         const mode_t mode = ModeOf(flags, arguments);                      \
         va_end(arguments);                                                 \
-        if (OpenFails()) return -1;                                        \
+        if (OpenFails(path)) return -1;                                    \
         static auto* const real = Real<int(const char*, int, ...)>(#name); \
-        return real(path, flags, mode);                                    \
+        return Opened(path, real(path, flags, mode));                      \
     }
 OPEN_FUNCTION(open)
 OPEN_FUNCTION(open64)
@@ -173,9 +196,9 @@ OPEN_FUNCTION(open64)
         va_start(arguments, flags);                                             \
         const mode_t mode = ModeOf(flags, arguments);                           \
         va_end(arguments);                                                      \
-        if (OpenFails()) return -1;                                             \
+        if (OpenFails(path)) return -1;                                         \
         static auto* const real = Real<int(int, const char*, int, ...)>(#name); \
-        return real(folder, path, flags, mode);                                 \
+        return Opened(path, real(folder, path, flags, mode));                   \
     }
 OPENAT_FUNCTION(openat)
 OPENAT_FUNCTION(openat64)
@@ -183,16 +206,18 @@ OPENAT_FUNCTION(openat64)
 
 #define FOPEN_FUNCTION(name)                                                    \
     FILE* name(const char* path, const char* mode) {                            \
-        if (OpenFails()) return nullptr;                                        \
+        if (OpenFails(path)) return nullptr;                                    \
         static auto* const real = Real<FILE*(const char*, const char*)>(#name); \
-        return real(path, mode);                                                \
+        FILE* const file = real(path, mode);                                    \
+        if (file != nullptr) Opened(path, fileno(file));                        \
+        return file;                                                            \
     }
 FOPEN_FUNCTION(fopen)
 FOPEN_FUNCTION(fopen64)
 #undef FOPEN_FUNCTION
 
 ssize_t read(int file, void* bytes, size_t size) {
-    if (FailsWith(Kind::Read, EIO) || FailsWith(Kind::Interrupt, EINTR)) return -1;
+    if (ReadFails(file)) return -1;
     static auto* const real = Real<ssize_t(int, void*, size_t)>("read");
     return real(file, bytes, size);
 }

@@ -41,15 +41,19 @@ class ToolFaults : public testing::TestWithParam<Flow> {
 
     bool Writes() const { return *GetParam().file != '\0'; }
 
+    bool Paints() const { return arguments_.front() == "draw"; }
+
     ToolRun Start(const std::vector<std::string>& environment) const {
         if (Writes()) std::ofstream(out_, std::ios::trunc) << "old";
-        return RunTool(arguments_, "", environment);
+        // The files of the fonts and their settings are the system's; without one there is another.
+        std::vector<std::string> all = environment;
+        if (Paints()) all.push_back("KALVEX_FAULT_FOLDER=" + folder_.PathOf(""));
+        return RunTool(arguments_, "", all);
     }
 
     /// The libraries below that load fonts and paint end the program when they get no memory.
     bool MayCrash(const FaultKind& kind) const {
-        const bool paints = arguments_.front() == "draw";
-        return kind.kills || (paints && std::string_view(kind.name) == "alloc");
+        return kind.kills || (Paints() && std::string_view(kind.name) == "alloc");
     }
 
     std::string Result(const ToolRun& run) const { return Writes() ? ReadFile(out_) : run.out; }
