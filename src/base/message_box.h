@@ -9,7 +9,12 @@ namespace kalvex {
 
 enum class MessageIcon { None, Stop, Exclamation, Information };
 enum class MessageButtons { Ok, YesNo };
-enum class MessageAnswer { Ok, Yes, No };
+enum class MessageAnswer {
+    Ok,
+    Yes,
+    No,
+    Ended  ///< the program ended before the box was answered; counts as Ok or No
+};
 
 struct MessageBox {
     std::u16string caption;
@@ -18,7 +23,8 @@ struct MessageBox {
     MessageButtons buttons = MessageButtons::Ok;
 };
 
-/// Shows a box and returns when it has been answered. An `Ok` box is always answered with `Ok`.
+/// Shows a box and returns when it has been answered. An `Ok` box is always answered with `Ok`,
+/// a question with `Yes` or `No`.
 using ShowMessage = std::function<MessageAnswer(const MessageBox&)>;
 
 }  // namespace kalvex

@@ -87,21 +87,20 @@ PictureChange Slide(GraphState& state, const FunctionList& functions, const Pixe
 
 /// The second corner at the cursor: the end of box mode, whether the box is one or not. While the
 /// box of a refusal is open, the window still has the title and the keys of box mode.
-PictureChange FinishBox(GraphState& state, const ShowMessage& show) {
+PickResult FinishBox(GraphState& state) {
     const WorldPoint second = CursorPoint(state);
-    if (!ZoomToBox(state.viewport, *state.firstCorner, second)) {
-        show(ErrorBox(Text(StringId::SamePoints)));
-    }
+    if (!ZoomToBox(state.viewport, *state.firstCorner, second))
+        return {PictureChange::Overlay, ErrorBox(Text(StringId::SamePoints))};
     EnterNormalMode(state);
     LayoutViewport(state.viewport);
-    return PictureChange::Curves;
+    return {PictureChange::Curves, {}};
 }
 
-PictureChange FinishCentre(GraphState& state) {
+PickResult FinishCentre(GraphState& state) {
     ZoomAbout(state.viewport, CursorPoint(state), state.direction);
     LayoutViewport(state.viewport);
     EnterNormalMode(state);
-    return PictureChange::Curves;
+    return {PictureChange::Curves, {}};
 }
 
 bool IsLongDrag(const Pointer& pointer, const PixelPoint& at) {
@@ -192,15 +191,15 @@ PictureChange MovePointer(GraphState& state, const FunctionList& functions, Pixe
     }
 }
 
-PictureChange LiftPointer(GraphState& state, const FunctionList& functions, PixelPoint at,
-                          const ShowMessage& show) {
+PickResult LiftPointer(GraphState& state, const FunctionList& functions, PixelPoint at) {
     const PictureChange moved = MovePointer(state, functions, at);
     const Pointer pointer = state.pointer;
     state.pointer = {};
-    if (pointer.use == PointerUse::Box && !IsLongDrag(pointer, at)) return PictureChange::Overlay;
+    if (pointer.use == PointerUse::Box && !IsLongDrag(pointer, at))
+        return {PictureChange::Overlay, {}};
     if (pointer.use == PointerUse::Pick || pointer.use == PointerUse::Box)
-        return PickAtCursor(state, show);
-    return moved;
+        return PickAtCursor(state);
+    return {moved, {}};
 }
 
 void DropPointer(GraphState& state) {
@@ -219,12 +218,18 @@ PictureChange MoveCursorBy(GraphState& state, std::int32_t columns, std::int32_t
     return PictureChange::Overlay;
 }
 
-PictureChange PickAtCursor(GraphState& state, const ShowMessage& show) {
+PickResult PickAtCursor(GraphState& state) {
     if (state.mode == GraphMode::Centre) return FinishCentre(state);
-    if (state.mode != GraphMode::Box) return PictureChange::None;
-    if (state.firstCorner) return FinishBox(state, show);
+    if (state.mode != GraphMode::Box) return {};
+    if (state.firstCorner) return FinishBox(state);
     state.firstCorner = CursorPoint(state);
-    return PictureChange::Overlay;
+    return {PictureChange::Overlay, {}};
+}
+
+PictureChange LeaveRefusedBox(GraphState& state) {
+    EnterNormalMode(state);
+    LayoutViewport(state.viewport);
+    return PictureChange::Curves;
 }
 
 }  // namespace kalvex

@@ -2,6 +2,7 @@
 // cursor pixel marks the point that will be picked; moving it never redraws the curves.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "base/message_box.h"
@@ -14,6 +15,12 @@ enum class PictureChange {
     None,
     Overlay,  ///< the cursor and its texts have changed
     Curves    ///< the visible rectangle has changed: compute everything anew
+};
+
+/// What a pick has done. A refused one shows a box; box mode lasts until that has been answered.
+struct PickResult {
+    PictureChange change = PictureChange::None;
+    std::optional<MessageBox> refusal;  ///< to be shown, and LeaveRefusedBox called afterwards
 };
 
 /// Least distance (pixels along x or y) between press and lift for one drag to pick both corners.
@@ -50,8 +57,8 @@ void EnterCentreMode(GraphState& state, ZoomDirection direction);
                                          PixelPoint at);
 [[nodiscard]] PictureChange MovePointer(GraphState& state, const FunctionList& functions,
                                         PixelPoint at);
-[[nodiscard]] PictureChange LiftPointer(GraphState& state, const FunctionList& functions,
-                                        PixelPoint at, const ShowMessage& show);
+[[nodiscard]] PickResult LiftPointer(GraphState& state, const FunctionList& functions,
+                                     PixelPoint at);
 
 /// Forgets a pointer that is down without picking anything: a popup opens, or a second finger comes
 /// down.
@@ -64,6 +71,9 @@ void KeepCursorOnPicture(GraphState& state);
 PictureChange MoveCursorBy(GraphState& state, std::int32_t columns, std::int32_t rows);
 
 /// Picks the cursor's pixel as a tap there would.
-[[nodiscard]] PictureChange PickAtCursor(GraphState& state, const ShowMessage& show);
+[[nodiscard]] PickResult PickAtCursor(GraphState& state);
+
+/// Ends box mode after the refusal of its second corner.
+[[nodiscard]] PictureChange LeaveRefusedBox(GraphState& state);
 
 }  // namespace kalvex

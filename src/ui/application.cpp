@@ -23,6 +23,8 @@
 #include "ui/graph/graph_canvas.h"
 #include "ui/graph/picture_export.h"
 #include "ui/help/help_window.h"
+#include "ui/parts/gate.h"
+#include "ui/parts/message_window.h"
 #include "ui/parts/qt_text.h"
 #include "ui/report/analysis_flow.h"
 
@@ -36,14 +38,33 @@ void StoreFunctions(const Application& application) {
     StoreFunctionTexts(application.registry, workspace.lines);
 }
 
-/// Stores bounds, factors and the parameter range of an open graph.
-void StoreOpenView(Application& application, const ShowMessage& show) {
-    if (!application.viewUnsaved) return;
-    application.viewUnsaved = false;
+/// Stores bounds, factors and the parameter range of an open graph. The boxes that are due then.
+[[nodiscard]] std::vector<MessageBox> StoreOpenView(Application& application) {
+    if (!application.viewUnsaved) return {};
     Workspace& workspace = application.workspace;
     workspace.view = application.graph.viewport.view;
-    if (StoreView(application.registry, workspace.view, workspace.options)) return;
-    show(BoxOf(StringId::Error, Text(StringId::SaveIntoRegistryFailed), MessageIcon::None));
+    if (StoreView(application.registry, workspace.view, workspace.options)) return {};
+    return {BoxOf(StringId::Error, Text(StringId::SaveIntoRegistryFailed), MessageIcon::None)};
+}
+
+/// Stores what an end stores besides the view.
+void StoreLinesAndWindow(Application& application) {
+    if (application.loaded) StoreFunctions(application);
+    if (const QWidget* const window = VisibleWindow(application)) {
+        RememberWindow(*window, application.windowState);
+        SaveWindowState(application.windowStatePath, application.windowState);
+    }
+}
+
+/// Lets all flows end, then stores everything.
+void StoreEverything(Application& application, const ShowMessage& show) {
+    if (std::exchange(application.closing, true)) return;
+    if (application.graphWindow) application.graphWindow->Canvas().Stop();
+    CloseWhatIsOpen();
+    for (const MessageBox& box : StoreOpenView(application))
+        show(box);
+    StoreLinesAndWindow(application);
+    application.closing = false;
 }
 
 /// Saves the picture where the user wants it; the next dialog starts in the same folder.
@@ -57,15 +78,14 @@ void AskForPicture(Application& application) {
         });
 }
 
-/// Shows boxes as soon as no picture is being computed; during a computation input is held back and
-/// nobody could answer them.
+/// Shows boxes as soon as nothing else is open and no picture is being computed; during a
+/// computation input is held back and nobody could answer them.
 void ShowWhenIdle(Application& application, const std::vector<MessageBox>& boxes, int delay) {
     constexpr int kRetry = 50;  // milliseconds
     QTimer::singleShot(delay, application.graphWindow.get(), [&application, boxes] {
-        if (application.graphWindow->Canvas().IsComputing())
+        if (application.graphWindow->Canvas().IsComputing() || IsAnythingOpen())
             return ShowWhenIdle(application, boxes, kRetry);
-        for (const MessageBox& box : boxes)
-            application.show(box);
+        Tell(application.show, boxes);
     });
 }
 
@@ -110,6 +130,14 @@ void OpenOptions(Application& application) {
                       });
 }
 
+void ReturnFromGraph(Application& application) {
+    ReturnToTable(application);
+}
+
+void Exit(Application& application) {
+    ExitApplication(application);
+}
+
 void ShowCalculator(Application& application) {
     OpenCalculator(VisibleWindow(application), application.calculated, application.show);
 }
@@ -146,6 +174,28 @@ void MakeGraphWindow(Application& application) {
                      application.graphWindow.get(), [&application] { TellFailures(application); });
 }
 
+void ShowEditor(Application& application) {
+    application.windowState = LoadWindowState(application.windowStatePath);
+    const auto run = CommandsOf(application);
+    application.editor =
+        std::make_unique<EditorWindow>(application.workspace, EditorActions{run, application.show});
+    ApplyWindowState(*application.editor, application.windowState);
+    application.editor->FocusLine(0);
+    application.editor->show();
+}
+
+/// The last step of Draw: the graph window takes the editor's place.
+void ShowGraph(Application& application) {
+    application.graph.trace = {};
+    EnterNormalMode(application.graph);
+    application.viewUnsaved = true;
+    application.failuresUntold = true;
+    if (!application.graphWindow) MakeGraphWindow(application);
+    application.graphWindow->Canvas().StartAfresh();
+    TakeWindowPlace(*application.editor, *application.graphWindow);
+    application.graphWindow->Canvas().ScheduleRedraw();
+}
+
 struct ProgramCommand {
     CommandId id;
     void (*run)(Application&);
@@ -157,18 +207,19 @@ constexpr ProgramCommand kProgramCommands[] = {
     {CommandId::File, ChoosePointFile},
     {CommandId::Options, OpenOptions},
     {CommandId::Calculator, ShowCalculator},
-    {CommandId::Exit, ExitApplication},
-    {CommandId::GraphTable, ReturnToTable, true},
+    {CommandId::Exit, Exit},
+    {CommandId::GraphTable, ReturnFromGraph, true},
     {CommandId::Analyze, AnalyseTraced, true},
     {CommandId::Picture, ExportShownPicture, true},
     {CommandId::SavePictureAs, AskForPicture, true},
     {CommandId::CopyPicture, CopyShownPicture, true},
-    {CommandId::GraphExit, ExitApplication, true},
+    {CommandId::GraphExit, Exit, true},
 };
 
 }  // namespace
 
 bool RunProgramCommand(Application& application, CommandId command) {
+    if (application.ended) return false;
     for (const ProgramCommand& row : kProgramCommands) {
         if (row.id != command || (row.ofGraph && !application.graphWindow)) continue;
         row.run(application);
@@ -177,66 +228,76 @@ bool RunProgramCommand(Application& application, CommandId command) {
     return RunHelpCommand(VisibleWindow(application), command);
 }
 
-void LoadWorkspace(Application& application) {
+ShowBox BoxesOnScreen(const Application& application) {
+    return ShowBox::Opening([&application](const MessageBox& box, const TakeAnswer& answered) {
+        if (application.closing) return answered(MessageAnswer::Ended);
+        OpenMessageWindow(box, [&application, answered](MessageAnswer answer) {
+            answered(application.closing ? MessageAnswer::Ended : answer);
+        });
+    });
+}
+
+Flow StartApplication(Application& application) {
     const Registry& registry = application.registry;
     Workspace& workspace = application.workspace;
     const bool firstStart = CreateDefaultKeys(registry);
-    LoadFunctionTexts(registry, workspace, application.show);
-    LoadFunctionSettings(registry, workspace, application.show);
-    LoadSettings(registry, workspace, application.show);
+    for (const auto load : {LoadFunctionTexts, LoadFunctionSettings, LoadSettings}) {
+        const auto boxes =
+            BoxesOf([&](const ShowMessage& tell) { load(registry, workspace, tell); });
+        for (const MessageBox& box : boxes) {
+            co_await application.show(box);
+            if (application.ended) co_return;
+        }
+    }
     CreateMissingKeys(registry, workspace);
     application.loaded = true;
     if (firstStart) workspace.functions[0].selected = 1;
     application.graph.viewport.view = workspace.view;
     SaveAsPrevious(application.graph.viewport);
-}
-
-void StartApplication(Application& application) {
-    LoadWorkspace(application);
-    if (application.ended) return;
-    application.windowState = LoadWindowState(application.windowStatePath);
-    const auto run = CommandsOf(application);
-    application.editor =
-        std::make_unique<EditorWindow>(application.workspace, EditorActions{run, application.show});
-    ApplyWindowState(*application.editor, application.windowState);
-    application.editor->FocusLine(0);
-    application.editor->show();
+    ShowEditor(application);
+    if (application.started) application.started();
 }
 
 void DrawFunctions(Application& application) {
     if (application.graphWindow && application.graphWindow->Canvas().IsComputing()) return;
-    if (!RunDrawFlow(application.workspace, application.registry, application.show)) return;
-    application.graph.trace = {};
-    EnterNormalMode(application.graph);
-    application.viewUnsaved = true;
-    application.failuresUntold = true;
-    if (!application.graphWindow) MakeGraphWindow(application);
-    application.graphWindow->Canvas().StartAfresh();
-    TakeWindowPlace(*application.editor, *application.graphWindow);
-    application.graphWindow->Canvas().ScheduleRedraw();
+    RunDrawFlow(application.workspace, application.registry, application.show,
+                [&application] { ShowGraph(application); });
 }
 
-void ReturnToTable(Application& application) {
-    StoreOpenView(application, application.show);
-    if (application.ended) return;
+Flow ReturnToTable(Application& application) {
+    const auto boxes = StoreOpenView(application);
+    application.viewUnsaved = false;
+    for (const MessageBox& box : boxes)
+        co_await application.show(box);
+    if (application.ended) co_return;
     TakeWindowPlace(*application.graphWindow, *application.editor);
+    SetFullScreen(*application.graphWindow, false);
 }
 
-void ExitApplication(Application& application) {
-    EndApplication(application, application.show);
+Flow ExitApplication(Application& application) {
+    if (!application.ended) {
+        if (application.graphWindow) application.graphWindow->Canvas().Stop();
+        const auto boxes = StoreOpenView(application);
+        application.viewUnsaved = false;
+        for (const MessageBox& box : boxes)
+            co_await application.show(box);
+    }
+    if (!application.ended) {  // nor has the program been ended while the box was open
+        application.ended = true;
+        StoreLinesAndWindow(application);
+        ReleaseInstance(application.instance);
+    }
     application.quit();
+}
+
+void StoreForSession(Application& application, const ShowMessage& show) {
+    if (!application.ended) StoreEverything(application, show);
 }
 
 void EndApplication(Application& application, const ShowMessage& show) {
     if (application.ended) return;
     application.ended = true;
-    if (application.graphWindow) application.graphWindow->Canvas().Stop();
-    StoreOpenView(application, show);
-    if (application.loaded) StoreFunctions(application);
-    if (const QWidget* const window = VisibleWindow(application)) {
-        RememberWindow(*window, application.windowState);
-        SaveWindowState(application.windowStatePath, application.windowState);
-    }
+    StoreEverything(application, show);
     ReleaseInstance(application.instance);
 }
 

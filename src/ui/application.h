@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "analysis/analysis.h"
-#include "base/message_box.h"
+#include "base/flow.h"
 #include "commands/calculator_history.h"
 #include "graph/graph_state.h"
 #include "settings/registry.h"
@@ -21,8 +21,9 @@ namespace kalvex {
 /// Owned by main, which sets the members of the first block before StartApplication.
 struct Application {
     Registry registry;
-    ShowMessage show;
-    std::function<void()> quit;  ///< posts the end of the event loop
+    ShowBox show;
+    std::function<void()> quit;     ///< posts the end of the event loop
+    std::function<void()> started;  ///< runs once the editor is on the screen
     QString pictureFolder;
     QString windowStatePath;
 
@@ -37,33 +38,41 @@ struct Application {
     bool loaded = false;          ///< the workspace holds what the store has
     bool failuresUntold = false;  ///< boxes about failed methods wait for the picture of a Draw
     bool viewUnsaved = false;     ///< the graph window is open and its bounds are not stored yet
+    bool closing = false;         ///< what is open is being closed: no new box opens
     bool ended = false;           ///< everything has been stored for the last time
 };
 
+/// Boxes as windows, for `Application::show`. While the program closes what is open, a box counts
+/// as answered without being shown.
+[[nodiscard]] ShowBox BoxesOnScreen(const Application& application);
+
 /// Makes the default settings on a first start, loads texts, function settings and general
 /// settings, and makes the keys that a damaged store lacks. On a first start line 1 is selected.
-void LoadWorkspace(Application& application);
-
-/// Loads everything and shows the editor with the focus in line 1. There is no editor when the
-/// program was ended while a message about the loading was on the screen.
-void StartApplication(Application& application);
+/// Then shows the editor with the focus in line 1. There is no editor when the program was ended
+/// while a message about the loading was on the screen.
+Flow StartApplication(Application& application);
 
 /// Runs a command of the whole program. Both windows hand on to it what they cannot run themselves.
-/// False for a number that is no command, and for a command of the graph before the first Draw.
+/// False for a number that is no command, for a command of the graph before the first Draw, and
+/// after the end of the program.
 [[nodiscard]] bool RunProgramCommand(Application& application, CommandId command);
 
 /// Runs the steps of Draw and, when they succeed, shows the graph window in the editor's place.
 void DrawFunctions(Application& application);
 
 /// Stores the view (a failure is reported) and brings the editor back.
-void ReturnToTable(Application& application);
+Flow ReturnToTable(Application& application);
 
 /// `Exit` of both windows: stores everything and ends the event loop.
-void ExitApplication(Application& application);
+Flow ExitApplication(Application& application);
 
-/// Stores what is not stored yet: the view of an open graph, the function settings, and the lines
-/// as they are in the editor; closes the mutex. Works once. A failure to store the view goes to
+/// The session ends, and with it perhaps the program. Answers everything that is open with its
+/// Cancel or its only button, so that all flows end; then stores the view of an open graph, the
+/// function settings, and the lines as they are in the editor. A failure to store the view goes to
 /// `show`, other failures are silent.
+void StoreForSession(Application& application, const ShowMessage& show);
+
+/// The end of the program from outside: does the same and closes the mutex. Works once.
 void EndApplication(Application& application, const ShowMessage& show);
 
 /// The window that the user sees at the moment.

@@ -7,7 +7,6 @@
 #include "settings/registry_file.h"
 #include "ui/application.h"
 #include "ui/graph/picture_export.h"
-#include "ui/parts/message_window.h"
 #include "ui/parts/touch_style.h"
 #include "ui/program_icon.h"
 #include "ui/terminate_signal.h"
@@ -34,7 +33,7 @@ int main(int argc, char** argv) {
         return 0;
     }
     application.registry = OpenRegistryFile(DefaultRegistryPath());
-    application.show = ShowMessageWindow;
+    application.show = BoxesOnScreen(application);
     application.quit = [] { QCoreApplication::exit(0); };
     application.pictureFolder = DefaultPictureFolder();
     application.windowStatePath = DefaultWindowStatePath();
@@ -45,12 +44,15 @@ int main(int argc, char** argv) {
         end();
         QCoreApplication::exit(0);
     });
-    QObject::connect(&qt, &QGuiApplication::commitDataRequest, &qt, end, Qt::DirectConnection);
+    QObject::connect(
+        &qt, &QGuiApplication::commitDataRequest, &qt,
+        [&application] { StoreForSession(application, WriteMessageLine); }, Qt::DirectConnection);
     QObject::connect(&qt, &QCoreApplication::aboutToQuit, &qt, end);
 
+    application.started = [&application, folder] {
+        ListenForStarts(application.instance, folder, [&application] { RaiseWindow(application); });
+    };
     StartApplication(application);
-    if (application.ended) return 0;  // QCoreApplication::exit does nothing before the event loop
-    ListenForStarts(application.instance, folder, [&application] { RaiseWindow(application); });
     const int result = QApplication::exec();
     ReleaseFunctions(application.workspace.functions);
     return result;

@@ -9,6 +9,14 @@
 namespace kalvex {
 namespace {
 
+/// Runs the flow with boxes that are answered at once. Whether all lines have passed.
+bool Prepare(FunctionList& functions, const EditorLines& lines, const Registry& registry,
+             const ShowMessage& show) {
+    bool passed = false;
+    PrepareFunctions(functions, lines, registry, show, [&passed] { passed = true; });
+    return passed;
+}
+
 TEST(PrepareFunctions, StoresEveryLineAsTyped) {
     FunctionList functions = DefaultWorkspace().functions;
     EditorLines lines;
@@ -19,7 +27,7 @@ TEST(PrepareFunctions, StoresEveryLineAsTyped) {
     lines[8] = u"\\My Documents\\data.txt";
     const FaultyRegistry faulty = MakeFilledRegistry();
     ShownBoxes shown;
-    EXPECT_TRUE(PrepareFunctions(functions, lines, faulty.registry, shown.show));
+    EXPECT_TRUE(Prepare(functions, lines, faulty.registry, shown.show));
     for (std::size_t i = 0; i < 9; ++i) {
         EXPECT_EQ(faulty.registry.readText(std::to_string(i + 1), "equ"), lines[i]) << i;
     }
@@ -36,7 +44,7 @@ TEST(PrepareFunctions, StopsAtTheFirstBadLine) {
     functions[2].text = u"old";
     const FaultyRegistry faulty = MakeFilledRegistry();
     ShownBoxes shown;
-    EXPECT_FALSE(PrepareFunctions(functions, lines, faulty.registry, shown.show));
+    EXPECT_FALSE(Prepare(functions, lines, faulty.registry, shown.show));
     ASSERT_EQ(shown.boxes->size(), 1u);
     EXPECT_EQ(shown.boxes->front().text, u"Error in 2 function:\n2q\nThere is an unknown lexeme");
     EXPECT_EQ(*faulty.log, (std::vector<std::string>{"open 1/", "writeText 1/equ"}));
@@ -54,10 +62,10 @@ TEST(PrepareFunctions, EndsSilentlyWhenALineCannotBeStored) {
             const bool opening = operation == std::string("open ");
             *faulty.fails = Exactly(operation + key + (opening ? "" : "equ"));
             ShownBoxes shown;
-            EXPECT_FALSE(PrepareFunctions(functions, {}, faulty.registry, shown.show));
+            EXPECT_FALSE(Prepare(functions, {}, faulty.registry, shown.show));
             EXPECT_EQ(shown.boxes->size(), slot == 9 ? 1u : 0u) << slot;
             functions[8].selected = 0;
-            EXPECT_FALSE(PrepareFunctions(functions, {}, faulty.registry, shown.show)) << slot;
+            EXPECT_FALSE(Prepare(functions, {}, faulty.registry, shown.show)) << slot;
             EXPECT_EQ(shown.boxes->size(), slot == 9 ? 1u : 0u) << slot;
         }
     }
@@ -71,7 +79,7 @@ TEST(PrepareFunctions, TakesLinesOfAnyLength) {
     lines[1] = std::u16string(100000, u';');
     const FaultyRegistry faulty = MakeFilledRegistry();
     ShownBoxes shown;
-    EXPECT_FALSE(PrepareFunctions(functions, lines, faulty.registry, shown.show));
+    EXPECT_FALSE(Prepare(functions, lines, faulty.registry, shown.show));
     EXPECT_EQ(shown.boxes->size(), 1u);
 }
 
@@ -82,8 +90,7 @@ TEST(ExampleWorkspace, PreparesWithoutABox) {
     }
     const FaultyRegistry faulty = MakeFilledRegistry();
     ShownBoxes shown;
-    EXPECT_TRUE(
-        PrepareFunctions(workspace.functions, workspace.lines, faulty.registry, shown.show));
+    EXPECT_TRUE(Prepare(workspace.functions, workspace.lines, faulty.registry, shown.show));
     EXPECT_TRUE(shown.boxes->empty());
 }
 

@@ -37,7 +37,13 @@ struct Graph {
     void Redraw() { DrawGraph(state, functions, Options{}, MeasureFixed, {}); }
     PictureChange Press(int x, int y) { return PressPointer(state, functions, {x, y}); }
     PictureChange Move(int x, int y) { return MovePointer(state, functions, {x, y}); }
-    PictureChange Lift(int x, int y) { return LiftPointer(state, functions, {x, y}, show); }
+    PictureChange Finish(const PickResult& picked) {
+        if (!picked.refusal) return picked.change;
+        show(*picked.refusal);
+        return LeaveRefusedBox(state);
+    }
+    PictureChange Lift(int x, int y) { return Finish(LiftPointer(state, functions, {x, y})); }
+    PictureChange PickAt() { return Finish(PickAtCursor(state)); }
     PictureChange Tap(int x, int y) {
         Press(x, y);
         return Lift(x, y);
@@ -368,13 +374,13 @@ TEST(NormalMode, Pans) {
 TEST(Cursor, MovesByKeysAndPicks) {
     Graph graph;
     EXPECT_EQ(MoveCursorBy(graph.state, 1, 1), PictureChange::None);
-    EXPECT_EQ(PickAtCursor(graph.state, graph.show), PictureChange::None);
+    EXPECT_EQ(graph.PickAt(), PictureChange::None);
     graph.Run(CommandId::ZoomBox);
     MoveCursorBy(graph.state, -60, -60);
-    EXPECT_EQ(PickAtCursor(graph.state, graph.show), PictureChange::Overlay);
+    EXPECT_EQ(graph.PickAt(), PictureChange::Overlay);
     EXPECT_EQ(graph.Title(), u"Choose Second point");
     MoveCursorBy(graph.state, 60, 120);
-    EXPECT_EQ(PickAtCursor(graph.state, graph.show), PictureChange::Curves);
+    EXPECT_EQ(graph.PickAt(), PictureChange::Curves);
     graph.ExpectBounds(-5, 0, -5, 5);
     graph.Run(CommandId::ZoomIn);
     MoveCursorBy(graph.state, 100'000, -100'000);

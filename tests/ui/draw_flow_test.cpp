@@ -65,8 +65,10 @@ class DrawFlowTest final : public QObject {
         program.Start();
         program.store.log->clear();
         program.Entry(1).selected = 1;
-        QVERIFY(
-            RunDrawFlow(program.application.workspace, program.store.registry, program.shown.show));
+        bool ready = false;
+        RunDrawFlow(program.application.workspace, program.store.registry, program.shown.show,
+                    [&ready] { ready = true; });
+        QVERIFY(ready);
         const auto writes = Writes(program);
         const auto lastText = std::find(writes.begin(), writes.end(), "writeText 9/equ");
         const auto firstNumber = std::find(writes.begin(), writes.end(), "writeNumber 1/color");

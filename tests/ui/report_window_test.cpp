@@ -54,6 +54,7 @@ struct TracedProgram : TestProgram {
         dialog->findChild<QLineEdit*>("fileNameEdit")->setText(path);
         QTest::keyClick(dialog->findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
         QTRY_VERIFY(!shown.boxes->empty());
+        QTRY_VERIFY(Report()->findChild<QFileDialog*>("saveResultDialog") == nullptr);
     }
 };
 

@@ -63,22 +63,24 @@ void ShowDetail(QLabel& detail, const QString& text) {
     detail.setMinimumHeight(qMax(rows, detail.heightForWidth(detail.width())));
 }
 
-/// What `Calc` does.
-void CalculateLine(QLineEdit& edit, QLabel& detail, CalculatorHistory& history,
-                   const ShowMessage& show) {
-    const std::u16string typed = FromQString(edit.text());
-    const CalculatorAnswer answer = Calculate(typed, show);
+/// What `Calc` does. The boxes are in front of the dialog that has the line and the text.
+Flow CalculateLine(QLineEdit* edit, QLabel* detail, CalculatorHistory& history, ShowBox show) {
+    const std::u16string typed = FromQString(edit->text());
+    CalculatorAnswer answer;
+    const auto boxes = BoxesOf([&](const ShowMessage& tell) { answer = Calculate(typed, tell); });
+    for (const MessageBox& box : boxes)
+        co_await show(box);
     if (typed != Text(StringId::EnterExpression)) Remember(history, typed);
     if (answer.accepted) {
-        edit.setText(ToQString(answer.text));
-        edit.selectAll();
+        edit->setText(ToQString(answer.text));
+        edit->selectAll();
     }
-    ShowDetail(detail, ToQString(answer.detail));
-    edit.setAccessibleDescription(detail.text());
-    if (!answer.accepted) {
-        show(ErrorBox(answer.text));
-        edit.setFocus(Qt::OtherFocusReason);
-    }
+    ShowDetail(*detail, ToQString(answer.detail));
+    edit->setAccessibleDescription(detail->text());
+    if (answer.accepted) co_return;
+    const MessageBox refusal = ErrorBox(answer.text);
+    co_await show(refusal);
+    edit->setFocus(Qt::OtherFocusReason);
 }
 
 }  // namespace
@@ -92,7 +94,7 @@ QPoint CalculatorPlace(const QSize& dialog, const QRect& screen, std::u16string_
     return {qMax(screen.left(), qMin(x, lastX)), qMax(screen.top(), qMin(y, lastY))};
 }
 
-void OpenCalculator(QWidget* parent, CalculatorHistory& history, const ShowMessage& show) {
+void OpenCalculator(QWidget* parent, CalculatorHistory& history, const ShowBox& show) {
     auto* const dialog =
         new FormDialog(TextOf(StringId::MenuCalculator), parent, TextOf(StringId::CalcKey));
     dialog->setObjectName("calculatorDialog");
@@ -108,7 +110,7 @@ void OpenCalculator(QWidget* parent, CalculatorHistory& history, const ShowMessa
     dialog->SaveKey()->setProperty("controlId", kCalcId);
     dialog->CancelKey()->setProperty("controlId", kCancelId);
     dialog->save = [edit, detail, &history, show] {
-        CalculateLine(*edit, *detail, history, show);
+        CalculateLine(edit, detail, history, show);
         return false;
     };
     QObject::connect(dialog, &QDialog::finished, dialog,

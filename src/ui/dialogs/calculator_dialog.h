@@ -6,7 +6,7 @@
 #include <QSize>
 #include <string_view>
 
-#include "base/message_box.h"
+#include "base/flow.h"
 #include "commands/calculator_history.h"
 
 class QWidget;
@@ -22,6 +22,6 @@ namespace kalvex {
 /// Opens it over a window. `Calc` (Enter) puts the result in the place of the expression; one that
 /// is rejected gets a message and stays. Up and Down walk through `history`, which must live as
 /// long as the dialog.
-void OpenCalculator(QWidget* parent, CalculatorHistory& history, const ShowMessage& show);
+void OpenCalculator(QWidget* parent, CalculatorHistory& history, const ShowBox& show);
 
 }  // namespace kalvex

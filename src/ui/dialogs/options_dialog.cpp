@@ -12,7 +12,6 @@
 
 #include "commands/options_input.h"
 #include "resources/command_ids.h"
-#include "resources/message_boxes.h"
 #include "resources/strings.h"
 #include "ui/parts/form_dialog.h"
 #include "ui/parts/qt_text.h"
@@ -144,15 +143,15 @@ OptionsInput Read(const OptionsControls& controls) {
 }
 
 /// The control that the user must correct: a refusal names the first or the second of the range.
-QLineEdit& FieldOf(const OptionsControls& controls, const InputProblem& problem) {
+QLineEdit* FieldOf(const OptionsControls& controls, const InputProblem& problem) {
     const OptionField field = problem.field == 0 ? &Options::MinParam : &Options::MaxParam;
-    return *qobject_cast<QLineEdit*>(controls.of[OptionIndex(field)]);
+    return qobject_cast<QLineEdit*>(controls.of[OptionIndex(field)]);
 }
 
 }  // namespace
 
 void OpenOptionsDialog(QWidget* parent, Options& options, const Registry& registry,
-                       const ShowMessage& show, std::function<void()> changed) {
+                       const ShowBox& show, std::function<void()> changed) {
     auto* const dialog = new FormDialog(TextOf(StringId::MenuOptions), parent);
     dialog->setObjectName("optionsDialog");
     const OptionsInput shown = InputOf(options);
@@ -163,10 +162,10 @@ void OpenOptionsDialog(QWidget* parent, Options& options, const Registry& regist
     dialog->save = [controls, &options, registry, show, changed = std::move(changed)] {
         const auto problem = SaveOptions(Read(controls), options, registry);
         if (problem) {
-            show(ErrorBox(problem->message));
-            PointAt(FieldOf(controls, *problem));
+            RefuseText(show, problem->message, FieldOf(controls, *problem), changed);
+        } else {
+            changed();
         }
-        changed();
         return !problem;
     };
     controls.of[OptionIndex(&Options::Wight)]->setFocus(Qt::OtherFocusReason);

@@ -3,7 +3,7 @@
 
 #include <functional>
 
-#include "base/message_box.h"
+#include "base/flow.h"
 #include "settings/registry.h"
 #include "workspace/options.h"
 
@@ -16,6 +16,6 @@ namespace kalvex {
 /// is taken and stored. `changed` runs after every `Save`. `options` must live as long as the
 /// dialog. The controls carry the program's control numbers as the property "controlId".
 void OpenOptionsDialog(QWidget* parent, Options& options, const Registry& registry,
-                       const ShowMessage& show, std::function<void()> changed);
+                       const ShowBox& show, std::function<void()> changed);
 
 }  // namespace kalvex

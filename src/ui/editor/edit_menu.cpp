@@ -8,6 +8,7 @@
 
 #include "resources/edit_popup.h"
 #include "ui/editor/line_edit.h"
+#include "ui/parts/gate.h"
 #include "ui/parts/menu_builder.h"
 #include "ui/parts/qt_text.h"
 
@@ -72,6 +73,7 @@ QMenu* NewEditMenu(QWidget* window, LineEdit& line, std::function<void(CommandId
     LineEdit* const edit = &line;
     const auto stateOf = [edit](const MenuEntry& entry) { return EditEntryState(*edit, entry); };
     FillMenu(*menu, EditPopup(), stateOf, [edit, other = std::move(runOther)](CommandId command) {
+        if (!MayRun(*edit)) return;
         edit->setFocus(Qt::OtherFocusReason);  // a soft key may have it
         if (!RunEditCommand(*edit, command)) other(command);
     });

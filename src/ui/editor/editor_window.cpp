@@ -20,6 +20,7 @@
 #include "ui/editor/method_dialogs.h"
 #include "ui/editor/slide_hint.h"
 #include "ui/parts/bottom_bar.h"
+#include "ui/parts/gate.h"
 #include "ui/parts/menu_builder.h"
 #include "ui/parts/qt_text.h"
 #include "ui/parts/short_cut_keys.h"
@@ -124,6 +125,7 @@ bool EditorWindow::IsOffered(CommandId command) {
 }
 
 void EditorWindow::OpenMenu() {
+    if (!MayRun(*this)) return;
     UpdateMenu();
     auto* const menu = new QMenu(this);
     menu->setObjectName("mainMenu");
@@ -145,6 +147,7 @@ QMenu* EditorWindow::MakeEditMenu(int slot) {
 }
 
 bool EditorWindow::Run(CommandId command) {
+    if (!MayRun(*this)) return false;
     completion->Close();
     state.slot = FocusedSlot();
     const std::optional<EditorStep> step = RunEditorCommand(workspace, state, command);

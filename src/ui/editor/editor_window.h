@@ -5,7 +5,7 @@
 #include <functional>
 #include <optional>
 
-#include "base/message_box.h"
+#include "base/flow.h"
 #include "commands/editor_commands.h"
 #include "commands/menu_state.h"
 #include "resources/platform.h"
@@ -25,7 +25,7 @@ struct EditorActions {
     /// Runs a command of the program; `File` asks for the file of the line with the focus. False
     /// for a number that is no command. A function, because the answer is needed.
     std::function<bool(CommandId)> run;
-    ShowMessage show;
+    ShowBox show;
     std::u16string_view platform = kPlatformType;
     /// Where the input panel covers the window, in its coordinates; empty while there is none.
     std::function<QRect()> inputPanel = SystemInputPanel;
@@ -48,7 +48,8 @@ class EditorWindow final : public QWidget {
     void FocusLine(int slot);
     /// Opens the menu for the focused line.
     void OpenMenu();
-    /// Runs a command of the lines or of the program; false for a number that is no command.
+    /// Runs a command of the lines or of the program; false for a number that is no command, and
+    /// while something is open in front of the window.
     bool Run(CommandId command);
     /// Lays the window out anew, above the input panel.
     void LayOut();

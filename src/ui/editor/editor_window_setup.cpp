@@ -12,6 +12,7 @@
 #include "ui/editor/line_layout.h"
 #include "ui/editor/slide_hint.h"
 #include "ui/parts/bottom_bar.h"
+#include "ui/parts/gate.h"
 #include "ui/parts/qt_text.h"
 #include "ui/parts/short_cut_keys.h"
 
@@ -29,6 +30,7 @@ void EditorWindow::AddLines() {
 void EditorWindow::ConnectLine(int slot) {
     const LineArea::Row& row = lines->At(slot);
     const auto toggle = [this, slot] {
+        if (!MayRun(*this)) return;
         FocusLine(slot);
         Run(CommandId::Select);
     };
@@ -45,8 +47,9 @@ void EditorWindow::ConnectLine(int slot) {
         lastSlot = slot;
         lines->Reveal(slot);
     });
-    connect(row.edit, &LineEdit::PopupAsked, this,
-            [this, slot](QPoint at) { MakeEditMenu(slot)->popup(at); });
+    connect(row.edit, &LineEdit::PopupAsked, this, [this, slot](QPoint at) {
+        if (MayRun(*this)) MakeEditMenu(slot)->popup(at);
+    });
     connect(row.edit, &QLineEdit::textEdited, this, [this, slot] { lines->Reveal(slot); });
     connect(row.edit, &QLineEdit::textChanged, this, [this, slot](const QString& text) {
         workspace.lines[static_cast<std::size_t>(slot)] = FromQString(text);
@@ -64,6 +67,7 @@ void EditorWindow::AddKeys() {
     insert->setAccessibleDescription(tip);
     connect(bar->menuButton(), &QPushButton::clicked, this, &EditorWindow::OpenMenu);
     connect(insert, &QPushButton::clicked, this, [this, insert] {
+        if (!MayRun(*this)) return;
         if (const auto slot = FocusedSlot()) PopUpAbove(*MakeEditMenu(*slot), *insert);
     });
     connect(bar->actionButton(), &QPushButton::clicked, this, [this] { Run(CommandId::Draw); });

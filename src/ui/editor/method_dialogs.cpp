@@ -9,7 +9,6 @@
 
 #include "commands/number_input.h"
 #include "interp/method_table.h"
-#include "resources/message_boxes.h"
 #include "resources/strings.h"
 #include "ui/parts/form_dialog.h"
 #include "ui/parts/qt_text.h"
@@ -82,7 +81,7 @@ Control AddControl(FormDialog& dialog, const MethodParameter& parameter,
 
 /// Takes all real numbers. When a text is not a number, shows which one it is and takes nothing.
 bool TakeNumbers(const std::vector<Control>& controls, ApproxParameters& values,
-                 const ShowMessage& show) {
+                 const ShowBox& show) {
     std::vector<const Control*> asked;
     std::vector<std::u16string> texts;
     std::vector<std::u16string_view> names;
@@ -94,8 +93,7 @@ bool TakeNumbers(const std::vector<Control>& controls, ApproxParameters& values,
     }
     std::vector<double> numbers(asked.size());
     if (const auto problem = ReadFiniteNumbers(texts, names, numbers)) {
-        show(ErrorBox(problem->message));
-        PointAt(*asked[problem->field]->edit);
+        RefuseText(show, problem->message, asked[problem->field]->edit);
         return false;
     }
     for (std::size_t i = 0; i < asked.size(); ++i)
@@ -103,8 +101,7 @@ bool TakeNumbers(const std::vector<Control>& controls, ApproxParameters& values,
     return true;
 }
 
-bool TakeAll(const std::vector<Control>& controls, ApproxParameters& values,
-             const ShowMessage& show) {
+bool TakeAll(const std::vector<Control>& controls, ApproxParameters& values, const ShowBox& show) {
     if (!TakeNumbers(controls, values, show)) return false;
     for (const auto& [parameter, edit, list] : controls) {
         if (parameter->kind == ParameterKind::Terms)
@@ -117,7 +114,7 @@ bool TakeAll(const std::vector<Control>& controls, ApproxParameters& values,
 
 }  // namespace
 
-void OpenMethodDialog(QWidget* parent, FunctionEntry& entry, const ShowMessage& show) {
+void OpenMethodDialog(QWidget* parent, FunctionEntry& entry, const ShowBox& show) {
     const MethodRow* const row = FindMethod(entry.method.approx);
     if (row == nullptr || row->form.parameters.empty()) return;
     const auto method = static_cast<std::size_t>(row->method);

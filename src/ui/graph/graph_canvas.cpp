@@ -29,13 +29,13 @@ constexpr int kGesturePause = 400;  // milliseconds without a turn of the wheel 
 
 }  // namespace
 
-GraphCanvas::GraphCanvas(GraphState& shownGraph, Workspace& shown, IsStopKey stopKey,
-                         ShowMessage show, QWidget* parent)
+GraphCanvas::GraphCanvas(GraphState& shownGraph, Workspace& shown, IsStopKey stopKey, ShowBox show,
+                         QWidget* parent)
     : QWidget(parent),
       graph(shownGraph),
       workspace(shown),
       isStopKey(std::move(stopKey)),
-      showMessage(std::move(show)) {
+      showBox(std::move(show)) {
     setObjectName("canvas");
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_AcceptTouchEvents);
@@ -84,6 +84,11 @@ void GraphCanvas::Apply(PictureChange change) {
     ShowMode();
     // When a redraw is due, the description waits for the new picture.
     if (change != PictureChange::Curves && !redrawTimer.isActive()) Describe();
+}
+
+void GraphCanvas::ApplyPick(const PickResult& picked) {
+    if (!picked.refusal) return Apply(picked.change);
+    Tell(showBox, {*picked.refusal}, [this] { Apply(LeaveRefusedBox(graph)); });
 }
 
 void GraphCanvas::ShowMode() {

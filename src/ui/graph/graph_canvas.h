@@ -9,6 +9,7 @@
 #include <memory>
 #include <vector>
 
+#include "base/flow.h"
 #include "graph/draw_progress.h"
 #include "graph/explore_commands.h"
 #include "ui/graph/canvas_gestures.h"
@@ -30,8 +31,8 @@ using IsStopKey = std::function<bool(QPointF)>;
 class GraphCanvas final : public QWidget {
     Q_OBJECT
   public:
-    /// `stopKey` and `show` are functions, because the canvas needs their answers.
-    GraphCanvas(GraphState& shownGraph, Workspace& shown, IsStopKey stopKey, ShowMessage show,
+    /// `stopKey` is a function, because the canvas needs its answer.
+    GraphCanvas(GraphState& shownGraph, Workspace& shown, IsStopKey stopKey, ShowBox show,
                 QWidget* parent);
     ~GraphCanvas() override;
 
@@ -47,6 +48,8 @@ class GraphCanvas final : public QWidget {
     void EndGestures();
     /// Brings the screen up to date after a change.
     void Apply(PictureChange change);
+    /// Does so after a pick; one that was refused ends when its box has been answered.
+    void ApplyPick(const PickResult& picked);
     /// The last computed picture; empty before the first.
     [[nodiscard]] const DrawList& Picture() const { return list; }
     /// Whether a picture is being computed: what it shows must not be changed then.
@@ -97,7 +100,7 @@ class GraphCanvas final : public QWidget {
     GraphState& graph;
     Workspace& workspace;
     IsStopKey isStopKey;
-    ShowMessage showMessage;
+    ShowBox showBox;
     DrawList list;
     QImage image;
     QTimer redrawTimer;

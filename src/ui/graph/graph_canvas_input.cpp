@@ -33,7 +33,7 @@ void GraphCanvas::Lift(QPointF at) {
     holdTimer.stop();
     const bool trembled = std::exchange(holdPending, false);
     const PixelPoint end = trembled ? graph.pointer.pressed : PixelOf(at);
-    Apply(LiftPointer(graph, workspace.functions, end, showMessage));
+    ApplyPick(LiftPointer(graph, workspace.functions, end));
 }
 
 void GraphCanvas::Hold() {

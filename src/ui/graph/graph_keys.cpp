@@ -37,21 +37,27 @@ PictureChange RunArrow(GraphState& state, const FunctionList& functions, const P
     return PictureChange::Overlay;
 }
 
-std::optional<PictureChange> RunEnd(GraphState& state, const FunctionList& functions, bool first,
-                                    const ShowMessage& show) {
+std::optional<PictureChange> RunEnd(GraphState& state, const FunctionList& functions, bool first) {
     if (state.mode == GraphMode::Trace) {
         MoveTraceTo(state, functions, first ? 0 : INT32_MAX);
         return PictureChange::Overlay;
     }
     if (!first || state.mode != GraphMode::Normal) return std::nullopt;
-    return RunExploreCommand(state, functions, CommandId::QuickInit, show);
+    const ShowMessage none;  // a fixed window is never refused
+    return RunExploreCommand(state, functions, CommandId::QuickInit, none);
 }
 
 }  // namespace
 
+bool IsPickKey(const GraphState& state, const GraphKey& key) {
+    const bool picking = state.mode == GraphMode::Box || state.mode == GraphMode::Centre;
+    const bool picks =
+        key.key == Qt::Key_Return || key.key == Qt::Key_Enter || key.key == Qt::Key_Space;
+    return picking && picks && !key.repeated;
+}
+
 std::optional<PictureChange> RunGraphKey(GraphState& state, const FunctionList& functions,
-                                         ZoomGesture& gesture, const GraphKey& key,
-                                         const ShowMessage& show) {
+                                         ZoomGesture& gesture, const GraphKey& key) {
     if (const auto arrow = ArrowOf(key.key)) {
         const bool far = key.modifiers.testFlag(Qt::ControlModifier);
         return RunArrow(state, functions, *arrow, far ? kLongStep : 1);
@@ -63,18 +69,12 @@ std::optional<PictureChange> RunGraphKey(GraphState& state, const FunctionList& 
     switch (key.key) {
         case Qt::Key_Home:
         case Qt::Key_End:
-            return RunEnd(state, functions, key.key == Qt::Key_Home, show);
+            return RunEnd(state, functions, key.key == Qt::Key_Home);
         case Qt::Key_Plus:
         case Qt::Key_Equal:
             return StepGestureByFactors(state, gesture, ZoomDirection::In);
         case Qt::Key_Minus:
             return StepGestureByFactors(state, gesture, ZoomDirection::Out);
-        case Qt::Key_Return:
-        case Qt::Key_Enter:
-        case Qt::Key_Space:
-            if (state.mode == GraphMode::Box || state.mode == GraphMode::Centre)
-                return PickAtCursor(state, show);
-            return std::nullopt;
         default:
             return std::nullopt;
     }

@@ -14,6 +14,7 @@
 #include "ui/graph/graph_keys.h"
 #include "ui/graph/view_dialogs.h"
 #include "ui/parts/bottom_bar.h"
+#include "ui/parts/gate.h"
 #include "ui/parts/menu_builder.h"
 #include "ui/parts/qt_text.h"
 #include "ui/parts/short_cut_keys.h"
@@ -46,7 +47,7 @@ GraphWindow::GraphWindow(GraphState& shownGraph, Workspace& shown, GraphActions 
     pictureTimer.setInterval(kPictureDelay);
     connect(&pictureTimer, &QTimer::timeout, this, [this] {
         // A computation holds back input, so the message box could not be answered.
-        if (canvas->IsComputing()) {
+        if (canvas->IsComputing() || IsAnythingOpen()) {
             pictureTimer.start();
         } else {
             actions.run(CommandId::Picture);
@@ -87,6 +88,7 @@ void GraphWindow::AddShortcuts() {
 }
 
 void GraphWindow::OpenMenu() {
+    if (!MayRun(*this)) return;
     auto* const menu = new QMenu(this);
     menu->setObjectName("graphMenu");
     menu->setAttribute(Qt::WA_DeleteOnClose);
@@ -99,6 +101,7 @@ void GraphWindow::OpenMenu() {
 }
 
 void GraphWindow::OpenPopup(QPoint at) {
+    if (!MayRun(*this)) return;
     popupPoint = {at.x(), at.y()};
     auto* const menu = new QMenu(this);
     menu->setObjectName("fullScreenPopup");
@@ -112,24 +115,37 @@ void GraphWindow::OpenPopup(QPoint at) {
 }
 
 bool GraphWindow::Run(CommandId command) {
+    if (!MayRun(*this)) return false;
+    if (canvas->IsComputing() && command != CommandId::Picture) {
+        RunAfterComputation(command);
+        return true;
+    }
     canvas->EndGestures();
     keyGesture = {};
-    const auto change = RunExploreCommand(graph, workspace.functions, command, actions.show);
+    std::optional<PictureChange> change;
+    const auto boxes = BoxesOf([&](const ShowMessage& tell) {
+        change = RunExploreCommand(graph, workspace.functions, command, tell);
+    });
     if (change) {
-        canvas->Apply(*change);
+        Tell(actions.show, boxes, [this, change = *change] { canvas->Apply(change); });
         return true;
     }
     return RunShellCommand(command) || RunDialogCommand(command) || RunPopupCommand(command) ||
            actions.run(command);
 }
 
+void GraphWindow::RunAfterComputation(CommandId command) {
+    canvas->Stop();
+    connect(
+        canvas, &GraphCanvas::Redrawn, this, [this, command] { Run(command); },
+        static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
+}
+
 bool GraphWindow::RunShellCommand(CommandId command) {
     switch (command) {
         case CommandId::GraphTable:
             LeavePick();
-            actions.run(command);
-            SetFullScreen(*this, false);
-            return true;
+            return actions.run(command);
         case CommandId::FullScreen:
             LeavePick();
             ToggleFullScreen();
@@ -193,6 +209,8 @@ void GraphWindow::LeavePick() {
 }
 
 void GraphWindow::PressLeftKey() {
+    if (!MayRun(*this)) return;
+    if (canvas->IsComputing()) return canvas->Stop();
     if (graph.mode == GraphMode::Normal) return OpenMenu();
     LeavePick();
 }
@@ -202,6 +220,8 @@ void GraphWindow::PressRightKey() {
 }
 
 void GraphWindow::Escape() {
+    if (!MayRun(*this)) return;
+    if (canvas->IsComputing()) return canvas->Stop();
     if (graph.mode != GraphMode::Normal) return LeavePick();
     if (isFullScreen()) return ToggleFullScreen();
     Run(CommandId::GraphTable);
@@ -261,7 +281,11 @@ void GraphWindow::keyPressEvent(QKeyEvent* event) {
         return;
     }
     const GraphKey key{event->key(), event->modifiers(), event->isAutoRepeat()};
-    const auto change = RunGraphKey(graph, workspace.functions, keyGesture, key, actions.show);
+    if (IsPickKey(graph, key)) {
+        keyGesture = {};
+        return canvas->ApplyPick(PickAtCursor(graph));
+    }
+    const auto change = RunGraphKey(graph, workspace.functions, keyGesture, key);
     if (change) {
         canvas->Apply(*change);
     } else {

@@ -5,7 +5,7 @@
 #include <QWidget>
 #include <functional>
 
-#include "base/message_box.h"
+#include "base/flow.h"
 #include "graph/graph_state.h"
 #include "resources/command_ids.h"
 #include "ui/graph/graph_canvas.h"
@@ -20,7 +20,7 @@ struct GraphActions {
     /// Runs a command of the program; `Analyze` is about the traced function. False for a number
     /// that is no command. A function, because the answer is needed.
     std::function<bool(CommandId)> run;
-    ShowMessage show;
+    ShowBox show;
 };
 
 class GraphWindow final : public QWidget {
@@ -31,7 +31,8 @@ class GraphWindow final : public QWidget {
     void OpenMenu();
     /// Opens the popup of the full-screen mode at a point of the canvas.
     void OpenPopup(QPoint at);
-    /// Runs a command of the graph or of the program; false for a number that is no command.
+    /// Runs a command of the graph or of the program; false for a number that is no command, and
+    /// while something is open in front of the window.
     bool Run(CommandId command);
     /// Title and soft keys for the present mode.
     void ShowMode();
@@ -53,6 +54,9 @@ class GraphWindow final : public QWidget {
     void ToggleFullScreen();
     void LeavePick();
     void Analyse();
+    /// Stops a computation. The command runs when it has ended, because it may change what is being
+    /// drawn.
+    void RunAfterComputation(CommandId command);
     [[nodiscard]] bool RunShellCommand(CommandId command);
     [[nodiscard]] bool RunDialogCommand(CommandId command);
     [[nodiscard]] bool RunPopupCommand(CommandId command);

@@ -40,7 +40,7 @@ QString DefaultPictureFolder() {
 }
 
 void ExportPicture(const DrawList& picture, Options& options, const Registry& registry,
-                   const QString& folder, const ShowMessage& show) {
+                   const QString& folder, const ShowBox& show) {
     const QString name = "Kalvex_" + QString::number(options.Screen) + ".bmp";
     options.Screen = Successor(options.Screen);
     StoreOption(registry, "Screen", options.Screen);
@@ -49,8 +49,8 @@ void ExportPicture(const DrawList& picture, Options& options, const Registry& re
     static_cast<void>(WriteCompleteFile(
         QDir(folder).filePath(name).toStdString(),
         [&picture](const TakeBytes& take) { return MakeBitmap(PaintPicture(picture), take); }));
-    show(BoxOf(StringId::PictureSavedCaption, Text(StringId::PictureSavedText),
-               MessageIcon::Exclamation));
+    Tell(show, {BoxOf(StringId::PictureSavedCaption, Text(StringId::PictureSavedText),
+                      MessageIcon::Exclamation)});
 }
 
 void OpenSavePictureDialog(QWidget* parent, const QString& folder,
@@ -76,13 +76,13 @@ void OpenSavePictureDialog(QWidget* parent, const QString& folder,
     dialog->open();
 }
 
-void SavePicture(const DrawList& picture, const QString& path, const ShowMessage& show) {
+void SavePicture(const DrawList& picture, const QString& path, const ShowBox& show) {
     const PictureFormat* format = PictureFormatOf(path.toStdString(), FormatsOf::Windows);
     if (format == nullptr) {
         const std::u16string endings = Widen(PictureEndings(FormatsOf::Windows));
-        show(ErrorBox(FillIn(Text(StringId::PictureEnding), {endings, FromQString(path)})));
+        Tell(show, {ErrorBox(FillIn(Text(StringId::PictureEnding), {endings, FromQString(path)}))});
     } else if (!WritePicture(*format, path.toStdString(), picture)) {
-        show(ErrorBox(FillIn(Text(StringId::PictureNotWritten), {FromQString(path)})));
+        Tell(show, {ErrorBox(FillIn(Text(StringId::PictureNotWritten), {FromQString(path)}))});
     }
 }
 

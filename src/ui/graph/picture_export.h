@@ -4,7 +4,7 @@
 #include <QString>
 #include <functional>
 
-#include "base/message_box.h"
+#include "base/flow.h"
 #include "graph/draw_list.h"
 #include "settings/registry.h"
 #include "workspace/options.h"
@@ -20,7 +20,7 @@ namespace kalvex {
 /// missing), at one pixel per logical pixel, and stores the next number. The message "Save"
 /// is shown in any case.
 void ExportPicture(const DrawList& picture, Options& options, const Registry& registry,
-                   const QString& folder, const ShowMessage& show);
+                   const QString& folder, const ShowBox& show);
 
 /// Asks for a file (PNG, SVG, PDF or bitmap; by its ending) and hands the path to `chosen`.
 /// `folder` is where the dialog starts; returns at once.
@@ -29,7 +29,7 @@ void OpenSavePictureDialog(QWidget* parent, const QString& folder,
 
 /// Writes the picture in the format of the path's ending. On failure a message says whether the
 /// ending is unknown or the file could not be written.
-void SavePicture(const DrawList& picture, const QString& path, const ShowMessage& show);
+void SavePicture(const DrawList& picture, const QString& path, const ShowBox& show);
 
 /// Puts the picture on the clipboard, at a device pixel ratio.
 void CopyPicture(const DrawList& picture, double devicePixelRatio);

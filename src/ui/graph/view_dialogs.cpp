@@ -7,7 +7,6 @@
 #include <utility>
 
 #include "commands/view_input.h"
-#include "resources/message_boxes.h"
 #include "resources/strings.h"
 #include "ui/parts/form_dialog.h"
 #include "ui/parts/qt_text.h"
@@ -31,7 +30,7 @@ struct NumberForm {
 
 template <std::size_t Count>
 void OpenNumberForm(QWidget* parent, const NumberForm<Count>& shown, ViewWindow& view,
-                    const ShowMessage& show, std::function<void()> changed) {
+                    const ShowBox& show, std::function<void()> changed) {
     auto* const dialog = new FormDialog(TextOf(shown.title), parent);
     dialog->setObjectName(shown.name);
     std::array<QLineEdit*, Count> fields{};
@@ -50,8 +49,7 @@ void OpenNumberForm(QWidget* parent, const NumberForm<Count>& shown, ViewWindow&
             changed();
             return true;
         }
-        show(ErrorBox(problem->message));
-        PointAt(*fields[problem->field]);
+        RefuseText(show, problem->message, fields[problem->field]);
         return false;
     };
     PointAt(*fields[0]);
@@ -60,7 +58,7 @@ void OpenNumberForm(QWidget* parent, const NumberForm<Count>& shown, ViewWindow&
 
 }  // namespace
 
-void OpenViewWindowDialog(QWidget* parent, ViewWindow& view, const ShowMessage& show,
+void OpenViewWindowDialog(QWidget* parent, ViewWindow& view, const ShowBox& show,
                           std::function<void()> changed) {
     const NumberForm<4> form{StringId::MenuViewWindow,
                              "viewWindowDialog",
@@ -70,7 +68,7 @@ void OpenViewWindowDialog(QWidget* parent, ViewWindow& view, const ShowMessage& 
     OpenNumberForm(parent, form, view, show, std::move(changed));
 }
 
-void OpenFactorDialog(QWidget* parent, ViewWindow& view, const ShowMessage& show,
+void OpenFactorDialog(QWidget* parent, ViewWindow& view, const ShowBox& show,
                       std::function<void()> changed) {
     const NumberForm<2> form{StringId::FactorTitle,
                              "factorDialog",

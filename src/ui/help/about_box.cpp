@@ -1,12 +1,12 @@
 // The box is one centred column, as large as its texts need.
 #include "ui/help/about_box.h"
 
-#include <QDialog>
 #include <QLabel>
 #include <QVBoxLayout>
 
 #include "resources/strings.h"
 #include "ui/parts/bottom_bar.h"
+#include "ui/parts/front_dialog.h"
 #include "ui/parts/qt_text.h"
 #include "ui/program_icon.h"
 
@@ -57,7 +57,7 @@ BottomBar* NewKey(QDialog* box) {
 }  // namespace
 
 void OpenAboutBox(QWidget* parent) {
-    auto* const box = new QDialog(parent);
+    auto* const box = new FrontDialog(parent);
     box->setObjectName("aboutBox");
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setWindowTitle(TextOf(StringId::Title));

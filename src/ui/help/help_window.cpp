@@ -36,7 +36,7 @@ void TakePlaceOf(const QWidget& below, QWidget& window) {
 
 }  // namespace
 
-HelpWindow::HelpWindow(QWidget* parent) : QDialog(parent) {
+HelpWindow::HelpWindow(QWidget* parent) : FrontDialog(parent) {
     setObjectName("helpWindow");
     setWindowTitle(TextOf(StringId::Title));
     setAttribute(Qt::WA_DeleteOnClose);

@@ -1,10 +1,10 @@
 // The help and the About box, over any window.
 #pragma once
 
-#include <QDialog>
 #include <QString>
 
 #include "resources/command_ids.h"
+#include "ui/parts/front_dialog.h"
 
 class QLabel;
 class QLineEdit;
@@ -15,7 +15,7 @@ class HelpBrowser;
 
 /// Fills its window with the page above the soft key `Ok`. Escape closes the line for searching if
 /// that is open, else the window.
-class HelpWindow final : public QDialog {
+class HelpWindow final : public FrontDialog {
   public:
     explicit HelpWindow(QWidget* parent);
 

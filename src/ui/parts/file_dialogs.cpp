@@ -7,6 +7,7 @@
 #include <QHeaderView>
 #include <QStandardPaths>
 #include <QTreeView>
+#include <memory>
 #include <utility>
 
 namespace kalvex {
@@ -30,9 +31,15 @@ void FitFileDialog(QFileDialog& dialog, const QSize& room) {
 }
 
 void WhenChosen(QFileDialog& dialog, std::function<void(const QString& path)> chosen) {
+    const auto path = std::make_shared<QString>();
+    QObject::connect(&dialog, &QFileDialog::fileSelected, &dialog,
+                     [path](const QString& selected) { *path = selected; });
     QObject::connect(
-        &dialog, &QFileDialog::fileSelected, dialog.parent(),
-        [chosen = std::move(chosen)](const QString& path) { chosen(path); }, Qt::QueuedConnection);
+        &dialog, &QDialog::finished, dialog.parent(),
+        [path, chosen = std::move(chosen)](int result) {
+            if (result == QDialog::Accepted) chosen(*path);
+        },
+        Qt::SingleShotConnection);
 }
 
 QString StartFolder(const QString& last) {

@@ -13,8 +13,9 @@ namespace kalvex {
 /// the side and all columns but the names.
 void FitFileDialog(QFileDialog& dialog, const QSize& room);
 
-/// Hands the chosen path over once the dialog has left the screen: a message that follows would
-/// share the keyboard with it otherwise.
+/// Hands the chosen path over when the dialog has left the screen: a message that follows would
+/// share the keyboard with it otherwise. A dialog that was cancelled hands nothing over, whatever
+/// becomes of a question that it asked itself and that is still open.
 void WhenChosen(QFileDialog& dialog, std::function<void(const QString& path)> chosen);
 
 /// Where a dialog starts: in the last folder; without one in the user's documents, or the home

@@ -14,6 +14,7 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "resources/message_boxes.h"
 #include "ui/parts/bottom_bar.h"
 #include "ui/parts/touch.h"
 
@@ -30,7 +31,7 @@ constexpr int kFrameWidth = 4;    // for the frame at the sides
 }  // namespace
 
 FormDialog::FormDialog(const QString& title, QWidget* parent, const QString& saveWord)
-    : QDialog(parent) {
+    : FrontDialog(parent) {
     setWindowTitle(title);
     setModal(true);
     const int room = screen()->availableGeometry().width();
@@ -63,7 +64,7 @@ void FormDialog::AddKeys(const QString& saveWord) {
     for (QPushButton* const key : {saveKey, cancelKey})
         key->setFocusPolicy(Qt::StrongFocus);
     connect(saveKey, &QPushButton::clicked, this, [this] {
-        if (!save || save()) accept();
+        if (MayRun(*this) && (!save || save())) accept();
     });
     connect(cancelKey, &QPushButton::clicked, this, &QDialog::reject);
     layout()->addWidget(bar);
@@ -169,6 +170,14 @@ void FormDialog::OpenOverParent() {
 void PointAt(QLineEdit& field) {
     field.setFocus(Qt::OtherFocusReason);
     field.selectAll();
+}
+
+Flow RefuseText(ShowBox show, std::u16string reason, QLineEdit* field,
+                std::function<void()> after) {
+    const MessageBox box = ErrorBox(reason);
+    co_await show(box);
+    PointAt(*field);
+    if (after) after();
 }
 
 }  // namespace kalvex

@@ -1,11 +1,12 @@
 // The frame of all small dialogs: a column of fields above two soft keys.
 #pragma once
 
-#include <QDialog>
 #include <QString>
 #include <QStringList>
 #include <functional>
 
+#include "base/flow.h"
+#include "ui/parts/front_dialog.h"
 #include "ui/parts/qt_text.h"
 
 class QComboBox;
@@ -19,7 +20,7 @@ namespace kalvex {
 
 /// "Save" and Enter call `save` and close the dialog when it returns true; the key can have another
 /// word. "Cancel" and Escape close it. It is as wide as its fields need, not as its parent.
-class FormDialog final : public QDialog {
+class FormDialog final : public FrontDialog {
   public:
     FormDialog(const QString& title, QWidget* parent,
                const QString& saveWord = TextOf(StringId::SaveKey));
@@ -64,5 +65,10 @@ class FormDialog final : public QDialog {
 
 /// Puts the focus into a field, for example one that was refused, and selects all its text.
 void PointAt(QLineEdit& field);
+
+/// Shows why the text of a field was refused, then points at the field; `after` runs last. The box
+/// is in front of the dialog that has the field.
+Flow RefuseText(ShowBox show, std::u16string reason, QLineEdit* field,
+                std::function<void()> after = {});
 
 }  // namespace kalvex

@@ -1,4 +1,5 @@
-// A MessageBox record becomes a modal QMessageBox. The text is plain, so that a function line with
+// A MessageBox record becomes a modal QMessageBox on the heap, which deletes itself. The text is
+// plain, so that a function line with
 // "<" is not taken for markup. A function line may be one word of any length: zero-width spaces let
 // it be broken, and the middle of a very long one is left out, so that the rest of the text and the
 // buttons stay on the screen. Buttons are at least as high as a finger needs.
@@ -52,6 +53,14 @@ QString ShowableLine(QString line) {
     return shown;
 }
 
+/// The window that a box belongs to: the dialog in front, else the active window. A window that is
+/// closing is not taken, because it would take the box with it.
+QWidget* WindowInFront() {
+    QWidget* const dialog = QApplication::activeModalWidget();
+    QWidget* const window = dialog != nullptr ? dialog : QApplication::activeWindow();
+    return window != nullptr && window->isVisible() ? window : nullptr;
+}
+
 void WidenBox(QMessageBox& window) {
     auto* const grid = qobject_cast<QGridLayout*>(window.layout());
     if (grid == nullptr) return;
@@ -67,8 +76,11 @@ QString ShowableText(const QString& text) {
     return lines.join('\n');
 }
 
-MessageAnswer ShowMessageWindow(const MessageBox& box) {
-    QMessageBox window(QApplication::activeWindow());
+void OpenMessageWindow(const MessageBox& box, const TakeAnswer& answered) {
+    auto* const opened = new QMessageBox(WindowInFront());
+    QMessageBox& window = *opened;
+    opened->setAttribute(Qt::WA_DeleteOnClose);
+    opened->setModal(true);
     window.setWindowTitle(ToQString(box.caption));
     window.setTextFormat(Qt::PlainText);
     window.setText(ShowableText(ToQString(box.text)));
@@ -80,9 +92,16 @@ MessageAnswer ShowMessageWindow(const MessageBox& box) {
         button->setMinimumSize(kTouchTarget * 2, kTouchTarget);
     }
     WidenBox(window);
-    const int answer = window.exec();
-    if (!question) return MessageAnswer::Ok;
-    return answer == QMessageBox::Yes ? MessageAnswer::Yes : MessageAnswer::No;
+    QObject::connect(
+        opened, &QDialog::finished, opened,
+        [opened, question, answered] {
+            const bool yes = opened->standardButton(opened->clickedButton()) == QMessageBox::Yes;
+            const TakeAnswer take = answered;  // what follows may delete the box
+            if (!question) return take(MessageAnswer::Ok);
+            take(yes ? MessageAnswer::Yes : MessageAnswer::No);
+        },
+        Qt::SingleShotConnection);
+    opened->show();
 }
 
 }  // namespace kalvex

@@ -3,7 +3,7 @@
 
 #include <QString>
 
-#include "base/message_box.h"
+#include "base/flow.h"
 
 namespace kalvex {
 
@@ -11,8 +11,10 @@ namespace kalvex {
 /// characters the middle is left out. Every other text stays as it is.
 [[nodiscard]] QString ShowableText(const QString& text);
 
-/// Shows a box over the active window and returns when it has been answered. `Yes`/`No` boxes
-/// answered by Escape or the close button count as `No`.
-MessageAnswer ShowMessageWindow(const MessageBox& box);
+/// Opens a box over the window in front and returns at once. `answered` runs when it has been
+/// answered and has left the screen. `Yes`/`No` boxes that are closed by Escape, the close button
+/// or CloseWhatIsOpen count as `No`. The box belongs to the window below it: when that is
+/// destroyed, so is the box, and `answered` with it.
+void OpenMessageWindow(const MessageBox& box, const TakeAnswer& answered);
 
 }  // namespace kalvex

@@ -20,7 +20,8 @@ using Save = std::function<void(QWidget*)>;
 Save SaverOf(const AnalysisFlow& flow, std::function<std::string()> make) {
     return [&folder = flow.folder, show = flow.show, make = std::move(make)](QWidget* report) {
         OpenSaveResultDialog(report, folder, [&folder, show, make](const QString& path) {
-            if (SaveResult(path, make(), show)) folder = QFileInfo(path).absolutePath();
+            SaveResult(path, make(), show,
+                       [&folder, path] { folder = QFileInfo(path).absolutePath(); });
         });
     };
 }

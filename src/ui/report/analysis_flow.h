@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "analysis/analysis.h"
-#include "base/message_box.h"
+#include "base/flow.h"
 #include "graph/graph_state.h"
 
 class QWidget;
@@ -16,7 +16,7 @@ struct AnalysisFlow {
     QWidget* parent;         ///< the window below the report
     AnalysisResult& result;  ///< filled; its arrays are released when the report closes
     QString& folder;         ///< where files are saved; the folder that the user chose last
-    ShowMessage show;
+    ShowBox show;
     std::u16string_view platform;  ///< decides on the form of the report
 };
 

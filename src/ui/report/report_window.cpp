@@ -2,7 +2,6 @@
 // Qt's own text boxes, which can be selected, copied and read aloud.
 #include "ui/report/report_window.h"
 
-#include <QDialog>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QPlainTextEdit>
@@ -15,6 +14,7 @@
 #include "resources/menus.h"
 #include "resources/strings.h"
 #include "ui/parts/bottom_bar.h"
+#include "ui/parts/front_dialog.h"
 #include "ui/parts/menu_builder.h"
 #include "ui/parts/qt_text.h"
 #include "ui/parts/short_cut_keys.h"
@@ -65,7 +65,7 @@ QWidget* MakePage(const QString& title, std::u16string_view text, QWidget* paren
 }
 
 QDialog* MakeDialog(QWidget* parent, const ReportActions& actions) {
-    auto* const dialog = new QDialog(parent);
+    auto* const dialog = new FrontDialog(parent);
     dialog->setObjectName("report");
     dialog->setWindowTitle(TextOf(StringId::AnalysisTitle));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
@@ -75,6 +75,7 @@ QDialog* MakeDialog(QWidget* parent, const ReportActions& actions) {
 }
 
 void RunReportCommand(QDialog* dialog, const ReportActions& actions, CommandId command) {
+    if (!MayRun(*dialog)) return;
     switch (command) {
         case CommandId::ReportOk:
             return dialog->accept();
@@ -91,6 +92,7 @@ void RunReportCommand(QDialog* dialog, const ReportActions& actions, CommandId c
 using Run = std::function<void(CommandId)>;
 
 void OpenExportMenu(QDialog* dialog, const QWidget* key, bool paged, const Run& run) {
+    if (!MayRun(*dialog)) return;
     auto* const menu = new QMenu(dialog);
     menu->setObjectName("exportMenu");
     menu->setAttribute(Qt::WA_DeleteOnClose);

@@ -32,14 +32,18 @@ void OpenSaveResultDialog(QWidget* parent, const QString& folder,
     dialog->open();
 }
 
-bool SaveResult(const QString& path, std::string_view bytes, const ShowMessage& show) {
-    const WriteResult written = WriteCompleteFile(path.toStdString(), bytes);
-    if (!written) {
-        show(BoxOf(StringId::FileErrorCaption, Text(StringId::FileErrorText), MessageIcon::None));
+Flow SaveResult(QString path, std::string bytes, ShowBox show, std::function<void()> written) {
+    const bool isThere = static_cast<bool>(WriteCompleteFile(path.toStdString(), bytes));
+    if (!isThere) {
+        const MessageBox failure =
+            BoxOf(StringId::FileErrorCaption, Text(StringId::FileErrorText), MessageIcon::None);
+        co_await show(failure);
     }
     // KEEP: shown after an error too, which the box before this one has reported.
-    show(BoxOf(StringId::Saved, Text(StringId::Saved), MessageIcon::Information));
-    return static_cast<bool>(written);
+    const MessageBox saved =
+        BoxOf(StringId::Saved, Text(StringId::Saved), MessageIcon::Information);
+    co_await show(saved);
+    if (isThere && written) written();
 }
 
 }  // namespace kalvex

@@ -3,9 +3,9 @@
 
 #include <QString>
 #include <functional>
-#include <string_view>
+#include <string>
 
-#include "base/message_box.h"
+#include "base/flow.h"
 
 class QWidget;
 
@@ -17,7 +17,7 @@ void OpenSaveResultDialog(QWidget* parent, const QString& folder,
                           std::function<void(const QString& path)> chosen);
 
 /// Writes the bytes into a file. When that fails "file error" is shown and an old file survives;
-/// "Saved!" follows in any case. Says whether the file is there.
-bool SaveResult(const QString& path, std::string_view bytes, const ShowMessage& show);
+/// "Saved!" follows in any case. `written` runs last, and only when the file is there.
+Flow SaveResult(QString path, std::string bytes, ShowBox show, std::function<void()> written = {});
 
 }  // namespace kalvex
