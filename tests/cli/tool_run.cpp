@@ -58,11 +58,12 @@ int Spawn(std::vector<std::string> arguments, std::vector<std::string> environme
 
 }  // namespace
 
-ToolRun RunTool(const std::vector<std::string>& arguments, const std::string& input,
-                const std::vector<std::string>& environment, const std::string& outPath) {
+ToolRun RunProgram(const std::vector<std::string>& program,
+                   const std::vector<std::string>& arguments, const std::string& input,
+                   const std::vector<std::string>& environment, const std::string& outPath) {
     const TemporaryFolder folder;
     std::ofstream(folder.PathOf("in"), std::ios::binary) << input;
-    std::vector<std::string> all = {KALVEX_CLI_COMMAND};
+    std::vector<std::string> all = program;
     all.insert(all.end(), arguments.begin(), arguments.end());
     const std::string out = outPath.empty() ? folder.PathOf("out") : outPath;
     ToolRun run;
@@ -71,6 +72,11 @@ ToolRun RunTool(const std::vector<std::string>& arguments, const std::string& in
     if (outPath.empty()) run.out = ReadFile(out);
     run.err = ReadFile(folder.PathOf("err"));
     return run;
+}
+
+ToolRun RunTool(const std::vector<std::string>& arguments, const std::string& input,
+                const std::vector<std::string>& environment, const std::string& outPath) {
+    return RunProgram({KALVEX_CLI_COMMAND}, arguments, input, environment, outPath);
 }
 
 ToolRun RunScript(const std::string& script, const std::string& folder) {

@@ -12,8 +12,14 @@ struct ToolRun {
     std::string err;
 };
 
-/// Runs the tool with these arguments and this standard input until it ends. `environment` has
+/// Runs a program with these arguments and this standard input until it ends. `environment` has
 /// additional NAME=VALUE settings. With `outPath`, standard output goes to that file.
+ToolRun RunProgram(const std::vector<std::string>& program,
+                   const std::vector<std::string>& arguments, const std::string& input = "",
+                   const std::vector<std::string>& environment = {},
+                   const std::string& outPath = "");
+
+/// Runs the tool in the same way.
 ToolRun RunTool(const std::vector<std::string>& arguments, const std::string& input = "",
                 const std::vector<std::string>& environment = {}, const std::string& outPath = "");
 

@@ -1,0 +1,108 @@
+// The tool replaces an old file and one call fails. Then the old file or the whole new one is
+// there, the status tells which, and standard error has a message.
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <ostream>
+#include <string_view>
+
+#include "faults/fault_run.h"
+
+namespace kalvex {
+namespace {
+
+struct Flow {
+    const char* name;
+    std::vector<std::string> arguments;
+    const char* file;  ///< what it writes; empty: standard output
+};
+
+const Flow kFlows[] = {
+    {"table", {"table", "--width", "8", "decart:x*x", "-o"}, "out.csv"},
+    {"report", {"analyze", "decart:x^3-x", "-o"}, "out.txt"},
+    {"bitmap", {"draw", "--size", "120x90", "decart:x*x", "-o"}, "out.bmp"},
+    {"png", {"draw", "--size", "120x90", "decart:x*x", "-o"}, "out.png"},
+    {"svg", {"draw", "--size", "120x90", "decart:x*x", "-o"}, "out.svg"},
+    {"pdf", {"draw", "--size", "120x90", "decart:x*x", "-o"}, "out.pdf"},
+    {"list", {"draw", "--size", "120x90", "implicit:x^2+y^2-4", "-o"}, "out.draw.txt"},
+    {"eval", {"eval", "--at=2", "sin(x)*Gamma(x)"}, ""},
+    {"points", {"points", "POINTS"}, ""},
+};
+
+class ToolFaults : public testing::TestWithParam<Flow> {
+  protected:
+    ToolFaults() {
+        std::ofstream(folder_.PathOf("points")) << "0 0\n1 1\n2 4\n";
+        arguments_ = GetParam().arguments;
+        if (arguments_.back() == "POINTS") arguments_.back() = folder_.PathOf("points");
+        out_ = folder_.PathOf(GetParam().file);
+        if (Writes()) arguments_.push_back(out_);
+    }
+
+    bool Writes() const { return *GetParam().file != '\0'; }
+
+    bool Paints() const { return arguments_.front() == "draw"; }
+
+    ToolRun Start(const std::vector<std::string>& environment) const {
+        if (Writes()) std::ofstream(out_, std::ios::trunc) << "old";
+        // The files of the fonts and their settings are the system's; without one there is another.
+        std::vector<std::string> all = environment;
+        if (Paints()) all.push_back("KALVEX_FAULT_FOLDER=" + folder_.PathOf(""));
+        return RunTool(arguments_, "", all);
+    }
+
+    /// The libraries below that load fonts and paint end the program when they get no memory.
+    bool MayCrash(const FaultKind& kind) const {
+        return kind.kills || (Paints() && std::string_view(kind.name) == "alloc");
+    }
+
+    std::string Result(const ToolRun& run) const { return Writes() ? ReadFile(out_) : run.out; }
+
+    void Check(const FaultKind& kind, const FaultRun& fault, const std::string& whole) const {
+        const ToolRun& run = fault.run;
+        const std::string result = Result(run);
+        const auto told = GetParam().name + (" " + fault.fault) + ": status " +
+                          std::to_string(run.status) + ", " + std::to_string(result.size()) +
+                          " bytes, " + run.err;
+        if (Writes()) {
+            EXPECT_TRUE(result == "old" || result == whole) << told;
+        }
+        if (run.status == 0) {
+            EXPECT_EQ(result, whole) << told;
+        } else {
+            EXPECT_TRUE(MayCrash(kind) || (!run.err.empty() && run.status < 128)) << told;
+        }
+        EXPECT_FALSE(fault.reached && kind.loses && run.status == 0) << told;
+        EXPECT_TRUE((fault.reached && !kind.harmless) || run.status == 0) << told;
+    }
+
+    TemporaryFolder folder_;
+    std::vector<std::string> arguments_;
+    std::string out_;
+};
+
+TEST_P(ToolFaults, LeaveTheOldFileOrTheNewOne) {
+    const ToolRun good = Start({});
+    ASSERT_EQ(good.status, 0) << good.err;
+    const std::string whole = Result(good);
+    ASSERT_NE(whole, "old");
+    ASSERT_FALSE(whole.empty());
+    for (const FaultKind& kind : kFaultKinds) {
+        ForEachFault(
+            kind, [this](const auto& environment) { return Start(environment); },
+            [&](const FaultRun& fault) { Check(kind, fault, whole); });
+    }
+}
+
+void PrintTo(const Flow& flow, std::ostream* out) {
+    *out << flow.name;
+}
+
+std::string NameOf(const testing::TestParamInfo<Flow>& flow) {
+    return flow.param.name;
+}
+
+INSTANTIATE_TEST_SUITE_P(Flows, ToolFaults, testing::ValuesIn(kFlows), NameOf);
+
+}  // namespace
+}  // namespace kalvex

@@ -1,0 +1,99 @@
+#include "monkey/actions.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QClipboard>
+#include <QProcess>
+#include <QWidget>
+#include <csignal>
+
+namespace kalvex::monkey {
+namespace {
+
+/// The interfaces of a window and of everything in it that can be pressed.
+void AddPressable(QAccessibleInterface* interface, QList<QAccessibleInterface*>& found) {
+    if (interface == nullptr || found.size() > 500) return;
+    if (interface->actionInterface() != nullptr &&
+        !interface->actionInterface()->actionNames().isEmpty()) {
+        found.append(interface);
+    }
+    for (int child = 0; child < interface->childCount(); ++child)
+        AddPressable(interface->child(child), found);
+}
+
+}  // namespace
+
+std::string Resize(Random& random) {
+    QWidget* const window = SomeWindow(random);
+    if (window == nullptr) return "no window to resize";
+    switch (Below(random, 4)) {
+        case 0:
+            window->showMaximized();
+            return "maximise";
+        case 1:
+            window->showNormal();
+            return "normal size";
+        default:
+            window->resize(200 + Below(random, 1200), 200 + Below(random, 900));
+            return "resize";
+    }
+}
+
+std::string ChangeClipboard(Random& random) {
+    QString text;
+    for (int length = Below(random, 80); length > 0; --length)
+        text.append(QChar(Below(random, 20) == 0 ? Below(random, 0xFFFF) : 32 + Below(random, 95)));
+    text.remove(u'/');
+    QGuiApplication::clipboard()->setText(text);
+    return "clipboard of " + std::to_string(text.size());
+}
+
+std::string CloseWindow(Random& random) {
+    QWidget* const window = SomeWindow(random);
+    if (window == nullptr) return "no window to close";
+    const std::string name = window->objectName().toStdString();
+    window->close();
+    return "close " + name;
+}
+
+std::string PressThroughAccessibility(Random& random) {
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    if (windows.isEmpty()) return "no window to press in";
+    QList<QAccessibleInterface*> found;
+    QWidget* const window = OneOf(random, windows);
+    if (!window->isVisible()) return "window is hidden";
+    AddPressable(QAccessible::queryAccessibleInterface(window), found);
+    if (found.isEmpty()) return "nothing to press";
+    QAccessibleInterface* const pressed = OneOf(random, found);
+    const QString name = pressed->text(QAccessible::Name);
+    const QStringList actions = pressed->actionInterface()->actionNames();
+    const QString action = OneOf(random, actions);
+    pressed->actionInterface()->doAction(action);
+    return "accessible " + action.toStdString() + ' ' + name.toStdString();
+}
+
+std::string EndSession(Random&) {
+    // The session manager cannot be made here; the program does not look at it.
+    const QMetaObject& type = QGuiApplication::staticMetaObject;
+    const int signal = type.indexOfSignal("commitDataRequest(QSessionManager&)");
+    void* arguments[] = {nullptr, qApp};
+    QMetaObject::activate(qApp, signal, arguments);
+    return "end of the session";
+}
+
+std::string Terminate(Random&) {
+    std::raise(SIGTERM);
+    return "SIGTERM";
+}
+
+std::string StartAgain(Random&) {
+    auto* const process = new QProcess(qApp);
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.remove("KALVEX_MONKEY_SEED");
+    process->setProcessEnvironment(environment);
+    QObject::connect(process, &QProcess::finished, process, &QObject::deleteLater);
+    process->start(QCoreApplication::applicationFilePath(), QStringList());
+    return "second start";
+}
+
+}  // namespace kalvex::monkey
