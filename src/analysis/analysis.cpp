@@ -4,6 +4,7 @@
 // other. The row test does not keep it out either, because an unplotted sample has row 0.
 #include "analysis/analysis.h"
 
+#include <cmath>
 #include <cstdlib>
 
 #include "analysis/integral.h"

@@ -4,6 +4,7 @@
 #include "graph/pick.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 
 #include "graph/legend.h"

@@ -3,6 +3,7 @@
 // decimal exponent of the first non-zero digit tells which of the two it was.
 #include "numbers/decimal.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <limits>

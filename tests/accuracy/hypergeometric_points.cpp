@@ -2,6 +2,7 @@
 #include "accuracy/hypergeometric_points.h"
 
 #include <cmath>
+#include <cstdint>
 #include <utility>
 
 namespace kalvex::accuracy {

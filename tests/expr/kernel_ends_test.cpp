@@ -3,6 +3,7 @@
 // values were computed with mpmath.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <limits>

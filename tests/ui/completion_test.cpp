@@ -2,6 +2,7 @@
 
 #include <QClipboard>
 #include <QInputMethodEvent>
+#include <tuple>
 
 #include "editor_fixture.h"
 

@@ -1,6 +1,7 @@
 #include "ui/parts/contrast.h"
 
 #include <QTest>
+#include <cmath>
 
 #include "ui/parts/qt_text.h"
 

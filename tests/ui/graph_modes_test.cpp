@@ -4,6 +4,7 @@
 #include <QPointingDevice>
 #include <QStyleHints>
 #include <QWheelEvent>
+#include <cmath>
 
 #include "graph/pick.h"
 #include "ui/graph/overlay_painter.h"

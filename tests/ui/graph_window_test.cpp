@@ -3,6 +3,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QPaintEvent>
+#include <cmath>
 
 #include "painter/painter.h"
 #include "ui/parts/touch.h"

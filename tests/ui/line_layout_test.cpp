@@ -1,6 +1,7 @@
 #include "ui/editor/line_layout.h"
 
 #include <QTest>
+#include <tuple>
 
 #include "ui/parts/touch.h"
 

@@ -1,6 +1,7 @@
 #include "ui/editor/line_texts.h"
 
 #include <QTest>
+#include <tuple>
 
 using namespace kalvex;
 

@@ -4,6 +4,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QWidget>
+#include <utility>
 
 using namespace kalvex;
 
