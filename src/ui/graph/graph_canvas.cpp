@@ -11,6 +11,7 @@
 #include <QPainter>
 #include <QScopeGuard>
 #include <QStyleHints>
+#include <new>
 #include <utility>
 
 #include "graph/graph.h"
@@ -103,14 +104,31 @@ void GraphCanvas::Redraw() {
         redrawAgain = true;
         return;
     }
-    Compute();
-    image = PaintPicture(list, devicePixelRatioF());
+    try {
+        Compute();
+        image = PaintPicture(list, devicePixelRatioF());
+        if (image.isNull() && !size().isEmpty()) throw std::bad_alloc();
+    } catch (const std::bad_alloc&) {
+        GiveUp();
+        throw;
+    }
     ++redrawCount;
     update();
     ShowMode();
     Describe();
     emit Redrawn();
     if (redrawAgain) redrawTimer.start();
+}
+
+/// There is no picture, because there was not enough memory for it.
+void GraphCanvas::GiveUp() {
+    graph.incomplete = true;
+    for (FunctionEntry& entry : workspace.functions)
+        entry.samples = {};
+    list = {};
+    image = {};
+    update();
+    ShowMode();
 }
 
 void GraphCanvas::Compute() {

@@ -84,6 +84,7 @@ class GraphCanvas final : public QWidget {
   private:
     void Redraw();
     void Compute();
+    void GiveUp();
     [[nodiscard]] bool AddProgress(const ProgressStretch& stretch);
     [[nodiscard]] bool Breathe();
     void Describe();
