@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "base/file_attributes.h"
+#include "base/stop_signal.h"
 #include "base/system_error.h"
 #include "base/temporary_file.h"
 #include "base/write_target.h"
@@ -21,14 +22,19 @@ constexpr mode_t kPrivateMode = 0600;
 struct PendingFile {
     const Descriptor& folder;
     TemporaryFile temporary;
-    explicit PendingFile(const Descriptor& in, mode_t mode)
-        : folder(in), temporary(MakeTemporaryFile(in.Number(), mode)) {}
+    std::optional<RemovedOnStop> removed;
+    explicit PendingFile(const Descriptor& in, mode_t mode) : folder(in) {
+        const StopDelay delay;
+        temporary = MakeTemporaryFile(in.Number(), mode);
+        if (temporary.file.IsOpen()) removed.emplace(in.Number(), temporary.name);
+    }
     ~PendingFile() { Remove(); }
     PendingFile(const PendingFile&) = delete;
     PendingFile& operator=(const PendingFile&) = delete;
     void Remove() {
         if (!temporary.name.empty()) unlinkat(folder.Number(), temporary.name.c_str(), 0);
         temporary.name.clear();
+        removed.reset();
     }
 };
 
@@ -97,6 +103,7 @@ void BringBack(const WriteTarget& target, const std::string& second) {
 }
 
 WriteResult Rename(const WriteTarget& target, PendingFile& pending) {
+    const StopDelay delay;  // the second name must not stay, nor a new file that is not synced
     const std::optional<Descriptor> synced = OpenForSync(target.folder);
     if (!synced) return Failed(errno);
     const int folder = target.folder.Number();

@@ -38,6 +38,10 @@ bool WriteOut(std::string_view text) {
     return std::ferror(stdout) == 0;
 }
 
+bool WriteOutNow(std::string_view text) {
+    return WriteOut(text) && std::fflush(stdout) == 0;
+}
+
 ExitStatus FinishOutput() {
     const bool flushed = std::fflush(stdout) == 0;
     if (flushed && std::ferror(stdout) == 0) return ExitStatus::Done;

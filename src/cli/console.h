@@ -24,6 +24,10 @@ using HandleText = std::function<ExitStatus(const std::u16string& text)>;
 /// Writes to standard output. False when this or an earlier write failed.
 bool WriteOut(std::string_view text);
 
+/// The same, and flushes standard output: a run that is ended by a signal during the computation
+/// that follows leaves complete lines.
+bool WriteOutNow(std::string_view text);
+
 /// Flushes standard output; NotWritten when anything could not be written.
 [[nodiscard]] ExitStatus FinishOutput();
 

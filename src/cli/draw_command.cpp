@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <QGuiApplication>
 #include <cstdio>
+#include <cstdlib>
 #include <memory>
 
 #include "cli/commands.h"
@@ -42,6 +43,7 @@ void DropRemarks(QtMsgType type, const QMessageLogContext&, const QString& messa
     if (type != QtFatalMsg) return;
     const std::string line = message.toStdString() + '\n';
     std::fputs(line.c_str(), stderr);
+    std::_Exit(static_cast<int>(ExitStatus::NotWritten));  // Qt would end the process by a signal
 }
 
 ExitStatus Run(ViewOptions& view, const Arguments& arguments) {
@@ -56,6 +58,7 @@ ExitStatus Run(ViewOptions& view, const Arguments& arguments) {
     char* names[] = {name.data(), nullptr};
     const QGuiApplication application(count, names);
     const DrawList list = DrawOffScreen(view, functions, PainterTextMeasure());
+    if (!HasFontsOf(list)) return TellNotWritten(arguments.picture, "picture", kNoFont);
     return WriteFile(
         arguments.picture, [&](const TakeBytes& take) { return format.make(list, take); },
         "picture");

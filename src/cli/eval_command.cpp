@@ -18,7 +18,7 @@
 namespace kalvex {
 namespace {
 
-constexpr std::size_t kBlock = 512;
+constexpr std::int64_t kBlock = 512;
 
 struct Arguments {
     bool implicit = false;
@@ -55,8 +55,7 @@ void PrintValues(const CompiledExpression& expression, const PointList& points) 
     std::array<std::int32_t, kBlock> errors{};
     const std::int64_t total = CountOf(points);
     for (std::int64_t start = 0; start < total; start += kBlock) {
-        const std::size_t count =
-            static_cast<std::size_t>(std::min<std::int64_t>(kBlock, total - start));
+        const std::size_t count = static_cast<std::size_t>(std::min(kBlock, total - start));
         for (std::size_t i = 0; i < count; ++i)
             xs[i] = PointAt(points, start + static_cast<std::int64_t>(i)).x;
         EvaluateInto(expression, {xs.data(), count}, 0.0, {values.data(), count},
@@ -64,21 +63,24 @@ void PrintValues(const CompiledExpression& expression, const PointList& points) 
         std::string lines;
         for (std::size_t i = 0; i < count; ++i)
             lines += FormatGeneral17(xs[i]) + ValueAndCode(values[i], errors[i]);
-        if (!WriteOut(lines)) return;
+        if (!WriteOutNow(lines)) return;
     }
 }
 
 /// Prints a function of x and y.
 void PrintGridValues(const CompiledExpression& expression, const PointList& points) {
     const std::int64_t total = CountOf(points);
+    std::string lines;
     for (std::int64_t i = 0; i < total; ++i) {
         const WorldPoint point = PointAt(points, i);
         EvalError = 0;
         const double value = EvaluateExpression(expression, point.x, point.y);
         const std::int32_t error = EvalError;
-        if (!WriteOut(FormatGeneral17(point.x) + '\t' + FormatGeneral17(point.y) +
-                      ValueAndCode(error == 0 ? value : UndefinedValue, error)))
-            return;
+        lines += FormatGeneral17(point.x) + '\t' + FormatGeneral17(point.y) +
+                 ValueAndCode(error == 0 ? value : UndefinedValue, error);
+        if (i + 1 < total && (i + 1) % kBlock != 0) continue;
+        if (!WriteOutNow(lines)) return;
+        lines.clear();
     }
 }
 

@@ -106,7 +106,7 @@ bool PrintBlock(std::span<const double> x, std::span<const double> y) {
     std::string lines;
     for (std::size_t i = 0; i < x.size(); ++i)
         lines += FormatGeneral17(x[i]) + '\t' + FormatGeneral17(y[i]) + '\n';
-    return WriteOut(lines);
+    return WriteOutNow(lines);
 }
 
 void TellFailure(const Diagnostic& diagnostic) {

@@ -1,15 +1,49 @@
 // kalvex-cli: what the windows compute and draw, for the terminal, scripts and tests.
 #include <CLI/CLI.hpp>
+#include <cstdio>
+#include <cstdlib>
 #include <exception>
 #include <iostream>
+#include <new>
 
+#include "base/stack_room.h"
+#include "base/stop_signal.h"
 #include "cli/commands.h"
 #include "cli/console.h"
 
-int main(int argc, char** argv) {
-    using kalvex::ExitStatus;
+namespace {
 
-    std::ios::sync_with_stdio(false);
+using kalvex::ExitStatus;
+
+/// Needs no memory.
+ExitStatus TellLackOfMemory() {
+    std::fputs("kalvex-cli: There is not enough memory.\n", stderr);
+    return ExitStatus::Rejected;
+}
+
+ExitStatus TellFailure(const char* what) {
+    std::fprintf(stderr, "kalvex-cli: %s\n", what);
+    return ExitStatus::Rejected;
+}
+
+/// Ends the process because of an exception that a library has let out of a function without
+/// exceptions. Qt does that when memory is short.
+[[noreturn]] void OnTerminate() {
+    ExitStatus status = ExitStatus::Rejected;
+    try {
+        if (std::current_exception()) throw;
+        status = TellFailure("an unexpected end");
+    } catch (const std::bad_alloc&) {
+        status = TellLackOfMemory();
+    } catch (const std::exception& error) {
+        status = TellFailure(error.what());
+    } catch (...) {
+        status = TellFailure("an unknown failure");
+    }
+    std::_Exit(static_cast<int>(status));
+}
+
+ExitStatus RunTool(int argc, char** argv) {
     CLI::App tool(
         "Kalvex from the command line: rewrites, checks, evaluates, draws and analyses functions.",
         "kalvex-cli");
@@ -36,10 +70,24 @@ int main(int argc, char** argv) {
     } catch (const CLI::ParseError& error) {
         if (tool.exit(error) != 0) status = ExitStatus::WrongUsage;
         if (!std::cout.flush()) status = Worse(status, ExitStatus::NotWritten);
+    }
+    return status;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    std::set_terminate(OnTerminate);
+    kalvex::EndOnStopSignals("kalvex-cli: stopped before its end.\n");
+    ExitStatus status = ExitStatus::Done;
+    try {
+        kalvex::MakeStackRoom();
+        std::ios::sync_with_stdio(false);
+        status = RunTool(argc, argv);
+    } catch (const std::bad_alloc&) {
+        status = TellLackOfMemory();
     } catch (const std::exception& error) {
-        // For instance, there may not be enough memory for a very large picture.
-        std::cerr << "kalvex-cli: " << error.what() << '\n';
-        status = ExitStatus::Rejected;
+        status = TellFailure(error.what());
     }
     return static_cast<int>(Worse(status, kalvex::FinishOutput()));
 }

@@ -16,8 +16,13 @@ ExitStatus WriteFile(const std::string& path, const FillFile& fill, const std::s
     const WriteResult result =
         path == "-" ? WriteStream(STDOUT_FILENO, fill) : WriteFileOrStream(path, fill);
     if (result) return ExitStatus::Done;
+    return TellNotWritten(path, what, result.failure);
+}
+
+ExitStatus TellNotWritten(const std::string& path, const std::string& what,
+                          std::string_view reason) {
     const std::string message =
-        "The " + what + " could not be written: " + path + ": " + result.failure + '\n';
+        "The " + what + " could not be written: " + path + ": " + std::string(reason) + '\n';
     std::fputs(message.c_str(), stderr);
     return ExitStatus::NotWritten;
 }

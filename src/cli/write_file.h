@@ -21,6 +21,10 @@ namespace kalvex {
 [[nodiscard]] ExitStatus WriteFile(const std::string& path, std::string_view bytes,
                                    const std::string& what);
 
+/// Says on standard error why a file is not written.
+[[nodiscard]] ExitStatus TellNotWritten(const std::string& path, const std::string& what,
+                                        std::string_view reason);
+
 /// Whether the argument of an option -o names standard output.
 [[nodiscard]] bool IsStandardOutput(const std::string& path);
 

@@ -14,6 +14,7 @@ namespace {
 
 constexpr double kSplineCost = 50.0;      ///< of one value of a spline, operations
 constexpr double kCoefficientCost = 4.0;  ///< of one coefficient of a polynomial
+constexpr double kPassCost = 20.0;        ///< of one point in the set-up of a spline
 
 double CostOfSpline(const Approximation&) {
     return kSplineCost;
@@ -93,20 +94,30 @@ Failure ValueOfQuadratic(const Approximation& a, double t, double& value) {
     return failure;
 }
 
-Failure SetUpCubic(Approximation& a, Work&) {
+/// Tells the work that a pass over the points is done; false when it is to stop. Only tables of
+/// hundreds of thousands of points take so long that the progress function is called.
+bool SpendPass(const Approximation& a, Work& work) {
+    return Spend(work, kPassCost * static_cast<double>(a.x.size()));
+}
+
+Failure SetUpCubic(Approximation& a, Work& work) {
     const ApproxParameters& p = a.parameters;
-    return SPLINE_CUBIC_SET(a.x, a.y, {p.approx_val, p.beta1, p.approx_val2, p.beta2},
-                            a.coefficients);
+    Failure failure = SPLINE_CUBIC_SET(
+        a.x, a.y, {p.approx_val, p.beta1, p.approx_val2, p.beta2}, a.coefficients);
+    static_cast<void>(SpendPass(a, work));  // the last step; who called looks at `stopped`
+    return failure;
 }
 
 double ValueOfCubic(Approximation& a, double t, Work&) {
     return SPLINE_CUBIC_VAL(a.knots, a.y, a.coefficients, t).value;
 }
 
-Failure SetUpHermite(Approximation& a, Work&) {
+Failure SetUpHermite(Approximation& a, Work& work) {
     std::vector<double> derivatives;
     if (Failure failure = SPLINE_PCHIP_SET(a.x, a.y, derivatives)) return failure;
+    if (!SpendPass(a, work)) return std::nullopt;
     a.coefficients = SPLINE_HERMITE_SET(a.x, a.y, derivatives);
+    static_cast<void>(SpendPass(a, work));
     return std::nullopt;
 }
 

@@ -16,6 +16,10 @@ void PlayDrawList(QPainter& painter, const DrawList& list);
 /// carries the ratio). Format RGB32. A size of 0 or below gives a null image.
 [[nodiscard]] QImage PaintPicture(const DrawList& list, double devicePixelRatio = 1.0);
 
+/// Whether the fonts of all texts of the list could be loaded. The texts of a picture without its
+/// fonts are empty boxes.
+[[nodiscard]] bool HasFontsOf(const DrawList& list);
+
 /// The text-measuring function that belongs to this painter's fonts.
 [[nodiscard]] MeasureText PainterTextMeasure();
 

@@ -51,6 +51,7 @@ const PictureFormat* PictureFormatOf(std::string_view path, FormatsOf where) {
 
 WriteResult WritePicture(const PictureFormat& format, const std::string& path,
                          const DrawList& list) {
+    if (!HasFontsOf(list)) return {std::string(kNoFont)};
     return WriteCompleteFile(path, [&](const TakeBytes& take) { return format.make(list, take); });
 }
 

@@ -33,7 +33,11 @@ enum class FormatsOf { Windows, Tool };
 /// none. The name may have any bytes.
 [[nodiscard]] const PictureFormat* PictureFormatOf(std::string_view path, FormatsOf where);
 
-/// Writes the picture into a file as a whole or not at all; see `WriteCompleteFile`.
+/// Why a picture is not written when HasFontsOf says no.
+inline constexpr std::string_view kNoFont = "no font for its texts could be loaded";
+
+/// Writes the picture into a file as a whole or not at all; see `WriteCompleteFile`. A picture
+/// whose texts have no font is not written.
 [[nodiscard]] WriteResult WritePicture(const PictureFormat& format, const std::string& path,
                                        const DrawList& list);
 

@@ -1,16 +1,23 @@
-// The mutex is a lock file that holds the process number of its owner. When that process no longer
-// exists the lock counts as free, so a crash blocks nobody. The window of the running program is
-// found by connecting to its local socket, which opens only after the window has been shown; one
-// byte over the connection asks the window to come to the front. The socket file of a crashed
-// program is removed by the next owner of the mutex.
+// The window of the running program is found by connecting to its local socket, which opens only
+// after the window has been shown; one byte over the connection asks the window to come to the
+// front. The socket is in the system's table of names and not in a folder: no folder of another
+// user and no length of a path can come into its way, and nothing is left behind by a crash.
+// Another user may take the name or connect to it, so both ends ask the system for the user at the
+// other.
 #include "ui/single_instance.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QLocalSocket>
-#include <QStandardPaths>
 #include <QThread>
+#include <cstdint>
 #include <utility>
+
+#include "settings/settings_lock.h"
+
+#ifdef Q_OS_UNIX
+#include <sys/socket.h>
+#include <unistd.h>
+#endif
 
 namespace kalvex {
 namespace {
@@ -18,20 +25,38 @@ namespace {
 constexpr int kSecondLook = 500;      // milliseconds
 constexpr int kConnectTimeout = 200;  // milliseconds; a local connection takes less than one
 
-QString LockPath(const QString& folder) {
-    return QDir(folder).filePath("_Kalvex_.lock");
+/// Whether the program at the other end of a connection belongs to this user.
+bool IsOwn(const QLocalSocket& connection) {
+#ifdef SO_PEERCRED
+    ucred other{};
+    socklen_t size = sizeof other;
+    const int number = static_cast<int>(connection.socketDescriptor());
+    return getsockopt(number, SOL_SOCKET, SO_PEERCRED, &other, &size) == 0 &&
+           other.uid == geteuid();
+#else
+    static_cast<void>(connection);
+    return true;
+#endif
 }
 
-QString SocketPath(const QString& folder) {
-    return QDir(folder).filePath("_Kalvex_");
+std::string OwnerText() {
+#ifdef Q_OS_UNIX
+    return std::to_string(geteuid());
+#else
+    return {};
+#endif
 }
 
-bool TakeMutex(InstanceGuard& guard, const QString& folder) {
-    guard.mutex = std::make_unique<QLockFile>(LockPath(folder));
-    guard.mutex->setStaleLockTime(0);  // the lock never expires: only the end of its owner frees it
-    guard.owner = guard.mutex->tryLock();
-    // A folder that cannot be written must not keep the program from starting.
-    return guard.owner || guard.mutex->error() != QLockFile::LockFailedError;
+/// The hash of Fowler, Noll and Vo with 64 bits.
+std::uint64_t HashOf(const std::string& text) {
+    std::uint64_t hash = 0xcbf29ce484222325u;
+    for (const char c : text)
+        hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001b3u;
+    return hash;
+}
+
+void Answer(QLocalSocket& caller, const std::function<void()>& raise) {
+    if (!caller.readAll().isEmpty() && IsOwn(caller)) raise();
 }
 
 }  // namespace
@@ -43,20 +68,23 @@ InstanceAnswer CheckInstance(const InstanceSteps& steps) {
         steps.wait(kSecondLook);
         found = steps.findWindow();
     }
-    if (!found) return InstanceAnswer::Start;
+    if (!found) return InstanceAnswer::Refused;
     steps.beep();
     steps.raiseWindow();
     return InstanceAnswer::End;
 }
 
-InstanceSteps RealInstanceSteps(InstanceGuard& guard, const QString& folder) {
+InstanceSteps RealInstanceSteps(InstanceGuard& guard, const std::string& settings) {
     const auto socket = std::make_shared<QLocalSocket>();
+    socket->setSocketOptions(QLocalSocket::AbstractNamespaceOption);
     InstanceSteps steps;
-    steps.takeMutex = [&guard, folder] { return TakeMutex(guard, folder); };
-    steps.findWindow = [socket, folder] {
+    steps.takeMutex = [&guard, settings] {
+        return LockSettings(settings, guard.mutex) != LockAnswer::Busy;
+    };
+    steps.findWindow = [socket, name = InstanceSocketName(settings)] {
         socket->abort();
-        socket->connectToServer(SocketPath(folder));
-        return socket->waitForConnected(kConnectTimeout);
+        socket->connectToServer(name);
+        return socket->waitForConnected(kConnectTimeout) && IsOwn(*socket);
     };
     steps.wait = [](int milliseconds) {
         QThread::msleep(static_cast<unsigned long>(milliseconds));
@@ -70,37 +98,34 @@ InstanceSteps RealInstanceSteps(InstanceGuard& guard, const QString& folder) {
     return steps;
 }
 
-QString DefaultInstanceFolder() {
-    return QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+QString InstanceSocketName(const std::string& settings) {
+    const std::uint64_t hash = HashOf(OwnerText() + ':' + RealPathOf(settings));
+    return "kalvex-" + QString::number(hash, 16);
 }
 
-void ListenForStarts(InstanceGuard& guard, const QString& folder, std::function<void()> raise) {
+void ListenForStarts(InstanceGuard& guard, const std::string& settings,
+                     std::function<void()> raise) {
     guard.server = std::make_unique<QLocalServer>();
     QLocalServer* const server = guard.server.get();
-    server->setSocketOptions(QLocalServer::UserAccessOption);
-    if (guard.owner) QLocalServer::removeServer(SocketPath(folder));
-    QObject::connect(
-        server, &QLocalServer::newConnection, server, [server, raise = std::move(raise)] {
-            while (QLocalSocket* const caller = server->nextPendingConnection()) {
-                QObject::connect(caller, &QLocalSocket::readyRead, caller, [caller, raise] {
-                    if (!caller->readAll().isEmpty()) raise();
-                });
-                QObject::connect(caller, &QLocalSocket::disconnected, caller,
-                                 &QObject::deleteLater);
-                if (caller->bytesAvailable() > 0) emit caller->readyRead();
-            }
-        });
-    // Only the owner of the mutex listens. A second program that started because no window was
-    // found leaves the socket to the first.
-    server->listen(SocketPath(folder));
+    server->setSocketOptions(QLocalServer::AbstractNamespaceOption);
+    QObject::connect(server, &QLocalServer::newConnection, server,
+                     [server, raise = std::move(raise)] {
+                         while (QLocalSocket* const caller = server->nextPendingConnection()) {
+                             QObject::connect(caller, &QLocalSocket::readyRead, caller,
+                                              [caller, raise] { Answer(*caller, raise); });
+                             QObject::connect(caller, &QLocalSocket::disconnected, caller,
+                                              &QObject::deleteLater);
+                             if (caller->bytesAvailable() > 0) emit caller->readyRead();
+                         }
+                     });
+    // A program without a lock may find the name taken; then it cannot be brought to the front.
+    server->listen(InstanceSocketName(settings));
 }
 
 void ReleaseInstance(InstanceGuard& guard) {
     if (guard.server) guard.server->close();
     guard.server.reset();
-    if (guard.mutex) guard.mutex->unlock();
-    guard.mutex.reset();
-    guard.owner = false;
+    guard.mutex.Close();
 }
 
 }  // namespace kalvex

@@ -1,48 +1,57 @@
-// One running program per user: the mutex "_Kalvex_" and the way to the window that holds it.
+// One running program for each settings file, and the way to the window that has it.
 #pragma once
 
 #include <QLocalServer>
-#include <QLockFile>
 #include <QString>
 #include <functional>
 #include <memory>
+#include <string>
+
+#include "base/descriptor.h"
 
 namespace kalvex {
 
 /// The steps of the check, so that it can be tested without a second process.
 struct InstanceSteps {
-    std::function<bool()> takeMutex;  ///< false: another program of this user holds it
-    std::function<bool()> findWindow;
+    std::function<bool()> takeMutex;   ///< false: another program has the settings
+    std::function<bool()> findWindow;  ///< whether the program that has them can be reached
     std::function<void(int milliseconds)> wait;
     std::function<void()> beep;
     std::function<void()> raiseWindow;
 };
 
-enum class InstanceAnswer { Start, End };
-
-/// Whether this program may start. When another one holds the mutex, its window is looked for
-/// twice, 500 ms apart. If the window is found, a beep sounds, the window comes to the front, and
-/// this program ends. If it is not found, this program starts nevertheless.
-[[nodiscard]] InstanceAnswer CheckInstance(const InstanceSteps& steps);
-
-/// The mutex and, once the window has been shown, the socket on which later starts find it.
-struct InstanceGuard {
-    std::unique_ptr<QLockFile> mutex;
-    std::unique_ptr<QLocalServer> server;
-    bool owner = false;
+enum class InstanceAnswer {
+    Start,
+    End,     ///< the other window has come to the front
+    Refused  ///< another program has the settings and could not be reached
 };
 
-/// The real steps: a lock file (that of a crashed program is recovered) and a local socket, both
-/// in a folder that only this user can enter. `guard` must outlive the steps.
-[[nodiscard]] InstanceSteps RealInstanceSteps(InstanceGuard& guard, const QString& folder);
+/// Whether this program may start. When another one has the settings, its window is looked for
+/// twice, 500 ms apart. If the window is found, a beep sounds, the window comes to the front, and
+/// this program ends. If it is not found, this program ends too: two sessions would overwrite each
+/// other's lines.
+[[nodiscard]] InstanceAnswer CheckInstance(const InstanceSteps& steps);
 
-/// The user's own runtime folder.
-[[nodiscard]] QString DefaultInstanceFolder();
+/// The lock of the settings and, once the window has been shown, the socket on which later starts
+/// find it.
+struct InstanceGuard {
+    Descriptor mutex;
+    std::unique_ptr<QLocalServer> server;
+};
 
-/// Opens the socket; `raise` runs whenever a later start connects to it.
-void ListenForStarts(InstanceGuard& guard, const QString& folder, std::function<void()> raise);
+/// The real steps: the lock of a settings file and a local socket. Where the file cannot be locked,
+/// the program starts without a lock. `guard` must outlive the steps.
+[[nodiscard]] InstanceSteps RealInstanceSteps(InstanceGuard& guard, const std::string& settings);
 
-/// Closes mutex and socket; harmless when repeated.
+/// The name of the local socket of the program that has a settings file: short, whatever the path
+/// is, and the same for all paths that lead to the file. It names no file.
+[[nodiscard]] QString InstanceSocketName(const std::string& settings);
+
+/// Opens the socket; `raise` runs whenever a later start of the same user connects to it.
+void ListenForStarts(InstanceGuard& guard, const std::string& settings,
+                     std::function<void()> raise);
+
+/// Closes lock and socket; harmless when repeated.
 void ReleaseInstance(InstanceGuard& guard);
 
 }  // namespace kalvex

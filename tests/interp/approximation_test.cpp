@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <numeric>
 
 #include "expr/eval_error.h"
 #include "interp/diagnostic_lines.h"
@@ -167,6 +168,17 @@ TEST(Approximation, LeavesTheRestUndefinedWhenItIsStopped) {
     EXPECT_TRUE(least.stopped);
     EvaluateApproximation(least, kAt, {values.data(), kAt.size()});
     EXPECT_EQ(values[0], UndefinedValue);
+}
+
+TEST(Approximation, OfVeryManyPointsIsStoppedInTheSetUp) {
+    Numbers x(300000);
+    std::iota(x.begin(), x.end(), 0.0);
+    for (const std::int32_t method : {10, 11}) {
+        const auto stop = [](double) { return false; };
+        EXPECT_TRUE(SetUpApproximation(x, x, {method}, stop).stopped) << method;
+        const auto goOn = [](double) { return true; };
+        EXPECT_TRUE(SetUpApproximation(x, x, {method}, goOn).hasValues) << method;
+    }
 }
 
 TEST(Approximation, JoinsTheSampleFilesByEveryMethod) {

@@ -33,7 +33,7 @@ constexpr std::string_view kNoTexts[] = {
     "DejaVu Sans Mono", "Menlo", "Consolas", "Liberation Mono", "a { color: %1; }",
     // Names, kinds and patterns of files.
     "txt", ".bmp", " (*.txt)", " (*.kx)", "Kalvex_", "Kalvex.png", "result.kx",
-    "/kalvex/window.ini", "General", ":/icons/kalvex-%1.png", "_Kalvex_", "_Kalvex_.lock",
+    "/kalvex/window.ini", "General", ":/icons/kalvex-%1.png", "kalvex-",
     // What a second start sends to the first; the blanks that may stand around a number.
     "r", " \\t\\u00a0"};
 

@@ -1,5 +1,6 @@
 #include "ui/graph/graph_window.h"
 
+#include <QElapsedTimer>
 #include <QFile>
 #include <QPaintEvent>
 #include <cmath>
@@ -40,6 +41,46 @@ std::string SlowCurve(int depth = 14) {
     for (int i = 0; i < depth; ++i)
         text = "Y(0.3,abs(" + text + ")+1)";
     return text;
+}
+
+/// A text of x each value of which takes two or three milliseconds.
+std::string SlowText() {
+    std::string text;
+    for (int i = 0; i < 10; ++i)
+        text += (i == 0 ? "" : "+") + std::string("Hyper(-5000.5,abs(x)+700") + std::to_string(i) +
+                ".3,8000.1,0.9)";
+    return text;
+}
+
+/// Two lines of a type, each of which takes a second or longer.
+void AddSlowLines(TestProgram& program, EquationType type) {
+    std::string text = SlowText();
+    if (type == EquationType::Parametric) text = "x;" + text;
+    if (type == EquationType::Implicit) text = "y-" + text;
+    if (type == EquationType::File) {
+        const QString path = program.folder.filePath("many.txt");
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        for (int i = 0; i < 20000; ++i)
+            file.write(QByteArray::number(-9.9 * std::cos(i * 1.57e-4), 'g', 17) + " 1\n");
+        text = path.toStdString();
+    }
+    program.application.workspace.options.MaxAngle = 2147483647;
+    for (const int line : {1, 2}) {
+        program.Entry(line).type = type;
+        program.Entry(line).selected = 1;
+        program.Entry(line).method.approx = 12;
+        program.Line(line)->setText(text.c_str());
+    }
+}
+
+/// Whether the picture has a curve of a line.
+bool HasCurve(TestProgram& program, int line) {
+    for (const DrawRecord& record : program.Canvas().Picture().records) {
+        const RecordOrigin origin = std::visit([](const auto& one) { return one.origin; }, record);
+        if (origin.layer == DrawLayer::Curve && origin.slot == line - 1) return true;
+    }
+    return false;
 }
 
 QPushButton* StopKey(TestProgram& program) {
@@ -265,6 +306,63 @@ class GraphWindowTest final : public QObject {
             QTRY_COMPARE(program.Graph().isVisible(), stays);
             QCOMPARE(program.Canvas().RedrawCount(), 1);
         }
+    }
+    void EveryTypeOfLineIsStoppedAtOnce() {
+        for (const auto type : {EquationType::Polar, EquationType::Decart, EquationType::Parametric,
+                                EquationType::File, EquationType::Implicit}) {
+            TestProgram program;
+            program.Start();
+            program.ClearLines();
+            AddSlowLines(program, type);
+            program.Editor().ShowLines();
+            QElapsedTimer sinceStop;
+            const InTheMiddle middle(
+                program,
+                [&] {
+                    QVERIFY(program.Canvas().ProgressColumns() > 0);
+                    sinceStop.start();
+                    QTest::keyClick(program.Graph().windowHandle(), Qt::Key_Escape);
+                },
+                true);
+            program.OpenGraph();
+            const auto what =
+                std::to_string(static_cast<int>(type)) + ": " + std::to_string(sinceStop.elapsed());
+            QVERIFY2(middle.done && WasStopped(program), what.c_str());
+            QVERIFY2(sinceStop.elapsed() < 400, what.c_str());
+            QVERIFY2(!HasCurve(program, 2), what.c_str());
+            QVERIFY2(program.Entry(1).samples.empty(), what.c_str());
+            QVERIFY2(program.Entry(2).samples.empty(), what.c_str());
+            QCOMPARE(program.Canvas().RedrawCount(), 1);
+        }
+    }
+    void AStaleResizeDoesNotLeaveAPartOfAPicture() {
+        TestProgram program;
+        StartWith(program, 5, SlowCurve(3).c_str());
+        const InTheMiddle middle(program, [&program] {
+            const QSize size = program.Graph().size();
+            QResizeEvent stale(size, size);
+            QApplication::sendEvent(program.Graph().windowHandle(), &stale);
+        });
+        program.OpenGraph();
+        QVERIFY(middle.done && WasStopped(program));
+        QTRY_COMPARE_WITH_TIMEOUT(program.Canvas().RedrawCount(), 2, 60000);
+        QVERIFY(!WasStopped(program));
+    }
+    void AnalysisNeedsAllSamples() {
+        TestProgram program;
+        StartWith(program, 2, SlowText().c_str());
+        const InTheMiddle middle(program, [&program] {
+            QTest::keyClick(program.Graph().windowHandle(), Qt::Key_Escape);
+        });
+        program.OpenGraph();
+        QVERIFY(middle.done && WasStopped(program));
+        program.Graph().Run(CommandId::Trace);
+        const InTheMiddle again(program, [&program] {
+            QTest::keyClick(program.Graph().windowHandle(), Qt::Key_Escape);
+        });
+        program.Graph().Run(CommandId::Analyze);
+        QVERIFY(again.done && WasStopped(program));
+        QVERIFY(program.Graph().findChild<QWidget*>("reportPages") == nullptr);
     }
     void ADialogOpensBehindASlowCurve() {
         const struct {

@@ -11,10 +11,14 @@
 #include <QTest>
 #include <csignal>
 
+#include "settings/settings_lock.h"
+#include "ui/single_instance.h"
+
 namespace {
 
 struct Home {
     QTemporaryDir folder;
+    QString runtime;     ///< XDG_RUNTIME_DIR, where it is another folder
     bool talks = false;  ///< the program writes to standard error while it starts
 
     QString Path(const char* name) const { return folder.filePath(name); }
@@ -25,6 +29,7 @@ struct Home {
         }
         environment.insert("QT_QPA_PLATFORM", "offscreen");
         environment.insert("LC_ALL", "C.UTF-8");  // Qt remarks on a locale without UTF-8
+        if (!runtime.isEmpty()) environment.insert("XDG_RUNTIME_DIR", runtime);
         if (talks) environment.insert("QT_DEBUG_PLUGINS", "1");
         process.setProcessEnvironment(environment);
         process.start(KALVEX_PROGRAM, QStringList());
@@ -39,10 +44,17 @@ struct Home {
         QFile file(Path("kalvex/kalvex.ini"));
         QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes.replace(before, after)) > 0);
     }
+    /// Whether no process has the settings.
+    bool IsFree() const {
+        kalvex::Descriptor lock;
+        return kalvex::LockSettings(Path("kalvex/kalvex.ini").toStdString(), lock) ==
+               kalvex::LockAnswer::Got;
+    }
     /// Whether another process finds the program's window.
     bool IsFound() const {
         QLocalSocket socket;
-        socket.connectToServer(Path("_Kalvex_"));
+        socket.setSocketOptions(QLocalSocket::AbstractNamespaceOption);
+        socket.connectToServer(kalvex::InstanceSocketName(Path("kalvex/kalvex.ini").toStdString()));
         return socket.waitForConnected(100);
     }
 };
@@ -76,7 +88,7 @@ class ProcessTest final : public QObject {
         QCOMPARE(first.exitCode(), 0);
         QVERIFY(QFileInfo::exists(home.Path("kalvex/window.ini")));
         QVERIFY(home.Settings().contains("equ=Gamma(x)\n"));  // the text of the editor
-        QVERIFY(!QFileInfo::exists(home.Path("_Kalvex_.lock")));
+        QVERIFY(home.IsFree());
     }
     void TerminatedWhileAMessageOfTheStartIsUp() {
         const Home home;
@@ -86,13 +98,13 @@ class ProcessTest final : public QObject {
         settings.close();
         QProcess process;
         home.Start(process);
-        QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(home.Path("_Kalvex_.lock")), 20000);
+        QTRY_VERIFY_WITH_TIMEOUT(!home.IsFree(), 20000);
         QTest::qWait(1000);
         QVERIFY(!home.IsFound());  // the window is not shown yet
         process.terminate();
         QVERIFY(process.waitForFinished(20000));
         QCOMPARE(process.exitStatus(), QProcess::NormalExit);
-        QVERIFY(!QFileInfo::exists(home.Path("_Kalvex_.lock")));
+        QVERIFY(home.IsFree());
     }
     void ACrashLeavesNothingBehind() {
         const Home home;
@@ -101,7 +113,7 @@ class ProcessTest final : public QObject {
         QTRY_VERIFY_WITH_TIMEOUT(home.IsFound(), 20000);
         first.kill();
         QVERIFY(first.waitForFinished(20000));
-        QVERIFY(QFileInfo::exists(home.Path("_Kalvex_.lock")));
+        QVERIFY(home.IsFree());
         QProcess second;
         home.Start(second);
         QTRY_VERIFY_WITH_TIMEOUT(home.IsFound(), 20000);
@@ -109,6 +121,36 @@ class ProcessTest final : public QObject {
         second.terminate();
         QVERIFY(second.waitForFinished(20000));
         QCOMPARE(second.exitCode(), 0);
+    }
+    void ASecondStartThatCannotRaiseTheFirstIsRefused() {
+        const Home home;
+        QVERIFY(QDir(home.folder.path()).mkpath("kalvex"));
+        kalvex::Descriptor lock;
+        const std::string settings = home.Path("kalvex/kalvex.ini").toStdString();
+        QVERIFY(kalvex::LockSettings(settings, lock) == kalvex::LockAnswer::Got);
+        QProcess second;
+        home.Start(second);
+        QVERIFY(second.waitForFinished(20000));
+        QCOMPARE(second.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(second.exitCode(), 1);
+        const QByteArray line = second.readAllStandardError();
+        QVERIFY2(line.contains("already running") && line.count('\n') == 1, line);
+        QVERIFY(!QFileInfo::exists(home.Path("kalvex/kalvex.ini")));
+    }
+    void TheRuntimeFolderDoesNotMatter() {
+        Home home;
+        QProcess first;
+        home.Start(first);
+        QTRY_VERIFY_WITH_TIMEOUT(home.IsFound(), 20000);
+        const QTemporaryDir other;
+        home.runtime = other.path();
+        QProcess second;
+        home.Start(second);
+        QVERIFY(second.waitForFinished(20000));
+        QCOMPARE(second.exitCode(), 0);
+        QCOMPARE(first.state(), QProcess::Running);
+        first.terminate();
+        QVERIFY(first.waitForFinished(20000));
     }
     void NobodyReadsStandardError() {
         Home home;

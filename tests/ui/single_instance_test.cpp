@@ -6,6 +6,14 @@
 
 using namespace kalvex;
 
+namespace {
+
+std::string PathIn(const QTemporaryDir& folder, const char* name) {
+    return folder.filePath(name).toStdString();
+}
+
+}  // namespace
+
 class SingleInstanceTest final : public QObject {
     Q_OBJECT
   private slots:
@@ -20,8 +28,8 @@ class SingleInstanceTest final : public QObject {
             {true, 0, InstanceAnswer::Start, "mutex "},
             {false, 1, InstanceAnswer::End, "mutex find beep raise "},
             {false, 2, InstanceAnswer::End, "mutex find wait500 find beep raise "},
-            {false, 0, InstanceAnswer::Start, "mutex find wait500 find "},
-            {false, 3, InstanceAnswer::Start, "mutex find wait500 find "},
+            {false, 0, InstanceAnswer::Refused, "mutex find wait500 find "},
+            {false, 3, InstanceAnswer::Refused, "mutex find wait500 find "},
         };
         for (const Row& row : rows) {
             std::string done;
@@ -38,13 +46,14 @@ class SingleInstanceTest final : public QObject {
     }
     void TheRunningWindowIsRaised() {
         const QTemporaryDir folder;
+        const std::string settings = PathIn(folder, "kalvex.ini");
         InstanceGuard first;
-        QVERIFY(CheckInstance(RealInstanceSteps(first, folder.path())) == InstanceAnswer::Start);
+        QVERIFY(CheckInstance(RealInstanceSteps(first, settings)) == InstanceAnswer::Start);
         int raised = 0;
-        ListenForStarts(first, folder.path(), [&raised] { ++raised; });
+        ListenForStarts(first, settings, [&raised] { ++raised; });
         for (int start = 1; start <= 2; ++start) {
             InstanceGuard second;
-            InstanceSteps steps = RealInstanceSteps(second, folder.path());
+            InstanceSteps steps = RealInstanceSteps(second, settings);
             int beeps = 0;
             steps.beep = [&beeps] { ++beeps; };
             QVERIFY(CheckInstance(steps) == InstanceAnswer::End);
@@ -53,23 +62,48 @@ class SingleInstanceTest final : public QObject {
         }
         ReleaseInstance(first);
         InstanceGuard third;
-        QVERIFY(CheckInstance(RealInstanceSteps(third, folder.path())) == InstanceAnswer::Start);
+        QVERIFY(CheckInstance(RealInstanceSteps(third, settings)) == InstanceAnswer::Start);
     }
-    void WithoutAWindowItStarts() {
+    void WithoutAWindowItIsRefused() {
         const QTemporaryDir folder;
+        const std::string settings = PathIn(folder, "kalvex.ini");
         InstanceGuard first;
-        QVERIFY(CheckInstance(RealInstanceSteps(first, folder.path())) == InstanceAnswer::Start);
+        QVERIFY(CheckInstance(RealInstanceSteps(first, settings)) == InstanceAnswer::Start);
         InstanceGuard second;
-        InstanceSteps steps = RealInstanceSteps(second, folder.path());
+        InstanceSteps steps = RealInstanceSteps(second, settings);
         int waited = 0;
         steps.wait = [&waited](int time) { waited += time; };
-        QVERIFY(CheckInstance(steps) == InstanceAnswer::Start);
+        QVERIFY(CheckInstance(steps) == InstanceAnswer::Refused);
         QCOMPARE(waited, 500);
+    }
+    void OtherSettingsMayRunAtOnce() {
+        const QTemporaryDir folder;
+        InstanceGuard first;
+        InstanceGuard second;
+        const std::string one = PathIn(folder, "one.ini");
+        const std::string other = PathIn(folder, "other.ini");
+        QVERIFY(CheckInstance(RealInstanceSteps(first, one)) == InstanceAnswer::Start);
+        QVERIFY(CheckInstance(RealInstanceSteps(second, other)) == InstanceAnswer::Start);
+        QVERIFY(InstanceSocketName(one) != InstanceSocketName(other));
+    }
+    void ALongPathHasAShortSocket() {
+        const QTemporaryDir folder;
+        const std::string deep = PathIn(folder, "") + std::string(150, 'a') + '/' +
+                                 std::string(150, 'b') + "/kalvex.ini";
+        InstanceGuard first;
+        QVERIFY(CheckInstance(RealInstanceSteps(first, deep)) == InstanceAnswer::Start);
+        QVERIFY(InstanceSocketName(deep).size() < 30);
+        int raised = 0;
+        ListenForStarts(first, deep, [&raised] { ++raised; });
+        InstanceGuard second;
+        QVERIFY(CheckInstance(RealInstanceSteps(second, deep)) == InstanceAnswer::End);
+        QTRY_COMPARE(raised, 1);
     }
     void AFolderThatCannotBeWritten() {
         InstanceGuard guard;
-        QVERIFY(CheckInstance(RealInstanceSteps(guard, "/proc/none")) == InstanceAnswer::Start);
-        ListenForStarts(guard, "/proc/none", [] {});
+        const std::string nowhere = "/proc/none/kalvex.ini";
+        QVERIFY(CheckInstance(RealInstanceSteps(guard, nowhere)) == InstanceAnswer::Start);
+        ListenForStarts(guard, nowhere, [] {});
         ReleaseInstance(guard);
         ReleaseInstance(guard);
     }

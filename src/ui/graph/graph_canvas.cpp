@@ -1,15 +1,17 @@
 // A redraw is started by a timer of length 0, which runs after all waiting input. Drags and resizes
 // that arrive during a slow computation therefore cause one more computation, not many. The first
-// computation starts after the first paint: the window shows, white, and the progress bar of an
-// implicit curve grows on it. Between two steps of the bar the waiting events are handled behind a
-// gate (InputGate) that holds back all input. So the window is repainted and a key can stop the
+// computation starts after the first paint: the window shows, white, and the progress bar of a slow
+// curve grows on it. At every pulse (Pulse) the waiting events are handled behind a gate
+// (InputGate) that holds back all input. So the window is repainted and a key can stop the
 // computation, but nothing changes the state that is being drawn, and no second computation starts
 // inside the first. A hidden canvas computes nothing until it is shown again.
 #include "ui/graph/graph_canvas.h"
 
 #include <QGuiApplication>
 #include <QPainter>
+#include <QScopeGuard>
 #include <QStyleHints>
+#include <new>
 #include <utility>
 
 #include "graph/graph.h"
@@ -22,7 +24,6 @@
 namespace kalvex {
 namespace {
 
-constexpr int kProgressInterval = 15;  // milliseconds: about a frame of the screen
 constexpr int kSlow = 300;  // milliseconds until the stop key shows, so that it does not flicker
 constexpr int kProgressRows = 4;
 constexpr int kGesturePause = 400;  // milliseconds without a turn of the wheel that end a gesture
@@ -108,18 +109,14 @@ void GraphCanvas::Redraw() {
         redrawAgain = true;
         return;
     }
-    redrawAgain = false;
-    gate = std::make_unique<InputGate>(isStopKey);
-    LayoutViewport(graph.viewport, width(), height());
-    progress.clear();
-    sinceStart.start();
-    sinceProgress.start();
-    list = DrawGraph(graph, workspace.functions, workspace.options, PainterTextMeasure(),
-                     [this](const ProgressStretch& stretch) { return ShowProgress(stretch); });
-    stopped = gate->Stopped();
-    gate.reset();
-    progress.clear();
-    image = PaintPicture(list, devicePixelRatioF());
+    try {
+        Compute();
+        image = PaintPicture(list, devicePixelRatioF());
+        if (image.isNull() && !size().isEmpty()) throw std::bad_alloc();
+    } catch (const std::bad_alloc&) {
+        GiveUp();
+        throw;
+    }
     ++redrawCount;
     update();
     ShowMode();
@@ -128,14 +125,48 @@ void GraphCanvas::Redraw() {
     if (redrawAgain) redrawTimer.start();
 }
 
-bool GraphCanvas::ShowProgress(const ProgressStretch& stretch) {
-    progress.push_back(stretch);
-    if (sinceProgress.elapsed() >= kProgressInterval) {
-        if (sinceStart.elapsed() >= kSlow) emit Slow();
-        repaint(0, 0, width(), kProgressRows);
-        gate->Poll();
-        sinceProgress.start();
-    }
+/// There is no picture, because there was not enough memory for it.
+void GraphCanvas::GiveUp() {
+    graph.incomplete = true;
+    for (FunctionEntry& entry : workspace.functions)
+        entry.samples = {};
+    list = {};
+    image = {};
+    update();
+    ShowMode();
+}
+
+void GraphCanvas::Compute() {
+    redrawAgain = false;
+    gate = std::make_unique<InputGate>(isStopKey);
+    LayoutViewport(graph.viewport, width(), height());
+    progress.clear();
+    sinceStart.start();
+    Interruption interruption;
+    interruption.goOn = [this] { return Breathe(); };
+    pulse.Start(interruption.due);
+    const auto end = qScopeGuard([this] {
+        pulse.Stop();
+        gate.reset();
+        progress.clear();
+    });
+    list = DrawGraph(
+        graph, workspace.functions, workspace.options, PainterTextMeasure(),
+        [this](const ProgressStretch& stretch) { return AddProgress(stretch); }, &interruption);
+    // A picture that the person has not given up is made again.
+    if (graph.incomplete && !gate->IsUnwanted()) redrawAgain = true;
+}
+
+bool GraphCanvas::AddProgress(const ProgressStretch& stretch) {
+    if (stretch.lastColumn >= stretch.firstColumn) progress.push_back(stretch);
+    return !gate->Stopped();
+}
+
+/// Handles what has happened since the last time; false when the computation is to stop.
+bool GraphCanvas::Breathe() {
+    if (sinceStart.elapsed() >= kSlow) emit Slow();
+    repaint(0, 0, width(), kProgressRows);
+    gate->Poll();
     return !gate->Stopped();
 }
 
@@ -153,7 +184,7 @@ void GraphCanvas::Describe() {
          OverlayOf(graph, workspace.functions, workspace.options).texts) {
         parts += ToQString(text);
     }
-    if (stopped) parts += TextOf(StringId::GraphStopped);
+    if (graph.incomplete) parts += TextOf(StringId::GraphStopped);
     // A screen reader speaks whenever the description is set, so the same text is not set again.
     const QString description = parts.join(". ");
     if (description != accessibleDescription()) setAccessibleDescription(description);

@@ -13,6 +13,7 @@
 #include "graph/draw_progress.h"
 #include "graph/explore_commands.h"
 #include "ui/graph/canvas_gestures.h"
+#include "ui/graph/pulse.h"
 #include "workspace/workspace.h"
 
 class QTouchEvent;
@@ -85,7 +86,10 @@ class GraphCanvas final : public QWidget {
 
   private:
     void Redraw();
-    [[nodiscard]] bool ShowProgress(const ProgressStretch& stretch);
+    void Compute();
+    void GiveUp();
+    [[nodiscard]] bool AddProgress(const ProgressStretch& stretch);
+    [[nodiscard]] bool Breathe();
     void Describe();
     void ShowMode();
     void Press(QPointF at);
@@ -106,12 +110,11 @@ class GraphCanvas final : public QWidget {
     QTimer redrawTimer;
     bool shownOnce = false;
     std::unique_ptr<InputGate> gate;  ///< while a picture is being computed
+    Pulse pulse;                      ///< started while a picture is being computed
     bool redrawAgain = false;
-    bool stopped = false;
     int redrawCount = 0;
     std::vector<ProgressStretch> progress;
     QElapsedTimer sinceStart;
-    QElapsedTimer sinceProgress;
 
     QTimer holdTimer;          ///< timer 1
     bool holdPending = false;  ///< the hold may still open the popup

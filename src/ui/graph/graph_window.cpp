@@ -167,8 +167,10 @@ bool GraphWindow::RunShellCommand(CommandId command) {
 void GraphWindow::Analyse() {
     const FunctionEntry* const traced = TracedFunction(graph, workspace.functions);
     if (graph.mode != GraphMode::Trace || traced == nullptr || !OffersAnalysis(*traced)) return;
-    // Earlier keys may have moved the view. The samples must be of the interval that is analysed.
-    if (canvas->BringUpToDate()) actions.run(CommandId::Analyze);
+    // Earlier keys may have moved the view, or a stop may have left this line without samples. The
+    // samples must be all those of the interval that is analysed.
+    if (traced->samples.empty()) canvas->ScheduleRedraw();
+    if (canvas->BringUpToDate() && !traced->samples.empty()) actions.run(CommandId::Analyze);
 }
 
 bool GraphWindow::RunDialogCommand(CommandId command) {

@@ -46,11 +46,17 @@ bool IsEscape(const QEvent& event) {
            static_cast<const QShortcutEvent&>(event).key() == QKeySequence(Qt::Key_Escape);
 }
 
-/// Whether the picture that is being computed is of no use after this event.
+/// The key of full screen is no short cut, because its place depends on the keyboard.
+bool IsFullScreenKey(const QEvent& event) {
+    return event.type() == QEvent::KeyPress &&
+           static_cast<const QKeyEvent&>(event).text() == QChar('#');
+}
+
+/// Whether a person asks for something else than the picture that is being computed.
 bool AsksToStop(const QEvent& event) {
     const QEvent::Type type = event.type();
-    return type == QEvent::Shortcut || type == QEvent::Close || type == QEvent::Resize ||
-           IsEscape(event);
+    return type == QEvent::Shortcut || type == QEvent::Close || IsEscape(event) ||
+           IsFullScreenKey(event);
 }
 
 }  // namespace
@@ -75,6 +81,7 @@ bool InputGate::eventFilter(QObject* receiver, QEvent* event) {
     const bool command = type == QEvent::Shortcut;
     if (!command && !(receiver->isWindowType() && IsInput(type))) return false;
     if (AsksToStop(*event)) stopped = true;
+    if (type == QEvent::Resize) resized = true;
     if (type == QEvent::Close) event->ignore();
     if (PressesStopKey(*event)) {
         stopped = true;
