@@ -33,7 +33,7 @@ namespace {
 void StoreFunctions(const Application& application) {
     const Workspace& workspace = application.workspace;
     if (!StoreFunctionSettings(application.registry, workspace.functions)) return;
-    StoreFunctionTexts(application.registry, workspace.lines);
+    static_cast<void>(StoreFunctionTexts(application.registry, workspace.lines));
 }
 
 /// Stores bounds, factors and the parameter range of an open graph.
@@ -141,7 +141,7 @@ auto CommandsOf(Application& application) {
 void MakeGraphWindow(Application& application) {
     const auto run = CommandsOf(application);
     application.graphWindow = std::make_unique<GraphWindow>(
-        application.graph, application.workspace, GraphActions{run, application.show});
+        application.graph, application.workspace, WindowActions{run, application.show});
     QObject::connect(&application.graphWindow->Canvas(), &GraphCanvas::Redrawn,
                      application.graphWindow.get(), [&application] { TellFailures(application); });
 }
@@ -197,7 +197,7 @@ void StartApplication(Application& application) {
     application.windowState = LoadWindowState(application.windowStatePath);
     const auto run = CommandsOf(application);
     application.editor =
-        std::make_unique<EditorWindow>(application.workspace, EditorActions{run, application.show});
+        std::make_unique<EditorWindow>(application.workspace, EditorActions{{run, application.show}});
     ApplyWindowState(*application.editor, application.windowState);
     application.editor->FocusLine(0);
     application.editor->show();
