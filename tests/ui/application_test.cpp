@@ -291,8 +291,8 @@ class ApplicationTest final : public QObject {
             QVERIFY(box->height() <= box->screen()->availableGeometry().height());
             QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Return);
         });
-        ShowMessageWindow(
-            {u"Error!", u"Error in 1 function:\n" + line, MessageIcon::Stop, MessageButtons::Ok});
+        static_cast<void>(ShowMessageWindow(
+            {u"Error!", u"Error in 1 function:\n" + line, MessageIcon::Stop, MessageButtons::Ok}));
     }
 };
 

@@ -13,6 +13,6 @@ namespace kalvex {
 
 /// Shows a box over the active window and returns when it has been answered. `Yes`/`No` boxes
 /// answered by Escape or the close button count as `No`.
-MessageAnswer ShowMessageWindow(const MessageBox& box);
+[[nodiscard]] MessageAnswer ShowMessageWindow(const MessageBox& box);
 
 }  // namespace kalvex

@@ -18,6 +18,6 @@ void OpenSaveResultDialog(QWidget* parent, const QString& folder,
 
 /// Writes the bytes into a file. When that fails "file error" is shown and an old file survives;
 /// "Saved!" follows in any case. Says whether the file is there.
-bool SaveResult(const QString& path, std::string_view bytes, const ShowMessage& show);
+[[nodiscard]] bool SaveResult(const QString& path, std::string_view bytes, const ShowMessage& show);
 
 }  // namespace kalvex
