@@ -20,7 +20,7 @@ struct Drawn {
         state.viewport.ClientWidth = width;
         state.viewport.ClientHeight = 1000;
         const auto measure = [](std::u16string_view, std::int32_t) { return TextExtent{}; };
-        DrawGraph(state, functions, {}, measure, {});
+        static_cast<void>(DrawGraph(state, functions, {}, measure, {}));
     }
     void AnalyseInto(AnalysisResult& result) const {
         analyzeSampledCurve(result, functions[0], state.viewport.ClientHeight, state.viewport.view);

@@ -33,14 +33,14 @@ std::string Printed(std::u16string_view text) {
 
 void PrintPages(const AnalysisResult& result, std::u16string_view name) {
     for (const ReportPage& page : ReportPages(result, name))
-        WriteOut("== " + ToUtf8(page.title) + " ==\n" + Printed(page.text));
+        PrintText("== " + ToUtf8(page.title) + " ==\n" + Printed(page.text));
 }
 
 /// Standard output gets either the text or, with -o -, the file: together nobody could read them.
 void Print(const AnalysisResult& result, std::u16string_view name, const Arguments& arguments) {
     if (arguments.report && IsStandardOutput(*arguments.report)) return;
     if (arguments.form == "single") {
-        WriteOut(Printed(ReportText(result, name)));
+        PrintText(Printed(ReportText(result, name)));
     } else {
         PrintPages(result, name);
     }

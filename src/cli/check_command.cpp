@@ -28,7 +28,7 @@ ExitStatus CheckOne(const Arguments& arguments, std::u16string text) {
     }
     const CheckResult result = CheckExpression(
         text, arguments.implicit ? CheckMode::TwoVariables : CheckMode::OneVariable);
-    WriteOut(ToUtf8(NumberText(result.code)) + '\t' + ToUtf8(result.message) + '\n');
+    PrintText(ToUtf8(NumberText(result.code)) + '\t' + ToUtf8(result.message) + '\n');
     return result.code < 0 ? ExitStatus::Rejected : ExitStatus::Done;
 }
 

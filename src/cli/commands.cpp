@@ -13,6 +13,19 @@
 
 namespace kalvex {
 
+void AddAllCommands(CLI::App& tool, ExitStatus& status) {
+    AddNormaliseCommand(tool, status);
+    AddCheckCommand(tool, status);
+    AddEvalCommand(tool, status);
+    AddExplainCommand(tool, status);
+    AddInterpolateCommand(tool, status);
+    AddPointsCommand(tool, status);
+    AddSamplesCommand(tool, status);
+    AddDrawCommand(tool, status);
+    AddAnalyzeCommand(tool, status);
+    AddTableCommand(tool, status);
+}
+
 CLI::App* AddCommand(CLI::App& tool, const std::string& name, const std::string& purpose) {
     CLI::App* command = tool.add_subcommand(name, purpose);
     command->set_version_flag("--version", tool.version());

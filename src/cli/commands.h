@@ -24,6 +24,9 @@ void AddDrawCommand(CLI::App& tool, ExitStatus& status);
 void AddAnalyzeCommand(CLI::App& tool, ExitStatus& status);
 void AddTableCommand(CLI::App& tool, ExitStatus& status);
 
+/// All of them, in the order of the help.
+void AddAllCommands(CLI::App& tool, ExitStatus& status);
+
 /// Adds a subcommand with the option that all of them share, --version.
 [[nodiscard]] CLI::App* AddCommand(CLI::App& tool, const std::string& name,
                                    const std::string& purpose);

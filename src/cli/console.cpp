@@ -42,6 +42,10 @@ bool WriteOutNow(std::string_view text) {
     return WriteOut(text) && std::fflush(stdout) == 0;
 }
 
+void PrintText(std::string_view text) {
+    static_cast<void>(WriteOut(text));  // the stream keeps the failure
+}
+
 ExitStatus FinishOutput() {
     const bool flushed = std::fflush(stdout) == 0;
     if (flushed && std::ferror(stdout) == 0) return ExitStatus::Done;

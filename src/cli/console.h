@@ -21,8 +21,12 @@ using HandleText = std::function<ExitStatus(const std::u16string& text)>;
 [[nodiscard]] ExitStatus ForEachText(const std::optional<std::string>& argument,
                                      std::istream& input, const HandleText& handle);
 
-/// Writes to standard output. False when this or an earlier write failed.
-bool WriteOut(std::string_view text);
+/// Writes to standard output. False when this or an earlier write failed: for results of many
+/// lines, which end there.
+[[nodiscard]] bool WriteOut(std::string_view text);
+
+/// Writes one result to standard output. FinishOutput tells whether that failed.
+void PrintText(std::string_view text);
 
 /// The same, and flushes standard output: a run that is ended by a signal during the computation
 /// that follows leaves complete lines.

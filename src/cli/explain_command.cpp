@@ -38,7 +38,7 @@ ExitStatus ExplainOne(const Arguments& arguments, std::u16string text) {
     if (arguments.implicit) {
         explanation += Section("program of a grid", GridText(PlanGrid(program.tree, true)));
     }
-    WriteOut(explanation);
+    PrintText(explanation);
     return ExitStatus::Done;
 }
 

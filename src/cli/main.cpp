@@ -55,16 +55,7 @@ ExitStatus RunTool(int argc, char** argv) {
         "2 wrong usage; 3 a file could not be written.");
 
     ExitStatus status = ExitStatus::Done;
-    kalvex::AddNormaliseCommand(tool, status);
-    kalvex::AddCheckCommand(tool, status);
-    kalvex::AddEvalCommand(tool, status);
-    kalvex::AddExplainCommand(tool, status);
-    kalvex::AddInterpolateCommand(tool, status);
-    kalvex::AddPointsCommand(tool, status);
-    kalvex::AddSamplesCommand(tool, status);
-    kalvex::AddDrawCommand(tool, status);
-    kalvex::AddAnalyzeCommand(tool, status);
-    kalvex::AddTableCommand(tool, status);
+    kalvex::AddAllCommands(tool, status);
     try {
         tool.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

@@ -22,7 +22,7 @@ ExitStatus Run(const Arguments& arguments) {
             NormaliseImplicit(text);
         else
             NormaliseExplicit(text, ShowOnStandardError);
-        WriteOut(ToUtf8(text) + '\n');
+        PrintText(ToUtf8(text) + '\n');
         return ExitStatus::Done;
     });
 }

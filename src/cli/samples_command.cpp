@@ -23,7 +23,8 @@ std::string SampleLine(const CurveSample& sample) {
 ExitStatus Run(ViewOptions& view, const std::string& line) {
     FunctionList functions;
     if (!PrepareLines(functions, {line})) return ExitStatus::Rejected;
-    DrawOffScreen(view, functions, [](std::u16string_view, std::int32_t) { return TextExtent{}; });
+    const auto measure = [](std::u16string_view, std::int32_t) { return TextExtent{}; };
+    static_cast<void>(DrawOffScreen(view, functions, measure));  // for the samples it leaves
     for (const CurveSample& sample : functions[0].samples) {
         if (!WriteOut(SampleLine(sample))) break;
     }

@@ -34,6 +34,7 @@ struct ViewOptions {
 
 /// Draws off screen and fills the sample caches of the functions. A method that cannot be used with
 /// its points gives a message on standard error.
-DrawList DrawOffScreen(ViewOptions& view, FunctionList& functions, const MeasureText& measure);
+[[nodiscard]] DrawList DrawOffScreen(ViewOptions& view, FunctionList& functions,
+                                     const MeasureText& measure);
 
 }  // namespace kalvex

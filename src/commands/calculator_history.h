@@ -26,7 +26,8 @@ void StartBelow(CalculatorHistory& history);
 
 /// The entry before the present one, or nothing at the oldest. `shown` is what stands on the
 /// screen: when it differs from the present entry it is kept as the line being typed.
-std::optional<std::u16string> OlderLine(CalculatorHistory& history, std::u16string_view shown);
+[[nodiscard]] std::optional<std::u16string> OlderLine(CalculatorHistory& history,
+                                                      std::u16string_view shown);
 
 /// The entry after the present one; after the last entry the line being typed, and after that
 /// nothing.

@@ -112,13 +112,15 @@ bool IsParameterRange(double minParam, double maxParam) {
 
 std::optional<InputProblem> SaveOptions(const OptionsInput& input, Options& options,
                                         const Registry& registry) {
-    WriteTogether(registry, [&] {
+    // Failures of the store are silent here, see the header.
+    const auto takeAndStore = [&] {
         for (const OptionRow* const row : RowsInOrder(PlaceInSave)) {
             if (const auto number = NumberOf(*row, input)) SetValue(options, *row, *number);
-            StoreOption(registry, row->name, StoredNumberOf(options, *row));
+            static_cast<void>(StoreOption(registry, row->name, StoredNumberOf(options, *row)));
         }
         return true;
-    });
+    };
+    static_cast<void>(WriteTogether(registry, takeAndStore));
     return TakeParameters(input, options);
 }
 

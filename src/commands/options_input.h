@@ -45,7 +45,7 @@ struct OptionsInput {
 /// all the same. A list without a chosen entry leaves its option unchanged. A text of the range
 /// that does not begin with a number reads as 0. Failures of the store are silent, and the next
 /// option is stored all the same.
-std::optional<InputProblem> SaveOptions(const OptionsInput& input, Options& options,
-                                        const Registry& registry);
+[[nodiscard]] std::optional<InputProblem> SaveOptions(const OptionsInput& input, Options& options,
+                                                      const Registry& registry);
 
 }  // namespace kalvex

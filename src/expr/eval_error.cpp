@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "expr/function_table.h"
+#include "resources/message_boxes.h"
 #include "resources/strings.h"
 
 namespace kalvex {
@@ -43,14 +44,6 @@ std::optional<ErrorText> TextOf(EvalCode code) {
     return OtherText(code);
 }
 
-void ShowUnknownCode(std::int32_t code, const ShowMessage& show) {
-    if (!show) return;
-    MessageBox box;
-    box.caption = FillIn(Text(StringId::UnknownCodeTitle), {NumberText(code)});
-    box.text = Text(StringId::UnknownCodeText);
-    show(box);
-}
-
 }  // namespace
 
 void DescribeEvalError(std::int32_t code, std::u16string& title, std::u16string& message,
@@ -59,9 +52,9 @@ void DescribeEvalError(std::int32_t code, std::u16string& title, std::u16string&
     if (const std::optional<ErrorText> text = TextOf(static_cast<EvalCode>(code))) {
         name = text->name;
         message = Text(text->message);
-    } else {
+    } else if (show) {
         // KEEP: this box is how an unknown code is noticed in the field, 0 included.
-        ShowUnknownCode(code, show);
+        show(UnknownCodeBox(code));
     }
     title = FillIn(Text(StringId::EvalErrorTitle), {name});
 }

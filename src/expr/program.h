@@ -71,9 +71,9 @@ struct ProgramInputs {
 /// Returns whether one failed. Allocates nothing. A count that is a multiple of kPaddedLanes saves
 /// a copy of the last elements; `padding` of them, fewer than kPaddedLanes, may then be anything.
 /// When the run is stopped, what is left in `values` and `errors` is of no use.
-bool RunInstructions(const InstructionList& list, const KernelTable& kernels,
-                     const ProgramInputs& inputs, std::size_t count, double* values,
-                     std::int32_t* errors, std::size_t padding = 0);
+[[nodiscard]] bool RunInstructions(const InstructionList& list, const KernelTable& kernels,
+                                   const ProgramInputs& inputs, std::size_t count, double* values,
+                                   std::int32_t* errors, std::size_t padding = 0);
 
 /// A program for a normalised text over a given kernel table (CompileExpression uses the best).
 [[nodiscard]] std::shared_ptr<const Program> CompileProgram(std::u16string_view text,

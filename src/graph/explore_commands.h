@@ -18,7 +18,8 @@ namespace kalvex {
 /// Zooms about a pixel at once, without a mode in which the user picks the point. The popup of the
 /// full-screen mode does this. Saves the present window as the previous one, then returns to normal
 /// mode.
-PictureChange ZoomAtOnce(GraphState& state, const PixelPoint& centre, ZoomDirection direction);
+[[nodiscard]] PictureChange ZoomAtOnce(GraphState& state, const PixelPoint& centre,
+                                       ZoomDirection direction);
 
 /// A series of small zooms by wheel, pinch or a held key. Only its first step saves the present
 /// window as the previous one.
@@ -27,14 +28,14 @@ struct ZoomGesture {
 };
 
 /// One step of a gesture; the world point at `fixed` stays where it is.
-PictureChange StepGesture(GraphState& state, ZoomGesture& gesture, const PixelPoint& fixed,
-                          double extentX, double extentY);
+[[nodiscard]] PictureChange StepGesture(GraphState& state, ZoomGesture& gesture,
+                                        const PixelPoint& fixed, double extentX, double extentY);
 
 /// One step of a gesture in the middle of the picture by the zoom factors.
-PictureChange StepGestureByFactors(GraphState& state, ZoomGesture& gesture,
-                                   ZoomDirection direction);
+[[nodiscard]] PictureChange StepGestureByFactors(GraphState& state, ZoomGesture& gesture,
+                                                 ZoomDirection direction);
 
 /// Moves the window by tenths of its extent: to the right and upward where positive.
-PictureChange PanByTenths(GraphState& state, int right, int up);
+[[nodiscard]] PictureChange PanByTenths(GraphState& state, int right, int up);
 
 }  // namespace kalvex

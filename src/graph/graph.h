@@ -14,8 +14,8 @@ namespace kalvex {
 /// the cursor stays on its sample. `progress`, which may be empty, and `interruption`, which may be
 /// null, can stop the drawing: then what has been drawn of the curve stays, no further curve is
 /// begun, the picture is incomplete, and the caches of that curve and of those behind it are empty.
-DrawList DrawGraph(GraphState& state, FunctionList& functions, const Options& options,
-                   const MeasureText& measure, const DrawProgress& progress,
-                   Interruption* interruption = nullptr);
+[[nodiscard]] DrawList DrawGraph(GraphState& state, FunctionList& functions, const Options& options,
+                                 const MeasureText& measure, const DrawProgress& progress,
+                                 Interruption* interruption = nullptr);
 
 }  // namespace kalvex

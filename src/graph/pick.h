@@ -68,7 +68,8 @@ void DropPointer(GraphState& state);
 void KeepCursorOnPicture(GraphState& state);
 
 /// Moves the cursor of a pick mode by pixels, inside the picture.
-PictureChange MoveCursorBy(GraphState& state, std::int32_t columns, std::int32_t rows);
+[[nodiscard]] PictureChange MoveCursorBy(GraphState& state, std::int32_t columns,
+                                         std::int32_t rows);
 
 /// Picks the cursor's pixel as a tap there would.
 [[nodiscard]] PickResult PickAtCursor(GraphState& state);

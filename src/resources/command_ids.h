@@ -89,7 +89,8 @@ enum class CommandId : int {
     InsertShi = 32904,
     InsertChi = 32903,
 
-    // Soft keys of the dialogs.
+    // Soft keys of the dialogs. Those of help and of the About box close their own window and pass
+    // through no menu, so that no other source names them; their numbers stay reserved.
     OptionsSave = 32838,
     OptionsCancel = 32840,
     HelpOk = 32841,

@@ -1,6 +1,7 @@
-// The message boxes of the program, made from its texts.
+// The message boxes of the program, made from its texts. Every box is made here.
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 
 #include "base/message_box.h"
@@ -8,10 +9,12 @@
 
 namespace kalvex {
 
-/// A box with a caption of the table. Every box but the diagnostic ones of an evaluation is made
-/// here.
+/// A box with a caption of the table.
 [[nodiscard]] MessageBox BoxOf(StringId caption, std::u16string_view text, MessageIcon icon,
                                MessageButtons buttons = MessageButtons::Ok);
+
+/// The diagnostic box of an error code that belongs to no function and no operation.
+[[nodiscard]] MessageBox UnknownCodeBox(std::int32_t code);
 
 /// Something was refused or has failed: "Error!" with the stop sign.
 [[nodiscard]] MessageBox ErrorBox(std::u16string_view text);

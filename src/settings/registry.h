@@ -52,7 +52,7 @@ void BeginBatch(const Registry& registry);
 
 /// Runs `writes` as one batch. When `writes` fails, the values that it wrote before are stored, as
 /// they would be without a batch. True when both `writes` and the store succeeded.
-bool WriteTogether(const Registry& registry, const std::function<bool()>& writes);
+[[nodiscard]] bool WriteTogether(const Registry& registry, const std::function<bool()>& writes);
 
 /// The form of a name that is used for comparisons: ASCII letters in lower case.
 [[nodiscard]] std::string FoldedName(std::string_view name);

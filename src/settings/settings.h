@@ -11,7 +11,7 @@ namespace kalvex {
 
 /// Makes all keys with their defaults when the store is empty and fills the lines with examples.
 /// Returns whether it did (a first start); false also when the store cannot be written.
-bool CreateDefaultKeys(const Registry& registry);
+[[nodiscard]] bool CreateDefaultKeys(const Registry& registry);
 
 /// Makes every key that cannot be opened, with the values of the workspace. Without them a damaged
 /// store would refuse all later writes. Fails silently.
@@ -29,16 +29,17 @@ void LoadFunctionSettings(const Registry& registry, Workspace& workspace, const 
 void LoadSettings(const Registry& registry, Workspace& workspace, const ShowMessage& show);
 
 /// Stores bounds, factors and the parameter range; stops at the first failure.
-bool StoreView(const Registry& registry, const ViewWindow& view, const Options& options);
+[[nodiscard]] bool StoreView(const Registry& registry, const ViewWindow& view,
+                             const Options& options);
 
 /// Stores colour, type and approximation of slots 1 to 9; stops at the first failure.
-bool StoreFunctionSettings(const Registry& registry, const FunctionList& functions);
+[[nodiscard]] bool StoreFunctionSettings(const Registry& registry, const FunctionList& functions);
 
 /// Stores one line's text under `equ` (cut to 50 UTF-16 units). Slot index 0..8.
 [[nodiscard]] bool StoreFunctionText(const Registry& registry, int slot, std::u16string_view text);
 
 /// Stores the texts of slots 1 to 9; stops at the first failure.
-bool StoreFunctionTexts(const Registry& registry, const EditorLines& lines);
+[[nodiscard]] bool StoreFunctionTexts(const Registry& registry, const EditorLines& lines);
 
 /// Stores what the end of the program stores, as one batch: with `withView` the view, then function
 /// settings and texts, stopping at the first failure. False when the view could not be stored, and
@@ -46,6 +47,7 @@ bool StoreFunctionTexts(const Registry& registry, const EditorLines& lines);
 [[nodiscard]] bool StoreAtEnd(const Registry& registry, const Workspace& workspace, bool withView);
 
 /// Stores one number of the main key. 1 on success, 0 on failure.
-std::int32_t StoreOption(const Registry& registry, std::string_view name, std::int32_t value);
+[[nodiscard]] std::int32_t StoreOption(const Registry& registry, std::string_view name,
+                                       std::int32_t value);
 
 }  // namespace kalvex

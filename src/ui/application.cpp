@@ -157,7 +157,7 @@ void RemoveOldLeftovers(const Application& application) {
 void MakeGraphWindow(Application& application) {
     const auto run = CommandsOf(application);
     application.graphWindow = std::make_unique<GraphWindow>(
-        application.graph, application.workspace, GraphActions{run, application.show});
+        application.graph, application.workspace, WindowActions{run, application.show});
     QObject::connect(&application.graphWindow->Canvas(), &GraphCanvas::Redrawn,
                      application.graphWindow.get(), [&application] { TellFailures(application); });
 }
@@ -167,7 +167,7 @@ void ShowEditor(Application& application) {
     RemoveOldLeftovers(application);
     const auto run = CommandsOf(application);
     application.editor =
-        std::make_unique<EditorWindow>(application.workspace, EditorActions{run, application.show});
+        std::make_unique<EditorWindow>(application.workspace, EditorActions{{run, application.show}});
     ApplyWindowState(*application.editor, application.windowState);
     application.editor->FocusLine(0);
     ShowStoreNote(application);

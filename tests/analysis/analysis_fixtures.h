@@ -68,7 +68,7 @@ inline DrawnLine Draw(EquationType type, std::u16string_view text, const Window&
     drawn.state.viewport.ClientWidth = window.width;
     drawn.state.viewport.ClientHeight = window.height;
     const auto measure = [](std::u16string_view, std::int32_t) { return TextExtent{}; };
-    DrawGraph(drawn.state, drawn.functions, {}, measure, {});
+    static_cast<void>(DrawGraph(drawn.state, drawn.functions, {}, measure, {}));
     return drawn;
 }
 

@@ -86,7 +86,7 @@ DrawnLine DrawFile(Generator& generator, const fixtures::Window& window) {
         entry.points.y.push_back(Between(generator, window.ymin, window.ymax));
     }
     const auto measure = [](std::u16string_view, std::int32_t) { return TextExtent{}; };
-    DrawGraph(drawn.state, drawn.functions, {}, measure, {});
+    static_cast<void>(DrawGraph(drawn.state, drawn.functions, {}, measure, {}));
     return drawn;
 }
 

@@ -35,8 +35,8 @@ TEST(CalculatorHistory, IsEmptyAtFirst) {
 
 TEST(CalculatorHistory, KeepsAnAlteredEntryAsTheLineBelow) {
     CalculatorHistory history = HistoryOf({u"1", u"2", u"3"});
-    OlderLine(history, u"typed");
-    OlderLine(history, u"3");
+    static_cast<void>(OlderLine(history, u"typed"));
+    static_cast<void>(OlderLine(history, u"3"));
     EXPECT_EQ(OlderLine(history, u"2+2"), Line(u"1"));
     EXPECT_EQ(NewerLine(history, u"1"), Line(u"2"));
     EXPECT_EQ(NewerLine(history, u"2"), Line(u"3"));
@@ -51,14 +51,14 @@ TEST(CalculatorHistory, LeavesOutEmptyAndRepeatedLines) {
 
 TEST(CalculatorHistory, StartsBelowAfterACalculation) {
     CalculatorHistory history = HistoryOf({u"1", u"2"});
-    OlderLine(history, u"typed");
-    OlderLine(history, u"2");
+    static_cast<void>(OlderLine(history, u"typed"));
+    static_cast<void>(OlderLine(history, u"2"));
     Remember(history, u"1");
     EXPECT_EQ(OlderLine(history, u"result"), Line(u"1"));
     EXPECT_EQ(OlderLine(history, u"1"), Line(u"2"));
     EXPECT_EQ(NewerLine(history, u"2"), Line(u"1"));
     EXPECT_EQ(NewerLine(history, u"1"), Line(u"result"));
-    OlderLine(history, u"result");
+    static_cast<void>(OlderLine(history, u"result"));
     StartBelow(history);
     EXPECT_EQ(OlderLine(history, u"new"), Line(u"1"));
 }

@@ -109,14 +109,14 @@ TEST(SaveOptions, TakesEachFlagIntoItsOwnOption) {
         Options options;
         OptionsInput input = InputOf(options);
         ControlOf(input, row->field).checked = false;
-        SaveOptions(input, options, store.registry);
+        static_cast<void>(SaveOptions(input, options, store.registry));
         for (const OptionRow* const other : rows) {
             const double expected = other == row ? 0.0 : ValueOf(Options{}, *other);
             EXPECT_EQ(ValueOf(options, *other), expected) << row->name << " " << other->name;
             EXPECT_EQ(Stored(store, other->name), expected) << row->name << " " << other->name;
         }
         ControlOf(input, row->field).checked = true;
-        SaveOptions(input, options, store.registry);
+        static_cast<void>(SaveOptions(input, options, store.registry));
         EXPECT_EQ(Stored(store, row->name), 1) << row->name;
     }
 }
@@ -170,7 +170,7 @@ TEST(SaveOptions, KeepsTheResolution) {
         OptionsInput input = InputOf(options);
         TextIn(input, &Options::InterpolationType) = chosen;
         TextIn(input, &Options::Wight) = u"2 points";
-        SaveOptions(input, options, store.registry);
+        static_cast<void>(SaveOptions(input, options, store.registry));
         EXPECT_EQ(options.Resolution, 4);
         EXPECT_EQ(Stored(store, "Resolution"), 4);
     }
@@ -205,7 +205,7 @@ TEST(SaveOptions, MakesTheGridKindOfBothBoxes) {
         OptionsInput input = InputOf(options);
         ControlOf(input, &Options::Setka).checked = row.grid;
         input.polarGrid = row.polarGrid;
-        SaveOptions(input, options, store.registry);
+        static_cast<void>(SaveOptions(input, options, store.registry));
         EXPECT_EQ(int{options.Setka}, int{row.after}) << row.grid << row.polarGrid;
         EXPECT_EQ(Stored(store, "Setka"), int{row.after}) << row.grid << row.polarGrid;
     }
@@ -320,7 +320,7 @@ TEST(SaveOptions, GoesOnSilentlyWhenTheStoreFails) {
     OptionsInput input = InputOf(options);
     ControlOf(input, &Options::Axex).checked = false;
     TextIn(input, &Options::MaxAngle) = u"8 pi";
-    SaveOptions(input, options, store.registry);
+    static_cast<void>(SaveOptions(input, options, store.registry));
     *store.fails = [](const std::string&) { return false; };
     EXPECT_EQ(Stored(store, "Axex"), 1) << "could not be written";
     EXPECT_EQ(Stored(store, "MaxAngle"), 4) << "the others are written all the same";

@@ -283,7 +283,8 @@ TEST(Graph, TellsTheProgressOfALongFileLineAndStopsIt) {
         next = stretch.lastColumn + 1;
         return ++calls < 4;
     };
-    DrawGraph(state, functions, PlainOptions(), fixtures::MeasureFixed, progress);
+    static_cast<void>(
+        DrawGraph(state, functions, PlainOptions(), fixtures::MeasureFixed, progress));
     EXPECT_EQ(calls, 4);
     EXPECT_TRUE(state.approxFailures.empty());
 }

@@ -34,7 +34,7 @@ struct Graph {
         functions[2] = MakeEntry(EquationType::Polar, u"x");
         Redraw();
     }
-    void Redraw() { DrawGraph(state, functions, Options{}, MeasureFixed, {}); }
+    void Redraw() { static_cast<void>(DrawGraph(state, functions, Options{}, MeasureFixed, {})); }
     PictureChange Press(int x, int y) { return PressPointer(state, functions, {x, y}); }
     PictureChange Move(int x, int y) { return MovePointer(state, functions, {x, y}); }
     PictureChange Finish(const PickResult& picked) {
@@ -278,7 +278,7 @@ TEST(ZoomAtOnce, SavesTheWindowBefore) {
         Graph graph;
         graph.state.viewport.view.Xmax = 9;
         graph.state.viewport.view.Yfactor = 3;
-        ZoomAtOnce(graph.state, {180, 60}, direction);
+        static_cast<void>(ZoomAtOnce(graph.state, {180, 60}, direction));
         EXPECT_EQ(graph.state.viewport.PreviousWindow.Xmax, 9);
         EXPECT_EQ(graph.state.viewport.PreviousWindow.Yfactor, 3);
     }
@@ -376,14 +376,14 @@ TEST(Cursor, MovesByKeysAndPicks) {
     EXPECT_EQ(MoveCursorBy(graph.state, 1, 1), PictureChange::None);
     EXPECT_EQ(graph.PickAt(), PictureChange::None);
     graph.Run(CommandId::ZoomBox);
-    MoveCursorBy(graph.state, -60, -60);
+    static_cast<void>(MoveCursorBy(graph.state, -60, -60));
     EXPECT_EQ(graph.PickAt(), PictureChange::Overlay);
     EXPECT_EQ(graph.Title(), u"Choose Second point");
-    MoveCursorBy(graph.state, 60, 120);
+    static_cast<void>(MoveCursorBy(graph.state, 60, 120));
     EXPECT_EQ(graph.PickAt(), PictureChange::Curves);
     graph.ExpectBounds(-5, 0, -5, 5);
     graph.Run(CommandId::ZoomIn);
-    MoveCursorBy(graph.state, 100'000, -100'000);
+    static_cast<void>(MoveCursorBy(graph.state, 100'000, -100'000));
     EXPECT_EQ(graph.state.trace.pixel, (PixelPoint{239, 0}));
 }
 
@@ -391,12 +391,12 @@ TEST(Gesture, SavesOneWindow) {
     Graph graph;
     ZoomGesture gesture;
     for (int i = 0; i < 5; ++i)
-        StepGesture(graph.state, gesture, {0, 0}, 0.5, 0.5);
+        static_cast<void>(StepGesture(graph.state, gesture, {0, 0}, 0.5, 0.5));
     EXPECT_EQ(graph.state.viewport.PreviousWindow.Xmax, 10);
     EXPECT_EQ(graph.View().Xmin, -10);
     EXPECT_EQ(graph.View().Xmax, -10 + 20 / 32.0);
     gesture = {};
-    StepGestureByFactors(graph.state, gesture, ZoomDirection::Out);
+    static_cast<void>(StepGestureByFactors(graph.state, gesture, ZoomDirection::Out));
     EXPECT_EQ(graph.state.viewport.PreviousWindow.Xmax, -10 + 20 / 32.0);
 }
 
@@ -405,16 +405,16 @@ TEST(Gesture, IgnoresFactorsThatAreNone) {
         Graph graph;
         graph.state.viewport.view.Xfactor = factor;
         ZoomGesture gesture;
-        StepGestureByFactors(graph.state, gesture, ZoomDirection::In);
+        static_cast<void>(StepGestureByFactors(graph.state, gesture, ZoomDirection::In));
         graph.ExpectBounds(-10, 10, -5, 5);
     }
 }
 
 TEST(PanByTenths, MovesTheWindow) {
     Graph graph;
-    PanByTenths(graph.state, 1, 0);
+    static_cast<void>(PanByTenths(graph.state, 1, 0));
     graph.ExpectBounds(-8, 12, -10, 10);
-    PanByTenths(graph.state, 0, -2);
+    static_cast<void>(PanByTenths(graph.state, 0, -2));
     graph.ExpectBounds(-8, 12, -14, 6);
 }
 
@@ -425,7 +425,7 @@ TEST(Overlay, FollowsTheMode) {
     EXPECT_FALSE(overlay.cross || overlay.corner || !overlay.bands.empty());
     graph.Run(CommandId::ZoomBox);
     graph.Tap(60, 60);
-    MoveCursorBy(graph.state, 10, 0);
+    static_cast<void>(MoveCursorBy(graph.state, 10, 0));
     overlay = OverlayOf(graph.state, graph.functions, options);
     EXPECT_EQ(overlay.corner, (PixelPoint{60, 60}));
     EXPECT_EQ(overlay.cross, (PixelPoint{70, 60}));
@@ -468,7 +468,7 @@ TEST(Modes, SurviveEveryWindowAndSize) {
                 graph.Tap(0, size.height);
                 graph.Tap(size.width, 0);
                 static_cast<void>(OverlayOf(graph.state, graph.functions, Options{}));
-                PanByTenths(graph.state, 1, 1);
+                static_cast<void>(PanByTenths(graph.state, 1, 1));
                 EnterNormalMode(graph.state);
             }
         }

@@ -117,7 +117,7 @@ struct Drawn {
         functions[8] = MakeEntry(EquationType::Parametric, u"x", u"1/x");
         Redraw();
     }
-    void Redraw() { DrawGraph(state, functions, Options{}, MeasureFixed, {}); }
+    void Redraw() { static_cast<void>(DrawGraph(state, functions, Options{}, MeasureFixed, {})); }
 };
 
 TEST(Trace, ReadsASlopeBelowTwoOnTheParabola) {

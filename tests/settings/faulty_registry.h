@@ -55,7 +55,7 @@ inline FaultyRegistry MakeFaultyRegistry() {
 /// A registry with all keys and values of a first start and an empty log.
 inline FaultyRegistry MakeFilledRegistry() {
     FaultyRegistry faulty = MakeFaultyRegistry();
-    CreateDefaultKeys(faulty.registry);
+    static_cast<void>(CreateDefaultKeys(faulty.registry));
     faulty.log->clear();
     return faulty;
 }

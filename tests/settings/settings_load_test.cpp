@@ -205,11 +205,11 @@ Workspace UnusualWorkspace() {
 }
 
 void FillWith(const Registry& registry, const Workspace& w) {
-    StoreView(registry, w.view, w.options);
-    StoreFunctionSettings(registry, w.functions);
+    static_cast<void>(StoreView(registry, w.view, w.options));
+    static_cast<void>(StoreFunctionSettings(registry, w.functions));
     for (const OptionRow& row : kOptionRows) {
         if (row.kind != OptionKind::Range && row.kind != OptionKind::WriteOnly)
-            StoreOption(registry, row.name, StoredNumberOf(w.options, row));
+            static_cast<void>(StoreOption(registry, row.name, StoredNumberOf(w.options, row)));
     }
 }
 
@@ -329,8 +329,8 @@ TEST(LoadSettings, BringsFlagsAndTheGridIntoRange) {
     for (const Row row :
          {Row{0, 0, 0}, {1, 1, 1}, {2, 1, 2}, {3, 1, 1}, {256, 1, 1}, {-1, 1, 1}, {kMost, 1, 1}}) {
         const FaultyRegistry faulty = MakeFilledRegistry();
-        StoreOption(faulty.registry, "Axex", row.stored);
-        StoreOption(faulty.registry, "Setka", row.stored);
+        static_cast<void>(StoreOption(faulty.registry, "Axex", row.stored));
+        static_cast<void>(StoreOption(faulty.registry, "Setka", row.stored));
         Workspace workspace;
         LoadSettings(faulty.registry, workspace, ShownBoxes().show);
         EXPECT_EQ(workspace.options.Axex, row.flag) << row.stored;
@@ -340,7 +340,7 @@ TEST(LoadSettings, BringsFlagsAndTheGridIntoRange) {
 
 TEST(LoadSettings, NeverReadsTheResolution) {
     const FaultyRegistry faulty = MakeFilledRegistry();
-    StoreOption(faulty.registry, "Resolution", 5);
+    static_cast<void>(StoreOption(faulty.registry, "Resolution", 5));
     Workspace workspace;
     LoadSettings(faulty.registry, workspace, ShownBoxes().show);
     EXPECT_EQ(workspace.options.Resolution, 1);

@@ -20,6 +20,21 @@ Place PlaceOf(double z) {
     return PlaceAt({z, 0}, TwoSum(1, -z));
 }
 
+TEST(HypergeometricSeries, FailsWhereItsTailDoesNotEnd) {
+    const struct {
+        HypergeometricParameters p;
+        double z;
+        bool fails;
+    } cases[] = {{Parameters(0.5, 0.5, 4), 0.9, false},
+                 {Parameters(0.5, 0.5, 4), 0.9999, true},  // terms like k^-4: 2^-52 after 8000
+                 {Parameters(0.5, 0.5, 10), 0.9999, false},
+                 {Parameters(-400, 0.5, 0.25), 1.5, false}};  // a polynomial ends everywhere
+    for (const auto& entry : cases) {
+        const bool failed = SumHypergeometric(entry.p, {entry.z, 0}, 0x1p-62).failed;
+        EXPECT_EQ(failed, entry.fails) << entry.p.c.high << " at " << entry.z;
+    }
+}
+
 TEST(HypergeometricWalk, ComesBackToItsStart) {
     const HypergeometricParameters from = Parameters(0.75, 0.5, 1.25);
     const struct {

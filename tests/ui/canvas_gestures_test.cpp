@@ -82,20 +82,20 @@ class CanvasGesturesTest final : public QObject {
         QVERIFY(Near(now.x, held.x) && Near(now.y, held.y));
         QVERIFY(Near(state.viewport.view.Xmax - state.viewport.view.Xmin, 10.0));
         QCOMPARE(state.viewport.PreviousWindow.Xmax, 10.0);
-        MovePinch(state, gesture, pinch, {150, 80}, {250, 80}, {});
+        static_cast<void>(MovePinch(state, gesture, pinch, {150, 80}, {250, 80}, {}));
         QCOMPARE(state.viewport.PreviousWindow.Xmax, 10.0);  // one window per gesture
         pinch = {};
-        MovePinch(state, gesture, pinch, {100, 50}, {200, 50}, {});
+        static_cast<void>(MovePinch(state, gesture, pinch, {100, 50}, {200, 50}, {}));
         const double before = state.viewport.view.Xmax;
-        MovePinch(state, gesture, pinch, {100, 50}, {300, 50}, {});
+        static_cast<void>(MovePinch(state, gesture, pinch, {100, 50}, {300, 50}, {}));
         QCOMPARE(state.viewport.PreviousWindow.Xmax, before);
     }
     void FingersOnOnePointDoNoHarm() {
         GraphState state = StateOf(-10, 10);
         ZoomGesture gesture;
         PinchState pinch;
-        MovePinch(state, gesture, pinch, {100, 50}, {100, 50}, {});
-        MovePinch(state, gesture, pinch, {100, 50}, {100, 50}, {});
+        static_cast<void>(MovePinch(state, gesture, pinch, {100, 50}, {100, 50}, {}));
+        static_cast<void>(MovePinch(state, gesture, pinch, {100, 50}, {100, 50}, {}));
         QCOMPARE(state.viewport.view.Xmax, 10.0);
     }
     void TenThousandStepsEndAndComeBack() {
@@ -104,7 +104,8 @@ class CanvasGesturesTest final : public QObject {
             ZoomGesture gesture;
             for (const int turned : {steps, -steps}) {
                 for (int i = 0; i < 10'000; ++i)
-                    ZoomStep(state, gesture, QPointF(37, 61), ExtentOfSteps(turned), {});
+                    static_cast<void>(
+                        ZoomStep(state, gesture, QPointF(37, 61), ExtentOfSteps(turned), {}));
                 const ViewWindow& view = state.viewport.view;
                 QVERIFY(std::isfinite(view.Xmin) && std::isfinite(view.Xmax));
                 QVERIFY(view.Xmin < view.Xmax && view.Ymin < view.Ymax);
@@ -118,9 +119,9 @@ class CanvasGesturesTest final : public QObject {
             GraphState state = StateOf(low, high, 1, 0);
             ZoomGesture gesture;
             PinchState pinch;
-            ZoomStep(state, gesture, QPointF(0, 0), 0.8, {});
-            MovePinch(state, gesture, pinch, {0, 0}, {50, 0}, {});
-            MovePinch(state, gesture, pinch, {0, 0}, {90, 70}, {});
+            static_cast<void>(ZoomStep(state, gesture, QPointF(0, 0), 0.8, {}));
+            static_cast<void>(MovePinch(state, gesture, pinch, {0, 0}, {50, 0}, {}));
+            static_cast<void>(MovePinch(state, gesture, pinch, {0, 0}, {90, 70}, {}));
         }
     }
 };

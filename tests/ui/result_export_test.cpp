@@ -109,7 +109,7 @@ class ResultExportTest final : public QObject {
         QVERIFY(QFile::setPermissions(folder.path(), QFile::Permissions(0x5555)));
         const uid_t self = geteuid();
         if (self == 0) QCOMPARE(seteuid(65534), 0);  // root may write everywhere
-        SaveResult(path, "new", shown.show);
+        static_cast<void>(SaveResult(path, "new", shown.show));
         if (self == 0) QCOMPARE(seteuid(0), 0);
         QVERIFY(QFile::setPermissions(folder.path(), QFile::Permissions(0x7777)));
         ExpectFailure(shown);
@@ -121,7 +121,7 @@ class ResultExportTest final : public QObject {
             ShownBoxes shown;
             const QString path = folder.filePath(QString::fromUtf8(name));
             Write(path, QByteArray(10000, 'x'));
-            SaveResult(path, "1 2\n", shown.show);
+            static_cast<void>(SaveResult(path, "1 2\n", shown.show));
             QCOMPARE(Contents(path), QByteArray("1 2\n"));
             QCOMPARE(shown.boxes->size(), std::size_t{1});
             QVERIFY(shown.boxes->front().text == u"Saved!");
@@ -135,7 +135,7 @@ class ResultExportTest final : public QObject {
         for (const QString& path : {folder.filePath("folder.txt"), folder.filePath("no/file.txt"),
                                     QString("/proc/no.txt"), QString("/dev/full"), QString()}) {
             ShownBoxes shown;
-            SaveResult(path, QByteArray(10000, 'x').toStdString(), shown.show);
+            static_cast<void>(SaveResult(path, QByteArray(10000, 'x').toStdString(), shown.show));
             ExpectFailure(shown);
         }
         QVERIFY(QFileInfo(folder.filePath("folder.txt")).isDir());
@@ -152,7 +152,7 @@ class ResultExportTest final : public QObject {
         getrlimit(RLIMIT_FSIZE, &before);
         const rlimit small{4096, before.rlim_max};
         setrlimit(RLIMIT_FSIZE, &small);
-        SaveResult(path, std::string(100000, 'x'), shown.show);
+        static_cast<void>(SaveResult(path, std::string(100000, 'x'), shown.show));
         setrlimit(RLIMIT_FSIZE, &before);
         ExpectFailure(shown);
         QCOMPARE(Contents(path), QByteArray("good old points\n"));

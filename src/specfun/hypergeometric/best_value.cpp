@@ -26,9 +26,9 @@ namespace {
 double CostOfShifts(const Form& form, double x) {
     constexpr double kOfOne = 3;             // a step one by one
     constexpr double kOfOneInBlock = 0.9;    // a step in blocks,
-    constexpr double kOfBlocks = 200;        // which are set up in 1.4 us
-    constexpr double kOfStart = 100;         // the series at the start, 0.7 us
-    constexpr double kOfStartNearOne = 450;  // the solutions at 1 there, 3 us
+    constexpr double kOfBlocks = 200;        // and for setting them up
+    constexpr double kOfStart = 100;         // the series at z = 1/2 to 2^-100
+    constexpr double kOfStartNearOne = 450;  // that at z = 0.85; beyond, a match takes 3 us, too
     const double steps = ShiftsTo(form.p);
     const double ofSteps = std::min(kOfOne * steps, kOfBlocks + kOfOneInBlock * steps);
     return ofSteps + (x > 0.5 ? kOfStartNearOne : kOfStart);

@@ -99,7 +99,7 @@ bool GrowsAgain(const HypergeometricParameters& p, double z, double k, double se
 }
 
 /// Adds the terms after the k-th, which are small enough for plain arithmetic, until the rest is
-/// below `enough`.
+/// below `enough`; the sum has failed if that takes too many.
 void AddTail(const HypergeometricParameters& p, double z, double k, double term, double enough,
              Decay decay, HypergeometricPoint& sum) {
     // Forms are tried if 1200 terms are foreseen for an error of 2^-57; this is five times as many.
@@ -113,7 +113,9 @@ void AddTail(const HypergeometricParameters& p, double z, double k, double term,
         value += term;
         slope += term * (k + 1);
         decay.ratio = std::max(limit, std::fabs(ratio));
-        if (std::fabs(term) * (k + 1) * decay.Rest(k + 1) <= enough) break;
+        const bool ends = term == 0 || std::fabs(term) * (k + 1) * decay.Rest(k + 1) <= enough;
+        sum.failed = !ends;
+        if (!sum.failed) break;
     }
     sum.value += value;
     sum.slope += slope;
@@ -154,7 +156,6 @@ double AddTerms(const HypergeometricParameters& p, DoubleDouble z, double tolera
         const Decay decay = DecayAfter(a.high, b.high, c.high, next, std::fabs(z.high));
         if (rest * decay.Rest(next) < enough) {
             AddTail(p, z.high, next, term.high, enough, decay, sum);
-            sum.failed = false;
             break;
         }
     }

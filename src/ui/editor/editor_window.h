@@ -5,10 +5,10 @@
 #include <functional>
 #include <optional>
 
-#include "base/flow.h"
 #include "commands/editor_commands.h"
 #include "commands/menu_state.h"
 #include "resources/platform.h"
+#include "ui/parts/window_actions.h"
 #include "workspace/workspace.h"
 
 class QMenu;
@@ -20,12 +20,8 @@ class Completion;
 class LineArea;
 class SlideHint;
 
-/// What the window cannot do itself.
-struct EditorActions {
-    /// Runs a command of the program; `File` asks for the file of the line with the focus. False
-    /// for a number that is no command. A function, because the answer is needed.
-    std::function<bool(CommandId)> run;
-    ShowBox show;
+/// What the editor is told of the program and of the system.
+struct EditorActions : WindowActions {
     std::u16string_view platform = kPlatformType;
     /// Where the input panel covers the window, in its coordinates; empty while there is none.
     std::function<QRect()> inputPanel = SystemInputPanel;

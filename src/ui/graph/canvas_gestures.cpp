@@ -52,7 +52,8 @@ PictureChange MovePinch(GraphState& state, ZoomGesture& gesture, PinchState& pin
         return PictureChange::None;
     }
     const double extent = pinch.distance / distance;
-    ZoomStep(state, gesture, pinch.centre, extent, modifiers);
+    // Panning changes the curves even if this does not.
+    static_cast<void>(ZoomStep(state, gesture, pinch.centre, extent, modifiers));
     const PixelPoint to = PixelOf(centre);
     const PixelPoint from = PixelOf(pinch.centre);
     PanBy(state.viewport, to.x - from.x, to.y - from.y);

@@ -32,11 +32,12 @@ struct PinchState {
 
 /// One movement of two fingers: the point of the plane between them stays between them. With Ctrl
 /// only x is zoomed, with Shift only y.
-PictureChange MovePinch(GraphState& state, ZoomGesture& gesture, PinchState& pinch, QPointF first,
-                        QPointF second, Qt::KeyboardModifiers modifiers);
+[[nodiscard]] PictureChange MovePinch(GraphState& state, ZoomGesture& gesture, PinchState& pinch,
+                                      QPointF first, QPointF second,
+                                      Qt::KeyboardModifiers modifiers);
 
 /// A zoom step about a point; Ctrl and Shift as above.
-PictureChange ZoomStep(GraphState& state, ZoomGesture& gesture, QPointF fixed, double extent,
-                       Qt::KeyboardModifiers modifiers);
+[[nodiscard]] PictureChange ZoomStep(GraphState& state, ZoomGesture& gesture, QPointF fixed,
+                                     double extent, Qt::KeyboardModifiers modifiers);
 
 }  // namespace kalvex

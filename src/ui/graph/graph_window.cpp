@@ -34,7 +34,7 @@ bool CanTraceAny(const FunctionList& functions) {
 
 }  // namespace
 
-GraphWindow::GraphWindow(GraphState& shownGraph, Workspace& shown, GraphActions given)
+GraphWindow::GraphWindow(GraphState& shownGraph, Workspace& shown, WindowActions given)
     : graph(shownGraph), workspace(shown), actions(std::move(given)) {
     setWindowTitle(TextOf(StringId::Title));
     setObjectName("graph");

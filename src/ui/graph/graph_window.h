@@ -3,29 +3,20 @@
 
 #include <QTimer>
 #include <QWidget>
-#include <functional>
 
-#include "base/flow.h"
 #include "graph/graph_state.h"
 #include "resources/command_ids.h"
 #include "ui/graph/graph_canvas.h"
+#include "ui/parts/window_actions.h"
 #include "workspace/workspace.h"
 
 namespace kalvex {
 
 class BottomBar;
 
-/// What the window cannot do itself.
-struct GraphActions {
-    /// Runs a command of the program; `Analyze` is about the traced function. False for a number
-    /// that is no command. A function, because the answer is needed.
-    std::function<bool(CommandId)> run;
-    ShowBox show;
-};
-
 class GraphWindow final : public QWidget {
   public:
-    GraphWindow(GraphState& shownGraph, Workspace& shown, GraphActions given);
+    GraphWindow(GraphState& shownGraph, Workspace& shown, WindowActions given);
 
     [[nodiscard]] GraphCanvas& Canvas() const { return *canvas; }
     void OpenMenu();
@@ -63,7 +54,7 @@ class GraphWindow final : public QWidget {
 
     GraphState& graph;
     Workspace& workspace;
-    GraphActions actions;
+    WindowActions actions;
     GraphCanvas* canvas;
     BottomBar* bar;
     bool leftKeyEscapes = false;  ///< the left key leaves a mode or stops a computation

@@ -43,7 +43,8 @@ void ExportPicture(const DrawList& picture, Options& options, const Registry& re
                    const QString& folder, const ShowBox& show) {
     const QString name = "Kalvex_" + QString::number(options.Screen) + ".bmp";
     options.Screen = Successor(options.Screen);
-    StoreOption(registry, "Screen", options.Screen);
+    // The picture counts, not its number: a failure of the store is not told.
+    static_cast<void>(StoreOption(registry, "Screen", options.Screen));
     QDir().mkpath(folder);
     // KEEP: "Save" is the text and "Info" the caption, shown even when no file could be made.
     static_cast<void>(WriteCompleteFile(

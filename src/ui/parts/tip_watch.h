@@ -31,7 +31,7 @@ class TipWatch final : public QObject {
     void Show();
     void Focus(QEvent* event);
     void Press(const QMouseEvent& event);
-    bool Move(const QMouseEvent& event);
+    [[nodiscard]] bool Move(const QMouseEvent& event);
     void Hold();
 
     QWidget* control;

@@ -10,11 +10,14 @@
 
 namespace kalvex {
 
-/// What the window cannot do itself.
+/// What the report cannot do itself. These are functions and not signals, because the report is a
+/// plain dialog that a function puts together: there is no class that could declare signals.
 struct ReportActions {
-    std::function<void(QWidget* report)> saveTable;   ///< `Function to file`
-    std::function<void(QWidget* report)> saveReport;  ///< `Report to file`
-    std::function<void()> closed;                     ///< called whenever the report has closed
+    /// `Function to file` and `Report to file`; the file dialog belongs to the report.
+    std::function<void(QWidget* report)> saveTable;
+    std::function<void(QWidget* report)> saveReport;
+    /// Called whenever the report has closed, by a key or by the window's own button.
+    std::function<void()> closed;
 };
 
 /// Opens the paged form over a window and returns at once: a tab for each page, the soft keys `Ok`
