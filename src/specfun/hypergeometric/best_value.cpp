@@ -11,6 +11,8 @@
 #include <array>
 #include <cmath>
 
+#include "specfun/hypergeometric/connection.h"
+#include "specfun/hypergeometric/euler_integral.h"
 #include "specfun/hypergeometric/forms.h"
 #include "specfun/hypergeometric/series.h"
 #include "specfun/hypergeometric/shifts.h"
@@ -124,6 +126,23 @@ Value ByShifts(const std::array<Form, 2>& forms, double x) {
     return best;
 }
 
+/// For large parameters, however large they are: Euler's integral or, for c below 0, a combination
+/// of two solutions.
+Value ByIntegral(const std::array<Form, 4>& forms, double x) {
+    constexpr double kBeyondRange = 800;  // e-foldings; the range of doubles has 710
+    const HypergeometricParameters& p = forms[0].p;
+    const DoubleDouble w = TwoSum(1, -x);
+    if (p.c.high > 0) {
+        if (!HasEulerIntegral(p)) return {};
+        return ValueOf(forms[0], ByEulerIntegral(p, {x, 0}, w, kBeyondRange), x);
+    }
+    if (IsNegativeInteger(p.c)) return {};
+    const std::size_t first = x > 0 ? 0 : 2;
+    const HypergeometricParameters& own = forms[first].p;
+    const Form& form = forms[first + ((own.c - own.a - own.b).high > 0 ? 1 : 0)];
+    return ValueOf(form, ByConnection(form.p, ArgumentOf(form, x), form.pfaff ? 1 / w : w), x);
+}
+
 /// The forms that cost `least` to `most`, the cheapest first, until one is good enough. Those that
 /// are likely to cancel are measured first.
 void TrySeries(const std::array<Form, 4>& sorted, double x, double least, double most,
@@ -149,18 +168,25 @@ double ParameterUnit(const HypergeometricParameters& p) {
 
 Value BestValue(const HypergeometricParameters& p, double x) {
     constexpr double kMostTerms = 1200;
+    constexpr double kOfIntegral = 1000;  // its cost
+    constexpr double kOfTwo = 2500;       // for c below 0, with gamma functions
     std::array<Form, 4> forms = FormsOf(p);
     for (std::size_t i = 0; i < forms.size(); ++i)
         forms[i].cost = IsValid(p, i) ? CostOf(forms[i], x) : INFINITY;
     const std::array<Form, 2> shifted = FormsForShifts(forms, x);
+    const std::array<Form, 4> unsorted = forms;
     std::sort(forms.begin(), forms.end(),
               [](const Form& left, const Form& right) { return left.cost < right.cost; });
     const bool walks = KeepsParameters(p);
-    const double walk = walks ? CostOfShifts(shifted[0], x) : kMostTerms;
+    const double steps = CostOfShifts(shifted[0], x);
+    const double walk = walks ? steps : kMostTerms;
+    const bool isLarge = steps > (p.c.high > 0 ? kOfIntegral : kOfTwo);
+    const double first = std::min({walk, kMostTerms, isLarge ? kOfIntegral : INFINITY});
     Value best;
-    TrySeries(forms, x, -1, std::min(walk, kMostTerms), best);
+    TrySeries(forms, x, -1, first, best);
+    if (best.loss >= kGoodEnough && isLarge) KeepBetter(best, ByIntegral(unsorted, x));
     if (best.loss >= kGoodEnough && walks) KeepBetter(best, ByShifts(shifted, x));
-    TrySeries(forms, x, walk, kMostTerms, best);
+    TrySeries(forms, x, first, kMostTerms, best);
     TrySeries(forms, x, kHopeless, kHopeless + kMostTerms, best);
     return best;
 }
