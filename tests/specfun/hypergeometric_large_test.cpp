@@ -153,9 +153,9 @@ TEST(Connection, AgreesWithWalks) {
         HypergeometricParameters p;
         double z;
     } rows[] = {{Parameters(300.5, 201.25, -450.125), 0.25},
-                {Parameters(-301.5, -102.75, -450.125), 0.5},
-                {Parameters(-901.5, -202.75, -450.125), 0.0625},
-                {Parameters(-301.5, 702.75, -450.125), 0.75}};
+                {Parameters(300.5, -201.25, -450.125), 0.75},
+                {Parameters(120.5, -150.25, -450.125), 0.25},
+                {Parameters(500.5, -101.25, -380.125), 0.0625}};
     for (const auto& [p, z] : rows) {
         SCOPED_TRACE(TextOf(p, z));
         const DoubleDouble w = TwoSum(1, -z);
