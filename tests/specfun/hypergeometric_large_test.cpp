@@ -6,9 +6,13 @@
 #include <sstream>
 #include <string>
 
+#include "numbers/extended.h"
+#include "specfun/hypergeometric/complex_pair.h"
 #include "specfun/hypergeometric/connection.h"
 #include "specfun/hypergeometric/euler_integral.h"
 #include "specfun/hypergeometric/log_gamma.h"
+#include "specfun/hypergeometric/loop_integral.h"
+#include "specfun/hypergeometric/series.h"
 #include "specfun/hypergeometric/shifts.h"
 
 namespace kalvex::specfun {
@@ -117,7 +121,7 @@ void ExpectSame(const HypergeometricPoint& one, const HypergeometricPoint& other
     const DoubleDouble moved = Scale(other.value, other.exponent - one.exponent);
     const double most = one.error + std::ldexp(other.error, other.exponent - one.exponent);
     EXPECT_LE(std::fabs((one.value - moved).high), most);
-    EXPECT_LT(one.error, 0x1p-45 * std::fabs(one.value.high));
+    EXPECT_LT(one.error, 0x1p-45 * (std::fabs(one.value.high) + std::fabs(one.slope.high)));
 }
 
 TEST(EulerIntegral, AgreesWithWalks) {
@@ -162,6 +166,82 @@ TEST(Connection, AgreesWithWalks) {
         const HypergeometricPoint point = ByConnection(p, {z, 0}, w);
         ASSERT_FALSE(point.failed);
         ExpectSame(point, HypergeometricByShifts(p, {z, 0}, w));
+    }
+}
+
+// Every kind of saddle points.
+struct LoopRow {
+    const char* saddles;
+    HypergeometricParameters p;
+    double z;
+};
+
+const LoopRow kLoopRows[] = {
+    {"between 0 and w, a > c", Parameters(3447.25, 4625.5, 2692.25), 0.0625},
+    {"between 0 and w", Parameters(-688.5, 8373.75, 3936.5), 0.15},
+    {"from w to 1", Parameters(-1504.125, 6680.25, 2747.5), 0.94},
+    {"from w to 1, a polynomial", Parameters(-1504, 6680.25, 2747.5), 0.94},
+    {"below 0", Parameters(-3792.75, 4449.125, 4052.5), 0.83},
+    {"below 0, b-c integral", Parameters(-3792.75, 4449.5, 4052.5), 0.83},
+    {"conjugate", Parameters(-2113.875, 3379.5, 860), 0.125},
+    {"conjugate, a polynomial", Parameters(-2113, 3379.5, 860), 0.5}};
+
+TEST(LoopIntegral, AgreesWithWalksAndSeries) {
+    for (const auto& [saddles, p, z] : kLoopRows) {
+        SCOPED_TRACE(saddles);
+        const DoubleDouble w = TwoSum(1, -z);
+        const HypergeometricPoint point = ByLoopIntegral(p, {z, 0}, w);
+        ASSERT_FALSE(point.failed);
+        const bool ends = IsNegativeInteger(p.a);
+        HypergeometricPoint walk =
+            ends ? PolynomialByShifts(p, {z, 0}, w) : HypergeometricByShifts(p, {z, 0}, w);
+        if (p.a.high > 0) walk = SumHypergeometric(p, {z, 0}, 0x1p-80);
+        if (IsNegativeInteger(p.c - p.b)) continue;  // walks divide by it
+        ASSERT_FALSE(walk.failed);
+        EXPECT_LT(walk.error, 0x1p-45 * (std::fabs(walk.value.high) + std::fabs(walk.slope.high)));
+        ExpectSame(point, walk);
+    }
+}
+
+// (c-a-b) F = (c-a) F(a-1) - b (1-x) F(b+1) (DLMF 15.5.13)
+TEST(LoopIntegral, ContiguousRelation) {
+    for (const auto& [saddles, p, at] : kLoopRows) {
+        const DoubleDouble z = {at, 0};
+        const DoubleDouble w = TwoSum(1, -at);
+        const HypergeometricPoint whole = ByLoopIntegral(p, z, w);
+        const HypergeometricPoint lower = ByLoopIntegral({p.a - 1, p.b, p.c}, z, w);
+        const HypergeometricPoint upper = ByLoopIntegral({p.a, p.b + 1, p.c}, z, w);
+        ASSERT_FALSE(whole.failed || lower.failed || upper.failed) << saddles;
+        double most = 0;
+        const auto term = [&](const HypergeometricPoint& point, DoubleDouble factor) {
+            const int by = point.exponent - whole.exponent;
+            most += std::ldexp(std::fabs(factor.high) * point.error, by);
+            return Scale(point.value * factor, by);
+        };
+        const DoubleDouble sum =
+            term(whole, p.c - p.a - p.b) - term(lower, p.c - p.a) + term(upper, p.b * w);
+        EXPECT_LE(std::fabs(sum.high), most) << saddles;
+    }
+}
+
+TEST(LoopIntegral, IsNotForSmallParameters) {
+    const DoubleDouble half = {0.5, 0};
+    EXPECT_TRUE(ByLoopIntegral(Parameters(3.5, 2.5, 1.5), half, half).failed);
+    EXPECT_TRUE(ByLoopIntegral(Parameters(-20.5, 30.5, 5.5), half, half).failed);
+}
+
+TEST(ComplexPair, Logarithms) {
+    for (const double angle : {0.0, 1e-5, 0.7, 1.5, 1.6, 2.9, 3.14159, -0.3, -3.0}) {
+        const ComplexPair unit = {{std::cos(angle), 0}, {std::sin(angle), 0}};
+        const ComplexPair log = LogOf(unit);
+        const CosineSine back = CosineSineOf(log.imaginary);
+        EXPECT_LT(std::fabs((back.cosine - unit.real).high), 2e-16) << angle;
+        EXPECT_LT(std::fabs((back.sine - unit.imaginary).high), 2e-16) << angle;
+        // the angle of the square is twice that of the number
+        const ComplexPair twice = LogOf(unit * unit);
+        const DoubleDouble turns = (log.imaginary * 2 - twice.imaginary) / (kPi * 2);
+        EXPECT_LT(std::fabs((turns - std::nearbyint(turns.high)).high), 0x1p-92) << angle;
+        EXPECT_LT(std::fabs((log.real * 2 - twice.real).high), 0x1p-92) << angle;
     }
 }
 

@@ -11,9 +11,9 @@
 #include <array>
 #include <cmath>
 
-#include "specfun/hypergeometric/connection.h"
 #include "specfun/hypergeometric/euler_integral.h"
 #include "specfun/hypergeometric/forms.h"
+#include "specfun/hypergeometric/integral_value.h"
 #include "specfun/hypergeometric/series.h"
 #include "specfun/hypergeometric/shifts.h"
 #include "specfun/specfun.h"
@@ -63,10 +63,6 @@ Value ValueOf(const Form& form, const HypergeometricPoint& sum, double x) {
 }
 
 namespace {
-
-DoubleDouble ArgumentOf(const Form& form, double x) {
-    return form.pfaff ? x / TwoSum(x, -1) : DoubleDouble{x, 0};
-}
 
 Value BySeries(const Form& form, double x) {
     constexpr double kTolerance = 0x1p-62;
@@ -126,23 +122,6 @@ Value ByShifts(const std::array<Form, 2>& forms, double x) {
     return best;
 }
 
-/// For large parameters, however large they are: Euler's integral or, for c below 0, a combination
-/// of two solutions.
-Value ByIntegral(const std::array<Form, 4>& forms, double x) {
-    constexpr double kBeyondRange = 800;  // e-foldings; the range of doubles has 710
-    const HypergeometricParameters& p = forms[0].p;
-    const DoubleDouble w = TwoSum(1, -x);
-    if (p.c.high > 0) {
-        if (!HasEulerIntegral(p)) return {};
-        return ValueOf(forms[0], ByEulerIntegral(p, {x, 0}, w, kBeyondRange), x);
-    }
-    if (IsNegativeInteger(p.c)) return {};
-    const std::size_t first = x > 0 ? 0 : 2;
-    const HypergeometricParameters& own = forms[first].p;
-    const Form& form = forms[first + ((own.c - own.a - own.b).high > 0 ? 1 : 0)];
-    return ValueOf(form, ByConnection(form.p, ArgumentOf(form, x), form.pfaff ? 1 / w : w), x);
-}
-
 /// The forms that cost `least` to `most`, the cheapest first, until one is good enough. Those that
 /// are likely to cancel are measured first.
 void TrySeries(const std::array<Form, 4>& sorted, double x, double least, double most,
@@ -168,8 +147,10 @@ double ParameterUnit(const HypergeometricParameters& p) {
 
 Value BestValue(const HypergeometricParameters& p, double x) {
     constexpr double kMostTerms = 1200;
-    constexpr double kOfIntegral = 1000;  // its cost
-    constexpr double kOfTwo = 2500;       // for c below 0, with gamma functions
+    constexpr double kOfEuler =
+        1000;  // the cost of Euler's integral, of a loop, and of two of them
+    constexpr double kOfLoop = 3000;
+    constexpr double kOfTwo = 4500;
     std::array<Form, 4> forms = FormsOf(p);
     for (std::size_t i = 0; i < forms.size(); ++i)
         forms[i].cost = IsValid(p, i) ? CostOf(forms[i], x) : INFINITY;
@@ -180,8 +161,9 @@ Value BestValue(const HypergeometricParameters& p, double x) {
     const bool walks = KeepsParameters(p);
     const double steps = CostOfShifts(shifted[0], x);
     const double walk = walks ? steps : kMostTerms;
-    const bool isLarge = steps > (p.c.high > 0 ? kOfIntegral : kOfTwo);
-    const double first = std::min({walk, kMostTerms, isLarge ? kOfIntegral : INFINITY});
+    const double integral = HasEulerIntegral(p) ? kOfEuler : p.c.high > 0 ? kOfLoop : kOfTwo;
+    const bool isLarge = steps > integral;
+    const double first = std::min({walk, kMostTerms, isLarge ? integral : INFINITY});
     Value best;
     TrySeries(forms, x, -1, first, best);
     if (best.loss >= kGoodEnough && isLarge) KeepBetter(best, ByIntegral(unsorted, x));

@@ -9,91 +9,67 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "specfun/hypergeometric/euler_integral.h"
 #include "specfun/hypergeometric/forms.h"
 #include "specfun/hypergeometric/log_gamma.h"
+#include "specfun/hypergeometric/loop_integral.h"
+#include "specfun/hypergeometric/scaled_point.h"
 #include "specfun/hypergeometric/series.h"
 
 namespace kalvex::specfun {
 namespace {
 
-constexpr HypergeometricPoint kFailure = {{}, {}, INFINITY, true};
-constexpr double kOutOfRange = 1e9;  // of logarithms
-
-/// The product times a solution.
-HypergeometricPoint Times(const GammaProduct& product, HypergeometricPoint point) {
-    if (point.failed || product.failed || !(std::fabs(product.log.value.high) < kOutOfRange)) {
-        return kFailure;
-    }
-    int exponent = 0;
-    const DoubleDouble power = ExpScaled(product.log.value, exponent);
-    const DoubleDouble factor = power * product.factor;
-    const double size = std::fabs(factor.high);
-    const double relative = 2 * product.log.error + product.ofFactor;
-    point.error = size * (point.error + relative * std::fabs(point.value.high));
-    point.value *= factor;
-    point.slope *= factor;
-    point.exponent += exponent;
-    return point;
-}
-
-HypergeometricPoint Sum(const HypergeometricPoint& left, const HypergeometricPoint& right) {
-    constexpr int kFar = 1000;
-    if (left.failed || right.failed) return kFailure;
-    const int exponent = std::max(left.exponent, right.exponent);
-    HypergeometricPoint sum;
-    sum.exponent = exponent;
-    for (const HypergeometricPoint* part : {&left, &right}) {
-        const int by = std::max(part->exponent - exponent, -kFar);
-        sum.value += Scale(part->value, by);
-        sum.slope += Scale(part->slope, by);
-        sum.error += std::ldexp(part->error, by);
-    }
-    return sum;
-}
-
 /// The series, whose terms are all positive, unless it is long.
 HypergeometricPoint BySeries(const HypergeometricParameters& p, DoubleDouble z) {
-    constexpr double kMost = 1500;
+    constexpr double kMost = 1000;
     constexpr double kTolerance = 0x1p-62;
-    if (!(CostOf(Form{p, {}}, z.high) < kMost)) return kFailure;
+    if (!(CostOf(Form{p, {}}, z.high) < kMost)) return kFailedPoint;
     return SumHypergeometric(p, z, kTolerance);
 }
 
-bool MayBeOneSigned(const HypergeometricParameters& p) {
-    return HasEulerIntegral(p) || (p.a.high > 0) == (p.b.high > 0);
+/// By the loop integral over the greater of a and b.
+HypergeometricPoint ByLoop(HypergeometricParameters p, DoubleDouble z, DoubleDouble w) {
+    if (p.a.high > p.b.high) std::swap(p.a, p.b);
+    return ByLoopIntegral(p, z, w);
 }
 
-/// A solution with c above 0, if MayBeOneSigned.
-HypergeometricPoint OneSigned(const HypergeometricParameters& p, DoubleDouble z, DoubleDouble w) {
+}  // namespace
+
+KALVEX_WITH_FMA
+HypergeometricPoint ByOneIntegral(const HypergeometricParameters& p, DoubleDouble z,
+                                  DoubleDouble w) {
     if (HasEulerIntegral(p)) return ByEulerIntegral(p, z, w);
-    if (p.a.high > 0 && p.b.high > 0) return BySeries(p, z);
-    if (!(p.a.high < 0 && p.b.high < 0)) return kFailure;
+    const bool bothBelow = p.a.high <= 0 && p.b.high <= 0;
+    if (!bothBelow) {
+        HypergeometricPoint point = kFailedPoint;
+        if (p.a.high > 0 && p.b.high > 0) point = BySeries(p, z);
+        return point.failed ? ByLoop(p, z, w) : point;
+    }
     const DoubleDouble s = p.c - p.a - p.b;
-    HypergeometricPoint point = BySeries({p.c - p.a, p.c - p.b, p.c}, z);
+    const HypergeometricParameters euler = {p.c - p.a, p.c - p.b, p.c};
+    HypergeometricPoint point = BySeries(euler, z);
+    if (point.failed) point = ByLoop(euler, z, w);
     GammaProduct power;
     MultiplyByPower(Log(w), s, power);
     point.slope -= point.value * s * (z / w);
     return Times(power, point);
 }
 
-}  // namespace
-
 KALVEX_WITH_FMA
 HypergeometricPoint ByConnection(const HypergeometricParameters& p, DoubleDouble z,
                                  DoubleDouble w) {
     constexpr double kMostSize = 0x1p28;  // what gamma functions of sums are known for
-    if (!(std::fabs(p.a.high) + std::fabs(p.b.high) - p.c.high < kMostSize)) return kFailure;
+    if (!(std::fabs(p.a.high) + std::fabs(p.b.high) - p.c.high < kMostSize)) return kFailedPoint;
     const DoubleDouble s = p.c - p.a - p.b;
     const HypergeometricParameters atOne = {p.a, p.b, 1 - s};
     const HypergeometricParameters atZero = {p.a - p.c + 1, p.b - p.c + 1, 2 - p.c};
-    if (!MayBeOneSigned(atOne) || !MayBeOneSigned(atZero)) return kFailure;
-    HypergeometricPoint first = OneSigned(atOne, w, z);
-    if (first.failed) return kFailure;
+    HypergeometricPoint first = ByOneIntegral(atOne, w, z);
+    if (first.failed) return kFailedPoint;
     first.slope *= -(z / w);
-    HypergeometricPoint second = OneSigned(atZero, z, w);
-    if (second.failed) return kFailure;
+    HypergeometricPoint second = ByOneIntegral(atZero, z, w);
+    if (second.failed) return kFailedPoint;
     second.slope += second.value * (1 - p.c);
     GammaProduct ofOne;
     MultiplyByGamma(atZero.a, ofOne);

@@ -18,6 +18,11 @@ struct Form {
     double cost = 0;
 };
 
+/// The argument of the form's series.
+[[nodiscard]] inline DoubleDouble ArgumentOf(const Form& form, double x) {
+    return form.pfaff ? x / TwoSum(x, -1) : DoubleDouble{x, 0};
+}
+
 /// A negative integer whose series ends before c meets 0.
 [[nodiscard]] bool EndsBefore(DoubleDouble a, DoubleDouble c);
 

@@ -1,0 +1,29 @@
+// Which integral serves which parameters. Where Euler's does, it is taken for the parameters
+// themselves. The others want a positive argument, and for c below 0 a form with c-a-b below 0.
+#include "specfun/hypergeometric/integral_value.h"
+
+#include "specfun/hypergeometric/connection.h"
+#include "specfun/hypergeometric/euler_integral.h"
+
+namespace kalvex::specfun {
+
+Value ByIntegral(const std::array<Form, 4>& forms, double x) {
+    constexpr double kBeyondRange = 800;  // e-foldings; the range of doubles has 710
+    const HypergeometricParameters& p = forms[0].p;
+    const DoubleDouble w = TwoSum(1, -x);
+    if (HasEulerIntegral(p)) {
+        return ValueOf(forms[0], ByEulerIntegral(p, {x, 0}, w, kBeyondRange), x);
+    }
+    if (IsNegativeInteger(p.c)) return {};
+    const std::size_t first = x > 0 ? 0 : 2;
+    const HypergeometricParameters& own = forms[first].p;
+    const bool rises = p.c.high < 0 && (own.c - own.a - own.b).high > 0;
+    const Form& form = forms[first + (rises ? 1 : 0)];
+    const DoubleDouble z = ArgumentOf(form, x);
+    const DoubleDouble rest = form.pfaff ? 1 / w : w;
+    const HypergeometricPoint point =
+        p.c.high > 0 ? ByOneIntegral(form.p, z, rest) : ByConnection(form.p, z, rest);
+    return ValueOf(form, point, x);
+}
+
+}  // namespace kalvex::specfun
