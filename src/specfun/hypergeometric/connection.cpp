@@ -24,15 +24,32 @@ namespace {
 /// The series, whose terms are all positive, unless it is long.
 HypergeometricPoint BySeries(const HypergeometricParameters& p, DoubleDouble z) {
     constexpr double kMost = 1000;
-    constexpr double kTolerance = 0x1p-62;
+    constexpr double kTolerance = 0x1p-72;  // by value and slope
     if (!(CostOf(Form{p, {}}, z.high) < kMost)) return kFailedPoint;
     return SumHypergeometric(p, z, kTolerance);
 }
 
-/// By the loop integral over the greater of a and b.
+/// The parameters of the solutions that the function is made of.
+HypergeometricParameters AtOne(const HypergeometricParameters& p) {
+    return {p.a, p.b, p.a + p.b - p.c + 1};
+}
+
+HypergeometricParameters AtZero(const HypergeometricParameters& p) {
+    return {p.a - p.c + 1, p.b - p.c + 1, 2 - p.c};
+}
+
+/// By the loop integral over the greater of a and b, which is positive.
 HypergeometricPoint ByLoop(HypergeometricParameters p, DoubleDouble z, DoubleDouble w) {
     if (p.a.high > p.b.high) std::swap(p.a, p.b);
     return ByLoopIntegral(p, z, w);
+}
+
+/// Where neither a nor b is below 0, or one is.
+HypergeometricPoint ByLoopOrSeries(const HypergeometricParameters& p, DoubleDouble z,
+                                   DoubleDouble w) {
+    const bool isPositive = p.c.high > 0 && p.a.high > 0 && p.b.high > 0;
+    const HypergeometricPoint point = isPositive ? BySeries(p, z) : kFailedPoint;
+    return point.failed ? ByLoop(p, z, w) : point;
 }
 
 }  // namespace
@@ -41,20 +58,19 @@ KALVEX_WITH_FMA
 HypergeometricPoint ByOneIntegral(const HypergeometricParameters& p, DoubleDouble z,
                                   DoubleDouble w) {
     if (HasEulerIntegral(p)) return ByEulerIntegral(p, z, w);
-    const bool bothBelow = p.a.high <= 0 && p.b.high <= 0;
-    if (!bothBelow) {
-        HypergeometricPoint point = kFailedPoint;
-        if (p.a.high > 0 && p.b.high > 0) point = BySeries(p, z);
-        return point.failed ? ByLoop(p, z, w) : point;
-    }
+    if (p.a.high > 0 || p.b.high > 0) return ByLoopOrSeries(p, z, w);
     const DoubleDouble s = p.c - p.a - p.b;
     const HypergeometricParameters euler = {p.c - p.a, p.c - p.b, p.c};
-    HypergeometricPoint point = BySeries(euler, z);
-    if (point.failed) point = ByLoop(euler, z, w);
+    if (!(euler.a.high > 0 || euler.b.high > 0)) return kFailedPoint;
+    HypergeometricPoint point = ByLoopOrSeries(euler, z, w);
     GammaProduct power;
     MultiplyByPower(Log(w), s, power);
     point.slope -= point.value * s * (z / w);
     return Times(power, point);
+}
+
+bool ConnectsEulerIntegrals(const HypergeometricParameters& p) {
+    return HasEulerIntegral(AtOne(p)) && HasEulerIntegral(AtZero(p));
 }
 
 KALVEX_WITH_FMA
@@ -62,9 +78,8 @@ HypergeometricPoint ByConnection(const HypergeometricParameters& p, DoubleDouble
                                  DoubleDouble w) {
     constexpr double kMostSize = 0x1p28;  // what gamma functions of sums are known for
     if (!(std::fabs(p.a.high) + std::fabs(p.b.high) - p.c.high < kMostSize)) return kFailedPoint;
-    const DoubleDouble s = p.c - p.a - p.b;
-    const HypergeometricParameters atOne = {p.a, p.b, 1 - s};
-    const HypergeometricParameters atZero = {p.a - p.c + 1, p.b - p.c + 1, 2 - p.c};
+    const HypergeometricParameters atOne = AtOne(p);
+    const HypergeometricParameters atZero = AtZero(p);
     HypergeometricPoint first = ByOneIntegral(atOne, w, z);
     if (first.failed) return kFailedPoint;
     first.slope *= -(z / w);

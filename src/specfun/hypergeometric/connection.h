@@ -6,15 +6,19 @@
 
 namespace kalvex::specfun {
 
-/// The function at z, 0 < z < 1, w = 1 - z, for c above 0, by whichever integral serves it, or by a
-/// short series of positive terms; with a bound of the error of the value. The slope is good to a
-/// few digits only.
+/// The function at z, 0 < z < 1, w = 1 - z, by whichever integral serves it, or by a short series
+/// of positive terms; with a bound of the error of the value. The slope is good to a few digits
+/// only. Failed where a, b, c-a and c-b are all below 0, c then being so, too. c is not 0, -1, -2,
+/// ...
 [[nodiscard]] HypergeometricPoint ByOneIntegral(const HypergeometricParameters& p, DoubleDouble z,
                                                 DoubleDouble w);
 
+/// Whether both solutions of ByConnection have Euler's integral.
+[[nodiscard]] bool ConnectsEulerIntegrals(const HypergeometricParameters& p);
+
 /// The function at z, 0 < z < 1, w = 1 - z, with a bound of the error of the value, for c below 0,
-/// not an integer, and c-a-b at most 0. The slope is good to a few digits only. Failed where the
-/// solutions that it is made of are not of one sign, or cannot be had.
+/// not an integer, and c-a-b at most 0. The slope is good to a few digits only. Failed where
+/// ByOneIntegral fails for one of the two solutions that it is made of.
 [[nodiscard]] HypergeometricPoint ByConnection(const HypergeometricParameters& p, DoubleDouble z,
                                                DoubleDouble w);
 

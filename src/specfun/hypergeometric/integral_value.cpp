@@ -16,14 +16,18 @@ Value ByIntegral(const std::array<Form, 4>& forms, double x) {
     }
     if (IsNegativeInteger(p.c)) return {};
     const std::size_t first = x > 0 ? 0 : 2;
-    const HypergeometricParameters& own = forms[first].p;
-    const bool rises = p.c.high < 0 && (own.c - own.a - own.b).high > 0;
-    const Form& form = forms[first + (rises ? 1 : 0)];
+    const Form& form = forms[first];
     const DoubleDouble z = ArgumentOf(form, x);
     const DoubleDouble rest = form.pfaff ? 1 / w : w;
-    const HypergeometricPoint point =
-        p.c.high > 0 ? ByOneIntegral(form.p, z, rest) : ByConnection(form.p, z, rest);
-    return ValueOf(form, point, x);
+    const auto byOne = [&] { return ValueOf(form, ByOneIntegral(form.p, z, rest), x); };
+    if (p.c.high > 0) return byOne();
+    const bool rises = (form.p.c - form.p.a - form.p.b).high > 0;
+    const Form& falling = forms[first + (rises ? 1 : 0)];
+    const auto byTwo = [&] { return ValueOf(falling, ByConnection(falling.p, z, rest), x); };
+    const bool isTwoFirst = ConnectsEulerIntegrals(falling.p);
+    Value best = isTwoFirst ? byTwo() : byOne();
+    if (best.loss >= kGoodEnough) KeepBetter(best, isTwoFirst ? byOne() : byTwo());
+    return best;
 }
 
 }  // namespace kalvex::specfun

@@ -2,14 +2,16 @@
 //   F = Gamma(c) Gamma(b-c+1) / Gamma(b) times (1/pi) Im of the integral of
 //   f(W) = W^(c-b-1) (w-W)^-a (1-W)^(a-c)
 // along a path in the upper half-plane from a point between 0 and w, or from w if a < 0, to
-// infinity, where f falls like W^(-b-1). All exponents but -a are negative, and so is -a if a > c.
+// infinity, where f falls like W^(-b-1). b is positive and c-b negative; 0 is a pole, and w and 1
+// are poles or zeros. c may be negative.
 //
 // f' vanishes at two points, the saddle points, which are real or conjugate:
 //   - Conjugate: the path leads from w through the upper one to infinity. The function swings.
 //   - Real, one of them between 0 and w: the path crosses the axis there. The function is positive.
-//   - Real, both on the same interval, from w to 1 or below 0. From the pole at its end, 1 or 0,
-//   |f|
-//     falls to the one, `low`, rises to the other, `high`, and falls to the zero at w or -infinity.
+//   - Real, on both sides of 1, where f vanishes: the path takes the whole axis from w on.
+//   - Real, both on the same interval, from w to 1, beyond 1 or below 0. From the pole at its end,
+//   1 or 0, |f|
+//     falls to the one, `low`, rises to the other, `high`, and falls to the zero at w or infinity.
 //     The path takes the axis between the zero and `low`, over `high`. It leaves the axis at `low`
 //     to infinity, or comes to it from w. On the axis f is |f| e^(i phi).
 // Through each saddle point goes a straight line in the direction of the steepest descent, on which
@@ -114,44 +116,47 @@ HypergeometricPoint Upwards(const Loop& loop, double low, PathEnd end, DoubleDou
                    sum.slope.real() * weight.high, sum.error * std::fabs(weight.high));
 }
 
-/// The interval of both saddle points, and how the path runs there.
-struct Crossing {
-    double low;
-    double high;
-    PathEnd ofAxis;          // where the axis leads beyond `high`
-    PathEnd ofHalfLine;      // where the path off the axis leads
+/// A part of the path along the axis over a saddle point, where |f| is largest.
+struct OnAxis {
+    double saddle;
+    PathEnd end;             // where |f| falls to on one side
+    double barrier;          // up to where it falls on the other side
     DoubleDouble halfTurns;  // phi / pi
-    double signOfAxis;
-    double signOfHalfLine;
+    double sign;             // of the direction of the path
+    double leftOut = 0;      // of the integral of |f|: a bound, by f at the saddle point
 };
 
-/// Along the axis over `high`, and off it at `low`.
-HypergeometricPoint OverAxis(const Loop& loop, const Crossing& at) {
+HypergeometricPoint Along(const Loop& loop, const OnAxis& part) {
     constexpr double kOfTurn = 0x1p-59;
     const LoopIntegrand& f = loop.f;
-    const CosineSine turn = CosineSinePi(at.halfTurns);
-    const HypergeometricPoint offAxis =
-        Upwards(loop, at.low, at.ofHalfLine, turn.cosine * at.signOfHalfLine);
-    if (offAxis.failed || turn.sine.high == 0) return offAxis;
-    const Line line = LineThrough(f, at.high, 1);
-    const double toZero = at.high > at.low ? 1 : -1;
+    const Line line = LineThrough(f, part.saddle, 1);
+    const double away = part.barrier < part.saddle ? 1 : -1;
     LineSum sum;
     AddStart(f, line, 1, sum);
-    AddSide(f, line, toZero, {at.ofAxis}, sum);
-    if (!sum.failed) AddSide(f, line, -toZero, {at.ofAxis, at.low}, sum);
+    AddSide(f, line, away, {part.end}, sum);
+    if (!sum.failed) AddSide(f, line, -away, {part.end, part.barrier}, sum);
     if (sum.failed) return kFailedPoint;
-    // the half line from `low` is below |f| there times its length: of the part left out
-    const Line half = LineThrough(f, at.low, kUp);
-    const double above = BoundOfTail(f, line.logAtStart, at.low + half.step, at.ofHalfLine) +
-                         2 * std::abs(half.step) * std::exp(half.logAtStart - line.logAtStart);
-    const double h = line.step.real();
-    const DoubleDouble weight = turn.sine * (at.signOfAxis * h);
+    const DoubleDouble sine = CosineSinePi(part.halfTurns).sine;
+    const DoubleDouble weight = sine * (part.sign * line.step.real());
     const double error = (sum.error + kOfTurn * sum.sizes) * std::fabs(weight.high) +
-                         above * std::fabs(turn.sine.high);
-    const HypergeometricPoint onAxis =
-        PointOf(loop, LogOfIntegrand(f, at.high), sum.value.real * weight,
-                sum.slope.real() * weight.high, error);
-    return Sum(onAxis, offAxis);
+                         part.leftOut * std::fabs(sine.high);
+    return PointOf(loop, LogOfIntegrand(f, part.saddle), sum.value.real * weight,
+                   sum.slope.real() * weight.high, error);
+}
+
+/// Along the axis over the saddle point of `part`, and off the axis at its barrier, to or from an
+/// end of the path.
+HypergeometricPoint OverAxis(const Loop& loop, OnAxis part, PathEnd end, double sign) {
+    const LoopIntegrand& f = loop.f;
+    const CosineSine turn = CosineSinePi(part.halfTurns);
+    const HypergeometricPoint offAxis = Upwards(loop, part.barrier, end, turn.cosine * sign);
+    if (offAxis.failed || turn.sine.high == 0) return offAxis;
+    const Line half = LineThrough(f, part.barrier, kUp);
+    const double by = LogSize(f, part.saddle);
+    // |f| is below twice its value there up to the next node
+    part.leftOut = 2 * std::abs(half.step) * std::exp(half.logAtStart - by) +
+                   BoundOfTail(f, by, half.start + half.step, end);
+    return Sum(Along(loop, part), offAxis);
 }
 
 HypergeometricPoint AtRealSaddles(const Loop& loop, double lower, double upper) {
@@ -160,15 +165,21 @@ HypergeometricPoint AtRealSaddles(const Loop& loop, double lower, double upper) 
     const auto isBetween = [w](double s) { return s > 0 && s < w; };
     if (isBetween(lower)) return Upwards(loop, lower, PathEnd::kInfinity, {1, 0});
     if (isBetween(upper)) return Upwards(loop, upper, PathEnd::kInfinity, {1, 0});
-    const DoubleDouble ofZero = f.exponents[1];
-    if (lower > w && upper < 1) {
-        return OverAxis(loop, {upper, lower, PathEnd::kZero, PathEnd::kInfinity, -ofZero, 1, 1});
+    const DoubleDouble betweenZeros = -f.exponents[1];
+    const DoubleDouble beyondOne = betweenZeros - f.exponents[2];
+    if (lower > 1) {
+        return OverAxis(loop, {upper, PathEnd::kInfinity, lower, beyondOne, 1}, PathEnd::kZero, -1);
     }
     if (upper < 0) {
-        return OverAxis(loop,
-                        {upper, lower, PathEnd::kInfinity, PathEnd::kZero, f.exponents[0], -1, -1});
+        return OverAxis(loop, {lower, PathEnd::kInfinity, upper, f.exponents[0], -1},
+                        PathEnd::kZero, -1);
     }
-    return kFailedPoint;
+    if (!(lower > w)) return kFailedPoint;
+    if (upper > 1) {
+        return Sum(Along(loop, {lower, PathEnd::kZero, 1, betweenZeros, 1}),
+                   Along(loop, {upper, PathEnd::kInfinity, 1, beyondOne, 1}));
+    }
+    return OverAxis(loop, {lower, PathEnd::kZero, upper, betweenZeros, 1}, PathEnd::kInfinity, 1);
 }
 
 }  // namespace

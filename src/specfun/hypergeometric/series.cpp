@@ -162,10 +162,9 @@ HypergeometricPoint SumHypergeometric(const HypergeometricParameters& p, DoubleD
     const double magnitude = AddTerms(p, z, tolerance, settled, sum, terms);
     sum.value = QuickTwoSum(sum.value.high, sum.value.low);
     sum.slope = QuickTwoSum(sum.slope.high, sum.slope.low);
-    // what is left out, and the rounding of the tail, are below `enough` even when the terms are
-    // multiplied by their numbers
+    // what is left out is below `enough`, and so is the rounding of the tail in plain arithmetic
     const double enough = tolerance * (std::fabs(sum.value.high) + std::fabs(sum.slope.high));
-    sum.error = magnitude * kUnit + 2 * enough / std::max(terms, 1);
+    sum.error = magnitude * kUnit + 2 * enough;
     sum.slopeError = (terms + 1) * magnitude * kUnit + 2 * enough;
     return sum;
 }
