@@ -245,6 +245,24 @@ TEST(ComplexPair, Logarithms) {
     }
 }
 
+TEST(Reflection, AgreesWithWalks) {
+    const struct {
+        HypergeometricParameters p;
+        double z;
+    } rows[] = {{Parameters(-2375, 2017.5, -5899), 0.25},
+                {Parameters(-2516, -1589.25, -9606), 0.875},
+                {Parameters(-1516, -4589.25, -5606), 0.75}};
+    for (const auto& [p, z] : rows) {
+        SCOPED_TRACE(TextOf(p, z));
+        const DoubleDouble w = TwoSum(1, -z);
+        const HypergeometricPoint point = ByReflection(p, {z, 0}, w);
+        const HypergeometricPoint walk = PolynomialByShifts(p, {z, 0}, w);
+        ASSERT_FALSE(point.failed);
+        ASSERT_FALSE(walk.failed);
+        ExpectSame(point, walk);
+    }
+}
+
 // c+a or the like an integer: a gamma function is at a pole
 TEST(Connection, FailsAtPoles) {
     EXPECT_TRUE(ByConnection(Parameters(-900.5, 201.25, -450.5), {0.5, 0}, {0.5, 0}).failed);

@@ -73,6 +73,22 @@ bool ConnectsEulerIntegrals(const HypergeometricParameters& p) {
     return HasEulerIntegral(AtOne(p)) && HasEulerIntegral(AtZero(p));
 }
 
+// F(-m,b;c;z) = (c-b)_m / (c)_m F(-m,b;1+b-c-m;1-z) (DLMF 15.8.7), where c may be -m, -m-1, ...
+KALVEX_WITH_FMA
+HypergeometricPoint ByReflection(const HypergeometricParameters& p, DoubleDouble z,
+                                 DoubleDouble w) {
+    const HypergeometricParameters other = {p.a, p.b, p.a + p.b - p.c + 1};
+    if (IsNegativeInteger(other.c)) return kFailedPoint;
+    HypergeometricPoint point = ByOneIntegral(other, w, z);
+    point.slope *= -(z / w);
+    GammaProduct factor;
+    MultiplyByGamma(p.b - p.c + 1, factor);
+    DivideByGamma(other.c, factor);
+    MultiplyByGamma(p.a - p.c + 1, factor);
+    DivideByGamma(1 - p.c, factor);
+    return Times(factor, point);
+}
+
 KALVEX_WITH_FMA
 HypergeometricPoint ByConnection(const HypergeometricParameters& p, DoubleDouble z,
                                  DoubleDouble w) {

@@ -14,11 +14,11 @@ Value ByIntegral(const std::array<Form, 4>& forms, double x) {
     if (HasEulerIntegral(p)) {
         return ValueOf(forms[0], ByEulerIntegral(p, {x, 0}, w, kBeyondRange), x);
     }
-    if (IsNegativeInteger(p.c)) return {};
     const std::size_t first = x > 0 ? 0 : 2;
     const Form& form = forms[first];
     const DoubleDouble z = ArgumentOf(form, x);
     const DoubleDouble rest = form.pfaff ? 1 / w : w;
+    if (IsNegativeInteger(p.c)) return ValueOf(form, ByReflection(form.p, z, rest), x);
     const auto byOne = [&] { return ValueOf(form, ByOneIntegral(form.p, z, rest), x); };
     if (p.c.high > 0) return byOne();
     const bool rises = (form.p.c - form.p.a - form.p.b).high > 0;
