@@ -14,9 +14,9 @@ set(KALVEX_ROOMS
   "graph     | base numbers resources expr interp workspace                                     |"
   "analysis  | base numbers resources workspace                                                 |"
   "commands  | base numbers resources expr workspace settings graph                             |"
-  "painter   | base numbers resources settings graph                                            | Qt6::Gui Qt6::Svg"
+  "painter   | base numbers resources graph                                                     | Qt6::Gui Qt6::Svg"
   "ui        | base numbers resources interp workspace settings graph analysis commands painter | Qt6::Widgets Qt6::Network"
-  "cli       | base numbers resources expr interp workspace settings graph analysis painter     | CLI11::CLI11 Qt6::Gui"
+  "cli       | base numbers resources expr interp workspace graph analysis painter              | CLI11::CLI11 Qt6::Gui"
 )
 
 # kalvex_room_row(ROW NAME USES LIBRARIES): the columns of one row.

@@ -36,6 +36,16 @@ void PrintPages(const AnalysisResult& result, std::u16string_view name) {
         WriteOut("== " + ToUtf8(page.title) + " ==\n" + Printed(page.text));
 }
 
+/// Standard output gets either the text or, with -o -, the file: together nobody could read them.
+void Print(const AnalysisResult& result, std::u16string_view name, const Arguments& arguments) {
+    if (arguments.report && IsStandardOutput(*arguments.report)) return;
+    if (arguments.form == "single") {
+        WriteOut(Printed(ReportText(result, name)));
+    } else {
+        PrintPages(result, name);
+    }
+}
+
 ExitStatus Run(ViewOptions& view, const Arguments& arguments) {
     FunctionList functions;
     if (!DrawAnalysable(view, functions, arguments.line)) return ExitStatus::Rejected;
@@ -43,11 +53,7 @@ ExitStatus Run(ViewOptions& view, const Arguments& arguments) {
     AnalysisResult result;
     analyzeSampledCurve(result, functions[0], viewport.ClientHeight, viewport.view);
     const std::u16string& name = functions[0].text;
-    if (arguments.form == "single") {
-        WriteOut(Printed(ReportText(result, name)));
-    } else {
-        PrintPages(result, name);
-    }
+    Print(result, name, arguments);
     if (!arguments.report) return ExitStatus::Done;
     return WriteFile(*arguments.report, ReportFile(ReportText(result, name)), "report");
 }
@@ -69,7 +75,8 @@ void AddAnalyzeCommand(CLI::App& tool, ExitStatus& status) {
         });
     command
         ->add_option("-o", arguments->report,
-                     "Write the report file too, as the windows export it (UTF-16).")
+                     "Write the report file too, as the windows export it (UTF-16); - writes it to "
+                     "standard output instead of the text.")
         ->type_name("REPORT");
     command->add_option("LINE", arguments->line, "TYPE[,KEY=VALUE]...:TEXT")->required();
     command->footer(LineHelp() + "\n\n" + tool.get_footer());

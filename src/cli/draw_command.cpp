@@ -2,7 +2,6 @@
 // no window system is needed.
 #include <CLI/CLI.hpp>
 #include <QGuiApplication>
-#include <QString>
 #include <cstdio>
 #include <memory>
 
@@ -10,6 +9,7 @@
 #include "cli/console.h"
 #include "cli/line_argument.h"
 #include "cli/view_options.h"
+#include "cli/write_file.h"
 #include "painter/painter.h"
 #include "painter/write_picture.h"
 
@@ -18,13 +18,22 @@ namespace {
 
 struct Arguments {
     std::string picture;
+    std::string format;
     std::vector<std::string> lines;
 };
 
-const PictureFormat& FormatFor(const std::string& path) {
-    const auto* format = PictureFormatOf(QString::fromStdString(path), FormatsOf::Tool);
+/// The format that is asked for, else that of the name. Standard output has no name; without
+/// --format it gets the first format.
+const PictureFormat& FormatFor(const Arguments& arguments) {
+    const bool asked = !arguments.format.empty();
+    const std::string& path = arguments.picture;
+    const auto* const format =
+        PictureFormatOf(asked ? '.' + arguments.format : path, FormatsOf::Tool);
     if (format != nullptr) return *format;
-    WrongUsage("-o", "a name that ends in " + PictureEndings(FormatsOf::Tool) + " expected");
+    const std::string endings = PictureEndings(FormatsOf::Tool);
+    if (asked) WrongUsage("--format", "one of " + endings + " without its dot expected");
+    if (IsStandardOutput(path)) return PictureFormats().front();
+    WrongUsage("-o", "a name that ends in " + endings + " expected");
 }
 
 /// Suppresses Qt's warnings about the locale and the session's folders on standard error: the
@@ -36,7 +45,7 @@ void DropRemarks(QtMsgType type, const QMessageLogContext&, const QString& messa
 }
 
 ExitStatus Run(ViewOptions& view, const Arguments& arguments) {
-    const PictureFormat& format = FormatFor(arguments.picture);
+    const PictureFormat& format = FormatFor(arguments);
     FunctionList functions;
     if (!PrepareLines(functions, arguments.lines)) return ExitStatus::Rejected;
 
@@ -47,10 +56,9 @@ ExitStatus Run(ViewOptions& view, const Arguments& arguments) {
     char* names[] = {name.data(), nullptr};
     const QGuiApplication application(count, names);
     const DrawList list = DrawOffScreen(view, functions, PainterTextMeasure());
-    if (format.write(QString::fromStdString(arguments.picture), list)) return ExitStatus::Done;
-    const std::string message = "The picture could not be written: " + arguments.picture + '\n';
-    std::fputs(message.c_str(), stderr);
-    return ExitStatus::NotWritten;
+    return WriteFile(
+        arguments.picture, [&](const TakeBytes& take) { return format.make(list, take); },
+        "picture");
 }
 
 }  // namespace
@@ -62,9 +70,14 @@ void AddDrawCommand(CLI::App& tool, ExitStatus& status) {
     command
         ->add_option(
             "-o", arguments->picture,
-            "The picture: " + PictureEndings(FormatsOf::Tool) + " (its drawing records as text).")
+            "The picture: " + PictureEndings(FormatsOf::Tool) +
+                " (its drawing records as text); - is standard output (without --format a PNG).")
         ->required()
         ->type_name("PICTURE");
+    command
+        ->add_option("--format", arguments->format,
+                     "The format, as an ending without its dot, whatever the name ends in.")
+        ->type_name("FORMAT");
     command->add_option("LINE", arguments->lines, "TYPE[,KEY=VALUE]...:TEXT")
         ->required()
         ->allow_extra_args();

@@ -30,7 +30,9 @@ void AddTableCommand(CLI::App& tool, ExitStatus& status) {
         AddCommand(tool, "table", "Draw a line off screen and write its points: x, blank, y.");
     const std::shared_ptr<ViewOptions> view = AddViewOptions(*command);
     const auto arguments = std::make_shared<Arguments>();
-    command->add_option("-o", arguments->table, "The file.")->required()->type_name("FILE");
+    command->add_option("-o", arguments->table, "The file; - is standard output.")
+        ->required()
+        ->type_name("FILE");
     command->add_option("LINE", arguments->line, "TYPE[,KEY=VALUE]...:TEXT")->required();
     command->footer(LineHelp() + "\n\n" + tool.get_footer());
     command->callback([view, arguments, &status] { status = Run(*view, *arguments); });

@@ -52,7 +52,13 @@ bool RunInstruction(const BlockRun& run, const Instruction& instruction, double*
     for (std::size_t i = 0; i < instruction.operandCount; ++i) {
         sources[i] = SourceOf(run, instruction.operands[i]);
     }
-    const KernelCall call{out, sources, run.count, run.errors, instruction.immediate, run.padding};
+    const KernelCall call{out,
+                          sources,
+                          run.count,
+                          run.errors,
+                          instruction.immediate,
+                          run.padding,
+                          run.inputs.interruption};
     return run.kernels.kernels[static_cast<std::size_t>(instruction.op)](call);
 }
 
@@ -94,6 +100,7 @@ bool RunInstructions(const InstructionList& list, const KernelTable& kernels,
     bool anyFailed = false;
     BlockRun run{list, kernels, inputs, 0, 0, 0, registers, kBlock, nullptr};
     for (; run.offset < count; run.offset += kBlock) {
+        if (IsStopped(inputs.interruption)) break;
         const std::size_t wanted = std::min(kBlock, count - run.offset);
         run.count = PaddedCount(wanted);
         run.padding = run.count - wanted;
@@ -139,7 +146,8 @@ double EvaluateExpression(const CompiledExpression& expression, double x, double
 }
 
 void EvaluateInto(const CompiledExpression& expression, std::span<const double> xs, double y,
-                  std::span<double> values, std::span<std::int32_t> errors) {
+                  std::span<double> values, std::span<std::int32_t> errors,
+                  Interruption* interruption) {
     if (xs.empty()) return;
     std::fill_n(errors.begin(), xs.size(), 0);
     if (!expression.program) {
@@ -150,8 +158,9 @@ void EvaluateInto(const CompiledExpression& expression, std::span<const double> 
     const double scalars[] = {y};
     const auto runPart = [&](const double* x, std::size_t offset, std::size_t count) {
         const double* const arrays[] = {x};
-        RunInstructions(program.instructions, *program.tree.kernels, {arrays, scalars}, count,
-                        values.data() + offset, errors.data() + offset);
+        RunInstructions(program.instructions, *program.tree.kernels,
+                        {arrays, scalars, interruption}, count, values.data() + offset,
+                        errors.data() + offset);
     };
     // All full blocks read the caller's array; only the ragged end needs a padded copy.
     const std::size_t full = xs.size() / kPaddedLanes * kPaddedLanes;

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/interruption.h"
 #include "expr/eval_error.h"
 
 namespace kalvex {
@@ -42,8 +43,9 @@ struct EvaluationResult {
                                                        std::span<const double> xs);
 
 /// The same into two arrays of xs.size() elements, at the given y. Allocates nothing for each
-/// point.
+/// point. When `interruption` stops the evaluation, what is left in the two arrays is of no use.
 void EvaluateInto(const CompiledExpression& expression, std::span<const double> xs, double y,
-                  std::span<double> values, std::span<std::int32_t> errors);
+                  std::span<double> values, std::span<std::int32_t> errors,
+                  Interruption* interruption = nullptr);
 
 }  // namespace kalvex

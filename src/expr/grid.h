@@ -36,6 +36,7 @@ struct Grid {
     std::vector<double> scalars;                    ///< of the row in work
     std::vector<const double*> arrays;              ///< of the columns in work
     std::vector<std::int32_t> errors;               ///< zeros between two rows
+    Interruption* interruption = nullptr;
 };
 
 }  // namespace kalvex

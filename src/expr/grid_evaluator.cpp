@@ -62,14 +62,14 @@ std::vector<double> Copied(std::span<const double> values) {
 /// Computes a part over the first `count` elements of an axis, whose own values are axis[0], and
 /// appends the results as a further array, filled up with the last result. Marks in `failedAt` the
 /// elements where the part failed and returns whether it failed anywhere.
-bool AddPart(const InstructionList& list, const KernelTable& kernels,
-             std::vector<std::vector<double>>& axis, std::size_t count,
-             std::vector<std::uint8_t>& failedAt) {
+bool AddPart(const InstructionList& list, const Grid& grid, std::vector<std::vector<double>>& axis,
+             std::size_t count, std::vector<std::uint8_t>& failedAt) {
     std::vector<double> values(count);
     std::vector<std::int32_t> errors(count);
     const double* const arrays[] = {axis[0].data()};
     const bool failed =
-        RunInstructions(list, kernels, {arrays, {}}, count, values.data(), errors.data());
+        RunInstructions(list, *grid.program->tree.kernels, {arrays, {}, grid.interruption}, count,
+                        values.data(), errors.data());
     for (std::size_t i = 0; failed && i < count; ++i) {
         if (errors[i] != 0) failedAt[i] = 1;
     }
@@ -98,13 +98,12 @@ std::vector<Bounds> TileBounds(const std::vector<double>& values, std::size_t co
 
 /// Computes the parts of one variable as further arrays of their axis.
 void AddParts(Grid& grid, const GridPlan& plan) {
-    const KernelTable& kernels = *grid.program->tree.kernels;
     for (const InstructionList& part : plan.columns) {
         grid.anyColumnFailed |=
-            AddPart(part, kernels, grid.columns, grid.columnCount, grid.columnFailed);
+            AddPart(part, grid, grid.columns, grid.columnCount, grid.columnFailed);
     }
     for (const InstructionList& part : plan.rows)
-        AddPart(part, kernels, grid.rows, grid.rowCount, grid.rowFailed);
+        AddPart(part, grid, grid.rows, grid.rowCount, grid.rowFailed);
 }
 
 }  // namespace
@@ -130,8 +129,9 @@ GridPlan PlanGrid(const SyntaxTree& tree, bool xIsFinite) {
 }
 
 std::shared_ptr<Grid> PrepareGrid(const CompiledExpression& expression, std::span<const double> xs,
-                                  std::span<const double> ys) {
+                                  std::span<const double> ys, Interruption* interruption) {
     auto grid = std::make_shared<Grid>();
+    grid->interruption = interruption;
     grid->program = expression.program ? expression.program : CompileExpression(u"").program;
     grid->columnCount = xs.size();
     grid->rowCount = ys.size();
@@ -165,8 +165,9 @@ void EvaluateGridRow(Grid& grid, std::size_t row, std::size_t firstColumn, std::
         grid.arrays[i] = grid.columns[i].data() + firstColumn;
     }
     const std::size_t padded = (count + kPaddedLanes - 1) / kPaddedLanes * kPaddedLanes;
-    if (RunInstructions(grid.body, *grid.program->tree.kernels, {grid.arrays, grid.scalars}, padded,
-                        values, grid.errors.data(), padded - count)) {
+    if (RunInstructions(grid.body, *grid.program->tree.kernels,
+                        {grid.arrays, grid.scalars, grid.interruption}, padded, values,
+                        grid.errors.data(), padded - count)) {
         std::fill_n(grid.errors.begin(), padded, 0);
     }
     for (std::size_t i = 0; grid.anyColumnFailed && i < count; ++i) {

@@ -16,10 +16,12 @@ namespace kalvex {
 
 struct Grid;
 
-/// Prepares the grid of these abscissas and ordinates (copied).
+/// Prepares the grid of these abscissas and ordinates (copied). `interruption`, which must outlive
+/// the grid, may stop the preparation and the evaluation of rows; all values are of no use then.
 [[nodiscard]] std::shared_ptr<Grid> PrepareGrid(const CompiledExpression& expression,
                                                 std::span<const double> xs,
-                                                std::span<const double> ys);
+                                                std::span<const double> ys,
+                                                Interruption* interruption = nullptr);
 
 /// Values G(x, y) of `count` neighbouring abscissas from `firstColumn` on at one ordinate, both by
 /// index; 1e30 where a primitive failed. The values have the bits that EvaluateExpression gives,

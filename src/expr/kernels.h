@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "base/interruption.h"
 #include "expr/eval_code.h"
 #include "expr/names.h"
 
@@ -72,6 +73,7 @@ struct KernelCall {
     std::int32_t* errors = nullptr;  ///< by lane; a code that is there already is kept
     int immediate = 0;
     std::size_t padding = 0;  ///< lanes at the end, fewer than all, whose results are not used
+    Interruption* interruption = nullptr;  ///< looked at before each lane of a slow function
 };
 
 /// Computes all lanes; true when a lane failed its domain test (its code is then in `errors`, its
@@ -97,7 +99,8 @@ struct KernelTables {
 
 /// Computes a function without a kernel of its own lane by lane. Lanes that failed before are
 /// skipped; padding lanes become copies of the last lane before them, code and all, and a function
-/// of scalars alone is computed once. A function that has a kernel is computed by it.
+/// of scalars alone is computed once. A function that has a kernel is computed by it. When the call
+/// is stopped, the remaining lanes are 0.
 [[nodiscard]] bool RunLaneByLane(FunctionNumber function, const KernelCall& call);
 
 }  // namespace kalvex

@@ -64,7 +64,7 @@ bool RunLaneByLane(FunctionNumber number, const KernelCall& call) {
     std::optional<LaneResult> result;
     bool anyFailed = false;
     for (std::size_t lane = 0; lane < wanted; ++lane) {
-        if (call.errors[lane] != 0) {
+        if (call.errors[lane] != 0 || IsStopped(call.interruption)) {
             call.out[lane] = 0.0;
             continue;
         }

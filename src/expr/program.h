@@ -63,12 +63,14 @@ struct Replacement {
 struct ProgramInputs {
     std::span<const double* const> arrays;
     std::span<const double> scalars;
+    Interruption* interruption = nullptr;
 };
 
 /// Runs the instructions over inputs of any length. `values` and `errors` have `count` elements,
 /// the errors zeros; where a primitive failed, the value is UndefinedValue and its code beside it.
 /// Returns whether one failed. Allocates nothing. A count that is a multiple of kPaddedLanes saves
 /// a copy of the last elements; `padding` of them, fewer than kPaddedLanes, may then be anything.
+/// When the run is stopped, what is left in `values` and `errors` is of no use.
 bool RunInstructions(const InstructionList& list, const KernelTable& kernels,
                      const ProgramInputs& inputs, std::size_t count, double* values,
                      std::int32_t* errors, std::size_t padding = 0);

@@ -7,10 +7,10 @@
 #include <vector>
 
 #include "expr/eval_code.h"
+#include "graph/curve_work.h"
 #include "graph/draw_list.h"
 #include "graph/viewport.h"
 #include "interp/diagnostic.h"
-#include "interp/work.h"
 #include "workspace/function_entry.h"
 
 namespace kalvex {
@@ -43,22 +43,24 @@ void DrawJoined(std::span<const CurveSample> samples, std::span<const std::uint8
 [[nodiscard]] bool HasPosition(const ViewWindow& view, double x, double y);
 
 /// y = f(x): one sample per pixel column. Plotted samples have a defined value and a defined right
-/// neighbour; the others have pixel (0, 0).
+/// neighbour; the others have pixel (0, 0). When the work is stopped, the samples end there, as
+/// they do for the two types below.
 [[nodiscard]] SampleCache SampleDecart(const CompiledExpression& expression,
-                                       const Viewport& viewport);
+                                       const Viewport& viewport, const CurveWork& work = {});
 
 /// Refills the entry's cache and draws it.
-void PlotDecart(FunctionEntry& entry, const Viewport& viewport, const Pen& pen, DrawList& list);
+void PlotDecart(FunctionEntry& entry, const Viewport& viewport, const Pen& pen, DrawList& list,
+                const CurveWork& work = {});
 
 /// r = f(angle) in steps of two degrees; `maxAngle` in turns, bounded to 1000. The last sample is
 /// unplotted but has its world point, angle and status.
 void PlotPolar(FunctionEntry& entry, const Viewport& viewport, double maxAngle, const Pen& pen,
-               DrawList& list);
+               DrawList& list, const CurveWork& work = {});
 
 /// x = X(t), y = Y(t): as many samples as the picture is wide. The last one as for Polar. The
 /// status is X's code or, when that is 0, Y's.
 void PlotParametric(FunctionEntry& entry, const Viewport& viewport, double minParam,
-                    double maxParam, const Pen& pen, DrawList& list);
+                    double maxParam, const Pen& pen, DrawList& list, const CurveWork& work = {});
 
 /// Status of a File sample whose value is undefined or not finite.
 inline constexpr auto kNoValueStatus = static_cast<std::int32_t>(EvalCode::NoValue);
@@ -68,9 +70,9 @@ inline constexpr auto kNoValueStatus = static_cast<std::int32_t>(EvalCode::NoVal
 /// pixel that has one, is left out. Plotted samples have a drawable value and a drawable right
 /// neighbour; drawable is a value that is not undefined and below 2^31 in magnitude. Fails when the
 /// method cannot be used with these points: all samples are undefined then. Long work tells its
-/// progress; when it is stopped, what has no value yet stays undefined.
+/// progress and is interrupted; when it is stopped, what has no value yet stays undefined.
 [[nodiscard]] Failure plotFileFunction(FunctionEntry& entry, const Viewport& viewport,
-                                       const Pen& pen, const WorkProgress& progress,
-                                       DrawList& list);
+                                       const Pen& pen, const WorkProgress& progress, DrawList& list,
+                                       Interruption* interruption = nullptr);
 
 }  // namespace kalvex

@@ -16,8 +16,8 @@ struct ProgressStretch {
 };
 
 /// Called with each new part of the progress bar: after every pixel row of an implicit curve, and
-/// from time to time while the method of a File line computes. When it returns false, that curve
-/// is stopped and what has been drawn of it stays.
+/// from time to time while the samples of another curve are computed. When it returns false, the
+/// drawing is stopped.
 using DrawProgress = std::function<bool(const ProgressStretch&)>;
 
 }  // namespace kalvex

@@ -49,10 +49,10 @@ void PlaceCursor(GraphState& state, const FunctionEntry& entry) {
 }
 
 void PlotImplicit(GraphState& state, FunctionEntry& entry, const DrawProgress& progress,
-                  DrawList& list) {
+                  Interruption* interruption, DrawList& list) {
     entry.samples.clear();
-    PixelRunsRecord pixels =
-        ImplicitPixels(entry.compiled[0], state.viewport, ColorOf(entry.color), progress);
+    PixelRunsRecord pixels = ImplicitPixels(entry.compiled[0], state.viewport, ColorOf(entry.color),
+                                            progress, interruption);
     if (!pixels.runs.empty()) list.records.emplace_back(std::move(pixels));
     if (state.mode != GraphMode::Normal) return;
     // KEEP: the width is used for both coordinates.
@@ -70,45 +70,73 @@ WorkProgress AsStretches(const DrawProgress& progress, std::int32_t width, const
 }
 
 void PlotFile(GraphState& state, FunctionEntry& entry, int slot, const Pen& pen,
-              const DrawProgress& progress, DrawList& list) {
+              const CurveWork& work, DrawList& list) {
     Failure failure =
-        plotFileFunction(entry, state.viewport, pen,
-                         AsStretches(progress, state.viewport.ClientWidth, pen.color), list);
+        plotFileFunction(entry, state.viewport, pen, work.progress, list, work.interruption);
     if (failure) state.approxFailures.push_back({slot, *std::move(failure)});
     PlaceCursor(state, entry);
 }
 
 void PlotFunction(GraphState& state, FunctionEntry& entry, int slot, const Options& options,
-                  const DrawProgress& progress, DrawList& list) {
+                  const DrawProgress& progress, Interruption* interruption, DrawList& list) {
     const Viewport& viewport = state.viewport;
     const Pen pen{ColorOf(entry.color), PenWidthOf(options)};
+    const CurveWork work{AsStretches(progress, viewport.ClientWidth, pen.color), interruption};
     switch (entry.type) {
         case EquationType::Polar:
-            PlotPolar(entry, viewport, options.MaxAngle, pen, list);
+            PlotPolar(entry, viewport, options.MaxAngle, pen, list, work);
             break;
         case EquationType::Decart:
-            PlotDecart(entry, viewport, pen, list);
+            PlotDecart(entry, viewport, pen, list, work);
             PlaceCursor(state, entry);
             break;
         case EquationType::Parametric:
-            PlotParametric(entry, viewport, options.MinParam, options.MaxParam, pen, list);
+            PlotParametric(entry, viewport, options.MinParam, options.MaxParam, pen, list, work);
             PlaceCursor(state, entry);
             break;
         case EquationType::Implicit:
-            PlotImplicit(state, entry, progress, list);
+            PlotImplicit(state, entry, progress, interruption, list);
             break;
         case EquationType::File:
-            PlotFile(state, entry, slot, pen, progress, list);
+            PlotFile(state, entry, slot, pen, work, list);
             break;
         default:
             break;
     }
 }
 
+/// The progress function of a drawing; a false answer stops all of the drawing.
+DrawProgress StoppingAll(const DrawProgress& progress, Interruption& interruption) {
+    if (!progress) return {};
+    return [&progress, &interruption](const ProgressStretch& stretch) {
+        if (!interruption.stopped) interruption.stopped = !progress(stretch);
+        return !interruption.stopped;
+    };
+}
+
+/// Draws the selected functions until all are drawn or the drawing is stopped.
+void PlotFunctions(GraphState& state, FunctionList& functions, const Options& options,
+                   const DrawProgress& given, Interruption& interruption, DrawList& list) {
+    const DrawProgress progress = StoppingAll(given, interruption);
+    for (int slot = 0; slot < kSlotCount; ++slot) {
+        FunctionEntry& entry = functions[static_cast<std::size_t>(slot)];
+        if (!IsDrawn(entry)) continue;
+        if (!IsStopped(&interruption)) {
+            DrawAs({DrawLayer::Curve, slot}, list, [&] {
+                PlotFunction(state, entry, slot, options, progress, &interruption, list);
+            });
+        }
+        // A reader of the samples must not take a part of them for the whole curve.
+        if (interruption.stopped) entry.samples.clear();
+    }
+    state.incomplete = interruption.stopped;
+}
+
 }  // namespace
 
 DrawList DrawGraph(GraphState& state, FunctionList& functions, const Options& options,
-                   const MeasureText& measure, const DrawProgress& progress) {
+                   const MeasureText& measure, const DrawProgress& progress,
+                   Interruption* interruption) {
     Viewport& viewport = state.viewport;
     LayoutViewport(viewport);
     DrawList list;
@@ -116,12 +144,8 @@ DrawList DrawGraph(GraphState& state, FunctionList& functions, const Options& op
     list.height = viewport.ClientHeight;
     DrawBackground(viewport, options, measure, list);
     state.approxFailures.clear();
-    for (int slot = 0; slot < kSlotCount; ++slot) {
-        FunctionEntry& entry = functions[static_cast<std::size_t>(slot)];
-        if (!IsDrawn(entry)) continue;
-        DrawAs({DrawLayer::Curve, slot}, list,
-               [&] { PlotFunction(state, entry, slot, options, progress, list); });
-    }
+    Interruption never;
+    PlotFunctions(state, functions, options, progress, interruption ? *interruption : never, list);
     for (int slot = 0; slot < kSlotCount && !state.trace.function; ++slot) {
         const FunctionEntry& entry = functions[static_cast<std::size_t>(slot)];
         if (IsDrawn(entry) && entry.type != EquationType::Implicit) state.trace.function = slot;

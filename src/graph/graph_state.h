@@ -54,6 +54,7 @@ struct GraphState {
     std::optional<WorldPoint> firstCorner;        ///< of mode Box, once it is chosen
     Pointer pointer;
     std::vector<ApproxFailure> approxFailures;  ///< File lines without a curve in the last redraw
+    bool incomplete = false;                    ///< the last redraw was stopped before its end
 };
 
 }  // namespace kalvex

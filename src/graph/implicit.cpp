@@ -32,6 +32,7 @@ struct Rows {
     std::vector<double> edge;
     std::vector<double> above;
     std::vector<double> below;
+    Interruption* interruption = nullptr;
 };
 
 /// The step between two columns or rows; 0 when there is only one.
@@ -39,7 +40,8 @@ double StepOf(double low, double high, std::int32_t pixels) {
     return pixels > 1 ? (high - low) / (pixels - 1.0) : 0.0;
 }
 
-Rows MakeRows(const CompiledExpression& expression, const Viewport& viewport) {
+Rows MakeRows(const CompiledExpression& expression, const Viewport& viewport,
+              Interruption* interruption) {
     const ViewWindow& view = viewport.view;
     const auto width = static_cast<std::size_t>(viewport.ClientWidth);
     const auto height = static_cast<std::size_t>(viewport.ClientHeight);
@@ -60,8 +62,9 @@ Rows MakeRows(const CompiledExpression& expression, const Viewport& viewport) {
     constexpr std::size_t kSpare = 16;  // rows are evaluated a little beyond their end
     Rows rows;
     rows.width = width;
-    rows.edges = PrepareGrid(expression, edgeX, rowY);
-    rows.middles = PrepareGrid(expression, middleX, betweenY);
+    rows.interruption = interruption;
+    rows.edges = PrepareGrid(expression, edgeX, rowY, interruption);
+    rows.middles = PrepareGrid(expression, middleX, betweenY, interruption);
     rows.edge.resize(width + kSpare);
     rows.above.resize(width + kSpare);
     rows.below.resize(width + kSpare);
@@ -134,6 +137,7 @@ void AppendRow(Rows& rows, const std::vector<Span>& spans, std::size_t row,
                         rows.edge.data() + span.first);
         EvaluateGridRow(*rows.middles, row + 1, span.first, span.count,
                         rows.below.data() + span.first);
+        if (IsStopped(rows.interruption)) return;
         AppendSpan(rows, span, static_cast<std::int32_t>(row), runs);
     }
     rows.above.swap(rows.below);
@@ -156,14 +160,16 @@ ProgressStretch StretchOfRow(std::int32_t row, std::int32_t width, std::int32_t 
 }
 
 PixelRunsRecord ImplicitPixels(const CompiledExpression& expression, const Viewport& viewport,
-                               const Rgb& color, const DrawProgress& progress) {
+                               const Rgb& color, const DrawProgress& progress,
+                               Interruption* interruption) {
     PixelRunsRecord record{color, {}};
     const std::int32_t width = viewport.ClientWidth;
     const std::int32_t height = viewport.ClientHeight;
     if (width <= 0 || height <= 0) return record;
-    Rows rows = MakeRows(expression, viewport);
+    Rows rows = MakeRows(expression, viewport, interruption);
     const auto rowCount = static_cast<std::size_t>(height);
     for (std::size_t first = 0; first < rowCount; first += kBandRows) {
+        if (IsStopped(interruption)) return record;
         const std::size_t end = std::min(first + kBandRows, rowCount);
         const std::vector<Span> spans = SpansToEvaluate(rows, first, end - first);
         for (const Span& span : spans) {
@@ -172,6 +178,7 @@ PixelRunsRecord ImplicitPixels(const CompiledExpression& expression, const Viewp
         }
         for (std::size_t row = first; row < end; ++row) {
             AppendRow(rows, spans, row, record.runs);
+            if (IsStopped(interruption)) return record;
             const auto j = static_cast<std::int32_t>(row);
             if (!Report(StretchOfRow(j, width, height, color), progress)) return record;
         }

@@ -1,6 +1,7 @@
 // Implicit curves G(x, y) = 0, pixel by pixel.
 #pragma once
 
+#include "base/interruption.h"
 #include "graph/draw_list.h"
 #include "graph/draw_progress.h"
 #include "graph/viewport.h"
@@ -15,10 +16,11 @@ namespace kalvex {
 /// The pixels of G(x, y) = 0. A pixel belongs to the curve when the sign of G changes between the
 /// middles of its left and right edges or of its upper and lower edges. A product of exactly 0
 /// counts as a change, and so does an undefined value times a negative one. `progress`, which may
-/// be empty, is called with each stretch that is not empty and may stop the curve; the pixels found
-/// until then stay.
+/// be empty, is called with each stretch that is not empty and may stop the curve, and so may
+/// `interruption`, which may be null; the pixels found until then stay.
 [[nodiscard]] PixelRunsRecord ImplicitPixels(const CompiledExpression& expression,
                                              const Viewport& viewport, const Rgb& color,
-                                             const DrawProgress& progress);
+                                             const DrawProgress& progress,
+                                             Interruption* interruption = nullptr);
 
 }  // namespace kalvex

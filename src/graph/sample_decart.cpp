@@ -6,9 +6,10 @@
 
 namespace kalvex {
 
-SampleCache SampleDecart(const CompiledExpression& expression, const Viewport& viewport) {
+SampleCache SampleDecart(const CompiledExpression& expression, const Viewport& viewport,
+                         const CurveWork& work) {
     const ViewWindow& view = viewport.view;
-    const auto count = static_cast<std::size_t>(std::max(viewport.ClientWidth, 0));
+    auto count = static_cast<std::size_t>(std::max(viewport.ClientWidth, 0));
     // A picture of one column has no interval between columns; its only sample is the left edge.
     const double step =
         count > 1 ? (view.Xmax - view.Xmin) / (static_cast<double>(count) - 1.0) : 0.0;
@@ -17,7 +18,11 @@ SampleCache SampleDecart(const CompiledExpression& expression, const Viewport& v
         arguments[i] = view.Xmin + static_cast<double>(i) * step;
     std::vector<double> values(count);
     std::vector<std::int32_t> codes(count);
-    EvaluateInto(expression, arguments, 0.0, values, codes);
+    count = EvaluateInPieces(count, work, [&](std::size_t first, std::size_t n) {
+        EvaluateInto(expression, std::span(arguments).subspan(first, n), 0.0,
+                     std::span(values).subspan(first, n), std::span(codes).subspan(first, n),
+                     work.interruption);
+    });
 
     SampleCache samples(count);
     // KEEP: repeated addition, not Xmin + i * h; trace, analysis and exported tables show this x.
@@ -34,8 +39,9 @@ SampleCache SampleDecart(const CompiledExpression& expression, const Viewport& v
     return samples;
 }
 
-void PlotDecart(FunctionEntry& entry, const Viewport& viewport, const Pen& pen, DrawList& list) {
-    entry.samples = SampleDecart(entry.compiled[0], viewport);
+void PlotDecart(FunctionEntry& entry, const Viewport& viewport, const Pen& pen, DrawList& list,
+                const CurveWork& work) {
+    entry.samples = SampleDecart(entry.compiled[0], viewport, work);
     DrawRuns(entry.samples, viewport, pen, list);
 }
 

@@ -40,14 +40,17 @@ bool TakeCentre(TakenCentres& centres, std::int32_t column, std::int32_t row) {
     return true;
 }
 
-/// Fills the pixels of the points and draws a circle about each one that shows.
-void PlotPoints(FunctionEntry& entry, const Viewport& viewport, const Rgb& color, DrawList& list) {
+/// Fills the pixels of the points and draws a circle about each one that shows. When the work is
+/// stopped, the remaining points have the pixel (0, 0) and no circle.
+void PlotPoints(FunctionEntry& entry, const Viewport& viewport, const Rgb& color,
+                Interruption* interruption, DrawList& list) {
     const ViewWindow& view = viewport.view;
     const PointTable& points = entry.points;
-    entry.pointPixels.resize(CountOf(points));
+    entry.pointPixels.assign(CountOf(points), {});
     if (entry.pointPixels.empty()) return;
     TakenCentres centres = NoCentres(viewport);
     for (std::size_t i = 0; i < CountOf(points); ++i) {
+        if (IsStopped(interruption)) return;
         const double x = (points.x[i] - view.Xmin) * viewport.ClientWidth / (view.Xmax - view.Xmin);
         const double y =
             (view.Ymax - points.y[i]) * viewport.ClientHeight / (view.Ymax - view.Ymin);
@@ -96,6 +99,14 @@ SampleCache SamplesOf(std::span<const double> xs, std::span<const double> values
     return samples;
 }
 
+/// A progress function that also stops the work when it is interrupted.
+WorkProgress Interrupted(const WorkProgress& progress, Interruption* interruption) {
+    if (interruption == nullptr) return progress;
+    return [&progress, interruption](double done) {
+        return !IsStopped(interruption) && (!progress || progress(done));
+    };
+}
+
 /// The set-up is the first half of the work, the evaluation the second.
 WorkProgress Half(const WorkProgress& progress, double start) {
     if (!progress) return {};
@@ -105,8 +116,9 @@ WorkProgress Half(const WorkProgress& progress, double start) {
 }  // namespace
 
 Failure plotFileFunction(FunctionEntry& entry, const Viewport& viewport, const Pen& pen,
-                         const WorkProgress& progress, DrawList& list) {
-    PlotPoints(entry, viewport, pen.color, list);
+                         const WorkProgress& given, DrawList& list, Interruption* interruption) {
+    PlotPoints(entry, viewport, pen.color, interruption, list);
+    const WorkProgress progress = Interrupted(given, interruption);
     const std::vector<double> xs = Abscissas(viewport);
     std::vector<double> values(xs.size());
     Approximation approximation =

@@ -1,4 +1,4 @@
-// One pass for X and one for Y over the same parameters.
+// X and Y are evaluated at the same parameters, one after the other.
 #include <algorithm>
 
 #include "graph/curves.h"
@@ -6,9 +6,9 @@
 namespace kalvex {
 
 void PlotParametric(FunctionEntry& entry, const Viewport& viewport, double minParam,
-                    double maxParam, const Pen& pen, DrawList& list) {
+                    double maxParam, const Pen& pen, DrawList& list, const CurveWork& work) {
     const ViewWindow& view = viewport.view;
-    const auto count = static_cast<std::size_t>(std::max(viewport.ClientWidth, 0));
+    auto count = static_cast<std::size_t>(std::max(viewport.ClientWidth, 0));
     // KEEP: divided by N, not N - 1, so the last sample falls one step short of MaxParam.
     const double step =
         (maxParam - minParam) / static_cast<double>(std::max<std::size_t>(count, 1));
@@ -19,8 +19,13 @@ void PlotParametric(FunctionEntry& entry, const Viewport& viewport, double minPa
     std::vector<double> ys(count);
     std::vector<std::int32_t> xCodes(count);
     std::vector<std::int32_t> yCodes(count);
-    EvaluateInto(entry.compiled[0], parameters, 0.0, xs, xCodes);
-    EvaluateInto(entry.compiled[1], parameters, 0.0, ys, yCodes);
+    count = EvaluateInPieces(count, work, [&](std::size_t first, std::size_t n) {
+        const auto piece = std::span(parameters).subspan(first, n);
+        EvaluateInto(entry.compiled[0], piece, 0.0, std::span(xs).subspan(first, n),
+                     std::span(xCodes).subspan(first, n), work.interruption);
+        EvaluateInto(entry.compiled[1], piece, 0.0, std::span(ys).subspan(first, n),
+                     std::span(yCodes).subspan(first, n), work.interruption);
+    });
 
     const auto isDefined = [&](std::size_t i) {
         return xs[i] != UndefinedValue && ys[i] != UndefinedValue;

@@ -15,16 +15,20 @@ constexpr std::int32_t kMaxSamples = 180'000;  ///< a thousand turns
 }  // namespace
 
 void PlotPolar(FunctionEntry& entry, const Viewport& viewport, double maxAngle, const Pen& pen,
-               DrawList& list) {
+               DrawList& list, const CurveWork& work) {
     const ViewWindow& view = viewport.view;
-    const auto count =
+    auto count =
         static_cast<std::size_t>(std::clamp(TruncateToInt32(maxAngle * 180.0), 0, kMaxSamples));
     std::vector<double> angles(count);
     for (std::size_t i = 0; i < count; ++i)
         angles[i] = static_cast<double>(i) * kTwoDegrees;
     std::vector<double> radii(count);
     std::vector<std::int32_t> codes(count);
-    EvaluateInto(entry.compiled[0], angles, 0.0, radii, codes);
+    count = EvaluateInPieces(count, work, [&](std::size_t first, std::size_t n) {
+        EvaluateInto(entry.compiled[0], std::span(angles).subspan(first, n), 0.0,
+                     std::span(radii).subspan(first, n), std::span(codes).subspan(first, n),
+                     work.interruption);
+    });
 
     SampleCache samples(count);
     std::vector<std::uint8_t> joined(count);

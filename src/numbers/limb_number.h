@@ -76,7 +76,7 @@ template <std::size_t known, std::size_t limbs>
 void MultiplyByLimbs(const Factor& factor, LimbNumber<limbs>& a) {
     const std::size_t count = known != 0 ? known : factor.count;
     std::array<std::uint64_t, limbs + (known != 0 ? known : kMostFactorLimbs)> product;
-    std::uint64_t carry = 0;
+    std::uint64_t carry = 0;  // the first row is stored and not added, so nothing is cleared before
     for (std::size_t j = 0; j < limbs; ++j) {
         const TwoLimbs sum = static_cast<TwoLimbs>(factor.digits[0]) * a.digits[j] + carry;
         product[j] = static_cast<std::uint64_t>(sum);
@@ -84,13 +84,7 @@ void MultiplyByLimbs(const Factor& factor, LimbNumber<limbs>& a) {
     }
     product[limbs] = carry;
     for (std::size_t i = 1; i < count; ++i) {
-        carry = 0;
-        for (std::size_t j = 0; j < limbs; ++j) {
-            const TwoLimbs sum =
-                static_cast<TwoLimbs>(factor.digits[i]) * a.digits[j] + product[i + j] + carry;
-            product[i + j] = static_cast<std::uint64_t>(sum);
-            carry = static_cast<std::uint64_t>(sum >> 64);
-        }
+        carry = AddRow(factor.digits[i], a.digits, &product[i]);
         product[i + limbs] = carry;
     }
     const bool isFull = carry != 0;

@@ -89,6 +89,19 @@ template <std::size_t limbs, std::size_t from>
     return result;
 }
 
+/// Adds digit times the row of limbs to as many limbs from `sum` on. Returns the carry.
+template <std::size_t limbs>
+[[nodiscard]] std::uint64_t AddRow(std::uint64_t digit, const std::array<std::uint64_t, limbs>& row,
+                                   std::uint64_t* sum) {
+    std::uint64_t carry = 0;
+    for (std::size_t j = 0; j < limbs; ++j) {
+        const TwoLimbs next = static_cast<TwoLimbs>(digit) * row[j] + sum[j] + carry;
+        sum[j] = static_cast<std::uint64_t>(next);
+        carry = static_cast<std::uint64_t>(next >> 64);
+    }
+    return carry;
+}
+
 /// a b, cut off to the limbs of the result.
 template <std::size_t limbs>
 [[nodiscard]] Wide<limbs> Multiply(const Wide<limbs>& a, const Wide<limbs>& b) {
@@ -96,14 +109,7 @@ template <std::size_t limbs>
     std::array<std::uint64_t, 2 * limbs> product = {};
     for (std::size_t i = 0; i < limbs; ++i) {
         if (a.digits[i] == 0) continue;
-        std::uint64_t carry = 0;
-        for (std::size_t j = 0; j < limbs; ++j) {
-            const TwoLimbs sum =
-                static_cast<TwoLimbs>(a.digits[i]) * b.digits[j] + product[i + j] + carry;
-            product[i + j] = static_cast<std::uint64_t>(sum);
-            carry = static_cast<std::uint64_t>(sum >> 64);
-        }
-        product[i + limbs] = carry;
+        product[i + limbs] = AddRow(a.digits[i], b.digits, &product[i]);
     }
     return Normalised<limbs>(product, a.exponent + b.exponent, a.sign * b.sign);
 }

@@ -7,7 +7,6 @@
 
 #include "base/encoding.h"
 #include "numbers/decimal.h"
-#include "settings/complete_file.h"
 
 namespace kalvex {
 namespace {
@@ -116,8 +115,8 @@ std::string DrawListText(const DrawList& list) {
     return text;
 }
 
-bool WriteDrawListText(const QString& path, const DrawList& list) {
-    return list.width > 0 && list.height > 0 && WriteCompleteFile(path, DrawListText(list));
+bool MakeDrawListText(const DrawList& list, const TakeBytes& take) {
+    return list.width > 0 && list.height > 0 && take(DrawListText(list));
 }
 
 }  // namespace kalvex

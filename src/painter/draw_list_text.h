@@ -1,9 +1,9 @@
 // A picture as text: its drawing records, for tests and scripts.
 #pragma once
 
-#include <QString>
 #include <string>
 
+#include "base/complete_file.h"
 #include "graph/draw_list.h"
 
 namespace kalvex {
@@ -23,8 +23,8 @@ namespace kalvex {
 /// characters that would end a column or a line.
 [[nodiscard]] std::string DrawListText(const DrawList& list);
 
-/// Writes that text as a file. False when the picture has no pixels, as for the other formats, or
-/// when the file cannot be written; a file that was there before is then unchanged.
-[[nodiscard]] bool WriteDrawListText(const QString& path, const DrawList& list);
+/// Hands that text to `take`. False for a picture without pixels, as for the other formats, and
+/// when `take` fails.
+[[nodiscard]] bool MakeDrawListText(const DrawList& list, const TakeBytes& take);
 
 }  // namespace kalvex

@@ -3,9 +3,10 @@
 
 #include <QImageWriter>
 #include <QtEndian>
+#include <algorithm>
 #include <cstdint>
 
-#include "settings/complete_file.h"
+#include "painter/taking_device.h"
 
 namespace kalvex {
 namespace {
@@ -46,42 +47,39 @@ QByteArray BitmapHeader(const QImage& picture) {
     return header;
 }
 
-bool WriteAll(QIODevice& file, const QByteArray& bytes) {
-    return file.write(bytes) == bytes.size();
-}
-
-/// Writes the rows from the bottom up, each padded with zeros to a multiple of four bytes, and
-/// zeros up to the size that the header announces.
-bool WriteRows(QIODevice& file, const QImage& picture) {
-    const QImage pixels = picture.convertToFormat(QImage::Format_BGR888);
-    const qsizetype rowSize = (static_cast<qsizetype>(pixels.width()) * 3 + 3) & ~qsizetype{3};
-    for (int y = pixels.height() - 1; y >= 0; --y) {
-        QByteArray row(reinterpret_cast<const char*>(pixels.constScanLine(y)),
-                       static_cast<qsizetype>(pixels.width()) * 3);
-        row.append(rowSize - row.size(), '\0');
-        if (!WriteAll(file, row)) return false;
+/// Hands over the rows from the bottom up, each padded with zeros to a multiple of four bytes, and
+/// zeros up to the size that the header announces. Rows are converted one at a time: a copy of the
+/// whole picture could take hundreds of megabytes.
+bool TakeRows(const QImage& picture, const TakeBytes& take) {
+    const std::size_t width = static_cast<std::size_t>(picture.width()) * 3;
+    std::string row((width + 3) & ~std::size_t{3}, '\0');
+    for (int y = picture.height() - 1; y >= 0; --y) {
+        const QImage pixels =
+            picture.copy(0, y, picture.width(), 1).convertToFormat(QImage::Format_BGR888);
+        if (pixels.isNull()) return false;
+        std::copy_n(pixels.constBits(), width, row.begin());
+        if (!take(row)) return false;
     }
-    const std::int64_t rest =
-        ImageSize(pixels.width(), pixels.height()) - rowSize * pixels.height();
-    return WriteAll(file, QByteArray(static_cast<qsizetype>(rest), '\0'));
+    const std::int64_t rest = ImageSize(picture.width(), picture.height()) -
+                              static_cast<std::int64_t>(row.size()) * picture.height();
+    return take(std::string(static_cast<std::size_t>(rest), '\0'));
 }
 
 }  // namespace
 
-bool WriteBitmap(const QString& path, const QImage& picture) {
+bool MakeBitmap(const QImage& picture, const TakeBytes& take) {
     if (picture.isNull()) return false;
-    return WriteCompleteFile(path, [&picture](QIODevice& file) {
-        return WriteAll(file, BitmapHeader(picture)) && WriteRows(file, picture);
-    });
+    const QByteArray header = BitmapHeader(picture);
+    return take({header.constData(), static_cast<std::size_t>(header.size())}) &&
+           TakeRows(picture, take);
 }
 
-bool WritePng(const QString& path, const QImage& picture) {
+bool MakePng(const QImage& picture, const TakeBytes& take) {
     if (picture.isNull()) return false;
-    return WriteCompleteFile(path, [&picture](QIODevice& file) {
-        QImageWriter writer(&file, "png");
-        writer.setQuality(80);  // fast compression; line drawings still become small files
-        return writer.write(picture);
-    });
+    TakingDevice device(take);
+    QImageWriter writer(&device, "png");
+    writer.setQuality(80);  // fast compression; line drawings still become small files
+    return writer.write(picture) && !device.HasFailed();
 }
 
 }  // namespace kalvex

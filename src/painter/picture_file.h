@@ -2,16 +2,18 @@
 #pragma once
 
 #include <QImage>
-#include <QString>
+
+#include "base/complete_file.h"
 
 namespace kalvex {
 
-/// Writes a bitmap of 24 bits per pixel with rows from the bottom up. Its header differs from other
-/// programs': the file-size field is always 54, and the size of the pixel data is that of a width
-/// rounded up to a multiple of four pixels. False when the file cannot be written.
-[[nodiscard]] bool WriteBitmap(const QString& path, const QImage& picture);
+/// Hands a bitmap file of 24 bits per pixel with rows from the bottom up to `take`. Its header
+/// differs from other programs': the file-size field is always 54, and the size of the pixel data
+/// is that of a width rounded up to a multiple of four pixels. False for a picture without pixels,
+/// when memory is too short to convert a row, and when `take` fails.
+[[nodiscard]] bool MakeBitmap(const QImage& picture, const TakeBytes& take);
 
-/// Writes a PNG. False when the file cannot be written.
-[[nodiscard]] bool WritePng(const QString& path, const QImage& picture);
+/// Hands a PNG file to `take`, with the same failures.
+[[nodiscard]] bool MakePng(const QImage& picture, const TakeBytes& take);
 
 }  // namespace kalvex

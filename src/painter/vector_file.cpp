@@ -1,5 +1,4 @@
-// Qt's SVG and PDF generators draw into memory. The file is written at the end, as a whole, so that
-// a failure leaves the old file unchanged.
+// Qt's SVG and PDF generators draw into memory, because they do not tell when their device fails.
 #include "painter/vector_file.h"
 
 #include <QBuffer>
@@ -8,7 +7,6 @@
 #include <QSvgGenerator>
 
 #include "painter/vector_play.h"
-#include "settings/complete_file.h"
 
 namespace kalvex {
 namespace {
@@ -16,25 +14,27 @@ namespace {
 constexpr int kPixelsPerInch = 96;
 constexpr double kPointsPerPixel = 72.0 / kPixelsPerInch;
 
-bool WriteFile(const QString& path, const QByteArray& bytes) {
-    return WriteCompleteFile(
-        path, [&bytes](QIODevice& file) { return file.write(bytes) == bytes.size(); });
+bool TakeAll(const QByteArray& bytes, const TakeBytes& take) {
+    return !bytes.isEmpty() && take({bytes.constData(), static_cast<std::size_t>(bytes.size())});
 }
 
 bool HasSize(const DrawList& list) {
     return list.width > 0 && list.height > 0;
 }
 
-void Play(QPaintDevice& device, const DrawList& list) {
-    QPainter painter(&device);
+/// False when the device cannot be drawn on or could not be finished.
+bool Play(QPaintDevice& device, const DrawList& list) {
+    QPainter painter;
+    if (!painter.begin(&device)) return false;
     painter.fillRect(QRect(0, 0, list.width, list.height), Qt::white);
     painter.setClipRect(QRect(0, 0, list.width, list.height));
     PlayVector(painter, list);
+    return painter.end();
 }
 
 }  // namespace
 
-bool WriteSvg(const QString& path, const DrawList& list) {
+bool MakeSvg(const DrawList& list, const TakeBytes& take) {
     if (!HasSize(list)) return false;
     QBuffer bytes;
     QSvgGenerator generator;
@@ -43,11 +43,10 @@ bool WriteSvg(const QString& path, const DrawList& list) {
     generator.setViewBox(QRect(0, 0, list.width, list.height));
     generator.setResolution(kPixelsPerInch);
     generator.setTitle("Kalvex");
-    Play(generator, list);
-    return WriteFile(path, bytes.data());
+    return Play(generator, list) && TakeAll(bytes.data(), take);
 }
 
-bool WritePdf(const QString& path, const DrawList& list) {
+bool MakePdf(const DrawList& list, const TakeBytes& take) {
     if (!HasSize(list)) return false;
     QBuffer bytes;
     if (!bytes.open(QIODevice::WriteOnly)) return false;
@@ -59,9 +58,9 @@ bool WritePdf(const QString& path, const DrawList& list) {
         const QSizeF points(list.width * kPointsPerPixel, list.height * kPointsPerPixel);
         writer.setPageSize(QPageSize(points, QPageSize::Point, {}, QPageSize::ExactMatch));
         writer.setPageMargins(QMarginsF(0, 0, 0, 0));
-        Play(writer, list);
+        if (!Play(writer, list)) return false;
     }
-    return WriteFile(path, bytes.data());
+    return TakeAll(bytes.data(), take);
 }
 
 }  // namespace kalvex

@@ -70,8 +70,9 @@ void Play(const VectorStage& stage, const TextRecord& record) {
     font.setFamily("sans-serif");  // the generic name, which every viewer knows
     stage.painter.setFont(font);
     stage.painter.setPen(ToQColor(record.color));
-    const int baseline = record.y + stage.painter.fontMetrics().ascent();
-    stage.painter.drawText(QPoint(record.x, baseline), QString::fromStdU16String(record.text));
+    // A text far off the picture may have a position near the largest integer.
+    const double baseline = static_cast<double>(record.y) + stage.painter.fontMetrics().ascent();
+    stage.painter.drawText(QPointF(record.x, baseline), QString::fromStdU16String(record.text));
 }
 
 }  // namespace

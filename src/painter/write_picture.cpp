@@ -1,7 +1,5 @@
-// A format is one row: its ending, its words in the dialog, and the function that writes it.
+// A format is one row: its ending, its words in the dialog, and the function that makes its files.
 #include "painter/write_picture.h"
-
-#include <QFileInfo>
 
 #include "painter/draw_list_text.h"
 #include "painter/painter.h"
@@ -11,18 +9,26 @@
 namespace kalvex {
 namespace {
 
-template <bool (*write)(const QString& path, const QImage& picture)>
-bool WritePixels(const QString& path, const DrawList& list) {
-    return write(path, PaintPicture(list));
+template <bool (*make)(const QImage& picture, const TakeBytes& take)>
+bool MakePixels(const DrawList& list, const TakeBytes& take) {
+    return make(PaintPicture(list), take);
 }
 
 constexpr PictureFormat kFormats[] = {
-    {"png", StringId::FilterPng, WritePixels<WritePng>},
-    {"svg", StringId::FilterSvg, WriteSvg},
-    {"pdf", StringId::FilterPdf, WritePdf},
-    {"bmp", StringId::FilterBitmap, WritePixels<WriteBitmap>},
-    {"txt", std::nullopt, WriteDrawListText},
+    {"png", StringId::FilterPng, MakePixels<MakePng>},
+    {"svg", StringId::FilterSvg, MakeSvg},
+    {"pdf", StringId::FilterPdf, MakePdf},
+    {"bmp", StringId::FilterBitmap, MakePixels<MakeBitmap>},
+    {"txt", std::nullopt, MakeDrawListText},
 };
+
+/// A text with its ASCII letters in lower case.
+std::string FoldedAscii(std::string_view text) {
+    std::string folded(text);
+    for (char& c : folded)
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+    return folded;
+}
 
 }  // namespace
 
@@ -34,11 +40,18 @@ bool IsOffered(const PictureFormat& format, FormatsOf where) {
     return where == FormatsOf::Tool || format.filter.has_value();
 }
 
-const PictureFormat* PictureFormatOf(const QString& path, FormatsOf where) {
-    const std::string ending = QFileInfo(path).suffix().toLower().toStdString();
+const PictureFormat* PictureFormatOf(std::string_view path, FormatsOf where) {
+    const std::string_view name = path.substr(path.rfind('/') + 1);
+    const std::size_t dot = name.rfind('.');
+    const std::string ending = FoldedAscii(dot == name.npos ? "" : name.substr(dot + 1));
     for (const PictureFormat& format : kFormats)
         if (format.suffix == ending && IsOffered(format, where)) return &format;
     return nullptr;
+}
+
+WriteResult WritePicture(const PictureFormat& format, const std::string& path,
+                         const DrawList& list) {
+    return WriteCompleteFile(path, [&](const TakeBytes& take) { return format.make(list, take); });
 }
 
 std::string PictureEndings(FormatsOf where) {

@@ -1,12 +1,12 @@
 // The formats of picture files as a table.
 #pragma once
 
-#include <QString>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 
+#include "base/complete_file.h"
 #include "graph/draw_list.h"
 #include "resources/strings.h"
 
@@ -16,8 +16,9 @@ struct PictureFormat {
     std::string_view suffix;         ///< the ending of a name, lower case, without its dot
     std::optional<StringId> filter;  ///< words in the dialog; empty: only the tool offers it
 
-    /// Writes the picture at one pixel per logical pixel; false when the file cannot be written.
-    bool (*write)(const QString& path, const DrawList& list) = nullptr;
+    /// Hands the file of the picture, at one pixel per logical pixel, to `take`. False when it
+    /// cannot be made or `take` fails; what was taken before is then to be thrown away.
+    bool (*make)(const DrawList& list, const TakeBytes& take) = nullptr;
 };
 
 /// Where a format is offered. The tool offers all formats, the dialog those with words for it.
@@ -29,8 +30,12 @@ enum class FormatsOf { Windows, Tool };
 [[nodiscard]] bool IsOffered(const PictureFormat& format, FormatsOf where);
 
 /// The offered format with the ending of a file's name, in upper or lower case; null when there is
-/// none.
-[[nodiscard]] const PictureFormat* PictureFormatOf(const QString& path, FormatsOf where);
+/// none. The name may have any bytes.
+[[nodiscard]] const PictureFormat* PictureFormatOf(std::string_view path, FormatsOf where);
+
+/// Writes the picture into a file as a whole or not at all; see `WriteCompleteFile`.
+[[nodiscard]] WriteResult WritePicture(const PictureFormat& format, const std::string& path,
+                                       const DrawList& list);
 
 /// The endings of the offered formats, for a sentence: ".png, .svg or .pdf".
 [[nodiscard]] std::string PictureEndings(FormatsOf where);

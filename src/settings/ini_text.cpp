@@ -92,16 +92,29 @@ std::string_view Trimmed(std::string_view text) {
     return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
-void ReadLine(IniText& ini, std::string& section, std::string_view line) {
-    if (line.empty() || line.front() == ';' || line.front() == '#') return;
+bool IsUtf8(std::string_view text) {
+    for (std::size_t at = 0; at < text.size();) {
+        const Utf8Character character = DecodeUtf8(text, at);
+        if (!character.wellFormed) return false;
+        at += character.length;
+    }
+    return true;
+}
+
+/// False for a line that says something which is not kept: it is neither a section, a value nor a
+/// comment, or it has bytes that are no UTF-8.
+bool ReadLine(IniText& ini, std::string& section, std::string_view line) {
+    if (line.empty() || line.front() == ';' || line.front() == '#') return true;
     if (line.front() == '[') {
-        if (line.back() == ']') section = Trimmed(line.substr(1, line.size() - 2));
-        return;
+        if (line.back() != ']') return false;
+        section = Trimmed(line.substr(1, line.size() - 2));
+        return true;
     }
     const std::size_t sign = line.find('=');
-    if (sign == line.npos || sign == 0) return;
+    if (sign == line.npos || sign == 0) return false;
     SetIniValue(ini, section, Trimmed(line.substr(0, sign)),
                 Unescaped(Trimmed(line.substr(sign + 1))));
+    return IsUtf8(line);
 }
 
 }  // namespace
@@ -134,7 +147,7 @@ IniText ReadIni(std::string_view bytes) {
     std::string section;
     while (!bytes.empty()) {
         const std::size_t end = bytes.find('\n');
-        ReadLine(ini, section, Trimmed(bytes.substr(0, end)));
+        if (!ReadLine(ini, section, Trimmed(bytes.substr(0, end)))) ini.understood = false;
         bytes.remove_prefix(end == bytes.npos ? bytes.size() : end + 1);
     }
     return ini;

@@ -20,6 +20,7 @@ struct IniValue {
 struct IniText {
     std::vector<IniValue> values;
     std::map<std::string, std::size_t> places;  ///< index into `values` by folded "section/name"
+    bool understood = true;  ///< false when a line was skipped that says something
 };
 
 /// The value of a name, or null.
@@ -34,7 +35,8 @@ void SetIniValue(IniText& ini, std::string_view section, std::string_view name,
                  std::u16string_view text);
 
 /// Reads any bytes. A line that is neither a section, a value nor a comment (";" or "#") is
-/// skipped. When a name is repeated, its last value counts.
+/// skipped. Such a line, and bytes that are no UTF-8, mark the text as not understood. When a name
+/// is repeated, its last value counts.
 [[nodiscard]] IniText ReadIni(std::string_view bytes);
 
 /// The whole text, sections in the order of their first value. Comments are not kept.

@@ -14,6 +14,10 @@ bool WriteTogether(const Registry& registry, const std::function<bool()>& writes
     return registry.commit() && written;
 }
 
+StoreRemarks RemarksOf(const Registry& registry) {
+    return registry.remarks ? registry.remarks() : StoreRemarks{};
+}
+
 std::string FoldedName(std::string_view name) {
     std::string folded(name);
     std::transform(folded.begin(), folded.end(), folded.begin(), [](char c) {

@@ -11,6 +11,12 @@
 
 namespace kalvex {
 
+/// What the user should know about the file behind a store.
+struct StoreRemarks {
+    std::string notStored;  ///< why the last write failed, in words; empty after one that succeeded
+    std::string keptAs;  ///< the path of the copy that was made of a damaged file; empty: none yet
+};
+
 struct Registry {
     /// Whether an existing key can be opened.
     std::function<bool(std::string_view key)> open;
@@ -33,7 +39,12 @@ struct Registry {
     /// outermost `commit` stores. A registry without the pair stores each write at once.
     std::function<void()> begin = {};
     std::function<bool()> commit = {};
+    /// Optional.
+    std::function<StoreRemarks()> remarks = {};
 };
+
+/// The remarks of a registry; empty ones when it makes none.
+[[nodiscard]] StoreRemarks RemarksOf(const Registry& registry);
 
 /// Runs `writes` as one batch. When `writes` fails, the values that it wrote before are stored, as
 /// they would be without a batch. True when both `writes` and the store succeeded.

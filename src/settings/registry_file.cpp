@@ -1,49 +1,54 @@
-// The whole file is read once and read again only when its time or size changed. A write changes
+// The whole file is read once and read again only when it was replaced or changed. A write changes
 // the values in memory and then replaces the file as a whole; when that fails, the values in memory
 // are put back, so memory and disk never differ. A value that already stands in the file is not
-// written again. QSettings is not used, because it does not notice when a full disk has cut the new
-// file short, and replaces the old file by it.
+// written again.
 #include "settings/registry_file.h"
 
-#include <QByteArray>
-#include <QDateTime>
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
+#include <unistd.h>
+
 #include <QStandardPaths>
+#include <filesystem>
 #include <limits>
 #include <memory>
 #include <optional>
 #include <set>
 #include <utility>
 
+#include "base/complete_file.h"
+#include "base/read_file.h"
 #include "numbers/decimal.h"
 #include "numbers/truncate.h"
 #include "resources/strings.h"
-#include "settings/complete_file.h"
+#include "settings/damaged_file.h"
 #include "settings/ini_text.h"
 
 namespace kalvex {
 namespace {
 
 /// The largest number of bytes that is read. A settings file has about two kilobytes.
-constexpr qint64 kMostBytes = 1 << 20;
+constexpr std::size_t kMostBytes = 1 << 20;
 
+/// Tells one state of the file from another.
 struct FileStamp {
     bool exists = false;
-    qint64 size = 0;
-    QDateTime time;
+    ino_t number = 0;
+    off_t size = 0;
+    std::int64_t seconds = 0;
+    std::int64_t nanoseconds = 0;
     friend bool operator==(const FileStamp&, const FileStamp&) = default;
 };
 
 struct FileStore {
-    QString file;
+    std::string file;
     bool loaded = false;
+    bool unreadable = false;  ///< the file exists, but could not be read: nothing may be written
+    bool damaged = false;     ///< the file holds what a write would lose
     FileStamp stamp;
     IniText ini;
     std::set<std::string> created;  ///< sections made in this run, perhaps still empty
     int depth = 0;                  ///< batches that are open
     std::optional<IniText> before;  ///< the contents of the file while memory has newer ones
+    StoreRemarks remarks;
 };
 
 /// The main key is the section [Kalvex], the function keys are [Function1] to [Function9].
@@ -51,35 +56,58 @@ std::string SectionOf(std::string_view key) {
     return key.empty() ? "Kalvex" : std::string("Function").append(key);
 }
 
-FileStamp StampOf(const QString& file) {
-    const QFileInfo info(file);
-    return {info.exists(), info.isFile() ? info.size() : 0, info.lastModified()};
+FileStamp StampOf(const struct stat& facts) {
+    const bool regular = S_ISREG(facts.st_mode);
+    return {true, facts.st_ino, regular ? facts.st_size : 0, facts.st_mtim.tv_sec,
+            facts.st_mtim.tv_nsec};
+}
+
+FileStamp StampOf(const std::string& file) {
+    struct stat facts {};
+    return stat(file.c_str(), &facts) == 0 ? StampOf(facts) : FileStamp{};
+}
+
+/// Takes what was read of the file.
+void Load(FileStore& store) {
+    const FileContents contents = ReadWholeFile(store.file, kMostBytes);
+    store.loaded = true;
+    store.unreadable = !contents.failure.empty();
+    store.stamp = contents.facts.st_ino != 0 ? StampOf(contents.facts) : FileStamp{};
+    store.ini = ReadIni(store.unreadable ? std::string_view() : contents.bytes);
+    const bool hasOnlyBytes = !contents.bytes.empty() && store.ini.values.empty();
+    store.damaged = !contents.isWhole || !store.ini.understood || hasOnlyBytes;
+    if (store.unreadable)
+        store.remarks.notStored = store.file + " could not be read: " + contents.failure;
 }
 
 void Refresh(FileStore& store) {
-    if (store.depth > 0) return;
-    const FileStamp stamp = StampOf(store.file);
-    if (store.loaded && stamp == store.stamp) return;
-    store.loaded = true;
-    store.stamp = stamp;
-    QFile file(store.file);
-    const QByteArray bytes =
-        stamp.exists && file.open(QIODevice::ReadOnly) ? file.read(kMostBytes) : QByteArray();
-    store.ini = ReadIni({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    // What cannot be read once is not tried again: the program works with defaults by then, and
+    // they must not take the place of what the file holds.
+    if (store.depth > 0 || store.unreadable) return;
+    if (!store.loaded || StampOf(store.file) != store.stamp) Load(store);
 }
 
-/// The settings are a file of their own: a device or a pipe at their path is left alone.
-bool Save(const FileStore& store) {
-    const QFileInfo old(store.file);
-    if (old.exists() && !old.isFile()) return false;
-    QDir().mkpath(old.absolutePath());
-    return WriteCompleteFile(store.file, WriteIni(store.ini));
+/// Why the file could not be written; empty when it was.
+std::string Save(FileStore& store) {
+    std::error_code ignored;  // writing the file fails without its folder
+    std::filesystem::create_directories(std::filesystem::path(store.file).parent_path(), ignored);
+    const std::string kept = store.damaged ? KeepDamagedFile(store.file) : std::string();
+    if (store.damaged && kept.empty()) return "the damaged file could not be kept";
+    WriteResult written = WriteCompleteFile(store.file, WriteIni(store.ini));
+    if (written && !kept.empty()) {
+        store.damaged = false;
+        store.remarks.keptAs = kept;
+    } else if (!kept.empty()) {
+        unlink(kept.c_str());
+    }
+    return std::move(written.failure);
 }
 
 /// Writes the postponed values into the file. When that fails, memory gets the old values back.
 bool Flush(FileStore& store) {
     if (!store.before) return true;
-    const bool saved = Save(store);
+    store.remarks.notStored = Save(store);
+    const bool saved = store.remarks.notStored.empty();
     if (!saved) {
         store.ini = std::move(*store.before);
         store.created.clear();
@@ -92,6 +120,7 @@ bool Flush(FileStore& store) {
 bool Write(FileStore& store, std::string_view key, std::string_view name,
            std::u16string_view text) {
     Refresh(store);
+    if (store.unreadable) return false;
     const std::string section = SectionOf(key);
     const IniValue* const held = FindIniValue(store.ini, section, name);
     if (held == nullptr || held->text != text) {
@@ -117,6 +146,19 @@ std::optional<std::int32_t> NumberOf(std::u16string_view text) {
     return TruncateToInt32(number.value);
 }
 
+bool WriteNumber(FileStore& store, std::string_view key, std::string_view name,
+                 std::int32_t value) {
+    const auto held = Read(store, key, name);
+    if (held && !NumberOf(*held)) store.damaged = true;
+    return Write(store, key, name, NumberText(value));
+}
+
+bool CreateKey(FileStore& store, std::string_view key) {
+    Refresh(store);
+    if (!store.unreadable) store.created.insert(SectionOf(key));
+    return !store.unreadable;
+}
+
 bool HasKey(FileStore& store, std::string_view key) {
     Refresh(store);
     const std::string section = SectionOf(key);
@@ -133,13 +175,10 @@ std::string DefaultRegistryPath() {
 
 Registry OpenRegistryFile(const std::string& path) {
     const auto store = std::make_shared<FileStore>();
-    store->file = QString::fromStdString(path);
+    store->file = path;
     Registry registry;
     registry.open = [store](std::string_view key) { return HasKey(*store, key); };
-    registry.create = [store](std::string_view key) {
-        store->created.insert(SectionOf(key));
-        return true;
-    };
+    registry.create = [store](std::string_view key) { return CreateKey(*store, key); };
     registry.readNumber = [store](std::string_view key, std::string_view name) {
         const auto text = Read(*store, key, name);
         return text ? NumberOf(*text) : std::nullopt;
@@ -149,7 +188,7 @@ Registry OpenRegistryFile(const std::string& path) {
     };
     registry.writeNumber = [store](std::string_view key, std::string_view name,
                                    std::int32_t value) {
-        return Write(*store, key, name, NumberText(value));
+        return WriteNumber(*store, key, name, value);
     };
     registry.writeText = [store](std::string_view key, std::string_view name,
                                  std::u16string_view value) {
@@ -165,6 +204,7 @@ Registry OpenRegistryFile(const std::string& path) {
         ++store->depth;
     };
     registry.commit = [store] { return --store->depth > 0 || Flush(*store); };
+    registry.remarks = [store] { return store->remarks; };
     return registry;
 }
 

@@ -1,6 +1,7 @@
 // The program's state lives here. Its windows are hidden and shown while it runs, so the event loop
 // ends by Application::quit and not with the last window.
 #include <QApplication>
+#include <csignal>
 
 #include "base/message_line.h"
 #include "settings/registry_file.h"
@@ -14,6 +15,11 @@
 
 int main(int argc, char** argv) {
     using namespace kalvex;
+#ifdef SIGPIPE
+    // Standard error may be a pipe that nobody reads any more. A message that cannot be written
+    // there must not end the program before its settings are stored.
+    std::signal(SIGPIPE, SIG_IGN);
+#endif
     QApplication qt(argc, argv);
     QApplication::setApplicationName("kalvex");
     // With a display name Qt would append it to the caption of every message box.

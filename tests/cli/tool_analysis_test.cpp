@@ -128,15 +128,20 @@ TEST(AnalysisTool, TellsWhatItCannotDo) {
     Expect({{"analyze", "-o", good, "decart:x+*"}, "", 1, "", error});
     Expect({{"table", "-o", good, "decart:x+*"}, "", 1, "", error});
     EXPECT_EQ(ReadFile(good), "old");
-    for (const std::string& path : {folder.PathOf("missing/a.txt"), folder.PathOf("")}) {
+    const struct {
+        std::string path;
+        std::string reason;
+    } rows[] = {{folder.PathOf("missing/a.txt"), "No such file or directory"},
+                {folder.PathOf(""), "Is a directory"}};
+    for (const auto& [path, reason] : rows) {
         Expect({{"table", "-o", path, "decart:x"},
                 "",
                 3,
                 "",
-                "The table could not be written: " + path + "\n"});
+                "The table could not be written: " + path + ": " + reason + "\n"});
         const ToolRun run = RunTool({"analyze", "-o", path, "decart:x"});
         EXPECT_EQ(run.status, 3);
-        EXPECT_EQ(run.err, "The report could not be written: " + path + "\n");
+        EXPECT_EQ(run.err, "The report could not be written: " + path + ": " + reason + "\n");
     }
     EXPECT_EQ(RunTool({"table", "-o", "/dev/full", "decart:x"}).status, 3);
     EXPECT_TRUE(std::filesystem::is_character_file("/dev/full"));

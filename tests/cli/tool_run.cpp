@@ -73,6 +73,21 @@ ToolRun RunTool(const std::vector<std::string>& arguments, const std::string& in
     return run;
 }
 
+ToolRun RunScript(const std::string& script, const std::string& folder) {
+    std::string tool;
+    for (const std::string word : {KALVEX_CLI_COMMAND})
+        tool += (tool.empty() ? "" : " ") + word;
+    const TemporaryFolder streams;
+    std::ofstream(streams.PathOf("in"), std::ios::binary) << "";
+    ToolRun run;
+    run.status = Spawn({"/bin/sh", "-c", "cd \"$1\" && " + script, "sh", folder},
+                       Environment({"tool=" + tool}), streams.PathOf("in"), streams.PathOf("out"),
+                       streams.PathOf("err"));
+    run.out = ReadFile(streams.PathOf("out"));
+    run.err = ReadFile(streams.PathOf("err"));
+    return run;
+}
+
 TemporaryFolder::TemporaryFolder() {
     path_ = (std::filesystem::temp_directory_path() / "kalvex-test-XXXXXX").string();
     if (mkdtemp(path_.data()) == nullptr) std::abort();

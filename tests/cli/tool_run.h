@@ -1,4 +1,4 @@
-// Starts the built tool as a process, without a shell.
+// Starts the built tool as a process.
 #pragma once
 
 #include <string>
@@ -16,6 +16,10 @@ struct ToolRun {
 /// additional NAME=VALUE settings. With `outPath`, standard output goes to that file.
 ToolRun RunTool(const std::vector<std::string>& arguments, const std::string& input = "",
                 const std::vector<std::string>& environment = {}, const std::string& outPath = "");
+
+/// Runs a script of the shell sh, in which $tool starts the tool and the present folder is the
+/// given one, until it ends.
+ToolRun RunScript(const std::string& script, const std::string& folder);
 
 /// A fresh folder for one test, removed when the test is over.
 class TemporaryFolder final {

@@ -6,6 +6,8 @@
 #include <QTemporaryDir>
 #include <limits>
 
+#include "painter/picture_writers.h"
+
 namespace kalvex {
 namespace {
 

@@ -1,11 +1,16 @@
 #include "painter/picture_file.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <unistd.h>
 
 #include <QColor>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QtEndian>
+#include <fstream>
+
+#include "painter/picture_writers.h"
 
 namespace kalvex {
 namespace {
@@ -88,6 +93,41 @@ TEST(PictureFile, IsReadByOthers) {
     EXPECT_EQ(QImage(png).convertToFormat(QImage::Format_RGB32), picture);
     ASSERT_TRUE(WriteBitmap(bitmap, Checkered(5, 5))) << "overwrites";
     EXPECT_EQ(QImage(bitmap).width(), 5);
+}
+
+/// While an object of this class lives, the process gets only a little more memory than it has.
+class LittleMemory final {
+  public:
+    explicit LittleMemory(rlim_t bytes) {
+        getrlimit(RLIMIT_AS, &before);
+        rlim_t pages = 0;
+        std::ifstream("/proc/self/statm") >> pages;
+        const auto page = static_cast<rlim_t>(sysconf(_SC_PAGESIZE));
+        const rlimit limit = {pages * page + bytes, before.rlim_max};
+        setrlimit(RLIMIT_AS, &limit);
+    }
+    ~LittleMemory() { setrlimit(RLIMIT_AS, &before); }
+    LittleMemory(const LittleMemory&) = delete;
+    LittleMemory& operator=(const LittleMemory&) = delete;
+
+  private:
+    rlimit before{};
+};
+
+// A second picture of this size does not fit into the memory.
+TEST(PictureFile, IsWholeWithLittleMemory) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("a.bmp"));
+    QImage picture(6000, 4000, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    bool written = false;
+    {
+        const LittleMemory little(40'000'000);
+        written = WriteBitmap(path, picture);
+    }
+    EXPECT_TRUE(written);
+    EXPECT_EQ(QFile(path).size(), 54 + 6000 * 4000 * 3);
+    EXPECT_EQ(QImage(path).pixelColor(5999, 3999), QColor(Qt::red));
 }
 
 TEST(PictureFile, TellsFailure) {

@@ -9,8 +9,10 @@
 #include <QSvgRenderer>
 #include <QTemporaryDir>
 #include <QXmlStreamReader>
+#include <limits>
 
 #include "painter/painter.h"
+#include "painter/picture_writers.h"
 #include "painter/write_picture.h"
 
 namespace kalvex {
@@ -76,6 +78,20 @@ TEST(SvgFile, IsWellFormedAndHasNoHugeNumbers) {
     EXPECT_TRUE(svg.contains("font-family=\"sans-serif\""));
 }
 
+/// Adding the height of the letters to such a position must not overflow.
+TEST(SvgFile, ATextFarOffThePictureStaysThere) {
+    constexpr std::int32_t kLargest = std::numeric_limits<std::int32_t>::max();
+    DrawList list{120, 80, {}};
+    list.records.emplace_back(TextRecord{kLargest, kLargest, u"far", {0, 0, 0}, 12});
+    QXmlStreamReader reader(SvgOf(list));
+    double y = 0.0;
+    while (!reader.atEnd()) {
+        if (reader.readNext() == QXmlStreamReader::StartElement && reader.name() == QString("text"))
+            y = reader.attributes().value("y").toDouble();
+    }
+    EXPECT_GT(y, 2e9);
+}
+
 TEST(PdfFile, IsOnePageOfThePicturesSize) {
     const QTemporaryDir folder;
     const QString path = folder.filePath("picture.pdf");
@@ -97,8 +113,11 @@ TEST(VectorFiles, AreNotWrittenWhereTheyCannotBe) {
         EXPECT_FALSE(WritePdf(folder.filePath("a.pdf"), list));
     }
     for (const PictureFormat& format : PictureFormats()) {
-        EXPECT_FALSE(format.write("/dev/full", Sample())) << format.suffix;
-        EXPECT_TRUE(format.write("/dev/null", Sample())) << format.suffix;
+        const auto fill = [&](const TakeBytes& take) { return format.make(Sample(), take); };
+        EXPECT_EQ(WriteFileOrStream("/dev/full", fill).failure, "No space left on device")
+            << format.suffix;
+        EXPECT_TRUE(WriteFileOrStream("/dev/null", fill)) << format.suffix;
+        EXPECT_FALSE(WritePicture(format, "/dev/null", Sample())) << format.suffix;
     }
     EXPECT_FALSE(QFileInfo("/dev/full").isFile()) << "a device is not replaced by a file";
     EXPECT_FALSE(QFileInfo("/dev/null").isFile());
@@ -141,7 +160,7 @@ TEST(PictureFormat, WritesWhatItSays) {
         const QString path = folder.filePath("picture");
         EXPECT_EQ(format.suffix, rows[i].suffix);
         EXPECT_EQ(IsOffered(format, FormatsOf::Windows), rows[i].inWindows) << format.suffix;
-        EXPECT_TRUE(format.write(path, Sample())) << format.suffix;
+        EXPECT_TRUE(WritePicture(format, path.toStdString(), Sample())) << format.suffix;
         EXPECT_TRUE(Contents(path).startsWith(rows[i].start)) << format.suffix;
     }
 }

@@ -23,9 +23,13 @@ constexpr KnownHeader kKnownHeaders[] = {
     {"CLI/CLI.hpp", "CLI11::CLI11"},
     {"sleef.h", "PkgConfig::SLEEF"},
     {"arm_neon.h", ""},
+    {"dirent.h", ""},
     {"fcntl.h", ""},
     {"immintrin.h", ""},
+    {"locale.h", ""},
+    {"sys/file.h", ""},
     {"sys/stat.h", ""},
+    {"sys/xattr.h", ""},
     {"unistd.h", ""},
 };
 

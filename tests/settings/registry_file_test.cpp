@@ -280,6 +280,117 @@ TEST_F(RegistryFile, TakesWhatCanBeReadOfADamagedFile) {
     }
 }
 
+TEST(RegistryFileAt, ADeviceIsLeftAlone) {
+    const Registry registry = OpenRegistryFile("/dev/null");
+    registry.create("");
+    EXPECT_FALSE(registry.writeNumber("", "Wight", 2));
+    EXPECT_TRUE(fs::is_character_file("/dev/null"));
+}
+
+std::string ReadAll(const fs::path& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+
+/// While an object of this class lives, the process can open no more files.
+class NoMoreFiles final {
+  public:
+    NoMoreFiles() {
+        getrlimit(RLIMIT_NOFILE, &before);
+        const rlimit limit = {0, before.rlim_max};
+        setrlimit(RLIMIT_NOFILE, &limit);
+    }
+    ~NoMoreFiles() { setrlimit(RLIMIT_NOFILE, &before); }
+    NoMoreFiles(const NoMoreFiles&) = delete;
+    NoMoreFiles& operator=(const NoMoreFiles&) = delete;
+
+  private:
+    rlimit before{};
+};
+
+// The defaults that the program works with after a failed read must not replace the user's lines,
+// even if the file could be read a moment later.
+TEST_F(RegistryFile, IsNeverWrittenOverWhenItCouldNotBeRead) {
+    ASSERT_TRUE(CreateDefaultKeys(Open()));
+    const std::string before = Content();
+    const Registry registry = Open();
+    Workspace workspace = DefaultWorkspace();
+    ShownBoxes shown;
+    {
+        const NoMoreFiles none;
+        EXPECT_FALSE(CreateDefaultKeys(registry));
+        LoadFunctionTexts(registry, workspace, shown.show);
+    }
+    LoadFunctionSettings(registry, workspace, shown.show);
+    LoadSettings(registry, workspace, shown.show);
+    CreateMissingKeys(registry, workspace);
+    EXPECT_EQ(shown.boxes->size(), 1u);
+    EXPECT_FALSE(StoreFunctionTexts(registry, workspace.lines));
+    EXPECT_FALSE(StoreFunctionSettings(registry, workspace.functions));
+    EXPECT_FALSE(StoreView(registry, workspace.view, workspace.options));
+    EXPECT_EQ(StoreOption(registry, "Wight", 2), 0);
+    EXPECT_EQ(Content(), before);
+    EXPECT_EQ(RemarksOf(registry).notStored,
+              file.string() + " could not be read: Too many open files");
+    EXPECT_EQ(StoreOption(Open(), "Wight", 2), 1) << "the next start";
+}
+
+TEST_F(RegistryFile, KeepsWhatItDoesNotUnderstand) {
+    const std::string contents[] = {
+        "[Kalvex]\nWight=2\nrubbish without a sign\n",
+        "[Kalvex]\nAxex=1\n[Function",
+        std::string("\xff\xfe\x01[[["),
+        "[Kalvex]\nWight=2\n[Function1]\nequ=sin\xE9(x)\n",
+        "[Kalvex]\nWight=two\n",
+        "[Kalvex]\nWight=1\n;" + std::string(1 << 20, ' ') + "\n[Function1]\nequ=x\n",
+    };
+    int number = 0;
+    for (const std::string& content : contents) {
+        Write(content);
+        const Registry registry = Open();
+        registry.create("");
+        EXPECT_EQ(RemarksOf(registry).keptAs, "");
+        EXPECT_TRUE(registry.writeNumber("", "Wight", 17)) << content.substr(0, 100);
+        const std::string kept = file.string() + ".damaged-" + std::to_string(++number);
+        EXPECT_EQ(RemarksOf(registry).keptAs, kept) << content.substr(0, 100);
+        EXPECT_EQ(ReadAll(kept), content);
+        EXPECT_TRUE(registry.writeNumber("", "Wight", 18));
+        EXPECT_EQ(Open().readNumber("", "Wight"), 18);
+    }
+    EXPECT_FALSE(fs::exists(file.string() + ".damaged-" + std::to_string(number + 1)));
+    for (const std::string& content : {std::string("; a note\n[Kalvex]\n\nWight=1\n"), Content()}) {
+        Write(content);
+        EXPECT_TRUE(Open().writeNumber("", "Wight", 19));
+    }
+    EXPECT_FALSE(fs::exists(file.string() + ".damaged-" + std::to_string(number + 1)));
+}
+
+TEST_F(RegistryFile, IsNotReplacedWhenADamagedOneCannotBeKept) {
+    const std::string damaged = "rubbish\n[Kalvex]\nWight=2\n";
+    Write(damaged);
+    for (int number = 1; number <= 1000; ++number)
+        std::ofstream(file.string() + ".damaged-" + std::to_string(number)) << number;
+    const Registry registry = Open();
+    EXPECT_FALSE(registry.writeNumber("", "Wight", 17));
+    EXPECT_EQ(Content(), damaged);
+    EXPECT_EQ(ReadAll(file.string() + ".damaged-7"), "7");
+    EXPECT_EQ(RemarksOf(registry).notStored, "the damaged file could not be kept");
+}
+
+TEST_F(RegistryFile, SaysWhyItWasNotStored) {
+    const Registry registry = Open();
+    ASSERT_TRUE(CreateDefaultKeys(registry));
+    EXPECT_EQ(RemarksOf(registry).notStored, "");
+    {
+        const FullDisk full(600);
+        EXPECT_EQ(StoreOption(registry, "Wight", 2), 0);
+    }
+    EXPECT_EQ(RemarksOf(registry).notStored, "File too large");
+    EXPECT_EQ(StoreOption(registry, "Wight", 2), 1);
+    EXPECT_EQ(RemarksOf(registry).notStored, "");
+    EXPECT_EQ(RemarksOf(MakeFaultyRegistry().registry).notStored, "");
+}
+
 TEST(DefaultRegistryPath, EndsAsItMust) {
     EXPECT_TRUE(DefaultRegistryPath().ends_with("/kalvex/kalvex.ini"));
 }

@@ -1,4 +1,6 @@
 // The program as separate processes.
+#include <unistd.h>
+
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
@@ -13,6 +15,7 @@ namespace {
 
 struct Home {
     QTemporaryDir folder;
+    bool talks = false;  ///< the program writes to standard error while it starts
 
     QString Path(const char* name) const { return folder.filePath(name); }
     void Start(QProcess& process) const {
@@ -22,6 +25,7 @@ struct Home {
         }
         environment.insert("QT_QPA_PLATFORM", "offscreen");
         environment.insert("LC_ALL", "C.UTF-8");  // Qt remarks on a locale without UTF-8
+        if (talks) environment.insert("QT_DEBUG_PLUGINS", "1");
         process.setProcessEnvironment(environment);
         process.start(KALVEX_PROGRAM, QStringList());
     }
@@ -105,6 +109,24 @@ class ProcessTest final : public QObject {
         second.terminate();
         QVERIFY(second.waitForFinished(20000));
         QCOMPARE(second.exitCode(), 0);
+    }
+    void NobodyReadsStandardError() {
+        Home home;
+        home.talks = true;
+        int ends[2] = {};
+        QCOMPARE(pipe(ends), 0);
+        close(ends[0]);
+        QProcess process;
+        process.setChildProcessModifier([&ends] { dup2(ends[1], STDERR_FILENO); });
+        home.Start(process);
+        close(ends[1]);
+        QTRY_VERIFY_WITH_TIMEOUT(home.IsFound(), 20000);
+        home.ReplaceInSettings("equ=Gamma(x)", "equ=elsewhere");
+        process.terminate();
+        QVERIFY(process.waitForFinished(20000));
+        QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(process.exitCode(), 0);
+        QVERIFY(home.Settings().contains("equ=Gamma(x)\n"));
     }
 };
 

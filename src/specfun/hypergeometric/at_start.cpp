@@ -99,9 +99,11 @@ PlainGrowth PlainGrowthAfter(const HypergeometricParameters& p, double s, double
             (rise * (next - s) - 2 * numerator) * ratio};
 }
 
-/// The terms from the k-th on that are small enough for plain arithmetic.
+/// Adds the terms from the k-th on, which are small enough for plain arithmetic.
 void AddTails(const HypergeometricParameters& p, double s, double k, double term, double difference,
               double tolerance, std::array<Solutions, 2>& both) {
+    // Never reached: w is at most 1/4 and the parameters are next to 0, so that terms below 2^-100
+    // take some 60.
     constexpr double kMostTerms = 400;
     struct Tail {
         double power;
@@ -137,8 +139,8 @@ void AddTails(const HypergeometricParameters& p, double s, double k, double term
 /// At two points, the one farther from z = 1 first.
 std::array<Solutions, 2> SolutionsAt(const HypergeometricParameters& p, DoubleDouble farther,
                                      DoubleDouble nearer, double tolerance) {
-    constexpr double kPlain = 0x1p-48;
-    constexpr int kMostTerms = 400;
+    constexpr double kPlain = 0x1p-48;  // of a term in plain arithmetic, 32 roundings
+    constexpr int kMostTerms = 400;     // see AddTails
     const DoubleDouble s = p.c - p.a - p.b;
     const DoubleDouble sum = p.a + p.b;
     std::array<Solutions, 2> both = {Solutions{farther}, Solutions{nearer}};
@@ -200,6 +202,8 @@ Combination Matched(const HypergeometricPoint& at, const Solutions& there, doubl
 KALVEX_WITH_FMA
 HypergeometricPoint AtStart(const HypergeometricParameters& p, const Place& place,
                             double tolerance) {
+    // At 3/4 the series in z and that in w, which falls like 1/4, are both short. Up to 0.85 one
+    // longer series in z costs less than the three of a match.
     constexpr double kFarthest = 0.85;
     constexpr double kMeeting = 0.75;
     constexpr double kOfSeries = 0x1p-98;  // logarithm, exponential and the coefficients

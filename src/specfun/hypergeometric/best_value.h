@@ -18,8 +18,16 @@ struct Value {
     double slope = 0;            // x times the derivative, as a multiple of 2^exponent
 };
 
-inline constexpr double kGoodEnough = 0x1p-58;  // a loss for which no other method is tried
-inline constexpr double kBearable = 0x1p-57;    // a loss with which a value is still delivered
+/// A value whose loss is below this is taken, and no other method is tried: 1/32 of a unit in the
+/// last place of a double.
+inline constexpr double kGoodEnough = 0x1p-58;
+
+/// The best value found is delivered if its loss is below this, 1/16 of a unit in the last place.
+/// Else the call fails.
+inline constexpr double kBearable = 0x1p-57;
+
+/// The message of a value out of range or not known to enough digits.
+inline constexpr char kOverflow[] = "Overflow in Hypergeometric2F1";
 
 inline void KeepBetter(Value& best, const Value& other) {
     if (other.loss < best.loss) best = other;

@@ -10,7 +10,11 @@
 
 namespace kalvex::specfun {
 
+/// Longer blocks cost less for each step, but the bound of their errors fails more often
+/// (blocks.cpp).
 inline constexpr int kBlockSteps = 16;
+
+/// The size of the table of blocks on the stack, 34 KiB for four lanes; longer ways are cut.
 inline constexpr int kMostBlocks = 64;
 
 /// The steps of a block multiplied out: what they make of (value, slope) = (1,0) and of (0,1), and

@@ -13,10 +13,14 @@ namespace kalvex::specfun {
 
 inline constexpr std::int64_t kMostOwnLimbs = 4;  // of one parameter: 256 bits
 
+/// The terms that a sum of many digits takes at most: with four limbs 24,000 terms times limbs,
+/// which is nearly what WideValue spends on a value at all.
+inline constexpr int kMostWideTerms = 6000;
+
 /// 2^exponent, cut off at 2^-1000 and 2^1000.
 [[nodiscard]] inline double PowerOfTwo(double exponent) {
-    constexpr double kEnd = 1000;
-    constexpr std::int64_t kBias = 1023;
+    constexpr double kEnd = 1000;         // within the normal range of a double
+    constexpr std::int64_t kBias = 1023;  // of the exponent of a double
     const double within = std::clamp(exponent, -kEnd, kEnd);
     const double whole = std::floor(within);
     const double power = std::bit_cast<double>(
@@ -74,10 +78,10 @@ struct Counter {
           unitLimb(static_cast<std::size_t>(-scale / 64)),
           unit(std::uint64_t{1} << (-scale % 64)),
           negative(a.sign < 0) {
-        constexpr std::int64_t kGrows = 13;  // by up to 6000
+        constexpr std::int64_t kGrows = std::bit_width(unsigned{kMostWideTerms});
         const std::int64_t most = std::max<std::int64_t>(a.exponent, kGrows) + 1 - scale;
         failed = most > 64 * kMostOwnLimbs || !SetInteger(a, scale, magnitude);
-        constexpr std::int64_t kUsual = 8;
+        constexpr std::int64_t kUsual = 8;  // of k, which is some hundred at the end as a rule
         bits = static_cast<double>(std::max(a.exponent, kUsual) - scale);
     }
 

@@ -8,7 +8,9 @@
 
 namespace kalvex::specfun {
 
-inline constexpr double kWanted = 90;  // bits of a value
+/// Bits of a value to sum for: the 70 that must be right (kEnough in wide_value.cpp), and 20 for
+/// sums of values that cancel by as much.
+inline constexpr double kWanted = 90;
 
 /// The greatest term and the sum, as logarithms to base 2, and the number of terms. `measured` is
 /// false where so much cancels that plain arithmetic does not see the sum; `sum` is then a bound.

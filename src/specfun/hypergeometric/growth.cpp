@@ -36,7 +36,7 @@ double Discriminating(const Exponents& e, double z, double w) {
 }  // namespace
 
 double Outgrown(const HypergeometricParameters& p, double z, double w) {
-    constexpr double kTiny = 1e-250;
+    constexpr double kTiny = 1e-250;  // keeps the logarithms finite where turning points coincide
     const Exponents e = ExponentsOf(p);
     const auto [atZero, atOne, atInfinity, l, m, n] = e;
     const double root = std::sqrt(Discriminating(e, z, w));
@@ -72,11 +72,11 @@ double SlopeOfMinimal(const HypergeometricParameters& p, double z, double w) {
 // behind may be next to 0 where s is next to an integer, 2^-60 at least, which the 2^64 between the
 // two parts and the distance from the end of the range allow for.
 bool Overflows(const HypergeometricParameters& p, double x) {
-    constexpr double kLeastDecay = -32;
-    constexpr double kSmall = 0x1p-4;
-    constexpr double kRange = 1024 + 64;  // of exponents, and something to be certain
-    constexpr double kApart = 64;
-    constexpr double kOffInteger = 0x1p-30;
+    constexpr double kLeastDecay = -32;      // 16 terms that fall by 1/8 come to 2^-48
+    constexpr double kSmall = 0x1p-4;        // the ratio is 1/8 beside denominators of -s/2
+    constexpr double kRange = 1024 + 64;     // of exponents, and something to be certain
+    constexpr double kApart = 64;            // bits between the two parts
+    constexpr double kOffInteger = 0x1p-30;  // lgamma has poles at integral s
     const double a = p.a.high;
     const double b = p.b.high;
     const double c = p.c.high;

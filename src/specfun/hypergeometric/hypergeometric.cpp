@@ -14,9 +14,32 @@
 namespace kalvex::specfun {
 namespace {
 
-constexpr char kOverflow[] = "Overflow in Hypergeometric2F1";
+/// The function for x, a and b that are not 0. Where c is 0, -1, -2, ... the series ends by a.
+Value ValueOf(const HypergeometricParameters& p, double x);
 
-constexpr double kTiny = 0x1p-75;  // its square counts for nothing beside the loss allowed
+}  // namespace
+
+double Hypergeometric2F1(double a, double b, double c, double x) {
+    if (std::isnan(x)) return x;
+    if (!std::isfinite(a) || !std::isfinite(b) || !std::isfinite(c)) throw ap::ap_error{kOverflow};
+    if (!(std::fabs(x) < 1)) throw ap::ap_error{"Domain error in Hypergeometric2F1"};
+    HypergeometricParameters p = {{a, 0}, {b, 0}, {c, 0}};
+    if (IsNegativeInteger(p.c) && !EndsBefore(p.a, p.c)) {
+        std::swap(p.a, p.b);
+        if (!EndsBefore(p.a, p.c)) throw ap::ap_error{kOverflow};
+    }
+    if (a == 0 || b == 0 || x == 0) return 1;
+    const Value value = ValueOf(p, x);
+    if (!(value.loss < kBearable)) throw ap::ap_error{kOverflow};
+    const double result = std::ldexp(ToDouble(value.fraction), value.exponent);
+    if (!std::isfinite(result)) throw ap::ap_error{kOverflow};
+    return result;
+}
+
+namespace {
+
+// Its square counts for nothing beside the loss of 2^-57, even where 2^90 cancels.
+constexpr double kTiny = 0x1p-75;
 
 Value Sum(const Value& left, const Value& right) {
     constexpr int kFar = 1000;  // beyond which one of the two counts for nothing
@@ -48,7 +71,7 @@ Value Times(Value value, DoubleDouble factor) {
     return value;
 }
 
-/// Times x, which adds to the slope, too.
+/// Times x. The slope of x F is x F plus x times the slope of F.
 Value TimesArgument(Value value, double x) {
     const double size = std::fabs(value.fraction.high);
     const double error = value.loss * (size + std::fabs(value.slope));
@@ -74,6 +97,8 @@ constexpr Value One(double relative) {
 
 /// Whether x is so small that all terms after the second count for nothing.
 bool IsLinear(const HypergeometricParameters& p, double x) {
+    // The third term is (a+1)(b+1)/(2(c+1)) x times the second, which is below 10^-114, as c+1 is
+    // not below 2^-53.
     constexpr double kNothing = 1e-250;
     constexpr double kMost = 1e60;
     return std::fabs(x) < kNothing && std::fabs(p.a.high) < kMost && std::fabs(p.b.high) < kMost;
@@ -81,7 +106,8 @@ bool IsLinear(const HypergeometricParameters& p, double x) {
 
 Value CarefulValue(const HypergeometricParameters& p, double x);
 
-/// The multiple of `unit` next to a parameter next to 0, at least kTiny: a walk can take it.
+/// What a walk takes in place of a parameter next to 0: the nearest multiple of `unit`, but at
+/// least kTiny.
 double Shortened(double a, double unit) {
     const double multiple = std::nearbyint(a / unit) * unit;
     return std::fabs(multiple) < kTiny ? kTiny : multiple;
@@ -91,21 +117,23 @@ double Shortened(double a, double unit) {
 /// `instead` in its place and scaled.
 Value OfTiny(HypergeometricParameters p, DoubleDouble HypergeometricParameters::*tiny,
              double instead, double x) {
-    constexpr double kDigits = 0x1p-100;  // of what a fraction holds
     const DoubleDouble factor = p.*tiny / instead;
     p.*tiny = {instead, 0};
-    const Value rise = Sum(CarefulValue(p, x), {{-1, 0}, 0, kDigits, kDigits});
-    return Sum(One(kDigits), Times(rise, factor));
+    const Value rise = Sum(CarefulValue(p, x), {{-1, 0}, 0, kPairError, kPairError});
+    return Sum(One(kPairError), Times(rise, factor));
 }
 
 /// Whether the sums of many digits take these parameters.
 bool MayBeWide(const HypergeometricParameters& p) {
+    // The lowest bit of such a double is 2^-192 at least. With that of its low part and the carry
+    // of a+k it fits into the 256 bits of a factor (counter.h).
     constexpr double kLeast = 0x1p-140;
     const auto may = [](DoubleDouble a) { return a.high == 0 || std::fabs(a.high) >= kLeast; };
     return may(p.a) && may(p.b) && may(p.c);
 }
 
-// Below it F-1 is proportional to a parameter: the square times a logarithm counts for nothing.
+// For a parameter below it F-1 is proportional to it: its square, 2^-80, times a logarithm of the
+// range, 2^10 at most, counts for nothing beside 2^-57.
 constexpr double kProportional = 0x1p-40;
 
 /// By all general methods, the sums of many digits last.
@@ -127,22 +155,22 @@ Value CarefulValue(const HypergeometricParameters& p, double x) {
 /// (1-x)^-b, which is the function where a is c.
 Value Power(double b, double x) {
     constexpr double kMost = 1e8;  // beyond, in logarithms, there is nothing to be told apart
-    constexpr int kOutOfRange = 1 << 20;
-    constexpr double kDigits = 0x1p-100;
+    constexpr int kOutOfRange = 1 << 20;  // any exponent that no double has
     const double size = -b * std::log1p(-x);
     if (!(std::fabs(size) < kMost)) {
-        return {{1, 0}, size > 0 ? kOutOfRange : -kOutOfRange, kDigits, kDigits, 0};
+        return {{1, 0}, size > 0 ? kOutOfRange : -kOutOfRange, kPairError, kPairError, 0};
     }
     HypergeometricPoint one;
     one.value = {1, 0};
-    one.error = kDigits;
+    one.error = kPairError;
     return ValueOf(Form{{}, {-b, 0}}, one, x);
 }
 
 /// (1-x)^-b - 1 where that is small; denormal b have all their digits, too.
 Value PowerMinusOne(double b, double x) {
+    // The logarithm and ExpMinusOne are 2^-90 off at most, the products by far less.
     constexpr double kDigits = 0x1p-85;
-    constexpr int kLinear = -110;
+    constexpr int kLinear = -110;  // exp(l) - 1 is l but for l^2/2, 2^-110 of it
     int exponent = 0;
     const double fraction = -std::frexp(b, &exponent);
     const DoubleDouble log = LogOneLess(x) * fraction;
@@ -161,8 +189,7 @@ Value Ratio(DoubleDouble numerator, double c) {
     const double divisor = std::frexp(c, &ofC);
     const double high = std::frexp(numerator.high, &own);
     const DoubleDouble fraction = {high, std::ldexp(numerator.low, -own)};
-    constexpr double kDigits = 0x1p-100;
-    return {fraction / divisor, own - ofC, kDigits, kDigits};
+    return {fraction / divisor, own - ofC, kPairError, kPairError};
 }
 
 Value Product(const Value& constant, const Value& value) {
@@ -172,7 +199,7 @@ Value Product(const Value& constant, const Value& value) {
 }
 
 double SizeAt(const Value& value, int exponent) {
-    constexpr int kMost = 1000;
+    constexpr int kMost = 1000;  // powers of two, within the range
     return std::ldexp(std::fabs(value.fraction.high),
                       std::clamp(value.exponent - exponent, -kMost, kMost));
 }
@@ -183,9 +210,9 @@ double SizeAt(const Value& value, int exponent) {
 /// (E(x) - E(xt)/t)/(1-t) from 0 to 1, which is G, is at most
 ///   max(|bx|, |E(x)|) (1 + 2 ln((1+|b|)/(1-x))).
 Value TiedValue(double a, double b, double c, double x) {
-    constexpr double kSmall = 0.5;
-    constexpr double kOfLogarithm = 0x1p-85;
-    constexpr double kHigherOrders = 2;
+    constexpr double kSmall = 0.5;            // of an exponent: ExpMinusOne takes up to 1
+    constexpr double kOfLogarithm = 0x1p-85;  // the error of PowerMinusOne
+    constexpr double kHigherOrders = 2;       // more than all orders after the first come to
     const Value ratio = Ratio({a, 0}, c);
     const bool small = std::fabs(b * std::log1p(-x)) < kSmall;
     const Value rise = Product(ratio, small ? PowerMinusOne(b, x) : Power(b, x));
@@ -206,7 +233,8 @@ Value TiedValue(double a, double b, double c, double x) {
 /// depends on c. The second part is found from the function at a larger c, and is all that counts
 /// where F(a+1,b+1;2;x) is next to 0.
 Value NextToPole(const HypergeometricParameters& p, double x) {
-    constexpr double kOfLarger = 0x1p-68;  // what the larger c changes, by the part's own size
+    // What the larger c changes, relative to the part: kTiny times at most 2^7 for logarithms.
+    constexpr double kOfLarger = 0x1p-68;
     const double larger = std::copysign(kTiny, p.c.high);
     const HypergeometricParameters there = {p.a, p.b, {larger, 0}};
     const Value pole = CarefulValue({p.a + 1, p.b + 1, {2, 0}}, x);
@@ -219,6 +247,7 @@ Value NextToPole(const HypergeometricParameters& p, double x) {
     return best;
 }
 
+// The methods in the order of docs/hypergeometric.md.
 Value ValueOf(const HypergeometricParameters& p, double x) {
     const double c = p.c.high;
     if (!IsNegativeInteger(p.c) && (p.a.high == c || p.b.high == c)) {
@@ -239,22 +268,5 @@ Value ValueOf(const HypergeometricParameters& p, double x) {
 }
 
 }  // namespace
-
-double Hypergeometric2F1(double a, double b, double c, double x) {
-    if (std::isnan(x)) return x;
-    if (!std::isfinite(a) || !std::isfinite(b) || !std::isfinite(c)) throw ap::ap_error{kOverflow};
-    if (!(std::fabs(x) < 1)) throw ap::ap_error{"Domain error in Hypergeometric2F1"};
-    HypergeometricParameters p = {{a, 0}, {b, 0}, {c, 0}};
-    if (IsNegativeInteger(p.c) && !EndsBefore(p.a, p.c)) {
-        std::swap(p.a, p.b);
-        if (!EndsBefore(p.a, p.c)) throw ap::ap_error{kOverflow};
-    }
-    if (a == 0 || b == 0 || x == 0) return 1;
-    const Value value = ValueOf(p, x);
-    if (!(value.loss < kBearable)) throw ap::ap_error{kOverflow};
-    const double result = std::ldexp(ToDouble(value.fraction), value.exponent);
-    if (!std::isfinite(result)) throw ap::ap_error{kOverflow};
-    return result;
-}
 
 }  // namespace kalvex::specfun

@@ -12,8 +12,8 @@
 // Along: for any vectors v(k), r(k) = M(k)^T v(k) - v(k-1) being their residuals,
 //   v(n).e(n) = v(0).e(0) + sum of v(k).d(k) + sum of r(k).e(k-1).                           (3)
 // The v(k) are computed by the adjoint recurrence, backward from (1,0) or (0,1), in plain
-// arithmetic, so that |r(k)| <= rho A(k)^T |v(k)|, rho = kPlainError. In (3) e(k-1) is found from
-// v(k-1).e(k-1) = Z and e(k-1) x Y(k-1), of which (2) knows a bound X:
+// arithmetic, so that |r(k)| <= rho A(k)^T |v(k)|, rho = kPlainError (parts.h). In (3) e(k-1) is
+// found from v(k-1).e(k-1) = Z and e(k-1) x Y(k-1), of which (2) knows a bound X:
 //   |e(k-1)| <= (Z |Y(k-1)| + X |J v(k-1)|) / |v(k-1).Y(k-1)|,                               (4)
 // and v(k).Y(k) is the same for all k but for errors of the same kind. So with
 //   S = sum of |v(k)|^T A(k) |Y(k-1)|,  R = sum of X(k-1) |v(k)|^T A(k) |J v(k-1)|,
@@ -90,7 +90,7 @@ void Rescale(double power, RunningError& error) {
 }
 
 double ErrorOfValue(const RunningError& error, const Column<DoubleDouble>& at) {
-    constexpr double kSmall = 0x1p-20;
+    constexpr double kSmall = 0x1p-20;  // D would lose 20 bits; 4 rho S <= D has 48 to spare
     const double value = std::fabs(at.value.high);
     const double slope = std::fabs(at.slope.high);
     const bool vanishes = value < kSmall * slope;  // next to a zero D is that of the slope

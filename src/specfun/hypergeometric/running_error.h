@@ -9,9 +9,6 @@
 
 namespace kalvex::specfun {
 
-/// rho of running_error.cpp: of an adjoint step in plain arithmetic, eight roundings of 2^-53.
-inline constexpr double kPlainError = 0x1p-50;
-
 /// The trace of a step or of a block of steps, and value, slope and `across` before it.
 struct RecordedStep {
     MapOf<double> map;

@@ -1,8 +1,8 @@
 // The power series of the Gauss hypergeometric function (DLMF 15.2.1). The ratio of neighbouring
 // terms is formed with its rounding errors, and terms and sums are carried as a double and a
-// correction: as good as twice the precision at half its price. What cancels is seen from the
-// sum of magnitudes, from which the error is estimated. Terms that are small enough for it are
-// added in plain arithmetic.
+// correction: as good as twice the precision at half its price. The bound of the error follows
+// from the sum of the magnitudes of the terms, so that it tells what cancels. Terms that are small
+// enough for it are added in plain arithmetic.
 #include "specfun/hypergeometric/series.h"
 
 #include <algorithm>
@@ -11,13 +11,16 @@
 namespace kalvex::specfun {
 namespace {
 
-constexpr int kMostTerms = 2000;
-constexpr double kUnit = 0x1p-102;  // of the error of one step
+constexpr int kMostTerms = 2000;    // 14 us; forms are tried if 1200 are foreseen
+constexpr double kUnit = 0x1p-102;  // bounds what one step adds to the relative error: 16 u^2
+// Magnitudes are counted k+3 times. So the sums are within the range if these are.
 constexpr double kOverflowing = 1e305;
-constexpr double kUnderflowing = 1e-270;  // of terms that may grow again
-constexpr double kPlainError = 0x1p-50;   // of one term in one double, for each step so far
+// Below it the error of a product of two doubles, 2^-106 of it, comes next to denormal numbers.
+constexpr double kUnderflowing = 1e-270;
 
-/// (a+k)(b+k) / ((c+k)(k+1)); the low part is not normalised.
+/// a b / (c next): the ratio of two neighbouring terms, where a, b and c are a+k, b+k and c+k, and
+/// next is k+1. It is LooseQuotient of two products but for the normalisation of each result, which
+/// only the sum of the terms needs. The error counts into kUnit.
 DoubleDouble Ratio(DoubleDouble a, DoubleDouble b, DoubleDouble c, double next) {
     const double numerator = a.high * b.high;
     const double numeratorLow =
@@ -34,23 +37,27 @@ bool IsZero(DoubleDouble a) {
     return a.high + a.low == 0;
 }
 
-/// How the terms fall from here on: each ratio of neighbours is at most `ratio`, and if `power` is
-/// positive, the j-th at most 1 - power/j.
+/// How the terms fall from here on. Each ratio of neighbours is at most `ratio`, and, if `power` is
+/// positive, that of the terms j and j-1 is at most 1 - power/j.
 struct Decay {
     double ratio;
     double power = 0;
 
-    /// Of a bound of the sum over k t(k) of the rest to next t(next).
+    /// A bound of the sum of j |t(j)| over all j from `next` on, divided by next |t(next)|.
     double Rest(double next) const {
         const double geometric = ratio < 1 ? 1 / ((1 - ratio) * (1 - ratio)) : INFINITY;
-        return power > 3 ? std::min(geometric, next / (power - 2)) : geometric;
+        constexpr double kLeastPower = 3;  // the sum converges from 2 on
+        return power > kLeastPower ? std::min(geometric, next / (power - 2)) : geometric;
     }
 };
 
-/// Once all factors are positive: the quotients of two factors tend to 1 monotonically, and
-/// (c+k)(k+1) - (a+k)(b+k) is linear in k, so that once it is positive and growing it stays so, and
-/// k+1 times 1 less the ratio, a quotient of two linear functions, keeps between what it is and
-/// what it tends to.
+/// The decay after the term with the factors a, b, c and next, all of them positive.
+///
+/// (c+k)(k+1) - (a+k)(b+k) is linear in k. Where it is positive and grows it stays positive, so
+/// that the quotient of the factors stays below 1. Next times (1 - quotient) is a quotient of two
+/// linear functions of k, which lies between its value here and its limit: that is the power. In
+/// all other cases the quotient is bounded as a product of two quotients such as (a+k)/(c+k), each
+/// of which tends to 1 monotonically.
 Decay DecayAfter(double a, double b, double c, double next, double z) {
     const double denominator = c * next;
     const double excess = denominator - a * b;
@@ -67,16 +74,17 @@ double Settled(const HypergeometricParameters& p) {
     return -std::min({p.a.high, p.b.high, p.c.high});
 }
 
-/// Neither settles nor ends within so many terms.
+/// Whether the series does not end within `most` terms and not all factors are positive by then.
 bool TooLong(const HypergeometricParameters& p, double settled, double most) {
     const auto ends = [most](DoubleDouble a) { return IsNegativeInteger(a) && a.high >= -most; };
     return settled > most && !ends(p.a) && !ends(p.b);
 }
 
-/// Whether terms that are about to underflow come back before they fall for good.
+/// Whether terms that have become too small to be carried on may grow to a size that counts before
+/// they fall for good.
 bool GrowsAgain(const HypergeometricParameters& p, double z, double k, double settled) {
-    constexpr double kMuch = 460;
-    constexpr double kFarthest = 4000;  // beyond it nothing is known
+    constexpr double kMuch = 460;       // e^460 is 10^200; 10^-270 times that does not count
+    constexpr double kFarthest = 4000;  // terms looked at; beyond it the answer is yes
     if (settled > kFarthest) return true;
     double logarithm = 0;
     double change = 0;
@@ -90,9 +98,11 @@ bool GrowsAgain(const HypergeometricParameters& p, double z, double k, double se
     return false;
 }
 
-/// The terms after the k-th, which one double each is enough for.
+/// Adds the terms after the k-th, which are small enough for plain arithmetic, until the rest is
+/// below `enough`.
 void AddTail(const HypergeometricParameters& p, double z, double k, double term, double enough,
              Decay decay, HypergeometricPoint& sum) {
+    // Forms are tried if 1200 terms are foreseen for an error of 2^-57; this is five times as many.
     constexpr int kMostOfTail = 6000;
     const double limit = std::fabs(z);
     double value = 0;
@@ -109,8 +119,9 @@ void AddTail(const HypergeometricParameters& p, double z, double k, double term,
     sum.slope += slope;
 }
 
-/// The terms of the series; returns the sum over k of their magnitudes times k+3, and keeps k in
-/// `terms`.
+/// Adds the terms of the series to `sum` and counts them in `terms`. Returns the sum over k of the
+/// magnitude of the k-th term times k+3, from which the bound of the error follows: k steps have
+/// led to that term, and three operations add it.
 double AddTerms(const HypergeometricParameters& p, DoubleDouble z, double tolerance, double settled,
                 HypergeometricPoint& sum, int& terms) {
     DoubleDouble term = {1, 0};
@@ -170,8 +181,8 @@ HypergeometricPoint SumHypergeometric(const HypergeometricParameters& p, DoubleD
 }
 
 double MeasuredLoss(const HypergeometricParameters& p, double z) {
-    constexpr int kMost = 3000;
-    constexpr double kNegligible = 1e-18;
+    constexpr int kMost = 3000;            // forms are tried if 1200 are foreseen
+    constexpr double kNegligible = 1e-18;  // below 2^-53, the rounding of the sum
     const double settled = Settled(p);
     if (TooLong(p, settled, kMost)) return INFINITY;
     double term = 1;

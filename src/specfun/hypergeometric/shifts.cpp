@@ -24,12 +24,14 @@
 namespace kalvex::specfun {
 namespace {
 
-constexpr double kTolerance = 0x1p-100;
-constexpr double kBearable = 29;  // e-foldings that a walk outwards may lose; 2^-100 has 69
+constexpr double kTolerance = kPairError;
+// e-foldings that a walk outwards may lose: 2^42 of the 2^100 of the arithmetic, which leaves 2^-58
+constexpr double kBearableOutwards = 29;
 constexpr HypergeometricPoint kFailure = {{}, {}, 0, true};
 
-/// A place two steps of a or b before the end, where c-a or c-b is an integer next to 0: steps
-/// divide by them.
+/// A detour for the end of a walk. Steps divide by c-a and c-b. Where one of these is an integer
+/// below 2 in magnitude, the walk first goes to an a or b that is 2 away, so that the last steps
+/// change that parameter alone.
 HypergeometricParameters BeforeEnd(HypergeometricParameters p) {
     constexpr double kClose = 2;
     for (DoubleDouble* a : {&p.a, &p.b}) {
@@ -50,9 +52,9 @@ HypergeometricPoint Outwards(const HypergeometricParameters& from, const Hyperge
     return WalkTo(to, place, t) ? PointOf(t) : kFailure;
 }
 
-/// Comes to p from `part` of the steps beyond it, where value and slope are known about: the slope
-/// is taken to be off there by no more than itself and z/w. Returns a bound of the error of the
-/// slope at p relative to the slope, infinite on failure.
+/// Walks to p from parameters that lie beyond it by `part` times `steps`. At the start of this walk
+/// the value is 1 and the slope an estimate, whose error is taken to be at most the slope itself
+/// plus z/w. Returns a bound of the relative error of the slope at p, infinite on failure.
 double ComeFromFar(const HypergeometricParameters& p, const std::array<double, 3>& steps,
                    double part, const Place& place, Traveller& t) {
     const HypergeometricParameters far = Beyond(p, steps, part);
@@ -66,12 +68,14 @@ double ComeFromFar(const HypergeometricParameters& p, const std::array<double, 3
 }
 
 bool IsGood(const HypergeometricPoint& point) {
-    constexpr double kGood = 0x1p-60;  // what the conversion to x makes of it included
+    // A quarter of kGoodEnough, for what the change from z to x makes of the loss.
+    constexpr double kGood = 0x1p-60;
     return point.error < kGood * (std::fabs(point.value.high) + std::fabs(point.slope.high));
 }
 
-/// A walk inwards has the function but for a factor. Scales `point` by that which makes `known`,
-/// the end of the walk, the value at the start.
+/// A walk inwards computes a multiple of the function. At the end of the walk this multiple is
+/// `known`, and the function is `start`. Multiplies `point` by the quotient of the two, which makes
+/// it the function.
 void ScaleTo(const HypergeometricPoint& start, const HypergeometricPoint& known,
              HypergeometricPoint& point) {
     const DoubleDouble factor = start.value / known.value;
@@ -89,14 +93,14 @@ void ScaleTo(const HypergeometricPoint& start, const HypergeometricPoint& known,
 HypergeometricPoint Inwards(const HypergeometricParameters& from, const HypergeometricPoint& start,
                             const HypergeometricParameters& to, const Place& place,
                             double outgrown) {
-    constexpr double kNeeded = 43;  // e^-43 is 2^-62, less than what kGood allows
+    constexpr double kNeeded = 43;  // e^-43 is 2^-62, less than the 2^-60 of IsGood
     const std::array<double, 3> steps = StepsBetween(from, to);
     HypergeometricPoint point = kFailure;
     for (const double times : {1.0, 1.5, 3.0}) {
         Traveller t;
         const double error = ComeFromFar(to, steps, times * kNeeded / outgrown, place, t);
         if (!(error < 1)) continue;
-        // the solution that has this value here, its slope being off
+        // the solution that has exactly this value here; only its slope is uncertain
         const Column<DoubleDouble>& own = t.at.columns[0];
         point = {own.value, own.slope, 0, false, false, t.exponent};
         point.slopeError = error * std::fabs(own.slope.high);
@@ -110,10 +114,11 @@ HypergeometricPoint Inwards(const HypergeometricParameters& from, const Hypergeo
     return point;
 }
 
-/// Whether a parameter or a difference by which the steps divide is next to an integer, but not
-/// one: a walk past it loses many digits, by steps as by blocks.
+/// Whether a parameter or a difference by which the steps divide is next to an integer without
+/// being one. Then a walk may divide by a number next to 0, which costs many digits whether the
+/// steps are taken one by one or in blocks.
 bool IsNextToInteger(const HypergeometricParameters& p) {
-    constexpr double kNear = 0x1p-20;
+    constexpr double kNear = 0x1p-20;  // a division by less costs more than 20 bits
     const auto isNear = [](DoubleDouble a) {
         const double rest = (a - std::nearbyint(a.high)).high;
         return rest != 0 && std::fabs(rest) < kNear;
@@ -123,11 +128,15 @@ bool IsNextToInteger(const HypergeometricParameters& p) {
 
 HypergeometricPoint WalkFrom(const HypergeometricParameters& from,
                              const HypergeometricParameters& to, const Place& place) {
+    // 40 steps seldom lose more than the 12 bits between 2^-72 and IsGood, and a start to 2^-72
+    // takes about half as long.
     constexpr double kFewSteps = 40;
     constexpr double kLessTolerance = 0x1p-72;
+    // e-foldings. A walk inwards then starts beyond p by 43/15 = 2.9 times the way to p at most.
     constexpr double kWorthIt = 15;
+    // One by one they take 0.1 ms, the price of a sum of some hundred bits.
     constexpr double kMostSteps = 4000;
-    constexpr double kNextToOne = 0.1;
+    constexpr double kNextToOne = 0.1;  // from x = 0.9 on such a sum is five sums
     const Route route = RouteOf(StepsBetween(from, to));
     if (route.ups + route.downs <= kFewSteps) {
         HypergeometricPoint point = AtStart(from, place, kLessTolerance);
@@ -137,9 +146,9 @@ HypergeometricPoint WalkFrom(const HypergeometricParameters& from,
     const HypergeometricPoint start = AtStart(from, place, kTolerance);
     if (start.failed) return start;
     const double outgrown = to.c.high > 1 ? Outgrown(to, place.z.high, place.w.high) : 0;
-    if (outgrown > kBearable) return Inwards(from, start, to, place, outgrown);
+    if (outgrown > kBearableOutwards) return Inwards(from, start, to, place, outgrown);
     HypergeometricPoint point = Outwards(from, start, to, place, true);
-    // without the walk it would be a sum of many digits, which costs most next to z = 1
+    // What else could give the value is a sum of many digits, which costs most next to z = 1.
     const bool isHopeful = place.w.high < kNextToOne || !IsNextToInteger(to);
     const bool mayTakeSteps = route.ups + route.downs <= kMostSteps && isHopeful;
     if (mayTakeSteps && (point.failed || !IsGood(point))) {
@@ -149,9 +158,10 @@ HypergeometricPoint WalkFrom(const HypergeometricParameters& from,
     return isLost && outgrown > kWorthIt ? Inwards(from, start, to, place, outgrown) : point;
 }
 
-/// a (a+1) ... (a+count-1) less a power of two, of which `exponent` takes `sign` times the
-/// exponent.
+/// a (a+1) ... (a+count-1) times a power of two that keeps it within the range. `sign` times the
+/// exponent that was taken out is added to `exponent`.
 DoubleDouble RisingProduct(DoubleDouble a, double count, int sign, int& exponent) {
+    // As long as walks are, factors are at most 2^17, and sixteen of them at most 2^272.
     constexpr int kBetweenScaling = 16;
     DoubleDouble product = {1, 0};
     for (int k = 0; k < count; ++k) {
@@ -169,6 +179,8 @@ DoubleDouble RisingProduct(DoubleDouble a, double count, int sign, int& exponent
 /// outgrow the polynomial next to z = 1: for c-a-b below 0 the behaviour w^s does.
 HypergeometricPoint Reflected(const HypergeometricParameters& p, const Place& place,
                               const HypergeometricParameters& other, const Place& mirrored) {
+    // e-foldings, chosen. With 10 or 28 scripts/time-hypergeometric tells the same times and
+    // values.
     constexpr double kBearableLoss = 18;
     if (-p.a.high > kMostShifts) return kFailure;
     HypergeometricPoint point = kFailure;
@@ -205,10 +217,10 @@ HypergeometricPoint PolynomialByShifts(const HypergeometricParameters& p, Double
     const Place place = PlaceAt(z, w);
     const Place mirrored = {w, z, place.evens, place.odds, place.inverseZ, place.inverse};
     const HypergeometricParameters other = {p.a, p.b, 1 - s};
-    const bool isMinimal = p.c.high > 1 && Outgrown(p, z.high, w.high) > kBearable;
+    const bool isMinimal = p.c.high > 1 && Outgrown(p, z.high, w.high) > kBearableOutwards;
     const bool isMinimalThere =
-        s.high < 0 ? z.high > 0.5 || Outgrown(other, w.high, z.high) > kBearable
-                   : p.c.high <= p.a.high && Outgrown(p, z.high, w.high) > kBearable;
+        s.high < 0 ? z.high > 0.5 || Outgrown(other, w.high, z.high) > kBearableOutwards
+                   : p.c.high <= p.a.high && Outgrown(p, z.high, w.high) > kBearableOutwards;
     if (isMinimalThere && !isMinimal) return Reflected(p, place, other, mirrored);
     return WalkFrom(PolynomialStart(p), p, place);
 }

@@ -6,7 +6,9 @@
 namespace kalvex::specfun {
 namespace {
 
-constexpr double kLeastDistance = 0.25;  // of the start from what would be divided by
+// Steps divide by a, b, c, c-a and c-b. At the start none of these is below 1/4 in magnitude, so
+// that the first steps multiply errors by some units only.
+constexpr double kLeastDistance = 0.25;
 
 /// The number of the same fraction between 1/4 and 5/4.
 DoubleDouble NextToZero(DoubleDouble a) {
@@ -15,14 +17,14 @@ DoubleDouble NextToZero(DoubleDouble a) {
 
 /// For a negative integer c, which a and b keep away from all the way.
 HypergeometricParameters StartAtPole(const HypergeometricParameters& p) {
-    constexpr double kThree = 3;
+    constexpr double kThree = 3;  // c, c-a and c-b are that far from 0 at least
     HypergeometricParameters start = {{0, 0}, NextToZero(p.b), {-kThree, 0}};
     if (IsNegativeInteger(p.b)) start.b = {p.b.high < p.c.high ? -2 * kThree : 0, 0};
     return start;
 }
 
 bool IsNextToNegativeInteger(double a) {
-    constexpr double kNear = 0x1p-6;
+    constexpr double kNear = 0x1p-6;  // nearer, a step past the integer costs more than 6 bits
     const double integer = std::nearbyint(a);
     return integer <= 0 && std::fabs(a - integer) < kNear;
 }
@@ -53,7 +55,7 @@ HypergeometricParameters GeneralStart(const HypergeometricParameters& p) {
 }
 
 HypergeometricParameters PolynomialStart(const HypergeometricParameters& p) {
-    constexpr double kTwo = 2;
+    constexpr double kTwo = 2;  // the degree of a polynomial of three terms
     if (IsNegativeInteger(p.c)) return StartAtPole(p);
     HypergeometricParameters start = {{0, 0}, NextToZero(p.b), NextToZero(p.c)};
     if (IsNextToNegativeInteger((p.c - p.b).high) && p.a.high <= -kTwo) {

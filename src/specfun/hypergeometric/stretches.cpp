@@ -12,7 +12,7 @@ namespace {
 /// Of the steps between two sets of parameters what each of four stretches takes: a quarter rounded
 /// towards 0, but the longest ways up where that lets s rise by a quarter of its whole rise.
 std::array<double, 3> Quarters(const std::array<double, 3>& all) {
-    constexpr std::array<double, 3> kOfS = {-1, -1, 1};
+    constexpr std::array<double, 3> kOfS = {-1, -1, 1};  // s = c-a-b
     std::array<double, 3> quarters = {};
     std::array<bool, 3> isRounded = {};
     double rise = 0;

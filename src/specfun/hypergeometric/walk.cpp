@@ -28,8 +28,8 @@ HypergeometricParameters ParametersOf(const Traveller& t) {
 /// Normalises value and slope and keeps them within the range. False when the error of the
 /// direction has become as large as the solution.
 bool Tidy(Traveller& t, const Place& place) {
-    constexpr int kScale = 200;  // the squares of what is left stay within the range
-    constexpr double kLarge = 0x1p200;
+    constexpr int kScale = 200;         // the squares of what is left stay within the range
+    constexpr double kLarge = 0x1p200;  // 2^kScale
     Column<DoubleDouble>& own = t.at.columns[0];
     own.value = QuickTwoSum(own.value.high, own.value.low);
     own.slope = QuickTwoSum(own.slope.high, own.slope.low);
@@ -47,6 +47,8 @@ bool Tidy(Traveller& t, const Place& place) {
 }
 
 bool WalkByStep(const HypergeometricParameters& to, const Place& place, Traveller& t) {
+    // Most steps multiply by some units at most. If value or slope leave the range within 16 steps
+    // all the same, the walk fails.
     constexpr int kBetweenTidying = 16;
     Route route = RouteOf(StepsBetween(ParametersOf(t), to));
     const double steps = route.ups + route.downs;
@@ -108,8 +110,8 @@ void GoBack(const Traveller& start, Traveller& t) {
 /// lower s, as they come where stretches meet, may lose all digits. There the steps left over are
 /// taken all in one gap, where steps that lower s and steps that raise it alternate.
 bool WalkLeg(const HypergeometricParameters& to, const Place& place, Traveller& t) {
-    constexpr double kLeastForBlocks = 200;
-    constexpr double kNextToOne = 0x1p-20;
+    constexpr double kLeastForBlocks = 200;  // four stretches of 50 steps: three or four blocks
+    constexpr double kNextToOne = 0x1p-20;   // some steps that multiply by 1/w lose 100 bits
     const HypergeometricParameters from = ParametersOf(t);
     const std::array<double, 3> all = StepsBetween(from, to);
     if (!t.takesBlocks || Length(all) < kLeastForBlocks) return WalkByStep(to, place, t);
@@ -145,6 +147,8 @@ Traveller StartOf(const HypergeometricParameters& p, const HypergeometricPoint& 
 
 KALVEX_WITH_FMA
 bool WalkTo(const HypergeometricParameters& to, const Place& place, Traveller& t) {
+    // The table has room for four stretches of 1024 steps. That of one stretch is left free,
+    // because stretches are not equal to a quarter of the way but for rounding.
     constexpr double kOfLeg = kMostBlocks * kBlockSteps * (kLanes - 1);
     const HypergeometricParameters from = ParametersOf(t);
     const std::array<double, 3> all = StepsBetween(from, to);

@@ -8,7 +8,9 @@
 
 namespace kalvex::specfun {
 
-inline constexpr double kMostShifts = 40000;  // some 0.4 ms
+/// The longest walk that is taken: in blocks, at 10 ns a step, it costs 0.4 ms, which is what a
+/// value may cost.
+inline constexpr double kMostShifts = 40000;
 
 /// A solution at parameters on its way, with what is known of its error; value and slope are to be
 /// multiplied by 2^exponent.

@@ -76,8 +76,6 @@ struct WideSum {
     bool isLong = false;  // failed because it has too many terms; more limbs do not help
 };
 
-inline constexpr int kMostWideTerms = 6000;
-
 /// The parameters as doubles, for a bound of the terms that are left out.
 struct FallingTerms {
     double a;
@@ -164,7 +162,7 @@ struct Magnitudes {
     double common = 0;  // both sums are to be multiplied by 2^common
 
     void Take(const Factors& factors, int k) {
-        constexpr double kFar = 300;
+        constexpr double kFar = 300;  // as many powers of two keep products with one ratio normal
         const double shift = static_cast<double>(factors.limbs) +
                              static_cast<double>(factors.numerator.count) -
                              static_cast<double>(factors.denominator.count);
@@ -244,9 +242,9 @@ struct RunningSum {
 template <std::size_t limbs, bool slopes, std::size_t below = limbs>
 [[nodiscard]] WideSum<limbs> SumWide(const WideParameters& p, const WideArgument& argument,
                                      double wanted, double most = kMostWideTerms) {
-    constexpr int kBetweenLooks = 4;
-    constexpr double kSmall = 0x1p-60;
-    constexpr double kRoundings = 3;  // 8, as a logarithm
+    constexpr int kBetweenLooks = 4;    // a look takes logarithms, three terms too many do not
+    constexpr double kSmall = 0x1p-60;  // no value is wanted with fewer bits
+    constexpr double kRoundings = 3;    // 8, as a logarithm
     const FallingTerms falling(p, argument);
     Factors factors(p, argument);
     RunningSum<limbs, slopes, below> sum;

@@ -21,11 +21,17 @@
 namespace kalvex::specfun {
 namespace {
 
-constexpr double kEnough = 70;           // bits of a value that must be right
-constexpr double kFarthest = 0.9;        // x up to which only the power series are summed
-constexpr double kFarthestAtAll = 0.96;  // z up to which a power series is looked at at all,
-constexpr double kFastDecay = 30;        // unless its terms fall with such a power of k at z = 1
-constexpr double kMove = 200;            // a is moved by 2^-200
+// Bits of a value that must be right: kGoodEnough and 12 more, for where the value is smaller than
+// its slope by as much.
+constexpr double kEnough = 70;
+// x up to which only the power series are summed. There 90 bits take 600 terms, of the five sums at
+// 1/2 90 each, but with the bits that the two solutions lose.
+constexpr double kFarthest = 0.9;
+// z up to which a power series is looked at at all. To lose 90 bits takes 1500 terms there, 6000 at
+// 0.99. Beyond, a series serves if its terms fall with a large power of k even at z = 1.
+constexpr double kFarthestAtAll = 0.96;
+constexpr double kFastDecay = 30;
+constexpr double kMove = 200;  // a is moved by 2^-200
 
 WideParameters Widened(const HypergeometricParameters& p) {
     const auto widened = [](DoubleDouble a) { return Add(WideOf<6>(a.high), WideOf<6>(a.low)); };
@@ -41,14 +47,14 @@ WideParameters WideForm(const WideParameters& p, std::size_t i) {
 
 template <std::size_t limbs>
 HypergeometricPoint PointOf(const Bounded<limbs>& sum) {
-    constexpr double kMostExponent = 1e8;
+    constexpr double kMostExponent = 1e8;  // an int has room for it and for what is added
     HypergeometricPoint point;
     const double exponent = SizeOf(sum.value);
     point.failed = !(std::fabs(exponent) < kMostExponent) || !std::isfinite(sum.error);
     if (point.failed) return point;
     point.value = FractionOf(sum.value);
     point.exponent = static_cast<int>(exponent);
-    point.error = PowerOfTwo(sum.error - exponent) + 0x1p-100;
+    point.error = PowerOfTwo(sum.error - exponent) + kPairError;
     return point;
 }
 
@@ -89,7 +95,7 @@ Bounded<limbs> Joined(const WideSum<limbs>& middle, const AtOne& p, double x) {
     const Bounded<limbs> ofOther =
         Add(Multiply(one.value, middle.slope), Multiply(one.slope, middle.value));
     const Wide<limbs> exponent = Multiply(s.value, Log(WideOf<limbs>(Scale(w.z, 1))));
-    constexpr double kLost = 24;  // by the exponential
+    constexpr double kLost = 24;  // bits by Log and Exp, which allow for far fewer
     const Wide<limbs> power = Exp(exponent);
     const double known = kLost + std::max(0.0, SizeOf(exponent)) + 1 - Wide<limbs>::kBits;
     const Bounded<limbs> factor = {Negate(power), SizeOf(power) + known};
@@ -100,7 +106,8 @@ Bounded<limbs> Joined(const WideSum<limbs>& middle, const AtOne& p, double x) {
 
 template <std::size_t limbs>
 HypergeometricPoint ByJoining(const HypergeometricParameters& p, bool moves, double x) {
-    constexpr double kNoticed = 120;  // of the move, at most, beside a value
+    // The value changes by at most 2^120 times the move, relative to itself: that is 2^-80.
+    constexpr double kNoticed = 120;
     WideParameters wide = Widened(p);
     if (moves) wide.a = Add(wide.a, Scale(WideOf<6>(1), static_cast<int>(-kMove)));
     const Exact one = WideOf<6>(1);
@@ -119,9 +126,9 @@ HypergeometricPoint ByJoining(const HypergeometricParameters& p, bool moves, dou
 /// The bits to try next: those that are missing, if at least the sign of the value is known, else
 /// 1.4 times as many.
 double MoreBits(const HypergeometricPoint& point, double bits) {
-    constexpr double kMargin = 8;
-    constexpr double kSignKnown = 4;
-    constexpr double kTimes = 1.4;
+    constexpr double kMargin = 8;     // the bits lost are known to some units
+    constexpr double kSignKnown = 4;  // an error below 1/16 of the value
+    constexpr double kTimes = 1.4;    // nothing is known of what cancels
     if (point.error == INFINITY) return INFINITY;
     const double known = point.failed ? 0 : -std::log2(point.error);
     return known > kSignKnown ? bits + kEnough + kMargin - known : kTimes * bits;
@@ -155,8 +162,8 @@ struct JoiningPlan {
 };
 
 JoiningPlan PlanOfJoining(const HypergeometricParameters& p) {
-    constexpr double kMargin = 40;
-    constexpr double kMostTerms = 3000;
+    constexpr double kMargin = 40;       // the estimate is of some sums in plain arithmetic
+    constexpr double kMostTerms = 3000;  // five sums of so many cost more than WideValue allows
     const DoubleDouble s = p.c - p.a - p.b;
     const HypergeometricParameters first = {p.a, p.b, 1 - s};
     const HypergeometricParameters second = {p.c - p.a, p.c - p.b, s + 1};
@@ -175,6 +182,7 @@ JoiningPlan PlanOfJoining(const HypergeometricParameters& p) {
 }
 
 Value Joining(const HypergeometricParameters& p, const JoiningPlan& plan, double x) {
+    // A joining with 1536 bits takes a millisecond, more than any other value.
     constexpr double kMostBits = LimbNumber<24>::kBits;
     if (!(plan.bits < INFINITY)) return {};
     const HypergeometricPoint point =
@@ -192,7 +200,7 @@ Value Joining(const HypergeometricParameters& p, const JoiningPlan& plan, double
 
 /// In terms times limbs, as a form's: five sums of about a bit for each term.
 double CostOfJoining(double bits) {
-    constexpr double kSums = 5;
+    constexpr double kSums = 5;  // at 1/2 of the series and both solutions, at x of the solutions
     return kSums * bits * (1 + bits / 64);
 }
 
@@ -207,9 +215,11 @@ struct Choice {
 /// All forms are the same function but for known factors. The least of their bounds of its size
 /// tells what each of them loses by cancellation.
 Choice Cheapest(const std::array<Form, 4>& forms, double x) {
-    constexpr double kMargin = 30;
-    constexpr double kUnmeasured = 40;
-    constexpr double kOfUnknown = 0.75;  // of what may cancel, which is most of it as a rule
+    constexpr double kMargin = 30;      // half a limb, for what plain arithmetic overlooks
+    constexpr double kUnmeasured = 40;  // ForeseenOf sees no more bits cancel
+    // The bits to start with where nothing is known but the greatest term, as a part of its bits.
+    // Most of them cancel as a rule.
+    constexpr double kOfUnknown = 0.75;
     std::array<Foreseen, 4> foreseen;
     double value = INFINITY;
     const bool atPole = IsNegativeInteger(forms[0].p.c);
@@ -238,6 +248,7 @@ Choice Cheapest(const std::array<Form, 4>& forms, double x) {
 
 /// The sum of the form chosen, if it costs at most `most` terms times limbs.
 Value Summed(const std::array<Form, 4>& forms, const Choice& choice, double most, double x) {
+    // Terms are foreseen for a sum as large as plain arithmetic sees it. More cancels, more terms.
     constexpr double kTimes = 4;
     constexpr double kMore = 200;
     if (!(choice.cost < most)) return {};
@@ -251,8 +262,8 @@ Value Summed(const std::array<Form, 4>& forms, const Choice& choice, double most
 }  // namespace
 
 Value WideValue(const HypergeometricParameters& p, double x) {
-    constexpr double kMostCost = 30000;  // terms times limbs
-    constexpr double kAlwaysWorthIt = 10000;
+    constexpr double kMostCost = 30000;       // terms times limbs, half a millisecond
+    constexpr double kAlwaysWorthIt = 10000;  // five sums of 250 bits: joining costs no less
     const std::array<Form, 4> forms = FormsOf(p);
     const bool ends = DegreeOf(p) < INFINITY || DegreeOf(forms[1].p) < INFINITY;
     const Choice choice = Cheapest(forms, x);

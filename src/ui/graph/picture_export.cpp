@@ -10,6 +10,7 @@
 #include <QStandardPaths>
 #include <utility>
 
+#include "base/complete_file.h"
 #include "base/encoding.h"
 #include "painter/painter.h"
 #include "painter/picture_file.h"
@@ -45,7 +46,9 @@ void ExportPicture(const DrawList& picture, Options& options, const Registry& re
     StoreOption(registry, "Screen", options.Screen);
     QDir().mkpath(folder);
     // KEEP: "Save" is the text and "Info" the caption, shown even when no file could be made.
-    static_cast<void>(WriteBitmap(QDir(folder).filePath(name), PaintPicture(picture, 1.0)));
+    static_cast<void>(WriteCompleteFile(
+        QDir(folder).filePath(name).toStdString(),
+        [&picture](const TakeBytes& take) { return MakeBitmap(PaintPicture(picture), take); }));
     show(BoxOf(StringId::PictureSavedCaption, Text(StringId::PictureSavedText),
                MessageIcon::Exclamation));
 }
@@ -74,11 +77,11 @@ void OpenSavePictureDialog(QWidget* parent, const QString& folder,
 }
 
 void SavePicture(const DrawList& picture, const QString& path, const ShowMessage& show) {
-    const PictureFormat* format = PictureFormatOf(path, FormatsOf::Windows);
+    const PictureFormat* format = PictureFormatOf(path.toStdString(), FormatsOf::Windows);
     if (format == nullptr) {
         const std::u16string endings = Widen(PictureEndings(FormatsOf::Windows));
         show(ErrorBox(FillIn(Text(StringId::PictureEnding), {endings, FromQString(path)})));
-    } else if (!format->write(path, picture)) {
+    } else if (!WritePicture(*format, path.toStdString(), picture)) {
         show(ErrorBox(FillIn(Text(StringId::PictureNotWritten), {FromQString(path)})));
     }
 }

@@ -6,9 +6,9 @@
 #include <QScreen>
 #include <utility>
 
+#include "base/complete_file.h"
 #include "resources/message_boxes.h"
 #include "resources/strings.h"
-#include "settings/complete_file.h"
 #include "ui/parts/file_dialogs.h"
 #include "ui/parts/qt_text.h"
 
@@ -33,13 +33,13 @@ void OpenSaveResultDialog(QWidget* parent, const QString& folder,
 }
 
 bool SaveResult(const QString& path, std::string_view bytes, const ShowMessage& show) {
-    const bool written = WriteCompleteFile(path, bytes);
+    const WriteResult written = WriteCompleteFile(path.toStdString(), bytes);
     if (!written) {
         show(BoxOf(StringId::FileErrorCaption, Text(StringId::FileErrorText), MessageIcon::None));
     }
     // KEEP: shown after an error too, which the box before this one has reported.
     show(BoxOf(StringId::Saved, Text(StringId::Saved), MessageIcon::Information));
-    return written;
+    return static_cast<bool>(written);
 }
 
 }  // namespace kalvex
