@@ -17,6 +17,8 @@ struct Line {
     double logAtStart = 0;  // of |f|
 };
 
+/// The line with the longest step for which the rule is good enough; d is 0 where there is none or
+/// where it would take too many steps.
 [[nodiscard]] Line LineThrough(const LoopIntegrand& f, PlainComplex start, PlainComplex direction);
 
 /// What the nodes add up to, by f at the start of the line and by the step.

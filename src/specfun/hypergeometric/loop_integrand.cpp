@@ -90,7 +90,7 @@ PlainComplex SecondDerivative(const LoopIntegrand& f, PlainComplex at) {
 double MostCurvature(const LoopIntegrand& f, PlainComplex at, double radius) {
     double sum = 0;
     for (std::size_t k = 0; k < kFactors; ++k) {
-        const double distance = std::abs(FromRoot(f, k, at)) - radius;
+        const double distance = std::sqrt(std::norm(FromRoot(f, k, at))) - radius;
         if (!(distance > 0)) return INFINITY;
         sum += std::fabs(f.exponents[k].high) / (distance * distance);
     }
@@ -100,8 +100,8 @@ double MostCurvature(const LoopIntegrand& f, PlainComplex at, double radius) {
 double LeastDistance(const LoopIntegrand& f, PlainComplex at) {
     double least = INFINITY;
     for (std::size_t k = 0; k < kFactors; ++k)
-        least = std::min(least, std::abs(FromRoot(f, k, at)));
-    return least;
+        least = std::min(least, std::norm(FromRoot(f, k, at)));
+    return std::sqrt(least);
 }
 
 // Along the steepest descent, in pieces so short that f falls on each of them, until f is known to
