@@ -1,5 +1,5 @@
 // For c below 0 the function is a combination of a solution at z = 1 and of the other solution at
-// z = 0, whose third parameters are positive (DLMF 15.10.18 solved for the function; s = c-a-b):
+// z = 0, whose third parameters are positive (DLMF 15.10.17 solved for the function; s = c-a-b):
 //   F = G F(a,b;1-s;w) / Gamma(1-s) - G Gamma(c-1) / (Gamma(a) Gamma(b)) z^(1-c) Y,
 //   Y = F(a-c+1,b-c+1;2-c;z),  G = Gamma(a-c+1) Gamma(b-c+1) / Gamma(1-c).
 // Either is of one sign, with Euler's integral or with a series of positive terms, unless one of
