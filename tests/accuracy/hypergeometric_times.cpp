@@ -17,6 +17,7 @@
 #include "accuracy/exact_value.h"
 #include "accuracy/hypergeometric_points.h"
 #include "specfun/hypergeometric/best_value.h"
+#include "specfun/hypergeometric/integral_value.h"
 #include "specfun/hypergeometric/shifts.h"
 #include "specfun/specfun.h"
 
@@ -104,13 +105,18 @@ void PrintPoint(const char* what, const HypergeometricArguments& at) {
 }
 
 void Print(const HypergeometricKind& kind, const Settings& settings, Tally& tally) {
+    constexpr double kGoal = 50;  // microseconds
     std::sort(tally.times.begin(), tally.times.end());
     const auto below = [&tally](double part) {
         return tally
             .times[static_cast<std::size_t>(part * static_cast<double>(tally.times.size() - 1))];
     };
-    std::printf("| %s | %.1f | %.0f | %.0f | %.0f | %d |", kind.description.data(), below(0.5),
-                below(0.99), below(0.999), tally.times.back(), tally.refused);
+    const auto within = std::upper_bound(tally.times.begin(), tally.times.end(), kGoal);
+    const double share =
+        static_cast<double>(within - tally.times.begin()) / static_cast<double>(tally.times.size());
+    std::printf("| %s | %.1f | %.0f | %.0f | %.0f | %.1f | %d |", kind.description.data(),
+                below(0.5), below(0.99), below(0.999), tally.times.back(), 100 * share,
+                tally.refused);
     if (settings.checks)
         std::printf(" %.3f | %d | %d |", tally.worst, tally.refusedFinite, tally.unchecked);
     std::printf("\n");
@@ -170,18 +176,43 @@ double ErrorByBound(const HypergeometricArguments& at) {
     return isKnown ? std::max(0.0, error - kKnown * std::fabs(exact.high)) / point.error : -1;
 }
 
-/// How the errors of walks compare with their bounds.
-void Calibrate(const HypergeometricKind& kind, const Settings& settings) {
+/// The same of the integrals, for the value that they give by themselves.
+double IntegralErrorByBound(const HypergeometricArguments& at) {
+    constexpr double kKnown = 0x1p-100;
+    constexpr double kWorthIt = 0x1p-30;
+    constexpr double kLeast = 1e-270;
+    constexpr int kRange = 1000;
+    if (at.x == 0 || (at.c <= 0 && std::floor(at.c) == at.c)) return -1;
+    specfun::Value value;
+    try {
+        value = specfun::ByIntegral(specfun::FormsOf({{at.a, 0}, {at.b, 0}, {at.c, 0}}), at.x);
+    } catch (const ap::ap_error&) {
+        return -1;  // beyond the range
+    }
+    if (!(value.relative < kWorthIt) || std::abs(value.exponent) > kRange) return -1;
+    ReferenceRow row;
+    if (!ExactRowWithoutCondition("Hyper", ListOf(at), row)) return -1;
+    if (!(std::fabs(row.high) > kLeast) || !std::isfinite(row.high)) return -1;
+    const DoubleDouble exact = Scale({row.high, row.low}, -value.exponent);
+    const double error = std::fabs(ToDouble(value.fraction - exact));
+    const double size = std::fabs(exact.high);
+    return std::max(0.0, error - kKnown * size) / (value.relative * size);
+}
+
+/// How the errors by one of these compare with their bounds.
+void Calibrate(const HypergeometricKind& kind, const char* what,
+               double (*errorByBound)(const HypergeometricArguments& at),
+               const Settings& settings) {
     std::mt19937_64 random(settings.seed);
     std::vector<double> ratios;
     for (int i = 0; i < settings.count; ++i) {
-        const double ratio = ErrorByBound(kind.draw(random));
+        const double ratio = errorByBound(kind.draw(random));
         if (ratio >= 0) ratios.push_back(ratio);
     }
     if (ratios.empty()) return;
     std::sort(ratios.begin(), ratios.end());
-    std::printf("| %s | %zu | 2^%.1f | 2^%.1f |\n", kind.description.data(), ratios.size(),
-                std::log2(ratios[ratios.size() / 2]), std::log2(ratios.back()));
+    std::printf("| %s | %s | %zu | 2^%.1f | 2^%.1f |\n", kind.description.data(), what,
+                ratios.size(), std::log2(ratios[ratios.size() / 2]), std::log2(ratios.back()));
     std::fflush(stdout);
 }
 
@@ -189,14 +220,19 @@ int Run(const Settings& settings) {
     std::ofstream values;
     if (!settings.values.empty()) values.open(settings.values);
     if (settings.bounds)
-        std::printf("| parameters | walks | median | greatest |\n");
+        std::printf("| parameters | method | values | median | greatest |\n");
     else
-        std::printf("| parameters | median | 99 %% below | 99.9 %% below | longest | refused |%s\n",
-                    settings.checks ? " worst n | refused though finite | no exact value |" : "");
+        std::printf(
+            "| parameters | median | 99 %% below | 99.9 %% below | longest | %% within 50 | "
+            "refused |%s\n",
+            settings.checks ? " worst n | refused though finite | no exact value |" : "");
     for (const HypergeometricKind& kind : HypergeometricKinds()) {
         const bool wanted = settings.kinds.empty() ||
                             std::ranges::find(settings.kinds, kind.name) != settings.kinds.end();
-        if (wanted && settings.bounds) Calibrate(kind, settings);
+        if (wanted && settings.bounds) {
+            Calibrate(kind, "walks", ErrorByBound, settings);
+            Calibrate(kind, "integrals", IntegralErrorByBound, settings);
+        }
         if (wanted && !settings.bounds) Measure(kind, settings, values);
     }
     return 0;
@@ -212,7 +248,7 @@ int main(int argc, char** argv) {
     app.add_option("--seed", settings.seed, "of the random points")->capture_default_str();
     app.add_flag("--check", settings.checks, "compare with exact values");
     app.add_flag("--bounds", settings.bounds,
-                 "compare the errors of walks with their bounds instead");
+                 "compare the errors of walks and integrals with their bounds instead");
     app.add_option("--values", settings.values, "a file for the points and their values");
     app.add_option("kinds", settings.kinds, "all if none is named");
     CLI11_PARSE(app, argc, argv);

@@ -11,7 +11,9 @@
 #include <array>
 #include <cmath>
 
+#include "specfun/hypergeometric/euler_integral.h"
 #include "specfun/hypergeometric/forms.h"
+#include "specfun/hypergeometric/integral_value.h"
 #include "specfun/hypergeometric/series.h"
 #include "specfun/hypergeometric/shifts.h"
 #include "specfun/specfun.h"
@@ -63,10 +65,6 @@ Value ValueOf(const Form& form, const HypergeometricPoint& sum, double x) {
 }
 
 namespace {
-
-DoubleDouble ArgumentOf(const Form& form, double x) {
-    return form.pfaff ? x / TwoSum(x, -1) : DoubleDouble{x, 0};
-}
 
 Value BySeries(const Form& form, double x) {
     // 1/16 of kGoodEnough, so that what is left out hardly adds to the loss by rounding.
@@ -158,18 +156,29 @@ double ParameterUnit(const HypergeometricParameters& p) {
 
 Value BestValue(const HypergeometricParameters& p, double x) {
     constexpr double kMostTerms = 1200;  // 8 us, as a walk of parameters of some hundred takes
+    // What the integrals take, in terms of a series: Euler's 6 to 8 us; a loop 20; for c below 0 a
+    // loop or, after that has failed, two integrals.
+    constexpr double kOfEuler = 1000;
+    constexpr double kOfLoop = 3000;
+    constexpr double kOfTwo = 4500;
     std::array<Form, 4> forms = FormsOf(p);
     for (std::size_t i = 0; i < forms.size(); ++i)
         forms[i].cost = IsValid(p, i) ? CostOf(forms[i], x) : INFINITY;
     const std::array<Form, 2> shifted = FormsForShifts(forms, x);
+    const std::array<Form, 4> unsorted = forms;
     std::sort(forms.begin(), forms.end(),
               [](const Form& left, const Form& right) { return left.cost < right.cost; });
     const bool walks = KeepsParameters(p);
-    const double walk = walks ? CostOfShifts(shifted[0], x) : kMostTerms;
+    const double steps = CostOfShifts(shifted[0], x);
+    const double walk = walks ? steps : kMostTerms;
+    const double integral = HasEulerIntegral(p) ? kOfEuler : p.c.high > 0 ? kOfLoop : kOfTwo;
+    const bool isLarge = steps > integral;
+    const double first = std::min({walk, kMostTerms, isLarge ? integral : INFINITY});
     Value best;
-    TrySeries(forms, x, -1, std::min(walk, kMostTerms), best);
+    TrySeries(forms, x, -1, first, best);
+    if (best.loss >= kGoodEnough && isLarge) KeepBetter(best, ByIntegral(unsorted, x));
     if (best.loss >= kGoodEnough && walks) KeepBetter(best, ByShifts(shifted, x));
-    TrySeries(forms, x, walk, kMostTerms, best);
+    TrySeries(forms, x, first, kMostTerms, best);
     TrySeries(forms, x, kHopeless, kHopeless + kMostTerms, best);
     return best;
 }

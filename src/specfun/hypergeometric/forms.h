@@ -20,6 +20,11 @@ struct Form {
     double cost = 0;
 };
 
+/// The argument of the form's series.
+[[nodiscard]] inline DoubleDouble ArgumentOf(const Form& form, double x) {
+    return form.pfaff ? x / TwoSum(x, -1) : DoubleDouble{x, 0};
+}
+
 /// Whether a is 0 or a negative integer and the series ends by it before c+k becomes 0.
 [[nodiscard]] bool EndsBefore(DoubleDouble a, DoubleDouble c);
 

@@ -174,9 +174,10 @@ HypergeometricPoint SumHypergeometric(const HypergeometricParameters& p, DoubleD
     const double magnitude = AddTerms(p, z, tolerance, settled, sum, terms);
     sum.value = QuickTwoSum(sum.value.high, sum.value.low);
     sum.slope = QuickTwoSum(sum.slope.high, sum.slope.low);
-    sum.error = magnitude * kUnit + tolerance * std::fabs(sum.value.high);
-    sum.slopeError = (terms + 1) * magnitude * kUnit +
-                     tolerance * (std::fabs(sum.value.high) + std::fabs(sum.slope.high));
+    // what is left out is below `enough`, and so is the rounding of the tail in plain arithmetic
+    const double enough = tolerance * (std::fabs(sum.value.high) + std::fabs(sum.slope.high));
+    sum.error = magnitude * kUnit + 2 * enough;
+    sum.slopeError = (terms + 1) * magnitude * kUnit + 2 * enough;
     return sum;
 }
 
