@@ -13,9 +13,10 @@ constexpr std::size_t kPage = 4096;
 constexpr std::size_t kSpare = std::size_t{1} << 16;  // the stack grows by more than is asked for
 
 [[gnu::noinline]] void TouchStack() {
-    volatile char room[kRoom];
+    char room[kRoom];
+    volatile char* const used = room;
     for (std::size_t i = 0; i < kRoom; i += kPage)
-        room[kRoom - 1 - i] = 0;
+        used[kRoom - 1 - i] = 0;
 }
 
 }  // namespace

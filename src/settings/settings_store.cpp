@@ -151,8 +151,9 @@ bool StoreFunctionTexts(const Registry& registry, const EditorLines& lines) {
 bool StoreAtEnd(const Registry& registry, const Workspace& workspace, bool withView) {
     const bool stored = WriteTogether(registry, [&] {
         if (withView && !StoreView(registry, workspace.view, workspace.options)) return false;
+        // What cannot be stored of the lines is no reason to drop the rest.
         if (StoreFunctionSettings(registry, workspace.functions))
-            StoreFunctionTexts(registry, workspace.lines);
+            static_cast<void>(StoreFunctionTexts(registry, workspace.lines));
         return true;
     });
     return stored || !withView;

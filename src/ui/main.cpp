@@ -33,7 +33,7 @@ bool HasDisplay() {
 /// The status of a start that another program with the same settings has forbidden.
 int RefuseStart() {
     const MessageBox box = ErrorBox(Text(StringId::AlreadyRunning));
-    WriteMessageLine(box);
+    static_cast<void>(WriteMessageLine(box));
     if (!HasDisplay()) return EXIT_FAILURE;
     OpenMessageWindow(box, [](MessageAnswer) { QCoreApplication::exit(EXIT_FAILURE); });
     return QApplication::exec();

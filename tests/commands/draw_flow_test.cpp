@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <cstdlib>
 #include <filesystem>
 #include <set>
 
@@ -100,7 +101,7 @@ struct WatchedFile {
         if (mkdtemp(pattern.data()) == nullptr) std::abort();
         folder = pattern;
         registry = OpenRegistryFile(File());
-        CreateDefaultKeys(registry);
+        static_cast<void>(CreateDefaultKeys(registry));
         const Registry inner = registry;
         const auto look = [file = File(), to = seen](bool written) {
             to->insert(ReadWholeFile(file, 100000).bytes);

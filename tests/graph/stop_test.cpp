@@ -114,11 +114,11 @@ TEST(Stop, ProgressStopsAllLinesToo) {
     functions[1] = MakeEntry(EquationType::Implicit, u"x*0+x-y");
     functions[2] = MakeEntry(EquationType::Decart, u"x^2");
     const auto stop = [](const ProgressStretch& stretch) { return stretch.lastColumn < 239; };
-    DrawGraph(state, functions, Options{}, fixtures::MeasureFixed, stop);
+    static_cast<void>(DrawGraph(state, functions, Options{}, fixtures::MeasureFixed, stop));
     EXPECT_TRUE(state.incomplete);
     EXPECT_TRUE(functions[0].samples.empty());
     EXPECT_TRUE(functions[2].samples.empty());
-    DrawGraph(state, functions, Options{}, fixtures::MeasureFixed, {});
+    static_cast<void>(DrawGraph(state, functions, Options{}, fixtures::MeasureFixed, {}));
     EXPECT_FALSE(state.incomplete);
     EXPECT_EQ(functions[2].samples.size(), 240u);
 }
