@@ -39,24 +39,35 @@ std::vector<char*> Pointers(std::vector<std::string>& texts) {
     return pointers;
 }
 
-int Spawn(std::vector<std::string> arguments, std::vector<std::string> environment,
-          const std::string& in, const std::string& out, const std::string& err) {
-    posix_spawn_file_actions_t files;
-    posix_spawn_file_actions_init(&files);
-    constexpr int kWrite = O_WRONLY | O_CREAT | O_TRUNC;
-    posix_spawn_file_actions_addopen(&files, STDIN_FILENO, in.c_str(), O_RDONLY, 0);
-    posix_spawn_file_actions_addopen(&files, STDOUT_FILENO, out.c_str(), kWrite, 0600);
-    posix_spawn_file_actions_addopen(&files, STDERR_FILENO, err.c_str(), kWrite, 0600);
-    pid_t child = -1;
-    const int failure = posix_spawnp(&child, arguments.front().c_str(), &files, nullptr,
-                                     Pointers(arguments).data(), Pointers(environment).data());
-    posix_spawn_file_actions_destroy(&files);
+int Run(std::vector<std::string> arguments, const std::vector<std::string>& environment,
+        const StreamFiles& streams) {
+    const pid_t child = StartProgram(std::move(arguments), environment, streams);
     int state = 0;
-    if (failure != 0 || waitpid(child, &state, 0) != child) return -1;
-    return WIFEXITED(state) ? WEXITSTATUS(state) : 128 + WTERMSIG(state);
+    return child < 0 || waitpid(child, &state, 0) != child ? -1 : ExitStatusOf(state);
 }
 
 }  // namespace
+
+pid_t StartProgram(std::vector<std::string> arguments, const std::vector<std::string>& environment,
+                   const StreamFiles& streams, int line, int lineInChild) {
+    std::vector<std::string> all = Environment(environment);
+    posix_spawn_file_actions_t files;
+    posix_spawn_file_actions_init(&files);
+    constexpr int kWrite = O_WRONLY | O_CREAT | O_TRUNC;
+    posix_spawn_file_actions_addopen(&files, STDIN_FILENO, streams.in.c_str(), O_RDONLY, 0);
+    posix_spawn_file_actions_addopen(&files, STDOUT_FILENO, streams.out.c_str(), kWrite, 0600);
+    posix_spawn_file_actions_addopen(&files, STDERR_FILENO, streams.err.c_str(), kWrite, 0600);
+    if (line >= 0) posix_spawn_file_actions_adddup2(&files, line, lineInChild);
+    pid_t child = -1;
+    const int failure = posix_spawnp(&child, arguments.front().c_str(), &files, nullptr,
+                                     Pointers(arguments).data(), Pointers(all).data());
+    posix_spawn_file_actions_destroy(&files);
+    return failure == 0 ? child : -1;
+}
+
+int ExitStatusOf(int state) {
+    return WIFEXITED(state) ? WEXITSTATUS(state) : 128 + WTERMSIG(state);
+}
 
 ToolRun RunProgram(const std::vector<std::string>& program,
                    const std::vector<std::string>& arguments, const std::string& input,
@@ -67,8 +78,7 @@ ToolRun RunProgram(const std::vector<std::string>& program,
     all.insert(all.end(), arguments.begin(), arguments.end());
     const std::string out = outPath.empty() ? folder.PathOf("out") : outPath;
     ToolRun run;
-    run.status =
-        Spawn(all, Environment(environment), folder.PathOf("in"), out, folder.PathOf("err"));
+    run.status = Run(all, environment, {folder.PathOf("in"), out, folder.PathOf("err")});
     if (outPath.empty()) run.out = ReadFile(out);
     run.err = ReadFile(folder.PathOf("err"));
     return run;
@@ -86,9 +96,8 @@ ToolRun RunScript(const std::string& script, const std::string& folder) {
     const TemporaryFolder streams;
     std::ofstream(streams.PathOf("in"), std::ios::binary) << "";
     ToolRun run;
-    run.status = Spawn({"/bin/sh", "-c", "cd \"$1\" && " + script, "sh", folder},
-                       Environment({"tool=" + tool}), streams.PathOf("in"), streams.PathOf("out"),
-                       streams.PathOf("err"));
+    run.status = Run({"/bin/sh", "-c", "cd \"$1\" && " + script, "sh", folder}, {"tool=" + tool},
+                     {streams.PathOf("in"), streams.PathOf("out"), streams.PathOf("err")});
     run.out = ReadFile(streams.PathOf("out"));
     run.err = ReadFile(streams.PathOf("err"));
     return run;

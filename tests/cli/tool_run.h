@@ -1,6 +1,8 @@
 // Starts the built tool as a process.
 #pragma once
 
+#include <sys/types.h>
+
 #include <string>
 #include <vector>
 
@@ -18,6 +20,23 @@ ToolRun RunProgram(const std::vector<std::string>& program,
                    const std::vector<std::string>& arguments, const std::string& input = "",
                    const std::vector<std::string>& environment = {},
                    const std::string& outPath = "");
+
+/// The files that are a process's standard input, output and error.
+struct StreamFiles {
+    std::string in;
+    std::string out;
+    std::string err;
+};
+
+/// Starts a program with additional settings of the environment and gives its process id, -1 when
+/// it does not start. With `line`, that descriptor is inherited under the number `lineInChild`.
+[[nodiscard]] pid_t StartProgram(std::vector<std::string> arguments,
+                                 const std::vector<std::string>& environment,
+                                 const StreamFiles& streams, int line = -1, int lineInChild = -1);
+
+/// The exit status of a program that has ended, from what waitpid says: 128 + signal when a signal
+/// ended it.
+[[nodiscard]] int ExitStatusOf(int state);
 
 /// Runs the tool in the same way.
 ToolRun RunTool(const std::vector<std::string>& arguments, const std::string& input = "",

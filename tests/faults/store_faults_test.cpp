@@ -12,21 +12,18 @@ namespace {
 class StoreFaults : public testing::Test {
   protected:
     StoreFaults() : file_(folder_.PathOf("kalvex.ini")) {
-        EXPECT_EQ(Store(1, {}).status, 0);
+        EXPECT_EQ(Store(1).status, 0);
         old_ = ReadFile(file_);
-        EXPECT_EQ(Store(2, {}).status, 0);
+        EXPECT_EQ(Store(2).status, 0);
         new_ = ReadFile(file_);
         EXPECT_NE(old_, new_);
     }
 
-    ToolRun Store(int number, const std::vector<std::string>& environment) const {
-        return RunProgram({KALVEX_STORE_COMMAND}, {file_, std::to_string(number)}, "", environment);
+    ToolRun Store(int number) const {
+        return RunProgram({KALVEX_STORE_COMMAND}, {file_, std::to_string(number)});
     }
 
-    ToolRun StoreOverOld(const std::vector<std::string>& environment) const {
-        std::ofstream(file_, std::ios::binary | std::ios::trunc) << old_;
-        return Store(2, environment);
-    }
+    void PutOldFile() const { std::ofstream(file_, std::ios::binary | std::ios::trunc) << old_; }
 
     void Check(const FaultKind& kind, const FaultRun& fault) const {
         const std::string result = ReadFile(file_);
@@ -48,10 +45,11 @@ class StoreFaults : public testing::Test {
 };
 
 TEST_F(StoreFaults, LeaveTheOldValuesOrTheNewOnes) {
+    FaultyProgram program({KALVEX_STORE_COMMAND, file_, "2"}, {});
     for (const FaultKind& kind : kFaultKinds) {
-        ForEachFault(
-            kind, [this](const auto& environment) { return StoreOverOld(environment); },
-            [&](const FaultRun& fault) { Check(kind, fault); });
+        const FaultSteps steps = {[this] { PutOldFile(); },
+                                  [&](const FaultRun& fault) { Check(kind, fault); }};
+        RecordFaults("store", kind, ForEachFault(program, kind, steps));
     }
 }
 

@@ -43,12 +43,14 @@ class ToolFaults : public testing::TestWithParam<Flow> {
 
     bool Paints() const { return arguments_.front() == "draw"; }
 
-    ToolRun Start(const std::vector<std::string>& environment) const {
+    void PutOldFile() const {
         if (Writes()) std::ofstream(out_, std::ios::trunc) << "old";
-        // The files of the fonts and their settings are the system's; without one there is another.
-        std::vector<std::string> all = environment;
-        if (Paints()) all.push_back("KALVEX_FAULT_FOLDER=" + folder_.PathOf(""));
-        return RunTool(arguments_, "", all);
+    }
+
+    // The files of the fonts and their settings are the system's; without one there is another.
+    std::vector<std::string> Environment() const {
+        if (!Paints()) return {};
+        return {"KALVEX_FAULT_FOLDER=" + folder_.PathOf("")};
     }
 
     /// The libraries below that load fonts and paint end the program when they get no memory.
@@ -82,15 +84,19 @@ class ToolFaults : public testing::TestWithParam<Flow> {
 };
 
 TEST_P(ToolFaults, LeaveTheOldFileOrTheNewOne) {
-    const ToolRun good = Start({});
+    std::vector<std::string> command = {KALVEX_CLI_COMMAND};
+    command.insert(command.end(), arguments_.begin(), arguments_.end());
+    FaultyProgram program(command, Environment());
+    PutOldFile();
+    const ToolRun good = program.Run("").run;
     ASSERT_EQ(good.status, 0) << good.err;
     const std::string whole = Result(good);
     ASSERT_NE(whole, "old");
     ASSERT_FALSE(whole.empty());
     for (const FaultKind& kind : kFaultKinds) {
-        ForEachFault(
-            kind, [this](const auto& environment) { return Start(environment); },
-            [&](const FaultRun& fault) { Check(kind, fault, whole); });
+        const FaultSteps steps = {[this] { PutOldFile(); },
+                                  [&](const FaultRun& fault) { Check(kind, fault, whole); }};
+        RecordFaults(GetParam().name, kind, ForEachFault(program, kind, steps));
     }
 }
 
