@@ -52,13 +52,17 @@ function(kalvex_room NAME)
   target_link_libraries(kalvex_${NAME} PUBLIC ${uses} ${libraries} PRIVATE kalvex_flags)
 endfunction()
 
-# kalvex_test(NAME SOURCES file... [USES library...]): a GoogleTest program with CTest entries.
+# kalvex_test(NAME SOURCES file... [USES library...] [TIMEOUT seconds]): a GoogleTest program with CTest
+# entries. Each test gets 300 seconds unless another limit is given.
 function(kalvex_test NAME)
-  cmake_parse_arguments(TEST "" "" "SOURCES;USES" ${ARGN})
+  cmake_parse_arguments(TEST "" "TIMEOUT" "SOURCES;USES" ${ARGN})
+  if(NOT TEST_TIMEOUT)
+    set(TEST_TIMEOUT 300)
+  endif()
   add_executable(${NAME}_tests ${TEST_SOURCES})
   target_include_directories(${NAME}_tests PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_link_libraries(${NAME}_tests PRIVATE ${TEST_USES} GTest::gtest_main kalvex_flags)
   gtest_discover_tests(${NAME}_tests TEST_PREFIX ${NAME}. DISCOVERY_TIMEOUT 60
-                       PROPERTIES TIMEOUT 300 ENVIRONMENT "QT_QPA_PLATFORM=offscreen"
+                       PROPERTIES TIMEOUT ${TEST_TIMEOUT} ENVIRONMENT "QT_QPA_PLATFORM=offscreen"
                                   ENVIRONMENT_MODIFICATION "LOCPATH=set:${KALVEX_LOCALES}")
 endfunction()
