@@ -20,7 +20,8 @@ void PlayDrawList(QPainter& painter, const DrawList& list);
 /// fonts are empty boxes.
 [[nodiscard]] bool HasFontsOf(const DrawList& list);
 
-/// The text-measuring function that belongs to this painter's fonts.
+/// The text-measuring function that belongs to this painter's fonts. It throws std::bad_alloc when
+/// the font library gives a number no width because it got no memory.
 [[nodiscard]] MeasureText PainterTextMeasure();
 
 }  // namespace kalvex

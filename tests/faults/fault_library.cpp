@@ -57,6 +57,15 @@ bool IsChosen(int folder, const char* path) {
     return read >= static_cast<ssize_t>(length) && strncmp(name, wanted, length) == 0;
 }
 
+/// Whether a new file is outside of KALVEX_FAULT_FOLDER. Nothing may be written there: a library
+/// that got no memory would replace its own files, which all programs use, by damaged ones
+/// (fontconfig's list of the fonts, for instance). To the program it is a disk without writing.
+bool IsForeign(const char* path) {
+    if (IsChosen(AT_FDCWD, path)) return false;
+    errno = EROFS;
+    return true;
+}
+
 bool OpenFails(int folder, const char* path) {
     KillHere();
     return IsChosen(folder, path) && FailsWith(Fault::Open, EMFILE);
@@ -186,7 +195,20 @@ SYNC_FUNCTION(fsync)
 SYNC_FUNCTION(fdatasync)
 #undef SYNC_FUNCTION
 
+/// Libraries make files with these.
+#define MKOSTEMP_FUNCTION(name)                                 \
+    int name(char* path, int flags) {                           \
+        KillHere();                                             \
+        if (IsForeign(path)) return -1;                         \
+        static auto* const real = Real<int(char*, int)>(#name); \
+        return Opened(AT_FDCWD, path, real(path, flags));       \
+    }
+MKOSTEMP_FUNCTION(mkostemp)
+MKOSTEMP_FUNCTION(mkostemp64)
+#undef MKOSTEMP_FUNCTION
+
 int rename(const char* from, const char* to) {
+    if (IsForeign(to)) return -1;
     KillHere();
     if (FailsWith(Fault::Rename, EACCES)) return -1;
     static auto* const real = Real<int(const char*, const char*)>("rename");

@@ -12,9 +12,8 @@
 //                      above are read, each ending with a line feed. The answer to a request is a
 //                      struct FaultAnswer. The end of the requests ends the program.
 // Both:
-//   KALVEX_FAULT_FOLDER  only files whose paths begin like this are opened and read with failures;
-//   the
-//                        other kinds do not look at it
+//   KALVEX_FAULT_FOLDER  only files whose paths begin like this are opened and read with failures,
+//                        and libraries can make and rename files only there
 //
 // Kinds: alloc (out of memory), open (too many files), read and write (error of the device), full
 // (write to a full disk), short (a write that takes half of its bytes: not an error), interrupt (a
