@@ -2,9 +2,8 @@
 // Two ways tell it which.
 //
 // By hand, the environment names the call of one run:
-//   KALVEX_FAULT       KIND:N or KIND:N+   the N-th call of that kind fails (counted from 1); with
-//   a
-//                      plus sign all later ones fail too
+//   KALVEX_FAULT       KIND:N (the N-th call of that kind fails, counted from 1) or KIND:N+ (all
+//                      later ones fail too)
 // A test has many runs. The program is then started once and stops before its main function. It
 // waits for requests, and each is answered by a copy of the process (fork), which saves the time in
 // which the libraries are loaded:
@@ -79,7 +78,8 @@ void LimitTime() {
     constexpr rlim_t kProcessorSeconds = 10;
     const rlimit limit{kProcessorSeconds, kProcessorSeconds};
     setrlimit(RLIMIT_CPU, &limit);
-    alarm(60);
+    // Without memory, fontconfig may wait for ever for a lock that it holds itself.
+    alarm(fault.kind == Fault::Alloc ? 10 : 60);
 }
 
 /// Without memory some libraries try the same again and again. So many failures in a row are no
@@ -90,8 +90,8 @@ using MainFunction = int(int, char**, char**);
 MainFunction* programMain = nullptr;
 
 int RunMain(const char* request, int count, char** arguments, char** environment) {
-    LimitTime();
     fault = ReadFault(request);
+    LimitTime();
     return programMain(count, arguments, environment);
 }
 

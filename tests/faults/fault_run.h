@@ -63,7 +63,8 @@ struct FaultSteps {
 /// Calls the steps for a run with each call of the kind, until a run does not come so far; that one
 /// is checked as well. Then once more, with all later calls failing too. Of the allocations, which
 /// are many, only some fail, each about an eighth later than the one before; with KALVEX_FAULTS=all
-/// in the environment every single one. Gives the number of runs in which a call failed.
+/// in the environment every single one, with KALVEX_FAULTS=5 every fifth. Gives the number of runs
+/// in which a call failed.
 [[nodiscard]] int ForEachFault(FaultyProgram& program, const FaultKind& kind,
                                const FaultSteps& steps);
 
