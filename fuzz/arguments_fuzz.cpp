@@ -50,6 +50,9 @@ CommandLine Parsed(std::string_view bytes) {
     return line;
 }
 
+/// The end of a command whose arguments have been read.
+struct Read {};
+
 ExitStatus RunTool(const CommandLine& line) {
     CLI::App tool("", "kalvex-cli");
     tool.set_version_flag("--version", "kalvex-cli");
@@ -60,10 +63,12 @@ ExitStatus RunTool(const CommandLine& line) {
         CLI::App* const command = tool.get_subcommand(name);
         fuzz::Require(command->remove_option(command->get_option("-o")));
     }
-    tool.get_subcommand("draw")->callback([] {});
+    tool.get_subcommand("draw")->parse_complete_callback([] { throw Read(); });
     std::vector<std::string> arguments(line.arguments.rbegin(), line.arguments.rend());
     try {
         tool.parse(arguments);
+    } catch (const Read&) {
+        return status;
     } catch (const CLI::ParseError& error) {
         std::ostringstream out;
         std::ostringstream errors;

@@ -23,15 +23,32 @@ using namespace kalvex;
 using fuzz::Require;
 using fuzz::Same;
 
-/// A file in memory where the system has such a folder; one for each process.
-const std::string& FilePath() {
-    static const std::string path = [] {
-        const std::filesystem::path memory = "/dev/shm";
-        const auto folder =
-            std::filesystem::is_directory(memory) ? memory : std::filesystem::temp_directory_path();
-        return (folder / ("kalvex-settings-fuzz-" + std::to_string(getpid()))).string();
-    }();
-    return path;
+namespace fs = std::filesystem;
+
+/// A folder in memory where the system has such a one; one for each process, gone at its end.
+struct Folder {
+    fs::path path =
+        (fs::is_directory("/dev/shm") ? fs::path("/dev/shm") : fs::temp_directory_path()) /
+        ("kalvex-settings-fuzz-" + std::to_string(getpid()));
+    Folder() { fs::create_directory(path); }
+    ~Folder() { fs::remove_all(path); }
+    Folder(const Folder&) = delete;
+    Folder& operator=(const Folder&) = delete;
+};
+
+const fs::path& FolderPath() {
+    static const Folder folder;
+    return folder.path;
+}
+
+std::string FilePath() {
+    return FolderPath() / "kalvex.ini";
+}
+
+/// The copies of settings that were not understood.
+void RemoveOtherFiles() {
+    for (const auto& entry : fs::directory_iterator(FolderPath()))
+        if (entry.path() != FilePath()) fs::remove(entry.path());
 }
 
 std::string FileBytes() {
@@ -106,6 +123,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const Workspace second = LoadAndStore();
     const std::string stored = FileBytes();
     const Workspace third = LoadAndStore();
+    RemoveOtherFiles();
     RequireSame(second, third);
     Require(FileBytes() == stored);
     return 0;

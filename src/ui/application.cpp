@@ -166,8 +166,8 @@ void ShowEditor(Application& application) {
     application.windowState = LoadWindowState(application.windowStatePath);
     RemoveOldLeftovers(application);
     const auto run = CommandsOf(application);
-    application.editor =
-        std::make_unique<EditorWindow>(application.workspace, EditorActions{{run, application.show}});
+    application.editor = std::make_unique<EditorWindow>(application.workspace,
+                                                        EditorActions{{run, application.show}});
     ApplyWindowState(*application.editor, application.windowState);
     application.editor->FocusLine(0);
     ShowStoreNote(application);

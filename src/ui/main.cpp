@@ -1,7 +1,6 @@
 // The program's state lives here. Its windows are hidden and shown while it runs, so the event loop
 // ends by Application::quit and not with the last window.
 #include <csignal>
-#include <cstdio>
 #include <cstdlib>
 #include <functional>
 #include <new>
@@ -75,7 +74,8 @@ int RunProgram(int argc, char** argv) {
     QObject::connect(&qt, &QCoreApplication::aboutToQuit, &qt, end);
 
     application.started = [&application, settings] {
-        ListenForStarts(application.instance, settings, [&application] { RaiseWindow(application); });
+        ListenForStarts(application.instance, settings,
+                        [&application] { RaiseWindow(application); });
     };
     StartApplication(application);
     const int result = QApplication::exec();
@@ -96,7 +96,7 @@ int main(int argc, char** argv) {
         MakeStackRoom();
         return RunProgram(argc, argv);
     } catch (const std::bad_alloc&) {
-        std::fputs("kalvex: There is not enough memory.\n", stderr);
+        WriteLackOfMemory();
         return EXIT_FAILURE;
     }
 }

@@ -10,14 +10,12 @@
 namespace kalvex {
 namespace {
 
-constexpr const char* kNoMemory = "kalvex: There is not enough memory.\n";
-
 [[noreturn]] void OnTerminate() {
     try {
         if (std::current_exception()) throw;
         std::fputs("kalvex: an unexpected end\n", stderr);
     } catch (const std::bad_alloc&) {
-        std::fputs(kNoMemory, stderr);
+        WriteLackOfMemory();
     } catch (const std::exception& error) {
         std::fprintf(stderr, "kalvex: %s\n", error.what());
     } catch (...) {
@@ -34,11 +32,15 @@ void OnMessage(QtMsgType type, const QMessageLogContext& context, const QString&
 
 }  // namespace
 
+void WriteLackOfMemory() {
+    std::fputs("kalvex: There is not enough memory.\n", stderr);
+}
+
 bool SafeApplication::notify(QObject* receiver, QEvent* event) {
     try {
         return QApplication::notify(receiver, event);
     } catch (const std::bad_alloc&) {
-        std::fputs(kNoMemory, stderr);
+        WriteLackOfMemory();
     }
     if (!tellLackOfMemory || telling) return true;
     telling = true;

@@ -22,6 +22,9 @@ class SafeApplication final : public QApplication {
     bool telling = false;
 };
 
+/// Writes a line about the lack of memory to standard error, without using memory.
+void WriteLackOfMemory();
+
 /// From now on a failure that nobody handles ends the process with the status 1 and a line on
 /// standard error, without a memory dump. Files that were being written stay as they were. Such
 /// failures are an exception that leaves a function which must not throw, and Qt's fatal messages,

@@ -24,6 +24,10 @@ constexpr std::string_view kNamingCalls[] = {
     "findChild<QWidget*>(", "storedValue(", "storeValue(",           "setDesktopFileName(",
     "setApplicationName(",  "DataFolders(", "StoreOption(registry, "};
 
+/// Calls that write a line for whoever started the program in a terminal. They cannot ask for a
+/// text of the tables, which may need memory.
+constexpr std::string_view kLineCalls[] = {"std::fputs(", "std::fprintf(stderr, "};
+
 /// The other literals that no person reads, by what they are.
 constexpr std::string_view kNoTexts[] = {
     // Names of controls and dialogs.
@@ -34,6 +38,8 @@ constexpr std::string_view kNoTexts[] = {
     // Names, kinds and patterns of files.
     "txt", ".bmp", " (*.txt)", " (*.kx)", "Kalvex_", "Kalvex.png", "result.kx",
     "/kalvex/window.ini", "General", ":/icons/kalvex-%1.png", "kalvex-",
+    // Platforms without a screen.
+    "offscreen", "minimal",
     // What a second start sends to the first; the blanks that may stand around a number.
     "r", " \\t\\u00a0"};
 
@@ -94,9 +100,10 @@ bool HasLetters(std::string_view literal) {
 }
 
 bool IsNoText(const Literal& literal) {
-    const auto names = [&](std::string_view call) { return literal.before.ends_with(call); };
+    const auto calls = [&](std::string_view call) { return literal.before.ends_with(call); };
     return !HasLetters(literal.text) ||
-           std::any_of(std::begin(kNamingCalls), std::end(kNamingCalls), names) ||
+           std::any_of(std::begin(kNamingCalls), std::end(kNamingCalls), calls) ||
+           std::any_of(std::begin(kLineCalls), std::end(kLineCalls), calls) ||
            std::find(std::begin(kNoTexts), std::end(kNoTexts), literal.text) != std::end(kNoTexts);
 }
 

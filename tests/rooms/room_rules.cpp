@@ -28,6 +28,7 @@ constexpr KnownHeader kKnownHeaders[] = {
     {"immintrin.h", ""},
     {"locale.h", ""},
     {"sys/file.h", ""},
+    {"sys/socket.h", ""},
     {"sys/stat.h", ""},
     {"sys/xattr.h", ""},
     {"unistd.h", ""},

@@ -43,16 +43,17 @@ std::string SlowCurve(int depth = 14) {
     return text;
 }
 
-/// A text of x each value of which takes two or three milliseconds.
+/// A text of x each value of which takes one or two milliseconds.
 std::string SlowText() {
+    // Parameters that are close to each other take sums of many digits.
     std::string text;
-    for (int i = 0; i < 10; ++i)
-        text += (i == 0 ? "" : "+") + std::string("Hyper(-5000.5,abs(x)+700") + std::to_string(i) +
-                ".3,8000.1,0.9)";
+    for (int i = 0; i < 11; ++i)
+        text += (i == 0 ? "" : "+") + std::string("Hyper(0-900.3-abs(x)/7,0-901.57,0-902.") +
+                std::to_string(70 + i) + ",0.99)";
     return text;
 }
 
-/// Two lines of a type, each of which takes a second or longer.
+/// Two lines of a type, each of which takes half a second or longer.
 void AddSlowLines(TestProgram& program, EquationType type) {
     std::string text = SlowText();
     if (type == EquationType::Parametric) text = "x;" + text;

@@ -16,7 +16,6 @@
 #include "specfun/hypergeometric/integral_value.h"
 #include "specfun/hypergeometric/series.h"
 #include "specfun/hypergeometric/shifts.h"
-#include "specfun/specfun.h"
 
 namespace kalvex::specfun {
 namespace {
@@ -35,36 +34,6 @@ double CostOfShifts(const Form& form, double x) {
     const double ofSteps = std::min(kOfOne * steps, kOfBlocks + kOfOneInBlock * steps);
     return ofSteps + (x > 0.5 ? kOfStartNearOne : kOfStart);
 }
-
-}  // namespace
-
-DoubleDouble LogOneLess(double x) {
-    constexpr double kSmall = 0.4;  // LogOnePlus takes arguments below 1/2
-    return std::fabs(x) < kSmall ? LogOnePlus({-x, 0}) : Log(TwoSum(1, -x));
-}
-
-Value ValueOf(const Form& form, const HypergeometricPoint& sum, double x) {
-    if (sum.singular) throw ap::ap_error{kOverflow};
-    if (sum.failed) return {};
-    const double own = form.pfaff ? sum.slope.high / (1 - x) : sum.slope.high;
-    const double slope = own - form.power.high * x / (1 - x) * sum.value.high;
-    Value value = {sum.value, sum.exponent,
-                   sum.error / (std::fabs(sum.value.high) + std::fabs(slope)),
-                   sum.error / std::fabs(sum.value.high), slope};
-    if (form.power.high == 0) return value;
-    const DoubleDouble exponent = form.power * LogOneLess(x);
-    // Far beyond the range of a double, and within that of ExpScaled.
-    constexpr double kMostExponent = 1e8;
-    if (!(std::fabs(exponent.high) < kMostExponent)) return {};
-    int more = 0;
-    const DoubleDouble factor = ExpScaled(exponent, more);
-    value.fraction *= factor;
-    value.slope *= factor.high;
-    value.exponent += more;
-    return value;
-}
-
-namespace {
 
 Value BySeries(const Form& form, double x) {
     // 1/16 of kGoodEnough, so that what is left out hardly adds to the loss by rounding.

@@ -8,6 +8,7 @@
 #include "specfun/hypergeometric/best_value.h"
 #include "specfun/hypergeometric/forms.h"
 #include "specfun/hypergeometric/growth.h"
+#include "specfun/hypergeometric/value.h"
 #include "specfun/hypergeometric/wide_value.h"
 #include "specfun/specfun.h"
 

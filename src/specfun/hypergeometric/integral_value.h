@@ -4,7 +4,8 @@
 
 #include <array>
 
-#include "specfun/hypergeometric/best_value.h"
+#include "specfun/hypergeometric/forms.h"
+#include "specfun/hypergeometric/value.h"
 
 namespace kalvex::specfun {
 

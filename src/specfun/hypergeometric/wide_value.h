@@ -2,7 +2,7 @@
 // functions.
 #pragma once
 
-#include "specfun/hypergeometric/best_value.h"
+#include "specfun/hypergeometric/value.h"
 
 namespace kalvex::specfun {
 

@@ -64,9 +64,14 @@ void GraphCanvas::ScheduleRedraw() {
 
 bool GraphCanvas::BringUpToDate() {
     if (gate || !isVisible()) return false;
-    const bool due = redrawTimer.isActive() || redrawAgain || image.isNull();
-    redrawTimer.stop();
-    if (due) Redraw();
+    bool due = redrawTimer.isActive() || redrawAgain || image.isNull();
+    // A change of the window's size during the computation makes another one necessary.
+    constexpr int kMostTries = 10;
+    for (int i = 0; due && isVisible() && i < kMostTries; ++i) {
+        redrawTimer.stop();
+        Redraw();
+        due = redrawAgain;
+    }
     return !redrawAgain;
 }
 
