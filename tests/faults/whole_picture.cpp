@@ -85,9 +85,11 @@ bool IsWholePicture(const std::string& name, const std::string& picture, const s
 }
 
 std::string WithoutTime(std::string bytes) {
-    constexpr std::string_view kName = "/CreationDate (";
+    constexpr std::string_view kName = "/CreationDate (D:";
     const std::size_t at = bytes.find(kName);
-    if (at != bytes.npos && bytes.starts_with("%PDF-")) bytes.erase(at, bytes.find(')', at) - at);
+    if (at == bytes.npos || !bytes.starts_with("%PDF-")) return bytes;
+    for (std::size_t i = at + kName.size(); i < bytes.size() && bytes[i] != ')'; ++i)
+        bytes[i] = '0';
     return bytes;
 }
 

@@ -10,7 +10,7 @@ namespace kalvex {
 [[nodiscard]] bool IsWholePicture(const std::string& name, const std::string& picture,
                                   const std::string& good);
 
-/// The bytes of a picture without the time at which a PDF was made.
+/// The bytes of a picture with zeros in the place of the time at which a PDF was made.
 [[nodiscard]] std::string WithoutTime(std::string bytes);
 
 }  // namespace kalvex
