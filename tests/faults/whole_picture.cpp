@@ -3,9 +3,11 @@
 #include <QByteArray>
 #include <QImage>
 #include <QXmlStreamReader>
+#include <cstdio>
 #include <cstdlib>
 #include <sstream>
 #include <string_view>
+#include <vector>
 
 namespace kalvex {
 namespace {
@@ -64,8 +66,41 @@ std::string WithoutTexts(const std::string& records) {
     return rest;
 }
 
+/// A number of the x axis on a picture that is 120 pixels wide and shows x from -10 to 10.
+struct Number {
+    std::size_t length = 0;
+    int x = 0;
+    int y = 0;
+    int value = 0;
+};
+
+std::vector<Number> NumbersOf(const std::string& records) {
+    std::istringstream lines(records);
+    std::vector<Number> numbers;
+    for (std::string line; std::getline(lines, line);) {
+        int x = 0, y = 0, value = 0;
+        if (std::sscanf(line.c_str(), "text numbers - %*s - %d,%d %*d %d", &x, &y, &value) == 3 &&
+            value != 0)
+            numbers.push_back({line.size() - line.rfind('\t'), x, y, value});
+    }
+    return numbers;
+}
+
+/// Whether numbers of the same length, which are about equally wide in any font, have the same
+/// distance from their ticks. One of them that was measured wrongly has not.
+bool StandAtTheirTicks(const std::vector<Number>& numbers) {
+    constexpr int kPixelsPerUnit = 6;
+    const auto shift = [](const Number& n) { return n.x - kPixelsPerUnit * n.value; };
+    for (const Number& a : numbers)
+        for (const Number& b : numbers)
+            if (a.y == b.y && a.length == b.length && std::abs(shift(a) - shift(b)) > 1)
+                return false;
+    return true;
+}
+
 bool IsWholeList(const std::string& picture, const std::string& good) {
-    return picture.ends_with('\n') && WithoutTexts(picture) == WithoutTexts(good);
+    return picture.ends_with('\n') && WithoutTexts(picture) == WithoutTexts(good) &&
+           StandAtTheirTicks(NumbersOf(picture));
 }
 
 }  // namespace

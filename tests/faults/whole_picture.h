@@ -6,7 +6,8 @@
 namespace kalvex {
 
 /// Whether `picture` is complete, of the format that the name ends in, and as large as `good`. Of
-/// drawing records everything but the texts must be the same as in `good`.
+/// drawing records everything but the texts must be the same as in `good`, and the numbers of the
+/// axes must stand at their ticks.
 [[nodiscard]] bool IsWholePicture(const std::string& name, const std::string& picture,
                                   const std::string& good);
 
