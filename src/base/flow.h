@@ -5,6 +5,7 @@
 #pragma once
 
 #include <coroutine>
+#include <exception>
 #include <functional>
 #include <memory>
 #include <type_traits>
@@ -16,16 +17,24 @@
 namespace kalvex {
 
 /// The result type of a flow. A call runs it to its first open box, or to its end. Whoever calls it
-/// keeps nothing: the frame is freed at its end.
+/// keeps nothing: the frame is freed at its end. An exception that leaves a flow ends it and goes
+/// to whoever called it or has answered its last box.
 struct Flow {
     struct promise_type {
+        std::exception_ptr* failure = nullptr;  ///< where an answer waits for an exception; or null
         Flow get_return_object() noexcept { return {}; }
         std::suspend_never initial_suspend() noexcept { return {}; }
         std::suspend_never final_suspend() noexcept { return {}; }
         void return_void() noexcept {}
-        void unhandled_exception() { throw; }
+        void unhandled_exception() {
+            // The frame of a flow that was resumed is freed only if nothing is thrown here.
+            if (failure == nullptr) throw;
+            *failure = std::current_exception();
+        }
     };
 };
+
+using FlowFrame = std::coroutine_handle<Flow::promise_type>;
 
 /// Takes the answer of a box. Only the first call counts.
 using TakeAnswer = std::function<void(MessageAnswer)>;
@@ -36,15 +45,26 @@ using OpenBox = std::function<void(const MessageBox& box, const TakeAnswer& answ
 
 /// A flow that waits for an answer.
 struct WaitingFlow {
-    explicit WaitingFlow(std::coroutine_handle<> flow) : frame(flow) {}
+    explicit WaitingFlow(FlowFrame flow) : frame(flow) {}
     WaitingFlow(const WaitingFlow&) = delete;
     WaitingFlow& operator=(const WaitingFlow&) = delete;
     ~WaitingFlow() {
         if (frame) frame.destroy();
     }
 
-    std::coroutine_handle<> frame;  ///< null once it has gone on
+    FlowFrame frame;        ///< null once it has gone on
+    bool isOpening = true;  ///< the function that opens the box has not returned
+    bool isAnswered = false;
 };
+
+/// Runs the flow up to its next box.
+inline void GoOn(WaitingFlow& waiting) {
+    std::exception_ptr failure;
+    const FlowFrame frame = std::exchange(waiting.frame, nullptr);
+    frame.promise().failure = &failure;
+    frame.resume();
+    if (failure) std::rethrow_exception(failure);
+}
 
 /// How boxes are shown: by opening them, or by a function that returns with the answer.
 class ShowBox final {
@@ -67,17 +87,28 @@ class ShowBox final {
             if (how.now) answer = how.now(box);
             return static_cast<bool>(how.now);
         }
-        // An answer that comes before `open` returns may end the flow, and with it this object, so
-        // everything that `open` needs is copied.
-        void await_suspend(std::coroutine_handle<> flow) {
-            const OpenBox open = how.later;
-            const MessageBox shown = box;
+        /// False when the box was answered before the function that opens it returned: the flow
+        /// then goes on without having waited. The same when that function throws.
+        bool await_suspend(FlowFrame flow) {
             const auto waiting = std::make_shared<WaitingFlow>(flow);
-            open(shown, [this, waiting](MessageAnswer given) {
-                if (!waiting->frame) return;
-                answer = given;
-                std::exchange(waiting->frame, nullptr).resume();
-            });
+            try {
+                how.later(box, [this, waiting](MessageAnswer given) {
+                    if (!waiting->frame || waiting->isAnswered) return;
+                    answer = given;
+                    waiting->isAnswered = true;
+                    if (!waiting->isOpening) GoOn(*waiting);
+                });
+            } catch (...) {
+                waiting->frame = nullptr;
+                throw;
+            }
+            waiting->isOpening = false;
+            if (waiting->isAnswered) {
+                waiting->frame = nullptr;
+                return false;
+            }
+            flow.promise().failure = nullptr;
+            return true;
         }
         [[nodiscard]] MessageAnswer await_resume() const noexcept { return answer; }
 

@@ -3,7 +3,8 @@
 #include "base/stack_room.h"
 
 #include <cstddef>
-#include <memory>
+
+#include "base/memory_room.h"
 
 namespace kalvex {
 namespace {
@@ -22,11 +23,7 @@ constexpr std::size_t kSpare = std::size_t{1} << 16;  // the stack grows by more
 }  // namespace
 
 void MakeStackRoom() {
-    {
-        const auto probe = std::make_unique_for_overwrite<char[]>(kRoom + kSpare);
-        volatile char* const used = probe.get();
-        used[0] = 0;  // so that the compiler keeps the allocation
-    }
+    DemandMemory(kRoom + kSpare);
     TouchStack();
 }
 

@@ -2,6 +2,7 @@
 // calls only functions that are allowed in a handler.
 #include "base/stop_signal.h"
 
+#include <poll.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -27,7 +28,9 @@ static_assert(std::atomic<int>::is_always_lock_free &&
 
 [[noreturn]] void End(int number) {
     const char* const line = endLine;
-    if (line != nullptr) {
+    // Nobody may be reading a full pipe, and the end must not wait for that.
+    pollfd room{STDERR_FILENO, POLLOUT, 0};
+    if (line != nullptr && poll(&room, 1, 0) == 1) {
         const ssize_t written = write(STDERR_FILENO, line, std::strlen(line));
         static_cast<void>(written);
     }

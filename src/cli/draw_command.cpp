@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <memory>
 
+#include "base/memory_room.h"
 #include "cli/commands.h"
 #include "cli/console.h"
 #include "cli/line_argument.h"
@@ -56,6 +57,7 @@ ExitStatus Run(ViewOptions& view, const Arguments& arguments) {
     int count = 1;
     std::string name = "kalvex-cli";
     char* names[] = {name.data(), nullptr};
+    DemandMemory(kMemoryOfLibraries);
     const QGuiApplication application(count, names);
     const DrawList list = DrawOffScreen(view, functions, PainterTextMeasure());
     if (!HasFontsOf(list)) return TellNotWritten(arguments.picture, "picture", kNoFont);

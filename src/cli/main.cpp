@@ -1,5 +1,6 @@
 // kalvex-cli: what the windows compute and draw, for the terminal, scripts and tests.
 #include <CLI/CLI.hpp>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -69,6 +70,9 @@ ExitStatus RunTool(int argc, char** argv) {
 
 int main(int argc, char** argv) {
     std::set_terminate(OnTerminate);
+#ifdef SIGXFSZ
+    std::signal(SIGXFSZ, SIG_IGN);  // beyond a limit of the size of files a write fails
+#endif
     kalvex::EndOnStopSignals("kalvex-cli: stopped before its end.\n");
     ExitStatus status = ExitStatus::Done;
     try {

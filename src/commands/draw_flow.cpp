@@ -35,16 +35,11 @@ Flow CheckPrepared(Workspace& workspace, ShowBox show, std::function<void(bool r
     done(passed && confirmed);
 }
 
-/// Ends a batch after a failure. What was written before the failure stays.
-void CommitRest(const Registry& registry) {
-    static_cast<void>(CommitBatch(registry));
-}
-
 }  // namespace
 
 Flow PrepareFunctions(FunctionList& functions, EditorLines lines, Registry registry, ShowBox show,
                       std::function<bool()> storeMore, std::function<void(bool passed)> done) {
-    BeginBatch(registry);
+    Batch batch(registry);  // what was written before a failure stays
     for (int slot = 0; slot < kSlotCount; ++slot) {
         const auto index = static_cast<std::size_t>(slot);
         bool passed = false;
@@ -52,17 +47,17 @@ Flow PrepareFunctions(FunctionList& functions, EditorLines lines, Registry regis
             passed = PrepareFunction(functions[index], slot, lines[index], tell);
         });
         for (const MessageBox& box : boxes) {
-            if (!CommitBatch(registry)) co_return done(false);
+            if (!batch.Commit()) co_return done(false);
             const MessageAnswer answer = co_await show(box);
             if (answer == MessageAnswer::Ended) co_return done(false);
-            BeginBatch(registry);
+            batch.Begin();
         }
         if (passed && StoreFunctionText(registry, slot, lines[index])) continue;
-        CommitRest(registry);
+        static_cast<void>(batch.Commit());
         co_return done(false);
     }
     const bool stored = !storeMore || storeMore();
-    done(CommitBatch(registry) && stored);
+    done(batch.Commit() && stored);
 }
 
 void RunDrawFlow(Workspace& workspace, const Registry& registry, const ShowBox& show,

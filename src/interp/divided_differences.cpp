@@ -9,6 +9,7 @@
 #include <limits>
 #include <type_traits>
 
+#include "interp/stoppable_sort.h"
 #include "numbers/decimal.h"
 #include "numbers/double_double.h"
 
@@ -30,14 +31,16 @@ struct Pair {
     std::size_t second = 0;
 };
 
-/// The first pair of equal abscissas. Infinities and not-a-numbers are skipped: no difference of
-/// theirs is 0.
-std::optional<Pair> FirstEqualPair(std::span<const double> X) {
+/// The first pair of equal abscissas; none when the work was stopped. Infinities and not-a-numbers
+/// are skipped: no difference of theirs is 0.
+std::optional<Pair> FirstEqualPair(std::span<const double> X, Work& work) {
     std::vector<std::size_t> order;
     for (std::size_t i = 0; i < X.size(); ++i)
         if (std::isfinite(X[i])) order.push_back(i);
-    std::sort(order.begin(), order.end(),
-              [&](std::size_t a, std::size_t b) { return X[a] != X[b] ? X[a] < X[b] : a < b; });
+    const auto less = [&](std::size_t a, std::size_t b) {
+        return X[a] != X[b] ? X[a] < X[b] : a < b;
+    };
+    if (!SortStoppably(order, work, less)) return std::nullopt;
     std::optional<Pair> found;
     for (std::size_t i = 1; i < order.size(); ++i) {
         const bool groupStart = i < 2 || X[order[i - 2]] != X[order[i - 1]];
@@ -118,12 +121,13 @@ double NestedValue(std::span<const double> X, const DifferenceTable& DIFTAB, dou
 Failure DATA_TO_DIF(std::span<const double> XTAB, std::span<const double> YTAB,
                     DifferenceTable& DIFTAB, Work& work) {
     DIFTAB = {};
-    if (const std::optional<Pair> pair = FirstEqualPair(XTAB)) {
+    if (const std::optional<Pair> pair = FirstEqualPair(XTAB, work)) {
         return FatalError(kRoutine,
                           {"  Two entries of XTAB are equal!", ValueLine(XTAB[pair->first]),
                            ValueLine(XTAB[pair->second])},
                           StringId::DifferencesEqual);
     }
+    if (work.stopped) return std::nullopt;
     if (YTAB.size() <= kPreciseDifferences) {
         MakePrecise(XTAB, YTAB, DIFTAB, work);
     } else {

@@ -12,6 +12,7 @@
 #include <type_traits>
 #include <utility>
 
+#include "interp/stoppable_sort.h"
 #include "numbers/decimal.h"
 #include "numbers/double_double.h"
 
@@ -51,18 +52,20 @@ DoubleDouble TotalOf(const LongSum<DoubleDouble>& sum) {
     return sum.total;
 }
 
-std::size_t DistinctCount(std::span<const double> X) {
+/// Any number when the work was stopped.
+std::size_t DistinctCount(std::span<const double> X, Work& work) {
     std::vector<double> sorted;
     std::copy_if(X.begin(), X.end(), std::back_inserter(sorted),
                  [](double value) { return !std::isnan(value); });
     const std::size_t different = X.size() - sorted.size();  // a not-a-number equals no other
-    std::sort(sorted.begin(), sorted.end());
+    if (!SortStoppably(sorted, work)) return different;
     const auto end = std::unique(sorted.begin(), sorted.end());
     return different + static_cast<std::size_t>(end - sorted.begin());
 }
 
-Failure CheckDistinct(std::span<const double> X, std::int32_t NTERMS) {
-    const std::size_t distinct = DistinctCount(X);
+Failure CheckDistinct(std::span<const double> X, std::int32_t NTERMS, Work& work) {
+    const std::size_t distinct = DistinctCount(X, work);
+    if (work.stopped) return std::nullopt;
     if (NTERMS <= 0 || distinct >= static_cast<std::size_t>(NTERMS)) return std::nullopt;
     Diagnostic diagnostic = FatalError(
         kRoutine,
@@ -261,7 +264,8 @@ double PlainValue(const LeastSquaresFit& fit, double scaled) {
 Failure LEAST_SET(std::span<const double> X, std::span<const double> F, std::span<const double> W,
                   std::int32_t NTERMS, LeastSquaresFit& fit, Work& work) {
     fit = {};
-    if (Failure failure = CheckDistinct(X, NTERMS)) return failure;
+    if (Failure failure = CheckDistinct(X, NTERMS, work)) return failure;
+    if (work.stopped) return std::nullopt;
     if (Failure failure = CheckWeights(W)) return failure;
     const auto terms = static_cast<std::size_t>(std::max(NTERMS, 0));
     if (terms == 0) return std::nullopt;

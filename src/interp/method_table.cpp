@@ -102,8 +102,8 @@ bool SpendPass(const Approximation& a, Work& work) {
 
 Failure SetUpCubic(Approximation& a, Work& work) {
     const ApproxParameters& p = a.parameters;
-    Failure failure = SPLINE_CUBIC_SET(
-        a.x, a.y, {p.approx_val, p.beta1, p.approx_val2, p.beta2}, a.coefficients);
+    Failure failure =
+        SPLINE_CUBIC_SET(a.x, a.y, {p.approx_val, p.beta1, p.approx_val2, p.beta2}, a.coefficients);
     static_cast<void>(SpendPass(a, work));  // the last step; who called looks at `stopped`
     return failure;
 }

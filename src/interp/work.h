@@ -10,8 +10,9 @@ namespace kalvex {
 /// refuse a table that would need more operations than this, which take about ten seconds.
 inline constexpr double kMostOperations = 5e9;
 
-/// Called from time to time during long work with the part of it that is done, 0 to 1, at most
-/// about a thousand times. Returns false to stop the work. May be empty: then nothing stops it.
+/// Called from time to time during long work with the part of it that is done, 0 to 1, about a
+/// thousand times, or more often when the work takes longer than some ten seconds. Returns false to
+/// stop the work. May be empty: then nothing stops it.
 using WorkProgress = std::function<bool(double done)>;
 
 /// The state of one computation; operations are counted in units of about a nanosecond.

@@ -4,21 +4,37 @@
 #include "settings/registry.h"
 
 #include <algorithm>
+#include <new>
+#include <utility>
 
 namespace kalvex {
 
-void BeginBatch(const Registry& registry) {
-    if (registry.begin && registry.commit) registry.begin();
+Batch::Batch(const Registry& of) : registry(of) {
+    Begin();
 }
 
-bool CommitBatch(const Registry& registry) {
-    return !registry.begin || !registry.commit || registry.commit();
+Batch::~Batch() {
+    try {
+        static_cast<void>(Commit());
+    } catch (const std::bad_alloc&) {
+        // The batch has ended. There is no memory to store it.
+    }
+}
+
+void Batch::Begin() {
+    if (!registry.begin || !registry.commit) return;
+    registry.begin();
+    isOpen = true;
+}
+
+bool Batch::Commit() {
+    return !std::exchange(isOpen, false) || registry.commit();
 }
 
 bool WriteTogether(const Registry& registry, const std::function<bool()>& writes) {
-    BeginBatch(registry);
+    Batch batch(registry);
     const bool written = writes();
-    return CommitBatch(registry) && written;
+    return batch.Commit() && written;
 }
 
 StoreRemarks RemarksOf(const Registry& registry) {

@@ -46,9 +46,24 @@ struct Registry {
 /// The remarks of a registry; empty ones when it makes none.
 [[nodiscard]] StoreRemarks RemarksOf(const Registry& registry);
 
-/// Begins and ends a batch of a registry that has them; otherwise `CommitBatch` is true.
-void BeginBatch(const Registry& registry);
-[[nodiscard]] bool CommitBatch(const Registry& registry);
+/// A batch of a registry that has them. Its end without `Commit`, by a failure or an exception,
+/// stores what was written before.
+class Batch final {
+  public:
+    explicit Batch(const Registry& of);
+    ~Batch();
+    Batch(const Batch&) = delete;
+    Batch& operator=(const Batch&) = delete;
+
+    /// Ends the batch. True without batches.
+    [[nodiscard]] bool Commit();
+    /// Begins the next one.
+    void Begin();
+
+  private:
+    const Registry& registry;
+    bool isOpen = false;
+};
 
 /// Runs `writes` as one batch. When `writes` fails, the values that it wrote before are stored, as
 /// they would be without a batch. True when both `writes` and the store succeeded.

@@ -30,8 +30,13 @@ Descriptor OpenFolder(const std::string& path) {
 }  // namespace
 
 std::string RealPathOf(const std::string& path) {
+    constexpr int kMostLinks = 40;  // as many as Linux follows
     std::error_code failed;
-    const fs::path real = fs::weakly_canonical(path, failed);
+    // A link whose target does not exist is followed here, because the target will be made.
+    fs::path at = path;
+    for (int i = 0; i < kMostLinks && fs::is_symlink(at, failed); ++i)
+        at = at.parent_path() / fs::read_symlink(at, failed);
+    const fs::path real = fs::weakly_canonical(at, failed);
     return failed ? path : real.native();
 }
 

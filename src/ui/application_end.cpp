@@ -1,6 +1,7 @@
 // Leaving the graph, and every end of the program: a command, a closed window, a signal, the end of
 // the session. Before an end from outside stores anything, everything that is open is closed, so
 // that no flow is left that would store or show something later.
+#include <QScopeGuard>
 #include <utility>
 
 #include "resources/message_boxes.h"
@@ -51,6 +52,7 @@ void RememberVisibleWindow(Application& application) {
 /// Lets all flows end, then stores everything.
 void StoreEverything(Application& application, const ShowMessage& show) {
     if (std::exchange(application.closing, true)) return;
+    const auto closed = qScopeGuard([&application] { application.closing = false; });
     if (application.graphWindow) application.graphWindow->Canvas().Stop();
     CloseWhatIsOpen();
     for (const MessageBox& box : StoreTogether(application)) {
@@ -58,7 +60,6 @@ void StoreEverything(Application& application, const ShowMessage& show) {
         StoreWithoutView(application);
     }
     RememberVisibleWindow(application);
-    application.closing = false;
 }
 
 }  // namespace
@@ -96,7 +97,9 @@ void StoreForSession(Application& application, const ShowMessage& show) {
 void EndApplication(Application& application, const ShowMessage& show) {
     if (application.ended) return;
     application.ended = true;
+    auto notStored = qScopeGuard([&application] { application.ended = false; });
     StoreEverything(application, show);
+    notStored.dismiss();
     ReleaseInstance(application.instance);
 }
 

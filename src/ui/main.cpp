@@ -5,6 +5,7 @@
 #include <functional>
 #include <new>
 
+#include "base/memory_room.h"
 #include "base/message_line.h"
 #include "base/stack_room.h"
 #include "resources/message_boxes.h"
@@ -88,12 +89,15 @@ int RunProgram(int argc, char** argv) {
 int main(int argc, char** argv) {
 #ifdef SIGPIPE
     // Standard error may be a pipe that nobody reads any more. A message that cannot be written
-    // there must not end the program before its settings are stored.
+    // there must not end the program before its settings are stored. Nor must a limit of the size
+    // of files: the write fails then.
     std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
 #endif
     EndWithALineOnFatalErrors();
     try {
         MakeStackRoom();
+        DemandMemory(kMemoryOfLibraries);
         return RunProgram(argc, argv);
     } catch (const std::bad_alloc&) {
         WriteLackOfMemory();

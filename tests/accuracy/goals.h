@@ -85,10 +85,12 @@ inline constexpr auto kGoals = std::to_array<Goal>({
      "DLMF 10.25.2, 10.28.2, 10.41.3"},
     {"Hyper", 0.55, "-1 < x < 1",
      "the power series or transformation that cancels least; contiguous relations from small "
-     "parameters outwards or, where the function is the minimal solution, inwards; sums of 192 to "
-     "2048 bits where these lose too many digits",
-     "DLMF 15.2.1, 15.8.1, 15.8.7, 15.5.11 to 15.5.22, 15.10.13; Gautschi 1967; Gil, Segura and "
-     "Temme 2007"},
+     "parameters outwards or, where the function is the minimal solution, inwards; for large "
+     "parameters integrals through saddle points by the trapezoidal rule; sums of 192 to 2048 bits "
+     "where these lose too many digits",
+     "DLMF 15.2.1, 15.8.1, 15.8.7, 15.5.11 to 15.5.22, 15.6.1, 15.6.2, 15.10.13, 15.10.17; "
+     "Gautschi "
+     "1967; Gil, Segura and Temme 2007; Trefethen and Weideman 2014"},
     {"log", 1.5, "base > 0 and not 1, x > 0", "quotient of logarithms of twice the precision",
      "DLMF 4.38.5"},
     {"Cheb", 0.55, "integral degrees, -1 to 1",

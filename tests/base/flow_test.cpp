@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <new>
 #include <optional>
+#include <stdexcept>
 #include <string>
 
 namespace kalvex {
@@ -42,6 +44,50 @@ struct OpenBoxes {
     }
     void Answer(MessageAnswer answer) { std::exchange(answered, nullptr)(answer); }
 };
+
+/// Shows a box, then fails.
+Flow FailsBehindABox(ShowBox show, InFrame frame) {
+    static_cast<void>(frame);
+    const MessageBox box{u"first", {}};
+    co_await show(box);
+    throw std::runtime_error("behind");
+}
+
+TEST(Flow, ThatFailsEndsAndTellsWhoAnswered) {
+    OpenBoxes boxes;
+    int frames = 0;
+    FailsBehindABox(boxes.Show(), InFrame(frames));
+    EXPECT_EQ(frames, 1);
+    EXPECT_THROW(boxes.Answer(MessageAnswer::Ok), std::runtime_error);
+    EXPECT_EQ(frames, 0);
+    const auto atOnce = [](const MessageBox&) { return MessageAnswer::Ok; };
+    EXPECT_THROW(FailsBehindABox(ShowBox(atOnce), InFrame(frames)), std::runtime_error);
+    EXPECT_EQ(frames, 0);
+    const auto soon = ShowBox::Opening(
+        [](const MessageBox&, const TakeAnswer& take) { take(MessageAnswer::Ok); });
+    EXPECT_THROW(FailsBehindABox(soon, InFrame(frames)), std::runtime_error);
+    EXPECT_EQ(frames, 0);
+}
+
+TEST(Flow, EndsWhenItsBoxCannotBeOpened) {
+    for (const int opened : {0, 1}) {
+        OpenBoxes boxes;
+        int count = 0;
+        const auto show = ShowBox::Opening([&](const MessageBox&, const TakeAnswer& take) {
+            if (count++ == opened) throw std::bad_alloc();
+            boxes.answered = take;
+        });
+        std::string steps;
+        int frames = 0;
+        const auto run = [&] {
+            TwoBoxes(show, InFrame(frames), steps);
+            boxes.Answer(MessageAnswer::Yes);
+        };
+        EXPECT_THROW(run(), std::bad_alloc);
+        EXPECT_EQ(steps, opened == 0 ? "a" : "ay");
+        EXPECT_EQ(frames, 0);
+    }
+}
 
 TEST(Flow, RunsThroughWhenBoxesAreAnsweredAtOnce) {
     for (const MessageAnswer answer : {MessageAnswer::Yes, MessageAnswer::No}) {

@@ -88,6 +88,27 @@ TEST(ToolStop, AnIgnoredSignalStaysIgnored) {
     EXPECT_EQ(std::count(out.begin(), out.end(), '\n'), 900);
 }
 
+TEST(ToolStop, AFullPipeForMessagesDoesNotHoldItUp) {
+    const TemporaryFolder folder;
+    const ToolRun run = RunScript(
+        "mkfifo errors; exec 3<>errors; dd if=/dev/zero bs=65536 count=1 >&3 2>/dev/null; timeout "
+        "--preserve-status -k 9 -s TERM 0.4 $tool samples --size 16384x10 'decart:" +
+            SlowText() + "' > /dev/null 2>&3",
+        folder.PathOf(""));
+    EXPECT_EQ(run.status, 143);
+}
+
+TEST(ToolStop, ALimitOfTheSizeOfFilesIsAFailedWrite) {
+    const TemporaryFolder folder;
+    std::ofstream(folder.PathOf("old")) << "old";
+    const ToolRun run =
+        RunScript("ulimit -f 1; $tool table --size 2000x10 -o old decart:x", folder.PathOf(""));
+    EXPECT_EQ(run.status, 3);
+    EXPECT_EQ(run.err, "The table could not be written: old: File too large\n");
+    EXPECT_EQ(ReadFile(folder.PathOf("old")), "old");
+    EXPECT_EQ(EntriesIn(folder.PathOf("")), 1u);
+}
+
 TEST(ToolStop, AClosedPipeIsNoSuccess) {
     const TemporaryFolder folder;
     std::ofstream(folder.PathOf("old")) << "old";

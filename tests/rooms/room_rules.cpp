@@ -27,6 +27,7 @@ constexpr KnownHeader kKnownHeaders[] = {
     {"fcntl.h", ""},
     {"immintrin.h", ""},
     {"locale.h", ""},
+    {"poll.h", ""},
     {"sys/file.h", ""},
     {"sys/socket.h", ""},
     {"sys/stat.h", ""},

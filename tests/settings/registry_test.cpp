@@ -54,6 +54,27 @@ TEST(WriteTogether, NeedsBothTheWritesAndTheStore) {
     }
 }
 
+TEST(WriteTogether, EndsTheBatchWhenTheWritesThrow) {
+    int depth = 0;
+    int commits = 0;
+    Registry registry;
+    registry.begin = [&depth] { ++depth; };
+    registry.commit = [&] {
+        ++commits;
+        return --depth == 0;
+    };
+    const auto writes = []() -> bool { throw std::bad_alloc(); };
+    EXPECT_THROW(static_cast<void>(WriteTogether(registry, writes)), std::bad_alloc);
+    EXPECT_EQ(depth, 0);
+    EXPECT_EQ(commits, 1);
+    registry.commit = [&]() -> bool {
+        --depth;
+        throw std::bad_alloc();
+    };
+    EXPECT_THROW(static_cast<void>(WriteTogether(registry, writes)), std::bad_alloc);
+    EXPECT_EQ(depth, 0);
+}
+
 TEST(WriteTogether, WritesAtOnceWithoutBatches) {
     EXPECT_TRUE(WriteTogether(Registry{}, [] { return true; }));
     EXPECT_FALSE(WriteTogether(Registry{}, [] { return false; }));

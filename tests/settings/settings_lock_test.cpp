@@ -35,6 +35,26 @@ TEST_F(SettingsLock, OneAtATimeForOneFile) {
     EXPECT_EQ(Try(path), LockAnswer::Got);
 }
 
+TEST_F(SettingsLock, IsThatOfTheFileBehindLinks) {
+    fs::create_directory(folder / "real");
+    fs::create_symlink("real", folder / "folder");
+    fs::create_symlink("folder/kalvex.ini", folder / "first");
+    fs::create_symlink(folder / "first", folder / "second");
+    for (const bool exists : {false, true}) {
+        if (exists) Write("real/kalvex.ini", "");
+        for (const char* name : {"first", "second", "folder/kalvex.ini"}) {
+            EXPECT_EQ(RealPathOf(PathOf(name)), fs::canonical(folder / "real") / "kalvex.ini")
+                << name << exists;
+            Descriptor one;
+            Descriptor other;
+            EXPECT_EQ(LockSettings(PathOf(name), one), LockAnswer::Got) << name << exists;
+            EXPECT_EQ(LockSettings(PathOf("real/kalvex.ini"), other), LockAnswer::Busy) << name;
+        }
+    }
+    fs::create_symlink("circle", folder / "circle");
+    EXPECT_FALSE(RealPathOf(PathOf("circle")).empty());
+}
+
 TEST_F(SettingsLock, StaysWhenTheFileIsReplaced) {
     const std::string path = PathOf("kalvex.ini");
     std::ofstream(path) << "one";

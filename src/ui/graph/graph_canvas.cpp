@@ -139,22 +139,23 @@ void GraphCanvas::GiveUp() {
     image = {};
     update();
     ShowMode();
+    emit Redrawn();  // a command that waits for the end of the computation runs now
 }
 
 void GraphCanvas::Compute() {
     redrawAgain = false;
     gate = std::make_unique<InputGate>(isStopKey);
+    const auto end = qScopeGuard([this] {
+        gate.reset();
+        progress.clear();
+    });
     LayoutViewport(graph.viewport, width(), height());
     progress.clear();
     sinceStart.start();
     Interruption interruption;
     interruption.goOn = [this] { return Breathe(); };
+    const auto quiet = qScopeGuard([this] { pulse.Stop(); });
     pulse.Start(interruption.due);
-    const auto end = qScopeGuard([this] {
-        pulse.Stop();
-        gate.reset();
-        progress.clear();
-    });
     list = DrawGraph(
         graph, workspace.functions, workspace.options, PainterTextMeasure(),
         [this](const ProgressStretch& stretch) { return AddProgress(stretch); }, &interruption);

@@ -1,0 +1,20 @@
+// Memory that what follows will need.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+
+namespace kalvex {
+
+/// What opening a window or loading the fonts takes at most, in bytes, as far as it was measured.
+inline constexpr std::size_t kMemoryOfLibraries = std::size_t{64} << 20;
+
+/// Throws std::bad_alloc when so much memory cannot be had now. To be called before libraries that
+/// do not look at what they get; fontconfig, for one, writes damaged caches when memory is short.
+inline void DemandMemory(std::size_t bytes) {
+    const auto probe = std::make_unique_for_overwrite<char[]>(bytes);
+    volatile char* const used = probe.get();
+    used[0] = 0;  // so that the compiler keeps the allocation
+}
+
+}  // namespace kalvex
