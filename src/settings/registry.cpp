@@ -4,18 +4,25 @@
 #include "settings/registry.h"
 
 #include <algorithm>
+#include <exception>
 #include <new>
 #include <utility>
 
 namespace kalvex {
 
-Batch::Batch(const Registry& of) : registry(of) {
+Batch::Batch(const Registry& of) : registry(of), exceptions(std::uncaught_exceptions()) {
     Begin();
 }
 
 Batch::~Batch() {
+    if (!isOpen) return;
+    const bool isLeftByException = std::uncaught_exceptions() > exceptions;
     try {
-        static_cast<void>(Commit());
+        if (isLeftByException && registry.discard) {
+            registry.discard();
+        } else {
+            static_cast<void>(Commit());
+        }
     } catch (const std::bad_alloc&) {
         // The batch has ended. There is no memory to store it.
     }

@@ -39,6 +39,8 @@ struct Registry {
     /// outermost `commit` stores. A registry without the pair stores each write at once.
     std::function<void()> begin = {};
     std::function<bool()> commit = {};
+    /// Belongs to the pair: ends a batch without storing anything of it.
+    std::function<void()> discard = {};
     /// Optional.
     std::function<StoreRemarks()> remarks = {};
 };
@@ -46,8 +48,8 @@ struct Registry {
 /// The remarks of a registry; empty ones when it makes none.
 [[nodiscard]] StoreRemarks RemarksOf(const Registry& registry);
 
-/// A batch of a registry that has them. Its end without `Commit`, by a failure or an exception,
-/// stores what was written before.
+/// A batch of a registry that has them. An exception that leaves it discards what was written in
+/// it; otherwise an end without `Commit` stores that.
 class Batch final {
   public:
     explicit Batch(const Registry& of);
@@ -62,6 +64,7 @@ class Batch final {
 
   private:
     const Registry& registry;
+    int exceptions;  ///< that were on their way when it was made
     bool isOpen = false;
 };
 

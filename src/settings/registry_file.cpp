@@ -117,6 +117,15 @@ bool Flush(FileStore& store) {
     return saved;
 }
 
+/// Ends a batch. Memory gets the old values back.
+void Discard(FileStore& store) {
+    --store.depth;
+    if (!store.before) return;
+    store.ini = std::move(*store.before);
+    store.before.reset();
+    store.created.clear();
+}
+
 bool Write(FileStore& store, std::string_view key, std::string_view name,
            std::u16string_view text) {
     Refresh(store);
@@ -204,6 +213,7 @@ Registry OpenRegistryFile(const std::string& path) {
         ++store->depth;
     };
     registry.commit = [store] { return --store->depth > 0 || Flush(*store); };
+    registry.discard = [store] { Discard(*store); };
     registry.remarks = [store] { return store->remarks; };
     return registry;
 }

@@ -3,7 +3,8 @@
 #include <malloc.h>
 
 #ifdef __SANITIZE_ADDRESS__
-#include <sanitizer/allocator_interface.h>
+// The sanitizer's own interface. Its header does not come with every GCC.
+extern "C" std::size_t __sanitizer_get_current_allocated_bytes(void);
 #endif
 
 namespace kalvex::monkey {

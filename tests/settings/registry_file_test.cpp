@@ -153,6 +153,23 @@ TEST_F(RegistryFile, IsWrittenOnceForABatch) {
     EXPECT_TRUE(fs::exists(file));
 }
 
+TEST_F(RegistryFile, StoresNothingOfABatchThatAnExceptionLeaves) {
+    const Registry registry = OpenRegistryFile(file.string());
+    ASSERT_TRUE(registry.create(""));
+    ASSERT_TRUE(registry.writeNumber("", "Axex", 1));
+    const std::string before = Content();
+    const auto writes = [&registry]() -> bool {
+        EXPECT_TRUE(registry.writeNumber("", "Axex", 2));
+        throw std::bad_alloc();
+    };
+    EXPECT_THROW(static_cast<void>(WriteTogether(registry, writes)), std::bad_alloc);
+    EXPECT_EQ(Content(), before);
+    EXPECT_EQ(registry.readNumber("", "Axex"), 1);
+    EXPECT_TRUE(registry.writeNumber("", "Coord", 3));  // later writes are stored at once
+    EXPECT_EQ(OpenRegistryFile(file.string()).readNumber("", "Coord"), 3);
+    EXPECT_EQ(OpenRegistryFile(file.string()).readNumber("", "Axex"), 1);
+}
+
 TEST_F(RegistryFile, IsNotWrittenForAnUnchangedValue) {
     const Registry registry = Open();
     registry.create("");

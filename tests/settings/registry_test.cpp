@@ -73,6 +73,11 @@ TEST(WriteTogether, EndsTheBatchWhenTheWritesThrow) {
     };
     EXPECT_THROW(static_cast<void>(WriteTogether(registry, writes)), std::bad_alloc);
     EXPECT_EQ(depth, 0);
+    registry.discard = [&depth] { --depth; };
+    registry.commit = [&]() -> bool { return ++commits > 0; };
+    EXPECT_THROW(static_cast<void>(WriteTogether(registry, writes)), std::bad_alloc);
+    EXPECT_EQ(depth, 0);
+    EXPECT_EQ(commits, 1);
 }
 
 TEST(WriteTogether, WritesAtOnceWithoutBatches) {
