@@ -94,6 +94,8 @@ const std::vector<Opened> kOpened = {
     {"file of a report",
      [](BoxesProgram& program) {
          OpenReport(program);
+         OpenDialog("report")->activateWindow();  // the offscreen platform leaves it inactive
+         QTRY_VERIFY(QApplication::activeWindow() == OpenDialog("report"));
          QTest::keyClick(OpenDialog("report"), Qt::Key_S, Qt::ControlModifier);
      },
      true},

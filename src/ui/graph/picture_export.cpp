@@ -4,7 +4,6 @@
 
 #include <QClipboard>
 #include <QDir>
-#include <QFileDialog>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QStandardPaths>
@@ -56,9 +55,8 @@ void ExportPicture(const DrawList& picture, Options& options, const Registry& re
 
 void OpenSavePictureDialog(QWidget* parent, const QString& folder,
                            std::function<void(const QString& path)> chosen) {
-    auto* const dialog = new QFileDialog(parent, TextOf(StringId::SavePictureTitle), folder);
+    auto* const dialog = new FileDialog(parent, TextOf(StringId::SavePictureTitle), folder);
     dialog->setObjectName("savePictureDialog");
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     QStringList filters;
     for (const PictureFormat& format : PictureFormats())

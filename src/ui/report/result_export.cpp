@@ -2,7 +2,6 @@
 // filter applies stands in a second bracket, which the dialog does not show.
 #include "ui/report/result_export.h"
 
-#include <QFileDialog>
 #include <QScreen>
 #include <utility>
 
@@ -17,9 +16,8 @@ namespace kalvex {
 void OpenSaveResultDialog(QWidget* parent, const QString& folder,
                           std::function<void(const QString& path)> chosen) {
     auto* const dialog =
-        new QFileDialog(parent, TextOf(StringId::SaveResultTitle), StartFolder(folder));
+        new FileDialog(parent, TextOf(StringId::SaveResultTitle), StartFolder(folder));
     dialog->setObjectName("saveResultDialog");
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setOption(QFileDialog::HideNameFilterDetails);
     dialog->setNameFilters(
