@@ -7,7 +7,9 @@
 #include <csignal>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iterator>
+#include <vector>
 
 #include "base/encoding.h"
 #include "resources/samples.h"
@@ -165,16 +167,56 @@ TEST_F(RegistryFile, IsNotWrittenForAnUnchangedValue) {
     EXPECT_NE(fs::last_write_time(file), before);
 }
 
-TEST_F(RegistryFile, NoticesAFileThatChangedOrWentAway) {
+TEST_F(RegistryFile, NoticesAFileThatChanged) {
     const Registry registry = Open();
     registry.create("");
     EXPECT_TRUE(registry.writeNumber("", "Wight", 2));
     Write("[Kalvex]\nWight=17\n");
     EXPECT_EQ(registry.readNumber("", "Wight"), 17);
+}
+
+TEST_F(RegistryFile, MakesAFileAgainThatWentAwayOrWasEmptied) {
+    const auto remove = [this] { fs::remove(file); };
+    const auto removeFolder = [this] { fs::remove_all(file.parent_path()); };
+    const auto empty = [this] { fs::resize_file(file, 0); };
+    for (const std::function<void()>& lose :
+         std::vector<std::function<void()>>{remove, empty, removeFolder}) {
+        const Registry registry = Open();
+        static_cast<void>(CreateDefaultKeys(registry));
+        ASSERT_TRUE(StoreFunctionText(registry, 4, u"7x"));
+        const std::string before = Content();
+        lose();
+        EXPECT_FALSE(registry.isEmpty());
+        EXPECT_TRUE(registry.open("5"));
+        EXPECT_EQ(registry.readText("5", "equ"), u"7x");
+        // The same value is stored: it must come back with all the others.
+        EXPECT_TRUE(StoreFunctionText(registry, 4, u"7x"));
+        EXPECT_EQ(Content(), before);
+        lose();
+        EXPECT_TRUE(StoreAtEnd(registry, DefaultWorkspace(), true));
+        EXPECT_TRUE(Open().open("9"));
+        EXPECT_EQ(RemarksOf(registry).keptAs, "");
+    }
+}
+
+TEST_F(RegistryFile, ReadsAFileThatCameBack) {
+    const Registry registry = Open();
+    registry.create("");
+    EXPECT_TRUE(registry.writeNumber("", "Wight", 2));
     fs::remove(file);
-    EXPECT_EQ(registry.readNumber("", "Wight"), std::nullopt);
-    EXPECT_TRUE(registry.writeNumber("", "Wight", 17));
-    EXPECT_EQ(Open().readNumber("", "Wight"), 17);
+    EXPECT_EQ(registry.readNumber("", "Wight"), 2);
+    Write("[Kalvex]\nWight=17\n");
+    EXPECT_EQ(registry.readNumber("", "Wight"), 17);
+}
+
+TEST_F(RegistryFile, ADamagedFileThatWentAwayIsNotKept) {
+    Write("rubbish\n[Kalvex]\nWight=2\n");
+    const Registry registry = Open();
+    EXPECT_EQ(registry.readNumber("", "Wight"), 2);
+    fs::remove(file);
+    EXPECT_TRUE(registry.writeNumber("", "Wight", 3));
+    EXPECT_EQ(Open().readNumber("", "Wight"), 3);
+    EXPECT_EQ(RemarksOf(registry).keptAs, "");
 }
 
 TEST_F(RegistryFile, FailsWhereNoFileCanBe) {

@@ -137,6 +137,19 @@ class ProcessTest final : public QObject {
         QVERIFY2(line.contains("already running") && line.count('\n') == 1, line);
         QVERIFY(!QFileInfo::exists(home.Path("kalvex/kalvex.ini")));
     }
+    void TheSettingsVanishDuringTheRun() {
+        const Home home;
+        QProcess process;
+        home.Start(process);
+        QTRY_VERIFY_WITH_TIMEOUT(home.IsFound(), 20000);
+        const QByteArray before = home.Settings();
+        QVERIFY(before.contains("equ=Gamma(x)\n"));
+        QVERIFY(QFile::remove(home.Path("kalvex/kalvex.ini")));
+        process.terminate();
+        QVERIFY(process.waitForFinished(20000));
+        QCOMPARE(process.exitCode(), 0);
+        QCOMPARE(home.Settings(), before);
+    }
     void TheRuntimeFolderDoesNotMatter() {
         Home home;
         QProcess first;
