@@ -48,6 +48,23 @@ class PictureExportTest final : public QObject {
         QCOMPARE(shown.boxes->size(), std::size_t{1});
         QVERIFY(shown.boxes->front().text == u"Save");
     }
+    void TheCounterIsStoredAfterThePicture() {
+        FaultyRegistry store = MakeFilledRegistry();
+        ShownBoxes shown;
+        const QTemporaryDir folder;
+        Options options;
+        options.Screen = 7;
+        bool wasThere = false;
+        Registry registry = store.registry;
+        registry.writeNumber = [&](std::string_view key, std::string_view name,
+                                   std::int32_t value) {
+            wasThere = QFileInfo::exists(folder.filePath("Kalvex_7.bmp"));
+            return store.registry.writeNumber(key, name, value);
+        };
+        ExportPicture({8, 8, {}}, options, registry, folder.path(), shown.show);
+        QVERIFY(wasThere);
+        QCOMPARE(store.registry.readNumber("", "Screen").value_or(-1), 8);
+    }
     void TheLargestCounter() {
         FaultyRegistry store = MakeFilledRegistry();
         ShownBoxes shown;
