@@ -7,7 +7,6 @@
 
 #include <unistd.h>
 
-#include <QStandardPaths>
 #include <filesystem>
 #include <limits>
 #include <memory>
@@ -20,6 +19,7 @@
 #include "numbers/decimal.h"
 #include "numbers/truncate.h"
 #include "resources/strings.h"
+#include "settings/config_folder.h"
 #include "settings/damaged_file.h"
 #include "settings/ini_text.h"
 
@@ -182,9 +182,7 @@ bool HasKey(FileStore& store, std::string_view key) {
 }  // namespace
 
 std::string DefaultRegistryPath() {
-    return (QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-            QStringLiteral("/kalvex/kalvex.ini"))
-        .toStdString();
+    return ConfigFolder() + "/kalvex/kalvex.ini";
 }
 
 Registry OpenRegistryFile(const std::string& path) {

@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QTimer>
 #include <cstdio>
+#include <filesystem>
 #include <utility>
 
 #include "base/encoding.h"
@@ -24,6 +25,7 @@
 #include "ui/graph/graph_canvas.h"
 #include "ui/graph/picture_export.h"
 #include "ui/help/help_window.h"
+#include "ui/parts/file_name.h"
 #include "ui/parts/gate.h"
 #include "ui/parts/message_window.h"
 #include "ui/parts/qt_text.h"
@@ -147,10 +149,11 @@ auto CommandsOf(Application& application) {
 /// Removes what a killed run left in the folders that the program writes to: that of the settings,
 /// that of the pictures, and the one that was chosen last.
 void RemoveOldLeftovers(const Application& application) {
-    const QString settings = QFileInfo(application.windowStatePath).absolutePath();
-    for (const QString& folder :
-         {settings, application.pictureFolder, application.windowState.folder}) {
-        if (!folder.isEmpty()) RemoveLeftovers(folder.toStdString());
+    const std::filesystem::path windowState = application.windowStatePath;
+    for (const std::string& folder :
+         {windowState.parent_path().string(), FileNameOf(application.pictureFolder),
+          FileNameOf(application.windowState.folder)}) {
+        if (!folder.empty()) RemoveLeftovers(folder);
     }
 }
 

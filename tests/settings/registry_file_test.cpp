@@ -5,10 +5,12 @@
 
 #include <chrono>
 #include <csignal>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <functional>
 #include <iterator>
+#include <optional>
 #include <vector>
 
 #include "base/encoding.h"
@@ -435,6 +437,41 @@ TEST_F(RegistryFile, SaysWhyItWasNotStored) {
 
 TEST(DefaultRegistryPath, EndsAsItMust) {
     EXPECT_TRUE(DefaultRegistryPath().ends_with("/kalvex/kalvex.ini"));
+}
+
+/// Gives a variable of the environment a value while an object of this class lives.
+class Variable final {
+  public:
+    Variable(const char* which, const char* value) : name(which) {
+        const char* const present = std::getenv(which);
+        if (present != nullptr) before = present;
+        setenv(which, value, 1);
+    }
+    ~Variable() {
+        if (before) {
+            setenv(name, before->c_str(), 1);
+        } else {
+            unsetenv(name);
+        }
+    }
+    Variable(const Variable&) = delete;
+    Variable& operator=(const Variable&) = delete;
+
+  private:
+    const char* name;
+    std::optional<std::string> before;
+};
+
+TEST(DefaultRegistryPath, IsInTheFolderOfTheEnvironmentByteByByte) {
+    const Variable home("HOME", "/home/n\xE9");
+    for (const char* const folder : {"/home/c\xFF", "/home/\xC3\xA9", "/home/c"}) {
+        const Variable config("XDG_CONFIG_HOME", folder);
+        EXPECT_EQ(DefaultRegistryPath(), std::string(folder) + "/kalvex/kalvex.ini");
+    }
+    for (const char* const none : {"", "not/absolute\xFF"}) {
+        const Variable config("XDG_CONFIG_HOME", none);
+        EXPECT_EQ(DefaultRegistryPath(), "/home/n\xE9/.config/kalvex/kalvex.ini") << none;
+    }
 }
 
 }  // namespace

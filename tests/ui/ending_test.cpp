@@ -118,7 +118,8 @@ class EndingTest final : public QObject {
         QVERIFY2(registry.readText("9", "equ") == u"7x", opened.name);
         QCOMPARE(registry.readNumber("9", "color").value_or(0), 5);
         QCOMPARE(program.application.graphWindow != nullptr, opened.graph);
-        QVERIFY2(QFileInfo::exists(program.application.windowStatePath), opened.name);
+        QVERIFY2(QFileInfo::exists(QString::fromStdString(program.application.windowStatePath)),
+                 opened.name);
         if (opened.graph) QVERIFY2(registry.readText("", "Xmin") == u"-2.500000", opened.name);
     }
 

@@ -5,7 +5,10 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QImage>
+#include <filesystem>
+#include <iterator>
 #include <limits>
+#include <string>
 
 #include "window_fixture.h"
 
@@ -64,6 +67,23 @@ class PictureExportTest final : public QObject {
         ExportPicture({8, 8, {}}, options, registry, folder.path(), shown.show);
         QVERIFY(wasThere);
         QCOMPARE(store.registry.readNumber("", "Screen").value_or(-1), 8);
+    }
+    // Qt's text of such a name leads to another folder.
+    void AFolderWhoseNameIsNotUtf8IsLeftAlone() {
+        FaultyRegistry store = MakeFilledRegistry();
+        ShownBoxes shown;
+        const QTemporaryDir folder;
+        const std::string named = folder.path().toStdString() + "/p\xFF";
+        QVERIFY(std::filesystem::create_directory(named));
+        const QString path = QFile::decodeName(named.c_str());
+        Options options;
+        ExportPicture({8, 8, {}}, options, store.registry, path, shown.show);
+        QVERIFY(shown.boxes->back().text == u"Save");
+        SavePicture({8, 8, {}}, path + ".png", shown.show);
+        QVERIFY(shown.boxes->back().text.starts_with(u"The picture could not be written:"));
+        const std::filesystem::directory_iterator entries(folder.path().toStdString());
+        QCOMPARE(std::distance(begin(entries), end(entries)), 1);
+        QVERIFY(std::filesystem::is_empty(named));
     }
     void TheLargestCounter() {
         FaultyRegistry store = MakeFilledRegistry();

@@ -18,6 +18,7 @@
 #include "resources/strings.h"
 #include "settings/settings.h"
 #include "ui/parts/file_dialogs.h"
+#include "ui/parts/file_name.h"
 #include "ui/parts/qt_text.h"
 
 namespace kalvex {
@@ -48,9 +49,9 @@ void ExportPicture(const DrawList& picture, Options& options, const Registry& re
     const QString path = QDir(folder).filePath(name);
     if (!HasFontsOf(picture)) return static_cast<void>(Tell(show, {NotWrittenBox(path)}));
     options.Screen = Successor(options.Screen);
-    QDir().mkpath(folder);
+    if (!FileNameOf(folder).empty()) QDir().mkpath(folder);
     // KEEP: "Save" is the text and "Info" the caption, shown even when no file could be made.
-    static_cast<void>(WriteCompleteFile(path.toStdString(), [&picture](const TakeBytes& take) {
+    static_cast<void>(WriteCompleteFile(FileNameOf(path), [&picture](const TakeBytes& take) {
         return MakeBitmap(PaintPicture(picture), take);
     }));
     // The picture counts, not its number: a failure of the store is not told.
@@ -86,7 +87,7 @@ void SavePicture(const DrawList& picture, const QString& path, const ShowBox& sh
     if (format == nullptr) {
         const std::u16string endings = Widen(PictureEndings(FormatsOf::Windows));
         Tell(show, {ErrorBox(FillIn(Text(StringId::PictureEnding), {endings, FromQString(path)}))});
-    } else if (!WritePicture(*format, path.toStdString(), picture)) {
+    } else if (!WritePicture(*format, FileNameOf(path), picture)) {
         Tell(show, {NotWrittenBox(path)});
     }
 }

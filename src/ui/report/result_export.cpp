@@ -9,6 +9,7 @@
 #include "resources/message_boxes.h"
 #include "resources/strings.h"
 #include "ui/parts/file_dialogs.h"
+#include "ui/parts/file_name.h"
 #include "ui/parts/qt_text.h"
 
 namespace kalvex {
@@ -31,7 +32,7 @@ void OpenSaveResultDialog(QWidget* parent, const QString& folder,
 }
 
 Flow SaveResult(QString path, std::string bytes, ShowBox show, std::function<void()> written) {
-    const bool isThere = static_cast<bool>(WriteCompleteFile(path.toStdString(), bytes));
+    const bool isThere = static_cast<bool>(WriteCompleteFile(FileNameOf(path), bytes));
     if (!isThere) {
         const MessageBox failure =
             BoxOf(StringId::FileErrorCaption, Text(StringId::FileErrorText), MessageIcon::None);
