@@ -137,6 +137,25 @@ class ProcessTest final : public QObject {
         QVERIFY2(line.contains("already running") && line.count('\n') == 1, line);
         QVERIFY(!QFileInfo::exists(home.Path("kalvex/kalvex.ini")));
     }
+    void ASecondStartIsRefusedWhenTheFirstIsStopped() {
+        const Home home;
+        QProcess first;
+        home.Start(first);
+        QTRY_VERIFY_WITH_TIMEOUT(home.IsFound(), 20000);
+        const pid_t number = static_cast<pid_t>(first.processId());
+        QCOMPARE(kill(number, SIGSTOP), 0);
+        QProcess second;
+        home.Start(second);
+        QVERIFY(second.waitForFinished(20000));
+        QCOMPARE(kill(number, SIGCONT), 0);
+        QCOMPARE(second.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(second.exitCode(), 1);
+        const QByteArray line = second.readAllStandardError();
+        QVERIFY2(line.contains("already running") && line.count('\n') == 1, line);
+        first.terminate();
+        QVERIFY(first.waitForFinished(20000));
+        QCOMPARE(first.exitCode(), 0);
+    }
     void TheSettingsVanishDuringTheRun() {
         const Home home;
         QProcess process;
