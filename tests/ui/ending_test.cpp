@@ -226,6 +226,22 @@ class EndingTest final : public QObject {
         }
     }
     void ASignal() {
+    // Started with nohup, the program outlives its terminal.
+    void AnIgnoredSignalStaysIgnored() {
+        for (const int number : {SIGHUP, SIGINT}) {
+            const auto before = std::signal(number, SIG_IGN);
+            int ends = 0;
+            {
+                const auto watch = WatchTerminateSignal([&ends] { ++ends; });
+                QCOMPARE(std::raise(number), 0);
+                QTest::qWait(50);
+                QCOMPARE(ends, 0);
+                QCOMPARE(std::raise(SIGTERM), 0);
+                QTRY_COMPARE(ends, 1);
+            }
+            QVERIFY(std::signal(number, before) == SIG_IGN);
+        }
+    }
         BoxesProgram program;
         program.StartWith("(x)(x)");
         const auto watch = WatchTerminateSignal([&program] {
