@@ -5,7 +5,6 @@
 #include <QApplication>
 #include <QFileInfo>
 #include <QTimer>
-#include <cstdio>
 #include <filesystem>
 #include <utility>
 
@@ -29,6 +28,7 @@
 #include "ui/parts/gate.h"
 #include "ui/parts/message_window.h"
 #include "ui/parts/qt_text.h"
+#include "ui/parts/standard_error.h"
 #include "ui/report/analysis_flow.h"
 
 namespace kalvex {
@@ -73,8 +73,7 @@ void ShowWhenIdle(Application& application, const std::vector<MessageBox>& boxes
 /// once per Draw, when the picture is on the screen.
 void TellFailures(Application& application) {
     const auto& failures = application.graph.approxFailures;
-    const std::string lines = FailureLines(failures);
-    std::fputs(lines.c_str(), stderr);
+    WriteToStandardError(FailureLines(failures));
     if (!std::exchange(application.failuresUntold, false)) return;
     const std::vector<MessageBox> boxes = FailureBoxes(failures);
     if (!boxes.empty()) ShowWhenIdle(application, boxes, 0);
