@@ -97,6 +97,7 @@ const std::vector<Opened> kOpened = {
          OpenDialog("report")->activateWindow();  // the offscreen platform leaves it inactive
          QTRY_VERIFY(QApplication::activeWindow() == OpenDialog("report"));
          QTest::keyClick(OpenDialog("report"), Qt::Key_S, Qt::ControlModifier);
+         QVERIFY(OpenDialog("saveResultDialog") != nullptr);
      },
      true},
     {"picture file", [](BoxesProgram& program) { program.Graph().Run(CommandId::SavePictureAs); },
@@ -225,7 +226,6 @@ class EndingTest final : public QObject {
             QCOMPARE(std::count(log.begin(), log.end(), "writeText /Ymax"), 1);
         }
     }
-    void ASignal() {
     // Started with nohup, the program outlives its terminal.
     void AnIgnoredSignalStaysIgnored() {
         for (const int number : {SIGHUP, SIGINT}) {
@@ -242,6 +242,7 @@ class EndingTest final : public QObject {
             QVERIFY(std::signal(number, before) == SIG_IGN);
         }
     }
+    void ASignal() {
         BoxesProgram program;
         program.StartWith("(x)(x)");
         const auto watch = WatchTerminateSignal([&program] {
