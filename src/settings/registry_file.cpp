@@ -1,12 +1,12 @@
 // The whole file is read once and read again only when it was replaced or changed. A write changes
 // the values in memory and then replaces the file as a whole; when that fails, the values in memory
 // are put back, so memory and disk never differ. A value that already stands in the file is not
-// written again.
+// written again. A file that goes away or becomes empty takes nothing with it: memory keeps the
+// values, and the next write makes the file again with all of them.
 #include "settings/registry_file.h"
 
 #include <unistd.h>
 
-#include <QStandardPaths>
 #include <filesystem>
 #include <limits>
 #include <memory>
@@ -19,6 +19,7 @@
 #include "numbers/decimal.h"
 #include "numbers/truncate.h"
 #include "resources/strings.h"
+#include "settings/config_folder.h"
 #include "settings/damaged_file.h"
 #include "settings/ini_text.h"
 
@@ -31,6 +32,7 @@ constexpr std::size_t kMostBytes = 1 << 20;
 /// Tells one state of the file from another.
 struct FileStamp {
     bool exists = false;
+    bool regular = false;
     ino_t number = 0;
     off_t size = 0;
     std::int64_t seconds = 0;
@@ -58,13 +60,22 @@ std::string SectionOf(std::string_view key) {
 
 FileStamp StampOf(const struct stat& facts) {
     const bool regular = S_ISREG(facts.st_mode);
-    return {true, facts.st_ino, regular ? facts.st_size : 0, facts.st_mtim.tv_sec,
+    return {true,
+            regular,
+            facts.st_ino,
+            regular ? facts.st_size : 0,
+            facts.st_mtim.tv_sec,
             facts.st_mtim.tv_nsec};
 }
 
 FileStamp StampOf(const std::string& file) {
     struct stat facts {};
     return stat(file.c_str(), &facts) == 0 ? StampOf(facts) : FileStamp{};
+}
+
+/// Whether there is no file, or an empty one.
+bool HoldsNothing(const FileStamp& stamp) {
+    return !stamp.exists || (stamp.regular && stamp.size == 0);
 }
 
 /// Takes what was read of the file.
@@ -84,19 +95,22 @@ void Refresh(FileStore& store) {
     // What cannot be read once is not tried again: the program works with defaults by then, and
     // they must not take the place of what the file holds.
     if (store.depth > 0 || store.unreadable) return;
-    if (!store.loaded || StampOf(store.file) != store.stamp) Load(store);
+    const FileStamp stamp = StampOf(store.file);
+    if (!store.loaded || (stamp != store.stamp && !HoldsNothing(stamp))) return Load(store);
+    store.stamp = stamp;
 }
 
 /// Why the file could not be written; empty when it was.
 std::string Save(FileStore& store) {
     std::error_code ignored;  // writing the file fails without its folder
     std::filesystem::create_directories(std::filesystem::path(store.file).parent_path(), ignored);
-    const std::string kept = store.damaged ? KeepDamagedFile(store.file) : std::string();
-    if (store.damaged && kept.empty()) return "the damaged file could not be kept";
+    const bool keeps = store.damaged && !HoldsNothing(StampOf(store.file));
+    const std::string kept = keeps ? KeepDamagedFile(store.file) : std::string();
+    if (keeps && kept.empty()) return "the damaged file could not be kept";
     WriteResult written = WriteCompleteFile(store.file, WriteIni(store.ini));
-    if (written && !kept.empty()) {
+    if (written) {
         store.damaged = false;
-        store.remarks.keptAs = kept;
+        if (!kept.empty()) store.remarks.keptAs = kept;
     } else if (!kept.empty()) {
         unlink(kept.c_str());
     }
@@ -132,7 +146,7 @@ bool Write(FileStore& store, std::string_view key, std::string_view name,
     if (store.unreadable) return false;
     const std::string section = SectionOf(key);
     const IniValue* const held = FindIniValue(store.ini, section, name);
-    if (held == nullptr || held->text != text) {
+    if (held == nullptr || held->text != text || HoldsNothing(store.stamp)) {
         if (!store.before) store.before = store.ini;
         SetIniValue(store.ini, section, name, text);
     }
@@ -177,9 +191,7 @@ bool HasKey(FileStore& store, std::string_view key) {
 }  // namespace
 
 std::string DefaultRegistryPath() {
-    return (QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-            QStringLiteral("/kalvex/kalvex.ini"))
-        .toStdString();
+    return ConfigFolder() + "/kalvex/kalvex.ini";
 }
 
 Registry OpenRegistryFile(const std::string& path) {

@@ -5,7 +5,7 @@
 #include <QApplication>
 #include <QFileInfo>
 #include <QTimer>
-#include <cstdio>
+#include <filesystem>
 #include <utility>
 
 #include "base/encoding.h"
@@ -24,9 +24,11 @@
 #include "ui/graph/graph_canvas.h"
 #include "ui/graph/picture_export.h"
 #include "ui/help/help_window.h"
+#include "ui/parts/file_name.h"
 #include "ui/parts/gate.h"
 #include "ui/parts/message_window.h"
 #include "ui/parts/qt_text.h"
+#include "ui/parts/standard_error.h"
 #include "ui/report/analysis_flow.h"
 
 namespace kalvex {
@@ -71,8 +73,7 @@ void ShowWhenIdle(Application& application, const std::vector<MessageBox>& boxes
 /// once per Draw, when the picture is on the screen.
 void TellFailures(Application& application) {
     const auto& failures = application.graph.approxFailures;
-    const std::string lines = FailureLines(failures);
-    std::fputs(lines.c_str(), stderr);
+    WriteToStandardError(FailureLines(failures));
     if (!std::exchange(application.failuresUntold, false)) return;
     const std::vector<MessageBox> boxes = FailureBoxes(failures);
     if (!boxes.empty()) ShowWhenIdle(application, boxes, 0);
@@ -147,10 +148,11 @@ auto CommandsOf(Application& application) {
 /// Removes what a killed run left in the folders that the program writes to: that of the settings,
 /// that of the pictures, and the one that was chosen last.
 void RemoveOldLeftovers(const Application& application) {
-    const QString settings = QFileInfo(application.windowStatePath).absolutePath();
-    for (const QString& folder :
-         {settings, application.pictureFolder, application.windowState.folder}) {
-        if (!folder.isEmpty()) RemoveLeftovers(folder.toStdString());
+    const std::filesystem::path windowState = application.windowStatePath;
+    for (const std::string& folder :
+         {windowState.parent_path().string(), FileNameOf(application.pictureFolder),
+          FileNameOf(application.windowState.folder)}) {
+        if (!folder.empty()) RemoveLeftovers(folder);
     }
 }
 

@@ -4,6 +4,7 @@
 #include <QString>
 #include <functional>
 #include <memory>
+#include <string>
 
 #include "analysis/analysis.h"
 #include "base/flow.h"
@@ -25,7 +26,7 @@ struct Application {
     std::function<void()> quit;     ///< posts the end of the event loop
     std::function<void()> started;  ///< runs once the editor is on the screen
     QString pictureFolder;
-    QString windowStatePath;
+    std::string windowStatePath;
 
     Workspace workspace;
     GraphState graph;

@@ -6,7 +6,6 @@
 #include <new>
 
 #include "base/memory_room.h"
-#include "base/message_line.h"
 #include "base/stack_room.h"
 #include "resources/message_boxes.h"
 #include "resources/strings.h"
@@ -14,6 +13,7 @@
 #include "ui/application.h"
 #include "ui/graph/picture_export.h"
 #include "ui/parts/message_window.h"
+#include "ui/parts/standard_error.h"
 #include "ui/parts/touch_style.h"
 #include "ui/program_icon.h"
 #include "ui/safe_application.h"
@@ -33,7 +33,7 @@ bool HasDisplay() {
 /// The status of a start that another program with the same settings has forbidden.
 int RefuseStart() {
     const MessageBox box = ErrorBox(Text(StringId::AlreadyRunning));
-    static_cast<void>(WriteMessageLine(box));
+    static_cast<void>(WriteMessageLineNow(box));
     if (!HasDisplay()) return EXIT_FAILURE;
     OpenMessageWindow(box, [](MessageAnswer) { QCoreApplication::exit(EXIT_FAILURE); });
     return QApplication::exec();
@@ -64,14 +64,15 @@ int RunProgram(int argc, char** argv) {
     application.windowStatePath = DefaultWindowStatePath();
 
     // At the end of a session nobody is there to answer a box.
-    const auto end = [&application] { EndApplication(application, WriteMessageLine); };
+    const auto end = [&application] { EndApplication(application, WriteMessageLineNow); };
     const auto watch = WatchTerminateSignal([end] {
         end();
         QCoreApplication::exit(0);
     });
     QObject::connect(
         &qt, &QGuiApplication::commitDataRequest, &qt,
-        [&application] { StoreForSession(application, WriteMessageLine); }, Qt::DirectConnection);
+        [&application] { StoreForSession(application, WriteMessageLineNow); },
+        Qt::DirectConnection);
     QObject::connect(&qt, &QCoreApplication::aboutToQuit, &qt, end);
 
     application.started = [&application, settings] {

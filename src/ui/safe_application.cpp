@@ -2,10 +2,11 @@
 #include "ui/safe_application.h"
 
 #include <QTimer>
-#include <cstdio>
 #include <cstdlib>
 #include <exception>
 #include <new>
+
+#include "ui/parts/standard_error.h"
 
 namespace kalvex {
 namespace {
@@ -13,27 +14,29 @@ namespace {
 [[noreturn]] void OnTerminate() {
     try {
         if (std::current_exception()) throw;
-        std::fputs("kalvex: an unexpected end\n", stderr);
+        WriteToStandardError("kalvex: an unexpected end\n");
     } catch (const std::bad_alloc&) {
         WriteLackOfMemory();
     } catch (const std::exception& error) {
-        std::fprintf(stderr, "kalvex: %s\n", error.what());
+        WriteToStandardError("kalvex: ");
+        WriteToStandardError(error.what());
+        WriteToStandardError("\n");
     } catch (...) {
-        std::fputs("kalvex: an unknown failure\n", stderr);
+        WriteToStandardError("kalvex: an unknown failure\n");
     }
     std::_Exit(EXIT_FAILURE);
 }
 
 void OnMessage(QtMsgType type, const QMessageLogContext& context, const QString& message) {
-    const QByteArray line = qFormatLogMessage(type, context, message).toLocal8Bit();
-    std::fprintf(stderr, "%s\n", line.constData());
+    const QByteArray line = qFormatLogMessage(type, context, message).toLocal8Bit() + '\n';
+    WriteToStandardError({line.constData(), static_cast<std::size_t>(line.size())});
     if (type == QtFatalMsg) std::_Exit(EXIT_FAILURE);
 }
 
 }  // namespace
 
 void WriteLackOfMemory() {
-    std::fputs("kalvex: There is not enough memory.\n", stderr);
+    WriteToStandardError("kalvex: There is not enough memory.\n");
 }
 
 bool SafeApplication::notify(QObject* receiver, QEvent* event) {

@@ -1,14 +1,17 @@
 // The window of the running program is found by connecting to its local socket, which opens only
 // after the window has been shown; one byte over the connection asks the window to come to the
-// front. The socket is in the system's table of names and not in a folder: no folder of another
-// user and no length of a path can come into its way, and nothing is left behind by a crash.
-// Another user may take the name or connect to it, so both ends ask the system for the user at the
-// other.
+// front, and one byte comes back when it has. A connection alone says little: the system makes it
+// even when the other program is stopped. The socket is in the system's table of names and not in a
+// folder: no folder of another user and no length of a path can come into its way, and nothing is
+// left behind by a crash. Another user may take the name or connect to it, so both ends ask the
+// system for the user at the other.
 #include "ui/single_instance.h"
 
 #include <QApplication>
+#include <QEventLoop>
 #include <QLocalSocket>
 #include <QThread>
+#include <QTimer>
 #include <cstdint>
 #include <utility>
 
@@ -56,7 +59,20 @@ std::uint64_t HashOf(const std::string& text) {
 }
 
 void Answer(QLocalSocket& caller, const std::function<void()>& raise) {
-    if (!caller.readAll().isEmpty() && IsOwn(caller)) raise();
+    if (caller.readAll().isEmpty() || !IsOwn(caller)) return;
+    raise();
+    caller.write("a");
+}
+
+/// Whether a byte comes over the connection within a time. False also when it is closed.
+bool WaitForAnswer(QLocalSocket& socket, int milliseconds) {
+    QEventLoop loop;
+    QObject::connect(&socket, &QLocalSocket::readyRead, &loop, &QEventLoop::quit);
+    QObject::connect(&socket, &QLocalSocket::disconnected, &loop, &QEventLoop::quit);
+    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
+    const bool canAnswer = socket.state() == QLocalSocket::ConnectedState;
+    if (canAnswer && socket.bytesAvailable() == 0) loop.exec();
+    return socket.bytesAvailable() > 0;
 }
 
 }  // namespace
@@ -70,11 +86,11 @@ InstanceAnswer CheckInstance(const InstanceSteps& steps) {
     }
     if (!found) return InstanceAnswer::Refused;
     steps.beep();
-    steps.raiseWindow();
-    return InstanceAnswer::End;
+    return steps.raiseWindow() ? InstanceAnswer::End : InstanceAnswer::Refused;
 }
 
-InstanceSteps RealInstanceSteps(InstanceGuard& guard, const std::string& settings) {
+InstanceSteps RealInstanceSteps(InstanceGuard& guard, const std::string& settings,
+                                int answerTimeout) {
     const auto socket = std::make_shared<QLocalSocket>();
     socket->setSocketOptions(QLocalSocket::AbstractNamespaceOption);
     InstanceSteps steps;
@@ -90,10 +106,11 @@ InstanceSteps RealInstanceSteps(InstanceGuard& guard, const std::string& setting
         QThread::msleep(static_cast<unsigned long>(milliseconds));
     };
     steps.beep = [] { QApplication::beep(); };
-    steps.raiseWindow = [socket] {
+    steps.raiseWindow = [socket, answerTimeout] {
         socket->write("r");
-        socket->waitForBytesWritten(kConnectTimeout);
-        socket->disconnectFromServer();
+        const bool answered = WaitForAnswer(*socket, answerTimeout);
+        socket->abort();
+        return answered;
     };
     return steps;
 }

@@ -34,6 +34,14 @@ void OnSignal(int) {
     errno = savedError;
 }
 
+/// Whether whoever started the program wants it to outlive a signal, as nohup does with SIGHUP and
+/// a shell with SIGINT for what runs in the background.
+bool IsIgnored(int number) {
+    struct sigaction present {};
+    return number != SIGTERM && sigaction(number, nullptr, &present) == 0 &&
+           present.sa_handler == SIG_IGN;
+}
+
 class SignalWatch final : public QObject {
   public:
     SignalWatch(std::array<int, 2> pipeEnds, std::function<void()> ended)
@@ -46,11 +54,11 @@ class SignalWatch final : public QObject {
         });
         requestEnd = ends[1];
         for (const int number : kSignals)
-            std::signal(number, OnSignal);
+            if (!IsIgnored(number)) std::signal(number, OnSignal);
     }
     ~SignalWatch() override {
         for (const int number : kSignals)
-            std::signal(number, SIG_DFL);
+            if (!IsIgnored(number)) std::signal(number, SIG_DFL);
         requestEnd = -1;
         close(ends[0]);
         close(ends[1]);

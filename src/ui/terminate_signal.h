@@ -8,8 +8,8 @@
 namespace kalvex {
 
 /// Runs `ended` in the event loop when the process is asked to end (SIGTERM, SIGINT, SIGHUP), as
-/// long as the returned object lives. One object at a time. Null where signals do not exist or
-/// cannot be caught.
+/// long as the returned object lives. SIGINT and SIGHUP stay ignored if they are. One object at a
+/// time. Null where signals do not exist or cannot be caught.
 [[nodiscard]] std::unique_ptr<QObject> WatchTerminateSignal(std::function<void()> ended);
 
 }  // namespace kalvex

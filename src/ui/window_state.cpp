@@ -2,15 +2,15 @@
 // the defaults.
 #include "ui/window_state.h"
 
-#include <QDir>
-#include <QFileInfo>
 #include <QScreen>
-#include <QStandardPaths>
 #include <QWidget>
 #include <QWindow>
+#include <filesystem>
+#include <system_error>
 
 #include "base/complete_file.h"
 #include "base/read_file.h"
+#include "settings/config_folder.h"
 #include "settings/ini_text.h"
 #include "ui/parts/qt_text.h"
 
@@ -36,13 +36,12 @@ bool IsUsable(QSize size) {
 
 }  // namespace
 
-QString DefaultWindowStatePath() {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-           "/kalvex/window.ini";
+std::string DefaultWindowStatePath() {
+    return ConfigFolder() + "/kalvex/window.ini";
 }
 
-WindowState LoadWindowState(const QString& path) {
-    const IniText file = ReadIni(ReadWholeFile(path.toStdString(), kMostBytes).bytes);
+WindowState LoadWindowState(const std::string& path) {
+    const IniText file = ReadIni(ReadWholeFile(path, kMostBytes).bytes);
     const auto storedValue = [&file](std::string_view name) {
         const IniValue* const held = FindIniValue(file, kSection, name);
         return held == nullptr ? QString() : ToQString(held->text);
@@ -55,7 +54,7 @@ WindowState LoadWindowState(const QString& path) {
     return state;
 }
 
-void SaveWindowState(const QString& path, const WindowState& state) {
+void SaveWindowState(const std::string& path, const WindowState& state) {
     IniText file;
     const auto storeValue = [&file](std::string_view name, const QString& value) {
         SetIniValue(file, kSection, name, FromQString(value));
@@ -64,8 +63,9 @@ void SaveWindowState(const QString& path, const WindowState& state) {
     storeValue("height", QString::number(state.size.height()));
     storeValue("maximised", state.maximised ? "1" : "0");
     storeValue("folder", state.folder);
-    QDir().mkpath(QFileInfo(path).absolutePath());
-    static_cast<void>(WriteCompleteFile(path.toStdString(), WriteIni(file)));
+    std::error_code ignored;  // writing the file fails without its folder
+    std::filesystem::create_directories(std::filesystem::path(path).parent_path(), ignored);
+    static_cast<void>(WriteCompleteFile(path, WriteIni(file)));
 }
 
 void ApplyWindowState(QWidget& window, const WindowState& state) {

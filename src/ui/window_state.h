@@ -4,6 +4,7 @@
 
 #include <QSize>
 #include <QString>
+#include <string>
 
 class QWidget;
 
@@ -18,10 +19,10 @@ struct WindowState {
 };
 
 /// kalvex/window.ini beside the settings.
-[[nodiscard]] QString DefaultWindowStatePath();
+[[nodiscard]] std::string DefaultWindowStatePath();
 
-[[nodiscard]] WindowState LoadWindowState(const QString& path);
-void SaveWindowState(const QString& path, const WindowState& state);
+[[nodiscard]] WindowState LoadWindowState(const std::string& path);
+void SaveWindowState(const std::string& path, const WindowState& state);
 
 /// Gives a window the remembered size. Where that does not fit the screen together with a frame,
 /// the window is maximised.

@@ -3,7 +3,13 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QProcess>
+#include <QPushButton>
 #include <QWidget>
 #include <csignal>
 
@@ -70,6 +76,24 @@ std::string PressThroughAccessibility(Random& random) {
     const QString action = OneOf(random, actions);
     pressed->actionInterface()->doAction(action);
     return "accessible " + action.toStdString() + ' ' + name.toStdString();
+}
+
+std::string ReplaceFile(Random&) {
+    auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+    if (dialog == nullptr || dialog->acceptMode() != QFileDialog::AcceptSave) {
+        PressControlS();
+        return "keys of a save dialog";
+    }
+    const QString path = QDir::home().filePath("again.png");
+    QFile(path).open(QIODevice::Append);
+    dialog->setDirectory(QDir::home());
+    auto* const name = dialog->findChild<QLineEdit*>("fileNameEdit");
+    auto* const buttons = dialog->findChild<QDialogButtonBox*>();
+    if (name == nullptr || buttons == nullptr) return "no name to type";
+    name->setText("again.png");
+    // The question is asked inside this call.
+    if (QPushButton* const save = buttons->button(QDialogButtonBox::Save)) save->click();
+    return "replace a file";
 }
 
 std::string EndSession(Random&) {

@@ -128,6 +128,11 @@ std::string PressKey(Random& random) {
     return "key " + QKeySequence(key | modifiers).toString().toStdString();
 }
 
+void PressControlS() {
+    QWindow* const window = WindowOf(KeyboardWindow());
+    if (window != nullptr) SendKey(window, Qt::Key_S, Qt::ControlModifier, {});
+}
+
 std::string TypeText(Random& random) {
     QWidget* const shown = KeyboardWindow();
     if (WindowOf(shown) == nullptr) return "no window for a text";

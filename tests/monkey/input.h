@@ -26,6 +26,9 @@ template <typename List>
 /// A visible control in it, or the window itself.
 [[nodiscard]] QWidget* SomeControl(Random& random, QWidget* window);
 
+/// Presses Control and S in the window that has the keyboard.
+void PressControlS();
+
 /// Each of the following does something once and returns what, for the log.
 std::string PressKey(Random& random);
 std::string TypeText(Random& random);

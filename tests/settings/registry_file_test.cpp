@@ -5,9 +5,13 @@
 
 #include <chrono>
 #include <csignal>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iterator>
+#include <optional>
+#include <vector>
 
 #include "base/encoding.h"
 #include "resources/samples.h"
@@ -182,16 +186,56 @@ TEST_F(RegistryFile, IsNotWrittenForAnUnchangedValue) {
     EXPECT_NE(fs::last_write_time(file), before);
 }
 
-TEST_F(RegistryFile, NoticesAFileThatChangedOrWentAway) {
+TEST_F(RegistryFile, NoticesAFileThatChanged) {
     const Registry registry = Open();
     registry.create("");
     EXPECT_TRUE(registry.writeNumber("", "Wight", 2));
     Write("[Kalvex]\nWight=17\n");
     EXPECT_EQ(registry.readNumber("", "Wight"), 17);
+}
+
+TEST_F(RegistryFile, MakesAFileAgainThatWentAwayOrWasEmptied) {
+    const auto remove = [this] { fs::remove(file); };
+    const auto removeFolder = [this] { fs::remove_all(file.parent_path()); };
+    const auto empty = [this] { fs::resize_file(file, 0); };
+    for (const std::function<void()>& lose :
+         std::vector<std::function<void()>>{remove, empty, removeFolder}) {
+        const Registry registry = Open();
+        static_cast<void>(CreateDefaultKeys(registry));
+        ASSERT_TRUE(StoreFunctionText(registry, 4, u"7x"));
+        const std::string before = Content();
+        lose();
+        EXPECT_FALSE(registry.isEmpty());
+        EXPECT_TRUE(registry.open("5"));
+        EXPECT_EQ(registry.readText("5", "equ"), u"7x");
+        // The same value is stored: it must come back with all the others.
+        EXPECT_TRUE(StoreFunctionText(registry, 4, u"7x"));
+        EXPECT_EQ(Content(), before);
+        lose();
+        EXPECT_TRUE(StoreAtEnd(registry, DefaultWorkspace(), true));
+        EXPECT_TRUE(Open().open("9"));
+        EXPECT_EQ(RemarksOf(registry).keptAs, "");
+    }
+}
+
+TEST_F(RegistryFile, ReadsAFileThatCameBack) {
+    const Registry registry = Open();
+    registry.create("");
+    EXPECT_TRUE(registry.writeNumber("", "Wight", 2));
     fs::remove(file);
-    EXPECT_EQ(registry.readNumber("", "Wight"), std::nullopt);
-    EXPECT_TRUE(registry.writeNumber("", "Wight", 17));
-    EXPECT_EQ(Open().readNumber("", "Wight"), 17);
+    EXPECT_EQ(registry.readNumber("", "Wight"), 2);
+    Write("[Kalvex]\nWight=17\n");
+    EXPECT_EQ(registry.readNumber("", "Wight"), 17);
+}
+
+TEST_F(RegistryFile, ADamagedFileThatWentAwayIsNotKept) {
+    Write("rubbish\n[Kalvex]\nWight=2\n");
+    const Registry registry = Open();
+    EXPECT_EQ(registry.readNumber("", "Wight"), 2);
+    fs::remove(file);
+    EXPECT_TRUE(registry.writeNumber("", "Wight", 3));
+    EXPECT_EQ(Open().readNumber("", "Wight"), 3);
+    EXPECT_EQ(RemarksOf(registry).keptAs, "");
 }
 
 TEST_F(RegistryFile, FailsWhereNoFileCanBe) {
@@ -410,6 +454,41 @@ TEST_F(RegistryFile, SaysWhyItWasNotStored) {
 
 TEST(DefaultRegistryPath, EndsAsItMust) {
     EXPECT_TRUE(DefaultRegistryPath().ends_with("/kalvex/kalvex.ini"));
+}
+
+/// Gives a variable of the environment a value while an object of this class lives.
+class Variable final {
+  public:
+    Variable(const char* which, const char* value) : name(which) {
+        const char* const present = std::getenv(which);
+        if (present != nullptr) before = present;
+        setenv(which, value, 1);
+    }
+    ~Variable() {
+        if (before) {
+            setenv(name, before->c_str(), 1);
+        } else {
+            unsetenv(name);
+        }
+    }
+    Variable(const Variable&) = delete;
+    Variable& operator=(const Variable&) = delete;
+
+  private:
+    const char* name;
+    std::optional<std::string> before;
+};
+
+TEST(DefaultRegistryPath, IsInTheFolderOfTheEnvironmentByteByByte) {
+    const Variable home("HOME", "/home/n\xE9");
+    for (const char* const folder : {"/home/c\xFF", "/home/\xC3\xA9", "/home/c"}) {
+        const Variable config("XDG_CONFIG_HOME", folder);
+        EXPECT_EQ(DefaultRegistryPath(), std::string(folder) + "/kalvex/kalvex.ini");
+    }
+    for (const char* const none : {"", "not/absolute\xFF"}) {
+        const Variable config("XDG_CONFIG_HOME", none);
+        EXPECT_EQ(DefaultRegistryPath(), "/home/n\xE9/.config/kalvex/kalvex.ini") << none;
+    }
 }
 
 }  // namespace

@@ -94,7 +94,10 @@ const std::vector<Opened> kOpened = {
     {"file of a report",
      [](BoxesProgram& program) {
          OpenReport(program);
+         OpenDialog("report")->activateWindow();  // the offscreen platform leaves it inactive
+         QTRY_VERIFY(QApplication::activeWindow() == OpenDialog("report"));
          QTest::keyClick(OpenDialog("report"), Qt::Key_S, Qt::ControlModifier);
+         QVERIFY(OpenDialog("saveResultDialog") != nullptr);
      },
      true},
     {"picture file", [](BoxesProgram& program) { program.Graph().Run(CommandId::SavePictureAs); },
@@ -116,7 +119,8 @@ class EndingTest final : public QObject {
         QVERIFY2(registry.readText("9", "equ") == u"7x", opened.name);
         QCOMPARE(registry.readNumber("9", "color").value_or(0), 5);
         QCOMPARE(program.application.graphWindow != nullptr, opened.graph);
-        QVERIFY2(QFileInfo::exists(program.application.windowStatePath), opened.name);
+        QVERIFY2(QFileInfo::exists(QString::fromStdString(program.application.windowStatePath)),
+                 opened.name);
         if (opened.graph) QVERIFY2(registry.readText("", "Xmin") == u"-2.500000", opened.name);
     }
 
@@ -220,6 +224,22 @@ class EndingTest final : public QObject {
             const auto& log = *program.store.log;
             QCOMPARE(std::count(log.begin(), log.end(), "writeText 9/equ"), 1);
             QCOMPARE(std::count(log.begin(), log.end(), "writeText /Ymax"), 1);
+        }
+    }
+    // Started with nohup, the program outlives its terminal.
+    void AnIgnoredSignalStaysIgnored() {
+        for (const int number : {SIGHUP, SIGINT}) {
+            const auto before = std::signal(number, SIG_IGN);
+            int ends = 0;
+            {
+                const auto watch = WatchTerminateSignal([&ends] { ++ends; });
+                QCOMPARE(std::raise(number), 0);
+                QTest::qWait(50);
+                QCOMPARE(ends, 0);
+                QCOMPARE(std::raise(SIGTERM), 0);
+                QTRY_COMPARE(ends, 1);
+            }
+            QVERIFY(std::signal(number, before) == SIG_IGN);
         }
     }
     void ASignal() {

@@ -1,5 +1,9 @@
 // Nothing overtakes a flow that waits for the answer of a box.
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QMenu>
 #include <QPointer>
+#include <QTreeView>
 
 #include "boxes_fixture.h"
 #include "ui/parts/gate.h"
@@ -57,6 +61,52 @@ QLineEdit* FieldOf(const Form& form) {
     return dialog == nullptr ? nullptr : dialog->findChild<QLineEdit*>(form.field);
 }
 
+void PressButtonByAction(QWidget& window, QDialogButtonBox::StandardButton button) {
+    QAbstractButton* const found = window.findChild<QDialogButtonBox*>()->button(button);
+    QVERIFY(found != nullptr);
+    QAccessible::queryAccessibleInterface(found)->actionInterface()->doAction(
+        QAccessibleActionInterface::pressAction());
+}
+
+int BoxCount() {
+    int count = 0;
+    for (const QWidget* const window : QApplication::topLevelWidgets())
+        count += qobject_cast<const QMessageBox*>(window) != nullptr && window->isVisible() ? 1 : 0;
+    return count;
+}
+
+/// A file dialog that asks about a name, in an event loop of its own.
+struct Asking {
+    const char* name;
+    std::function<void(BoxesProgram&)> open;
+    QDialogButtonBox::StandardButton button;
+    const char* typed;
+    const char* question;
+    QMessageBox::StandardButton no;
+};
+
+const std::vector<Asking> kAsking = {
+    {"savePictureDialog",
+     [](BoxesProgram& program) { OpenInGraph(program, CommandId::SavePictureAs); },
+     QDialogButtonBox::Save, "old.png", "already exists", QMessageBox::No},
+    {"saveResultDialog",
+     [](BoxesProgram& program) {
+         OpenInGraph(program, CommandId::Trace);
+         program.Graph().Run(CommandId::Analyze);
+         OpenDialog("report")->activateWindow();  // the offscreen platform leaves it inactive
+         QTRY_VERIFY(QApplication::activeWindow() == OpenDialog("report"));
+         QTest::keyClick(OpenDialog("report"), Qt::Key_S, Qt::ControlModifier);
+     },
+     QDialogButtonBox::Save, "old.png", "already exists", QMessageBox::No},
+    {"openFileDialog", [](BoxesProgram& program) { OpenInEditor(program, CommandId::File); },
+     QDialogButtonBox::Open, "missing.txt", "not found", QMessageBox::Ok},
+};
+
+QByteArray ContentsOf(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
 }  // namespace
 
 class FlowsTest final : public QObject {
@@ -87,6 +137,90 @@ class FlowsTest final : public QObject {
             PressByAction(*dialog, "cancelKey");
             QTRY_VERIFY2(!dialog, form.name);
         }
+    }
+    void AFileDialogIsNotClosedBehindItsQuestion() {
+        for (const Asking& row : kAsking) {
+            BoxesProgram program;
+            const QString old = program.folder.filePath("old.png");
+            QFile file(old);
+            QVERIFY(file.open(QIODevice::WriteOnly) && file.write("old") == 3);
+            file.close();
+            row.open(program);
+            const QPointer<QDialog> dialog = OpenDialog(row.name);
+            QVERIFY2(dialog, row.name);
+            QString question;
+            int boxes = 0;
+            const bool done = BoxesProgram::Run({
+                [&] {
+                    qobject_cast<QFileDialog*>(dialog)->setDirectory(program.folder.path());
+                    auto* const name = dialog->findChild<QLineEdit*>("fileNameEdit");
+                    name->setText(row.typed);
+                    QTimer::singleShot(0, name, [name] { QTest::keyClick(name, Qt::Key_Return); });
+                },
+                [&] { question = TextInFront(); },
+                [&] { PressButtonByAction(*dialog, row.button); },
+                [&] { PressButtonByAction(*dialog, QDialogButtonBox::Cancel); },
+                [&] {
+                    if (dialog) dialog->close();
+                },
+                [&] { boxes = BoxCount(); },
+                [&] {
+                    if (BoxInFront() != nullptr) BoxInFront()->button(row.no)->click();
+                },
+            });
+            QVERIFY2(done && question.contains(row.question), qPrintable(question));
+            QCOMPARE(boxes, 1);
+            QVERIFY2(dialog && dialog->isVisible() && BoxCount() == 0, row.name);
+            PressButtonByAction(*dialog, QDialogButtonBox::Cancel);
+            QTRY_VERIFY2(!dialog, row.name);
+            QCOMPARE(ContentsOf(old), QByteArray("old"));
+        }
+    }
+    void AFileIsReplacedWhenTheQuestionIsAnswered() {
+        BoxesProgram program;
+        const QString old = program.folder.filePath("old.png");
+        QFile file(old);
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write("old") == 3);
+        file.close();
+        OpenInGraph(program, CommandId::SavePictureAs);
+        const QPointer<QDialog> dialog = OpenDialog("savePictureDialog");
+        const bool done = BoxesProgram::Run({
+            [&] {
+                qobject_cast<QFileDialog*>(dialog)->setDirectory(program.folder.path());
+                dialog->findChild<QLineEdit*>("fileNameEdit")->setText("old.png");
+                QTimer::singleShot(0, qApp,
+                                   [&] { PressButtonByAction(*dialog, QDialogButtonBox::Save); });
+            },
+            [&] { PressButtonByAction(*dialog, QDialogButtonBox::Cancel); },
+            [&] { BoxInFront()->button(QMessageBox::Yes)->click(); },
+        });
+        QVERIFY(done);
+        QTRY_VERIFY(!dialog);
+        QVERIFY(ContentsOf(old).startsWith("\x89PNG"));
+        QVERIFY(!IsAnythingOpen());
+    }
+    // The menu waits for its answer inside a function of the dialog, as a question does.
+    void AFileDialogIsClosedBehindItsMenu() {
+        BoxesProgram program;
+        program.StartWith("x");
+        program.Editor().Run(CommandId::File);
+        const QPointer<QDialog> dialog = OpenDialog("openFileDialog");
+        QPointer<QWidget> menu;
+        bool returned = false;
+        const bool done = BoxesProgram::Run({
+            [&] {
+                QTimer::singleShot(0, qApp, [&] {
+                    auto* const files = dialog->findChild<QTreeView*>("treeView");
+                    emit files->customContextMenuRequested({});
+                    returned = true;
+                });
+            },
+            [&] { menu = QApplication::activePopupWidget(); },
+            [&] { PressButtonByAction(*dialog, QDialogButtonBox::Cancel); },
+        });
+        QVERIFY(done && returned && !menu);
+        QTRY_VERIFY(!dialog);
+        QVERIFY(!IsAnythingOpen() && program.Editor().isVisible());
     }
     void DrawIsNotRunInsideDraw() {
         BoxesProgram program;

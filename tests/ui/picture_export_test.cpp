@@ -5,7 +5,10 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QImage>
+#include <filesystem>
+#include <iterator>
 #include <limits>
+#include <string>
 
 #include "window_fixture.h"
 
@@ -47,6 +50,40 @@ class PictureExportTest final : public QObject {
         QCOMPARE(store.registry.readNumber("", "Screen").value_or(-1), 8);
         QCOMPARE(shown.boxes->size(), std::size_t{1});
         QVERIFY(shown.boxes->front().text == u"Save");
+    }
+    void TheCounterIsStoredAfterThePicture() {
+        FaultyRegistry store = MakeFilledRegistry();
+        ShownBoxes shown;
+        const QTemporaryDir folder;
+        Options options;
+        options.Screen = 7;
+        bool wasThere = false;
+        Registry registry = store.registry;
+        registry.writeNumber = [&](std::string_view key, std::string_view name,
+                                   std::int32_t value) {
+            wasThere = QFileInfo::exists(folder.filePath("Kalvex_7.bmp"));
+            return store.registry.writeNumber(key, name, value);
+        };
+        ExportPicture({8, 8, {}}, options, registry, folder.path(), shown.show);
+        QVERIFY(wasThere);
+        QCOMPARE(store.registry.readNumber("", "Screen").value_or(-1), 8);
+    }
+    // Qt's text of such a name leads to another folder.
+    void AFolderWhoseNameIsNotUtf8IsLeftAlone() {
+        FaultyRegistry store = MakeFilledRegistry();
+        ShownBoxes shown;
+        const QTemporaryDir folder;
+        const std::string named = folder.path().toStdString() + "/p\xFF";
+        QVERIFY(std::filesystem::create_directory(named));
+        const QString path = QFile::decodeName(named.c_str());
+        Options options;
+        ExportPicture({8, 8, {}}, options, store.registry, path, shown.show);
+        QVERIFY(shown.boxes->back().text == u"Save");
+        SavePicture({8, 8, {}}, path + ".png", shown.show);
+        QVERIFY(shown.boxes->back().text.starts_with(u"The picture could not be written:"));
+        const std::filesystem::directory_iterator entries(folder.path().toStdString());
+        QCOMPARE(std::distance(begin(entries), end(entries)), 1);
+        QVERIFY(std::filesystem::is_empty(named));
     }
     void TheLargestCounter() {
         FaultyRegistry store = MakeFilledRegistry();

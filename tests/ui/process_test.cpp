@@ -1,4 +1,5 @@
 // The program as separate processes.
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <QDir>
@@ -137,6 +138,38 @@ class ProcessTest final : public QObject {
         QVERIFY2(line.contains("already running") && line.count('\n') == 1, line);
         QVERIFY(!QFileInfo::exists(home.Path("kalvex/kalvex.ini")));
     }
+    void ASecondStartIsRefusedWhenTheFirstIsStopped() {
+        const Home home;
+        QProcess first;
+        home.Start(first);
+        QTRY_VERIFY_WITH_TIMEOUT(home.IsFound(), 20000);
+        const pid_t number = static_cast<pid_t>(first.processId());
+        QCOMPARE(kill(number, SIGSTOP), 0);
+        QProcess second;
+        home.Start(second);
+        QVERIFY(second.waitForFinished(20000));
+        QCOMPARE(kill(number, SIGCONT), 0);
+        QCOMPARE(second.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(second.exitCode(), 1);
+        const QByteArray line = second.readAllStandardError();
+        QVERIFY2(line.contains("already running") && line.count('\n') == 1, line);
+        first.terminate();
+        QVERIFY(first.waitForFinished(20000));
+        QCOMPARE(first.exitCode(), 0);
+    }
+    void TheSettingsVanishDuringTheRun() {
+        const Home home;
+        QProcess process;
+        home.Start(process);
+        QTRY_VERIFY_WITH_TIMEOUT(home.IsFound(), 20000);
+        const QByteArray before = home.Settings();
+        QVERIFY(before.contains("equ=Gamma(x)\n"));
+        QVERIFY(QFile::remove(home.Path("kalvex/kalvex.ini")));
+        process.terminate();
+        QVERIFY(process.waitForFinished(20000));
+        QCOMPARE(process.exitCode(), 0);
+        QCOMPARE(home.Settings(), before);
+    }
     void TheRuntimeFolderDoesNotMatter() {
         Home home;
         QProcess first;
@@ -166,6 +199,32 @@ class ProcessTest final : public QObject {
         home.ReplaceInSettings("equ=Gamma(x)", "equ=elsewhere");
         process.terminate();
         QVERIFY(process.waitForFinished(20000));
+        QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(process.exitCode(), 0);
+        QVERIFY(home.Settings().contains("equ=Gamma(x)\n"));
+    }
+    // A reader that has the pipe open and does not read holds up whoever writes to it.
+    void StandardErrorIsFull() {
+        Home home;
+        home.talks = true;
+        int ends[2] = {};
+        QCOMPARE(pipe(ends), 0);
+        QCOMPARE(fcntl(ends[1], F_SETFL, O_NONBLOCK), 0);
+        const QByteArray filler(4096, '.');
+        while (write(ends[1], filler.constData(), 4096) > 0) {
+        }
+        QCOMPARE(fcntl(ends[1], F_SETFL, 0), 0);
+        QProcess process;
+        process.setChildProcessModifier([&ends] { dup2(ends[1], STDERR_FILENO); });
+        home.Start(process);
+        QTRY_VERIFY_WITH_TIMEOUT(home.IsFound(), 20000);
+        home.ReplaceInSettings("equ=Gamma(x)", "equ=elsewhere");
+        process.terminate();
+        const bool finished = process.waitForFinished(20000);
+        process.kill();
+        close(ends[0]);
+        close(ends[1]);
+        QVERIFY(finished);
         QCOMPARE(process.exitStatus(), QProcess::NormalExit);
         QCOMPARE(process.exitCode(), 0);
         QVERIFY(home.Settings().contains("equ=Gamma(x)\n"));

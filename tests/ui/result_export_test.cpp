@@ -9,6 +9,7 @@
 #include <QFileDialog>
 #include <QStandardPaths>
 #include <csignal>
+#include <filesystem>
 
 #include "ui/parts/file_dialogs.h"
 #include "window_fixture.h"
@@ -114,6 +115,15 @@ class ResultExportTest final : public QObject {
         QVERIFY(QFile::setPermissions(folder.path(), QFile::Permissions(0x7777)));
         ExpectFailure(shown);
         QCOMPARE(Contents(path), QByteArray("good old points\n"));
+    }
+    // Qt's text of such a name leads to another file.
+    void ANameThatIsNotUtf8IsRefused() {
+        const QTemporaryDir folder;
+        ShownBoxes shown;
+        const QString path = QFile::decodeName((folder.path() + "/a").toUtf8() + "\xFF.txt");
+        static_cast<void>(SaveResult(path, "new", shown.show));
+        ExpectFailure(shown);
+        QVERIFY(std::filesystem::is_empty(folder.path().toStdString()));
     }
     void ReplacesAnOldFile() {
         QTemporaryDir folder;

@@ -1,5 +1,7 @@
 #include "ui/single_instance.h"
 
+#include <QElapsedTimer>
+#include <QLocalSocket>
 #include <QTemporaryDir>
 #include <QTest>
 #include <string>
@@ -21,15 +23,17 @@ class SingleInstanceTest final : public QObject {
         struct Row {
             bool mutexFree;
             int foundAtLook;  // 0: never
+            bool answers;
             InstanceAnswer answer;
             std::string steps;
         };
         const Row rows[] = {
-            {true, 0, InstanceAnswer::Start, "mutex "},
-            {false, 1, InstanceAnswer::End, "mutex find beep raise "},
-            {false, 2, InstanceAnswer::End, "mutex find wait500 find beep raise "},
-            {false, 0, InstanceAnswer::Refused, "mutex find wait500 find "},
-            {false, 3, InstanceAnswer::Refused, "mutex find wait500 find "},
+            {true, 0, false, InstanceAnswer::Start, "mutex "},
+            {false, 1, true, InstanceAnswer::End, "mutex find beep raise "},
+            {false, 1, false, InstanceAnswer::Refused, "mutex find beep raise "},
+            {false, 2, true, InstanceAnswer::End, "mutex find wait500 find beep raise "},
+            {false, 0, false, InstanceAnswer::Refused, "mutex find wait500 find "},
+            {false, 3, true, InstanceAnswer::Refused, "mutex find wait500 find "},
         };
         for (const Row& row : rows) {
             std::string done;
@@ -39,7 +43,7 @@ class SingleInstanceTest final : public QObject {
             steps.findWindow = [&] { return done += "find ", ++looks == row.foundAtLook; };
             steps.wait = [&](int time) { done += "wait" + std::to_string(time) + " "; };
             steps.beep = [&] { done += "beep "; };
-            steps.raiseWindow = [&] { done += "raise "; };
+            steps.raiseWindow = [&] { return done += "raise ", row.answers; };
             QVERIFY(CheckInstance(steps) == row.answer);
             QCOMPARE(QString::fromStdString(done), QString::fromStdString(row.steps));
         }
@@ -63,6 +67,39 @@ class SingleInstanceTest final : public QObject {
         ReleaseInstance(first);
         InstanceGuard third;
         QVERIFY(CheckInstance(RealInstanceSteps(third, settings)) == InstanceAnswer::Start);
+    }
+    // The system accepts connections for a program that is stopped or hangs.
+    void AProgramThatDoesNotAnswer() {
+        const QTemporaryDir folder;
+        const std::string settings = PathIn(folder, "kalvex.ini");
+        InstanceGuard first;
+        QVERIFY(CheckInstance(RealInstanceSteps(first, settings)) == InstanceAnswer::Start);
+        QLocalServer silent;
+        silent.setSocketOptions(QLocalServer::AbstractNamespaceOption);
+        QVERIFY(silent.listen(InstanceSocketName(settings)));
+        InstanceGuard second;
+        QElapsedTimer clock;
+        clock.start();
+        InstanceSteps steps = RealInstanceSteps(second, settings, 300);
+        QVERIFY(CheckInstance(steps) == InstanceAnswer::Refused);
+        QVERIFY(clock.elapsed() >= 290 && clock.elapsed() < 5000);
+    }
+    // It ends while the second start waits.
+    void AProgramThatHangsUp() {
+        const QTemporaryDir folder;
+        const std::string settings = PathIn(folder, "kalvex.ini");
+        InstanceGuard first;
+        QVERIFY(CheckInstance(RealInstanceSteps(first, settings)) == InstanceAnswer::Start);
+        QLocalServer leaving;
+        leaving.setSocketOptions(QLocalServer::AbstractNamespaceOption);
+        QVERIFY(leaving.listen(InstanceSocketName(settings)));
+        connect(&leaving, &QLocalServer::newConnection, &leaving,
+                [&leaving] { leaving.nextPendingConnection()->abort(); });
+        InstanceGuard second;
+        QElapsedTimer clock;
+        clock.start();
+        QVERIFY(CheckInstance(RealInstanceSteps(second, settings)) == InstanceAnswer::Refused);
+        QVERIFY(clock.elapsed() < 3000);
     }
     void WithoutAWindowItIsRefused() {
         const QTemporaryDir folder;

@@ -31,7 +31,7 @@ struct TestProgram {
         application.show = shown.show;
         application.quit = [this] { ++quits; };
         application.pictureFolder = folder.filePath("pictures");
-        application.windowStatePath = folder.filePath("window.ini");
+        application.windowStatePath = folder.filePath("window.ini").toStdString();
     }
 
     void Start() {

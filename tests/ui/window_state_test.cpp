@@ -4,6 +4,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QWidget>
+#include <filesystem>
+#include <string>
 #include <utility>
 
 using namespace kalvex;
@@ -13,23 +15,35 @@ class WindowStateTest final : public QObject {
   private slots:
     void RoundTrip() {
         const QTemporaryDir folder;
-        const QString path = folder.filePath("kalvex/window.ini");
+        const std::string path = folder.filePath("kalvex/window.ini").toStdString();
         SaveWindowState(path, {QSize(711, 522), true, "/home/of/µ"});
         const WindowState state = LoadWindowState(path);
         QCOMPARE(state.size, QSize(711, 522));
         QVERIFY(state.maximised);
         QCOMPARE(state.folder, QString("/home/of/µ"));
     }
+    void AFolderWhoseNameIsNotUtf8() {
+        const QTemporaryDir folder;
+        const QByteArray before = qgetenv("XDG_CONFIG_HOME");
+        const std::string named = folder.path().toStdString() + "/c\xFF";
+        qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(named));
+        const std::string path = DefaultWindowStatePath();
+        qputenv("XDG_CONFIG_HOME", before);
+        QVERIFY(path == named + "/kalvex/window.ini");
+        SaveWindowState(path, {QSize(711, 522), false, {}});
+        QCOMPARE(LoadWindowState(path).size, QSize(711, 522));
+        QVERIFY(std::filesystem::exists(path));
+    }
     void DamagedOrMissing() {
         const QTemporaryDir folder;
-        QCOMPARE(LoadWindowState(folder.filePath("none.ini")).size, QSize(480, 640));
+        QCOMPARE(LoadWindowState(folder.filePath("none.ini").toStdString()).size, QSize(480, 640));
         for (const char* const content : {"width=-5\nheight=640\n", "width=zebra\nheight=\n",
                                           "width=999999999\nheight=640\n", "\xff\xfe[[[", ""}) {
             QFile file(folder.filePath("window.ini"));
             QVERIFY(file.open(QIODevice::WriteOnly));
             file.write(content);
             file.close();
-            QCOMPARE(LoadWindowState(file.fileName()).size, QSize(480, 640));
+            QCOMPARE(LoadWindowState(file.fileName().toStdString()).size, QSize(480, 640));
         }
     }
     void NeverLargerThanTheScreen() {

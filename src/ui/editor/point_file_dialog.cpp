@@ -4,7 +4,6 @@
 #include "ui/editor/point_file_dialog.h"
 
 #include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QScreen>
 #include <QUrl>
@@ -18,9 +17,8 @@ namespace kalvex {
 
 void OpenPointFileDialog(QWidget* parent, const QString& folder,
                          std::function<void(const QString& path)> chosen) {
-    auto* const dialog = new QFileDialog(parent, TextOf(StringId::OpenFileTitle), folder);
+    auto* const dialog = new FileDialog(parent, TextOf(StringId::OpenFileTitle), folder);
     dialog->setObjectName("openFileDialog");
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::ExistingFile);
     dialog->setOption(QFileDialog::HideNameFilterDetails);
     dialog->setNameFilters({TextOf(StringId::FilterAll) + " (*)",

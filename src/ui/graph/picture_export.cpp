@@ -1,10 +1,9 @@
-// The counter is stored before the file is written, so that the next picture never overwrites this
-// one, whatever fails afterwards.
+// The counter goes up and is stored for every picture, also for one that could not be written. Only
+// a picture whose font is missing is not tried at all.
 #include "ui/graph/picture_export.h"
 
 #include <QClipboard>
 #include <QDir>
-#include <QFileDialog>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QStandardPaths>
@@ -19,6 +18,7 @@
 #include "resources/strings.h"
 #include "settings/settings.h"
 #include "ui/parts/file_dialogs.h"
+#include "ui/parts/file_name.h"
 #include "ui/parts/qt_text.h"
 
 namespace kalvex {
@@ -33,6 +33,10 @@ QString SuffixOf(const PictureFormat& format) {
     return QString::fromLatin1(format.suffix.data(), static_cast<qsizetype>(format.suffix.size()));
 }
 
+MessageBox NotWrittenBox(const QString& path) {
+    return ErrorBox(FillIn(Text(StringId::PictureNotWritten), {FromQString(path)}));
+}
+
 }  // namespace
 
 QString DefaultPictureFolder() {
@@ -42,23 +46,24 @@ QString DefaultPictureFolder() {
 void ExportPicture(const DrawList& picture, Options& options, const Registry& registry,
                    const QString& folder, const ShowBox& show) {
     const QString name = "Kalvex_" + QString::number(options.Screen) + ".bmp";
+    const QString path = QDir(folder).filePath(name);
+    if (!HasFontsOf(picture)) return static_cast<void>(Tell(show, {NotWrittenBox(path)}));
     options.Screen = Successor(options.Screen);
+    if (!FileNameOf(folder).empty()) QDir().mkpath(folder);
+    // KEEP: "Save" is the text and "Info" the caption, shown even when no file could be made.
+    static_cast<void>(WriteCompleteFile(FileNameOf(path), [&picture](const TakeBytes& take) {
+        return MakeBitmap(PaintPicture(picture), take);
+    }));
     // The picture counts, not its number: a failure of the store is not told.
     static_cast<void>(StoreOption(registry, "Screen", options.Screen));
-    QDir().mkpath(folder);
-    // KEEP: "Save" is the text and "Info" the caption, shown even when no file could be made.
-    static_cast<void>(WriteCompleteFile(
-        QDir(folder).filePath(name).toStdString(),
-        [&picture](const TakeBytes& take) { return MakeBitmap(PaintPicture(picture), take); }));
     Tell(show, {BoxOf(StringId::PictureSavedCaption, Text(StringId::PictureSavedText),
                       MessageIcon::Exclamation)});
 }
 
 void OpenSavePictureDialog(QWidget* parent, const QString& folder,
                            std::function<void(const QString& path)> chosen) {
-    auto* const dialog = new QFileDialog(parent, TextOf(StringId::SavePictureTitle), folder);
+    auto* const dialog = new FileDialog(parent, TextOf(StringId::SavePictureTitle), folder);
     dialog->setObjectName("savePictureDialog");
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     QStringList filters;
     for (const PictureFormat& format : PictureFormats())
@@ -82,8 +87,8 @@ void SavePicture(const DrawList& picture, const QString& path, const ShowBox& sh
     if (format == nullptr) {
         const std::u16string endings = Widen(PictureEndings(FormatsOf::Windows));
         Tell(show, {ErrorBox(FillIn(Text(StringId::PictureEnding), {endings, FromQString(path)}))});
-    } else if (!WritePicture(*format, path.toStdString(), picture)) {
-        Tell(show, {ErrorBox(FillIn(Text(StringId::PictureNotWritten), {FromQString(path)}))});
+    } else if (!WritePicture(*format, FileNameOf(path), picture)) {
+        Tell(show, {NotWrittenBox(path)});
     }
 }
 

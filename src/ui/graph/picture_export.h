@@ -17,8 +17,9 @@ namespace kalvex {
 [[nodiscard]] QString DefaultPictureFolder();
 
 /// Writes the picture as Kalvex_%d.bmp with the counter `Screen` into a folder (made when it is
-/// missing), at one pixel per logical pixel, and stores the next number. The message "Save"
-/// is shown in any case.
+/// missing), at one pixel per logical pixel, and then stores the next number. The message "Save"
+/// is shown even when the file could not be written. A picture whose font cannot be loaded is not
+/// written: a message says so, and the number stays.
 void ExportPicture(const DrawList& picture, Options& options, const Registry& registry,
                    const QString& folder, const ShowBox& show);
 

@@ -2,7 +2,6 @@
 // filter applies stands in a second bracket, which the dialog does not show.
 #include "ui/report/result_export.h"
 
-#include <QFileDialog>
 #include <QScreen>
 #include <utility>
 
@@ -10,6 +9,7 @@
 #include "resources/message_boxes.h"
 #include "resources/strings.h"
 #include "ui/parts/file_dialogs.h"
+#include "ui/parts/file_name.h"
 #include "ui/parts/qt_text.h"
 
 namespace kalvex {
@@ -17,9 +17,8 @@ namespace kalvex {
 void OpenSaveResultDialog(QWidget* parent, const QString& folder,
                           std::function<void(const QString& path)> chosen) {
     auto* const dialog =
-        new QFileDialog(parent, TextOf(StringId::SaveResultTitle), StartFolder(folder));
+        new FileDialog(parent, TextOf(StringId::SaveResultTitle), StartFolder(folder));
     dialog->setObjectName("saveResultDialog");
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setOption(QFileDialog::HideNameFilterDetails);
     dialog->setNameFilters(
@@ -33,7 +32,7 @@ void OpenSaveResultDialog(QWidget* parent, const QString& folder,
 }
 
 Flow SaveResult(QString path, std::string bytes, ShowBox show, std::function<void()> written) {
-    const bool isThere = static_cast<bool>(WriteCompleteFile(path.toStdString(), bytes));
+    const bool isThere = static_cast<bool>(WriteCompleteFile(FileNameOf(path), bytes));
     if (!isThere) {
         const MessageBox failure =
             BoxOf(StringId::FileErrorCaption, Text(StringId::FileErrorText), MessageIcon::None);
