@@ -26,7 +26,7 @@ constexpr std::string_view kNamingCalls[] = {
 
 /// Calls that write a line for whoever started the program in a terminal. They cannot ask for a
 /// text of the tables, which may need memory.
-constexpr std::string_view kLineCalls[] = {"std::fputs(", "std::fprintf(stderr, "};
+constexpr std::string_view kLineCalls[] = {"WriteToStandardError("};
 
 /// The other literals that no person reads, by what they are.
 constexpr std::string_view kNoTexts[] = {
@@ -40,8 +40,9 @@ constexpr std::string_view kNoTexts[] = {
     "/kalvex/window.ini", "General", ":/icons/kalvex-%1.png", "kalvex-",
     // Platforms without a screen.
     "offscreen", "minimal",
-    // What a second start sends to the first; the blanks that may stand around a number.
-    "r", " \\t\\u00a0"};
+    // What a second start sends to the first, and the answer; the blanks that may stand around a
+    // number.
+    "r", "a", " \\t\\u00a0"};
 
 struct Literal {
     std::string text;    ///< as it is written, escapes included
