@@ -10,7 +10,6 @@ namespace {
 /// series of the arctangent are enough.
 DoubleDouble AngleOnTheRight(DoubleDouble cosine, DoubleDouble sine) {
     constexpr int kHalvings = 9;
-    constexpr DoubleDouble kThird = {1.0 / 3, 1.850371707708594e-17};
     for (int i = 0; i < kHalvings; ++i) {
         cosine = LooseSqrt((cosine + 1.0) * 0.5);
         sine = sine / (cosine * 2);

@@ -78,8 +78,6 @@ constexpr double kShort = 0.25;  // of a step
 /// ln((sum+rise)/(sum-rise)), 2y + 2y^3/3 + 2y^5/5 + ... with y = rise/sum, |y| below
 /// tanh(kShort/2). Three terms count in two doubles, 14 in all.
 DoubleDouble LogOfStep(DoubleDouble rise, DoubleDouble sum) {
-    constexpr DoubleDouble kThird = {1.0 / 3, 1.850371707708594e-17};
-    constexpr DoubleDouble kFifth = {1.0 / 5, -1.1102230246251565e-17};
     constexpr int kLast = 27;
     const DoubleDouble y = LooseQuotient(rise, sum);
     const DoubleDouble square = LooseProduct(y, y);

@@ -64,7 +64,6 @@ double MostBetween(const LoopIntegrand& f, const Line& line, const Beside& one,
 
 /// ln((1+y)/(1-y)) for |y| below 1/16; relative error below 2^-54 |y|^4 + 2^-98.
 ComplexPair LogOfRatio(const ComplexPair& y) {
-    constexpr DoubleDouble kThird = {1.0 / 3, 1.850371707708594e-17};
     constexpr int kLast = 19;
     const ComplexPair square = y * y;
     const PlainComplex s = Plain(square);

@@ -16,6 +16,11 @@ inline constexpr double kPairError = 0x1p-100;
 /// of a series or of an adjoint recurrence.
 inline constexpr double kPlainError = 0x1p-50;
 
+/// 1/3 and 1/5, the nearest double and the nearest double to what is missing: coefficients of the
+/// series of logarithm and arctangent, in which they count with more than 53 bits.
+inline constexpr DoubleDouble kThird = {1.0 / 3, 1.850371707708594e-17};
+inline constexpr DoubleDouble kFifth = {1.0 / 5, -1.1102230246251565e-17};
+
 struct HypergeometricParameters {
     DoubleDouble a;
     DoubleDouble b;
