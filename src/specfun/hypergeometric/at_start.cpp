@@ -33,7 +33,7 @@ struct Power {
 Power PowerOf(DoubleDouble s, DoubleDouble logarithm) {
     const DoubleDouble exponent = s * logarithm;
     if (exponent.high == 0) return {{1, 0}, logarithm};
-    if (std::fabs(exponent.high) < 1) {
+    if (std::fabs(exponent.high) < 1) {  // what ExpMinusOne takes
         const DoubleDouble rise = ExpMinusOne(exponent);
         return {rise + 1.0, rise / s};
     }
@@ -139,8 +139,8 @@ void AddTails(const HypergeometricParameters& p, double s, double k, double term
 /// At two points, the one farther from z = 1 first.
 std::array<Solutions, 2> SolutionsAt(const HypergeometricParameters& p, DoubleDouble farther,
                                      DoubleDouble nearer, double tolerance) {
-    constexpr double kPlain = 0x1p-48;  // of a term in plain arithmetic, 32 roundings
-    constexpr int kMostTerms = 400;     // see AddTails
+    constexpr double kPlain = 0x1p-48;  // of a term in plain arithmetic: 32 roundings of 2^-53
+    constexpr int kMostTerms = 400;     // never reached: see AddTails
     const DoubleDouble s = p.c - p.a - p.b;
     const DoubleDouble sum = p.a + p.b;
     std::array<Solutions, 2> both = {Solutions{farther}, Solutions{nearer}};
@@ -176,7 +176,8 @@ struct Combination {
 };
 
 /// From value and slope, w d/dw, at the point of the solutions; all series are off by `unit` times
-/// 1 and themselves. Cramer's rule; the errors are those of its products and of what is put in.
+/// 1 and themselves. Cramer's rule; the errors are those of its products and of what is put in,
+/// which is why `unit` counts twice.
 Combination Matched(const HypergeometricPoint& at, const Solutions& there, double unit) {
     const DoubleDouble determinant =
         there.regular * there.otherSlope - there.other * there.regularSlope;
@@ -202,11 +203,12 @@ Combination Matched(const HypergeometricPoint& at, const Solutions& there, doubl
 KALVEX_WITH_FMA
 HypergeometricPoint AtStart(const HypergeometricParameters& p, const Place& place,
                             double tolerance) {
-    // At 3/4 the series in z and that in w, which falls like 1/4, are both short. Up to 0.85 one
-    // longer series in z costs less than the three of a match.
+    // Chosen: up to 0.85 one longer series in z costs less than the three of a match.
     constexpr double kFarthest = 0.85;
+    // Chosen: at 3/4 the series in z and that in w, which falls like 1/4, are both short.
     constexpr double kMeeting = 0.75;
-    constexpr double kOfSeries = 0x1p-98;  // logarithm, exponential and the coefficients
+    // Counted, not proved: four times kPairError for logarithm, exponential and coefficients.
+    constexpr double kOfSeries = 0x1p-98;
     if (place.z.high <= kFarthest || IsNegativeInteger(p.a)) {
         HypergeometricPoint start = SumHypergeometric(p, place.z, tolerance);
         start.error += tolerance * Size(start.slope);
@@ -217,11 +219,13 @@ HypergeometricPoint AtStart(const HypergeometricParameters& p, const Place& plac
     start.error += tolerance * Size(start.slope);
     const auto [there, at] = SolutionsAt(p, {1 - kMeeting, 0}, place.w, tolerance);
     start.slope = start.slope * (kMeeting - 1) / kMeeting;  // w d/dw
+    // twice the tolerance: what is left out, and the rounding of the tails in plain arithmetic
     const double unit = kOfSeries + 2 * tolerance;
     const Combination of = Matched(start, there, unit);
     start.value = of.first * at.regular + of.second * at.other;
     start.slope = of.first * at.regularSlope + of.second * at.otherSlope;
     start.slope = -(start.slope * place.odds);
+    // twice the unit: the series, and the products with them
     const double first = of.firstError + 2 * unit * Size(of.first);
     const double second = of.secondError + 2 * unit * Size(of.second);
     start.error = first * (1 + Size(at.regular)) + second * (1 + Size(at.other));

@@ -28,10 +28,11 @@ double CostOfShifts(const Form& form, double x) {
     constexpr double kOfOne = 3;             // a step one by one
     constexpr double kOfOneInBlock = 0.9;    // a step in blocks,
     constexpr double kOfBlocks = 200;        // and for setting them up
-    constexpr double kOfStart = 100;         // the series at z = 1/2 to 2^-100
+    constexpr double kOfStart = 100;         // the series at z = 1/2 to 2^-100, a bit for each term
     constexpr double kOfStartNearOne = 450;  // that at z = 0.85; beyond, a match takes 3 us, too
     const double steps = ShiftsTo(form.p);
     const double ofSteps = std::min(kOfOne * steps, kOfBlocks + kOfOneInBlock * steps);
+    // up to x = 1/2 z is 1/2 at most, also where it is x/(x-1)
     return ofSteps + (x > 0.5 ? kOfStartNearOne : kOfStart);
 }
 
@@ -125,11 +126,10 @@ double ParameterUnit(const HypergeometricParameters& p) {
 
 Value BestValue(const HypergeometricParameters& p, double x) {
     constexpr double kMostTerms = 1200;  // 8 us, as a walk of parameters of some hundred takes
-    // What the integrals take, in terms of a series: Euler's 6 to 8 us; a loop 20; for c below 0 a
-    // loop or, after that has failed, two integrals.
-    constexpr double kOfEuler = 1000;
-    constexpr double kOfLoop = 3000;
-    constexpr double kOfTwo = 4500;
+    // What the integrals take, measured, in terms of a series of 7 ns:
+    constexpr double kOfEuler = 1000;  // 6 to 8 us
+    constexpr double kOfLoop = 3000;   // 20 us
+    constexpr double kOfTwo = 4500;    // c below 0: a loop or, after that has failed, two integrals
     std::array<Form, 4> forms = FormsOf(p);
     for (std::size_t i = 0; i < forms.size(); ++i)
         forms[i].cost = IsValid(p, i) ? CostOf(forms[i], x) : INFINITY;
@@ -144,7 +144,7 @@ Value BestValue(const HypergeometricParameters& p, double x) {
     const bool isLarge = steps > integral;
     const double first = std::min({walk, kMostTerms, isLarge ? integral : INFINITY});
     Value best;
-    TrySeries(forms, x, -1, first, best);
+    TrySeries(forms, x, -1, first, best);  // from -1: every cost is above it
     if (best.loss >= kGoodEnough && isLarge) KeepBetter(best, ByIntegral(unsorted, x));
     if (best.loss >= kGoodEnough && walks) KeepBetter(best, ByShifts(shifted, x));
     TrySeries(forms, x, first, kMostTerms, best);

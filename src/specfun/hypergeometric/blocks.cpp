@@ -19,6 +19,7 @@ namespace {
 
 using specfun::InAllLanes;
 
+/// It takes two columns: what the steps make of (1,0) and of (0,1).
 template <typename Unit>
 using LaneWalker = WalkerOf<LanesOf<Unit>, 2>;
 
@@ -96,7 +97,7 @@ void Take(const TraceOf<Four>& step, const Maps& before, BlockTrace& trace) {
 
 /// A bound of the error of the columns by kStepError.
 Maps ErrorOfColumns(const BlockTrace& trace) {
-    constexpr double kOfPlain = kBlockSteps * kBlockSteps * kPlainError;
+    constexpr double kOfPlain = kBlockSteps * kBlockSteps * kPlainError;  // n^2 rho, see the top
     const Four part = specfun::InAllLanes(kOfPlain);
     Maps error = {part * trace.all.valueOfValue, part * trace.all.valueOfSlope,
                   part * trace.all.slopeOfValue, part * trace.all.slopeOfSlope};

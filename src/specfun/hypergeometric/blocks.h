@@ -10,11 +10,12 @@
 
 namespace kalvex::specfun {
 
-/// Longer blocks cost less for each step, but the bound of their errors fails more often
-/// (blocks.cpp).
+/// Chosen: longer blocks cost less for each step, but with 32 the bound of their errors fails more
+/// often (blocks.cpp has the condition).
 inline constexpr int kBlockSteps = 16;
 
-/// The size of the table of blocks on the stack, 34 KiB for four lanes; longer ways are cut.
+/// Chosen: the table of blocks then takes 34 KiB of the stack, with 136 bytes for each block of
+/// each of four lanes. Longer ways are cut into legs.
 inline constexpr int kMostBlocks = 64;
 
 /// The steps of a block multiplied out: what they make of (value, slope) = (1,0) and of (0,1), and

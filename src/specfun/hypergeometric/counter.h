@@ -11,22 +11,26 @@
 
 namespace kalvex::specfun {
 
-inline constexpr std::int64_t kMostOwnLimbs = 4;  // of one parameter: 256 bits
+/// Of one parameter, chosen: 256 bits hold a number of two doubles down to 2^-140 in magnitude,
+/// with the carry of a+k, and products of three such numbers fit into the 14 limbs of a Factor.
+inline constexpr std::int64_t kMostOwnLimbs = 4;
 
-/// The terms that a sum of many digits takes at most: with four limbs 24,000 terms times limbs,
-/// which is nearly what WideValue spends on a value at all.
+/// The terms that a sum of many digits takes at most, chosen: with four limbs 24,000 terms times
+/// limbs, which is nearly what WideValue spends on a value at all.
 inline constexpr int kMostWideTerms = 6000;
 
 /// 2^exponent, cut off at 2^-1000 and 2^1000.
 [[nodiscard]] inline double PowerOfTwo(double exponent) {
-    constexpr double kEnd = 1000;         // within the normal range of a double
-    constexpr std::int64_t kBias = 1023;  // of the exponent of a double
+    constexpr double kEnd = 1000;         // chosen: normal doubles reach 2^-1022 and 2^1023
+    constexpr std::int64_t kBias = 1023;  // of the exponent of a double, which is above its 52 bits
     const double within = std::clamp(exponent, -kEnd, kEnd);
     const double whole = std::floor(within);
     const double power = std::bit_cast<double>(
         static_cast<std::uint64_t>(static_cast<std::int64_t>(whole) + kBias) << 52);
     return whole == within ? power : power * std::exp2(within - whole);
 }
+
+// Limbs have 64 bits: hence the 64, its logarithm 6 and the mask 63 below.
 
 /// The exponent of the lowest bit that is set; 0 for 0.
 template <std::size_t limbs>
@@ -78,10 +82,11 @@ struct Counter {
           unitLimb(static_cast<std::size_t>(-scale / 64)),
           unit(std::uint64_t{1} << (-scale % 64)),
           negative(a.sign < 0) {
+        // a+k has at most the bits of a or those of the last k, and one more by a carry.
         constexpr std::int64_t kGrows = std::bit_width(unsigned{kMostWideTerms});
         const std::int64_t most = std::max<std::int64_t>(a.exponent, kGrows) + 1 - scale;
         failed = most > 64 * kMostOwnLimbs || !SetInteger(a, scale, magnitude);
-        constexpr std::int64_t kUsual = 8;  // of k, which is some hundred at the end as a rule
+        constexpr std::int64_t kUsual = 8;  // bits of k, chosen: it ends at some hundred as a rule
         bits = static_cast<double>(std::max(a.exponent, kUsual) - scale);
     }
 

@@ -35,8 +35,10 @@
 namespace kalvex::specfun {
 namespace {
 
-constexpr double kNegligible = 46;  // e-foldings: e^-46 is 2^-66
-constexpr int kMostNodes = 110;     // on each side
+// e-foldings: e^-46 is 2^-66, which counts for nothing beside kGood, 2^-60.
+constexpr double kNegligible = 46;
+// On each side, chosen: they take 20 us at most, and a peak that is nearly Gaussian takes 15.
+constexpr int kMostNodes = 110;
 
 /// One value of g, by its peak.
 struct Node {
@@ -73,11 +75,14 @@ struct Position {
     DoubleDouble second;
 };
 
-constexpr double kShort = 0.25;  // of a step
+// The longest step for which logarithms are added up by LogOfStep. Chosen: longer ones, up to 0.27,
+// come with small parameters only, and there two logarithms at each node are taken instead.
+constexpr double kShort = 0.25;
 
 /// ln((sum+rise)/(sum-rise)), 2y + 2y^3/3 + 2y^5/5 + ... with y = rise/sum, |y| below
 /// tanh(kShort/2). Three terms count in two doubles, 14 in all.
 DoubleDouble LogOfStep(DoubleDouble rise, DoubleDouble sum) {
+    // What is left out, y^28/29 by the first term, is below 2^-88, as |y| is below 1/8.
     constexpr int kLast = 27;
     const DoubleDouble y = LooseQuotient(rise, sum);
     const DoubleDouble square = LooseProduct(y, y);
@@ -116,6 +121,7 @@ Node NodeAt(const Sampling& s, const Position& at, double shift, DoubleDouble& l
 }
 
 void AddTerm(const Sampling& s, double v, DoubleDouble log, Sums& sums) {
+    // e^-700 by the peak counts for nothing, and from e^-708 on doubles are denormal.
     constexpr double kVanishing = -700;
     if (log.high < kVanishing) return;
     int exponent = 0;
@@ -130,6 +136,7 @@ void AddOffAxis(const Sampling& s, const Node& before, const Node& node, Sums& s
     const auto hump = [&](double scale) {
         const double first = scale * before.v;
         const double second = scale * node.v;
+        // the top of the hump, 1, is at V = 1
         return (first - 1) * (second - 1) < 0 ? 1 : std::max(Hump(first), Hump(second));
     };
     const double bend =
@@ -190,12 +197,15 @@ Sums SumsOf(const Sampling& s) {
 /// A bound of the error of the sum, relative to it: of the rule, of the terms left out, of the
 /// logarithms and of the exponential. The factor of 2 is for the rounding of the bound itself.
 double ErrorOf(const Sampling& s, const Sums& sums) {
-    constexpr double kOfExponential = 0x1p-64;
-    constexpr double kOfDoubles = 0x1p-60;  // of LogOfStep by h^6: (h/2)^6/7 in one double
+    constexpr double kOfExponential = 0x1p-64;  // four times the 2^-66 measured of QuickExp
+    // Of LogOfStep, by h^6: its terms in one double, (h/2)^6/7 and smaller, are off by 2^-61.8.
+    constexpr double kOfDoubles = 0x1p-60;
+    // Counted: eight times kPairError for its terms in two doubles and for adding them up.
     constexpr double kOfPairs = 0x1p-97;
     const double ofRule = 2 * sums.offAxis / std::expm1(s.rule.gain);
     const double h = s.rule.h;
     const double exponents = std::fabs(s.f.fromA.high) + std::fabs(s.f.a.high);
+    // twice: e^x - 1 is at most 2x
     const double ofLogarithms =
         2 * kMostNodes * h * exponents * (kOfDoubles * h * h * h * h * h * h + kOfPairs);
     return 2 * (ofRule + sums.leftOut) / sums.value.high + ofLogarithms + kOfExponential;
@@ -220,7 +230,8 @@ double DistanceFromEnds(DoubleDouble b, DoubleDouble c) {
 
 /// Looks at the integral over b; its peak and the step of the rule. False where it is not suitable.
 bool Prepare(const HypergeometricParameters& p, DoubleDouble z, DoubleDouble w, Sampling& s) {
-    constexpr double kFarthest = 1e30;  // of the peak from 1
+    // Of the peak from 1, chosen: V, wV and their squares stay far within the range at all nodes.
+    constexpr double kFarthest = 1e30;
     s.f = {p.a, p.b, p.c - p.a, p.c - p.b, w, z.high};
     s.peak = PeakOf(s.f);
     if (!(s.peak > 1 / kFarthest && s.peak < kFarthest)) return false;
@@ -240,6 +251,7 @@ HypergeometricPoint PointOf(const Sampling& s, const Sums& sums, const GammaProd
     const DoubleDouble factor = power * s.rule.h;
     point.value = sums.value * factor;
     point.slope = {sums.slope * factor.high, 0};
+    // twice: e^x - 1 is at most 2x
     point.error = (ErrorOf(s, sums) + 2 * scale.log.error) * point.value.high;
     point.failed = !std::isfinite(point.error);
     return point;
@@ -256,8 +268,9 @@ bool HasEulerIntegral(const HypergeometricParameters& p) {
 KALVEX_WITH_FMA
 HypergeometricPoint ByEulerIntegral(const HypergeometricParameters& p, DoubleDouble z,
                                     DoubleDouble w, double most) {
-    constexpr double kGood = 0x1p-60;
-    constexpr double kMostSize = 0x1p30;  // what gamma functions are known for
+    constexpr double kGood = 0x1p-60;     // a quarter of kGoodEnough: the factor adds its error
+    constexpr double kMostSize = 0x1p30;  // what gamma functions are known for; see above
+    // no value: as this integral serves it not; as it is beyond the range, which ends the search
     constexpr HypergeometricPoint kFailure = {{}, {}, INFINITY, true};
     constexpr HypergeometricPoint kOverflow = {{}, {}, INFINITY, true, true};
     if (!(std::fabs(p.a.high) + std::fabs(p.b.high) + p.c.high < kMostSize)) return kFailure;

@@ -24,7 +24,8 @@ struct Integrand {
     return 4 * (v / sum) / sum;
 }
 
-/// What a factor of g with the given exponent is more at v+id than at v, as a logarithm.
+/// What a factor of g with the given exponent is more at v+id than at v, as a logarithm; half the
+/// exponent, because the factor is the square root of 1 - square hump.
 [[nodiscard]] inline double RiseOf(double exponent, double hump, double square) {
     return -0.5 * exponent * std::log1p(-square * hump);
 }

@@ -19,8 +19,8 @@ bool FallsFrom(const HypergeometricParameters& p, double k, double z) {
 }  // namespace
 
 Foreseen ForeseenOf(const HypergeometricParameters& p, double z) {
-    constexpr int kMost = kMostWideTerms;
-    constexpr int kScale = 300;  // keeps term and sum within the range when they are multiplied
+    constexpr int kMost = kMostWideTerms;  // longer series are not summed
+    constexpr int kScale = 300;  // chosen: term and sum stay within the range when multiplied
     // Of the 53 bits of a double 13 are lost by the roundings of 6000 terms, so that a sum that is
     // smaller than the greatest term by more than the other 40 may be nothing but rounding.
     constexpr double kMeasured = 40;

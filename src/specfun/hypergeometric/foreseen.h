@@ -8,8 +8,8 @@
 
 namespace kalvex::specfun {
 
-/// Bits of a value to sum for: the 70 that must be right (kEnough in wide_value.cpp), and 20 for
-/// sums of values that cancel by as much.
+/// Bits of a value to sum for: the 70 that must be right (kEnough in wide_value.cpp), and 20 more,
+/// chosen for sums of values that cancel by as much.
 inline constexpr double kWanted = 90;
 
 /// The greatest term and the sum, as logarithms to base 2, and the number of terms. `measured` is

@@ -19,9 +19,10 @@ bool IsLikelyToCancel(const HypergeometricParameters& p, double z, double terms)
     constexpr double kLoss = 28;
     // They become 2^-44. No series that loses that much serves.
     constexpr double kMostLoss = 40;
-    constexpr double kShort = 100;  // terms, which take 0.7 us
+    constexpr double kShort = 100;  // terms, chosen: they take 0.7 us
     // Up to |z| = 0.1 the powers of z alone have fallen to 10^-40 when c+k comes near 0.
     constexpr double kSmall = 0.1;
+    // Chosen: so many terms come before c+k can be next to 0, which is what kSmall counts on.
     constexpr double kFarBelow = -40;
     const double loss = ExpectedLoss(p, z);
     if (p.c.high < kFarBelow && std::fabs(z) > kSmall) return true;
@@ -65,6 +66,8 @@ double ExpectedLoss(const HypergeometricParameters& p, double z) {
     const double c = p.c.high;
     const bool oneSign = c > 0 && (a > 0) == (b > 0) && z > 0;
     if (oneSign) return 0;
+    // The terms grow about like |abz|^k/k!^2, whose sum is below e^(2 sqrt(|abz|)), or, beside a
+    // large c, like (|abz|/c)^k/k!. A c below 1 counts as 1.
     const double product = std::fabs(a * b * z);
     const double loss = 2 * std::sqrt(product);
     return c > 0 ? std::min(loss, product / std::max(c, 1.0)) : loss;
@@ -73,11 +76,12 @@ double ExpectedLoss(const HypergeometricParameters& p, double z) {
 double CostOf(const Form& form, double x) {
     constexpr double kPowerCost = 30;     // logarithm and exponential, some 0.2 us
     constexpr double kMostDegree = 3000;  // more terms than SumHypergeometric takes
-    constexpr double kFew = 20;           // terms, which cost less than any other method
+    constexpr double kFew = 20;           // terms, chosen: they cost less than any other method
     constexpr double kImpossible = 1e9;   // more than any series that may be tried
     constexpr double kFoldings = 40;      // e-foldings that the terms fall by: 2^-57.7
     const double z = form.pfaff ? x / (x - 1) : x;
     const double magnitude = std::fabs(z);
+    // chosen: from where the terms stop growing they take three times as long to fall again
     double terms = kFoldings / -std::log(magnitude) + 4 * GreatestTerm(form.p, magnitude);
     const double decay = form.p.c.high - form.p.a.high - form.p.b.high;
     if (decay > 0) {  // the terms fall as k^(-1-decay) even at z = 1

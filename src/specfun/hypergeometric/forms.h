@@ -8,8 +8,8 @@
 
 namespace kalvex::specfun {
 
-/// Added to the cost of a series that is likely to cancel. It is more than any series may cost that
-/// is summed at all, so that these series come last and can be told from the others.
+/// Added to the cost of a series that is likely to cancel. Chosen: it is more than any series may
+/// cost that is summed at all, so that these series come last and can be told from the others.
 inline constexpr double kHopeless = 1e6;
 
 /// F = (1-x)^power times the series.

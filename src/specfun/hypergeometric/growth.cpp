@@ -44,7 +44,9 @@ double Outgrown(const HypergeometricParameters& p, double z, double w) {
                                 (atZero - atOne + atInfinity) * (atZero - atOne - atInfinity);
     const double unit = std::sqrt(std::max(std::fabs(discriminant), kTiny));
     const bool swings = atZero + atOne < atInfinity;
+    // the turning point next to 0, a zero of the quadratic D; beyond it nothing outgrows
     if (swings && z >= (l + n - m - unit) / (2 * n)) return 0;
+    // the antiderivative of sqrt(D)/(z(1-z)): a logarithm for each of the exponents
     const auto part = [unit, root](double difference, double of, double distance) {
         const double size = std::fabs(of) + 2 * difference * root;
         return difference * std::copysign(std::log(size / (distance * unit)), of);
@@ -52,7 +54,7 @@ double Outgrown(const HypergeometricParameters& p, double z, double w) {
     const double apart = part(atZero, 2 * l + (m - l - n) * z, z) -
                          part(atOne, 2 * m + (l - m - n) * w, w) +
                          part(atInfinity, 2 * n * z + m - l - n, 1);
-    return p.c.high > 1 ? apart : -apart;
+    return p.c.high > 1 ? apart : -apart;  // the function is the smaller one at 0 for c above 1
 }
 
 double SlopeOfMinimal(const HypergeometricParameters& p, double z, double w) {
@@ -60,6 +62,7 @@ double SlopeOfMinimal(const HypergeometricParameters& p, double z, double w) {
     const double d = Discriminating(e, z, w);
     const double change = e.m - e.l - e.n * (w - z);
     const double drift = p.a.high + p.b.high + 1 - p.c.high;
+    // z y'/y of y = z^(-c/2) w^(-drift/2) Q^(-1/4) exp(integral of sqrt(Q)), Q = D/(4 z^2 w^2)
     return (drift * z + std::sqrt(d)) / (2 * w) - p.c.high / 2 + (1 - z / w) / 2 -
            z * change / (4 * d);
 }
@@ -72,11 +75,11 @@ double SlopeOfMinimal(const HypergeometricParameters& p, double z, double w) {
 // behind may be next to 0 where s is next to an integer, 2^-60 at least, which the 2^64 between the
 // two parts and the distance from the end of the range allow for.
 bool Overflows(const HypergeometricParameters& p, double x) {
-    constexpr double kLeastDecay = -32;      // 16 terms that fall by 1/8 come to 2^-48
-    constexpr double kSmall = 0x1p-4;        // the ratio is 1/8 beside denominators of -s/2
-    constexpr double kRange = 1024 + 64;     // of exponents, and something to be certain
-    constexpr double kApart = 64;            // bits between the two parts
-    constexpr double kOffInteger = 0x1p-30;  // lgamma has poles at integral s
+    constexpr double kLeastDecay = -32;   // 16 terms that fall by 1/8 come to 2^-48
+    constexpr double kSmall = 0x1p-4;     // the ratio is 1/8 beside denominators of -s/2
+    constexpr double kRange = 1024 + 64;  // where doubles end, and 64 bits, chosen, to be certain
+    constexpr double kApart = 64;         // bits between the two parts: the 60 above and four
+    constexpr double kOffInteger = 0x1p-30;  // chosen: keeps off the poles of lgamma at integral s
     const double a = p.a.high;
     const double b = p.b.high;
     const double c = p.c.high;

@@ -43,7 +43,7 @@ namespace {
 constexpr double kTiny = 0x1p-75;
 
 Value Sum(const Value& left, const Value& right) {
-    constexpr int kFar = 1000;  // beyond which one of the two counts for nothing
+    constexpr int kFar = 1000;  // chosen: beyond, one of the two counts for nothing
     const bool leads =
         right.fraction.high == 0 || (left.fraction.high != 0 && left.exponent > right.exponent);
     const int exponent = leads ? left.exponent : right.exponent;
@@ -101,7 +101,7 @@ bool IsLinear(const HypergeometricParameters& p, double x) {
     // The third term is (a+1)(b+1)/(2(c+1)) x times the second, which is below 10^-114, as c+1 is
     // not below 2^-53.
     constexpr double kNothing = 1e-250;
-    constexpr double kMost = 1e60;
+    constexpr double kMost = 1e60;  // chosen, with kNothing, for that bound
     return std::fabs(x) < kNothing && std::fabs(p.a.high) < kMost && std::fabs(p.b.high) < kMost;
 }
 
@@ -155,8 +155,8 @@ Value CarefulValue(const HypergeometricParameters& p, double x) {
 
 /// (1-x)^-b, which is the function where a is c.
 Value Power(double b, double x) {
-    constexpr double kMost = 1e8;  // beyond, in logarithms, there is nothing to be told apart
-    constexpr int kOutOfRange = 1 << 20;  // any exponent that no double has
+    constexpr double kMost = 1e8;         // of a logarithm, chosen: far beyond the 710 of the range
+    constexpr int kOutOfRange = 1 << 20;  // chosen: an exponent that no double has
     const double size = -b * std::log1p(-x);
     if (!(std::fabs(size) < kMost)) {
         return {{1, 0}, size > 0 ? kOutOfRange : -kOutOfRange, kPairError, kPairError, 0};
@@ -170,8 +170,8 @@ Value Power(double b, double x) {
 /// (1-x)^-b - 1 where that is small; denormal b have all their digits, too.
 Value PowerMinusOne(double b, double x) {
     // The logarithm and ExpMinusOne are 2^-90 off at most, the products by far less.
-    constexpr double kDigits = 0x1p-85;
-    constexpr int kLinear = -110;  // exp(l) - 1 is l but for l^2/2, 2^-110 of it
+    constexpr double kDigits = 0x1p-85;  // chosen: 32 times as much
+    constexpr int kLinear = -110;        // exp(l) - 1 is l but for l^2/2, 2^-110 of it
     int exponent = 0;
     const double fraction = -std::frexp(b, &exponent);
     const DoubleDouble log = LogOneLess(x) * fraction;
@@ -200,7 +200,7 @@ Value Product(const Value& constant, const Value& value) {
 }
 
 double SizeAt(const Value& value, int exponent) {
-    constexpr int kMost = 1000;  // powers of two, within the range
+    constexpr int kMost = 1000;  // powers of two, chosen: within the range, which ends at 1024
     return std::ldexp(std::fabs(value.fraction.high),
                       std::clamp(value.exponent - exponent, -kMost, kMost));
 }
@@ -213,12 +213,12 @@ double SizeAt(const Value& value, int exponent) {
 Value TiedValue(double a, double b, double c, double x) {
     constexpr double kSmall = 0.5;            // of an exponent: ExpMinusOne takes up to 1
     constexpr double kOfLogarithm = 0x1p-85;  // the error of PowerMinusOne
-    constexpr double kHigherOrders = 2;       // more than all orders after the first come to
+    constexpr double kHigherOrders = 2;  // chosen: left out are that order and far smaller ones
     const Value ratio = Ratio({a, 0}, c);
     const bool small = std::fabs(b * std::log1p(-x)) < kSmall;
     const Value rise = Product(ratio, small ? PowerMinusOne(b, x) : Power(b, x));
     Value value = Sum(small ? One(kOfLogarithm) : Ratio(TwoSum(c, -a), c), rise);
-    // r max(|bx|, |E(x)|), at most
+    // r max(|bx|, |E(x)|), at most: |bx| is below 1.84 |E(x)| where |b ln(1-x)| is below 1/2
     const double most = small ? 2 * SizeAt(rise, value.exponent)
                               : SizeAt(rise, value.exponent) +
                                     SizeAt(ratio, value.exponent) * (1 + std::fabs(b * x));
@@ -255,6 +255,7 @@ Value ValueOf(const HypergeometricParameters& p, double x) {
         return Power(p.a.high == c ? p.b.high : p.a.high, x);
     }
     if (IsLinear(p, x)) {
+        // A quarter of kGoodEnough, chosen: far above the rounding of the first term.
         return Sum(One(kGoodEnough / 4), FirstTerm(p, x, One(kGoodEnough / 4)));
     }
     if (Overflows(p, x)) throw ap::ap_error{kOverflow};

@@ -8,7 +8,7 @@
 namespace kalvex::specfun {
 
 Value ByIntegral(const std::array<Form, 4>& forms, double x) {
-    constexpr double kBeyondRange = 800;  // e-foldings; the range of doubles has 710
+    constexpr double kBeyondRange = 800;  // e-foldings: 710 of the range and 90, chosen, to spare
     const HypergeometricParameters& p = forms[0].p;
     const DoubleDouble w = TwoSum(1, -x);
     if (HasEulerIntegral(p)) {

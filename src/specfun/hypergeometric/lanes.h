@@ -22,6 +22,7 @@
 
 namespace kalvex::specfun {
 
+/// The doubles in a register of 256 bits, the widest that the fused instructions below take.
 inline constexpr int kLanes = 4;
 
 using Four = double __attribute__((vector_size(kLanes * sizeof(double))));
@@ -46,6 +47,7 @@ struct Fused {
 
 [[nodiscard]] inline Four Magnitude(const Four& a) {
     using Bits = std::int64_t __attribute__((vector_size(kLanes * sizeof(double))));
+    // all bits but the first, which is the sign of a double
     constexpr std::int64_t kAllButSign = std::numeric_limits<std::int64_t>::max();
     return std::bit_cast<Four>(std::bit_cast<Bits>(a) & kAllButSign);
 }

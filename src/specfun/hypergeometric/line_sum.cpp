@@ -16,11 +16,15 @@
 namespace kalvex::specfun {
 namespace {
 
-constexpr int kMostNodes = 60;      // on each side
-constexpr double kNegligible = 50;  // e-foldings: e^-50 is 2^-72, for nodes some 2^10 apart
+// On each side, chosen: they take 30 us, and a peak that is nearly Gaussian takes 15.
+constexpr int kMostNodes = 60;
+// e-foldings: e^-50 is 2^-72. What is left out beyond a node so small stays below kEnough, 2^-62,
+// if the rest of the path is not more than 2^10 steps long.
+constexpr double kNegligible = 50;
 
 /// The integral at an end of the line, in some pieces.
 double EndError(const LoopIntegrand& f, const Line& line, PlainComplex at) {
+    // Chosen: from one to the next the divisor 1 + e^(2 pi |y|/h) grows by e^8 at least.
     constexpr int kPieces = 6;
     const double length = line.d / kPieces;
     const PlainComplex direction = line.step / std::abs(line.step);
@@ -64,6 +68,7 @@ double MostBetween(const LoopIntegrand& f, const Line& line, const Beside& one,
 
 /// ln((1+y)/(1-y)) for |y| below 1/16; relative error below 2^-54 |y|^4 + 2^-98.
 ComplexPair LogOfRatio(const ComplexPair& y) {
+    // What is left out, y^20/21 by the first term, is below 2^-68 |y|^4 for |y| below 1/16.
     constexpr int kLast = 19;
     const ComplexPair square = y * y;
     const PlainComplex s = Plain(square);
@@ -88,7 +93,8 @@ struct LineNode {
 };
 
 void Move(const LoopIntegrand& f, const ComplexPair& step, LineNode& node) {
-    constexpr double kOfDoubles = 0x1p-53;  // see LogOfRatio, twice
+    constexpr double kOfDoubles = 0x1p-53;  // 2^-54 of LogOfRatio, whose value is about 2y
+    // 2^-98 of LogOfRatio in the same way, and as much, counted, for y and for adding up.
     constexpr double kOfPairs = 0x1p-96;
     const ComplexPair next = node.at + step;
     for (std::size_t k = 0; k < kFactors; ++k) {
@@ -104,7 +110,10 @@ void Move(const LoopIntegrand& f, const ComplexPair& step, LineNode& node) {
 
 void AddTerm(const LoopIntegrand& f, const ComplexPair& log, PlainComplex at, double error,
              LineSum& sum) {
-    constexpr double kOfTerm = 0x1p-59;  // of cosine, sine and exponential
+    // More than twice what cosine and sine, 2^-61 each, and QuickExp, 2^-66, come to together.
+    constexpr double kOfTerm = 0x1p-59;
+    // Chosen: e^-600 counts for nothing, and its products with other factors are no denormal
+    // numbers.
     constexpr double kVanishing = -600;
     if (log.real.high < kVanishing) return;
     int exponent = 0;
@@ -115,7 +124,7 @@ void AddTerm(const LoopIntegrand& f, const ComplexPair& log, PlainComplex at, do
     sum.value = sum.value + value;
     sum.slope += Plain(value) / (f.roots[1].high - at);
     sum.sizes += size.high;
-    sum.error += size.high * (kOfTerm + 2 * error);
+    sum.error += size.high * (kOfTerm + 2 * error);  // twice: e^x - 1 is at most 2x
 }
 
 double TailOf(const LoopIntegrand& f, const Line& line, PlainComplex at, const SideEnd& end) {
@@ -126,23 +135,28 @@ double TailOf(const LoopIntegrand& f, const Line& line, PlainComplex at, const S
 }
 
 bool IsTooFar(const LoopIntegrand& f, const Line& line, const LineNode& node) {
+    // Above 1, chosen: the bounds of |f| at the distance d then look at places 0.2 d from a root at
+    // least, where they are finite.
     constexpr double kMargin = 1.2;
     const double radius = kMargin * line.d + std::abs(line.step);
     const PlainComplex at = Plain(node.at);
+    // nor may |f| be above e times that at the start, where it is to be largest
     return node.log.real.high > 1 || at.imag() < 0 || !(LeastDistance(f, at) > radius);
 }
 
 }  // namespace
 
 Line LineThrough(const LoopIntegrand& f, PlainComplex start, PlainComplex direction) {
-    constexpr double kPart = 0.15;  // of the distance of the next root
-    constexpr double kWanted = 48;  // e-foldings: 2^-69
+    // Of the distance of the next root: up to 20 widths from the start the rule and its bound then
+    // keep clear of the roots, if exponents are above some 300.
+    constexpr double kPart = 0.15;
+    constexpr double kWanted = 48;  // e-foldings: 2^-69, of which the integrals at d take 2^9
     const double curvature = -(SecondDerivative(f, start) * direction * direction).real();
     if (!(curvature > 0)) return {};
     const double d = std::min(std::sqrt(2 * kWanted / curvature), kPart * LeastDistance(f, start));
+    // at d |f| is e^(curvature d^2/2) times as large, as on the line it is e^(-curvature u^2/2)
     const double gain = kWanted + curvature * d * d / 2;
     const double h = 2 * kPi.high * d / gain;
-    // next to the start f is e^(-curvature u^2/2)
     if (std::sqrt(2 * kNegligible / curvature) > kMostNodes * h) return {};
     return {start, direction * h, d, gain, LogSize(f, start)};
 }
@@ -156,8 +170,9 @@ void AddStart(const LoopIntegrand& f, const Line& line, double part, LineSum& su
 KALVEX_WITH_FMA
 void AddSide(const LoopIntegrand& f, const Line& line, double sign, const SideEnd& end,
              LineSum& sum) {
+    // Chosen: each bound of a tail takes as long as some nodes.
     constexpr int kMostTries = 4;
-    constexpr double kEnough = 0x1p-62;
+    constexpr double kEnough = 0x1p-62;  // by f at the start: 1/16 of kGoodEnough
     sum.failed = true;
     if (!(line.d > 0)) return;
     const double h = std::abs(line.step);
@@ -181,6 +196,7 @@ void AddSide(const LoopIntegrand& f, const Line& line, double sign, const SideEn
         const double left = TailOf(f, line, last, end) + EndError(f, line, last);
         if (!(left < kEnough * h)) continue;
         offLine += MostBetween(f, line, beside, BesideOf(f, line, at + plainStep));
+        // twice, for the rounding of the bounds themselves
         sum.error += 2 * left / h + 2 * offLine / std::expm1(line.gain);
         sum.failed = false;
         return;

@@ -30,6 +30,7 @@ struct Range {
 
 /// The range of Part from v to the end of the ray.
 Range RangeOf(double v, double cosine, PathEnd end) {
+    // Chosen: any number below 2^-26, the least sine but 0 that a rounded cosine leads to.
     constexpr double kOnAxis = 1e-9;
     const bool outwards = end == PathEnd::kInfinity;
     const double here = Part(v, cosine);
@@ -107,6 +108,8 @@ double LeastDistance(const LoopIntegrand& f, PlainComplex at) {
 // Along the steepest descent, in pieces so short that f falls on each of them, until f is known to
 // fall on the ray to the end.
 double BoundOfTail(const LoopIntegrand& f, double by, PlainComplex at, PathEnd end) {
+    // Chosen: as many as a side of a line has nodes. Where that is not enough, the integral is not
+    // used.
     constexpr int kMostPieces = 60;
     double sum = 0;
     for (int i = 0; i < kMostPieces && at.imag() >= 0; ++i) {
@@ -115,6 +118,7 @@ double BoundOfTail(const LoopIntegrand& f, double by, PlainComplex at, PathEnd e
         if (ray < INFINITY) return sum + std::exp(size + ray);
         const PlainComplex slope = FirstDerivative(f, at);
         const double steepness = std::abs(slope);
+        // half the way to the next root, so that the second derivative has a bound on it
         double length = LeastDistance(f, at) / 2;
         length = std::min(length, steepness / MostCurvature(f, at, length));
         sum += length * std::exp(size);

@@ -9,7 +9,7 @@
 
 namespace kalvex::specfun {
 
-inline constexpr std::size_t kFactors = 3;
+inline constexpr std::size_t kFactors = 3;  // one for each root: 0, w and 1
 
 /// f = W^e0 (w-W)^e1 (1-W)^e2.
 struct LoopIntegrand {

@@ -28,7 +28,7 @@ namespace kalvex::specfun {
 /// next are positive. One minus the ratio, times next+j, is a quotient of two linear functions of
 /// j. It lies between its value at j = 0 and its limit c + next - a - b; p is the smaller of them.
 [[nodiscard]] inline double LeastPower(double a, double b, double c, double next) {
-    constexpr double kRounding = 1 - 0x1p-30;  // allows for the rounding of this expression
+    constexpr double kRounding = 1 - 0x1p-30;  // chosen: far above the rounding of this expression
     return std::min(c + next - a - b, next - a * b / c) * kRounding;
 }
 
@@ -39,12 +39,14 @@ namespace kalvex::specfun {
 /// (next/j)^p. The result is infinite where neither bound holds.
 [[nodiscard]] inline double RestAfter(double a, double b, double c, double next, double z,
                                       double term) {
-    constexpr double kRounding = 1 + 0x1p-40;  // allows for the roundings of the ratio
-    constexpr double kLeastPower = 3;  // the sum converges from 2 on; there next/(power-2) is large
+    constexpr double kRounding = 1 + 0x1p-40;  // chosen: far above the roundings of the ratio
+    // Chosen: next/(power-2) is infinite at 2 and too large to serve next to it.
+    constexpr double kLeastPower = 3;
     const double ratio = std::fabs(z) * GreatestRatio(a, b, c, next) * kRounding;
     const double geometric = ratio < 1 ? -2 * std::log2(1 - ratio) : INFINITY;
     const double power = std::fabs(z) <= 1 ? LeastPower(a, b, c, next) : 0;
     const double falling = power > kLeastPower ? std::log2(next / (power - 2)) : INFINITY;
+    // 1, a factor of 2: the sum exceeds the integral by its first term at most, which is smaller
     return term + std::log2(next) + std::min(geometric, falling) + 1;
 }
 

@@ -90,7 +90,7 @@ void Rescale(double power, RunningError& error) {
 }
 
 double ErrorOfValue(const RunningError& error, const Column<DoubleDouble>& at) {
-    constexpr double kSmall = 0x1p-20;  // D would lose 20 bits; 4 rho S <= D has 48 to spare
+    constexpr double kSmall = 0x1p-20;  // chosen: D would lose 20 bits of the 48 of 4 rho S <= D
     const double value = std::fabs(at.value.high);
     const double slope = std::fabs(at.slope.high);
     const bool vanishes = value < kSmall * slope;  // next to a zero D is that of the slope
@@ -105,6 +105,7 @@ double ErrorOfValue(const RunningError& error, const Column<DoubleDouble>& at) {
         ofDirection += step.across * Permanent(weights, Magnitude(adjoint));
     }
     const double size = vanishes ? slope : value;
+    // the factors 4 and 2 here and below are those of the proof above
     if (!(4 * kPlainError * sum <= size)) return INFINITY;
     const double own = Dot(Magnitude(adjoint), {error.value, error.slope}) + kStepError * sum +
                        2 * kPlainError * ofDirection / size;

@@ -7,6 +7,7 @@
 
 namespace kalvex::specfun {
 
+/// No value.
 inline constexpr HypergeometricPoint kFailedPoint = {{}, {}, INFINITY, true};
 
 /// The product times a point. Failed where either is, or beyond exponents of some 1e9.

@@ -24,16 +24,16 @@
 namespace kalvex::specfun {
 namespace {
 
-constexpr double kTolerance = kPairError;
+constexpr double kTolerance = kPairError;  // of series: what two doubles hold anyway
 // e-foldings that a walk outwards may lose: 2^42 of the 2^100 of the arithmetic, which leaves 2^-58
 constexpr double kBearableOutwards = 29;
-constexpr HypergeometricPoint kFailure = {{}, {}, 0, true};
+constexpr HypergeometricPoint kFailure = {{}, {}, 0, true};  // no value
 
 /// A detour for the end of a walk. Steps divide by c-a and c-b. Where one of these is an integer
 /// below 2 in magnitude, the walk first goes to an a or b that is 2 away, so that the last steps
 /// change that parameter alone.
 HypergeometricParameters BeforeEnd(HypergeometricParameters p) {
-    constexpr double kClose = 2;
+    constexpr double kClose = 2;  // see above: the last two steps are then of a or b alone
     for (DoubleDouble* a : {&p.a, &p.b}) {
         const DoubleDouble apart = p.c - *a;
         if (apart.low != 0 || std::floor(apart.high) != apart.high) continue;
@@ -96,10 +96,10 @@ HypergeometricPoint Inwards(const HypergeometricParameters& from, const Hypergeo
     constexpr double kNeeded = 43;  // e^-43 is 2^-62, less than the 2^-60 of IsGood
     const std::array<double, 3> steps = StepsBetween(from, to);
     HypergeometricPoint point = kFailure;
-    for (const double times : {1.0, 1.5, 3.0}) {
+    for (const double times : {1.0, 1.5, 3.0}) {  // chosen: as estimated, and farther
         Traveller t;
         const double error = ComeFromFar(to, steps, times * kNeeded / outgrown, place, t);
-        if (!(error < 1)) continue;
+        if (!(error < 1)) continue;  // nothing is known of the slope
         // the solution that has exactly this value here; only its slope is uncertain
         const Column<DoubleDouble>& own = t.at.columns[0];
         point = {own.value, own.slope, 0, false, false, t.exponent};
@@ -118,7 +118,7 @@ HypergeometricPoint Inwards(const HypergeometricParameters& from, const Hypergeo
 /// being one. Then a walk may divide by a number next to 0, which costs many digits whether the
 /// steps are taken one by one or in blocks.
 bool IsNextToInteger(const HypergeometricParameters& p) {
-    constexpr double kNear = 0x1p-20;  // a division by less costs more than 20 bits
+    constexpr double kNear = 0x1p-20;  // chosen: a division by less costs more than 20 bits
     const auto isNear = [](DoubleDouble a) {
         const double rest = (a - std::nearbyint(a.high)).high;
         return rest != 0 && std::fabs(rest) < kNear;
@@ -128,15 +128,16 @@ bool IsNextToInteger(const HypergeometricParameters& p) {
 
 HypergeometricPoint WalkFrom(const HypergeometricParameters& from,
                              const HypergeometricParameters& to, const Place& place) {
-    // 40 steps seldom lose more than the 12 bits between 2^-72 and IsGood, and a start to 2^-72
-    // takes about half as long.
+    // Chosen: 40 steps seldom lose more than the 12 bits between 2^-72 and IsGood.
     constexpr double kFewSteps = 40;
+    // Chosen: a start to 2^-72 takes about half as long as one to 2^-100.
     constexpr double kLessTolerance = 0x1p-72;
-    // e-foldings. A walk inwards then starts beyond p by 43/15 = 2.9 times the way to p at most.
+    // e-foldings, chosen. A walk inwards then starts beyond p by 43/15 = 2.9 times the way to p at
+    // most.
     constexpr double kWorthIt = 15;
     // One by one they take 0.1 ms, the price of a sum of some hundred bits.
     constexpr double kMostSteps = 4000;
-    constexpr double kNextToOne = 0.1;  // from x = 0.9 on such a sum is five sums
+    constexpr double kNextToOne = 0.1;  // from x = 0.9 on (wide_value.cpp) such a sum is five sums
     const Route route = RouteOf(StepsBetween(from, to));
     if (route.ups + route.downs <= kFewSteps) {
         HypergeometricPoint point = AtStart(from, place, kLessTolerance);
@@ -145,6 +146,7 @@ HypergeometricPoint WalkFrom(const HypergeometricParameters& from,
     }
     const HypergeometricPoint start = AtStart(from, place, kTolerance);
     if (start.failed) return start;
+    // for c up to 1 the function is not the minimal solution (growth.cpp)
     const double outgrown = to.c.high > 1 ? Outgrown(to, place.z.high, place.w.high) : 0;
     if (outgrown > kBearableOutwards) return Inwards(from, start, to, place, outgrown);
     HypergeometricPoint point = Outwards(from, start, to, place, true);
@@ -161,7 +163,7 @@ HypergeometricPoint WalkFrom(const HypergeometricParameters& from,
 /// a (a+1) ... (a+count-1) times a power of two that keeps it within the range. `sign` times the
 /// exponent that was taken out is added to `exponent`.
 DoubleDouble RisingProduct(DoubleDouble a, double count, int sign, int& exponent) {
-    // As long as walks are, factors are at most 2^17, and sixteen of them at most 2^272.
+    // Chosen: as long as walks are, factors are at most 2^17, and sixteen of them at most 2^272.
     constexpr int kBetweenScaling = 16;
     DoubleDouble product = {1, 0};
     for (int k = 0; k < count; ++k) {
@@ -218,6 +220,7 @@ HypergeometricPoint PolynomialByShifts(const HypergeometricParameters& p, Double
     const Place mirrored = {w, z, place.evens, place.odds, place.inverseZ, place.inverse};
     const HypergeometricParameters other = {p.a, p.b, 1 - s};
     const bool isMinimal = p.c.high > 1 && Outgrown(p, z.high, w.high) > kBearableOutwards;
+    // beyond z = 1/2, chosen, w is the smaller argument
     const bool isMinimalThere =
         s.high < 0 ? z.high > 0.5 || Outgrown(other, w.high, z.high) > kBearableOutwards
                    : p.c.high <= p.a.high && Outgrown(p, z.high, w.high) > kBearableOutwards;

@@ -41,7 +41,7 @@ std::array<double, 3> Quarters(const std::array<double, 3>& all) {
 double PartBefore(std::size_t lane, LeftOver leftOver) {
     if (leftOver == LeftOver::kFirst) return lane > 0 ? 1 : 0;
     if (leftOver == LeftOver::kLast) return lane + 1 == kLanes ? 1 : 0;
-    return static_cast<double>(lane) / (kLanes - 1);
+    return static_cast<double>(lane) / (kLanes - 1);  // evenly in the gaps between the stretches
 }
 
 }  // namespace

@@ -7,7 +7,7 @@
 namespace kalvex::specfun {
 
 DoubleDouble LogOneLess(double x) {
-    constexpr double kSmall = 0.4;  // LogOnePlus takes arguments below 1/2
+    constexpr double kSmall = 0.4;  // chosen: LogOnePlus takes arguments below 1/2
     return std::fabs(x) < kSmall ? LogOnePlus({-x, 0}) : Log(TwoSum(1, -x));
 }
 
@@ -21,7 +21,7 @@ Value ValueOf(const Form& form, const HypergeometricPoint& sum, double x) {
                    sum.error / std::fabs(sum.value.high), slope};
     if (form.power.high == 0) return value;
     const DoubleDouble exponent = form.power * LogOneLess(x);
-    // Far beyond the range of a double, and within that of ExpScaled.
+    // Chosen: far beyond the range of a double, 710, and within that of ExpScaled, 1e9.
     constexpr double kMostExponent = 1e8;
     if (!(std::fabs(exponent.high) < kMostExponent)) return {};
     int more = 0;

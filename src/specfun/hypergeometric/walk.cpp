@@ -28,7 +28,7 @@ HypergeometricParameters ParametersOf(const Traveller& t) {
 /// Normalises value and slope and keeps them within the range. False when the error of the
 /// direction has become as large as the solution.
 bool Tidy(Traveller& t, const Place& place) {
-    constexpr int kScale = 200;         // the squares of what is left stay within the range
+    constexpr int kScale = 200;         // chosen: the squares of what is left stay within the range
     constexpr double kLarge = 0x1p200;  // 2^kScale
     Column<DoubleDouble>& own = t.at.columns[0];
     own.value = QuickTwoSum(own.value.high, own.value.low);
@@ -47,8 +47,8 @@ bool Tidy(Traveller& t, const Place& place) {
 }
 
 bool WalkByStep(const HypergeometricParameters& to, const Place& place, Traveller& t) {
-    // Most steps multiply by some units at most. If value or slope leave the range within 16 steps
-    // all the same, the walk fails.
+    // Chosen: most steps multiply by some units at most, 16 of them by far less than the 2^800 that
+    // kScale leaves. If value or slope leave the range all the same, the walk fails.
     constexpr int kBetweenTidying = 16;
     Route route = RouteOf(StepsBetween(ParametersOf(t), to));
     const double steps = route.ups + route.downs;
@@ -110,8 +110,8 @@ void GoBack(const Traveller& start, Traveller& t) {
 /// lower s, as they come where stretches meet, may lose all digits. There the steps left over are
 /// taken all in one gap, where steps that lower s and steps that raise it alternate.
 bool WalkLeg(const HypergeometricParameters& to, const Place& place, Traveller& t) {
-    constexpr double kLeastForBlocks = 200;  // four stretches of 50 steps: three or four blocks
-    constexpr double kNextToOne = 0x1p-20;   // some steps that multiply by 1/w lose 100 bits
+    constexpr double kLeastForBlocks = 200;  // chosen: four stretches of 50 steps, or four blocks
+    constexpr double kNextToOne = 0x1p-20;  // chosen: five steps that multiply by 1/w lose 100 bits
     const HypergeometricParameters from = ParametersOf(t);
     const std::array<double, 3> all = StepsBetween(from, to);
     if (!t.takesBlocks || Length(all) < kLeastForBlocks) return WalkByStep(to, place, t);
@@ -162,7 +162,8 @@ bool WalkTo(const HypergeometricParameters& to, const Place& place, Traveller& t
 }
 
 HypergeometricPoint PointOf(const Traveller& t) {
-    constexpr double kOfArgument = 0x1p-99;  // which is rounded where it is x/(x-1)
+    // Twice kPairError for the argument, chosen: where it is x/(x-1) it is rounded, by 2^-103.
+    constexpr double kOfArgument = 0x1p-99;
     const Column<DoubleDouble>& own = t.at.columns[0];
     const double error = ErrorOfValue(t.error, own) +
                          kOfArgument * (std::fabs(own.value.high) + std::fabs(own.slope.high));

@@ -8,8 +8,8 @@
 
 namespace kalvex::specfun {
 
-/// The longest walk that is taken: in blocks, at 10 ns a step, it costs 0.4 ms, which is what a
-/// value may cost.
+/// The longest walk that is taken, chosen: in blocks, at 10 ns a step, it costs 0.4 ms, which is
+/// what a value may cost.
 inline constexpr double kMostShifts = 40000;
 
 /// A solution at parameters on its way, with what is known of its error; value and slope are to be

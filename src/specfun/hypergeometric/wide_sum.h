@@ -21,7 +21,8 @@
 namespace kalvex::specfun {
 
 /// Holds every double exactly. It also holds sums and differences of doubles exactly, as long as
-/// their exponents are not too far apart.
+/// their exponents are not too far apart: six limbs, chosen, are 384 bits, more than the 256 that a
+/// parameter may have.
 using Exact = Wide<6>;
 
 struct WideParameters {
@@ -49,7 +50,8 @@ template <std::size_t limbs>
     return a.sign == 0 ? -INFINITY : static_cast<double>(a.exponent);
 }
 
-/// a b. The greatest of four parts of the error is taken, and 2 is added for their number.
+/// a b. The greatest of four parts of the error is taken, and 2 is added for their number. A
+/// product is cut off by less than 4 units of its last place, the other 2.
 template <std::size_t limbs>
 [[nodiscard]] Bounded<limbs> Multiply(const Bounded<limbs>& a, const Bounded<limbs>& b) {
     const double ofA = SizeOf(a.value);
@@ -162,7 +164,7 @@ struct Magnitudes {
     double common = 0;  // both sums are to be multiplied by 2^common
 
     void Take(const Factors& factors, int k) {
-        constexpr double kFar = 300;  // as many powers of two keep products with one ratio normal
+        constexpr double kFar = 300;  // powers of two, chosen: products with one ratio stay normal
         const double shift = static_cast<double>(factors.limbs) +
                              static_cast<double>(factors.numerator.count) -
                              static_cast<double>(factors.denominator.count);
@@ -218,9 +220,10 @@ struct RunningSum {
     [[nodiscard]] Bounded<limbs> Quotient(const LimbNumber<limbs>& above, double error,
                                           int k) const {
         Bounded<limbs> result = {Divide(WideOf<limbs>(above), WideOf<limbs>(denominator)), error};
+        // 2, a factor of 4: the denominator is off by k u, as the term is, and the division rounds
         const double ofBelow =
             SizeOf(result.value) + std::log2(k + 1.0) + 2 - LimbNumber<below>::kBits;
-        result.error = std::max(error, ofBelow) + 1;
+        result.error = std::max(error, ofBelow) + 1;  // 1: the sum of two is twice the greater
         return result;
     }
 
@@ -242,9 +245,9 @@ struct RunningSum {
 template <std::size_t limbs, bool slopes, std::size_t below = limbs>
 [[nodiscard]] WideSum<limbs> SumWide(const WideParameters& p, const WideArgument& argument,
                                      double wanted, double most = kMostWideTerms) {
-    constexpr int kBetweenLooks = 4;    // a look takes logarithms, three terms too many do not
+    constexpr int kBetweenLooks = 4;    // chosen: a look takes logarithms, three more terms do not
     constexpr double kSmall = 0x1p-60;  // no value is wanted with fewer bits
-    constexpr double kRoundings = 3;    // 8, as a logarithm
+    constexpr double kRoundings = 3;    // 8, as a logarithm: twice the 4 K u of RunningSum
     const FallingTerms falling(p, argument);
     Factors factors(p, argument);
     RunningSum<limbs, slopes, below> sum;
@@ -270,7 +273,7 @@ template <std::size_t limbs, bool slopes, std::size_t below = limbs>
         rest = ends ? -INFINITY : falling.Rest(k, std::log2(sizes.term) + sizes.exponent);
         if (rest < std::max(rounding, sum.Size() - wanted)) break;
     }
-    const double error = std::max(rounding, rest) + 1;
+    const double error = std::max(rounding, rest) + 1;  // 1: the sum of two is twice the greater
     return {sum.Quotient(sum.value, error, k), sum.Quotient(sum.slope, error, k),
             !std::isfinite(error)};
 }

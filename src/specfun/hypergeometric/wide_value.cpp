@@ -21,17 +21,20 @@
 namespace kalvex::specfun {
 namespace {
 
-// Bits of a value that must be right: kGoodEnough and 12 more, for where the value is smaller than
-// its slope by as much.
+// Bits of a value that must be right: kGoodEnough and 12 more, chosen for where the value is
+// smaller than its slope by as much.
 constexpr double kEnough = 70;
-// x up to which only the power series are summed. There 90 bits take 600 terms, of the five sums at
-// 1/2 90 each, but with the bits that the two solutions lose.
+// x up to which only the power series are summed, chosen: there 90 bits take 600 terms, of the five
+// sums at 1/2 90 each, but with the bits that the two solutions lose.
 constexpr double kFarthest = 0.9;
 // z up to which a power series is looked at at all. To lose 90 bits takes 1500 terms there, 6000 at
-// 0.99. Beyond, a series serves if its terms fall with a large power of k even at z = 1.
+// 0.99, where kMostWideTerms ends; chosen between them.
 constexpr double kFarthestAtAll = 0.96;
+// Beyond, a series serves if its terms fall with a large power of k even at z = 1. Chosen: with the
+// 30th they have lost 90 bits when k has grown by a factor of 8.
 constexpr double kFastDecay = 30;
-constexpr double kMove = 200;  // a is moved by 2^-200
+// a is moved by 2^-200, chosen: the bound of what the value changes, kNoticed, is then 2^-80.
+constexpr double kMove = 200;
 
 WideParameters Widened(const HypergeometricParameters& p) {
     const auto widened = [](DoubleDouble a) { return Add(WideOf<6>(a.high), WideOf<6>(a.low)); };
@@ -47,7 +50,7 @@ WideParameters WideForm(const WideParameters& p, std::size_t i) {
 
 template <std::size_t limbs>
 HypergeometricPoint PointOf(const Bounded<limbs>& sum) {
-    constexpr double kMostExponent = 1e8;  // an int has room for it and for what is added
+    constexpr double kMostExponent = 1e8;  // chosen: an int has room for it and for what is added
     HypergeometricPoint point;
     const double exponent = SizeOf(sum.value);
     point.failed = !(std::fabs(exponent) < kMostExponent) || !std::isfinite(sum.error);
@@ -65,6 +68,7 @@ HypergeometricPoint BySum(const HypergeometricParameters& p, std::size_t i, doub
     const Exact own = WideOf<6>(x);
     const Exact one = WideOf<6>(1);
     const WideArgument z = {own, i < 2 ? one : Subtract(own, one)};
+    // three limbs of a denominator hold 128 bits for certain, more than the 90 that are wanted
     const WideSum<limbs> sum = SumWide<limbs, false, 3>(WideForm(Widened(p), i), z, kWanted, most);
     if (sum.isLong) return kLong;
     return PointOf(sum.failed ? Bounded<limbs>{{}, INFINITY} : sum.value);
@@ -95,12 +99,13 @@ Bounded<limbs> Joined(const WideSum<limbs>& middle, const AtOne& p, double x) {
     const Bounded<limbs> ofOther =
         Add(Multiply(one.value, middle.slope), Multiply(one.slope, middle.value));
     const Wide<limbs> exponent = Multiply(s.value, Log(WideOf<limbs>(Scale(w.z, 1))));
-    constexpr double kLost = 24;  // bits by Log and Exp, which allow for far fewer
+    constexpr double kLost = 24;  // bits by Log and Exp, chosen: they lose far fewer
     const Wide<limbs> power = Exp(exponent);
     const double known = kLost + std::max(0.0, SizeOf(exponent)) + 1 - Wide<limbs>::kBits;
     const Bounded<limbs> factor = {Negate(power), SizeOf(power) + known};
     const Bounded<limbs> sum =
         Add(Multiply(ofOne, oneThere.value), Multiply(Multiply(ofOther, otherThere.value), factor));
+    // 3: 1 as s may be half of its bound, the rest for its own error and that of the division
     return {Divide(sum.value, s.value), sum.error - SizeOf(s.value) + 3};
 }
 
@@ -126,9 +131,9 @@ HypergeometricPoint ByJoining(const HypergeometricParameters& p, bool moves, dou
 /// The bits to try next: those that are missing, if at least the sign of the value is known, else
 /// 1.4 times as many.
 double MoreBits(const HypergeometricPoint& point, double bits) {
-    constexpr double kMargin = 8;     // the bits lost are known to some units
-    constexpr double kSignKnown = 4;  // an error below 1/16 of the value
-    constexpr double kTimes = 1.4;    // nothing is known of what cancels
+    constexpr double kMargin = 8;     // chosen: the bits lost are known to some units
+    constexpr double kSignKnown = 4;  // chosen: an error below 1/16 of the value
+    constexpr double kTimes = 1.4;    // chosen: nothing is known of what cancels
     if (point.error == INFINITY) return INFINITY;
     const double known = point.failed ? 0 : -std::log2(point.error);
     return known > kSignKnown ? bits + kEnough + kMargin - known : kTimes * bits;
@@ -140,7 +145,7 @@ HypergeometricPoint WithBits(double bits, double most, const Function& function)
     HypergeometricPoint point;
     point.failed = true;
     const auto attempt = [&]<std::size_t limbs>() {
-        constexpr double kBits = LimbNumber<limbs>::kBits;
+        constexpr double kBits = LimbNumber<limbs>::kBits;  // that are certain
         const bool known = !point.failed && point.error < PowerOfTwo(-kEnough);
         if (known || bits > kBits || kBits > most) return;
         point = function.template operator()<limbs>();
@@ -150,6 +155,7 @@ HypergeometricPoint WithBits(double bits, double most, const Function& function)
     [&]<std::size_t... limbs>(std::index_sequence<limbs...>) {
         (attempt.template operator()<limbs>(), ...);
     }
+    // Chosen: 192 to 2048 bits, from one to the next a third more at most; each is code of its own.
     (std::index_sequence<4, 5, 6, 7, 9, 11, 13, 15, 17, 20, 24, 28, 33>{});
     point.failed = point.failed || !(point.error < PowerOfTwo(-kEnough));
     return point;
@@ -162,16 +168,16 @@ struct JoiningPlan {
 };
 
 JoiningPlan PlanOfJoining(const HypergeometricParameters& p) {
-    constexpr double kMargin = 40;       // the estimate is of some sums in plain arithmetic
-    constexpr double kMostTerms = 3000;  // five sums of so many cost more than WideValue allows
+    constexpr double kMargin = 40;  // bits, chosen: some sums in plain arithmetic are estimates
+    constexpr double kMostTerms = 3000;  // chosen: five sums of so many cost more than is allowed
     const DoubleDouble s = p.c - p.a - p.b;
     const HypergeometricParameters first = {p.a, p.b, 1 - s};
     const HypergeometricParameters second = {p.c - p.a, p.c - p.b, s + 1};
     double largest = 0;  // of what is to cancel
     const std::array<HypergeometricParameters, 3> parts = {p, first, second};
     for (const HypergeometricParameters& part : parts) {
-        if (IsNegativeInteger(part.c)) continue;  // the solution moves instead
-        const Foreseen foreseen = ForeseenOf(part, 0.5);
+        if (IsNegativeInteger(part.c)) continue;          // the solution moves instead
+        const Foreseen foreseen = ForeseenOf(part, 0.5);  // where they are matched
         if (!(foreseen.terms < kMostTerms)) return {};
         if (&part != parts.data()) largest = std::max(largest, foreseen.largest);
     }
@@ -182,7 +188,7 @@ JoiningPlan PlanOfJoining(const HypergeometricParameters& p) {
 }
 
 Value Joining(const HypergeometricParameters& p, const JoiningPlan& plan, double x) {
-    // A joining with 1536 bits takes a millisecond, more than any other value.
+    // Chosen: a joining with 24 limbs takes a millisecond, more than any other value.
     constexpr double kMostBits = LimbNumber<24>::kBits;
     if (!(plan.bits < INFINITY)) return {};
     const HypergeometricPoint point =
@@ -215,10 +221,10 @@ struct Choice {
 /// All forms are the same function but for known factors. The least of their bounds of its size
 /// tells what each of them loses by cancellation.
 Choice Cheapest(const std::array<Form, 4>& forms, double x) {
-    constexpr double kMargin = 30;      // half a limb, for what plain arithmetic overlooks
+    constexpr double kMargin = 30;      // chosen: half a limb, for what plain arithmetic overlooks
     constexpr double kUnmeasured = 40;  // ForeseenOf sees no more bits cancel
     // The bits to start with where nothing is known but the greatest term, as a part of its bits.
-    // Most of them cancel as a rule.
+    // Chosen: most of them cancel as a rule.
     constexpr double kOfUnknown = 0.75;
     std::array<Foreseen, 4> foreseen;
     double value = INFINITY;
@@ -249,8 +255,8 @@ Choice Cheapest(const std::array<Form, 4>& forms, double x) {
 /// The sum of the form chosen, if it costs at most `most` terms times limbs.
 Value Summed(const std::array<Form, 4>& forms, const Choice& choice, double most, double x) {
     // Terms are foreseen for a sum as large as plain arithmetic sees it. More cancels, more terms.
-    constexpr double kTimes = 4;
-    constexpr double kMore = 200;
+    constexpr double kTimes = 4;   // chosen: as many as are foreseen
+    constexpr double kMore = 200;  // chosen: and so many, for short sums
     if (!(choice.cost < most)) return {};
     const double terms = std::min<double>(kTimes * choice.terms + kMore, kMostWideTerms);
     const HypergeometricPoint point = WithBits(
@@ -262,7 +268,7 @@ Value Summed(const std::array<Form, 4>& forms, const Choice& choice, double most
 }  // namespace
 
 Value WideValue(const HypergeometricParameters& p, double x) {
-    constexpr double kMostCost = 30000;       // terms times limbs, half a millisecond
+    constexpr double kMostCost = 30000;       // terms times limbs, chosen: half a millisecond
     constexpr double kAlwaysWorthIt = 10000;  // five sums of 250 bits: joining costs no less
     const std::array<Form, 4> forms = FormsOf(p);
     const bool ends = DegreeOf(p) < INFINITY || DegreeOf(forms[1].p) < INFINITY;
@@ -270,9 +276,11 @@ Value WideValue(const HypergeometricParameters& p, double x) {
     if (!(x > kFarthest) || ends) return Summed(forms, choice, kMostCost, x);
     const JoiningPlan plan = PlanOfJoining(p);
     // what a form loses, the solutions at 1 are likely to lose, too
+    // (chosen where no form is foreseen: 1e9 bits, which make a joining dear)
     const double joining = CostOfJoining(std::max(plan.bits, std::min(choice.bits, 1e9)));
     const bool sumsFirst = choice.cost < std::max(kAlwaysWorthIt, joining);
     if (sumsFirst) {
+        // twice what is foreseen, chosen: the bits may have to be raised
         const Value value = Summed(forms, choice, 2 * std::max(kAlwaysWorthIt, choice.cost), x);
         if (value.loss < kGoodEnough) return value;
     }
