@@ -110,7 +110,8 @@ class ShowBox final {
             flow.promise().failure = nullptr;
             return true;
         }
-        [[nodiscard]] MessageAnswer await_resume() const noexcept { return answer; }
+        /// Most boxes have one answer only, so that it may be ignored.
+        MessageAnswer await_resume() const noexcept { return answer; }
 
       private:
         const ShowBox& how;

@@ -65,9 +65,11 @@ void GraphCanvas::ScheduleRedraw() {
 bool GraphCanvas::BringUpToDate() {
     if (gate || !isVisible()) return false;
     bool due = redrawTimer.isActive() || redrawAgain || image.isNull();
-    // A change of the window's size during the computation makes another one necessary.
+    // A change of the window's size during the computation ends it and is held back meanwhile. It
+    // has to take place before the next one.
     constexpr int kMostTries = 10;
     for (int i = 0; due && isVisible() && i < kMostTries; ++i) {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::Resize);
         redrawTimer.stop();
         Redraw();
         due = redrawAgain;
