@@ -2,13 +2,15 @@
 // does something random every few milliseconds, also while a box is open. The environment says how:
 //   KALVEX_MONKEY_SEED     the seed; without it nothing happens
 //   KALVEX_MONKEY_SECONDS  after that time the program is asked to end (SIGTERM)
-//   KALVEX_MONKEY_STAY     nothing that ends the program is done on purpose
+//   KALVEX_MONKEY_STAY     nothing that ends the program is done, and `Exit` is switched off
 // Each action is a line on standard error before it is done. A program that does not come back to
 // its event loop for 30 seconds is ended by SIGALRM.
 #include <unistd.h>
 
+#include <QAction>
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QShortcut>
 #include <QTimer>
 #include <csignal>
 #include <cstdio>
@@ -71,6 +73,16 @@ const Action& SomeAction(Player& player) {
     return kActions[0];
 }
 
+/// Makes the command that ends the program impossible, in menus and as a short cut.
+void KeepRunning() {
+    for (QWidget* const widget : QApplication::allWidgets()) {
+        for (QAction* const action : widget->actions())
+            if (action->text().remove('&').startsWith("Exit")) action->setEnabled(false);
+        for (QShortcut* const key : widget->findChildren<QShortcut*>())
+            if (key->key() == QKeySequence("Ctrl+Q")) key->setEnabled(false);
+    }
+}
+
 void TellMemory(Player& player) {
     if (player.clock.elapsed() < player.nextMemory) return;
     player.nextMemory += kMemoryPause;
@@ -85,6 +97,7 @@ void Play(Player& player) {
         std::raise(SIGTERM);
         return QTimer::singleShot(1000, qApp, [&player] { Play(player); });
     }
+    if (player.stays) KeepRunning();
     // The next action comes also when this one opens a box and waits in it.
     QTimer::singleShot(Below(player.random, 20), qApp, [&player] { Play(player); });
     const std::string done = SomeAction(player).act(player.random);
