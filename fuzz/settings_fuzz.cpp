@@ -1,8 +1,8 @@
 // Run: scripts/fuzz
 //
 // Any bytes are a settings file. Reading it as an INI text and writing that text keeps all values.
-// What the program loads from the file and stores into it is loaded the same by the next start, and
-// the file then stays as it is, byte by byte.
+// What the program loads from the file and stores into it is loaded the same by the next starts but
+// for what storing rounds, and the file then stays as it is, byte by byte.
 #include <unistd.h>
 
 #include <filesystem>
@@ -118,13 +118,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     CheckIni(bytes);
     std::ofstream(FilePath(), std::ios::binary) << bytes;
     // The first storing cuts texts to 50 characters and numbers to six decimals, by which bounds
-    // may become equal and be repaired. From then on nothing changes any more.
+    // may become equal. The next start puts defaults in their place, whose decimals are cut by the
+    // second storing. From then on nothing changes any more.
     static_cast<void>(LoadAndStore());
-    const Workspace second = LoadAndStore();
-    const std::string stored = FileBytes();
+    static_cast<void>(LoadAndStore());
     const Workspace third = LoadAndStore();
+    const std::string stored = FileBytes();
+    const Workspace fourth = LoadAndStore();
     RemoveOtherFiles();
-    RequireSame(second, third);
+    RequireSame(third, fourth);
     Require(FileBytes() == stored);
     return 0;
 }
