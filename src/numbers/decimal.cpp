@@ -72,8 +72,8 @@ long long WrittenExponent(std::string_view number) {
     if (digits.front() == '+') digits.remove_prefix(1);
     long long exponent = 0;
     const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), exponent);
-    if (result.ec == std::errc{}) return exponent;
     constexpr long long kFar = std::numeric_limits<long long>::max() / 4;
+    if (result.ec == std::errc{}) return std::clamp(exponent, -kFar, kFar);
     return digits.front() == '-' ? -kFar : kFar;
 }
 
