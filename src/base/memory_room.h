@@ -6,7 +6,8 @@
 
 namespace kalvex {
 
-/// What opening a window or loading the fonts takes at most, in bytes, as far as it was measured.
+/// Bytes that are asked for before windows are opened or fonts are loaded. Chosen: a whole run of
+/// the tool that draws a small picture takes less than half of it. It is no bound.
 inline constexpr std::size_t kMemoryOfLibraries = std::size_t{64} << 20;
 
 /// Throws std::bad_alloc when so much memory cannot be had now. To be called before libraries that
