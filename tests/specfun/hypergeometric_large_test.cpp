@@ -90,6 +90,26 @@ TEST(EulerIntegral, OfPowers) {
     }
 }
 
+/// The relation that the tests name, of three values by one method, must hold within their bounds.
+template <typename Method>
+void ExpectRelation(const Method& valueOf, const HypergeometricParameters& p, double x) {
+    const DoubleDouble z = {x, 0};
+    const DoubleDouble w = TwoSum(1, -x);
+    const HypergeometricPoint whole = valueOf(p, z, w);
+    const HypergeometricPoint lower = valueOf(HypergeometricParameters{p.a - 1, p.b, p.c}, z, w);
+    const HypergeometricPoint upper = valueOf(HypergeometricParameters{p.a, p.b + 1, p.c}, z, w);
+    ASSERT_FALSE(whole.failed || lower.failed || upper.failed) << TextOf(p, x);
+    double most = 0;
+    const auto term = [&](const HypergeometricPoint& point, DoubleDouble factor) {
+        const int by = point.exponent - whole.exponent;
+        most += std::ldexp(std::fabs(factor.high) * point.error, by);
+        return Scale(point.value * factor, by);
+    };
+    const DoubleDouble sum =
+        term(whole, p.c - p.a - p.b) - term(lower, p.c - p.a) + term(upper, p.b * w);
+    EXPECT_LE(std::fabs(sum.high), most) << TextOf(p, x);
+}
+
 // (c-a-b) F = (c-a) F(a-1) - b (1-x) F(b+1) (DLMF 15.5.13), however large the parameters are
 TEST(EulerIntegral, ContiguousRelation) {
     const HypergeometricParameters rows[] = {
@@ -98,21 +118,7 @@ TEST(EulerIntegral, ContiguousRelation) {
         Parameters(1e6, 2e6, 3e6)};
     for (const HypergeometricParameters& p : rows) {
         for (const double x : {-0.9, -0.01, 0.3}) {
-            const DoubleDouble z = {x, 0};
-            const DoubleDouble w = TwoSum(1, -x);
-            const HypergeometricPoint whole = ByEulerIntegral(p, z, w);
-            const HypergeometricPoint lower = ByEulerIntegral({p.a - 1, p.b, p.c}, z, w);
-            const HypergeometricPoint upper = ByEulerIntegral({p.a, p.b + 1, p.c}, z, w);
-            ASSERT_FALSE(whole.failed || lower.failed || upper.failed) << TextOf(p, x);
-            double most = 0;
-            const auto term = [&](const HypergeometricPoint& point, DoubleDouble factor) {
-                const int by = point.exponent - whole.exponent;
-                most += std::ldexp(std::fabs(factor.high) * point.error, by);
-                return Scale(point.value * factor, by);
-            };
-            const DoubleDouble sum =
-                term(whole, p.c - p.a - p.b) - term(lower, p.c - p.a) + term(upper, p.b * w);
-            EXPECT_LE(std::fabs(sum.high), most) << TextOf(p, x);
+            ExpectRelation([](auto... of) { return ByEulerIntegral(of...); }, p, x);
         }
     }
 }
@@ -206,21 +212,8 @@ TEST(LoopIntegral, AgreesWithWalksAndSeries) {
 // (c-a-b) F = (c-a) F(a-1) - b (1-x) F(b+1) (DLMF 15.5.13)
 TEST(LoopIntegral, ContiguousRelation) {
     for (const auto& [saddles, p, at] : kLoopRows) {
-        const DoubleDouble z = {at, 0};
-        const DoubleDouble w = TwoSum(1, -at);
-        const HypergeometricPoint whole = ByLoopIntegral(p, z, w);
-        const HypergeometricPoint lower = ByLoopIntegral({p.a - 1, p.b, p.c}, z, w);
-        const HypergeometricPoint upper = ByLoopIntegral({p.a, p.b + 1, p.c}, z, w);
-        ASSERT_FALSE(whole.failed || lower.failed || upper.failed) << saddles;
-        double most = 0;
-        const auto term = [&](const HypergeometricPoint& point, DoubleDouble factor) {
-            const int by = point.exponent - whole.exponent;
-            most += std::ldexp(std::fabs(factor.high) * point.error, by);
-            return Scale(point.value * factor, by);
-        };
-        const DoubleDouble sum =
-            term(whole, p.c - p.a - p.b) - term(lower, p.c - p.a) + term(upper, p.b * w);
-        EXPECT_LE(std::fabs(sum.high), most) << saddles;
+        SCOPED_TRACE(saddles);
+        ExpectRelation([](auto... of) { return ByLoopIntegral(of...); }, p, at);
     }
 }
 
