@@ -6,6 +6,8 @@
 #include <QGuiApplication>
 #include <QImage>
 #include <algorithm>
+#include <array>
+#include <cmath>
 #include <string>
 
 #include "base/encoding.h"
@@ -28,8 +30,8 @@ Pen TakePen(Input& input) {
     return {TakeColor(input), static_cast<std::int32_t>(TakeChoice(input, kWidestPen)) + 1};
 }
 
-PixelPoint TakePoint(Input& input) {
-    return {TakeWhole(input), TakeWhole(input)};
+Position TakePoint(Input& input) {
+    return {TakeDouble(input), TakeDouble(input)};
 }
 
 RecordOrigin TakeOrigin(Input& input) {
@@ -56,18 +58,38 @@ PolylineRecord TakePolyline(Input& input) {
 
 EllipseRecord TakeEllipse(Input& input) {
     EllipseRecord record = {TakePen(input), TakeChoice(input, 2) == 1, TakeColor(input)};
-    record.left = TakeWhole(input);
-    record.top = TakeWhole(input);
-    record.right = TakeWhole(input);
-    record.bottom = TakeWhole(input);
+    record.left = TakeDouble(input);
+    record.top = TakeDouble(input);
+    record.right = TakeDouble(input);
+    record.bottom = TakeDouble(input);
     record.origin = TakeOrigin(input);
     return record;
+}
+
+CircleRecord TakeCircle(Input& input) {
+    CircleRecord record = {TakePen(input), TakePoint(input)};
+    record.radius = TakeByte(input);
+    record.origin = TakeOrigin(input);
+    return record;
+}
+
+Contours TakeContours(Input& input) {
+    Contours contours;
+    for (std::size_t left = TakeChoice(input, kMostItems); left > 0; --left) {
+        for (std::size_t points = TakeChoice(input, kMostItems) + 1; points > 0; --points)
+            contours.points.push_back(TakePoint(input));
+        contours.ends.push_back(contours.points.size());
+    }
+    for (std::size_t left = TakeChoice(input, kMostItems); left > 0; --left)
+        contours.filled.push_back({TakeWhole(input), TakeWhole(input), TakeWhole(input)});
+    return contours;
 }
 
 PixelRunsRecord TakePixels(Input& input) {
     PixelRunsRecord record = {TakeColor(input), {}, TakeOrigin(input)};
     for (std::size_t left = TakeChoice(input, kMostItems); left > 0; --left)
         record.runs.push_back({TakeWhole(input), TakeWhole(input), TakeWhole(input)});
+    if (TakeChoice(input, 2) == 1) record.contours = TakeContours(input);
     return record;
 }
 
@@ -93,6 +115,8 @@ DrawRecord TakeRecord(Input& input) {
             return TakeEllipse(input);
         case 3:
             return TakePixels(input);
+        case 4:
+            return TakeCircle(input);
         default:
             return TakeWords(input);
     }
@@ -108,11 +132,13 @@ DrawList TakeList(Input& input) {
     return list;
 }
 
-void CheckFile(const PictureFormat& format, const DrawList& list, const std::string& bytes) {
+void CheckFile(const PictureFormat& format, const PictureStyle& style, const DrawList& list,
+               const std::string& bytes) {
     if (format.suffix == "png") {
         const QImage picture = QImage::fromData(reinterpret_cast<const uchar*>(bytes.data()),
                                                 static_cast<int>(bytes.size()), "png");
-        Require(picture.width() == list.width && picture.height() == list.height);
+        Require(picture.width() == std::lround(list.width * style.ratio) &&
+                picture.height() == std::lround(list.height * style.ratio));
     } else if (format.suffix == "bmp") {
         constexpr std::size_t kHeader = 54;
         const auto rounded = static_cast<std::size_t>((list.width + 3) / 4 * 4);
@@ -133,15 +159,19 @@ extern "C" int LLVMFuzzerInitialize(int* count, char*** names) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     Input input = {data, size};
+    PictureStyle style;
+    style.playing = TakeChoice(input, 2) == 1 ? Playing::Classic : Playing::Smooth;
+    constexpr std::array<double, 4> kRatios = {1.0, 1.25, 1.5, 2.0};
+    style.ratio = kRatios[TakeChoice(input, kRatios.size())];
     const DrawList list = TakeList(input);
     for (const PictureFormat& format : PictureFormats()) {
         std::string bytes;
-        const bool made = format.make(list, [&bytes](std::string_view piece) {
+        const bool made = format.make(list, style, [&bytes](std::string_view piece) {
             bytes += piece;
             return true;
         });
         Require(made == (list.width > 0 && list.height > 0));
-        if (made) CheckFile(format, list, bytes);
+        if (made) CheckFile(format, style, list, bytes);
     }
     return 0;
 }

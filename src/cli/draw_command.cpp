@@ -62,7 +62,7 @@ ExitStatus Run(ViewOptions& view, const Arguments& arguments) {
     const DrawList list = DrawOffScreen(view, functions, PainterTextMeasure());
     if (!HasFontsOf(list)) return TellNotWritten(arguments.picture, "picture", kNoFont);
     return WriteFile(
-        arguments.picture, [&](const TakeBytes& take) { return format.make(list, take); },
+        arguments.picture, [&](const TakeBytes& take) { return format.make(list, {}, take); },
         "picture");
 }
 

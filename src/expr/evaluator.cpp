@@ -172,6 +172,31 @@ void EvaluateInto(const CompiledExpression& expression, std::span<const double> 
     runPart(tail, full, xs.size() - full);
 }
 
+void EvaluatePoints(const CompiledExpression& expression, std::span<const double> xs,
+                    std::span<const double> ys, std::span<double> values,
+                    Interruption* interruption) {
+    if (!expression.program) {
+        std::ranges::fill(values, kNotANumber);
+        return;
+    }
+    const Program& program = *expression.program;
+    const InstructionList list = FlattenOverPoints(program.tree, program.tree.root);
+    double paddedX[kBlock];
+    double paddedY[kBlock];
+    double results[kBlock];
+    for (std::size_t offset = 0; offset < xs.size(); offset += kBlock) {
+        const std::size_t count = std::min(kBlock, xs.size() - offset);
+        PadTail(xs.data() + offset, count, paddedX);
+        PadTail(ys.data() + offset, count, paddedY);
+        const double* const arrays[] = {paddedX, paddedY};
+        std::int32_t errors[kBlock] = {};
+        // A point that failed has the undefined value.
+        static_cast<void>(RunInstructions(list, *program.tree.kernels, {arrays, {}, interruption},
+                                          count, results, errors));
+        std::copy_n(results, count, values.data() + offset);
+    }
+}
+
 std::vector<EvaluationResult> EvaluateAt(const CompiledExpression& expression,
                                          std::span<const double> xs) {
     std::vector<EvaluationResult> results(xs.size());

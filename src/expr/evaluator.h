@@ -48,4 +48,11 @@ void EvaluateInto(const CompiledExpression& expression, std::span<const double> 
                   std::span<double> values, std::span<std::int32_t> errors,
                   Interruption* interruption = nullptr);
 
+/// Values at separate points (xs[i], ys[i]), UndefinedValue where a primitive failed, with the bits
+/// of EvaluateExpression. All three arrays have one size. When `interruption` stops the evaluation,
+/// what is left in `values` is of no use.
+void EvaluatePoints(const CompiledExpression& expression, std::span<const double> xs,
+                    std::span<const double> ys, std::span<double> values,
+                    Interruption* interruption = nullptr);
+
 }  // namespace kalvex

@@ -16,7 +16,7 @@ struct Flattener {
     std::span<const Replacement> replacements;
     InstructionList list;
     int used = 0;  ///< registers that hold results
-    bool yIsArray = false;
+    Operand y = {OperandKind::Scalar, 0, 0.0};
 };
 
 const Node& NodeAt(const Flattener& flattener, NodeIndex index) {
@@ -185,7 +185,7 @@ Operand Emit(Flattener& flattener, NodeIndex index) {
         case NodeKind::X:
             return {OperandKind::Array, 0, 0.0};
         case NodeKind::Y:
-            return {flattener.yIsArray ? OperandKind::Array : OperandKind::Scalar, 0, 0.0};
+            return flattener.y;
         case NodeKind::Operation:
             return EmitOperation(flattener, node);
         case NodeKind::Constant:
@@ -205,7 +205,14 @@ InstructionList Flatten(const SyntaxTree& tree, NodeIndex root,
 
 InstructionList FlattenOverY(const SyntaxTree& tree, NodeIndex root) {
     Flattener flattener{tree, {}, {}};
-    flattener.yIsArray = true;
+    flattener.y = {OperandKind::Array, 0, 0.0};
+    flattener.list.result = Emit(flattener, root);
+    return std::move(flattener.list);
+}
+
+InstructionList FlattenOverPoints(const SyntaxTree& tree, NodeIndex root) {
+    Flattener flattener{tree, {}, {}};
+    flattener.y = {OperandKind::Array, 1, 0.0};
     flattener.list.result = Emit(flattener, root);
     return std::move(flattener.list);
 }

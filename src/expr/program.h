@@ -59,6 +59,9 @@ struct Replacement {
 /// The same for a sub-tree of y alone, with y as array 0.
 [[nodiscard]] InstructionList FlattenOverY(const SyntaxTree& tree, NodeIndex root);
 
+/// The same for separate points, with x as array 0 and y as array 1.
+[[nodiscard]] InstructionList FlattenOverPoints(const SyntaxTree& tree, NodeIndex root);
+
 /// The inputs of a run. Arrays are readable up to the next multiple of kPaddedLanes.
 struct ProgramInputs {
     std::span<const double* const> arrays;

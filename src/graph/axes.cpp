@@ -2,21 +2,33 @@
 // segment is painted too, so a tick of two pixels ends one pixel beside its start.
 #include "graph/axes.h"
 
+#include <cmath>
+
 #include "graph/axis_marks.h"
-#include "numbers/truncate.h"
 
 namespace kalvex {
 namespace {
 
-/// Whether the ticks of an axis can be seen. The ends of ticks far off the picture might overflow.
-bool IsNearPicture(std::int32_t position, std::int32_t end) {
-    return position >= -2 && position <= static_cast<std::int64_t>(end) + 2;
+/// Whether the ticks of an axis at this position can be seen.
+bool IsNearPicture(double position, double end) {
+    const double pixel = std::trunc(position);
+    return pixel >= -2.0 && pixel <= end + 2.0;
 }
 
-void AddTicksX(const Viewport& viewport, std::int32_t row, std::vector<Segment>& segments) {
+/// The position one pixel beside another, toward smaller or larger pixels (step -1 or 1).
+double BesideBy(double step, double position) {
+    const double moved = position + step;
+    const double pixel = std::trunc(position) + step;
+    // Truncation toward zero makes pixel 0 almost two positions wide.
+    return std::trunc(moved) == pixel ? moved : pixel;
+}
+
+void AddTicksX(const Viewport& viewport, std::vector<Segment>& segments) {
     const AxisLadder ladder = LadderX(viewport.view);
+    const double row = viewport.view.OriginY;
+    const double end = BesideBy(-1.0, row);
     const auto add = [&](const AxisMark& mark) {
-        segments.push_back({{mark.pixel, row}, {mark.pixel, row - 1}});
+        segments.push_back({{mark.position, row}, {mark.position, end}});
     };
     for (const AxisMark& mark : MarksTowardZero(ladder, 1.0, viewport.ClientWidth))
         add(mark);
@@ -26,10 +38,12 @@ void AddTicksX(const Viewport& viewport, std::int32_t row, std::vector<Segment>&
         add(mark);
 }
 
-void AddTicksY(const Viewport& viewport, std::int32_t column, std::vector<Segment>& segments) {
+void AddTicksY(const Viewport& viewport, std::vector<Segment>& segments) {
     const AxisLadder ladder = LadderY(viewport.view);
+    const double column = viewport.view.OriginX;
+    const double end = BesideBy(1.0, column);
     const auto add = [&](const AxisMark& mark) {
-        segments.push_back({{column, mark.pixel}, {column + 1, mark.pixel}});
+        segments.push_back({{column, mark.position}, {end, mark.position}});
     };
     for (const AxisMark& mark : MarksTowardZero(ladder, 1.0, viewport.ClientHeight))
         add(mark);
@@ -42,16 +56,15 @@ void AddTicksY(const Viewport& viewport, std::int32_t column, std::vector<Segmen
 void DrawAxes(const Viewport& viewport, DrawList& list) {
     const ViewWindow& view = viewport.view;
     if (!HasUsableMapping(view)) return;
-    const std::int32_t column = TruncateToInt32(view.OriginX);
-    const std::int32_t row = TruncateToInt32(view.OriginY);
+    const double width = viewport.ClientWidth;
+    const double height = viewport.ClientHeight;
     SegmentsRecord lines{{{0, 0, 0}, 1}, {}};
     // KEEP: strictly greater than 0, so an axis on the picture's first column or row is not drawn.
-    if (view.OriginX > 0.0)
-        lines.segments.push_back({{column, 0}, {column, viewport.ClientHeight}});
-    if (view.OriginY > 0.0) lines.segments.push_back({{0, row}, {viewport.ClientWidth, row}});
+    if (view.OriginX > 0.0) lines.segments.push_back({{view.OriginX, 0.0}, {view.OriginX, height}});
+    if (view.OriginY > 0.0) lines.segments.push_back({{0.0, view.OriginY}, {width, view.OriginY}});
     // KEEP: the ticks are drawn even when their axis is not.
-    if (IsNearPicture(row, viewport.ClientHeight)) AddTicksX(viewport, row, lines.segments);
-    if (IsNearPicture(column, viewport.ClientWidth)) AddTicksY(viewport, column, lines.segments);
+    if (IsNearPicture(view.OriginY, viewport.ClientHeight)) AddTicksX(viewport, lines.segments);
+    if (IsNearPicture(view.OriginX, viewport.ClientWidth)) AddTicksY(viewport, lines.segments);
     if (!lines.segments.empty()) list.records.emplace_back(std::move(lines));
 }
 

@@ -46,6 +46,10 @@ std::uint64_t FirstIndex(std::uint64_t from, const Test& test) {
     return high;
 }
 
+AxisMark MarkAt(double rung, double position) {
+    return {rung, TruncateToInt32(position), position};
+}
+
 /// Whether marks can be computed from the origin and the scale of one axis.
 bool IsUsable(double origin, double scale) {
     return std::isfinite(origin) && std::isfinite(scale) && scale != 0.0 &&
@@ -62,9 +66,9 @@ std::vector<AxisMark> MarksTowardZero(const AxisLadder& ladder, double first, st
     while (index <= kLastIndex) {
         index = FirstIndex(index, [&](double k) { return position(k) < bound; });
         if (index > kLastIndex || !(position(RungAt(index)) > 0.0)) break;
-        const std::int32_t pixel = TruncateToInt32(position(RungAt(index)));
-        marks.push_back({RungAt(index), pixel});
-        bound = pixel;
+        const AxisMark mark = MarkAt(RungAt(index), position(RungAt(index)));
+        marks.push_back(mark);
+        bound = mark.pixel;
         ++index;
     }
     return marks;
@@ -77,9 +81,9 @@ std::vector<AxisMark> MarksAwayFromZero(const AxisLadder& ladder, double first, 
         FirstIndex(static_cast<std::uint64_t>(first), [&](double k) { return position(k) > -1.0; });
     while (index <= kLastIndex) {
         if (!(position(RungAt(index)) < end)) break;
-        const std::int32_t pixel = TruncateToInt32(position(RungAt(index)));
-        marks.push_back({RungAt(index), pixel});
-        const double bound = pixel + 1.0;
+        const AxisMark mark = MarkAt(RungAt(index), position(RungAt(index)));
+        marks.push_back(mark);
+        const double bound = mark.pixel + 1.0;
         index = FirstIndex(index + 1, [&](double k) { return position(k) >= bound; });
     }
     return marks;

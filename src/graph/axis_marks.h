@@ -19,6 +19,7 @@ struct AxisLadder {
 struct AxisMark {
     double k = 0.0;          ///< the first rung on this pixel
     std::int32_t pixel = 0;  ///< its position, truncated toward zero
+    double position = 0.0;
 };
 
 /// Rungs k >= first while origin - k * units * scale > 0, in order of k. Those at `end` or beyond

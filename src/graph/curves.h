@@ -35,7 +35,8 @@ void DrawRuns(std::span<const CurveSample> samples, const Viewport& viewport, co
               DrawList& list);
 
 /// Draws the line from sample i to sample i + 1 for every i with `joined[i]`. Lines without a
-/// length and lines with an end whose position is not-a-number are left out.
+/// length and lines with an end whose position is not-a-number are left out, and so is a curve all
+/// of whose lines lie within a pixel each.
 void DrawJoined(std::span<const CurveSample> samples, std::span<const std::uint8_t> joined,
                 const Viewport& viewport, const Pen& pen, DrawList& list);
 

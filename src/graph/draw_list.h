@@ -1,7 +1,10 @@
 // A picture as data: plain drawing records in logical pixels, in painting order. The graph room
-// makes them and the painter room draws them.
+// makes them and the painter room draws them, in one of two ways. The classic way paints whole
+// pixels: it truncates every position toward zero. The smooth way paints at the positions
+// themselves. Which records there are is the same for both.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -10,6 +13,7 @@
 #include <variant>
 #include <vector>
 
+#include "numbers/truncate.h"
 #include "workspace/function_entry.h"
 
 namespace kalvex {
@@ -20,14 +24,27 @@ struct PixelPoint {
     friend bool operator==(const PixelPoint&, const PixelPoint&) = default;
 };
 
+/// A point of the picture that is not rounded: pixel (i, j) is the square from (i, j) to
+/// (i + 1, j + 1). May be infinite or beyond the range of pixels.
+struct Position {
+    double x = 0.0;
+    double y = 0.0;
+    friend bool operator==(const Position&, const Position&) = default;
+};
+
+/// The pixel of a position, truncated toward zero and bounded to 32 bits.
+[[nodiscard]] constexpr PixelPoint PixelOf(const Position& position) {
+    return {TruncateToInt32(position.x), TruncateToInt32(position.y)};
+}
+
 struct Pen {
     Rgb color;
     std::int32_t width = 1;  ///< logical pixels
 };
 
 struct Segment {
-    PixelPoint from;
-    PixelPoint to;
+    Position from;
+    Position to;
     friend bool operator==(const Segment&, const Segment&) = default;
 };
 
@@ -41,7 +58,12 @@ struct RecordOrigin {
     friend bool operator==(const RecordOrigin&, const RecordOrigin&) = default;
 };
 
-/// Separate lines drawn with one pen.
+/// Whether both ends of a segment are the same pixel. Classic pictures leave such a segment out.
+[[nodiscard]] constexpr bool IsWithinPixel(const Segment& segment) {
+    return PixelOf(segment.from) == PixelOf(segment.to);
+}
+
+/// Separate lines drawn with one pen. Those of a curve that follow each other share an end.
 struct SegmentsRecord {
     Pen pen;
     std::vector<Segment> segments;
@@ -51,7 +73,15 @@ struct SegmentsRecord {
 /// One unbroken run of two points or more.
 struct PolylineRecord {
     Pen pen;
-    std::vector<PixelPoint> points;
+    std::vector<Position> points;
+    RecordOrigin origin = {};
+};
+
+/// A circle whose size does not depend on the view.
+struct CircleRecord {
+    Pen pen;
+    Position centre;
+    std::int32_t radius = 0;
     RecordOrigin origin = {};
 };
 
@@ -60,10 +90,10 @@ struct EllipseRecord {
     Pen pen;
     bool filled = false;
     Rgb fill;
-    std::int32_t left = 0;
-    std::int32_t top = 0;
-    std::int32_t right = 0;
-    std::int32_t bottom = 0;
+    double left = 0.0;
+    double top = 0.0;
+    double right = 0.0;
+    double bottom = 0.0;
     RecordOrigin origin = {};
 };
 
@@ -75,10 +105,18 @@ struct PixelRun {
     friend bool operator==(const PixelRun&, const PixelRun&) = default;
 };
 
+/// An implicit curve as lines, of a pen of one pixel.
+struct Contours {
+    std::vector<Position> points;   ///< those of all lines, one line after the other
+    std::vector<std::size_t> ends;  ///< for each line, how many points there are up to its end
+    std::vector<PixelRun> filled;   ///< pixels that belong to the curve and to no line
+};
+
 struct PixelRunsRecord {
     Rgb color;
     std::vector<PixelRun> runs;
     RecordOrigin origin = {};
+    std::optional<Contours> contours = {};  ///< the same curve for smooth pictures
 };
 
 /// One line of text; (x, y) is the top left corner of its box.
@@ -89,10 +127,11 @@ struct TextRecord {
     Rgb color;
     std::int32_t height = 0;  ///< character height in logical pixels
     RecordOrigin origin = {};
+    bool covered = false;  ///< a number below a function's name; smooth pictures leave it out
 };
 
-using DrawRecord =
-    std::variant<SegmentsRecord, PolylineRecord, EllipseRecord, PixelRunsRecord, TextRecord>;
+using DrawRecord = std::variant<SegmentsRecord, PolylineRecord, CircleRecord, EllipseRecord,
+                                PixelRunsRecord, TextRecord>;
 
 /// The background is white.
 struct DrawList {

@@ -52,7 +52,7 @@ void PlotImplicit(GraphState& state, FunctionEntry& entry, const DrawProgress& p
                   Interruption* interruption, DrawList& list) {
     entry.samples.clear();
     PixelRunsRecord pixels = ImplicitPixels(entry.compiled[0], state.viewport, ColorOf(entry.color),
-                                            progress, interruption);
+                                            progress, interruption, state.contours);
     if (!pixels.runs.empty()) list.records.emplace_back(std::move(pixels));
     if (state.mode != GraphMode::Normal) return;
     // KEEP: the width is used for both coordinates.

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "graph/approx_failure.h"
+#include "graph/contours.h"
 #include "graph/draw_list.h"
 #include "graph/viewport.h"
 
@@ -55,6 +56,7 @@ struct GraphState {
     Pointer pointer;
     std::vector<ApproxFailure> approxFailures;  ///< File lines without a curve in the last redraw
     bool incomplete = false;                    ///< the last redraw was stopped before its end
+    ContourAccuracy contours = ContourAccuracy::Exact;  ///< of the implicit curves to be drawn
 };
 
 }  // namespace kalvex

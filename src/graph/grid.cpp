@@ -10,21 +10,18 @@
 #include <limits>
 
 #include "graph/axis_marks.h"
-#include "numbers/truncate.h"
 
 namespace kalvex {
 namespace {
 
-/// Pixels of the grid lines across one axis, in no particular order, none twice.
-std::vector<std::int32_t> GridPixels(AxisLadder ladder, std::int32_t end) {
+/// The grid lines across one axis, in no particular order, no two on one pixel.
+std::vector<AxisMark> GridMarks(AxisLadder ladder, std::int32_t end) {
     ladder.units = GridStep(ladder.scale);
-    std::vector<std::int32_t> pixels;
-    for (const AxisMark& mark : MarksTowardZero(ladder, 0.0, end))
-        pixels.push_back(mark.pixel);
-    const std::size_t before = pixels.size();
+    std::vector<AxisMark> marks = MarksTowardZero(ladder, 0.0, end);
+    const std::size_t before = marks.size();
     for (const AxisMark& mark : MarksAwayFromZero(ladder, 0.0, end))
-        if (before == 0 || mark.pixel != pixels.front()) pixels.push_back(mark.pixel);
-    return pixels;
+        if (before == 0 || mark.pixel != marks.front().pixel) marks.push_back(mark);
+    return marks;
 }
 
 /// Distance in whole pixels from the origin to the farthest corner of the picture.
@@ -84,10 +81,10 @@ EllipseRecord Ring(double left, double top, double right, double bottom) {
     ring.pen = {kGridColor, 1};
     ring.filled = true;
     ring.fill = {255, 255, 255};
-    ring.left = TruncateToInt32(left);
-    ring.top = TruncateToInt32(top);
-    ring.right = TruncateToInt32(right);
-    ring.bottom = TruncateToInt32(bottom);
+    ring.left = left;
+    ring.top = top;
+    ring.right = right;
+    ring.bottom = bottom;
     return ring;
 }
 
@@ -96,10 +93,12 @@ EllipseRecord Ring(double left, double top, double right, double bottom) {
 void DrawRectangularGrid(const Viewport& viewport, DrawList& list) {
     if (!HasUsableMapping(viewport.view)) return;
     SegmentsRecord lines{{kGridColor, 1}, {}};
-    for (const std::int32_t x : GridPixels(LadderX(viewport.view), viewport.ClientWidth))
-        lines.segments.push_back({{x, 0}, {x, viewport.ClientHeight}});
-    for (const std::int32_t y : GridPixels(LadderY(viewport.view), viewport.ClientHeight))
-        lines.segments.push_back({{0, y}, {viewport.ClientWidth, y}});
+    const double width = viewport.ClientWidth;
+    const double height = viewport.ClientHeight;
+    for (const AxisMark& mark : GridMarks(LadderX(viewport.view), viewport.ClientWidth))
+        lines.segments.push_back({{mark.position, 0.0}, {mark.position, height}});
+    for (const AxisMark& mark : GridMarks(LadderY(viewport.view), viewport.ClientHeight))
+        lines.segments.push_back({{0.0, mark.position}, {width, mark.position}});
     if (!lines.segments.empty()) list.records.emplace_back(std::move(lines));
 }
 

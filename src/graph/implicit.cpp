@@ -33,6 +33,7 @@ struct Rows {
     std::vector<double> above;
     std::vector<double> below;
     Interruption* interruption = nullptr;
+    ContourTrace* contours = nullptr;  ///< null: not wanted
 };
 
 /// The step between two columns or rows; 0 when there is only one.
@@ -124,7 +125,11 @@ void AppendSpan(const Rows& rows, const Span& span, std::int32_t row, std::vecto
         for (std::size_t i = first; i < first + stretch.count; ++i) {
             // KEEP: a product of exactly 0 is a crossing, and an undefined value counts as 1e30.
             if (rows.edge[i + 1] * rows.edge[i] <= 0.0 || rows.above[i] * rows.below[i] <= 0.0) {
-                AppendPixel(runs, row, static_cast<std::int32_t>(i));
+                const auto column = static_cast<std::int32_t>(i);
+                AppendPixel(runs, row, column);
+                if (rows.contours == nullptr) continue;
+                AddPixel(*rows.contours, column,
+                         {rows.edge[i], rows.above[i], rows.edge[i + 1], rows.below[i]});
             }
         }
     }
@@ -140,6 +145,7 @@ void AppendRow(Rows& rows, const std::vector<Span>& spans, std::size_t row,
         if (IsStopped(rows.interruption)) return;
         AppendSpan(rows, span, static_cast<std::int32_t>(row), runs);
     }
+    if (rows.contours != nullptr) EndContourRow(*rows.contours);
     rows.above.swap(rows.below);
 }
 
@@ -161,12 +167,14 @@ ProgressStretch StretchOfRow(std::int32_t row, std::int32_t width, std::int32_t 
 
 PixelRunsRecord ImplicitPixels(const CompiledExpression& expression, const Viewport& viewport,
                                const Rgb& color, const DrawProgress& progress,
-                               Interruption* interruption) {
+                               Interruption* interruption, ContourAccuracy accuracy) {
     PixelRunsRecord record{color, {}};
     const std::int32_t width = viewport.ClientWidth;
     const std::int32_t height = viewport.ClientHeight;
     if (width <= 0 || height <= 0) return record;
     Rows rows = MakeRows(expression, viewport, interruption);
+    ContourTrace contours = StartContours(width);
+    if (accuracy != ContourAccuracy::None) rows.contours = &contours;
     const auto rowCount = static_cast<std::size_t>(height);
     for (std::size_t first = 0; first < rowCount; first += kBandRows) {
         if (IsStopped(interruption)) return record;
@@ -183,6 +191,8 @@ PixelRunsRecord ImplicitPixels(const CompiledExpression& expression, const Viewp
             if (!Report(StretchOfRow(j, width, height, color), progress)) return record;
         }
     }
+    record.contours =
+        FinishContours(std::move(contours), expression, viewport, accuracy, interruption);
     return record;
 }
 

@@ -1,7 +1,8 @@
-// Implicit curves G(x, y) = 0, pixel by pixel.
+// Implicit curves G(x, y) = 0, pixel by pixel, and as lines for smooth pictures.
 #pragma once
 
 #include "base/interruption.h"
+#include "graph/contours.h"
 #include "graph/draw_list.h"
 #include "graph/draw_progress.h"
 #include "graph/viewport.h"
@@ -17,10 +18,12 @@ namespace kalvex {
 /// middles of its left and right edges or of its upper and lower edges. A product of exactly 0
 /// counts as a change, and so does an undefined value times a negative one. `progress`, which may
 /// be empty, is called with each stretch that is not empty and may stop the curve, and so may
-/// `interruption`, which may be null; the pixels found until then stay.
+/// `interruption`, which may be null; the pixels found until then stay. Contours are added when an
+/// accuracy is given for them and the curve was not stopped.
 [[nodiscard]] PixelRunsRecord ImplicitPixels(const CompiledExpression& expression,
                                              const Viewport& viewport, const Rgb& color,
                                              const DrawProgress& progress,
-                                             Interruption* interruption = nullptr);
+                                             Interruption* interruption = nullptr,
+                                             ContourAccuracy accuracy = ContourAccuracy::None);
 
 }  // namespace kalvex

@@ -1,5 +1,6 @@
 // The runs depend on the pixels of the samples only. Which pieces of a run are painted is decided
 // afterwards, by the exact position of each sample.
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 
@@ -12,20 +13,24 @@ bool IsUnplotted(const CurveSample& sample) {
     return sample.column == 0 && sample.row == 0;
 }
 
-void AddPolyline(std::span<const CurveSample> samples, const Pen& pen, DrawList& list) {
+Position PositionOf(const ViewWindow& view, const CurveSample& sample) {
+    return {PositionX(view, sample.x), PositionY(view, sample.y)};
+}
+
+void AddPolyline(std::span<const CurveSample> samples, const ViewWindow& view, const Pen& pen,
+                 DrawList& list) {
     if (samples.size() < 2) return;
     PolylineRecord line{pen, {}};
     line.points.reserve(samples.size());
     for (const CurveSample& sample : samples)
-        line.points.push_back({sample.column, sample.row});
+        line.points.push_back(PositionOf(view, sample));
     list.records.emplace_back(std::move(line));
 }
 
 }  // namespace
 
 bool HasPosition(const ViewWindow& view, double x, double y) {
-    return !std::isnan(view.OriginX + view.ScaleX * x) &&
-           !std::isnan(view.OriginY - view.ScaleY * y);
+    return !std::isnan(PositionX(view, x)) && !std::isnan(PositionY(view, y));
 }
 
 std::vector<SampleRun> PolylineRuns(std::span<const CurveSample> samples,
@@ -55,10 +60,10 @@ void DrawRuns(std::span<const CurveSample> samples, const Viewport& viewport, co
         const std::size_t end = run.first + run.count;
         for (std::size_t i = start; i < end; ++i) {
             if (HasPosition(viewport.view, samples[i].x, samples[i].y)) continue;
-            AddPolyline(samples.subspan(start, i - start), pen, list);
+            AddPolyline(samples.subspan(start, i - start), viewport.view, pen, list);
             start = i + 1;
         }
-        AddPolyline(samples.subspan(start, end - start), pen, list);
+        AddPolyline(samples.subspan(start, end - start), viewport.view, pen, list);
     }
 }
 
@@ -71,11 +76,11 @@ void DrawJoined(std::span<const CurveSample> samples, std::span<const std::uint8
         const CurveSample& b = samples[i + 1];
         if (joined[i] == 0 || !HasPosition(view, a.x, a.y) || !HasPosition(view, b.x, b.y))
             continue;
-        const Segment segment{{WorldToScreenX(view, a.x), WorldToScreenY(view, a.y)},
-                              {WorldToScreenX(view, b.x), WorldToScreenY(view, b.y)}};
+        const Segment segment{PositionOf(view, a), PositionOf(view, b)};
         if (segment.from != segment.to) record.segments.push_back(segment);
     }
-    if (!record.segments.empty()) list.records.emplace_back(std::move(record));
+    if (!std::ranges::all_of(record.segments, IsWithinPixel))
+        list.records.emplace_back(std::move(record));
 }
 
 }  // namespace kalvex

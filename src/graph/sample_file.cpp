@@ -58,13 +58,7 @@ void PlotPoints(FunctionEntry& entry, const Viewport& viewport, const Rgb& color
         const std::int32_t row = TruncateToInt32(y);
         entry.pointPixels[i] = {column, row};
         if (std::isnan(x) || std::isnan(y) || !TakeCentre(centres, column, row)) continue;
-        list.records.emplace_back(EllipseRecord{Pen{color, 1},
-                                                false,
-                                                {},
-                                                column - kRadius,
-                                                row - kRadius,
-                                                column + kRadius,
-                                                row + kRadius});
+        list.records.emplace_back(CircleRecord{Pen{color, 1}, {x, y}, kRadius});
     }
 }
 

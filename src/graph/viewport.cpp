@@ -63,12 +63,20 @@ void LayoutViewport(Viewport& viewport) {
     LayoutViewport(viewport, viewport.ClientWidth, viewport.ClientHeight);
 }
 
+double PositionX(const ViewWindow& view, double x) {
+    return view.OriginX + view.ScaleX * x;
+}
+
+double PositionY(const ViewWindow& view, double y) {
+    return view.OriginY - view.ScaleY * y;
+}
+
 std::int32_t WorldToScreenX(const ViewWindow& view, double x) {
-    return TruncateToInt32(view.OriginX + view.ScaleX * x);
+    return TruncateToInt32(PositionX(view, x));
 }
 
 std::int32_t WorldToScreenY(const ViewWindow& view, double y) {
-    return TruncateToInt32(view.OriginY - view.ScaleY * y);
+    return TruncateToInt32(PositionY(view, y));
 }
 
 WorldPoint ScreenToWorld(const Viewport& viewport, std::int32_t column, std::int32_t row) {

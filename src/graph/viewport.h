@@ -29,6 +29,12 @@ void LayoutViewport(Viewport& viewport, std::int32_t clientWidth, std::int32_t c
 /// The same for the stored client size. To be called after every change of the bounds.
 void LayoutViewport(Viewport& viewport);
 
+/// Column of a world x, not rounded.
+[[nodiscard]] double PositionX(const ViewWindow& view, double x);
+
+/// Row of a world y, not rounded.
+[[nodiscard]] double PositionY(const ViewWindow& view, double y);
+
 /// Pixel column of a world x (truncated toward zero, saturated, 0 for not-a-number).
 [[nodiscard]] std::int32_t WorldToScreenX(const ViewWindow& view, double x);
 

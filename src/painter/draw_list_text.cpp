@@ -1,12 +1,14 @@
 // Each kind of record writes its own geometry; the columns that all kinds share are written by
-// AppendStart. All numbers are integers.
+// AppendStart. All numbers are integers, those of a classic picture.
 #include "painter/draw_list_text.h"
 
 #include <array>
 #include <string_view>
+#include <utility>
 
 #include "base/encoding.h"
 #include "numbers/decimal.h"
+#include "painter/ellipse.h"
 
 namespace kalvex {
 namespace {
@@ -75,21 +77,33 @@ void AppendItem(std::string& text, bool first, std::initializer_list<std::int32_
 
 void Append(std::string& text, const SegmentsRecord& record) {
     AppendStart(text, "segments", record.origin, record.pen.color, Number(record.pen.width));
-    for (const Segment& segment : record.segments)
-        AppendItem(text, &segment == record.segments.data(),
-                   {segment.from.x, segment.from.y, segment.to.x, segment.to.y});
+    bool first = true;
+    for (const Segment& segment : record.segments) {
+        if (IsWithinPixel(segment)) continue;
+        const PixelPoint from = PixelOf(segment.from);
+        const PixelPoint to = PixelOf(segment.to);
+        AppendItem(text, std::exchange(first, false), {from.x, from.y, to.x, to.y});
+    }
 }
 
 void Append(std::string& text, const PolylineRecord& record) {
     AppendStart(text, "polyline", record.origin, record.pen.color, Number(record.pen.width));
-    for (const PixelPoint& point : record.points)
-        AppendItem(text, &point == record.points.data(), {point.x, point.y});
+    for (const Position& point : record.points) {
+        const PixelPoint pixel = PixelOf(point);
+        AppendItem(text, &point == record.points.data(), {pixel.x, pixel.y});
+    }
 }
 
 void Append(std::string& text, const EllipseRecord& record) {
     AppendStart(text, "ellipse", record.origin, record.pen.color, Number(record.pen.width));
-    AppendItem(text, true, {record.left, record.top, record.right, record.bottom});
+    AppendItem(text, true,
+               {TruncateToInt32(record.left), TruncateToInt32(record.top),
+                TruncateToInt32(record.right), TruncateToInt32(record.bottom)});
     text += '\t' + (record.filled ? ColorText(record.fill) : "-");
+}
+
+void Append(std::string& text, const CircleRecord& record) {
+    Append(text, EllipseOf(record));
 }
 
 void Append(std::string& text, const PixelRunsRecord& record) {

@@ -14,6 +14,19 @@ namespace {
 
 constexpr double kLargestForQt = 16384.0;
 
+/// The pixels at which the sides of an ellipse lie.
+struct PixelBox {
+    std::int32_t left;
+    std::int32_t top;
+    std::int32_t right;
+    std::int32_t bottom;
+};
+
+PixelBox BoxOf(const EllipseRecord& record) {
+    return {TruncateToInt32(record.left), TruncateToInt32(record.top),
+            TruncateToInt32(record.right), TruncateToInt32(record.bottom)};
+}
+
 /// Centre and half axes.
 struct Shape {
     double x;
@@ -58,10 +71,11 @@ void FillInside(QPainter& painter, const DrawList& list, const Shape& shape, con
 }
 
 void DrawLarge(QPainter& painter, const DrawList& list, const EllipseRecord& record, bool fill) {
-    const Shape shape{(static_cast<double>(record.left) + record.right) / 2.0,
-                      (static_cast<double>(record.top) + record.bottom) / 2.0,
-                      (static_cast<double>(record.right) - record.left) / 2.0,
-                      (static_cast<double>(record.bottom) - record.top) / 2.0};
+    const PixelBox box = BoxOf(record);
+    const Shape shape{(static_cast<double>(box.left) + box.right) / 2.0,
+                      (static_cast<double>(box.top) + box.bottom) / 2.0,
+                      (static_cast<double>(box.right) - box.left) / 2.0,
+                      (static_cast<double>(box.bottom) - box.top) / 2.0};
     if (!(shape.a > 0.0) || !(shape.b > 0.0)) return;
     if (fill) FillInside(painter, list, shape, ToQColor(record.fill));
     const QColor color = ToQColor(record.pen.color);
@@ -77,26 +91,41 @@ void DrawLarge(QPainter& painter, const DrawList& list, const EllipseRecord& rec
     PlotOutline(shape.y, shape.b, shape.x, shape.a, list.height, row);
 }
 
-bool IsSmall(const EllipseRecord& record) {
-    return std::abs(static_cast<double>(record.left)) < kLargestForQt &&
-           std::abs(static_cast<double>(record.right)) < kLargestForQt &&
-           std::abs(static_cast<double>(record.top)) < kLargestForQt &&
-           std::abs(static_cast<double>(record.bottom)) < kLargestForQt;
+bool IsSmall(const PixelBox& box) {
+    return std::abs(static_cast<double>(box.left)) < kLargestForQt &&
+           std::abs(static_cast<double>(box.right)) < kLargestForQt &&
+           std::abs(static_cast<double>(box.top)) < kLargestForQt &&
+           std::abs(static_cast<double>(box.bottom)) < kLargestForQt;
 }
 
 }  // namespace
 
+EllipseRecord EllipseOf(const CircleRecord& circle) {
+    const PixelPoint centre = PixelOf(circle.centre);
+    const double radius = circle.radius;
+    EllipseRecord ellipse;
+    ellipse.pen = circle.pen;
+    ellipse.left = centre.x - radius;
+    ellipse.top = centre.y - radius;
+    ellipse.right = centre.x + radius;
+    ellipse.bottom = centre.y + radius;
+    ellipse.origin = circle.origin;
+    return ellipse;
+}
+
 void DrawEllipse(QPainter& painter, const DrawList& list, const EllipseRecord& record, bool fill) {
-    if (!IsSmall(record)) return DrawLarge(painter, list, record, fill);
+    const PixelBox box = BoxOf(record);
+    if (!IsSmall(box)) return DrawLarge(painter, list, record, fill);
     painter.setPen(QPen(ToQColor(record.pen.color), record.pen.width));
     painter.setBrush(fill ? QBrush(ToQColor(record.fill)) : QBrush(Qt::NoBrush));
-    painter.drawEllipse(
-        QRect(record.left, record.top, record.right - record.left, record.bottom - record.top));
+    painter.drawEllipse(QRect(box.left, box.top, box.right - box.left, box.bottom - box.top));
 }
 
 bool IsFilledBy(const EllipseRecord& inner, const EllipseRecord& outer) {
-    return inner.filled && outer.filled && inner.fill == outer.fill && inner.left >= outer.left &&
-           inner.top >= outer.top && inner.right <= outer.right && inner.bottom <= outer.bottom;
+    const PixelBox in = BoxOf(inner);
+    const PixelBox out = BoxOf(outer);
+    return inner.filled && outer.filled && inner.fill == outer.fill && in.left >= out.left &&
+           in.top >= out.top && in.right <= out.right && in.bottom <= out.bottom;
 }
 
 }  // namespace kalvex

@@ -1,4 +1,4 @@
-// Ellipses of any size.
+// Ellipses of any size, painted as whole pixels.
 #pragma once
 
 #include <QPainter>
@@ -6,6 +6,9 @@
 #include "graph/draw_list.h"
 
 namespace kalvex {
+
+/// The ellipse that stands for a circle: its box lies about the pixel of the centre.
+[[nodiscard]] EllipseRecord EllipseOf(const CircleRecord& circle);
 
 /// Draws one ellipse; its box includes the right and the bottom pixel. `fill` says whether its
 /// inside is painted too. The record's box may reach far beyond the picture.

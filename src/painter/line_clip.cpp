@@ -1,6 +1,6 @@
 // The algorithm of Liang and Barsky: the line is a point plus a parameter times a direction, and
-// each edge of the rectangle narrows the interval of the parameter. Coordinates are 32-bit
-// integers, so no difference or product below can overflow or lose its sign in doubles.
+// each edge of the rectangle narrows the interval of the parameter. Coordinates are bounded to 32
+// bits, so no difference or product below can overflow or lose its sign in doubles.
 #include "painter/line_clip.h"
 
 #include <algorithm>
@@ -27,10 +27,26 @@ bool CutAt(Part& part, double change, double distance) {
     return part.from <= part.to;
 }
 
+/// Not-a-number stays.
+double Bounded(double coordinate) {
+    constexpr double kLargest = 2147483647.0;
+    return coordinate < -kLargest ? -kLargest : coordinate > kLargest ? kLargest : coordinate;
+}
+
 }  // namespace
 
-std::optional<QLineF> ClipSegment(const Segment& segment, const QRectF& bounds) {
-    const QLineF whole(segment.from.x, segment.from.y, segment.to.x, segment.to.y);
+QLineF PixelLine(const Segment& segment) {
+    const PixelPoint from = PixelOf(segment.from);
+    const PixelPoint to = PixelOf(segment.to);
+    return QLineF(from.x, from.y, to.x, to.y);
+}
+
+QLineF ExactLine(const Segment& segment) {
+    return QLineF(Bounded(segment.from.x), Bounded(segment.from.y), Bounded(segment.to.x),
+                  Bounded(segment.to.y));
+}
+
+std::optional<QLineF> ClipLine(const QLineF& whole, const QRectF& bounds) {
     if (bounds.contains(whole.p1()) && bounds.contains(whole.p2())) return whole;
     Part part;
     const double dx = whole.dx();

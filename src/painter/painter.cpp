@@ -1,17 +1,18 @@
-// One function per kind of record. Only texts are drawn with antialiasing, so that exactly the
-// pixels of the records change. A polyline is drawn as separate lines with square caps, which close
-// the joints: QPainter's general stroker, which true joints or round caps need, is several times
-// slower.
+// The classic way of playing, one function per kind of record. Only texts are drawn with
+// antialiasing, so that exactly the pixels of the records change. A polyline is drawn as separate
+// lines with square caps, which close the joints: QPainter's general stroker, which true joints or
+// round caps need, is several times slower.
 #include "painter/painter.h"
 
-#include <QPaintEngine>
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
 
+#include "painter/direct_image.h"
 #include "painter/ellipse.h"
 #include "painter/line_clip.h"
 #include "painter/qt_color.h"
+#include "painter/smooth_play.h"
 #include "painter/text_font.h"
 
 namespace kalvex {
@@ -35,8 +36,10 @@ void DrawLines(Stage& stage, const Pen& pen, const std::vector<QLineF>& lines) {
 void Play(Stage& stage, const SegmentsRecord& record) {
     std::vector<QLineF> lines;
     lines.reserve(record.segments.size());
-    for (const Segment& segment : record.segments)
-        if (const auto line = ClipSegment(segment, stage.bounds)) lines.push_back(*line);
+    for (const Segment& segment : record.segments) {
+        if (IsWithinPixel(segment)) continue;
+        if (const auto line = ClipLine(PixelLine(segment), stage.bounds)) lines.push_back(*line);
+    }
     DrawLines(stage, record.pen, lines);
 }
 
@@ -44,7 +47,8 @@ void Play(Stage& stage, const PolylineRecord& record) {
     std::vector<QLineF> lines;
     lines.reserve(record.points.size());
     for (std::size_t i = 1; i < record.points.size(); ++i)
-        if (const auto line = ClipSegment({record.points[i - 1], record.points[i]}, stage.bounds))
+        if (const auto line =
+                ClipLine(PixelLine({record.points[i - 1], record.points[i]}), stage.bounds))
             lines.push_back(*line);
     DrawLines(stage, record.pen, lines);
 }
@@ -54,47 +58,19 @@ void Play(Stage& stage, const EllipseRecord& record) {
     DrawEllipse(stage.painter, stage.list, record, record.filled && !covered);
 }
 
-/// The image that a painter draws on, when its pixels can be written directly: 32 bits per pixel, a
-/// whole-number scale, no translation and no clipping. `image` is null when they cannot.
-struct DirectImage {
-    QImage* image = nullptr;
-    int ratio = 0;
-};
-
-DirectImage DirectImageOf(const QPainter& painter) {
-    auto* const image = dynamic_cast<QImage*>(painter.device());
-    if (image == nullptr || image->format() != QImage::Format_RGB32 || !image->isDetached() ||
-        painter.hasClipping())
-        return {};
-    const QTransform transform = painter.deviceTransform();
-    const int ratio = static_cast<int>(std::clamp(transform.m11(), 0.0, 64.0));
-    if (ratio < 1 || transform != QTransform::fromScale(ratio, ratio)) return {};
-    return {image, ratio};
-}
-
-void WriteRun(const DirectImage& target, const PixelRun& run, QRgb color) {
-    const std::int64_t ratio = target.ratio;
-    const std::int64_t width = target.image->width();
-    const std::int64_t left = std::clamp<std::int64_t>(run.column * ratio, 0, width);
-    const std::int64_t right =
-        std::clamp<std::int64_t>((std::int64_t{run.column} + run.length) * ratio, 0, width);
-    const std::int64_t top = std::max<std::int64_t>(run.row * ratio, 0);
-    const std::int64_t bottom =
-        std::min<std::int64_t>((run.row + std::int64_t{1}) * ratio, target.image->height());
-    for (std::int64_t y = top; y < bottom; ++y) {
-        auto* const row = reinterpret_cast<QRgb*>(target.image->scanLine(static_cast<int>(y)));
-        std::fill(row + left, row + std::max(left, right), color);
-    }
+void Play(Stage& stage, const CircleRecord& record) {
+    DrawEllipse(stage.painter, stage.list, EllipseOf(record), false);
 }
 
 void Play(Stage& stage, const PixelRunsRecord& record) {
-    const QColor color = ToQColor(record.color);
     const DirectImage target = DirectImageOf(stage.painter);
+    const bool isWhole = target.ratio == std::floor(target.ratio);
     for (const PixelRun& run : record.runs) {
-        if (target.image != nullptr)
-            WriteRun(target, run, color.rgb());
+        if (target.image != nullptr && isWhole)
+            Fill(target, RectOf(run, target.ratio), record.color);
         else
-            stage.painter.fillRect(QRect(run.column, run.row, run.length, 1), color);
+            stage.painter.fillRect(QRect(run.column, run.row, run.length, 1),
+                                   ToQColor(record.color));
     }
 }
 
@@ -119,7 +95,7 @@ void PlayDrawList(QPainter& painter, const DrawList& list) {
     painter.restore();
 }
 
-QImage PaintPicture(const DrawList& list, double devicePixelRatio) {
+QImage PaintPicture(const DrawList& list, double devicePixelRatio, Playing playing) {
     if (list.width <= 0 || list.height <= 0) return {};
     const bool usable = std::isfinite(devicePixelRatio) && devicePixelRatio > 0.0;
     const double ratio = usable ? std::clamp(devicePixelRatio, 0.125, 16.0) : 1.0;
@@ -129,7 +105,10 @@ QImage PaintPicture(const DrawList& list, double devicePixelRatio) {
     picture.setDevicePixelRatio(ratio);
     picture.fill(Qt::white);
     QPainter painter(&picture);
-    PlayDrawList(painter, list);
+    if (playing == Playing::Smooth)
+        PlaySmooth(painter, list);
+    else
+        PlayDrawList(painter, list);
     return picture;
 }
 

@@ -9,12 +9,16 @@ class QPainter;
 
 namespace kalvex {
 
-/// Draws all records; coordinates are logical pixels of the painter's device.
+/// How a picture is painted: as whole logical pixels, or at exact positions with soft edges.
+enum class Playing { Classic, Smooth };
+
+/// Draws all records as whole pixels; coordinates are logical pixels of the painter's device.
 void PlayDrawList(QPainter& painter, const DrawList& list);
 
 /// The picture on white, at a device pixel ratio (the image is list.width * ratio pixels wide and
 /// carries the ratio). Format RGB32. A size of 0 or below gives a null image.
-[[nodiscard]] QImage PaintPicture(const DrawList& list, double devicePixelRatio = 1.0);
+[[nodiscard]] QImage PaintPicture(const DrawList& list, double devicePixelRatio = 1.0,
+                                  Playing playing = Playing::Classic);
 
 /// Whether the fonts of all texts of the list could be loaded. The texts of a picture without its
 /// fonts are empty boxes.

@@ -6,7 +6,7 @@
 #include <QPdfWriter>
 #include <QSvgGenerator>
 
-#include "painter/vector_play.h"
+#include "painter/smooth_play.h"
 
 namespace kalvex {
 namespace {
@@ -28,7 +28,7 @@ bool Play(QPaintDevice& device, const DrawList& list) {
     if (!painter.begin(&device)) return false;
     painter.fillRect(QRect(0, 0, list.width, list.height), Qt::white);
     painter.setClipRect(QRect(0, 0, list.width, list.height));
-    PlayVector(painter, list);
+    PlaySmooth(painter, list);
     return painter.end();
 }
 

@@ -9,17 +9,26 @@
 namespace kalvex {
 namespace {
 
-template <bool (*make)(const QImage& picture, const TakeBytes& take)>
-bool MakePixels(const DrawList& list, const TakeBytes& take) {
-    return make(PaintPicture(list), take);
+bool MakeStyledPng(const DrawList& list, const PictureStyle& style, const TakeBytes& take) {
+    return MakePng(PaintPicture(list, style.ratio, style.playing), take);
+}
+
+bool MakeClassicBitmap(const DrawList& list, const PictureStyle&, const TakeBytes& take) {
+    return MakeBitmap(PaintPicture(list), take);
+}
+
+/// A format that has one style only.
+template <bool (*make)(const DrawList& list, const TakeBytes& take)>
+bool Unstyled(const DrawList& list, const PictureStyle&, const TakeBytes& take) {
+    return make(list, take);
 }
 
 constexpr PictureFormat kFormats[] = {
-    {"png", StringId::FilterPng, MakePixels<MakePng>},
-    {"svg", StringId::FilterSvg, MakeSvg},
-    {"pdf", StringId::FilterPdf, MakePdf},
-    {"bmp", StringId::FilterBitmap, MakePixels<MakeBitmap>},
-    {"txt", std::nullopt, MakeDrawListText},
+    {"png", StringId::FilterPng, MakeStyledPng},
+    {"svg", StringId::FilterSvg, Unstyled<MakeSvg>},
+    {"pdf", StringId::FilterPdf, Unstyled<MakePdf>},
+    {"bmp", StringId::FilterBitmap, MakeClassicBitmap},
+    {"txt", std::nullopt, Unstyled<MakeDrawListText>},
 };
 
 /// A text with its ASCII letters in lower case.
@@ -49,10 +58,11 @@ const PictureFormat* PictureFormatOf(std::string_view path, FormatsOf where) {
     return nullptr;
 }
 
-WriteResult WritePicture(const PictureFormat& format, const std::string& path,
-                         const DrawList& list) {
+WriteResult WritePicture(const PictureFormat& format, const std::string& path, const DrawList& list,
+                         const PictureStyle& style) {
     if (!HasFontsOf(list)) return {std::string(kNoFont)};
-    return WriteCompleteFile(path, [&](const TakeBytes& take) { return format.make(list, take); });
+    return WriteCompleteFile(path,
+                             [&](const TakeBytes& take) { return format.make(list, style, take); });
 }
 
 std::string PictureEndings(FormatsOf where) {

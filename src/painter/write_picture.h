@@ -8,17 +8,25 @@
 
 #include "base/complete_file.h"
 #include "graph/draw_list.h"
+#include "painter/painter.h"
 #include "resources/strings.h"
 
 namespace kalvex {
+
+/// How a picture of pixels is painted. Drawings of lines and texts are always smooth, and bitmaps
+/// always classic at one pixel per logical pixel.
+struct PictureStyle {
+    Playing playing = Playing::Smooth;
+    double ratio = 1.0;  ///< device pixels per logical pixel
+};
 
 struct PictureFormat {
     std::string_view suffix;         ///< the ending of a name, lower case, without its dot
     std::optional<StringId> filter;  ///< words in the dialog; empty: only the tool offers it
 
-    /// Hands the file of the picture, at one pixel per logical pixel, to `take`. False when it
-    /// cannot be made or `take` fails; what was taken before is then to be thrown away.
-    bool (*make)(const DrawList& list, const TakeBytes& take) = nullptr;
+    /// Hands the file of the picture to `take`. False when it cannot be made or `take` fails; what
+    /// was taken before is then to be thrown away.
+    bool (*make)(const DrawList& list, const PictureStyle& style, const TakeBytes& take) = nullptr;
 };
 
 /// Where a format is offered. The tool offers all formats, the dialog those with words for it.
@@ -39,7 +47,7 @@ inline constexpr std::string_view kNoFont = "no font for its texts could be load
 /// Writes the picture into a file as a whole or not at all; see `WriteCompleteFile`. A picture
 /// whose texts have no font is not written.
 [[nodiscard]] WriteResult WritePicture(const PictureFormat& format, const std::string& path,
-                                       const DrawList& list);
+                                       const DrawList& list, const PictureStyle& style = {});
 
 /// The endings of the offered formats, for a sentence: ".png, .svg or .pdf".
 [[nodiscard]] std::string PictureEndings(FormatsOf where);

@@ -10,31 +10,32 @@ namespace kalvex {
 namespace {
 
 using fixtures::MakeViewport;
+using fixtures::PixelSegment;
 
-std::vector<Segment> AxesOf(const Viewport& viewport) {
+std::vector<PixelSegment> AxesOf(const Viewport& viewport) {
     DrawList list;
     DrawAxes(viewport, list);
     const auto records = fixtures::RecordsOf<SegmentsRecord>(list);
     if (records.empty()) return {};
     EXPECT_EQ(records[0].pen.color, Rgb{});
     EXPECT_EQ(records[0].pen.width, 1);
-    return records[0].segments;
+    return fixtures::PixelsOf(records[0].segments);
 }
 
-bool Contains(const std::vector<Segment>& segments, const Segment& segment) {
+bool Contains(const std::vector<PixelSegment>& segments, const PixelSegment& segment) {
     return std::find(segments.begin(), segments.end(), segment) != segments.end();
 }
 
 TEST(Axes, RunThroughTheOriginWithTicksOfTwoPixels) {
     const auto segments = AxesOf(MakeViewport(-10, 10, -10, 10));
-    for (const Segment& expected : {
-             Segment{{120, 0}, {120, 268}},
-             Segment{{0, 134}, {240, 134}},
-             Segment{{108, 134}, {108, 133}},
-             Segment{{12, 134}, {12, 133}},
-             Segment{{132, 134}, {132, 133}},
-             Segment{{120, 120}, {121, 120}},
-             Segment{{120, 147}, {121, 147}},
+    for (const PixelSegment& expected : {
+             PixelSegment{{120, 0}, {120, 268}},
+             PixelSegment{{0, 134}, {240, 134}},
+             PixelSegment{{108, 134}, {108, 133}},
+             PixelSegment{{12, 134}, {12, 133}},
+             PixelSegment{{132, 134}, {132, 133}},
+             PixelSegment{{120, 120}, {121, 120}},
+             PixelSegment{{120, 147}, {121, 147}},
          })
         EXPECT_TRUE(Contains(segments, expected)) << expected.from.x << ' ' << expected.from.y;
     EXPECT_FALSE(Contains(segments, {{0, 134}, {0, 133}})) << "position 0 has no tick";

@@ -51,6 +51,27 @@ std::vector<Record> RecordsOf(const DrawList& list) {
     return found;
 }
 
+/// A segment as classic pictures show it.
+struct PixelSegment {
+    PixelPoint from;
+    PixelPoint to;
+    friend bool operator==(const PixelSegment&, const PixelSegment&) = default;
+};
+
+inline std::vector<PixelSegment> PixelsOf(const std::vector<Segment>& segments) {
+    std::vector<PixelSegment> pixels;
+    for (const Segment& segment : segments)
+        if (!IsWithinPixel(segment)) pixels.push_back({PixelOf(segment.from), PixelOf(segment.to)});
+    return pixels;
+}
+
+inline std::vector<PixelPoint> PixelsOf(const std::vector<Position>& positions) {
+    std::vector<PixelPoint> pixels;
+    for (const Position& position : positions)
+        pixels.push_back(PixelOf(position));
+    return pixels;
+}
+
 struct Size {
     std::int32_t width;
     std::int32_t height;

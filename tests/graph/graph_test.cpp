@@ -239,7 +239,7 @@ TEST(Graph, DrawsFileLinesAndPutsTheCursorOnTheirMiddle) {
     FunctionList functions;
     functions[3] = FileEntry(4, 8);
     const DrawList list = Draw(state, functions, PlainOptions());
-    EXPECT_EQ(RecordsOf<EllipseRecord>(list).size(), 4u);
+    EXPECT_EQ(RecordsOf<CircleRecord>(list).size(), 4u);
     EXPECT_EQ(RecordsOf<PolylineRecord>(list).size(), 1u);
     EXPECT_EQ(functions[3].samples.size(), 240u);
     EXPECT_EQ(state.trace.function, 3);

@@ -11,6 +11,7 @@ namespace kalvex {
 namespace {
 
 using fixtures::MakeViewport;
+using fixtures::PixelSegment;
 using fixtures::RecordsOf;
 
 DrawList GridOf(const Viewport& viewport, int kind) {
@@ -22,7 +23,7 @@ DrawList GridOf(const Viewport& viewport, int kind) {
 std::set<std::int32_t> VerticalLines(const DrawList& list) {
     std::set<std::int32_t> columns;
     for (const SegmentsRecord& record : RecordsOf<SegmentsRecord>(list))
-        for (const Segment& segment : record.segments)
+        for (const PixelSegment& segment : fixtures::PixelsOf(record.segments))
             if (segment.from.x == segment.to.x) {
                 EXPECT_TRUE(columns.insert(segment.from.x).second) << segment.from.x << " twice";
             }
@@ -39,10 +40,10 @@ TEST(Grid, DrawsGreyLinesAtWholeUnits) {
     EXPECT_EQ(columns.size(), 19u) << "no line at position 0, none at the width";
     EXPECT_EQ(*columns.begin(), 12);
     EXPECT_EQ(*columns.rbegin(), 228);
-    const auto& segments = records[0].segments;
-    EXPECT_NE(std::find(segments.begin(), segments.end(), Segment{{120, 0}, {120, 268}}),
+    const auto segments = fixtures::PixelsOf(records[0].segments);
+    EXPECT_NE(std::find(segments.begin(), segments.end(), PixelSegment{{120, 0}, {120, 268}}),
               segments.end());
-    EXPECT_NE(std::find(segments.begin(), segments.end(), Segment{{0, 134}, {240, 134}}),
+    EXPECT_NE(std::find(segments.begin(), segments.end(), PixelSegment{{0, 134}, {240, 134}}),
               segments.end());
 }
 
@@ -82,10 +83,10 @@ TEST(Grid, DrawsRingsFromTheOutsideIn) {
         }
     }
     const EllipseRecord& innermost = rings.back();
-    EXPECT_EQ(innermost.left, 108);
-    EXPECT_EQ(innermost.top, 120);
-    EXPECT_EQ(innermost.right, 132);
-    EXPECT_EQ(innermost.bottom, 147);
+    EXPECT_EQ(TruncateToInt32(innermost.left), 108);
+    EXPECT_EQ(TruncateToInt32(innermost.top), 120);
+    EXPECT_EQ(TruncateToInt32(innermost.right), 132);
+    EXPECT_EQ(TruncateToInt32(innermost.bottom), 147);
 }
 
 TEST(Grid, LeavesOutOnlyRingsThatMissThePicture) {

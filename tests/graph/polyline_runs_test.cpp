@@ -49,13 +49,18 @@ TEST(PolylineRuns, BreakAtUnplottedSamples) {
 TEST(PolylineRuns, LeaveOutPiecesWithoutAPosition) {
     const Viewport viewport = fixtures::MakeViewport(0, 10, 0, 10, 10, 10);
     auto samples = SamplesOf({1, 2, 3, 4, 5, 6});
+    for (CurveSample& sample : samples) {
+        sample.x = sample.column;
+        sample.y = 10 - sample.row;
+    }
     samples[2].y = std::numeric_limits<double>::quiet_NaN();
     DrawList list;
     DrawRuns(samples, viewport, Pen{{1, 2, 3}, 4}, list);
     const auto lines = fixtures::RecordsOf<PolylineRecord>(list);
     ASSERT_EQ(lines.size(), 2u);
-    EXPECT_EQ(lines[0].points, (std::vector<PixelPoint>{{1, 1}, {2, 2}}));
-    EXPECT_EQ(lines[1].points, (std::vector<PixelPoint>{{4, 4}, {5, 5}, {6, 6}}));
+    EXPECT_EQ(fixtures::PixelsOf(lines[0].points), (std::vector<PixelPoint>{{1, 1}, {2, 2}}));
+    EXPECT_EQ(fixtures::PixelsOf(lines[1].points),
+              (std::vector<PixelPoint>{{4, 4}, {5, 5}, {6, 6}}));
     EXPECT_EQ(lines[1].pen.width, 4);
 }
 

@@ -52,7 +52,7 @@ TEST(SampleDecart, StartsAtTheFirstSampleWithADefinedNeighbour) {
     const auto lines = fixtures::RecordsOf<PolylineRecord>(list);
     ASSERT_EQ(lines.size(), 1u);
     EXPECT_EQ(lines[0].points.size(), 120u);
-    EXPECT_EQ(lines[0].points[0].x, entry.samples[120].column);
+    EXPECT_EQ(PixelOf(lines[0].points[0]).x, entry.samples[120].column);
 }
 
 TEST(SampleDecart, LeavesASampleWithAnUndefinedNeighbourUnplotted) {

@@ -38,24 +38,21 @@ Plot PlotOf(FunctionEntry& entry, const Viewport& viewport, std::int32_t width =
 TEST(FileFunction, DrawsItsPointsAsCircles) {
     FunctionEntry entry = EntryOf({-10, 0, 2.5}, {10, 0, -5}, 8);
     const Plot plot = PlotOf(entry, MakeViewport(-10, 10, -10, 10, 200, 100), 5);
-    const auto circles = RecordsOf<EllipseRecord>(plot.list);
+    const auto circles = RecordsOf<CircleRecord>(plot.list);
     ASSERT_EQ(circles.size(), 3u);
     const PixelPoint centres[] = {{0, 0}, {100, 50}, {125, 75}};
     for (std::size_t i = 0; i < 3; ++i) {
         EXPECT_EQ(entry.pointPixels[i].column, centres[i].x);
         EXPECT_EQ(entry.pointPixels[i].row, centres[i].y);
-        EXPECT_EQ(circles[i].left, centres[i].x - 3);
-        EXPECT_EQ(circles[i].top, centres[i].y - 3);
-        EXPECT_EQ(circles[i].right, centres[i].x + 3);
-        EXPECT_EQ(circles[i].bottom, centres[i].y + 3);
+        EXPECT_EQ(PixelOf(circles[i].centre), centres[i]);
+        EXPECT_EQ(circles[i].radius, 3);
         EXPECT_EQ(circles[i].pen.width, 1);
         EXPECT_EQ(circles[i].pen.color, (Rgb{1, 2, 3}));
-        EXPECT_FALSE(circles[i].filled);
     }
     const auto lines = RecordsOf<PolylineRecord>(plot.list);
     ASSERT_EQ(lines.size(), 1u);
     EXPECT_EQ(lines[0].pen.width, 5);
-    EXPECT_TRUE(std::holds_alternative<EllipseRecord>(plot.list.records.front()));
+    EXPECT_TRUE(std::holds_alternative<CircleRecord>(plot.list.records.front()));
 }
 
 // Points have their own formula: OriginX and ScaleX would put these on the neighbouring pixel.
@@ -87,11 +84,11 @@ TEST(FileFunction, LeavesOutCirclesThatCannotBeSeen) {
     // Points whose circle misses the picture, points whose circle touches it, and one far away.
     FunctionEntry entry =
         EntryOf({-5, -3, 104, 102, 50, 50, 1e300}, {50, 50, 50, 50, 105, 103, 0}, 7);
-    EXPECT_EQ(RecordsOf<EllipseRecord>(PlotOf(entry, viewport).list).size(), 3u);
+    EXPECT_EQ(RecordsOf<CircleRecord>(PlotOf(entry, viewport).list).size(), 3u);
     EXPECT_EQ(entry.pointPixels[0].column, -5);
     EXPECT_EQ(entry.pointPixels[6].column, 2147483647);
     FunctionEntry twice = EntryOf({50, 50.5, 50.25, 51}, {50, 50, 48.9, 50}, 7);
-    EXPECT_EQ(RecordsOf<EllipseRecord>(PlotOf(twice, viewport).list).size(), 3u);
+    EXPECT_EQ(RecordsOf<CircleRecord>(PlotOf(twice, viewport).list).size(), 3u);
 }
 
 TEST(FileFunction, SamplesOneValuePerColumnBetweenTheBounds) {
@@ -188,7 +185,7 @@ TEST(FileFunction, SurvivesExtremeWindowsAndPoints) {
                 EXPECT_EQ(entry.samples.size(),
                           static_cast<std::size_t>(std::min(size.width, 300)));
                 FunctionEntry empty = EntryOf({}, {}, method);
-                EXPECT_TRUE(RecordsOf<EllipseRecord>(
+                EXPECT_TRUE(RecordsOf<CircleRecord>(
                                 PlotOf(empty, MakeViewport(low, high, low, high, 9, 9)).list)
                                 .empty());
             }
@@ -207,7 +204,7 @@ TEST(FileFunction, KeepsAMillionPointsCheap) {
     const auto start = std::chrono::steady_clock::now();
     const Plot plot = PlotOf(entry, MakeViewport(-10, 10, -10, 10, 1920, 1080));
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
-    EXPECT_LT(RecordsOf<EllipseRecord>(plot.list).size(), 2000u);
+    EXPECT_LT(RecordsOf<CircleRecord>(plot.list).size(), 2000u);
     EXPECT_FALSE(plot.failure);
 }
 
@@ -226,7 +223,7 @@ TEST(FileFunction, StopsWhenItIsTold) {
     EXPECT_FALSE(plotFileFunction(entry, MakeViewport(-0.95, 0.97, -2, 2), Pen{}, stop, list));
     EXPECT_EQ(calls, 2);
     EXPECT_EQ(entry.samples.back().status, 1000);
-    EXPECT_FALSE(RecordsOf<EllipseRecord>(list).empty());
+    EXPECT_FALSE(RecordsOf<CircleRecord>(list).empty());
 }
 
 }  // namespace

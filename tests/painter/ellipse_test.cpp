@@ -12,7 +12,7 @@ namespace {
 constexpr Rgb kGrey = {130, 130, 130};
 constexpr Rgb kWhite = {255, 255, 255};
 
-EllipseRecord Ring(std::int32_t left, std::int32_t top, std::int32_t right, std::int32_t bottom) {
+EllipseRecord Ring(double left, double top, double right, double bottom) {
     return {Pen{kGrey, 1}, true, kWhite, left, top, right, bottom};
 }
 

@@ -25,7 +25,7 @@ TEST(LineClip, KeepsWhatLiesInsideAndCutsTheRest) {
         {{{kFar, kFar}, {kFar, kFar}}, std::nullopt},
     };
     for (const auto& row : rows) {
-        const auto line = ClipSegment(row.segment, bounds);
+        const auto line = ClipLine(PixelLine(row.segment), bounds);
         ASSERT_EQ(line.has_value(), row.line.has_value()) << row.segment.from.x;
         if (!line) continue;
         EXPECT_NEAR(line->x1(), row.line->x1(), 1e-4);

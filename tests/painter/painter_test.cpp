@@ -62,7 +62,7 @@ TEST(Painter, KeepsTheSlopeOfVeryLongLines) {
 TEST(Painter, LeavesNoGapsInWidePolylines) {
     const PolylineRecord line{Pen{kRed, 3}, {{5, 15}, {6, 5}, {7, 15}, {15, 15}}};
     const QImage picture = PaintPicture(ListOf(20, 20, {line}));
-    for (const PixelPoint& point : line.points)
+    for (const Position& point : line.points)
         EXPECT_EQ(picture.pixel(point.x, point.y), qRgb(255, 0, 0)) << point.x;
     for (int x = 7; x <= 15; ++x)
         EXPECT_EQ(picture.pixel(x, 15), qRgb(255, 0, 0)) << x;

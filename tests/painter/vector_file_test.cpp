@@ -26,9 +26,10 @@ DrawList Sample() {
     const Pen red{{255, 0, 0}, 3};
     const Pen blue{{0, 0, 255}, 1};
     list.records.emplace_back(EllipseRecord{blue, true, {255, 255, 255}, 60, 10, 100, 50});
-    list.records.emplace_back(PolylineRecord{red, {{10, 10}, {40, 10}, {10, kHuge}, {-kHuge, 70}}});
     list.records.emplace_back(
-        SegmentsRecord{blue, {{{0, 60}, {119, 60}}, {{50, -kHuge}, {50, kHuge}}}});
+        PolylineRecord{red, {{10, 10.5}, {40, 10.5}, {10, kHuge}, {-kHuge, 70}}});
+    list.records.emplace_back(
+        SegmentsRecord{blue, {{{0, 60.5}, {119, 60.5}}, {{50.5, -kHuge}, {50.5, kHuge}}}});
     list.records.emplace_back(PixelRunsRecord{{50, 205, 50}, {{70, 20, 30}, {71, 20, 30}}});
     list.records.emplace_back(TextRecord{5, 20, u"a<b>&\"c\"", {0, 0, 0}, 12});
     return list;
@@ -57,7 +58,7 @@ TEST(SvgFile, ShowsWhatThePictureShows) {
     renderer.render(&painter);
     painter.end();
     const QImage picture = PaintPicture(list);
-    for (const QPoint& at : {QPoint(25, 10), QPoint(30, 60), QPoint(50, 30), QPoint(35, 70),
+    for (const QPoint& at : {QPoint(25, 10), QPoint(30, 60), QPoint(50, 45), QPoint(35, 70),
                              QPoint(80, 30), QPoint(115, 5)}) {
         EXPECT_EQ(drawn.pixelColor(at), picture.pixelColor(at)) << at.x() << ' ' << at.y();
     }
@@ -113,7 +114,7 @@ TEST(VectorFiles, AreNotWrittenWhereTheyCannotBe) {
         EXPECT_FALSE(WritePdf(folder.filePath("a.pdf"), list));
     }
     for (const PictureFormat& format : PictureFormats()) {
-        const auto fill = [&](const TakeBytes& take) { return format.make(Sample(), take); };
+        const auto fill = [&](const TakeBytes& take) { return format.make(Sample(), {}, take); };
         EXPECT_EQ(WriteFileOrStream("/dev/full", fill).failure, "No space left on device")
             << format.suffix;
         EXPECT_TRUE(WriteFileOrStream("/dev/null", fill)) << format.suffix;

@@ -1,0 +1,159 @@
+// All crossings are improved together, so that each step is one evaluation over an array. A step is
+// that of the Illinois method (M. Dowell and P. Jarratt, A modified regula falsi method, BIT 11,
+// 1971), which halves the value at an end that stays for a second time; every third one halves the
+// interval, which bounds the number of steps whatever the function is. A crossing is done when its
+// value is small against those at both ends, or when its interval is short.
+#include "graph/contour_places.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kalvex {
+namespace {
+
+constexpr double kShort = 1.0 / 256.0;  ///< of a side, which is 0.7 pixels long
+constexpr double kSmall = 1.0 / 256.0;  ///< of the smaller one of both values
+constexpr int kMostSteps = 24;
+constexpr std::size_t kPiece = 4096;  ///< crossings that are improved together
+
+/// The interval of one crossing: parts of the side, and the values there.
+struct Bracket {
+    double low = 0.0;
+    double high = 1.0;
+    double lowValue = 0.0;
+    double highValue = 0.0;
+    bool isNegativeAtLow = false;
+    int stayed = 0;  ///< how often in a row the low (below 0) or the high end was kept
+    double place = 0.0;
+    bool isDone = false;
+};
+
+/// Values beyond this say nothing of where the sign changes; undefined values are among them.
+constexpr double kHuge = 1e29;
+
+bool IsUseful(const Bracket& bracket) {
+    return std::fabs(bracket.lowValue) < kHuge && std::fabs(bracket.highValue) < kHuge;
+}
+
+/// Where the straight line through both ends is 0; the middle where it says nothing.
+double Secant(const Bracket& bracket) {
+    const double middle = (bracket.low + bracket.high) / 2.0;
+    if (!IsUseful(bracket)) return middle;
+    const double part = bracket.lowValue / (bracket.lowValue - bracket.highValue);
+    const double place = bracket.low + part * (bracket.high - bracket.low);
+    return place >= bracket.low && place <= bracket.high ? place : middle;
+}
+
+void Narrow(Bracket& bracket, double value) {
+    const double smaller = std::min(std::fabs(bracket.lowValue), std::fabs(bracket.highValue));
+    const bool keepsLow = std::isnan(value) || (value < 0.0) != bracket.isNegativeAtLow;
+    if (keepsLow) {
+        bracket.high = bracket.place;
+        bracket.highValue = value;
+        bracket.stayed = std::min(bracket.stayed, 0) - 1;
+        if (bracket.stayed < -1) bracket.lowValue /= 2.0;
+    } else {
+        bracket.low = bracket.place;
+        bracket.lowValue = value;
+        bracket.stayed = std::max(bracket.stayed, 0) + 1;
+        if (bracket.stayed > 1) bracket.highValue /= 2.0;
+    }
+    bracket.isDone = std::fabs(value) <= kSmall * smaller || bracket.high - bracket.low < kShort;
+}
+
+Bracket BracketOf(const Crossing& crossing) {
+    Bracket bracket;
+    bracket.lowValue = crossing.from;
+    bracket.highValue = crossing.to;
+    bracket.isNegativeAtLow = crossing.from < 0.0;
+    bracket.place = Secant(bracket);
+    // A zero at an end is the place itself.
+    bracket.isDone = crossing.from == 0.0 || crossing.to == 0.0;
+    if (crossing.from == 0.0) bracket.place = 0.0;
+    if (crossing.to == 0.0) bracket.place = 1.0;
+    return bracket;
+}
+
+WorldPoint Between(const WorldPoint& from, const WorldPoint& to, double part) {
+    return {from.x + part * (to.x - from.x), from.y + part * (to.y - from.y)};
+}
+
+WorldPoint PlaceOn(const Crossing& crossing, const HalfPixelPoints& points, double part) {
+    const std::array<PixelPoint, 2> ends = EndsOf(crossing);
+    return Between(WorldOf(points, ends[0]), WorldOf(points, ends[1]), part);
+}
+
+void Improve(std::span<const Crossing> crossings, const HalfPixelPoints& points,
+             const CompiledExpression& expression, std::span<Bracket> brackets,
+             Interruption* interruption) {
+    std::vector<double> xs;
+    std::vector<double> ys;
+    std::vector<double> values;
+    for (int step = 1; step <= kMostSteps && !IsStopped(interruption); ++step) {
+        xs.clear();
+        ys.clear();
+        for (std::size_t i = 0; i < brackets.size(); ++i) {
+            if (brackets[i].isDone) continue;
+            const WorldPoint at = PlaceOn(crossings[i], points, brackets[i].place);
+            xs.push_back(at.x);
+            ys.push_back(at.y);
+        }
+        if (xs.empty()) return;
+        values.resize(xs.size());
+        EvaluatePoints(expression, xs, ys, values, interruption);
+        std::size_t next = 0;
+        for (Bracket& bracket : brackets) {
+            if (bracket.isDone) continue;
+            Narrow(bracket, values[next++]);
+            if (bracket.isDone && std::fabs(bracket.high - bracket.low) >= kShort) continue;
+            const bool halves = bracket.isDone || step % 3 == 2;
+            bracket.place = halves ? (bracket.low + bracket.high) / 2.0 : Secant(bracket);
+        }
+    }
+}
+
+}  // namespace
+
+HalfPixelPoints HalfPixelPointsOf(const Viewport& viewport) {
+    const ViewWindow& view = viewport.view;
+    const auto step = [](double low, double high, std::int32_t pixels) {
+        return pixels > 1 ? (high - low) / (pixels - 1.0) : 0.0;
+    };
+    return {view.Xmin, view.Ymax, step(view.Xmin, view.Xmax, viewport.ClientWidth),
+            step(view.Ymin, view.Ymax, viewport.ClientHeight)};
+}
+
+WorldPoint WorldOf(const HalfPixelPoints& points, const PixelPoint& halves) {
+    return {points.left + halves.x * 0.5 * points.stepX,
+            points.top - halves.y * 0.5 * points.stepY};
+}
+
+std::array<PixelPoint, 2> EndsOf(const Crossing& crossing) {
+    constexpr std::array<PixelPoint, 5> kMiddles = {{{-1, 0}, {0, -1}, {1, 0}, {0, 1}, {-1, 0}}};
+    const auto edge = static_cast<std::size_t>(crossing.edge);
+    const auto end = [&](const PixelPoint& middle) {
+        return PixelPoint{2 * crossing.column + middle.x, 2 * crossing.row + middle.y};
+    };
+    return {end(kMiddles[edge]), end(kMiddles[edge + 1])};
+}
+
+std::vector<WorldPoint> PlacesOf(std::span<const Crossing> crossings, const HalfPixelPoints& points,
+                                 const CompiledExpression& expression, ContourAccuracy accuracy,
+                                 Interruption* interruption) {
+    std::vector<WorldPoint> places;
+    places.reserve(crossings.size());
+    std::vector<Bracket> brackets;
+    for (std::size_t first = 0; first < crossings.size(); first += kPiece) {
+        const auto piece = crossings.subspan(first, std::min(kPiece, crossings.size() - first));
+        brackets.clear();
+        for (const Crossing& crossing : piece)
+            brackets.push_back(BracketOf(crossing));
+        if (accuracy == ContourAccuracy::Exact)
+            Improve(piece, points, expression, brackets, interruption);
+        for (std::size_t i = 0; i < piece.size(); ++i)
+            places.push_back(PlaceOn(piece[i], points, brackets[i].place));
+    }
+    return places;
+}
+
+}  // namespace kalvex

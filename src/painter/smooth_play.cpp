@@ -1,0 +1,236 @@
+// Curves become pieces of connected lines. On an image they are painted by coverage.h, which is
+// many times faster than QPainter's stroker; on other devices each record is one path. Lines are
+// clipped before, because neither can draw very large coordinates. Neighbouring records of one
+// colour are painted together.
+#include "painter/smooth_play.h"
+
+#include <QPainter>
+#include <QPainterPath>
+#include <algorithm>
+#include <cmath>
+
+#include "painter/coverage.h"
+#include "painter/direct_image.h"
+#include "painter/ellipse_arcs.h"
+#include "painter/line_clip.h"
+#include "painter/qt_color.h"
+#include "painter/text_font.h"
+
+namespace kalvex {
+namespace {
+
+/// The state while a list is drawn.
+struct Stage {
+    QPainter& painter;
+    QRectF bounds;  ///< what lies outside cannot be seen
+    DirectImage target = {};
+    CoverageMask mask = {};
+    Rgb covering = {};  ///< the colour of what the mask has
+};
+
+/// Paints what was collected of a colour.
+void Flush(Stage& stage) {
+    if (stage.mask.firstRow == stage.mask.endRow) return;
+    QImage& image = *stage.target.image;
+    const Rgb& c = stage.covering;
+    const std::uint32_t color = std::uint32_t{c.red} << 16 | std::uint32_t{c.green} << 8 | c.blue;
+    PaintCovered(stage.mask, color, reinterpret_cast<std::uint32_t*>(image.bits()),
+                 image.bytesPerLine() / 4);
+}
+
+/// The mask, empty or with parts of this colour.
+CoverageMask& MaskFor(Stage& stage, const Rgb& color) {
+    if (stage.covering != color) Flush(stage);
+    stage.covering = color;
+    return stage.mask;
+}
+
+QPen PenOf(const Pen& pen) {
+    return QPen(ToQColor(pen.color), std::max(pen.width, 1), Qt::SolidLine, Qt::RoundCap,
+                Qt::RoundJoin);
+}
+
+/// Adds lines to the mask or to the path, whichever the device needs.
+struct Brush {
+    Stage& stage;
+    Pen pen;
+    CoverageMask* mask = nullptr;
+    QPainterPath path = {};
+};
+
+Brush BrushOf(Stage& stage, const Pen& pen) {
+    Brush brush{stage, pen};
+    if (stage.target.image != nullptr) brush.mask = &MaskFor(stage, pen.color);
+    return brush;
+}
+
+void Add(Brush& brush, const QLineF& whole) {
+    const auto line = ClipLine(whole, brush.stage.bounds);
+    if (!line) return;
+    if (brush.mask != nullptr) {
+        const double ratio = brush.stage.target.ratio;
+        CoverLine(*brush.mask, line->x1() * ratio, line->y1() * ratio, line->x2() * ratio,
+                  line->y2() * ratio, std::max(brush.pen.width, 1) * ratio);
+        return;
+    }
+    QPainterPath& path = brush.path;
+    if (path.isEmpty() || path.currentPosition() != line->p1()) path.moveTo(line->p1());
+    path.lineTo(line->p2());
+}
+
+void Finish(const Brush& brush) {
+    if (!brush.path.isEmpty()) brush.stage.painter.strokePath(brush.path, PenOf(brush.pen));
+}
+
+/// A line of the grid or of an axis on whole device pixels. Both ends reach half a pen beyond.
+DeviceRect HairlineRect(const QLineF& line, std::int32_t penWidth, double ratio) {
+    const double width = std::max(1.0, std::floor(std::max(penWidth, 1) * ratio));
+    const auto first = [&](double a, double b) {
+        return std::llround(std::min(a, b) * ratio - width / 2.0);
+    };
+    const auto length = [&](double a, double b) {
+        return std::llround(std::fabs(b - a) * ratio + width);
+    };
+    const std::int64_t left = first(line.x1(), line.x2());
+    const std::int64_t top = first(line.y1(), line.y2());
+    return {left, top, left + length(line.x1(), line.x2()), top + length(line.y1(), line.y2())};
+}
+
+bool IsHairline(const Stage& stage, const RecordOrigin& origin) {
+    return stage.target.image != nullptr &&
+           (origin.layer == DrawLayer::Grid || origin.layer == DrawLayer::Axes);
+}
+
+void Play(Stage& stage, const SegmentsRecord& record) {
+    if (IsHairline(stage, record.origin)) {
+        Flush(stage);
+        for (const Segment& segment : record.segments) {
+            if (const auto line = ClipLine(ExactLine(segment), stage.bounds))
+                Fill(stage.target, HairlineRect(*line, record.pen.width, stage.target.ratio),
+                     record.pen.color);
+        }
+        return;
+    }
+    Brush brush = BrushOf(stage, record.pen);
+    for (const Segment& segment : record.segments)
+        Add(brush, ExactLine(segment));
+    Finish(brush);
+}
+
+void Play(Stage& stage, const PolylineRecord& record) {
+    Brush brush = BrushOf(stage, record.pen);
+    for (std::size_t i = 1; i < record.points.size(); ++i)
+        Add(brush, ExactLine({record.points[i - 1], record.points[i]}));
+    Finish(brush);
+}
+
+void Play(Stage& stage, const CircleRecord& record) {
+    const double x = record.centre.x;
+    const double y = record.centre.y;
+    if (!stage.bounds.contains(QPointF(x, y))) return;
+    if (stage.target.image != nullptr) {
+        const double ratio = stage.target.ratio;
+        CoverCircle(MaskFor(stage, record.pen.color), x * ratio, y * ratio, record.radius * ratio,
+                    record.pen.width * ratio);
+        return;
+    }
+    stage.painter.setPen(PenOf(record.pen));
+    stage.painter.setBrush(Qt::NoBrush);
+    stage.painter.drawEllipse(QPointF(x, y), record.radius, record.radius);
+}
+
+/// The inside is left out: rings about one centre do not meet, and the ground is white.
+void Play(Stage& stage, const EllipseRecord& record) {
+    Brush brush = BrushOf(stage, record.pen);
+    for (const QLineF& line : EllipseArcs(record, stage.bounds))
+        Add(brush, line);
+    Finish(brush);
+}
+
+void FillRuns(Stage& stage, const std::vector<PixelRun>& runs, const Rgb& color) {
+    if (runs.empty()) return;
+    if (stage.target.image != nullptr) {
+        Flush(stage);
+        for (const PixelRun& run : runs)
+            Fill(stage.target, RectOf(run, stage.target.ratio), color);
+        return;
+    }
+    QPainterPath path;
+    path.setFillRule(Qt::WindingFill);
+    for (const PixelRun& run : runs)
+        path.addRect(run.column, run.row, run.length, 1);
+    stage.painter.fillPath(path, ToQColor(color));
+}
+
+void Play(Stage& stage, const PixelRunsRecord& record) {
+    if (!record.contours) return FillRuns(stage, record.runs, record.color);
+    FillRuns(stage, record.contours->filled, record.color);
+    Brush brush = BrushOf(stage, {record.color, 1});
+    std::size_t first = 0;
+    for (const std::size_t end : record.contours->ends) {
+        const std::vector<Position>& points = record.contours->points;
+        if (end - first == 1) Add(brush, ExactLine({points[first], points[first]}));
+        for (std::size_t i = first + 1; i < end; ++i)
+            Add(brush, ExactLine({points[i - 1], points[i]}));
+        first = end;
+    }
+    Finish(brush);
+}
+
+/// A ground on which a text can be read and what lies below can still be followed.
+void PaintGround(QPainter& painter, const QRectF& box) {
+    constexpr int kOpacity = 190;
+    constexpr double kCorner = 2.0;
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(255, 255, 255, kOpacity));
+    painter.drawRoundedRect(box.adjusted(-1.0, 0.0, 1.0, 0.0), kCorner, kCorner);
+}
+
+void Play(Stage& stage, const TextRecord& record) {
+    const bool isImage = stage.target.image != nullptr;
+    if (record.covered || (isImage && !stage.bounds.contains(QPointF(record.x, record.y)))) return;
+    Flush(stage);
+    QFont font = PictureFont(record.height);
+    // The generic name is one that every viewer of a drawing knows.
+    if (!isImage) font.setFamily("sans-serif");
+    QPainter& painter = stage.painter;
+    painter.setFont(font);
+    const QFontMetricsF metrics = painter.fontMetrics();
+    const QString text = QString::fromStdU16String(record.text);
+    PaintGround(painter,
+                QRectF(record.x, record.y, metrics.horizontalAdvance(text), metrics.height()));
+    painter.setPen(ToQColor(record.color));
+    painter.drawText(QPointF(record.x, record.y + metrics.ascent()), text);
+}
+
+bool IsOf(const DrawRecord& record, DrawLayer layer) {
+    return std::visit([layer](const auto& one) { return one.origin.layer == layer; }, record);
+}
+
+}  // namespace
+
+void PlaySmooth(QPainter& painter, const DrawList& list) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    // The margin is wider than the widest pen, so the clipped end of a line is never visible.
+    constexpr double kMargin = 80.0;
+    Stage stage{painter,
+                QRectF(-kMargin, -kMargin, list.width + 2 * kMargin, list.height + 2 * kMargin)};
+    stage.target = DirectImageOf(painter);
+    if (const QImage* const image = stage.target.image)
+        stage.mask = MakeCoverageMask(image->width(), image->height());
+    const auto play = [&](const DrawRecord& record) {
+        std::visit([&](const auto& one) { Play(stage, one); }, record);
+    };
+    const auto isText = [](const DrawRecord& record) {
+        return IsOf(record, DrawLayer::Numbers) || IsOf(record, DrawLayer::Name);
+    };
+    for (const DrawRecord& record : list.records)
+        if (!isText(record)) play(record);
+    for (const DrawRecord& record : list.records)
+        if (isText(record)) play(record);
+    Flush(stage);
+    painter.restore();
+}
+
+}  // namespace kalvex
