@@ -1,10 +1,11 @@
-# Makes the list of the flags that leave a part of the picture out, in the form that the completion of
+# Makes the list of the flags that change what a picture shows, in the form that the completion of
 # each shell needs. The flags are read from the table of options, so that no list is kept by hand.
 set(table ${PROJECT_SOURCE_DIR}/src/workspace/option_rows.h)
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${table})
 file(READ ${table} rows)
-# .tool = {PLACE, "--no-NAME", "HELP."}
-string(REGEX MATCHALL "[0-9]+,[ \n]*\"--no-[a-z-]+\",[ \n]*\"[^\"]+\\.\"" flags "${rows}")
+# A flag has no word for a value behind its help:
+# .tool = {PLACE, "--NAME", "HELP."}  or  .tool = {PLACE, "--NAME", "HELP.", {}, 0, NUMBER}
+string(REGEX MATCHALL "[0-9]+,[ \n]*\"--[a-z-]+\",[ \n]*\"[^\"]+\\.\"(}|,[ \n]*{})" flags "${rows}")
 list(SORT flags COMPARE NATURAL)
 if(NOT flags)
   message(FATAL_ERROR "The table of options has no flags of the tool.")
@@ -15,7 +16,7 @@ set(KALVEX_ZSH_FLAGS)
 set(KALVEX_FISH_FLAGS)
 foreach(flag ${flags})
   string(REGEX REPLACE "^[^\"]*\"(--[a-z-]+)\".*" "\\1" name "${flag}")
-  string(REGEX REPLACE ".*\"([^\"]+)\\.\"$" "\\1" help "${flag}")
+  string(REGEX REPLACE ".*\"([^\"]+)\\.\"[^\"]*$" "\\1" help "${flag}")
   string(SUBSTRING "${help}" 0 1 initial)
   string(SUBSTRING "${help}" 1 -1 rest)
   string(TOLOWER "${initial}" initial)

@@ -136,7 +136,8 @@ void AddTableOptions(CLI::App& command, Options& options) {
     for (const OptionRow* const row : rows) {
         if (!row->tool.value.empty()) continue;
         CLI::Option* const flag = command.add_flag_callback(
-            std::string(row->tool.name), [&options, row] { SetValue(options, *row, 0.0); },
+            std::string(row->tool.name),
+            [&options, row] { SetValue(options, *row, row->tool.flagSets); },
             std::string(row->tool.help));
         if (row->kind == OptionKind::GridKind) flag->excludes(kind);
     }

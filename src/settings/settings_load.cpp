@@ -1,7 +1,8 @@
 // Each kind of value has a reader with a default, so only the damaged fields of a store get their
 // defaults. The message about a damaged store follows two rules. A key that cannot be opened and a
 // number of a function key show it and set the flag that suppresses it from then on. A value of the
-// main key and a real parameter of a function show it too, but do not set the flag.
+// main key and a real parameter of a function show it too, but do not set the flag. An option that
+// earlier versions did not have may be missing without a message.
 #include <cmath>
 
 #include "numbers/decimal.h"
@@ -41,9 +42,9 @@ bool OpenKey(Loader& loader, std::string key) {
     return false;
 }
 
-std::int32_t MainNumber(Loader& loader, std::string_view name, std::int32_t fallback) {
-    const auto value = loader.registry.readNumber(loader.key, name);
-    if (!value) ReportValue(loader);
+std::int32_t OptionNumber(Loader& loader, const OptionRow& row, std::int32_t fallback) {
+    const auto value = loader.registry.readNumber(loader.key, row.name);
+    if (!value && !row.mayBeMissing) ReportValue(loader);
     return value.value_or(fallback);
 }
 
@@ -79,7 +80,7 @@ void LoadOptions(Loader& loader, Options& options) {
     for (const OptionRow& row : kOptionRows) {
         // KEEP: `Resolution` is stored but never loaded; it has its built-in value at each start.
         if (row.kind == OptionKind::WriteOnly || row.kind == OptionKind::Range) continue;
-        const std::int32_t number = MainNumber(loader, row.name, StoredNumberOf(options, row));
+        const std::int32_t number = OptionNumber(loader, row, StoredNumberOf(options, row));
         SetValue(options, row, AsLoaded(row.kind, number));
     }
 }

@@ -58,8 +58,9 @@ struct ToolFlag {
     int place = 0;  ///< in the tool's help; 0: the tool cannot set the option
     std::string_view name = {};
     std::string_view help = {};
-    std::string_view value = {};  ///< the word for its value; empty: a flag that sets 0
+    std::string_view value = {};  ///< the word for its value; empty: a flag, which has none
     std::int32_t largest = 0;     ///< the largest whole number that it takes; the smallest is 1
+    std::int32_t flagSets = 0;    ///< the number that a flag sets
 };
 
 struct OptionRow {
@@ -69,7 +70,14 @@ struct OptionRow {
     int saved = 0;  ///< place in the order in which `Save` stores the options; 0: not stored by it
     OptionControl control = {};
     ToolFlag tool = {};
+    /// Stores of earlier versions do not have the value. When it is missing, the option gets its
+    /// default, and nothing is reported.
+    bool mayBeMissing = false;
 };
+
+/// The place of the box "Polar grid" in the order of the dialog. It has no row: together with the
+/// box of `Setka` it makes that option.
+inline constexpr int kPolarGridPlace = 13;
 
 inline constexpr std::array<OptionChoice, 2> kLineWidths = {
     {{StringId::OnePixel, 1}, {StringId::TwoPixels, 2}}};
@@ -170,6 +178,23 @@ inline constexpr std::array kOptionRows = std::to_array<OptionRow>({
      .field = &Options::MaxParam,
      .kind = OptionKind::Range,
      .control = {5, ControlKind::NumberField, "maxParam", 1001, StringId::OptionMaxParam}},
+    {.name = "FineGrid",
+     .field = &Options::FineGrid,
+     .saved = 12,
+     .control = {14, ControlKind::GraphBox, "fineGrid", 1080, StringId::OptionFineGrid},
+     .tool = {10,
+              "--fine-grid",
+              "Draw grid lines at the steps of the numbers, and finer ones.",
+              {},
+              0,
+              1},
+     .mayBeMissing = true},
+    {.name = "Smooth",
+     .field = &Options::Smooth,
+     .saved = 13,
+     .control = {15, ControlKind::GraphBox, "smooth", 1081, StringId::OptionSmooth},
+     .tool = {11, "--pixels", "Draw a .png picture pixel by pixel, as a .bmp is."},
+     .mayBeMissing = true},
 });
 
 /// The place of an option in the table; the size of the table for a field that has no row.

@@ -21,6 +21,9 @@ struct Options {
     std::int32_t Resolution = 1;  ///< written, never read back
     double MinParam = 0.0;        ///< parameter range of Parametric curves
     double MaxParam = 6.283185307179586;
+    std::uint8_t FineGrid =
+        0;  ///< the rectangular grid at the steps of the numbers, with finer lines
+    std::uint8_t Smooth = 1;  ///< curves at their true positions with soft edges
 };
 
 inline constexpr std::int32_t kWidestPen = 64;     ///< largest `Wight` that is drawn

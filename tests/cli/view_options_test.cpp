@@ -25,11 +25,21 @@ TEST(ViewOptions, SetTheOptionOfTheirRowAndNoOther) {
         if (!row->tool.value.empty()) words.push_back(std::to_string(row->tool.largest));
         const Options options = Parsed(words);
         for (const OptionRow& any : kOptionRows) {
-            const double set = row->tool.value.empty() ? 0.0 : row->tool.largest;
+            const double set = row->tool.value.empty() ? row->tool.flagSets : row->tool.largest;
             const double expected = any.name == row->name ? set : ValueOf(Options{}, any);
             EXPECT_EQ(ValueOf(options, any), expected) << row->tool.name << " " << any.name;
         }
     }
+}
+
+TEST(ViewOptions, AreFlagsThatSwitchOffOrOn) {
+    const auto [noGrid, fineGrid, pixels] =
+        std::tuple{Parsed({"--no-grid"}), Parsed({"--fine-grid"}), Parsed({"--pixels"})};
+    EXPECT_EQ(int{noGrid.Setka}, 0);
+    EXPECT_EQ(int{noGrid.FineGrid}, 0);
+    EXPECT_EQ(int{noGrid.Smooth}, 1);
+    EXPECT_EQ(int{fineGrid.FineGrid}, 1);
+    EXPECT_EQ(int{pixels.Smooth}, 0);
 }
 
 TEST(ViewOptions, RefuseNumbersOutsideTheirRange) {

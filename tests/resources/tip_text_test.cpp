@@ -68,6 +68,11 @@ TEST(SplitTip, OfTheOptions) {
          u"Choose the type of interpolation"},
         {StringId::OptionPolarGrid, u"Polar grid",
          u"Draw the grid as circles about the origin instead of lines"},
+        {StringId::OptionFineGrid, u"Fine grid",
+         u"Draw the lines of the grid at the steps of the numbers, with lighter lines between "
+         u"them"},
+        {StringId::OptionSmooth, u"Smooth",
+         u"Draw curves at their true positions with soft edges instead of pixel by pixel"},
     };
     for (const auto& row : rows) {
         const CaptionAndTip split = SplitTip(Text(row.id));

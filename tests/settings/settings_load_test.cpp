@@ -338,6 +338,23 @@ TEST(LoadSettings, BringsFlagsAndTheGridIntoRange) {
     }
 }
 
+// Stores of earlier versions do not have them.
+TEST(LoadSettings, TakesTheDefaultOfALaterOptionWithoutAMessage) {
+    for (const auto& [name, field, byDefault] :
+         {std::tuple{"FineGrid", &Options::FineGrid, 0}, {"Smooth", &Options::Smooth, 1}}) {
+        const FaultyRegistry faulty = MakeFilledRegistry();
+        Workspace workspace;
+        ShownBoxes shown;
+        static_cast<void>(StoreOption(faulty.registry, name, 1 - byDefault));
+        LoadSettings(faulty.registry, workspace, shown.show);
+        EXPECT_EQ(int{workspace.options.*field}, 1 - byDefault) << name;
+        *faulty.fails = Exactly(std::string("readNumber /") + name);
+        LoadSettings(faulty.registry, workspace, shown.show);
+        EXPECT_EQ(int{workspace.options.*field}, byDefault) << name;
+        EXPECT_TRUE(shown.boxes->empty()) << name;
+    }
+}
+
 TEST(LoadSettings, NeverReadsTheResolution) {
     const FaultyRegistry faulty = MakeFilledRegistry();
     static_cast<void>(StoreOption(faulty.registry, "Resolution", 5));

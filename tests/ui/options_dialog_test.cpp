@@ -52,6 +52,11 @@ constexpr BoxRow kBoxes[] = {
     {"Grid", "Determine whether to display the grid on the screen", 1021},
     {"Deriv.", "Determine whether to show the derivative on the screen in Trace mjde", 1023},
     {"Axes", "Determine whether to show the coordinate axes on the screen", 1020},
+    {"Fine grid",
+     "Draw the lines of the grid at the steps of the numbers, with lighter lines between them",
+     1080},
+    {"Smooth", "Draw curves at their true positions with soft edges instead of pixel by pixel",
+     1081},
 };
 
 }  // namespace
@@ -101,9 +106,11 @@ class OptionsDialogTest final : public QObject {
         QCOMPARE(QApplication::focusWidget(), program.List(1036));
         std::vector<int> expected;
         for (const OptionRow* const row : RowsInOrder(PlaceInDialog)) {
-            if (row->control.kind != ControlKind::HiddenList) expected.push_back(row->control.id);
+            if (row->control.kind == ControlKind::HiddenList) continue;
+            if (row->control.id == 1080) expected.push_back(0);  // "Polar grid"
+            expected.push_back(row->control.id);
         }
-        expected.insert(expected.end(), {0, 32838, 32840, expected.front()});
+        expected.insert(expected.end(), {32838, 32840, expected.front()});
         std::vector<int> order;
         for (std::size_t i = 0; i < expected.size(); ++i) {
             order.push_back(QApplication::focusWidget()->property("controlId").toInt());
@@ -146,7 +153,7 @@ class OptionsDialogTest final : public QObject {
         QCOMPARE(program.Field(1000)->text(), QString("-0.666667"));
         QCOMPARE(program.Field(1001)->text(), QString("1000000.000000"));
         for (const BoxRow& row : kBoxes)
-            QCOMPARE(program.Box(row.id)->isChecked(), row.id != 1022);
+            QCOMPARE(program.Box(row.id)->isChecked(), row.id != 1022 && row.id != 1080);
         QVERIFY(!program.PolarGrid()->isChecked() && program.PolarGrid()->isEnabled());
     }
     void ADamagedStoreChoosesNothingAndIsKept() {

@@ -73,6 +73,30 @@ class OptionsSaveTest final : public QObject {
         program.SaveAndClose();
         QCOMPARE(program.Stored("Setka"), 1);
     }
+    void TheLaterBoxesAreStored() {
+        OptionsProgram program;
+        program.Open();
+        program.Tap(program.Box(1080));
+        program.Tap(program.Box(1081));
+        program.SaveAndClose();
+        QCOMPARE(program.Stored("FineGrid"), 1);
+        QCOMPARE(int{program.Now().FineGrid}, 1);
+        QCOMPARE(program.Stored("Smooth"), 0);
+        QCOMPARE(int{program.Now().Smooth}, 0);
+        program.Open();
+        QVERIFY(program.Box(1080)->isChecked() && !program.Box(1081)->isChecked());
+    }
+    void OnlyAGridOfLinesHasFinerOnes() {
+        OptionsProgram program;
+        program.Open();
+        QVERIFY(program.Box(1080)->isEnabled());
+        program.Tap(program.PolarGrid());
+        QVERIFY(!program.Box(1080)->isEnabled());
+        program.Tap(program.PolarGrid());
+        QVERIFY(program.Box(1080)->isEnabled());
+        program.Tap(program.Box(1021));
+        QVERIFY(!program.Box(1080)->isEnabled());
+    }
     void ARefusedRangeLeavesTheRestStored() {
         OptionsProgram program;
         program.Open();

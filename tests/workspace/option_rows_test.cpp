@@ -36,6 +36,8 @@ TEST(OptionRows, AreLoadedInAFixedOrderIntoTheirFields) {
         {"Resolution", &Options::Resolution},
         {"MinParam", &Options::MinParam},
         {"MaxParam", &Options::MaxParam},
+        {"FineGrid", &Options::FineGrid},
+        {"Smooth", &Options::Smooth},
     };
     ASSERT_EQ(kOptionRows.size(), std::size(expected));
     for (std::size_t i = 0; i < kOptionRows.size(); ++i) {
@@ -51,12 +53,13 @@ TEST(OptionRows, AreSavedShownAndOfferedInFixedOrders) {
     } rows[] = {
         {PlaceInSave,
          {"Axex", "Label", "Setka", "Coord", "Diff", "ColorText", "TextSize", "Wight",
-          "InterpolationType", "Resolution", "MaxAngle"}},
+          "InterpolationType", "Resolution", "MaxAngle", "FineGrid", "Smooth"}},
         {PlaceInDialog,
          {"Wight", "MaxAngle", "TextSize", "MinParam", "MaxParam", "ColorText", "Label", "Coord",
-          "Setka", "Diff", "Axex", "InterpolationType"}},
+          "Setka", "Diff", "Axex", "InterpolationType", "FineGrid", "Smooth"}},
         {PlaceInTool,
-         {"MaxAngle", "MinParam", "Wight", "TextSize", "Axex", "Setka", "Coord", "Label"}},
+         {"MaxAngle", "MinParam", "Wight", "TextSize", "Axex", "Setka", "Coord", "Label",
+          "FineGrid", "Smooth"}},
     };
     for (const auto& row : rows) {
         const auto ordered = RowsInOrder(row.placeOf);
@@ -77,6 +80,7 @@ TEST(OptionRows, HaveNamesAndNumbersOfTheirOwn) {
         const OptionRow& row = kOptionRows[i];
         EXPECT_EQ(OptionIndex(row.field), i) << row.name << " shares a field";
         EXPECT_TRUE(names.insert(row.name).second) << row.name;
+        EXPECT_NE(row.control.place, kPolarGridPlace) << row.name;
         if (row.control.place != 0) {
             EXPECT_TRUE(controls.insert(row.control.name).second) << row.name;
             EXPECT_TRUE(ids.insert(row.control.id).second) << row.name;
@@ -85,6 +89,7 @@ TEST(OptionRows, HaveNamesAndNumbersOfTheirOwn) {
             EXPECT_TRUE(flags.insert(row.tool.name).second) << row.name;
             EXPECT_TRUE(row.tool.name.starts_with("--") && row.tool.help.ends_with('.'))
                 << row.name;
+            EXPECT_TRUE(row.tool.value.empty() || row.tool.flagSets == 0) << row.name;
         }
     }
 }

@@ -87,7 +87,28 @@ QWidget* AddControl(FormDialog& dialog, const OptionRow& row, const ControlState
     return field;
 }
 
-/// The check boxes of the group in two columns, and the box of the grid's kind behind them.
+TipCheckBox* NewPolarBox(QWidget* parent, bool checked) {
+    auto* const box = new TipCheckBox(Text(StringId::OptionPolarGrid), parent);
+    box->setObjectName("polarGrid");
+    box->setChecked(checked);
+    return box;
+}
+
+/// A grid that is not shown has no kind to choose, and only one of lines has finer lines.
+void ConnectGridBoxes(const OptionsControls& controls) {
+    auto* const grid = qobject_cast<QCheckBox*>(controls.of[OptionIndex(&Options::Setka)]);
+    QCheckBox* const polar = controls.polarGrid;
+    QWidget* const fine = controls.of[OptionIndex(&Options::FineGrid)];
+    const auto update = [grid, polar, fine] {
+        polar->setEnabled(grid->isChecked());
+        fine->setEnabled(grid->isChecked() && !polar->isChecked());
+    };
+    update();
+    QObject::connect(grid, &QCheckBox::toggled, grid, update);
+    QObject::connect(polar, &QCheckBox::toggled, polar, update);
+}
+
+/// The check boxes of the group in two columns.
 void AddGroup(FormDialog& dialog, const OptionsInput& shown, OptionsControls& controls) {
     auto* const group = new QGroupBox(TextOf(StringId::OptionShowGroup), &dialog);
     Name(*group, "showOnGraph", 1069);
@@ -98,20 +119,17 @@ void AddGroup(FormDialog& dialog, const OptionsInput& shown, OptionsControls& co
         grid->addWidget(box, place / 2, place % 2);
     };
     for (const OptionRow* const row : RowsInOrder(PlaceInDialog)) {
+        if (controls.polarGrid == nullptr && row->control.place > kPolarGridPlace) {
+            controls.polarGrid = NewPolarBox(group, shown.polarGrid);
+            add(controls.polarGrid);
+        }
         if (row->control.kind != ControlKind::GraphBox) continue;
         QCheckBox* const box = NewBox(group, *row, ControlOf(shown, row->field).checked);
         Name(*box, row->control.name, row->control.id);
         controls.of[OptionIndex(row->field)] = box;
         add(box);
     }
-    controls.polarGrid = new TipCheckBox(Text(StringId::OptionPolarGrid), group);
-    controls.polarGrid->setObjectName("polarGrid");
-    controls.polarGrid->setChecked(shown.polarGrid);
-    add(controls.polarGrid);
-    // A grid that is not shown has no kind to choose.
-    auto* const gridBox = qobject_cast<QCheckBox*>(controls.of[OptionIndex(&Options::Setka)]);
-    controls.polarGrid->setEnabled(gridBox->isChecked());
-    QObject::connect(gridBox, &QCheckBox::toggled, controls.polarGrid, &QWidget::setEnabled);
+    ConnectGridBoxes(controls);
     dialog.AddWide(group);
 }
 
