@@ -43,6 +43,8 @@ Options TakeOptions(Input& input) {
     options.Setka = TakeByte(input);
     options.Label = TakeByte(input);
     options.Diff = TakeByte(input);
+    // No byte of its own, so that older inputs keep their meaning.
+    options.FineGrid = options.Diff % 2;
     options.TextSize = TakeWhole(input);
     options.Wight = TakeWhole(input);
     // The number of samples grows with it, and so would the time.

@@ -53,7 +53,7 @@ void AddTicksY(const Viewport& viewport, std::vector<Segment>& segments) {
 
 }  // namespace
 
-void DrawAxes(const Viewport& viewport, DrawList& list) {
+void DrawAxes(const Viewport& viewport, DrawList& list, std::span<const Segment> numberTicks) {
     const ViewWindow& view = viewport.view;
     if (!HasUsableMapping(view)) return;
     const double width = viewport.ClientWidth;
@@ -65,6 +65,7 @@ void DrawAxes(const Viewport& viewport, DrawList& list) {
     // KEEP: the ticks are drawn even when their axis is not.
     if (IsNearPicture(view.OriginY, viewport.ClientHeight)) AddTicksX(viewport, lines.segments);
     if (IsNearPicture(view.OriginX, viewport.ClientWidth)) AddTicksY(viewport, lines.segments);
+    lines.segments.insert(lines.segments.end(), numberTicks.begin(), numberTicks.end());
     if (!lines.segments.empty()) list.records.emplace_back(std::move(lines));
 }
 

@@ -8,6 +8,7 @@
 #include "graph/axes.h"
 #include "graph/coordinates.h"
 #include "graph/curves.h"
+#include "graph/fine_grid.h"
 #include "graph/grid.h"
 #include "graph/implicit.h"
 #include "graph/legend.h"
@@ -28,12 +29,24 @@ void DrawAs(const RecordOrigin& origin, DrawList& list, const Step& step) {
 
 void DrawBackground(const Viewport& viewport, const Options& options, const MeasureText& measure,
                     DrawList& list) {
-    DrawAs({DrawLayer::Grid}, list, [&] { DrawGrid(viewport, options.Setka, list); });
+    // The lines of the fine grid stand at the numbers, even when the numbers are not shown.
+    const bool fine = options.FineGrid != 0 && options.Setka == 1;
+    NumberLayout layout;
+    if (options.Coord != 0 || fine) layout = LayoutNumbers(viewport, measure, fine);
+    DrawAs({DrawLayer::Grid}, list, [&] {
+        if (fine) {
+            DrawFineGrid(viewport, layout.stepX, layout.stepY, list);
+        } else {
+            DrawGrid(viewport, options.Setka, list);
+        }
+    });
+    if (options.Coord == 0) layout = {};
     DrawAs({DrawLayer::Axes}, list, [&] {
-        if (options.Axex != 0) DrawAxes(viewport, list);
+        if (options.Axex != 0) DrawAxes(viewport, list, layout.ticks);
     });
     DrawAs({DrawLayer::Numbers}, list, [&] {
-        if (options.Coord != 0) DrawCoordinates(viewport, measure, list);
+        for (TextRecord& number : layout.numbers)
+            list.records.emplace_back(std::move(number));
     });
 }
 

@@ -119,6 +119,21 @@ std::string Format(double value, std::chars_format format, int precision) {
     return text;
 }
 
+/// The number sign digits 10^power. The last digit is not 0.
+struct DecimalDigits {
+    std::string sign;
+    std::string digits;
+    int power = 0;
+};
+
+DecimalDigits DigitsOf(std::int64_t n, int exponent) {
+    const std::string text = std::to_string(n);
+    const std::size_t start = n < 0 ? 1 : 0;
+    const std::size_t end = text.find_last_not_of('0') + 1;
+    return {text.substr(0, start), text.substr(start, end - start),
+            exponent + static_cast<int>(text.size() - end)};
+}
+
 }  // namespace
 
 DecimalPrefix ParseDecimalPrefix(std::u16string_view text) {
@@ -159,6 +174,25 @@ std::string FormatShortest(double value) {
         plain ? std::to_chars(text, text + sizeof text, value, std::chars_format::fixed)
               : std::to_chars(text, text + sizeof text, value);
     return {text, result.ptr};
+}
+
+std::string FormatPlain(std::int64_t n, int exponent) {
+    if (n == 0) return "0";
+    const auto [sign, digits, power] = DigitsOf(n, exponent);
+    if (power >= 0) return sign + digits + std::string(static_cast<std::size_t>(power), '0');
+    const auto places = static_cast<std::size_t>(-power);
+    if (places >= digits.size())
+        return sign + "0." + std::string(places - digits.size(), '0') + digits;
+    const std::size_t whole = digits.size() - places;
+    return sign + digits.substr(0, whole) + "." + digits.substr(whole);
+}
+
+std::string FormatScientific(std::int64_t n, int exponent) {
+    if (n == 0) return "0";
+    const auto [sign, digits, power] = DigitsOf(n, exponent);
+    const std::string fraction = digits.size() > 1 ? "." + digits.substr(1) : "";
+    const int leading = power + static_cast<int>(digits.size()) - 1;
+    return sign + digits.substr(0, 1) + fraction + "e" + std::to_string(leading);
 }
 
 }  // namespace kalvex

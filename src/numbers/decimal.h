@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -40,5 +41,13 @@ struct DecimalPrefix {
 /// The shortest text that reads back as the same double. It has no exponent when the magnitude lies
 /// in [1e-5, 1e15). A zero of either sign is "0".
 [[nodiscard]] std::string FormatShortest(double value);
+
+/// n 10^exponent, exactly and without an exponent: "1200", "-0.05". No zeros at the end of a
+/// fraction; zero is "0".
+[[nodiscard]] std::string FormatPlain(std::int64_t n, int exponent);
+
+/// n 10^exponent, exactly and with an exponent: "1.2e3", "-5e-2". No zeros at the end of the
+/// digits; zero is "0".
+[[nodiscard]] std::string FormatScientific(std::int64_t n, int exponent);
 
 }  // namespace kalvex

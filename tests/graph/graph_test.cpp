@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 
 #include "graph/graph_fixtures.h"
@@ -89,6 +90,44 @@ TEST(Graph, SwitchesEachLayer) {
     EXPECT_EQ(count(options), 1u);
     options.Coord = 1;
     EXPECT_GT(count(options), 10u);
+}
+
+/// The lines of a layer of a picture without functions.
+std::vector<Segment> LinesOf(const Viewport& viewport, const Options& options, DrawLayer layer) {
+    GraphState state = StateOf(viewport);
+    FunctionList functions;
+    std::vector<Segment> lines;
+    for (const auto& record : RecordsOf<SegmentsRecord>(Draw(state, functions, options)))
+        if (record.origin.layer == layer)
+            lines.insert(lines.end(), record.segments.begin(), record.segments.end());
+    return lines;
+}
+
+TEST(Graph, HasTheFineGridOnlyInsteadOfTheOneOfLines) {
+    for (const auto& [kind, fine, lines] :
+         {std::tuple{0, 1, false}, {1, 0, false}, {1, 1, true}, {2, 1, false}}) {
+        Options options = PlainOptions();
+        options.Setka = static_cast<std::uint8_t>(kind);
+        options.FineGrid = static_cast<std::uint8_t>(fine);
+        const auto grid = LinesOf(MakeViewport(-0.1, 0.1, -0.1, 0.1), options, DrawLayer::Grid);
+        const bool far = std::any_of(grid.begin(), grid.end(), [](const Segment& line) {
+            return line.from.x == line.to.x && line.from.x != 120.0;
+        });
+        EXPECT_EQ(far, lines) << kind << fine;
+    }
+}
+
+TEST(Graph, HasTheTicksOfNumbersOnlyWithAxesAndNumbers) {
+    for (const auto& [axes, numbers, ticks] :
+         {std::tuple{1, 1, true}, {1, 0, false}, {0, 1, false}}) {
+        Options options = PlainOptions();
+        options.Axex = static_cast<std::uint8_t>(axes);
+        options.Coord = static_cast<std::uint8_t>(numbers);
+        const auto lines = LinesOf(MakeViewport(-0.5, 0.5, -0.5, 0.5), options, DrawLayer::Axes);
+        const Segment tick{{168, 134}, {168, 131}};  // at 0.2
+        EXPECT_EQ(std::find(lines.begin(), lines.end(), tick) != lines.end(), ticks)
+            << axes << numbers;
+    }
 }
 
 TEST(Graph, DrawsSelectedSlotsInOrderAndLeavesTheOthersAlone) {

@@ -129,5 +129,31 @@ TEST(Decimal, IsTheSameUnderACommaLocale) {
     std::setlocale(LC_ALL, before.c_str());
 }
 
+TEST(FormatPlain, WritesTheDecimalExactly) {
+    const struct {
+        std::int64_t n;
+        int exponent;
+        const char* plain;
+        const char* scientific;
+    } rows[] = {{0, 7, "0", "0"},
+                {3, -1, "0.3", "3e-1"},
+                {-12, 0, "-12", "-1.2e1"},
+                {120, -1, "12", "1.2e1"},
+                {-1200, -4, "-0.12", "-1.2e-1"},
+                {12345, -2, "123.45", "1.2345e2"},
+                {5, 3, "5000", "5e3"},
+                {2, -13, "0.0000000000002", "2e-13"},
+                {-20, 299, nullptr, "-2e300"},
+                {INT64_MAX, -18, "9.223372036854775807", "9.223372036854775807e0"},
+                {INT64_MIN, 0, "-9223372036854775808", "-9.223372036854775808e18"}};
+    for (const auto& row : rows) {
+        if (row.plain != nullptr) {
+            EXPECT_EQ(FormatPlain(row.n, row.exponent), row.plain);
+        }
+        EXPECT_EQ(FormatScientific(row.n, row.exponent), row.scientific);
+    }
+    EXPECT_EQ(FormatPlain(-20, 299), "-2" + std::string(300, '0'));
+}
+
 }  // namespace
 }  // namespace kalvex
