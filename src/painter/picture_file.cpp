@@ -1,12 +1,9 @@
 // The bitmap is written field by field in little-endian order, on machines of either byte order.
 #include "painter/picture_file.h"
 
-#include <QImageWriter>
 #include <QtEndian>
 #include <algorithm>
 #include <cstdint>
-
-#include "painter/taking_device.h"
 
 namespace kalvex {
 namespace {
@@ -72,14 +69,6 @@ bool MakeBitmap(const QImage& picture, const TakeBytes& take) {
     const QByteArray header = BitmapHeader(picture);
     return take({header.constData(), static_cast<std::size_t>(header.size())}) &&
            TakeRows(picture, take);
-}
-
-bool MakePng(const QImage& picture, const TakeBytes& take) {
-    if (picture.isNull()) return false;
-    TakingDevice device(take);
-    QImageWriter writer(&device, "png");
-    writer.setQuality(80);  // fast compression; line drawings still become small files
-    return writer.write(picture) && !device.HasFailed();
 }
 
 }  // namespace kalvex

@@ -1,4 +1,4 @@
-// Picture files.
+// Bitmap files.
 #pragma once
 
 #include <QImage>
@@ -12,8 +12,5 @@ namespace kalvex {
 /// is that of a width rounded up to a multiple of four pixels. False for a picture without pixels,
 /// when memory is too short to convert a row, and when `take` fails.
 [[nodiscard]] bool MakeBitmap(const QImage& picture, const TakeBytes& take);
-
-/// Hands a PNG file to `take`, with the same failures.
-[[nodiscard]] bool MakePng(const QImage& picture, const TakeBytes& take);
 
 }  // namespace kalvex

@@ -4,6 +4,7 @@
 #include "painter/draw_list_text.h"
 #include "painter/painter.h"
 #include "painter/picture_file.h"
+#include "painter/png_file.h"
 #include "painter/vector_file.h"
 
 namespace kalvex {

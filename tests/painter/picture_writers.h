@@ -7,6 +7,7 @@
 #include "base/complete_file.h"
 #include "painter/draw_list_text.h"
 #include "painter/picture_file.h"
+#include "painter/png_file.h"
 #include "painter/vector_file.h"
 
 namespace kalvex {

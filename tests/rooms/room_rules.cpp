@@ -21,6 +21,7 @@ struct KnownHeader {
 
 constexpr KnownHeader kKnownHeaders[] = {
     {"CLI/CLI.hpp", "CLI11::CLI11"},
+    {"libdeflate.h", "PkgConfig::LIBDEFLATE"},
     {"sleef.h", "PkgConfig::SLEEF"},
     {"arm_neon.h", ""},
     {"dirent.h", ""},
