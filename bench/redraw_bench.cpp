@@ -8,6 +8,7 @@
 #include <fstream>
 
 #include "base/encoding.h"
+#include "expr/normaliser.h"
 #include "graph/file_lines.h"
 #include "graph/graph.h"
 #include "nine_curves.h"
@@ -46,6 +47,42 @@ void Redraw(benchmark::State& state) {
         benchmark::DoNotOptimize(PaintPicture(DrawGraph(graph, functions, WidePen(), measure, {})));
 }
 BENCHMARK(Redraw)->Unit(benchmark::kMillisecond);
+
+/// The same picture with soft edges; the argument is the device pixel ratio.
+void SmoothRedraw(benchmark::State& state) {
+    FunctionList functions = NineCurves();
+    GraphState graph = BenchState();
+    const MeasureText measure = PainterTextMeasure();
+    const auto ratio = static_cast<double>(state.range(0));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(PaintPicture(
+            DrawGraph(graph, functions, WidePen(), measure, {}), ratio, Playing::Smooth));
+}
+BENCHMARK(SmoothRedraw)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond);
+
+/// Two implicit curves beside each other; the argument says how exactly their lines are found.
+void ImplicitRedraw(benchmark::State& state) {
+    FunctionList functions;
+    constexpr std::u16string_view kTexts[] = {u"y^2-x^3+12*x-5", u"sin(x)*cos(y)-0.3"};
+    for (std::size_t i = 0; i < std::size(kTexts); ++i) {
+        functions[i].type = EquationType::Implicit;
+        functions[i].color = static_cast<std::int32_t>(i) + 1;
+        functions[i].selected = 1;
+        functions[i].text = kTexts[i];
+        functions[i].workingText = kTexts[i];
+        NormaliseImplicit(functions[i].workingText);
+        functions[i].compiled[0] = CompileExpression(functions[i].workingText);
+    }
+    GraphState graph = BenchState();
+    graph.contours = static_cast<ContourAccuracy>(state.range(0));
+    const Playing playing =
+        graph.contours == ContourAccuracy::None ? Playing::Classic : Playing::Smooth;
+    const MeasureText measure = PainterTextMeasure();
+    for (auto _ : state)
+        benchmark::DoNotOptimize(
+            PaintPicture(DrawGraph(graph, functions, {}, measure, {}), 1.0, playing));
+}
+BENCHMARK(ImplicitRedraw)->DenseRange(0, 2)->Unit(benchmark::kMillisecond);
 
 /// One line of a million points, from its table to the records; without reading the file.
 void DrawPointFile(benchmark::State& state) {

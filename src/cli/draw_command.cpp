@@ -5,11 +5,13 @@
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
+#include <optional>
 
 #include "base/memory_room.h"
 #include "cli/commands.h"
 #include "cli/console.h"
 #include "cli/line_argument.h"
+#include "cli/number_argument.h"
 #include "cli/view_options.h"
 #include "cli/write_file.h"
 #include "painter/painter.h"
@@ -22,7 +24,24 @@ struct Arguments {
     std::string picture;
     std::string format;
     std::vector<std::string> lines;
+    std::optional<double> scale;
 };
+
+/// @param text a number from 0.25 to 16
+double ScaleOf(const std::string& text) {
+    constexpr double kSmallest = 0.25;
+    constexpr double kLargest = 16.0;
+    const auto numbers = ParseNumbers(text, 1);
+    if (!numbers || !((*numbers)[0] >= kSmallest && (*numbers)[0] <= kLargest))
+        WrongUsage("--scale", "a number from 0.25 to 16 expected");
+    return (*numbers)[0];
+}
+
+PictureStyle StyleFor(const Arguments& arguments, const Options& options,
+                      const PictureFormat& format) {
+    if (arguments.scale && format.playing) WrongUsage("--scale", "only a .png picture has a scale");
+    return {PlayingOf(options), arguments.scale.value_or(1.0)};
+}
 
 /// The format that is asked for, else that of the name. Standard output has no name; without
 /// --format it gets the first format.
@@ -49,6 +68,8 @@ void DropRemarks(QtMsgType type, const QMessageLogContext&, const QString& messa
 
 ExitStatus Run(ViewOptions& view, const Arguments& arguments) {
     const PictureFormat& format = FormatFor(arguments);
+    const PictureStyle style = StyleFor(arguments, view.options, format);
+    if (PlayingOf(format, style) == Playing::Classic) view.state.contours = ContourAccuracy::None;
     FunctionList functions;
     if (!PrepareLines(functions, arguments.lines)) return ExitStatus::Rejected;
 
@@ -62,7 +83,7 @@ ExitStatus Run(ViewOptions& view, const Arguments& arguments) {
     const DrawList list = DrawOffScreen(view, functions, PainterTextMeasure());
     if (!HasFontsOf(list)) return TellNotWritten(arguments.picture, "picture", kNoFont);
     return WriteFile(
-        arguments.picture, [&](const TakeBytes& take) { return format.make(list, {}, take); },
+        arguments.picture, [&](const TakeBytes& take) { return format.make(list, style, take); },
         "picture");
 }
 
@@ -83,6 +104,11 @@ void AddDrawCommand(CLI::App& tool, ExitStatus& status) {
         ->add_option("--format", arguments->format,
                      "The format, as an ending without its dot, whatever the name ends in.")
         ->type_name("FORMAT");
+    command
+        ->add_option_function<std::string>(
+            "--scale", [arguments](const std::string& text) { arguments->scale = ScaleOf(text); },
+            "Device pixels per pixel of the picture, 0.25 to 16 (default 1; .png only).")
+        ->type_name("R");
     command->add_option("LINE", arguments->lines, "TYPE[,KEY=VALUE]...:TEXT")
         ->required()
         ->allow_extra_args();

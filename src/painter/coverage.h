@@ -23,11 +23,23 @@ struct CoverageMask {
 /// The mask of an image of that size, with nothing covered.
 [[nodiscard]] CoverageMask MakeCoverageMask(std::int32_t width, std::int32_t height);
 
-/// Covers the line from (x0, y0) to (x1, y1) with round ends. Where lines overlap, the larger part
-/// counts, so joints of lines show no seam. The coordinates must be finite and at most 2^24 in
+/// Which ends of a line go on in another line. Such an end is cut straight, across the longer
+/// direction of the line, instead of being round.
+struct JoinedEnds {
+    bool first = false;
+    bool last = false;
+};
+
+/// Whether a line that ends at (x1, y1) and the next one, to (x2, y2), may be joined: they have
+/// almost the same direction and the same longer direction.
+[[nodiscard]] bool MayBeJoined(double x0, double y0, double x1, double y1, double x2, double y2);
+
+/// Covers the line from (x0, y0) to (x1, y1). Where lines overlap, the larger part counts, so that
+/// joints show no seam. The coordinates must be finite and at most 2^24 in
 /// magnitude; the line may lie off the image. The part that is noted differs from the true area by
 /// less than a tenth for pens of one pixel or wider (tests/painter/coverage_test.cpp).
-void CoverLine(CoverageMask& mask, double x0, double y0, double x1, double y1, double penWidth);
+void CoverLine(CoverageMask& mask, double x0, double y0, double x1, double y1, double penWidth,
+               JoinedEnds joined = {});
 
 /// Covers the outline of a circle, under the same conditions.
 void CoverCircle(CoverageMask& mask, double x, double y, double radius, double penWidth);

@@ -4,6 +4,7 @@
 #include "painter/line_clip.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace kalvex {
 namespace {
@@ -27,6 +28,12 @@ bool CutAt(Part& part, double change, double distance) {
     return part.from <= part.to;
 }
 
+/// QRectF::contains, which is no inline function.
+bool Contains(const QRectF& bounds, const QPointF& point) {
+    return point.x() >= bounds.left() && point.x() <= bounds.right() && point.y() >= bounds.top() &&
+           point.y() <= bounds.bottom();
+}
+
 /// Not-a-number stays.
 double Bounded(double coordinate) {
     constexpr double kLargest = 2147483647.0;
@@ -47,7 +54,8 @@ QLineF ExactLine(const Segment& segment) {
 }
 
 std::optional<QLineF> ClipLine(const QLineF& whole, const QRectF& bounds) {
-    if (bounds.contains(whole.p1()) && bounds.contains(whole.p2())) return whole;
+    if (Contains(bounds, whole.p1()) && Contains(bounds, whole.p2())) return whole;
+    if (std::isnan(whole.x1() + whole.y1() + whole.x2() + whole.y2())) return std::nullopt;
     Part part;
     const double dx = whole.dx();
     const double dy = whole.dy();

@@ -95,6 +95,10 @@ void PlayDrawList(QPainter& painter, const DrawList& list) {
     painter.restore();
 }
 
+Playing PlayingOf(const Options& options) {
+    return options.Smooth != 0 ? Playing::Smooth : Playing::Classic;
+}
+
 QImage PaintPicture(const DrawList& list, double devicePixelRatio, Playing playing) {
     if (list.width <= 0 || list.height <= 0) return {};
     const bool usable = std::isfinite(devicePixelRatio) && devicePixelRatio > 0.0;

@@ -4,6 +4,7 @@
 #include <QImage>
 
 #include "graph/draw_list.h"
+#include "workspace/options.h"
 
 class QPainter;
 
@@ -11,6 +12,8 @@ namespace kalvex {
 
 /// How a picture is painted: as whole logical pixels, or at exact positions with soft edges.
 enum class Playing { Classic, Smooth };
+
+[[nodiscard]] Playing PlayingOf(const Options& options);
 
 /// Draws all records as whole pixels; coordinates are logical pixels of the painter's device.
 void PlayDrawList(QPainter& painter, const DrawList& list);

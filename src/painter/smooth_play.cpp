@@ -8,6 +8,8 @@
 #include <QPainterPath>
 #include <algorithm>
 #include <cmath>
+#include <limits>
+#include <optional>
 
 #include "painter/coverage.h"
 #include "painter/direct_image.h"
@@ -56,6 +58,8 @@ struct Brush {
     Pen pen;
     CoverageMask* mask = nullptr;
     QPainterPath path = {};
+    std::optional<QLineF> waiting = {};  ///< the last line, until the next one is known
+    bool isJoined = false;               ///< its start is
 };
 
 Brush BrushOf(Stage& stage, const Pen& pen) {
@@ -64,13 +68,27 @@ Brush BrushOf(Stage& stage, const Pen& pen) {
     return brush;
 }
 
+/// Covers the line that waits.
+void CoverWaiting(Brush& brush, bool isLastJoined) {
+    if (!brush.waiting) return;
+    const double ratio = brush.stage.target.ratio;
+    const QLineF& line = *brush.waiting;
+    CoverLine(*brush.mask, line.x1() * ratio, line.y1() * ratio, line.x2() * ratio,
+              line.y2() * ratio, std::max(brush.pen.width, 1) * ratio,
+              {brush.isJoined, isLastJoined});
+    brush.isJoined = isLastJoined;
+}
+
 void Add(Brush& brush, const QLineF& whole) {
     const auto line = ClipLine(whole, brush.stage.bounds);
     if (!line) return;
     if (brush.mask != nullptr) {
-        const double ratio = brush.stage.target.ratio;
-        CoverLine(*brush.mask, line->x1() * ratio, line->y1() * ratio, line->x2() * ratio,
-                  line->y2() * ratio, std::max(brush.pen.width, 1) * ratio);
+        const auto& last = brush.waiting;
+        const bool joins =
+            last && last->x2() == line->x1() && last->y2() == line->y1() &&
+            MayBeJoined(last->x1(), last->y1(), line->x1(), line->y1(), line->x2(), line->y2());
+        CoverWaiting(brush, joins);
+        brush.waiting = line;
         return;
     }
     QPainterPath& path = brush.path;
@@ -78,7 +96,8 @@ void Add(Brush& brush, const QLineF& whole) {
     path.lineTo(line->p2());
 }
 
-void Finish(const Brush& brush) {
+void Finish(Brush& brush) {
+    CoverWaiting(brush, false);
     if (!brush.path.isEmpty()) brush.stage.painter.strokePath(brush.path, PenOf(brush.pen));
 }
 
@@ -94,6 +113,26 @@ DeviceRect HairlineRect(const QLineF& line, std::int32_t penWidth, double ratio)
     const std::int64_t left = first(line.x1(), line.x2());
     const std::int64_t top = first(line.y1(), line.y2());
     return {left, top, left + length(line.x1(), line.x2()), top + length(line.y1(), line.y2())};
+}
+
+/// The last point up to which one straight line stands for the points from `first` on: it passes
+/// all of them at most a hundredth of a pixel above or below. Such a line is one whose slope lies
+/// between the slopes to the points' tolerances.
+std::size_t EndOfStraight(const std::vector<Position>& points, std::size_t first) {
+    constexpr double kTolerance = 0.01;
+    double least = -std::numeric_limits<double>::infinity();
+    double greatest = std::numeric_limits<double>::infinity();
+    std::size_t last = first + 1;
+    for (std::size_t i = first + 1; i < points.size(); ++i) {
+        const double dx = points[i].x - points[first].x;
+        const double dy = points[i].y - points[first].y;
+        if (!(dx > 0.0)) break;
+        if (!(dy >= least * dx && dy <= greatest * dx)) break;
+        last = i;
+        least = std::max(least, (dy - kTolerance) / dx);
+        greatest = std::min(greatest, (dy + kTolerance) / dx);
+    }
+    return last;
 }
 
 bool IsHairline(const Stage& stage, const RecordOrigin& origin) {
@@ -119,8 +158,12 @@ void Play(Stage& stage, const SegmentsRecord& record) {
 
 void Play(Stage& stage, const PolylineRecord& record) {
     Brush brush = BrushOf(stage, record.pen);
-    for (std::size_t i = 1; i < record.points.size(); ++i)
-        Add(brush, ExactLine({record.points[i - 1], record.points[i]}));
+    const std::vector<Position>& points = record.points;
+    for (std::size_t first = 0; first + 1 < points.size();) {
+        const std::size_t last = EndOfStraight(points, first);
+        Add(brush, ExactLine({points[first], points[last]}));
+        first = last;
+    }
     Finish(brush);
 }
 
@@ -177,13 +220,23 @@ void Play(Stage& stage, const PixelRunsRecord& record) {
     Finish(brush);
 }
 
-/// A ground on which a text can be read and what lies below can still be followed.
-void PaintGround(QPainter& painter, const QRectF& box) {
-    constexpr int kOpacity = 190;
-    constexpr double kCorner = 2.0;
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(255, 255, 255, kOpacity));
-    painter.drawRoundedRect(box.adjusted(-1.0, 0.0, 1.0, 0.0), kCorner, kCorner);
+/// A white seam about a text, so that it can be read on lines of any colour. On an image the text
+/// is painted several times beside its place, because the letters are in a cache and their outlines
+/// are not.
+void PaintSeam(Stage& stage, const QPointF& at, const QString& text) {
+    constexpr double kWidth = 1.25;
+    QPainter& painter = stage.painter;
+    if (stage.target.image == nullptr) {
+        QPainterPath outline;
+        outline.addText(at, painter.font(), text);
+        painter.strokePath(
+            outline, QPen(Qt::white, 2.0 * kWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        return;
+    }
+    painter.setPen(Qt::white);
+    for (const double x : {-kWidth, 0.0, kWidth})
+        for (const double y : {-kWidth, 0.0, kWidth})
+            if (x != 0.0 || y != 0.0) painter.drawText(at + QPointF(x, y), text);
 }
 
 void Play(Stage& stage, const TextRecord& record) {
@@ -193,14 +246,12 @@ void Play(Stage& stage, const TextRecord& record) {
     QFont font = PictureFont(record.height);
     // The generic name is one that every viewer of a drawing knows.
     if (!isImage) font.setFamily("sans-serif");
-    QPainter& painter = stage.painter;
-    painter.setFont(font);
-    const QFontMetricsF metrics = painter.fontMetrics();
+    stage.painter.setFont(font);
+    const QPointF at(record.x, record.y + stage.painter.fontMetrics().ascent());
     const QString text = QString::fromStdU16String(record.text);
-    PaintGround(painter,
-                QRectF(record.x, record.y, metrics.horizontalAdvance(text), metrics.height()));
-    painter.setPen(ToQColor(record.color));
-    painter.drawText(QPointF(record.x, record.y + metrics.ascent()), text);
+    PaintSeam(stage, at, text);
+    stage.painter.setPen(ToQColor(record.color));
+    stage.painter.drawText(at, text);
 }
 
 bool IsOf(const DrawRecord& record, DrawLayer layer) {

@@ -24,11 +24,11 @@ bool Unstyled(const DrawList& list, const PictureStyle&, const TakeBytes& take) 
 }
 
 constexpr PictureFormat kFormats[] = {
-    {"png", StringId::FilterPng, MakeStyledPng},
-    {"svg", StringId::FilterSvg, Unstyled<MakeSvg>},
-    {"pdf", StringId::FilterPdf, Unstyled<MakePdf>},
-    {"bmp", StringId::FilterBitmap, MakeClassicBitmap},
-    {"txt", std::nullopt, Unstyled<MakeDrawListText>},
+    {"png", StringId::FilterPng, std::nullopt, MakeStyledPng},
+    {"svg", StringId::FilterSvg, Playing::Smooth, Unstyled<MakeSvg>},
+    {"pdf", StringId::FilterPdf, Playing::Smooth, Unstyled<MakePdf>},
+    {"bmp", StringId::FilterBitmap, Playing::Classic, MakeClassicBitmap},
+    {"txt", std::nullopt, Playing::Classic, Unstyled<MakeDrawListText>},
 };
 
 /// A text with its ASCII letters in lower case.
@@ -43,6 +43,10 @@ std::string FoldedAscii(std::string_view text) {
 
 std::span<const PictureFormat> PictureFormats() {
     return kFormats;
+}
+
+Playing PlayingOf(const PictureFormat& format, const PictureStyle& style) {
+    return format.playing.value_or(style.playing);
 }
 
 bool IsOffered(const PictureFormat& format, FormatsOf where) {

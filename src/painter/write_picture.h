@@ -13,8 +13,7 @@
 
 namespace kalvex {
 
-/// How a picture of pixels is painted. Drawings of lines and texts are always smooth, and bitmaps
-/// always classic at one pixel per logical pixel.
+/// How a picture is painted, where its format leaves a choice.
 struct PictureStyle {
     Playing playing = Playing::Smooth;
     double ratio = 1.0;  ///< device pixels per logical pixel
@@ -23,6 +22,7 @@ struct PictureStyle {
 struct PictureFormat {
     std::string_view suffix;         ///< the ending of a name, lower case, without its dot
     std::optional<StringId> filter;  ///< words in the dialog; empty: only the tool offers it
+    std::optional<Playing> playing;  ///< empty: there is a choice, also of the ratio
 
     /// Hands the file of the picture to `take`. False when it cannot be made or `take` fails; what
     /// was taken before is then to be thrown away.
@@ -34,6 +34,9 @@ enum class FormatsOf { Windows, Tool };
 
 /// All formats, in the order in which dialog and messages name them.
 [[nodiscard]] std::span<const PictureFormat> PictureFormats();
+
+/// How a picture of this format is painted.
+[[nodiscard]] Playing PlayingOf(const PictureFormat& format, const PictureStyle& style);
 
 [[nodiscard]] bool IsOffered(const PictureFormat& format, FormatsOf where);
 

@@ -54,7 +54,8 @@ void AskForPicture(Application& application) {
     OpenSavePictureDialog(
         application.graphWindow.get(), folder, [&application](const QString& path) {
             application.windowState.folder = QFileInfo(path).absolutePath();
-            SavePicture(application.graphWindow->Canvas().Picture(), path, application.show);
+            SavePicture(application.graphWindow->Canvas().Picture(),
+                        {PlayingOf(application.workspace.options)}, path, application.show);
         });
 }
 
@@ -132,7 +133,8 @@ void AnalyseTraced(Application& application) {
 
 void CopyShownPicture(Application& application) {
     const GraphCanvas& canvas = application.graphWindow->Canvas();
-    CopyPicture(canvas.Picture(), canvas.devicePixelRatioF());
+    CopyPicture(canvas.Picture(),
+                {PlayingOf(application.workspace.options), canvas.devicePixelRatioF()});
 }
 
 void ExportShownPicture(Application& application) {

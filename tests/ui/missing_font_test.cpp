@@ -43,7 +43,7 @@ class MissingFontTest final : public QObject {
     void APictureWithTextsIsNotSaved() {
         ShownBoxes shown;
         const QTemporaryDir folder;
-        SavePicture(PictureWithText(), folder.filePath("a.png"), shown.show);
+        SavePicture(PictureWithText(), {}, folder.filePath("a.png"), shown.show);
         QVERIFY(QDir(folder.path()).isEmpty());
         QCOMPARE(shown.boxes->size(), std::size_t{1});
     }

@@ -79,7 +79,7 @@ class PictureExportTest final : public QObject {
         Options options;
         ExportPicture({8, 8, {}}, options, store.registry, path, shown.show);
         QVERIFY(shown.boxes->back().text == u"Save");
-        SavePicture({8, 8, {}}, path + ".png", shown.show);
+        SavePicture({8, 8, {}}, {}, path + ".png", shown.show);
         QVERIFY(shown.boxes->back().text.starts_with(u"The picture could not be written:"));
         const std::filesystem::directory_iterator entries(folder.path().toStdString());
         QCOMPARE(std::distance(begin(entries), end(entries)), 1);
@@ -142,12 +142,12 @@ class PictureExportTest final : public QObject {
     void SaysWhatCouldNotBeSaved() {
         ShownBoxes shown;
         const DrawList picture{8, 8, {}};
-        SavePicture(picture, "/proc/no folder/a.png", shown.show);
+        SavePicture(picture, {}, "/proc/no folder/a.png", shown.show);
         QVERIFY(shown.boxes->back().text ==
                 u"The picture could not be written:\n/proc/no folder/a.png");
         QVERIFY(shown.boxes->back().caption == u"Error!");
         QVERIFY(shown.boxes->back().icon == MessageIcon::Stop);
-        SavePicture(picture, "a.jpg", shown.show);
+        SavePicture(picture, {}, "a.jpg", shown.show);
         QVERIFY(shown.boxes->back().text ==
                 u"The name of the picture must end in .png, .svg, .pdf or .bmp:\na.jpg");
         QCOMPARE(shown.boxes->size(), std::size_t{2});

@@ -118,7 +118,7 @@ void GraphCanvas::Redraw() {
     }
     try {
         Compute();
-        image = PaintPicture(list, devicePixelRatioF());
+        image = PaintPicture(list, devicePixelRatioF(), PlayingOf(workspace.options));
         if (image.isNull() && !size().isEmpty()) throw std::bad_alloc();
     } catch (const std::bad_alloc&) {
         GiveUp();

@@ -5,15 +5,17 @@
 #include <QClipboard>
 #include <QDir>
 #include <QGuiApplication>
+#include <QMimeData>
 #include <QScreen>
 #include <QStandardPaths>
+#include <memory>
 #include <utility>
 
 #include "base/complete_file.h"
 #include "base/encoding.h"
 #include "painter/painter.h"
 #include "painter/picture_file.h"
-#include "painter/write_picture.h"
+#include "painter/vector_file.h"
 #include "resources/message_boxes.h"
 #include "resources/strings.h"
 #include "settings/settings.h"
@@ -82,18 +84,27 @@ void OpenSavePictureDialog(QWidget* parent, const QString& folder,
     dialog->open();
 }
 
-void SavePicture(const DrawList& picture, const QString& path, const ShowBox& show) {
+void SavePicture(const DrawList& picture, const PictureStyle& style, const QString& path,
+                 const ShowBox& show) {
     const PictureFormat* format = PictureFormatOf(path.toStdString(), FormatsOf::Windows);
     if (format == nullptr) {
         const std::u16string endings = Widen(PictureEndings(FormatsOf::Windows));
         Tell(show, {ErrorBox(FillIn(Text(StringId::PictureEnding), {endings, FromQString(path)}))});
-    } else if (!WritePicture(*format, FileNameOf(path), picture)) {
+    } else if (!WritePicture(*format, FileNameOf(path), picture, style)) {
         Tell(show, {NotWrittenBox(path)});
     }
 }
 
-void CopyPicture(const DrawList& picture, double devicePixelRatio) {
-    QGuiApplication::clipboard()->setImage(PaintPicture(picture, devicePixelRatio));
+void CopyPicture(const DrawList& picture, const PictureStyle& style) {
+    QByteArray drawing;
+    const bool isDrawn = MakeSvg(picture, [&drawing](std::string_view bytes) {
+        drawing.append(bytes.data(), static_cast<qsizetype>(bytes.size()));
+        return true;
+    });
+    auto contents = std::make_unique<QMimeData>();
+    contents->setImageData(PaintPicture(picture, style.ratio, style.playing));
+    if (isDrawn) contents->setData("image/svg+xml", drawing);
+    QGuiApplication::clipboard()->setMimeData(contents.release());
 }
 
 }  // namespace kalvex

@@ -6,6 +6,7 @@
 
 #include "base/flow.h"
 #include "graph/draw_list.h"
+#include "painter/write_picture.h"
 #include "settings/registry.h"
 #include "workspace/options.h"
 
@@ -30,9 +31,11 @@ void OpenSavePictureDialog(QWidget* parent, const QString& folder,
 
 /// Writes the picture in the format of the path's ending. On failure a message says whether the
 /// ending is unknown or the file could not be written.
-void SavePicture(const DrawList& picture, const QString& path, const ShowBox& show);
+void SavePicture(const DrawList& picture, const PictureStyle& style, const QString& path,
+                 const ShowBox& show);
 
-/// Puts the picture on the clipboard, at a device pixel ratio.
-void CopyPicture(const DrawList& picture, double devicePixelRatio);
+/// Puts the picture on the clipboard as pixels and as an SVG drawing; a program that takes it
+/// chooses.
+void CopyPicture(const DrawList& picture, const PictureStyle& style);
 
 }  // namespace kalvex
