@@ -14,7 +14,7 @@ set(KALVEX_ROOMS
   "graph     | base numbers resources expr interp workspace                                     |"
   "analysis  | base numbers resources workspace                                                 |"
   "commands  | base numbers resources expr workspace settings graph                             |"
-  "painter   | base numbers resources graph                                                     | Qt6::Gui Qt6::Svg"
+  "painter   | base numbers resources workspace graph                                           | Qt6::Gui Qt6::Svg"
   "ui        | base numbers resources interp workspace settings graph analysis commands painter | Qt6::Widgets Qt6::Network"
   "cli       | base numbers resources expr interp workspace graph analysis painter              | CLI11::CLI11 Qt6::Gui"
 )

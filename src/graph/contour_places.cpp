@@ -2,7 +2,8 @@
 // that of the Illinois method (M. Dowell and P. Jarratt, A modified regula falsi method, BIT 11,
 // 1971), which halves the value at an end that stays for a second time; every third one halves the
 // interval, which bounds the number of steps whatever the function is. A crossing is done when its
-// value is small against those at both ends, or when its interval is short.
+// value is small against those at both ends and lies on a straight line with them, or when its
+// interval is short.
 #include "graph/contour_places.h"
 
 #include <algorithm>
@@ -13,8 +14,8 @@ namespace {
 
 constexpr double kShort = 1.0 / 256.0;  ///< of a side, which is 0.7 pixels long
 constexpr double kSmall = 1.0 / 256.0;  ///< of the smaller one of both values
-constexpr int kMostSteps = 24;
-constexpr std::size_t kPiece = 4096;  ///< crossings that are improved together
+constexpr int kMostSteps = 24;          ///< eight of them halve the interval
+constexpr std::size_t kPiece = 4096;    ///< crossings that are improved together
 
 /// The interval of one crossing: parts of the side, and the values there.
 struct Bracket {
@@ -22,8 +23,11 @@ struct Bracket {
     double high = 1.0;
     double lowValue = 0.0;
     double highValue = 0.0;
+    double lowWeight = 1.0;  ///< halved while the end stays
+    double highWeight = 1.0;
     bool isNegativeAtLow = false;
     int stayed = 0;  ///< how often in a row the low (below 0) or the high end was kept
+    int steps = 1;
     double place = 0.0;
     bool isDone = false;
 };
@@ -39,26 +43,44 @@ bool IsUseful(const Bracket& bracket) {
 double Secant(const Bracket& bracket) {
     const double middle = (bracket.low + bracket.high) / 2.0;
     if (!IsUseful(bracket)) return middle;
-    const double part = bracket.lowValue / (bracket.lowValue - bracket.highValue);
+    const double low = bracket.lowValue * bracket.lowWeight;
+    const double part = low / (low - bracket.highValue * bracket.highWeight);
     const double place = bracket.low + part * (bracket.high - bracket.low);
     return place >= bracket.low && place <= bracket.high ? place : middle;
 }
 
+/// Whether the values at the ends and at the present place lie on an almost straight line, so that
+/// a small value means a small distance. Near a multiple zero they do not.
+bool IsStraight(const Bracket& bracket, double value) {
+    const double before = (value - bracket.lowValue) * (bracket.high - bracket.place);
+    const double behind = (bracket.highValue - value) * (bracket.place - bracket.low);
+    return before * behind > 0.0 && std::fabs(before) < 2.0 * std::fabs(behind) &&
+           std::fabs(behind) < 2.0 * std::fabs(before);
+}
+
 void Narrow(Bracket& bracket, double value) {
     const double smaller = std::min(std::fabs(bracket.lowValue), std::fabs(bracket.highValue));
+    bracket.isDone =
+        value == 0.0 || (std::fabs(value) <= kSmall * smaller && IsStraight(bracket, value));
+    if (bracket.isDone) return;
     const bool keepsLow = std::isnan(value) || (value < 0.0) != bracket.isNegativeAtLow;
     if (keepsLow) {
         bracket.high = bracket.place;
         bracket.highValue = value;
+        bracket.highWeight = 1.0;
         bracket.stayed = std::min(bracket.stayed, 0) - 1;
-        if (bracket.stayed < -1) bracket.lowValue /= 2.0;
+        if (bracket.stayed < -1) bracket.lowWeight /= 2.0;
     } else {
         bracket.low = bracket.place;
         bracket.lowValue = value;
+        bracket.lowWeight = 1.0;
         bracket.stayed = std::max(bracket.stayed, 0) + 1;
-        if (bracket.stayed > 1) bracket.highValue /= 2.0;
+        if (bracket.stayed > 1) bracket.highWeight /= 2.0;
     }
-    bracket.isDone = std::fabs(value) <= kSmall * smaller || bracket.high - bracket.low < kShort;
+    bracket.isDone = bracket.high - bracket.low < kShort;
+    const bool halves = bracket.isDone || bracket.steps % 3 == 2;
+    bracket.place = halves ? (bracket.low + bracket.high) / 2.0 : Secant(bracket);
+    ++bracket.steps;
 }
 
 Bracket BracketOf(const Crossing& crossing) {
@@ -102,13 +124,8 @@ void Improve(std::span<const Crossing> crossings, const HalfPixelPoints& points,
         values.resize(xs.size());
         EvaluatePoints(expression, xs, ys, values, interruption);
         std::size_t next = 0;
-        for (Bracket& bracket : brackets) {
-            if (bracket.isDone) continue;
-            Narrow(bracket, values[next++]);
-            if (bracket.isDone && std::fabs(bracket.high - bracket.low) >= kShort) continue;
-            const bool halves = bracket.isDone || step % 3 == 2;
-            bracket.place = halves ? (bracket.low + bracket.high) / 2.0 : Secant(bracket);
-        }
+        for (Bracket& bracket : brackets)
+            if (!bracket.isDone) Narrow(bracket, values[next++]);
     }
 }
 

@@ -27,6 +27,37 @@ std::u16string LegendText(const FunctionEntry& entry, std::size_t limit) {
     return FillIn(Text(StringId::LegendPolar), {shown});
 }
 
+struct Box {
+    std::int64_t left;
+    std::int64_t top;
+    std::int64_t right;
+    std::int64_t bottom;
+};
+
+Box BoxOf(const TextRecord& text, const MeasureText& measure) {
+    const TextExtent extent = measure(text.text, text.height);
+    return {text.x, text.y, std::int64_t{text.x} + extent.width,
+            std::int64_t{text.y} + extent.height};
+}
+
+bool Overlap(const Box& a, const Box& b) {
+    return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
+}
+
+/// @param firstName the first record that is a name
+void MarkCoveredNumbers(DrawList& list, std::size_t firstName, const MeasureText& measure) {
+    std::vector<Box> names;
+    for (std::size_t i = firstName; i < list.records.size(); ++i)
+        names.push_back(BoxOf(std::get<TextRecord>(list.records[i]), measure));
+    for (std::size_t i = 0; i < firstName; ++i) {
+        auto* const number = std::get_if<TextRecord>(&list.records[i]);
+        if (number == nullptr) continue;
+        const Box box = BoxOf(*number, measure);
+        number->covered =
+            std::ranges::any_of(names, [&box](const Box& name) { return Overlap(box, name); });
+    }
+}
+
 }  // namespace
 
 std::u16string DisplayText(const FunctionEntry& entry, std::size_t limit) {
@@ -46,6 +77,7 @@ void DrawLegend(const Viewport& viewport, const FunctionList& functions, const O
                 const MeasureText& measure, DrawList& list) {
     const std::int32_t height = TextHeightOf(options);
     const auto limit = static_cast<std::size_t>(std::max(viewport.ClientWidth, 0));
+    const std::size_t firstName = list.records.size();
     std::int32_t top = 5;
     for (std::int32_t slot = 0; slot < kSlotCount; ++slot) {
         const FunctionEntry& entry = functions[static_cast<std::size_t>(slot)];
@@ -56,6 +88,7 @@ void DrawLegend(const Viewport& viewport, const FunctionList& functions, const O
                                              RecordOrigin{DrawLayer::Name, slot}});
         top += lineHeight;
     }
+    MarkCoveredNumbers(list, firstName, measure);
 }
 
 }  // namespace kalvex

@@ -11,6 +11,7 @@ namespace kalvex {
 /// One line per drawn function from (5, 5) down, in its colour, " (r)" behind a `Polar` text; a
 /// `File` shows the part behind the last slash or backslash. A text is cut to as many characters
 /// as the picture has columns, since more cannot be seen. The height is TextHeightOf(options).
+/// Numbers that are already in the list and lie below a name are marked as covered.
 void DrawLegend(const Viewport& viewport, const FunctionList& functions, const Options& options,
                 const MeasureText& measure, DrawList& list);
 

@@ -91,11 +91,14 @@ void CoverOuter(const Line& line, const Grid& grid, std::int32_t major) {
     const double d = major + 0.5 - line.major;
     const double inside = std::min(std::max(d, 0.0), line.dMajor);
     const double centre = line.minor + inside * line.slope;
+    // Beyond an end the end itself bounds the pixels on one side and the line goes on bounding them
+    // on the other.
     const double beyond = d - inside;
-    const double half = beyond == 0.0
-                            ? line.across
-                            : std::sqrt(std::max(line.reach * line.reach - beyond * beyond, 0.0));
-    const Range range = CentresBetween(centre - half, centre + half, grid.minorSize);
+    const double drift = beyond * line.slope;
+    const double round = std::sqrt(std::max(line.reach * line.reach - beyond * beyond, 0.0));
+    const double low = drift >= 0.0 ? drift - line.across : -round;
+    const double high = drift <= 0.0 ? drift + line.across : round;
+    const Range range = CentresBetween(centre + low, centre + high, grid.minorSize);
     const double inverse = line.length > 0.0 ? 1.0 / (line.length * line.length) : 0.0;
     const auto dMajor = static_cast<float>(line.dMajor);
     const auto dMinor = static_cast<float>(line.dMinor);

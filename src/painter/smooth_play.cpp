@@ -239,6 +239,14 @@ void PaintSeam(Stage& stage, const QPointF& at, const QString& text) {
             if (x != 0.0 || y != 0.0) painter.drawText(at + QPointF(x, y), text);
 }
 
+/// A light ground for a text that may be longer than the gaps between the curves below.
+void PaintGround(QPainter& painter, const QPointF& corner, const QString& text) {
+    constexpr int kOpacity = 190;
+    const QFontMetricsF metrics = painter.fontMetrics();
+    const QRectF box(corner, QSizeF(metrics.horizontalAdvance(text), metrics.height()));
+    painter.fillRect(box.adjusted(-1.0, 0.0, 1.0, 0.0), QColor(255, 255, 255, kOpacity));
+}
+
 void Play(Stage& stage, const TextRecord& record) {
     const bool isImage = stage.target.image != nullptr;
     if (record.covered || (isImage && !stage.bounds.contains(QPointF(record.x, record.y)))) return;
@@ -247,9 +255,14 @@ void Play(Stage& stage, const TextRecord& record) {
     // The generic name is one that every viewer of a drawing knows.
     if (!isImage) font.setFamily("sans-serif");
     stage.painter.setFont(font);
-    const QPointF at(record.x, record.y + stage.painter.fontMetrics().ascent());
+    // A text far off the picture may have a position near the largest integer.
+    const double baseline = static_cast<double>(record.y) + stage.painter.fontMetrics().ascent();
+    const QPointF at(record.x, baseline);
     const QString text = QString::fromStdU16String(record.text);
-    PaintSeam(stage, at, text);
+    if (record.origin.layer == DrawLayer::Name)
+        PaintGround(stage.painter, QPointF(record.x, record.y), text);
+    else
+        PaintSeam(stage, at, text);
     stage.painter.setPen(ToQColor(record.color));
     stage.painter.drawText(at, text);
 }

@@ -139,7 +139,7 @@ class GraphWindowTest final : public QObject {
         TestProgram program;
         StartWith(program, 2, "3sin(x)");
         program.OpenGraph();
-        const QImage expected = PaintPicture(program.Canvas().Picture());
+        const QImage expected = PaintPicture(program.Canvas().Picture(), 1.0, Playing::Smooth);
         const QImage shown =
             program.Canvas().grab().toImage().convertToFormat(QImage::Format_RGB32);
         QCOMPARE(shown.size(), expected.size());
@@ -267,7 +267,7 @@ class GraphWindowTest final : public QObject {
         QVERIFY2(grown.size() >= 3, qPrintable(QString::number(grown.size())));
         QVERIFY(std::is_sorted(grown.begin(), grown.end()));
         QVERIFY(grown.front() < grown.back() && grown.back() <= program.Canvas().width());
-        const QImage picture = PaintPicture(program.Canvas().Picture());
+        const QImage picture = PaintPicture(program.Canvas().Picture(), 1.0, Playing::Smooth);
         for (int x = 0; x < picture.width(); ++x)
             QCOMPARE(picture.pixel(x, 1), 0xffffffffU);
     }
