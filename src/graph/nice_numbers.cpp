@@ -86,7 +86,7 @@ bool PlaceLabel(NumberPlaces& places, AxisOf axis, const Across& across, double 
 /// Above the end of the x axis; below the numbers where they stand at the upper edge.
 bool PlaceOffsetX(NumberPlaces& places, const Across& across, const std::u16string& text) {
     const TextExtent extent = ExtentOf(places, text);
-    std::int64_t top = across.edge - 2 * extent.height;
+    std::int64_t top = across.edge - extent.height - extent.height;
     if (!across.isEnd)
         top = across.offsetOutside ? across.outside - extent.height : across.edge + extent.height;
     const std::int64_t right = places.viewport.ClientWidth - extent.width;

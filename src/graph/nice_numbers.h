@@ -17,12 +17,12 @@ struct NiceNumbers {
     std::size_t count = 0;  ///< of numbers that were placed
 };
 
-/// Places numbers at the smallest step of which at most eight fit on the axis and whose numbers do
-/// not touch; at the one that shows the most numbers when there is none. They stand under the x
-/// axis and left of the y axis; along the nearest edge where the axis is off the picture or the
-/// numbers would not fit beside it. Ticks are four pixels long and stand at the axis or at that
-/// edge. The number at the origin is left out when both axes meet on the picture, because it
-/// belongs to both. The bounds must be finite and different.
+/// Places numbers at the smallest step from StepFor on whose numbers do not touch; at the one that
+/// shows the most numbers when there is none. They stand under the x axis and left of the y axis;
+/// along the nearest edge where the axis is off the picture or the numbers would not fit beside it.
+/// Ticks are four pixels long and stand at the axis or at that edge. The number at the origin is
+/// left out when both axes meet on the picture, because it belongs to both. The bounds must be
+/// finite and different.
 [[nodiscard]] NiceNumbers PlaceNiceNumbers(NumberPlaces& places, AxisOf axis);
 
 /// The marks of one axis, as PlaceNiceNumbers uses them.

@@ -84,7 +84,9 @@ NiceStep StepFor(const AxisSpan& span) {
     NiceStep step{1, static_cast<int>(std::floor(std::log10(length))) - 2};
     while (Quotient(length, step).high > 8.0)
         step = NextStep(step);
-    return step;
+    const NiceStep before{2, step.exponent};
+    const bool few = step.digit == 5 && Quotient(length, before).high <= 10.0;
+    return few ? before : step;
 }
 
 double SpacingOf(const AxisSpan& span, const NiceStep& step) {

@@ -36,8 +36,9 @@ struct NiceMark {
     double position = 0.0;  ///< at least 0 and less than `pixels`
 };
 
-/// The smallest step of which at most eight fit into the span. The length of the span must be above
-/// 0 and finite.
+/// The smallest step of which at most eight fit into the span; the one before it when it fits no
+/// more than four times and the other no more than ten. The length of the span must be above 0 and
+/// finite.
 [[nodiscard]] NiceStep StepFor(const AxisSpan& span);
 
 /// The pixels from one mark to the next.

@@ -21,7 +21,7 @@ TEST(NiceSteps, FollowEachOther) {
     }
 }
 
-TEST(NiceSteps, AreTheSmallestThatFitEightTimes) {
+TEST(NiceSteps, FitFourToTenTimes) {
     const struct {
         double from, to;
         NiceStep step;
@@ -29,7 +29,9 @@ TEST(NiceSteps, AreTheSmallestThatFitEightTimes) {
                 {0.5, -0.5, {2, -1}},
                 {0, 8, {1, 0}},
                 {0, 8.1, {2, 0}},
-                {-1e300, 1e300, {5, 299}},
+                {-1e300, 1e300, {2, 299}},
+                {-1, 1, {2, -1}},
+                {-1, 1.001, {5, -1}},
                 {0, 8e-320, {1, -320}},
                 {1000, 1000 + 0x1p-40, {2, -13}},
                 {1, std::nextafter(1.0, 2.0), {5, -17}},
