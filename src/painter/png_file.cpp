@@ -40,7 +40,7 @@ bool TakeChunk(const TakeBytes& take, std::string_view name, std::string_view co
     AppendNumber(start, static_cast<std::uint32_t>(contents.size()));
     start += name;
     std::uint32_t sum = libdeflate_crc32(0, name.data(), name.size());
-    sum = libdeflate_crc32(sum, contents.data(), contents.size());
+    if (!contents.empty()) sum = libdeflate_crc32(sum, contents.data(), contents.size());
     std::string end;
     AppendNumber(end, sum);
     return take(start) && (contents.empty() || take(contents)) && take(end);
