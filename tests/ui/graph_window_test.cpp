@@ -211,6 +211,30 @@ class GraphWindowTest final : public QObject {
         QCOMPARE(canvas.RedrawCount(), settled);
         QCOMPARE(program.application.graph.viewport.view.Xmin, after.Xmin);
     }
+    /// An implicit curve that takes long moves as pixels; its lines follow when the pointer rests.
+    void ADragOfASlowCurveIsQuick() {
+        TestProgram program;
+        StartWith(program, 5, "J(0,x^2+y^2)-0.1");
+        program.OpenGraph();
+        GraphCanvas& canvas = program.Canvas();
+        const auto hasContours = [&canvas] {
+            return std::ranges::any_of(canvas.Picture().records, [](const DrawRecord& record) {
+                const auto* const curve = std::get_if<PixelRunsRecord>(&record);
+                return curve != nullptr && curve->contours.has_value();
+            });
+        };
+        QTRY_VERIFY(hasContours());
+        QTest::mousePress(&canvas, Qt::LeftButton, {}, QPoint(100, 100));
+        QTest::mouseMove(&canvas, QPoint(110, 95));
+        QTRY_VERIFY(!hasContours());
+        QVERIFY(HasCurve(program, 1));
+        QTRY_VERIFY(hasContours());  // the pointer rests
+        QTest::mouseMove(&canvas, QPoint(120, 95));
+        QTRY_VERIFY(!hasContours());
+        QTest::mouseRelease(&canvas, Qt::LeftButton, {}, QPoint(120, 95));
+        QVERIFY(canvas.BringUpToDate());  // as a command does that needs the picture
+        QVERIFY(hasContours());
+    }
     void WaitingDragsMakeOneComputation() {
         TestProgram program;
         StartWith(program, 2, "x");

@@ -5,12 +5,16 @@
 // (InputGate) that holds back all input. So the window is repainted and a key can stop the
 // computation, but nothing changes the state that is being drawn, and no second computation starts
 // inside the first. A hidden canvas computes nothing until it is shown again.
+//
+// While a drag moves a picture whose implicit curves take long, they are shown as pixels, without
+// their contours, so that the picture follows; the whole one comes when the pointer rests.
 #include "ui/graph/graph_canvas.h"
 
 #include <QGuiApplication>
 #include <QPainter>
 #include <QScopeGuard>
 #include <QStyleHints>
+#include <algorithm>
 #include <new>
 #include <utility>
 
@@ -26,6 +30,8 @@ namespace {
 
 constexpr int kSlow = 300;  // milliseconds until the stop key shows, so that it does not flicker
 constexpr int kProgressRows = 4;
+constexpr int kFrame = 16;  // milliseconds that a picture may take to follow a drag smoothly
+constexpr int kRest = 120;  // milliseconds without a movement after which a pointer rests
 constexpr int kGesturePause = 400;  // milliseconds without a turn of the wheel that end a gesture
 
 }  // namespace
@@ -47,6 +53,11 @@ GraphCanvas::GraphCanvas(GraphState& shownGraph, Workspace& shown, IsStopKey sto
     holdTimer.setSingleShot(true);
     holdTimer.setInterval(QGuiApplication::styleHints()->mousePressAndHoldInterval());
     connect(&holdTimer, &QTimer::timeout, this, &GraphCanvas::Hold);
+    rest.setSingleShot(true);
+    rest.setInterval(kRest);
+    connect(&rest, &QTimer::timeout, this, [this] {
+        if (graph.contours == ContourAccuracy::None) ScheduleRedraw();
+    });
     wheelPause.setSingleShot(true);
     wheelPause.setInterval(kGesturePause);
     connect(&wheelPause, &QTimer::timeout, this, [this] { wheelGesture = {}; });
@@ -64,7 +75,9 @@ void GraphCanvas::ScheduleRedraw() {
 
 bool GraphCanvas::BringUpToDate() {
     if (gate || !isVisible()) return false;
-    bool due = redrawTimer.isActive() || redrawAgain || image.isNull();
+    rest.stop();
+    bool due = redrawTimer.isActive() || redrawAgain || image.isNull() ||
+               graph.contours == ContourAccuracy::None;
     // A change of the window's size during the computation ends it and is held back meanwhile. It
     // has to take place before the next one.
     constexpr int kMostTries = 10;
@@ -82,11 +95,13 @@ void GraphCanvas::StartAfresh() {
     image = {};
     shownOnce = false;
     redrawTimer.stop();
+    rest.stop();
     EndGestures();
     update();
 }
 
 void GraphCanvas::Apply(PictureChange change) {
+    if (change == PictureChange::Curves && graph.pointer.use == PointerUse::Pan) rest.start();
     if (change == PictureChange::Curves) ScheduleRedraw();
     if (change == PictureChange::Overlay) update();
     ShowMode();
@@ -116,6 +131,11 @@ void GraphCanvas::Redraw() {
         redrawAgain = true;
         return;
     }
+    // The timer has run out when the redraw comes from it.
+    const bool isMoving = graph.pointer.use == PointerUse::Pan && rest.isActive();
+    graph.contours = isMoving && contoursAreSlow ? ContourAccuracy::None : ContourAccuracy::Exact;
+    QElapsedTimer time;
+    time.start();
     try {
         Compute();
         image = PaintPicture(list, devicePixelRatioF(), PlayingOf(workspace.options));
@@ -124,12 +144,22 @@ void GraphCanvas::Redraw() {
         GiveUp();
         throw;
     }
+    NoteTime(time.elapsed());
     ++redrawCount;
     update();
     ShowMode();
     Describe();
     emit Redrawn();
     if (redrawAgain) redrawTimer.start();
+}
+
+void GraphCanvas::NoteTime(qint64 milliseconds) {
+    if (graph.contours == ContourAccuracy::None) return;
+    const auto hasContours = [](const DrawRecord& record) {
+        const auto* const curve = std::get_if<PixelRunsRecord>(&record);
+        return curve != nullptr && curve->contours;
+    };
+    contoursAreSlow = milliseconds > kFrame && std::ranges::any_of(list.records, hasContours);
 }
 
 /// There is no picture, because there was not enough memory for it.

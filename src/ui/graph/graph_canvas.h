@@ -87,6 +87,7 @@ class GraphCanvas final : public QWidget {
   private:
     void Redraw();
     void Compute();
+    void NoteTime(qint64 milliseconds);
     void GiveUp();
     [[nodiscard]] bool AddProgress(const ProgressStretch& stretch);
     [[nodiscard]] bool Breathe();
@@ -115,6 +116,8 @@ class GraphCanvas final : public QWidget {
     int redrawCount = 0;
     std::vector<ProgressStretch> progress;
     QElapsedTimer sinceStart;
+    bool contoursAreSlow = false;  ///< the last whole picture with contours held up a drag
+    QTimer rest;                   ///< a drag that pauses gets its whole picture
 
     QTimer holdTimer;          ///< timer 1
     bool holdPending = false;  ///< the hold may still open the popup
