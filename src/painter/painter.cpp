@@ -102,7 +102,7 @@ Playing PlayingOf(const Options& options) {
 QImage PaintPicture(const DrawList& list, double devicePixelRatio, Playing playing) {
     if (list.width <= 0 || list.height <= 0) return {};
     const bool usable = std::isfinite(devicePixelRatio) && devicePixelRatio > 0.0;
-    const double ratio = usable ? std::clamp(devicePixelRatio, 0.125, 16.0) : 1.0;
+    const double ratio = usable ? std::clamp(devicePixelRatio, 0.125, 64.0) : 1.0;
     QImage picture(static_cast<int>(std::lround(list.width * ratio)),
                    static_cast<int>(std::lround(list.height * ratio)), QImage::Format_RGB32);
     if (picture.isNull()) return picture;
