@@ -15,7 +15,7 @@ set(KALVEX_ROOMS
   "analysis  | base numbers resources workspace                                                 |"
   "commands  | base numbers resources expr workspace settings graph                             |"
   "painter   | base numbers resources workspace graph                                           | Qt6::Gui Qt6::Svg PkgConfig::LIBDEFLATE"
-  "ui        | base numbers resources interp workspace settings graph analysis commands painter | Qt6::Widgets Qt6::Network"
+  "ui        | base numbers resources interp workspace settings graph analysis commands painter | Qt6::Widgets Qt6::Network Qt6::PrintSupport"
   "cli       | base numbers resources expr interp workspace graph analysis painter              | CLI11::CLI11 Qt6::Gui"
 )
 

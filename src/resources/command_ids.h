@@ -123,6 +123,7 @@ enum class CommandId : int {
     PopupZoomOut,
     SavePictureAs,
     CopyPicture,
+    Print,
     ReportToFile,
 };
 

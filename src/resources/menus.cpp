@@ -118,14 +118,14 @@ Menu GraphMenu() {
         Entry(CommandId::Options, StringId::MenuOptions),
         Entry(CommandId::Calculator, StringId::MenuCalculator),
         Entry(CommandId::Picture, StringId::MenuPicture),
+        Entry(CommandId::SavePictureAs, StringId::MenuSavePictureAs),
+        Entry(CommandId::CopyPicture, StringId::MenuCopyPicture),
+        Entry(CommandId::Print, StringId::MenuPrint),
         Separator(),
         Entry(CommandId::Help, StringId::MenuHelp),
         Entry(CommandId::About, StringId::MenuAbout),
         Separator(),
         Entry(CommandId::GraphExit, StringId::MenuExit),
-        Separator(),
-        Entry(CommandId::SavePictureAs, StringId::MenuSavePictureAs),
-        Entry(CommandId::CopyPicture, StringId::MenuCopyPicture),
     };
 }
 

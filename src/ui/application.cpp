@@ -22,7 +22,6 @@
 #include "ui/dialogs/options_dialog.h"
 #include "ui/editor/point_file_dialog.h"
 #include "ui/graph/graph_canvas.h"
-#include "ui/graph/picture_export.h"
 #include "ui/help/help_window.h"
 #include "ui/parts/file_name.h"
 #include "ui/parts/gate.h"
@@ -45,18 +44,6 @@ void ShowStoreNote(Application& application) {
         application.keptTold = remarks.keptAs;
     }
     application.editor->ShowNote(note);
-}
-
-/// Saves the picture where the user wants it; the next dialog starts in the same folder.
-void AskForPicture(Application& application) {
-    const QString last = application.windowState.folder;
-    const QString folder = last.isEmpty() ? application.pictureFolder : last;
-    OpenSavePictureDialog(
-        application.graphWindow.get(), folder, [&application](const QString& path) {
-            application.windowState.folder = QFileInfo(path).absolutePath();
-            SavePicture(application.graphWindow->Canvas().Picture(),
-                        {PlayingOf(application.workspace.options)}, path, application.show);
-        });
 }
 
 /// Shows boxes as soon as nothing else is open and no picture is being computed; during a
@@ -131,15 +118,12 @@ void AnalyseTraced(Application& application) {
                  *traced, application.graph.viewport);
 }
 
-void CopyShownPicture(Application& application) {
-    const GraphCanvas& canvas = application.graphWindow->Canvas();
-    CopyPicture(canvas.Picture(),
-                {PlayingOf(application.workspace.options), canvas.devicePixelRatioF()});
-}
-
-void ExportShownPicture(Application& application) {
-    ExportPicture(application.graphWindow->Canvas().Picture(), application.workspace.options,
-                  application.registry, application.pictureFolder, application.show);
+/// A command on the picture that the graph window shows.
+template <void (*run)(const PictureSource&)>
+void OnPicture(Application& application) {
+    run({*application.graphWindow, application.graph, application.workspace, application.registry,
+         application.pictureFolder, application.windowState.folder, application.pictureChoices,
+         application.show});
 }
 
 /// The commands of the program, as both windows call them.
@@ -204,9 +188,10 @@ constexpr ProgramCommand kProgramCommands[] = {
     {CommandId::Exit, Exit},
     {CommandId::GraphTable, ReturnFromGraph, true},
     {CommandId::Analyze, AnalyseTraced, true},
-    {CommandId::Picture, ExportShownPicture, true},
-    {CommandId::SavePictureAs, AskForPicture, true},
-    {CommandId::CopyPicture, CopyShownPicture, true},
+    {CommandId::Picture, OnPicture<ExportShownPicture>, true},
+    {CommandId::SavePictureAs, OnPicture<AskForPicture>, true},
+    {CommandId::CopyPicture, OnPicture<CopyShownPicture>, true},
+    {CommandId::Print, OnPicture<PrintShownGraph>, true},
     {CommandId::GraphExit, Exit, true},
 };
 

@@ -13,6 +13,7 @@
 #include "settings/registry.h"
 #include "ui/editor/editor_window.h"
 #include "ui/graph/graph_window.h"
+#include "ui/graph/picture_commands.h"
 #include "ui/single_instance.h"
 #include "ui/window_state.h"
 #include "workspace/workspace.h"
@@ -34,6 +35,7 @@ struct Application {
     InstanceGuard instance;
     WindowState windowState;
     CalculatorHistory calculated;
+    PictureChoices pictureChoices;
     std::string keptTold;  ///< the copy of a damaged settings file that the user was told of
     std::unique_ptr<EditorWindow> editor;
     std::unique_ptr<GraphWindow> graphWindow;

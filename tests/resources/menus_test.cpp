@@ -60,8 +60,8 @@ TEST(GraphMenu, ReadsAsItMust) {
               u"Graph Table\nFull Screen (#)\n"
               u"Zoom\n  Box\n   Factor\n  Zoom In\n  Zoom Out\n  Auto\n  Pre\n"
               u"QUICK\n  Init\n  Trig\n  Log(X)\n  exp(X)\n  X^2\n  -X^2\n  Standart\n"
-              u"View Window\nOptions=32790\nCalculator\nPicture\n-\nHelp=32867\nAbout=32791\n-\n"
-              u"Exit\n-\nSave Picture As...\nCopy Picture\n");
+              u"View Window\nOptions=32790\nCalculator\nPicture\nSave Picture As...\n"
+              u"Copy Picture\nPrint...\n-\nHelp=32867\nAbout=32791\n-\nExit\n");
     EXPECT_EQ(Described(FullScreenPopup()), u"Full Screen\nZoom In\nZoom Out\nHelp=32867\n");
 }
 

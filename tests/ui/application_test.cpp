@@ -98,8 +98,8 @@ class ApplicationTest final : public QObject {
         };
         for (const CommandId command :
              {CommandId::GraphTable, CommandId::Analyze, CommandId::Picture,
-              CommandId::SavePictureAs, CommandId::CopyPicture, CommandId::GraphExit,
-              CommandId::None, CommandId::Red, CommandId::ZoomIn}) {
+              CommandId::SavePictureAs, CommandId::CopyPicture, CommandId::Print,
+              CommandId::GraphExit, CommandId::None, CommandId::Red, CommandId::ZoomIn}) {
             QVERIFY2(!run(command), QByteArray::number(static_cast<int>(command)).constData());
         }
         QCOMPARE(program.quits, 0);

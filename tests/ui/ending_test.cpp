@@ -103,6 +103,25 @@ const std::vector<Opened> kOpened = {
     {"picture file", [](BoxesProgram& program) { program.Graph().Run(CommandId::SavePictureAs); },
      true},
     {"question of a file dialog", AskToReplace, true},
+    {"size of a picture",
+     [](BoxesProgram& program) {
+         program.application.windowState.folder = program.folder.path();
+         program.Graph().Run(CommandId::SavePictureAs);
+         auto* const name = OpenDialog("savePictureDialog")->findChild<QLineEdit*>("fileNameEdit");
+         name->setText("new.png");
+         QTest::keyClick(name, Qt::Key_Return);
+         QVERIFY(OpenDialog("pictureSizeDialog") != nullptr);
+     },
+     true},
+    {"preview of a page", [](BoxesProgram& program) { program.Graph().Run(CommandId::Print); },
+     true},
+    {"print dialog",
+     [](BoxesProgram& program) {
+         program.Graph().Run(CommandId::Print);
+         PressByAction(*OpenDialog("printPreview"), "printKey");
+         QVERIFY(QTest::qWaitFor([] { return OpenDialog("printDialog") != nullptr; }));
+     },
+     true},
 };
 
 }  // namespace
@@ -151,6 +170,7 @@ class EndingTest final : public QObject {
             QVERIFY2(!IsAnythingOpen(), opened.name);
             QFile old(program.folder.filePath("old.png"));
             if (old.open(QIODevice::ReadOnly)) QCOMPARE(old.readAll(), QByteArray("old"));
+            QVERIFY2(!QFileInfo::exists(program.folder.filePath("new.png")), opened.name);
             goOn(program, opened);
         }
     }

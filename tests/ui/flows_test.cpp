@@ -193,6 +193,7 @@ class FlowsTest final : public QObject {
             },
             [&] { PressButtonByAction(*dialog, QDialogButtonBox::Cancel); },
             [&] { BoxInFront()->button(QMessageBox::Yes)->click(); },
+            [&] { PressByAction(*OpenDialog("pictureSizeDialog"), "saveKey"); },
         });
         QVERIFY(done);
         QTRY_VERIFY(!dialog);

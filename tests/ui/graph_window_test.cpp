@@ -171,8 +171,8 @@ class GraphWindowTest final : public QObject {
              {CommandId::GraphTable, CommandId::FullScreen, CommandId::ViewWindowDialog,
               CommandId::ZoomBox, CommandId::ZoomFactor, CommandId::ZoomIn, CommandId::ZoomAuto,
               CommandId::QuickTrig, CommandId::Picture, CommandId::GraphExit,
-              CommandId::SavePictureAs, CommandId::CopyPicture, CommandId::Options,
-              CommandId::Calculator, CommandId::Help, CommandId::About}) {
+              CommandId::SavePictureAs, CommandId::CopyPicture, CommandId::Print,
+              CommandId::Options, CommandId::Calculator, CommandId::Help, CommandId::About}) {
             QVERIFY(ActionOf(*menu, command)->isEnabled());
         }
         QCOMPARE(ActionOf(*menu, CommandId::FullScreen)->text(), QString("Full Screen (#)"));

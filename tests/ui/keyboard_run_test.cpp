@@ -209,8 +209,12 @@ class KeyboardRunTest final : public QObject {
         p.Press(Qt::Key_NumberSign);
         QTRY_VERIFY(!p.Graph().isFullScreen());
         p.WaitForPicture();
-        p.Ctrl(Qt::Key_P);
+        p.Press(Qt::Key_P, Qt::ControlModifier | Qt::ShiftModifier);
         QTRY_VERIFY(p.LastBox().text == u"Save");
+        p.Ctrl(Qt::Key_P);
+        QVERIFY(p.IsInFront("printPreview"));
+        p.Press(Qt::Key_Escape);
+        QVERIFY(p.IsInFront("graph"));
         p.Ctrl(Qt::Key_S);
         QVERIFY(p.In<QLineEdit>("savePictureDialog", "fileNameEdit") != nullptr);
         p.Replace(p.folder.filePath("curve.svg"));

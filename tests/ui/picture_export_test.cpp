@@ -124,6 +124,11 @@ class PictureExportTest final : public QObject {
             QVERIFY(name != nullptr);
             name->setText(row.typed);
             QTest::keyClick(name, Qt::Key_Return);
+            if (QByteArray(row.made).endsWith(".png")) {
+                auto* const size = program.Graph().findChild<QDialog*>("pictureSizeDialog");
+                QVERIFY(size != nullptr);
+                QTest::keyClick(size, Qt::Key_Return);
+            }
             QTRY_VERIFY(QFileInfo::exists(folder.filePath(row.made)));
             QFile file(folder.filePath(row.made));
             QVERIFY(file.open(QIODevice::ReadOnly));

@@ -22,6 +22,7 @@
 #include "painter/painter.h"
 #include "ui/graph/input_gate.h"
 #include "ui/graph/overlay_painter.h"
+#include "ui/graph/picture_note.h"
 #include "ui/parts/qt_text.h"
 #include "workspace/function_list.h"
 
@@ -47,6 +48,7 @@ GraphCanvas::GraphCanvas(GraphState& shownGraph, Workspace& shown, IsStopKey sto
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_AcceptTouchEvents);
     setAccessibleName(TextOf(StringId::GraphPicture));
+    note = new PictureNote(this);
     redrawTimer.setSingleShot(true);
     redrawTimer.setInterval(0);
     connect(&redrawTimer, &QTimer::timeout, this, &GraphCanvas::Redraw);
@@ -107,6 +109,11 @@ void GraphCanvas::Apply(PictureChange change) {
     ShowMode();
     // When a redraw is due, the description waits for the new picture.
     if (change != PictureChange::Curves && !redrawTimer.isActive()) Describe();
+}
+
+void GraphCanvas::ShowNote(const QString& text) {
+    note->ShowText(text);
+    Describe();
 }
 
 void GraphCanvas::ApplyPick(const PickResult& picked) {
@@ -217,7 +224,9 @@ void GraphCanvas::Describe() {
     const ViewWindow& view = graph.viewport.view;
     const QString bounds =
         TextOf(StringId::GraphBounds).arg(view.Xmin).arg(view.Xmax).arg(view.Ymin).arg(view.Ymax);
-    QStringList parts = {drawn.join("; "), bounds};
+    QStringList parts;
+    if (note->isVisible()) parts += note->accessibleName();
+    parts << drawn.join("; ") << bounds;
     for (const std::u16string& text :
          OverlayOf(graph, workspace.functions, workspace.options).texts) {
         parts += ToQString(text);

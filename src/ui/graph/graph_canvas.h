@@ -21,6 +21,7 @@ class QTouchEvent;
 namespace kalvex {
 
 class InputGate;
+class PictureNote;
 
 /// Whether the key that stops a computation is at a point of the screen.
 using IsStopKey = std::function<bool(QPointF)>;
@@ -47,6 +48,9 @@ class GraphCanvas final : public QWidget {
     void StartAfresh();
     /// Ends a hold, a pinch and a series of wheel turns, because a command interrupts them.
     void EndGestures();
+    /// Shows a note over the picture for some seconds or until the next key or click. Those who
+    /// hear the picture hear it first.
+    void ShowNote(const QString& text);
     /// Brings the screen up to date after a change.
     void Apply(PictureChange change);
     /// Does so after a pick; one that was refused ends when its box has been answered.
@@ -108,6 +112,7 @@ class GraphCanvas final : public QWidget {
     ShowBox showBox;
     DrawList list;
     QImage image;
+    PictureNote* note;
     QTimer redrawTimer;
     bool shownOnce = false;
     std::unique_ptr<InputGate> gate;  ///< while a picture is being computed

@@ -46,20 +46,24 @@ QString DefaultPictureFolder() {
 }
 
 void ExportPicture(const DrawList& picture, Options& options, const Registry& registry,
-                   const QString& folder, const ShowBox& show) {
+                   const QString& folder, const ShowBox& show, const PathSaved& saved) {
     const QString name = "Kalvex_" + QString::number(options.Screen) + ".bmp";
     const QString path = QDir(folder).filePath(name);
     if (!HasFontsOf(picture)) return static_cast<void>(Tell(show, {NotWrittenBox(path)}));
     options.Screen = Successor(options.Screen);
     if (!FileNameOf(folder).empty()) QDir().mkpath(folder);
     // KEEP: "Save" is the text and "Info" the caption, shown even when no file could be made.
-    static_cast<void>(WriteCompleteFile(FileNameOf(path), [&picture](const TakeBytes& take) {
+    const bool isWritten{WriteCompleteFile(FileNameOf(path), [&picture](const TakeBytes& take) {
         return MakeBitmap(PaintPicture(picture), take);
-    }));
+    })};
     // The picture counts, not its number: a failure of the store is not told.
     static_cast<void>(StoreOption(registry, "Screen", options.Screen));
-    Tell(show, {BoxOf(StringId::PictureSavedCaption, Text(StringId::PictureSavedText),
-                      MessageIcon::Exclamation)});
+    Tell(show,
+         {BoxOf(StringId::PictureSavedCaption, Text(StringId::PictureSavedText),
+                MessageIcon::Exclamation)},
+         [isWritten, saved, path] {
+             if (isWritten && saved) saved(path);
+         });
 }
 
 void OpenSavePictureDialog(QWidget* parent, const QString& folder,
@@ -84,7 +88,7 @@ void OpenSavePictureDialog(QWidget* parent, const QString& folder,
     dialog->open();
 }
 
-void SavePicture(const DrawList& picture, const PictureStyle& style, const QString& path,
+bool SavePicture(const DrawList& picture, const PictureStyle& style, const QString& path,
                  const ShowBox& show) {
     const PictureFormat* format = PictureFormatOf(path.toStdString(), FormatsOf::Windows);
     if (format == nullptr) {
@@ -92,7 +96,10 @@ void SavePicture(const DrawList& picture, const PictureStyle& style, const QStri
         Tell(show, {ErrorBox(FillIn(Text(StringId::PictureEnding), {endings, FromQString(path)}))});
     } else if (!WritePicture(*format, FileNameOf(path), picture, style)) {
         Tell(show, {NotWrittenBox(path)});
+    } else {
+        return true;
     }
+    return false;
 }
 
 void CopyPicture(const DrawList& picture, const PictureStyle& style) {

@@ -2,17 +2,12 @@
 // its screen by itself.
 #include "ui/parts/file_dialogs.h"
 
-#include <QApplication>
 #include <QDir>
 #include <QHeaderView>
 #include <QStandardPaths>
-#include <QThread>
-#include <QTimer>
 #include <QTreeView>
 #include <memory>
 #include <utility>
-
-#include "ui/parts/gate.h"
 
 namespace kalvex {
 namespace {
@@ -21,45 +16,7 @@ constexpr int kNarrow = 700;  // logical pixels
 constexpr int kFrame = 12;
 constexpr int kTitle = 40;
 
-bool BelongsTo(const QObject* part, const QObject* whole) {
-    while (part != nullptr && part != whole)
-        part = part->parent();
-    return part != nullptr;
-}
-
-/// Closes the menus and lists that a dialog has open.
-void ClosePopupsOf(const QWidget& dialog) {
-    const QWidget* last = nullptr;
-    while (QWidget* const popup = QApplication::activePopupWidget()) {
-        if (popup == last || !BelongsTo(popup, &dialog)) break;
-        last = popup;
-        popup->close();
-    }
-}
-
 }  // namespace
-
-FileDialog::FileDialog(QWidget* parent, const QString& caption, const QString& folder)
-    : QFileDialog(parent, caption, folder), openedAt(QThread::currentThread()->loopLevel()) {}
-
-void FileDialog::accept() {
-    if (MayRun(*this)) QFileDialog::accept();
-}
-
-void FileDialog::done(int result) {
-    if (!MayRun(*this)) return;
-    ClosePopupsOf(*this);
-    QFileDialog::done(result);
-    DeleteWhenNothingWaits();
-}
-
-// A box or a menu that the dialog waits for has an event loop, which would also run a deletion that
-// is put off with deleteLater.
-void FileDialog::DeleteWhenNothingWaits() {
-    constexpr int kRetry = 20;  // milliseconds
-    if (QThread::currentThread()->loopLevel() <= openedAt) return deleteLater();
-    QTimer::singleShot(kRetry, this, [this] { DeleteWhenNothingWaits(); });
-}
 
 void FitFileDialog(QFileDialog& dialog, const QSize& room) {
     if (room.width() < kNarrow) {

@@ -5,27 +5,14 @@
 #include <QString>
 #include <functional>
 
+#include "ui/parts/asking_dialog.h"
+
 class QSize;
 
 namespace kalvex {
 
-/// A file dialog that deletes itself. Qt's dialog opens boxes and menus of its own ("replace it?",
-/// the menu of a file) and waits for them inside its functions. While such a box is open, nothing
-/// accepts or closes the dialog; in any case it is deleted only after those functions have
-/// returned.
-class FileDialog final : public QFileDialog {
-  public:
-    FileDialog(QWidget* parent, const QString& caption, const QString& folder);
-
-  protected:
-    void accept() override;
-    void done(int result) override;
-
-  private:
-    void DeleteWhenNothingWaits();
-
-    int openedAt;  ///< how many event loops ran inside each other when it was made
-};
+/// A file dialog that deletes itself. It asks "replace it?" and opens menus by itself.
+using FileDialog = AskingDialog<QFileDialog>;
 
 /// Gives a dialog no more than the room of a screen; in a narrow one it does without the places at
 /// the side and all columns but the names.
