@@ -66,8 +66,9 @@ struct Grid {
 };
 
 void RaiseTo(std::uint8_t& part, float covered) {
+    constexpr float kHalf = 0.5F;  // the number is positive: truncating rounds it to the nearest
     const float bounded = std::min(std::max(covered, 0.0F), 1.0F);
-    part = std::max(part, static_cast<std::uint8_t>(bounded * 255.0F + 0.5F));
+    part = std::max(part, static_cast<std::uint8_t>(bounded * 255.0F + kHalf));
 }
 
 /// One column (of a flat line) or row where the nearest point of the axis is inside the line for
