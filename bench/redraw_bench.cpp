@@ -55,8 +55,8 @@ void SmoothRedraw(benchmark::State& state) {
     const MeasureText measure = PainterTextMeasure();
     const auto ratio = static_cast<double>(state.range(0));
     for (auto _ : state)
-        benchmark::DoNotOptimize(PaintPicture(
-            DrawGraph(graph, functions, WidePen(), measure, {}), ratio, Playing::Smooth));
+        benchmark::DoNotOptimize(PaintPicture(DrawGraph(graph, functions, WidePen(), measure, {}),
+                                              ratio, Playing::Smooth));
 }
 BENCHMARK(SmoothRedraw)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond);
 

@@ -5,8 +5,6 @@
 #include "painter/coverage.h"
 
 #include <algorithm>
-#include <array>
-#include <bit>
 #include <cmath>
 #include <cstring>
 #include <numbers>
@@ -14,8 +12,6 @@
 
 namespace kalvex {
 namespace {
-
-constexpr std::int32_t kGroup = 32;  ///< pixels
 
 /// Pixels first .. end - 1 of one direction.
 struct Range {
@@ -66,8 +62,9 @@ struct Grid {
 };
 
 void RaiseTo(std::uint8_t& part, float covered) {
+    constexpr float kHalf = 0.5F;  // the number is positive: truncating rounds it to the nearest
     const float bounded = std::min(std::max(covered, 0.0F), 1.0F);
-    part = std::max(part, static_cast<std::uint8_t>(bounded * 255.0F + 0.5F));
+    part = std::max(part, static_cast<std::uint8_t>(bounded * 255.0F + kHalf));
 }
 
 /// One column (of a flat line) or row where the nearest point of the axis is inside the line for
@@ -160,8 +157,8 @@ Line LineOf(double major0, double minor0, double major1, double minor1, double p
 /// Notes the groups of a box of pixels.
 void Touch(CoverageMask& mask, const Range& rows, const Range& columns) {
     NoteRows(mask, rows);
-    const std::int32_t first = columns.first / kGroup;
-    const std::int32_t count = (columns.end - 1) / kGroup - first + 1;
+    const std::int32_t first = columns.first / kCoverageGroup;
+    const std::int32_t count = (columns.end - 1) / kCoverageGroup - first + 1;
     for (std::int32_t row = rows.first; row < rows.end; ++row) {
         std::uint8_t* const touched = mask.touched.data() + std::ptrdiff_t{row} * mask.groups;
         std::memset(touched + first, 1, static_cast<std::size_t>(count));
@@ -193,61 +190,13 @@ void CoverShort(CoverageMask& mask, double x0, double y0, double x1, double y1, 
               {mask.parts.data(), mask.width, 1, mask.height, mask.width}, joined);
 }
 
-constexpr std::int32_t kWord = 8;  ///< pixels that are painted together
-constexpr std::size_t kChannels = 4 * std::size_t{kWord};
-
-/// The bytes of a word of pixels, or of their covered parts.
-using WordBytes = std::array<std::uint8_t, kChannels>;
-
-WordBytes Repeated(std::uint32_t pixel) {
-    WordBytes bytes;
-    for (std::size_t i = 0; i < bytes.size(); i += sizeof pixel)
-        std::memcpy(bytes.data() + i, &pixel, sizeof pixel);
-    return bytes;
-}
-
-/// Mixes channel by channel, (below * (255 - part) + above * part) / 255 rounded, in 16 bits each,
-/// which compilers turn into vector instructions.
-void PaintWord(const std::uint8_t* parts, const WordBytes& above, std::uint32_t* pixels) {
-    WordBytes part;
-    for (std::size_t i = 0; i < std::size_t{kWord}; ++i) {
-        const std::uint32_t repeated = parts[i] * 0x01010101U;
-        std::memcpy(part.data() + 4 * i, &repeated, sizeof repeated);
-    }
-    WordBytes bytes;
-    std::memcpy(bytes.data(), pixels, sizeof bytes);
-    for (std::size_t i = 0; i < bytes.size(); ++i) {
-        const auto rest = static_cast<std::uint16_t>(255 - part[i]);
-        const auto sum = static_cast<std::uint16_t>(bytes[i] * rest + above[i] * part[i] + 128);
-        bytes[i] = static_cast<std::uint8_t>(static_cast<std::uint16_t>(sum + (sum >> 8)) >> 8);
-    }
-    std::memcpy(pixels, bytes.data(), sizeof bytes);
-}
-
-/// @param count at most kGroup
-void PaintGroup(std::uint8_t* parts, std::int32_t count, const WordBytes& above,
-                std::uint32_t* pixels) {
-    for (std::int32_t i = 0; i < count; i += kWord) {
-        const auto size = static_cast<std::size_t>(std::min(kWord, count - i));
-        std::array<std::uint8_t, kWord> word = {};
-        std::memcpy(word.data(), parts + i, size);
-        if (std::bit_cast<std::uint64_t>(word) == 0) continue;  // most words have nothing covered
-        std::memset(parts + i, 0, size);
-        std::array<std::uint32_t, kWord> last = {};
-        const bool isWhole = size == std::size_t{kWord};
-        if (!isWhole) std::memcpy(last.data(), pixels + i, size * sizeof *pixels);
-        PaintWord(word.data(), above, isWhole ? pixels + i : last.data());
-        if (!isWhole) std::memcpy(pixels + i, last.data(), size * sizeof *pixels);
-    }
-}
-
 }  // namespace
 
 CoverageMask MakeCoverageMask(std::int32_t width, std::int32_t height) {
     CoverageMask mask;
     mask.width = std::max(width, 0);
     mask.height = std::max(height, 0);
-    mask.groups = (mask.width + kGroup - 1) / kGroup;
+    mask.groups = (mask.width + kCoverageGroup - 1) / kCoverageGroup;
     mask.parts.resize(static_cast<std::size_t>(mask.width) * static_cast<std::size_t>(mask.height));
     mask.touched.resize(static_cast<std::size_t>(mask.groups) *
                         static_cast<std::size_t>(mask.height));
@@ -269,7 +218,7 @@ bool MayBeJoined(double x0, double y0, double x1, double y1, double x2, double y
 void CoverLine(CoverageMask& mask, double x0, double y0, double x1, double y1, double penWidth,
                JoinedEnds joined) {
     // Cut into pieces, so that each touches few groups of pixels.
-    constexpr double kLongest = 2.0 * kGroup;
+    constexpr double kLongest = 2.0 * kCoverageGroup;
     const double longer = std::max(std::fabs(x1 - x0), std::fabs(y1 - y0));
     const double pieces = std::ceil(longer / kLongest);
     if (pieces <= 1.0) return CoverShort(mask, x0, y0, x1, y1, penWidth, joined);
@@ -296,34 +245,6 @@ void CoverCircle(CoverageMask& mask, double x, double y, double radius, double p
             RaiseTo(parts[column], static_cast<float>(outer - distance));
         }
     }
-}
-
-void PaintCovered(CoverageMask& mask, std::uint32_t color, std::uint32_t* pixels,
-                  std::ptrdiff_t stride) {
-    const WordBytes above = Repeated(0xFF000000U | color);
-    // A line goes on a few rows below where it is now. Fetching these pixels beforehand halves the
-    // time of steep lines, which would wait for each of them.
-    constexpr std::int32_t kAhead = 8;
-    for (std::int32_t row = mask.firstRow; row < mask.endRow; ++row) {
-        std::uint8_t* const touched = mask.touched.data() + std::ptrdiff_t{row} * mask.groups;
-        std::uint8_t* const parts = mask.parts.data() + std::ptrdiff_t{row} * mask.width;
-        for (std::int32_t group = 0; group < mask.groups; ++group) {
-            const auto* const next = static_cast<const std::uint8_t*>(
-                std::memchr(touched + group, 1, static_cast<std::size_t>(mask.groups - group)));
-            if (next == nullptr) break;
-            group = static_cast<std::int32_t>(next - touched);
-            touched[group] = 0;
-            const std::int32_t first = group * kGroup;
-            std::uint32_t* const target = pixels + row * stride + first;
-            if (row + kAhead < mask.endRow) {
-                __builtin_prefetch(target + kAhead * stride, 1);
-                __builtin_prefetch(target + kAhead * stride + kGroup / 2, 1);
-            }
-            PaintGroup(parts + first, std::min(kGroup, mask.width - first), above, target);
-        }
-    }
-    mask.firstRow = 0;
-    mask.endRow = 0;
 }
 
 }  // namespace kalvex

@@ -7,6 +7,8 @@
 
 namespace kalvex {
 
+inline constexpr std::int32_t kCoverageGroup = 32;  ///< pixels of a group
+
 /// For each pixel of an image the part of it, in 255ths, that the lines of one colour cover.
 /// Coordinates are device pixels; pixel (i, j) is the square from (i, j) to (i + 1, j + 1).
 struct CoverageMask {

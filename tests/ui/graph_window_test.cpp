@@ -136,16 +136,19 @@ class GraphWindowTest final : public QObject {
         QVERIFY(program.Canvas().accessibleDescription().contains("Y(x)=x^2"));
     }
     void ShowsThePictureAsComputed() {
-        TestProgram program;
-        StartWith(program, 2, "3sin(x)");
-        program.OpenGraph();
-        const QImage expected = PaintPicture(program.Canvas().Picture(), 1.0, Playing::Smooth);
-        const QImage shown =
-            program.Canvas().grab().toImage().convertToFormat(QImage::Format_RGB32);
-        QCOMPARE(shown.size(), expected.size());
-        for (int y = 0; y < shown.height(); ++y) {
-            for (int x = 0; x < shown.width(); ++x)
-                QCOMPARE(shown.pixel(x, y), expected.pixel(x, y));
+        for (const Playing playing : {Playing::Smooth, Playing::Classic}) {
+            TestProgram program;
+            StartWith(program, 2, "3sin(x)");
+            program.application.workspace.options.Smooth = playing == Playing::Smooth ? 1 : 0;
+            program.OpenGraph();
+            const QImage expected = PaintPicture(program.Canvas().Picture(), 1.0, playing);
+            const QImage shown =
+                program.Canvas().grab().toImage().convertToFormat(QImage::Format_RGB32);
+            QCOMPARE(shown.size(), expected.size());
+            for (int y = 0; y < shown.height(); ++y) {
+                for (int x = 0; x < shown.width(); ++x)
+                    QCOMPARE(shown.pixel(x, y), expected.pixel(x, y));
+            }
         }
     }
     void PaintingDoesNotCompute() {
