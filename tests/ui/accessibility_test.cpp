@@ -117,7 +117,7 @@ class AccessibilityTest final : public QObject {
         SpokenProgram program;
         QCOMPARE(Nameless(program.Graph()), QStringList());
         for (const CommandId command : {CommandId::ViewWindowDialog, CommandId::ZoomFactor,
-                                        CommandId::Trace, CommandId::Analyze}) {
+                                        CommandId::Print, CommandId::Trace, CommandId::Analyze}) {
             program.Graph().Run(command);
             auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
             if (command == CommandId::Trace) continue;  // opens no dialog

@@ -36,6 +36,27 @@ void AskToReplace(BoxesProgram& program) {
     QTest::keyClick(name, Qt::Key_Return);
 }
 
+/// A key of the print dialog that waits for what it opens, in an event loop of its own.
+void PressInPrintDialog(BoxesProgram& program, const QString& word) {
+    program.Graph().Run(CommandId::Print);
+    PressByAction(*OpenDialog("printPreview"), "printKey");
+    QVERIFY(QTest::qWaitFor([] { return OpenDialog("printDialog") != nullptr; }));
+    QDialog* const dialog = OpenDialog("printDialog");
+    if (auto* const file = dialog->findChild<QLineEdit*>("filename"))
+        file->setText(program.folder.filePath("old.png"));
+    for (QPushButton* const key : dialog->findChildren<QPushButton*>()) {
+        if (key->text().remove('&') == word) return key->click();
+    }
+    QFAIL("no such key");
+}
+
+void AskToPrintOver(BoxesProgram& program) {
+    QFile old(program.folder.filePath("old.png"));
+    QVERIFY(old.open(QIODevice::WriteOnly) && old.write("old") == 3);
+    old.close();
+    PressInPrintDialog(program, "Print");
+}
+
 void OpenReport(BoxesProgram& program) {
     program.Graph().Run(CommandId::Trace);
     program.Graph().Run(CommandId::Analyze);
@@ -122,6 +143,9 @@ const std::vector<Opened> kOpened = {
          QVERIFY(QTest::qWaitFor([] { return OpenDialog("printDialog") != nullptr; }));
      },
      true},
+    {"properties of a printer",
+     [](BoxesProgram& program) { PressInPrintDialog(program, "Properties"); }, true},
+    {"question of the print dialog", AskToPrintOver, true},
 };
 
 }  // namespace

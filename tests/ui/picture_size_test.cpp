@@ -148,6 +148,8 @@ class PictureSizeTest final : public QObject {
         program.SaveAs("a.png");
         auto* const form = static_cast<FormDialog*>(SizeProgram::Form());
         QVERIFY(form->sizeHint().width() <= 480 && form->height() <= 600);
+        for (const QWidget* const field : std::initializer_list<QWidget*>{Choice(), OwnWidth()})
+            QVERIFY(!field->accessibleName().isEmpty());
         PressByAction(*form, "cancelKey");
     }
 };

@@ -40,6 +40,35 @@ void SetToFile(QPrinter& printer, const QString& path, QPageLayout::Orientation 
     printer.setPageMargins(QMarginsF(15, 15, 15, 15), QPageLayout::Millimeter);
 }
 
+struct PageRow {
+    QSize picture;
+    bool fills;
+    QPageLayout::Orientation orientation;
+    bool isFullWidth, isFullHeight;  ///< the picture takes all the room of the page
+};
+
+/// Whether a file has the page of a row: its size, the picture in the middle, as large as it can
+/// be.
+void ComparePage(const QByteArray& pdf, const PageRow& row) {
+    const QSizeF a4(595.0, 842.0);
+    const QSizeF page = row.orientation == QPageLayout::Landscape ? a4.transposed() : a4;
+    const QSizeF size = PdfPageSize(pdf);
+    QVERIFY(std::abs(size.width() - page.width()) < kTolerance);
+    QVERIFY(std::abs(size.height() - page.height()) < kTolerance);
+    const QSizeF room = size - QSizeF(2 * kMargin, 2 * kMargin);
+    const double proportion = static_cast<double>(row.picture.width()) / row.picture.height();
+    const double width = row.isFullWidth ? room.width() : room.height() * proportion;
+    const double height = row.isFullHeight ? room.height() : room.width() / proportion;
+    const QRectF extent = PdfExtent(pdf);
+    const QString told = QString("%1 %2 %3 %4");
+    const QByteArray found =
+        told.arg(extent.left()).arg(extent.top()).arg(extent.width()).arg(extent.height()).toUtf8();
+    QVERIFY2(std::abs(extent.width() - width) < kTolerance, found);
+    QVERIFY2(std::abs(extent.height() - height) < kTolerance, found);
+    QVERIFY2(std::abs(extent.center().x() - size.width() / 2.0) < kTolerance, found);
+    QVERIFY2(std::abs(extent.center().y() - size.height() / 2.0) < kTolerance, found);
+}
+
 /// A program whose graph shows one line, and the ways through its dialogs.
 struct PrintProgram : BoxesProgram {
     PrintProgram() {
@@ -69,21 +98,15 @@ class PrintGraphTest final : public QObject {
   private slots:
     void ThePageHasMarginsAndProportions() {
         const QTemporaryDir folder;
-        const QSizeF a4(595.0, 842.0);
-        const struct {
-            QSize picture;
-            bool fills;
-            QPageLayout::Orientation orientation;
-            double width, height;  ///< of the picture, as parts of the room
-        } rows[] = {
-            {{4000, 4000}, false, QPageLayout::Portrait, 1.0, 0.0},
-            {{8000, 4000}, false, QPageLayout::Portrait, 1.0, 0.0},
-            {{4000, 8000}, false, QPageLayout::Portrait, 0.0, 1.0},
-            {{8000, 4000}, false, QPageLayout::Landscape, 1.0, 0.0},
-            {{4000, 4000}, true, QPageLayout::Portrait, 1.0, 1.0},
-            {{8000, 4000}, true, QPageLayout::Landscape, 1.0, 1.0},
+        const PageRow rows[] = {
+            {{4000, 4000}, false, QPageLayout::Portrait, true, false},
+            {{8000, 4000}, false, QPageLayout::Portrait, true, false},
+            {{4000, 8000}, false, QPageLayout::Portrait, false, true},
+            {{8000, 4000}, false, QPageLayout::Landscape, true, false},
+            {{4000, 4000}, true, QPageLayout::Portrait, true, true},
+            {{8000, 4000}, true, QPageLayout::Landscape, true, true},
         };
-        for (const auto& row : rows) {
+        for (const PageRow& row : rows) {
             const QString path = folder.filePath("page.pdf");
             QPrinter printer(QPrinter::HighResolution);
             SetToFile(printer, path, row.orientation);
@@ -92,27 +115,7 @@ class PrintGraphTest final : public QObject {
                                {row.fills}};
             QVERIFY(PrintPage(job, printer));
             QCOMPARE(printer.outputFileName(), path);
-            const QByteArray pdf = ContentsOf(path);
-            const QSizeF page = row.orientation == QPageLayout::Landscape ? a4.transposed() : a4;
-            const QSizeF size = PdfPageSize(pdf);
-            QVERIFY(std::abs(size.width() - page.width()) < 1.0);
-            QVERIFY(std::abs(size.height() - page.height()) < 1.0);
-            const QSizeF room = size - QSizeF(2 * kMargin, 2 * kMargin);
-            const double proportion =
-                static_cast<double>(row.picture.width()) / row.picture.height();
-            const double width = row.width > 0.0 ? room.width() : room.height() * proportion;
-            const double height = row.height > 0.0 ? room.height() : room.width() / proportion;
-            const QRectF extent = PdfExtent(pdf);
-            const QByteArray told = QString("%1 %2 %3 %4")
-                                        .arg(extent.left())
-                                        .arg(extent.top())
-                                        .arg(extent.width())
-                                        .arg(extent.height())
-                                        .toUtf8();
-            QVERIFY2(std::abs(extent.width() - width) < kTolerance, told);
-            QVERIFY2(std::abs(extent.height() - height) < kTolerance, told);
-            QVERIFY2(std::abs(extent.center().x() - size.width() / 2.0) < kTolerance, told);
-            QVERIFY2(std::abs(extent.center().y() - size.height() / 2.0) < kTolerance, told);
+            ComparePage(ContentsOf(path), row);
         }
     }
     // A page that is filled shows the graph at its own proportions, and no stretched one.
@@ -160,6 +163,7 @@ class PrintGraphTest final : public QObject {
         const DrawList& picture = program.Canvas().Picture();
         QCOMPARE(landscape->isChecked(), picture.width > picture.height);
         QCOMPARE(page->orientation() == QPageLayout::Landscape, landscape->isChecked());
+        QCOMPARE(PrintProgram::Preview()->focusWidget()->objectName(), QString("printKey"));
         landscape->click();
         QCOMPARE(page->orientation() == QPageLayout::Landscape, landscape->isChecked());
         QVERIFY(!program.Graph().Run(CommandId::Print));  // refused while it is open
@@ -186,6 +190,9 @@ class PrintGraphTest final : public QObject {
     }
     void TheGraphStaysAsItIs() {
         PrintProgram program;
+        program.Graph().Run(CommandId::Trace);
+        QTest::keyClick(&program.Graph(), Qt::Key_End);
+        const std::int32_t index = program.application.graph.trace.index;
         program.application.pictureChoices.print.fillsPage = true;
         const SampleCache before = program.Entry(1).samples;
         const int width = program.application.graph.viewport.ClientWidth;
@@ -194,6 +201,8 @@ class PrintGraphTest final : public QObject {
         dialog->done(QDialog::Accepted);
         QVERIFY(QFileInfo::exists(program.folder.filePath("a.pdf")));
         QCOMPARE(program.application.graph.viewport.ClientWidth, width);
+        QVERIFY(index > 0 && program.application.graph.mode == GraphMode::Trace);
+        QCOMPARE(program.application.graph.trace.index, index);
         QCOMPARE(program.Entry(1).samples.size(), before.size());
         QCOMPARE(program.Entry(1).samples.back().x, before.back().x);
     }

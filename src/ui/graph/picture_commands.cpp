@@ -61,6 +61,7 @@ DrawList DrawAgain(const PictureSource& source, const QSize& size) {
     GraphState graph = source.graph;
     FunctionList functions = source.workspace.functions;
     LayoutViewport(graph.viewport, size.width(), size.height());
+    graph.mode = GraphMode::Normal;
     graph.contours = ContourAccuracy::Exact;
     QElapsedTimer sinceStart;
     sinceStart.start();

@@ -5,6 +5,7 @@
 #include <QCheckBox>
 #include <QDir>
 #include <QFile>
+#include <QGraphicsView>
 #include <QHBoxLayout>
 #include <QPrintDialog>
 #include <QPrintPreviewWidget>
@@ -134,6 +135,8 @@ QPrintPreviewWidget* NewPreview(const SharedPage& page, QWidget* parent) {
     preview->setAccessibleName(TextOf(StringId::PrintPage));
     preview->setViewMode(QPrintPreviewWidget::SinglePageView);
     preview->fitInView();
+    // The whole page is in view, so that there is nothing to do in it with the keyboard.
+    if (auto* const view = preview->findChild<QGraphicsView*>()) view->setFocusPolicy(Qt::NoFocus);
     Keep(*preview, page);
     QObject::connect(preview, &QPrintPreviewWidget::paintRequested, preview,
                      [page](QPrinter* printer) {
@@ -196,12 +199,15 @@ void OpenPrintPreview(QWidget* parent, PrintJob job, const PrintActions& actions
     dialog->setObjectName("printPreview");
     dialog->setWindowTitle(TextOf(StringId::PrintTitle));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setAttribute(Qt::WA_KeyboardFocusChange);  // the focus shows from the start
     auto* const whole = new QVBoxLayout(dialog);
     whole->setContentsMargins(0, 0, 0, 0);
     QPrintPreviewWidget* const preview = NewPreview(page, dialog);
     whole->addWidget(preview, 1);
     whole->addLayout(NewChoices(page, *preview));
-    whole->addWidget(NewKeys(*dialog));
+    BottomBar* const keys = NewKeys(*dialog);
+    whole->addWidget(keys);
+    keys->menuButton()->setFocus(Qt::OtherFocusReason);
     QObject::connect(
         dialog, &QDialog::finished, parent,
         [parent, page](int result) {
