@@ -69,7 +69,7 @@ void DropRemarks(QtMsgType type, const QMessageLogContext&, const QString& messa
 ExitStatus Run(ViewOptions& view, const Arguments& arguments) {
     const PictureFormat& format = FormatFor(arguments);
     const PictureStyle style = StyleFor(arguments, view.options, format);
-    if (PlayingOf(format, style) == Playing::Classic) view.state.contours = ContourAccuracy::None;
+    if (PlayingOf(format, style) == Playing::Classic) view.state.contours = false;
     FunctionList functions;
     if (!PrepareLines(functions, arguments.lines)) return ExitStatus::Rejected;
 

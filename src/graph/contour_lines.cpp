@@ -8,6 +8,7 @@
 #include <cmath>
 #include <map>
 
+#include "graph/axis_marks.h"
 #include "graph/contour_places.h"
 #include "graph/contours.h"
 
@@ -44,8 +45,7 @@ std::map<PixelKey, Four> FindMissing(ContourTrace& trace, const HalfPixelPoints&
     std::vector<double> xs;
     std::vector<double> ys;
     for (const auto& [pixel, unused] : missing) {
-        for (const PixelPoint& middle :
-             {PixelPoint{-1, 0}, PixelPoint{0, -1}, PixelPoint{1, 0}, PixelPoint{0, 1}}) {
+        for (const PixelPoint& middle : kEdgeMiddles) {
             const WorldPoint at =
                 WorldOf(points, {2 * pixel.second + middle.x, 2 * pixel.first + middle.y});
             xs.push_back(at.x);
@@ -212,13 +212,12 @@ void AddZeroLines(const ContourTrace& trace, const HalfPixelPoints& points, cons
 }  // namespace
 
 std::optional<Contours> FinishContours(ContourTrace trace, const CompiledExpression& expression,
-                                       const Viewport& viewport, ContourAccuracy accuracy,
-                                       Interruption* interruption) {
-    if (trace.isTooLarge || accuracy == ContourAccuracy::None) return std::nullopt;
+                                       const Viewport& viewport, Interruption* interruption) {
+    if (trace.isTooLarge || !HasUsableMapping(viewport.view)) return std::nullopt;
     const HalfPixelPoints points = HalfPixelPointsOf(viewport);
     CompleteOddCorners(trace, points, expression, interruption);
     Web web;
-    web.places = PlacesOf(trace.crossings, points, expression, accuracy, interruption);
+    web.places = PlacesOf(trace.crossings, points, expression, interruption);
     web.links = std::move(trace.links);
     ResolveSaddles(web, trace, points, expression, interruption);
     if (IsStopped(interruption)) return std::nullopt;

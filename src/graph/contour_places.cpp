@@ -2,8 +2,8 @@
 // that of the Illinois method (M. Dowell and P. Jarratt, A modified regula falsi method, BIT 11,
 // 1971), which halves the value at an end that stays for a second time; every third one halves the
 // interval, which bounds the number of steps whatever the function is. A crossing is done when its
-// value is small against those at both ends and lies on a straight line with them, or when its
-// interval is short.
+// interval is short. When a value is small, the next place is a short step beyond the expected
+// zero: if the sign has changed there, the interval is short.
 #include "graph/contour_places.h"
 
 #include <algorithm>
@@ -12,10 +12,11 @@
 namespace kalvex {
 namespace {
 
-constexpr double kShort = 1.0 / 256.0;  ///< of a side, which is 0.7 pixels long
-constexpr double kSmall = 1.0 / 256.0;  ///< of the smaller one of both values
-constexpr int kMostSteps = 24;          ///< eight of them halve the interval
-constexpr std::size_t kPiece = 4096;    ///< crossings that are improved together
+constexpr double kShort = 1.0 / 256.0;   ///< of a side, which is 0.7 pixels long
+constexpr double kSmall = 1.0 / 256.0;   ///< of the smaller one of both values
+constexpr double kProbe = 0.9 * kShort;  ///< from a place that is near a zero to beyond the zero
+constexpr int kMostSteps = 24;           ///< eight of them halve the interval
+constexpr std::size_t kPiece = 4096;     ///< crossings that are improved together
 
 /// The interval of one crossing: parts of the side, and the values there.
 struct Bracket {
@@ -60,27 +61,31 @@ bool IsStraight(const Bracket& bracket, double value) {
 
 void Narrow(Bracket& bracket, double value) {
     const double smaller = std::min(std::fabs(bracket.lowValue), std::fabs(bracket.highValue));
-    bracket.isDone =
-        value == 0.0 || (std::fabs(value) <= kSmall * smaller && IsStraight(bracket, value));
+    const bool isNear = std::fabs(value) <= kSmall * smaller && IsStraight(bracket, value);
+    bracket.isDone = value == 0.0;
     if (bracket.isDone) return;
+    const double place = bracket.place;
     const bool keepsLow = std::isnan(value) || (value < 0.0) != bracket.isNegativeAtLow;
     if (keepsLow) {
-        bracket.high = bracket.place;
+        bracket.high = place;
         bracket.highValue = value;
         bracket.highWeight = 1.0;
         bracket.stayed = std::min(bracket.stayed, 0) - 1;
         if (bracket.stayed < -1) bracket.lowWeight /= 2.0;
     } else {
-        bracket.low = bracket.place;
+        bracket.low = place;
         bracket.lowValue = value;
         bracket.lowWeight = 1.0;
         bracket.stayed = std::max(bracket.stayed, 0) + 1;
         if (bracket.stayed > 1) bracket.highWeight /= 2.0;
     }
-    bracket.isDone = bracket.high - bracket.low < kShort;
-    const bool halves = bracket.isDone || bracket.steps % 3 == 2;
-    bracket.place = halves ? (bracket.low + bracket.high) / 2.0 : Secant(bracket);
+    const double length = bracket.high - bracket.low;
+    bracket.isDone = length < kShort;
+    const bool halves = bracket.steps % 3 == 2 && !bracket.isDone;
     ++bracket.steps;
+    bracket.place = halves ? (bracket.low + bracket.high) / 2.0 : Secant(bracket);
+    // A small value may lie far from a multiple zero. A change of sign beside it proves that not.
+    if (isNear && length > kShort) bracket.place = place + (keepsLow ? -kProbe : kProbe);
 }
 
 Bracket BracketOf(const Crossing& crossing) {
@@ -129,34 +134,37 @@ void Improve(std::span<const Crossing> crossings, const HalfPixelPoints& points,
     }
 }
 
+/// The coordinate of a number of half pixels, rounded as the grid of the curve rounds it: a middle
+/// is half a step behind a centre, but for the one before the first.
+double Coordinate(double start, double step, std::int32_t halves) {
+    if (halves < 0) return start - step / 2.0;
+    const double centre = start + (halves / 2) * step;
+    return halves % 2 == 0 ? centre : centre + step / 2.0;
+}
+
 }  // namespace
 
 HalfPixelPoints HalfPixelPointsOf(const Viewport& viewport) {
     const ViewWindow& view = viewport.view;
-    const auto step = [](double low, double high, std::int32_t pixels) {
-        return pixels > 1 ? (high - low) / (pixels - 1.0) : 0.0;
-    };
-    return {view.Xmin, view.Ymax, step(view.Xmin, view.Xmax, viewport.ClientWidth),
-            step(view.Ymin, view.Ymax, viewport.ClientHeight)};
+    return {view.Xmin, view.Ymax, PixelStep(view.Xmin, view.Xmax, viewport.ClientWidth),
+            PixelStep(view.Ymin, view.Ymax, viewport.ClientHeight)};
 }
 
 WorldPoint WorldOf(const HalfPixelPoints& points, const PixelPoint& halves) {
-    return {points.left + halves.x * 0.5 * points.stepX,
-            points.top - halves.y * 0.5 * points.stepY};
+    return {Coordinate(points.left, points.stepX, halves.x),
+            Coordinate(points.top, -points.stepY, halves.y)};
 }
 
 std::array<PixelPoint, 2> EndsOf(const Crossing& crossing) {
-    constexpr std::array<PixelPoint, 5> kMiddles = {{{-1, 0}, {0, -1}, {1, 0}, {0, 1}, {-1, 0}}};
     const auto edge = static_cast<std::size_t>(crossing.edge);
     const auto end = [&](const PixelPoint& middle) {
         return PixelPoint{2 * crossing.column + middle.x, 2 * crossing.row + middle.y};
     };
-    return {end(kMiddles[edge]), end(kMiddles[edge + 1])};
+    return {end(kEdgeMiddles[edge]), end(kEdgeMiddles[(edge + 1) % kEdgeMiddles.size()])};
 }
 
 std::vector<WorldPoint> PlacesOf(std::span<const Crossing> crossings, const HalfPixelPoints& points,
-                                 const CompiledExpression& expression, ContourAccuracy accuracy,
-                                 Interruption* interruption) {
+                                 const CompiledExpression& expression, Interruption* interruption) {
     std::vector<WorldPoint> places;
     places.reserve(crossings.size());
     std::vector<Bracket> brackets;
@@ -165,8 +173,7 @@ std::vector<WorldPoint> PlacesOf(std::span<const Crossing> crossings, const Half
         brackets.clear();
         for (const Crossing& crossing : piece)
             brackets.push_back(BracketOf(crossing));
-        if (accuracy == ContourAccuracy::Exact)
-            Improve(piece, points, expression, brackets, interruption);
+        Improve(piece, points, expression, brackets, interruption);
         for (std::size_t i = 0; i < piece.size(); ++i)
             places.push_back(PlaceOn(piece[i], points, brackets[i].place));
     }

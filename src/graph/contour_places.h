@@ -1,12 +1,16 @@
 // Where a curve crosses the sides of the squares of its contours.
 #pragma once
 
+#include <array>
 #include <span>
 #include <vector>
 
 #include "graph/contours.h"
 
 namespace kalvex {
+
+/// The middles of a pixel's left, upper, right and lower edges, in half pixels from its centre.
+inline constexpr std::array<PixelPoint, 4> kEdgeMiddles = {{{-1, 0}, {0, -1}, {1, 0}, {0, 1}}};
 
 /// World coordinates of the points at which G is known. A pixel has the number of its centre; a
 /// half pixel more or less gives the middle of an edge. The numbers are doubled.
@@ -29,7 +33,6 @@ struct HalfPixelPoints {
 [[nodiscard]] std::vector<WorldPoint> PlacesOf(std::span<const Crossing> crossings,
                                                const HalfPixelPoints& points,
                                                const CompiledExpression& expression,
-                                               ContourAccuracy accuracy,
                                                Interruption* interruption);
 
 }  // namespace kalvex

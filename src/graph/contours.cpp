@@ -10,13 +10,13 @@
 #include <bit>
 #include <cmath>
 
+#include "graph/contour_places.h"
+
 namespace kalvex {
 namespace {
 
 /// Beyond this there are several crossings for each pixel of most screens.
 constexpr std::size_t kMostCrossings = 2'000'000;
-
-constexpr std::array<PixelPoint, 4> kEdgeMiddles = {{{-1, 0}, {0, -1}, {1, 0}, {0, 1}}};
 
 bool ChangesSign(double a, double b) {
     return !std::isnan(a) && !std::isnan(b) && (a < 0.0) != (b < 0.0);

@@ -15,13 +15,6 @@
 
 namespace kalvex {
 
-/// How exactly the places are computed at which a curve passes between two points.
-enum class ContourAccuracy {
-    None,          ///< no lines at all
-    Interpolated,  ///< from the values at both points: off by up to half a pixel in bad cases
-    Exact          ///< to 0.005 pixels: further values of G between the two points
-};
-
 /// The values of G at the middles of a pixel's edges.
 struct EdgeValues {
     double left = 0.0;
@@ -106,12 +99,11 @@ void AddCornerSaddle(ContourTrace& trace, std::int32_t column, std::int32_t row,
 void Link(ContourTrace& trace, std::int32_t a, std::int32_t b, std::size_t side);
 
 /// The lines of the whole curve. Every pixel of the curve is crossed by a line or filled. Where
-/// branches meet, they are joined. Nothing when there are too many lines to be told apart, or when
-/// `interruption` stops the work.
+/// branches meet, they are joined. Nothing when there are too many lines to be told apart, when the
+/// window's mapping cannot be used, or when `interruption` stops the work.
 [[nodiscard]] std::optional<Contours> FinishContours(ContourTrace trace,
                                                      const CompiledExpression& expression,
                                                      const Viewport& viewport,
-                                                     ContourAccuracy accuracy,
                                                      Interruption* interruption);
 
 }  // namespace kalvex

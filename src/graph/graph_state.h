@@ -56,7 +56,7 @@ struct GraphState {
     Pointer pointer;
     std::vector<ApproxFailure> approxFailures;  ///< File lines without a curve in the last redraw
     bool incomplete = false;                    ///< the last redraw was stopped before its end
-    ContourAccuracy contours = ContourAccuracy::Exact;  ///< of the implicit curves to be drawn
+    bool contours = true;                       ///< implicit curves get lines too
 };
 
 }  // namespace kalvex

@@ -36,18 +36,13 @@ struct Rows {
     ContourTrace* contours = nullptr;  ///< null: not wanted
 };
 
-/// The step between two columns or rows; 0 when there is only one.
-double StepOf(double low, double high, std::int32_t pixels) {
-    return pixels > 1 ? (high - low) / (pixels - 1.0) : 0.0;
-}
-
 Rows MakeRows(const CompiledExpression& expression, const Viewport& viewport,
               Interruption* interruption) {
     const ViewWindow& view = viewport.view;
     const auto width = static_cast<std::size_t>(viewport.ClientWidth);
     const auto height = static_cast<std::size_t>(viewport.ClientHeight);
-    const double hx = StepOf(view.Xmin, view.Xmax, viewport.ClientWidth);
-    const double hy = StepOf(view.Ymin, view.Ymax, viewport.ClientHeight);
+    const double hx = PixelStep(view.Xmin, view.Xmax, viewport.ClientWidth);
+    const double hy = PixelStep(view.Ymin, view.Ymax, viewport.ClientHeight);
     std::vector<double> edgeX(width + 1, view.Xmin - hx / 2.0);
     std::vector<double> middleX(width);
     for (std::size_t i = 0; i < width; ++i) {
@@ -167,14 +162,14 @@ ProgressStretch StretchOfRow(std::int32_t row, std::int32_t width, std::int32_t 
 
 PixelRunsRecord ImplicitPixels(const CompiledExpression& expression, const Viewport& viewport,
                                const Rgb& color, const DrawProgress& progress,
-                               Interruption* interruption, ContourAccuracy accuracy) {
+                               Interruption* interruption, bool withContours) {
     PixelRunsRecord record{color, {}};
     const std::int32_t width = viewport.ClientWidth;
     const std::int32_t height = viewport.ClientHeight;
     if (width <= 0 || height <= 0) return record;
     Rows rows = MakeRows(expression, viewport, interruption);
     ContourTrace contours = StartContours(width);
-    if (accuracy != ContourAccuracy::None) rows.contours = &contours;
+    if (withContours) rows.contours = &contours;
     const auto rowCount = static_cast<std::size_t>(height);
     for (std::size_t first = 0; first < rowCount; first += kBandRows) {
         if (IsStopped(interruption)) return record;
@@ -191,8 +186,8 @@ PixelRunsRecord ImplicitPixels(const CompiledExpression& expression, const Viewp
             if (!Report(StretchOfRow(j, width, height, color), progress)) return record;
         }
     }
-    record.contours =
-        FinishContours(std::move(contours), expression, viewport, accuracy, interruption);
+    if (withContours)
+        record.contours = FinishContours(std::move(contours), expression, viewport, interruption);
     return record;
 }
 

@@ -24,6 +24,6 @@ namespace kalvex {
                                              const Viewport& viewport, const Rgb& color,
                                              const DrawProgress& progress,
                                              Interruption* interruption = nullptr,
-                                             ContourAccuracy accuracy = ContourAccuracy::None);
+                                             bool withContours = false);
 
 }  // namespace kalvex

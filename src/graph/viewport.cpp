@@ -87,6 +87,10 @@ WorldPoint ScreenToWorld(const Viewport& viewport, std::int32_t column, std::int
             view.Ymax - (view.Ymax - view.Ymin) * row / height};
 }
 
+double PixelStep(double low, double high, std::int32_t pixels) {
+    return pixels > 1 ? (high - low) / (pixels - 1.0) : 0.0;
+}
+
 void SaveAsPrevious(Viewport& viewport) {
     viewport.PreviousWindow = viewport.view;
 }

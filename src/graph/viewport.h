@@ -45,6 +45,10 @@ void LayoutViewport(Viewport& viewport);
 [[nodiscard]] WorldPoint ScreenToWorld(const Viewport& viewport, std::int32_t column,
                                        std::int32_t row);
 
+/// The distance of two neighbouring columns or rows at which curves are evaluated, the first and
+/// the last of them at the bounds; 0 when there is only one.
+[[nodiscard]] double PixelStep(double low, double high, std::int32_t pixels);
+
 /// Copies the whole record into PreviousWindow.
 void SaveAsPrevious(Viewport& viewport);
 

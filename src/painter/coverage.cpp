@@ -170,10 +170,10 @@ bool IsFlat(double dx, double dy) {
 }
 
 /// A line that is not much longer than a group of pixels.
-void CoverShort(CoverageMask& mask, double x0, double y0, double x1, double y1, double penWidth,
-                JoinedEnds joined) {
+void CoverShort(CoverageMask& mask, const CoverageLine& line, double penWidth, JoinedEnds joined) {
     // Across a joined end the line reaches farther than half its width.
     const double reach = (penWidth / 2.0 + 0.5) * std::numbers::sqrt2;
+    const auto& [x0, y0, x1, y1] = line;
     const Range rows =
         CentresBetween(std::min(y0, y1) - reach, std::max(y0, y1) + reach, mask.height);
     const Range columns =
@@ -203,29 +203,36 @@ CoverageMask MakeCoverageMask(std::int32_t width, std::int32_t height) {
     return mask;
 }
 
-bool MayBeJoined(double x0, double y0, double x1, double y1, double x2, double y2) {
+bool MayBeJoined(const CoverageLine& first, const CoverageLine& second, double penWidth) {
     constexpr double kLargestTurn = 0.06;  // its sine; 3.4 degrees
-    const double ax = x1 - x0;
-    const double ay = y1 - y0;
-    const double bx = x2 - x1;
-    const double by = y2 - y1;
+    constexpr double kLargestStep = 0.1;   // pixels
+    const double ax = first.x1 - first.x0;
+    const double ay = first.y1 - first.y0;
+    const double bx = second.x1 - second.x0;
+    const double by = second.y1 - second.y0;
     const double scalar = ax * bx + ay * by;
-    const double turn = ax * by - ay * bx;
-    return scalar > 0.0 && std::fabs(turn) <= kLargestTurn * scalar &&
-           IsFlat(ax, ay) == IsFlat(bx, by);
+    const double turn = std::fabs(ax * by - ay * bx);
+    if (!(scalar > 0.0) || turn > kLargestTurn * scalar || IsFlat(ax, ay) != IsFlat(bx, by))
+        return false;
+    // At 45 degrees the edge of the pen is half its width farther along the curve than its axis.
+    // Over that length the curve leaves its tangent by half the curvature times its square.
+    const double steps = turn / scalar * penWidth * penWidth / 8.0;  // times the length of a line
+    if (steps * steps <= kLargestStep * kLargestStep * scalar) return true;
+    const double length = (std::sqrt(ax * ax + ay * ay) + std::sqrt(bx * bx + by * by)) / 2.0;
+    return steps <= kLargestStep * length;
 }
 
-void CoverLine(CoverageMask& mask, double x0, double y0, double x1, double y1, double penWidth,
-               JoinedEnds joined) {
+void CoverLine(CoverageMask& mask, const CoverageLine& line, double penWidth, JoinedEnds joined) {
     // Cut into pieces, so that each touches few groups of pixels.
     constexpr double kLongest = 2.0 * kCoverageGroup;
+    const auto& [x0, y0, x1, y1] = line;
     const double longer = std::max(std::fabs(x1 - x0), std::fabs(y1 - y0));
     const double pieces = std::ceil(longer / kLongest);
-    if (pieces <= 1.0) return CoverShort(mask, x0, y0, x1, y1, penWidth, joined);
+    if (pieces <= 1.0) return CoverShort(mask, line, penWidth, joined);
     const double dx = (x1 - x0) / pieces;
     const double dy = (y1 - y0) / pieces;
     for (double i = 0.0; i < pieces; ++i)
-        CoverShort(mask, x0 + i * dx, y0 + i * dy, x0 + (i + 1.0) * dx, y0 + (i + 1.0) * dy,
+        CoverShort(mask, {x0 + i * dx, y0 + i * dy, x0 + (i + 1.0) * dx, y0 + (i + 1.0) * dy},
                    penWidth, {i > 0.0 || joined.first, i + 1.0 < pieces || joined.last});
 }
 

@@ -103,16 +103,21 @@ QImage PaintPicture(const DrawList& list, double devicePixelRatio, Playing playi
     if (list.width <= 0 || list.height <= 0) return {};
     const bool usable = std::isfinite(devicePixelRatio) && devicePixelRatio > 0.0;
     const double ratio = usable ? std::clamp(devicePixelRatio, 0.125, 64.0) : 1.0;
-    QImage picture(static_cast<int>(std::lround(list.width * ratio)),
-                   static_cast<int>(std::lround(list.height * ratio)), QImage::Format_RGB32);
+    const auto pixels = [ratio](std::int32_t size) {
+        return std::max(static_cast<int>(std::lround(size * ratio)), 1);
+    };
+    QImage picture(pixels(list.width), pixels(list.height), QImage::Format_RGB32);
     if (picture.isNull()) return picture;
-    picture.setDevicePixelRatio(ratio);
+    if (ratio > 1.0) picture.setDevicePixelRatio(ratio);
     picture.fill(Qt::white);
     QPainter painter(&picture);
+    if (ratio < 1.0) painter.scale(ratio, ratio);  // what QPainter does by itself above 1 only
     if (playing == Playing::Smooth)
         PlaySmooth(painter, list);
     else
         PlayDrawList(painter, list);
+    painter.end();
+    picture.setDevicePixelRatio(ratio);
     return picture;
 }
 

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <numbers>
 #include <optional>
 
 #include "painter/coverage.h"
@@ -68,13 +69,17 @@ Brush BrushOf(Stage& stage, const Pen& pen) {
     return brush;
 }
 
+/// A line in device pixels.
+CoverageLine Scaled(const Brush& brush, const QLineF& line) {
+    const double ratio = brush.stage.target.ratio;
+    return {line.x1() * ratio, line.y1() * ratio, line.x2() * ratio, line.y2() * ratio};
+}
+
 /// Covers the line that waits.
 void CoverWaiting(Brush& brush, bool isLastJoined) {
     if (!brush.waiting) return;
-    const double ratio = brush.stage.target.ratio;
-    const QLineF& line = *brush.waiting;
-    CoverLine(*brush.mask, line.x1() * ratio, line.y1() * ratio, line.x2() * ratio,
-              line.y2() * ratio, std::max(brush.pen.width, 1) * ratio,
+    CoverLine(*brush.mask, Scaled(brush, *brush.waiting),
+              std::max(brush.pen.width, 1) * brush.stage.target.ratio,
               {brush.isJoined, isLastJoined});
     brush.isJoined = isLastJoined;
 }
@@ -84,9 +89,9 @@ void Add(Brush& brush, const QLineF& whole) {
     if (!line) return;
     if (brush.mask != nullptr) {
         const auto& last = brush.waiting;
-        const bool joins =
-            last && last->x2() == line->x1() && last->y2() == line->y1() &&
-            MayBeJoined(last->x1(), last->y1(), line->x1(), line->y1(), line->x2(), line->y2());
+        const double width = std::max(brush.pen.width, 1) * brush.stage.target.ratio;
+        const bool joins = last && last->x2() == line->x1() && last->y2() == line->y1() &&
+                           MayBeJoined(Scaled(brush, *last), Scaled(brush, *line), width);
         CoverWaiting(brush, joins);
         brush.waiting = line;
         return;
@@ -105,7 +110,8 @@ void Finish(Brush& brush) {
 DeviceRect HairlineRect(const QLineF& line, std::int32_t penWidth, double ratio) {
     const double width = std::max(1.0, std::floor(std::max(penWidth, 1) * ratio));
     const auto first = [&](double a, double b) {
-        return std::llround(std::min(a, b) * ratio - width / 2.0);
+        // A line at position 0 lies on the first pixel: halves are rounded up.
+        return static_cast<std::int64_t>(std::floor(std::min(a, b) * ratio - width / 2.0 + 0.5));
     };
     const auto length = [&](double a, double b) {
         return std::llround(std::fabs(b - a) * ratio + width);
@@ -220,13 +226,23 @@ void Play(Stage& stage, const PixelRunsRecord& record) {
     Finish(brush);
 }
 
-/// A white seam about a text, so that it can be read on lines of any colour. On an image the text
-/// is painted several times beside its place, because the letters are in a cache and their outlines
-/// are not.
+/// The text painted at places around its own, at `distance` logical pixels.
+void PaintAround(QPainter& painter, const QPointF& at, const QString& text, double distance) {
+    constexpr int kPlaces = 8;
+    for (int i = 0; i < kPlaces; ++i) {
+        const double angle = 2.0 * std::numbers::pi * i / kPlaces;
+        painter.drawText(at + distance * QPointF(std::cos(angle), std::sin(angle)), text);
+    }
+}
+
+/// A white seam about a text, so that it can be read on lines of any colour. On an image of the
+/// usual ratios the text is painted several times around its place, because the letters are in a
+/// cache and their outlines are not; the places are less than two device pixels apart.
 void PaintSeam(Stage& stage, const QPointF& at, const QString& text) {
     constexpr double kWidth = 1.25;
+    constexpr double kLargestRatio = 2.5;
     QPainter& painter = stage.painter;
-    if (stage.target.image == nullptr) {
+    if (stage.target.image == nullptr || stage.target.ratio > kLargestRatio) {
         QPainterPath outline;
         outline.addText(at, painter.font(), text);
         painter.strokePath(
@@ -234,9 +250,8 @@ void PaintSeam(Stage& stage, const QPointF& at, const QString& text) {
         return;
     }
     painter.setPen(Qt::white);
-    for (const double x : {-kWidth, 0.0, kWidth})
-        for (const double y : {-kWidth, 0.0, kWidth})
-            if (x != 0.0 || y != 0.0) painter.drawText(at + QPointF(x, y), text);
+    if (stage.target.ratio * kWidth > 1.5) PaintAround(painter, at, text, kWidth / 2.0);
+    PaintAround(painter, at, text, kWidth);
 }
 
 /// A light ground for a text that may be longer than the gaps between the curves below.

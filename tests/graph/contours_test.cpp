@@ -7,6 +7,7 @@
 
 #include "base/encoding.h"
 #include "expr/normaliser.h"
+#include "graph/axis_marks.h"
 #include "graph/graph_fixtures.h"
 #include "graph/implicit.h"
 
@@ -21,8 +22,8 @@ CompiledExpression Implicit(std::u16string text) {
 }
 
 PixelRunsRecord CurveOf(const std::u16string& text, const Viewport& viewport,
-                        ContourAccuracy accuracy = ContourAccuracy::Exact) {
-    return ImplicitPixels(Implicit(text), viewport, {}, {}, nullptr, accuracy);
+                        bool withContours = true) {
+    return ImplicitPixels(Implicit(text), viewport, {}, {}, nullptr, withContours);
 }
 
 struct Piece {
@@ -194,6 +195,22 @@ TEST(Contours, FindPolesAndBordersExactly) {
     }
 }
 
+TEST(Contours, FindMultipleZerosAsExactly) {
+    const Viewport viewport = MakeViewport(-5, 5, -5, 5, 480, 480);
+    for (const std::u16string& text :
+         {std::u16string(u"(y-sin(x))^3"), std::u16string(u"(y-sin(x))^7"),
+          std::u16string(u"(y-sin(x))^21")}) {
+        const PixelRunsRecord curve = CurveOf(text, viewport);
+        ASSERT_TRUE(curve.contours.has_value());
+        EXPECT_GE(curve.contours->points.size(), 480u);
+        for (const Position& point : curve.contours->points) {
+            const double x = (point.x - 240.0) / 48.0;
+            EXPECT_NEAR(point.y, PositionY(viewport.view, std::sin(x)), 0.01)
+                << ToUtf8(text) << ' ' << x;
+        }
+    }
+}
+
 TEST(Contours, SurviveEveryWindow) {
     for (const auto* text : {u"x^2+y^2-4", u"1/x-y", u"x*y", u"ln(x)-ln(y)", u"0*y"})
         for (const auto& [low, high] : fixtures::ExtremeBounds())
@@ -201,23 +218,19 @@ TEST(Contours, SurviveEveryWindow) {
                 if (width > 300) continue;
                 const Viewport viewport = MakeViewport(low, high, low, high, width, height);
                 const PixelRunsRecord curve = CurveOf(text, viewport);
-                if (width > 0 && height > 0) {
-                    EXPECT_TRUE(curve.contours.has_value());
-                }
+                EXPECT_EQ(curve.contours.has_value(),
+                          width > 0 && height > 0 && HasUsableMapping(viewport.view));
             }
 }
 
 TEST(Contours, AreMadeOnlyWhenAskedForAndNotStopped) {
     const Viewport viewport = MakeViewport(-5, 5, -5, 5, 100, 100);
-    EXPECT_FALSE(CurveOf(u"x-y", viewport, ContourAccuracy::None).contours.has_value());
-    const PixelRunsRecord quick = CurveOf(u"x-y^3", viewport, ContourAccuracy::Interpolated);
-    ASSERT_TRUE(quick.contours.has_value());
-    EXPECT_EQ(quick.contours->points.size(), CurveOf(u"x-y^3", viewport).contours->points.size());
+    EXPECT_FALSE(CurveOf(u"x-y", viewport, false).contours.has_value());
     const DrawProgress stop = [](const ProgressStretch& stretch) {
         return stretch.lastColumn < 50;
     };
     const PixelRunsRecord stopped =
-        ImplicitPixels(Implicit(u"x-y"), viewport, {}, stop, nullptr, ContourAccuracy::Exact);
+        ImplicitPixels(Implicit(u"x-y"), viewport, {}, stop, nullptr, true);
     EXPECT_FALSE(stopped.runs.empty());
     EXPECT_FALSE(stopped.contours.has_value()) << "its pixels are shown instead";
 }

@@ -129,6 +129,7 @@ TEST(Stop, AnInterruptedPictureIsTheSame) {
         FunctionList functions[2];
         GraphState state;
         state.viewport = fixtures::MakeViewport(-10, 10, -10, 10, 40, 30);
+        state.contours = false;  // they would take most of the time
         Options options;
         functions[0][0] = functions[1][0] = row.entry;
         if (row.entry.type == EquationType::File) {

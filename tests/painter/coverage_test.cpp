@@ -71,7 +71,7 @@ TEST(Coverage, IsNearTheTrueArea) {
             if (i % 7 == 0) line.y1 = line.y0;
             if (i % 11 == 0) line.x1 = line.x0;
             CoverageMask mask = MakeCoverageMask(kWidth, kHeight);
-            CoverLine(mask, line.x0, line.y0, line.x1, line.y1, penWidth);
+            CoverLine(mask, {line.x0, line.y0, line.x1, line.y1}, penWidth);
             EXPECT_LT(WorstOf(mask, line, penWidth), 0.16)
                 << line.x0 << ',' << line.y0 << ' ' << line.x1 << ',' << line.y1 << ' ' << penWidth;
         }
@@ -88,18 +88,21 @@ TEST(Coverage, JoinedLinesShowNoSeam) {
         const double x = 45.0;
         const double y = 35.0;
         CoverageMask whole = MakeCoverageMask(kWidth, kHeight);
-        CoverLine(whole, x - dx, y - dy, x + dx, y + dy, 3.0);
+        CoverLine(whole, {x - dx, y - dy, x + dx, y + dy}, 3.0);
         CoverageMask pieces = MakeCoverageMask(kWidth, kHeight);
-        ASSERT_TRUE(MayBeJoined(x - dx, y - dy, x, y, x + dx, y + dy));
-        CoverLine(pieces, x - dx, y - dy, x, y, 3.0, {false, true});
-        CoverLine(pieces, x, y, x + dx, y + dy, 3.0, {true, false});
+        ASSERT_TRUE(MayBeJoined({x - dx, y - dy, x, y}, {x, y, x + dx, y + dy}, 3.0));
+        CoverLine(pieces, {x - dx, y - dy, x, y}, 3.0, {false, true});
+        CoverLine(pieces, {x, y, x + dx, y + dy}, 3.0, {true, false});
         for (std::size_t k = 0; k < whole.parts.size(); ++k)
             ASSERT_NEAR(whole.parts[k], pieces.parts[k], 1) << direction << ' ' << k;
     }
-    EXPECT_FALSE(MayBeJoined(0, 0, 10, 0, 20, 2)) << "a turn";
-    EXPECT_FALSE(MayBeJoined(0, 0, 10, 0, 0, 0)) << "back";
-    EXPECT_FALSE(MayBeJoined(0, 0, 10, 9.9, 20, 20)) << "another longer direction";
-    EXPECT_FALSE(MayBeJoined(0, 0, 0, 0, 5, 5)) << "a point has no direction";
+    EXPECT_FALSE(MayBeJoined({0, 0, 10, 0}, {10, 0, 20, 2}, 1.0)) << "a turn";
+    EXPECT_FALSE(MayBeJoined({0, 0, 10, 0}, {10, 0, 0, 0}, 1.0)) << "back";
+    EXPECT_FALSE(MayBeJoined({0, 0, 10, 9.9}, {10, 9.9, 20, 20}, 1.0))
+        << "another longer direction";
+    EXPECT_TRUE(MayBeJoined({0, 0, 2, 0}, {2, 0, 4, 0.1}, 2.0));
+    EXPECT_FALSE(MayBeJoined({0, 0, 2, 0}, {2, 0, 4, 0.1}, 20.0)) << "a wide pen shows the turn";
+    EXPECT_FALSE(MayBeJoined({0, 0, 0, 0}, {0, 0, 5, 5}, 1.0)) << "a point has no direction";
 }
 
 TEST(Coverage, HasCircles) {
@@ -116,8 +119,8 @@ TEST(Coverage, HasCircles) {
 TEST(Coverage, PaintsOnceAndForgets) {
     CoverageMask mask = MakeCoverageMask(kWidth, kHeight);
     std::vector<std::uint32_t> pixels(kWidth * kHeight, 0xFFFFFFFF);
-    CoverLine(mask, 3.0, 10.5, 87.0, 10.5, 1.0);
-    CoverLine(mask, 40.25, -5.0, 40.25, 100.0, 1.0);
+    CoverLine(mask, {3.0, 10.5, 87.0, 10.5}, 1.0);
+    CoverLine(mask, {40.25, -5.0, 40.25, 100.0}, 1.0);
     PaintCovered(mask, 0x204060, pixels.data(), kWidth);
     EXPECT_EQ(pixels[10 * kWidth + 50], 0xFF204060);
     EXPECT_EQ(pixels[11 * kWidth + 50], 0xFFFFFFFF);
@@ -136,8 +139,8 @@ TEST(Coverage, SurvivesLinesOffTheImage) {
         CoverageMask mask = MakeCoverageMask(width, height);
         for (const double far : {-1e7, -80.0, 0.0, 0.5, 1e7})
             for (const double other : {-1e7, -3.0, 0.0, 150.0, 1e7}) {
-                CoverLine(mask, far, other, other, far, 64.0);
-                CoverLine(mask, far, far, far, far, 1.0);
+                CoverLine(mask, {far, other, other, far}, 64.0);
+                CoverLine(mask, {far, far, far, far}, 1.0);
                 CoverCircle(mask, far, other, 1e6, 3.0);
             }
         std::vector<std::uint32_t> pixels(static_cast<std::size_t>(width) *

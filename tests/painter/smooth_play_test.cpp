@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
+#include <algorithm>
+#include <cmath>
 
 #include "painter/painter.h"
 
@@ -34,8 +36,9 @@ TEST(SmoothPlay, PutsHairlinesOnWholeDevicePixels) {
         double x;
         std::vector<int> columns;
     } rows[] = {
-        {1.0, 40.0, {40}},     {1.0, 40.4, {40}},  {1.0, 40.9, {40}}, {2.0, 40.0, {79, 80}},
-        {2.0, 40.3, {80, 81}}, {1.25, 40.0, {50}}, {1.5, 40.0, {60}}, {3.0, 40.0, {119, 120, 121}},
+        {1.0, 0.0, {0}},   {2.0, 0.5, {0, 1}},           {1.0, 40.0, {40}},     {1.0, 40.4, {40}},
+        {1.0, 40.9, {40}}, {2.0, 40.0, {79, 80}},        {2.0, 40.3, {80, 81}}, {1.25, 40.0, {50}},
+        {1.5, 40.0, {60}}, {3.0, 40.0, {119, 120, 121}},
     };
     for (const auto& row : rows) {
         const QImage image = Smooth({80, 60, {AxisAt(row.x, 70)}}, row.ratio);
@@ -65,6 +68,40 @@ TEST(SmoothPlay, WidthsAreLogicalPixelsAtEveryRatio) {
             covered += (255 - qGreen(image.pixel(image.width() / 2, y))) / 255.0;
         EXPECT_NEAR(covered, 2.0 * ratio, 0.02) << ratio;
     }
+}
+
+TEST(SmoothPlay, ShrinksThePictureBelowRatioOne) {
+    const PolylineRecord diagonal{Pen{kRed, 4}, {{0, 0}, {80, 60}}};
+    for (const Playing playing : {Playing::Smooth, Playing::Classic}) {
+        for (const double ratio : {0.25, 0.5}) {
+            const QImage image = PaintPicture({80, 60, {diagonal}}, ratio, playing);
+            EXPECT_EQ(image.size(),
+                      QSize(static_cast<int>(80 * ratio), static_cast<int>(60 * ratio)));
+            EXPECT_LT(qGreen(image.pixel(image.width() - 1, image.height() - 1)), 128) << ratio;
+            EXPECT_EQ(image.devicePixelRatio(), ratio);
+        }
+    }
+    EXPECT_EQ(Smooth({1, 1, {}}, 0.25).size(), QSize(1, 1));
+}
+
+/// The distance from the middle says whether a pixel is in the ring of a wide pen.
+TEST(SmoothPlay, WidePensAreRound) {
+    constexpr double kRadius = 60.0;
+    constexpr double kWidth = 20.0;
+    SegmentsRecord circle{Pen{kRed, 20}, {}};
+    const auto at = [](int i) {
+        const double angle = i * 3.14159265358979 / 90.0;
+        return Position{80.0 + kRadius * std::cos(angle), 80.0 + kRadius * std::sin(angle)};
+    };
+    for (int i = 0; i < 180; ++i)
+        circle.segments.push_back({at(i), at(i + 1)});
+    const QImage image = Smooth({160, 160, {circle}});
+    for (int y = 0; y < 160; ++y)
+        for (int x = 0; x < 160; ++x) {
+            const double off = std::fabs(std::hypot(x + 0.5 - 80.0, y + 0.5 - 80.0) - kRadius);
+            const double covered = std::clamp(0.5 + kWidth / 2.0 - off, 0.0, 1.0);
+            ASSERT_NEAR(qGreen(image.pixel(x, y)), 255.0 * (1.0 - covered), 40) << x << ' ' << y;
+        }
 }
 
 TEST(SmoothPlay, MergesPointsOnOneLineOnly) {

@@ -58,7 +58,7 @@ GraphCanvas::GraphCanvas(GraphState& shownGraph, Workspace& shown, IsStopKey sto
     rest.setSingleShot(true);
     rest.setInterval(kRest);
     connect(&rest, &QTimer::timeout, this, [this] {
-        if (graph.contours == ContourAccuracy::None) ScheduleRedraw();
+        if (!graph.contours) ScheduleRedraw();
     });
     wheelPause.setSingleShot(true);
     wheelPause.setInterval(kGesturePause);
@@ -79,7 +79,7 @@ bool GraphCanvas::BringUpToDate() {
     if (gate || !isVisible()) return false;
     rest.stop();
     bool due = redrawTimer.isActive() || redrawAgain || image.isNull() ||
-               graph.contours == ContourAccuracy::None;
+               !graph.contours;
     // A change of the window's size during the computation ends it and is held back meanwhile. It
     // has to take place before the next one.
     constexpr int kMostTries = 10;
@@ -140,7 +140,7 @@ void GraphCanvas::Redraw() {
     }
     // The timer has run out when the redraw comes from it.
     const bool isMoving = graph.pointer.use == PointerUse::Pan && rest.isActive();
-    graph.contours = isMoving && contoursAreSlow ? ContourAccuracy::None : ContourAccuracy::Exact;
+    graph.contours = !(isMoving && contoursAreSlow);
     QElapsedTimer time;
     time.start();
     try {
@@ -161,7 +161,7 @@ void GraphCanvas::Redraw() {
 }
 
 void GraphCanvas::NoteTime(qint64 milliseconds) {
-    if (graph.contours == ContourAccuracy::None) return;
+    if (!graph.contours) return;
     const auto hasContours = [](const DrawRecord& record) {
         const auto* const curve = std::get_if<PixelRunsRecord>(&record);
         return curve != nullptr && curve->contours;

@@ -62,7 +62,7 @@ DrawList DrawAgain(const PictureSource& source, const QSize& size) {
     FunctionList functions = source.workspace.functions;
     LayoutViewport(graph.viewport, size.width(), size.height());
     graph.mode = GraphMode::Normal;
-    graph.contours = ContourAccuracy::Exact;
+    graph.contours = true;
     QElapsedTimer sinceStart;
     sinceStart.start();
     Interruption interruption;
