@@ -9,9 +9,6 @@
 
 namespace kalvex {
 
-/// The middles of a pixel's left, upper, right and lower edges, in half pixels from its centre.
-inline constexpr std::array<PixelPoint, 4> kEdgeMiddles = {{{-1, 0}, {0, -1}, {1, 0}, {0, 1}}};
-
 /// World coordinates of the points at which G is known. A pixel has the number of its centre; a
 /// half pixel more or less gives the middle of an edge. The numbers are doubled.
 struct HalfPixelPoints {

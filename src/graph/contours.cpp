@@ -10,8 +10,6 @@
 #include <bit>
 #include <cmath>
 
-#include "graph/contour_places.h"
-
 namespace kalvex {
 namespace {
 

@@ -15,6 +15,9 @@
 
 namespace kalvex {
 
+/// The middles of a pixel's left, upper, right and lower edges, in half pixels from its centre.
+inline constexpr std::array<PixelPoint, 4> kEdgeMiddles = {{{-1, 0}, {0, -1}, {1, 0}, {0, 1}}};
+
 /// The values of G at the middles of a pixel's edges.
 struct EdgeValues {
     double left = 0.0;

@@ -2,9 +2,11 @@
 // performs, which reach the windows behind a box.
 #pragma once
 
+#include <QAbstractButton>
 #include <QAccessible>
 #include <QAccessibleActionInterface>
 #include <QAccessibleEditableTextInterface>
+#include <QApplication>
 #include <QDialog>
 #include <QFile>
 #include <QLineEdit>
@@ -20,17 +22,37 @@ namespace kalvex {
 struct BoxesProgram : TestProgram {
     BoxesProgram() { application.show = BoxesOnScreen(application); }
 
-    /// Runs steps one after the other, each from the event loop, and waits for the last one.
+    static constexpr int kPause = 40;      ///< milliseconds between two looks
+    static constexpr int kCalm = 3;        ///< looks in a row without a button that is down
+    static constexpr int kMostLooks = 5;  ///< the button of an open menu stays down
+
+    /// A key that is pressed by an action stays down for a while.
+    static bool IsAnyButtonDown() {
+        for (QWidget* const widget : QApplication::allWidgets()) {
+            auto* const button = qobject_cast<QAbstractButton*>(widget);
+            if (button != nullptr && button->isDown()) return true;
+        }
+        return false;
+    }
+
+    /// Runs steps one after the other, each from the event loop and after the one before has had
+    /// its effect, however slow the machine is, and waits for the last one.
     static bool Run(const std::vector<std::function<void()>>& steps) {
         std::size_t next = 0;
+        int calm = 0;
+        int looks = 0;
         QTimer timer;
         QObject::connect(&timer, &QTimer::timeout, [&] {
-            if (next < steps.size()) steps[next++]();
+            calm = IsAnyButtonDown() ? 0 : calm + 1;
+            const bool isDue = calm >= kCalm || ++looks > kMostLooks;
+            if (!isDue || next == steps.size()) return;
+            calm = looks = 0;
+            steps[next++]();
         });
-        timer.start(120);  // longer than a key that is pressed by an action stays down
-        const bool done = QTest::qWaitFor([&] { return next == steps.size(); }, 20000);
+        timer.start(kPause);
+        const bool done = QTest::qWaitFor([&] { return next == steps.size(); }, 40000);
         timer.stop();
-        QTest::qWait(120);
+        QTest::qWait(kCalm * kPause);
         return done;
     }
     /// A line that a point file of some points draws.
