@@ -37,8 +37,8 @@ constexpr std::string_view kNoTexts[] = {
     "DejaVu Sans Mono", "Menlo", "Consolas", "Liberation Mono", "a { color: %1; }",
     // Names, kinds and patterns of files.
     "txt", ".bmp", " (*.txt)", " (*.kx)", "Kalvex_", "Kalvex.png", "result.kx", "Kalvex.pdf",
-    "page.pdf", "%PDF", "%%EOF",
-    "/kalvex/window.ini", "General", ":/icons/kalvex-%1.png", "kalvex-", "image/svg+xml",
+    "page.pdf", "%PDF", "%%EOF", "/kalvex/window.ini", "General", ":/icons/kalvex-%1.png",
+    "kalvex-", "image/svg+xml",
     // Platforms without a screen.
     "offscreen", "minimal",
     // What a second start sends to the first, and the answer; the blanks that may stand around a

@@ -22,8 +22,8 @@ namespace kalvex {
 struct BoxesProgram : TestProgram {
     BoxesProgram() { application.show = BoxesOnScreen(application); }
 
-    static constexpr int kPause = 40;      ///< milliseconds between two looks
-    static constexpr int kCalm = 3;        ///< looks in a row without a button that is down
+    static constexpr int kPause = 40;     ///< milliseconds between two looks
+    static constexpr int kCalm = 3;       ///< looks in a row without a button that is down
     static constexpr int kMostLooks = 5;  ///< the button of an open menu stays down
 
     /// A key that is pressed by an action stays down for a while.

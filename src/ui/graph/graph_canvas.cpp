@@ -78,8 +78,7 @@ void GraphCanvas::ScheduleRedraw() {
 bool GraphCanvas::BringUpToDate() {
     if (gate || !isVisible()) return false;
     rest.stop();
-    bool due = redrawTimer.isActive() || redrawAgain || image.isNull() ||
-               !graph.contours;
+    bool due = redrawTimer.isActive() || redrawAgain || image.isNull() || !graph.contours;
     // A change of the window's size during the computation ends it and is held back meanwhile. It
     // has to take place before the next one.
     constexpr int kMostTries = 10;
