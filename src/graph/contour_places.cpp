@@ -138,7 +138,8 @@ void Improve(std::span<const Crossing> crossings, const HalfPixelPoints& points,
 /// is half a step behind a centre, but for the one before the first.
 double Coordinate(double start, double step, std::int32_t halves) {
     if (halves < 0) return start - step / 2.0;
-    const double centre = start + (halves / 2) * step;
+    const std::int32_t pixel = halves / 2;
+    const double centre = start + pixel * step;
     return halves % 2 == 0 ? centre : centre + step / 2.0;
 }
 
