@@ -176,7 +176,8 @@ void Play(Stage& stage, const PolylineRecord& record) {
 void Play(Stage& stage, const CircleRecord& record) {
     const double x = record.centre.x;
     const double y = record.centre.y;
-    if (!stage.bounds.contains(QPointF(x, y))) return;
+    // QRectF::contains holds for what is not a number.
+    if (!ClipLine(ExactLine({record.centre, record.centre}), stage.bounds)) return;
     if (stage.target.image != nullptr) {
         const double ratio = stage.target.ratio;
         CoverCircle(MaskFor(stage, record.pen.color), x * ratio, y * ratio, record.radius * ratio,

@@ -84,6 +84,15 @@ TEST(SmoothPlay, ShrinksThePictureBelowRatioOne) {
     EXPECT_EQ(Smooth({1, 1, {}}, 0.25).size(), QSize(1, 1));
 }
 
+TEST(SmoothPlay, LeavesOutWhatHasNoPosition) {
+    const double none = std::nan("");
+    const CircleRecord circle{Pen{kRed, 1}, {none, 20}, 3};
+    const PolylineRecord line{Pen{kRed, 1}, {{none, 20}, {30, none}, {1e300, -1e300}}};
+    PixelRunsRecord curve{kRed, {}};
+    curve.contours = Contours{{{none, none}, {1e300, 5}}, {1, 2}, {}};
+    EXPECT_EQ(Smooth({80, 60, {circle, line, curve}}), Smooth({80, 60, {}}));
+}
+
 /// The distance from the middle says whether a pixel is in the ring of a wide pen.
 TEST(SmoothPlay, WidePensAreRound) {
     constexpr double kRadius = 60.0;
